@@ -1,0 +1,7 @@
+#include "data/codes.h"
+
+#include <algorithm>
+
+bool IsPatientRow(int code) {
+    return std::find(ncolor::PatientRows.begin(), ncolor::PatientRows.end(), code) != ncolor::PatientRows.end();
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+/// The n-th field of a text whose fields are joined by "|", counted from 1 (0 counts as 1). Past the end it is empty.
+QString GetPipeField(const QString& text, int n);
+
+/// Makes free text safe for the formats that join fields by "|" or ";": a line feed becomes one blank; carriage
+/// returns,
+/// ";" and "|" are dropped.
+QString CleanFieldText(const QString& text);

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <QString>
+
+#include "platform/database/engine.h"
+#include "platform/database/error.h"
+
+namespace db {
+
+/// A write that went through, as an observer of the connection sees it.
+struct Write {
+    QString statement;  ///< As sent, a Recordset's own with its places as ?.
+    QString table;      ///< The table written to.
+    qint64 rows = 0;
+};
+
+/// One connection to a database, opened by a connection text of the form "Provider=SQLOLEDB;Data Source=...;Initial
+/// Catalog=...;User Id=...;Password=...;" (keywords in any case).
+///
+/// A Data Source that holds a "/" or is "." names a folder: the database is embedded, in the file named by Initial
+/// Catalog (".db" is added when the name has no ending). Data Source ":memory:" is a private database that lives as
+/// long as the connection. Anything else is a SQL Server host ("host", "host\instance", "host,port") reached through
+/// ODBC. A text with "Driver=" goes to ODBC as it stands.
+class Connection {
+  public:
+    Connection() = default;
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    void Open(const QString& connectionText);
+    /// Makes the embedded file first when it is not there. Only for tools and tests: the program opens what exists.
+    void Create(const QString& connectionText);
+    void Close();
+    [[nodiscard]] bool IsOpen() const { return engine_ != nullptr; }
+
+    /// Sends one statement and returns the number of rows affected.
+    qint64 Execute(const QString& statement);
+    void BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+
+    /// Every write, by Execute or by a Recordset, is told to the observer after it went through.
+    void Observe(std::function<void(const Write&)> observer) { observer_ = std::move(observer); }
+
+  private:
+    friend class Recordset;
+    Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
+    void written(const QString& statement, const QString& table, qint64 rows);
+
+    std::unique_ptr<Engine> engine_;
+    std::function<void(const Write&)> observer_;
+};
+
+}  // namespace db

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <QString>
+#include <vector>
+
+#include "platform/database/resulttable.h"
+
+namespace db {
+
+struct ColumnInfo {
+    QString name;
+    ColumnType type = ColumnType::Text;
+    int maxLength = 0;  ///< Characters of a text column; 0 for no limit.
+    bool nullable = true;
+};
+
+/// What Recordset must know of a base table to write to it.
+struct TableInfo {
+    std::vector<ColumnInfo> columns;
+    std::vector<QString> keyColumns;
+    QString identityColumn;  ///< Assigned by the database; empty where there is none.
+};
+
+/// One open database session. Every failure is a DatabaseError with the server's number for the fault.
+class Engine {
+  public:
+    virtual ~Engine() = default;
+    Engine() = default;
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    /// Runs one statement; the places marked ? take `bound` in order. Returns the number of rows affected.
+    virtual qint64 execute(const QString& statement, const std::vector<Value>& bound = {}) = 0;
+    /// Runs one statement that gives rows and reads them whole.
+    virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}) = 0;
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
+    /// From the schema, kept for the session. An unknown table is error 208.
+    virtual const TableInfo& describe(const QString& table) = 0;
+    /// The key that the last insert of this session was given.
+    virtual qint64 lastIdentity() = 0;
+};
+
+/// SQLite behind the system's T-SQL. `file` must exist unless `create` is set; ":memory:" is a private database.
+std::unique_ptr<Engine> OpenEmbedded(const QString& file, bool create = false);
+/// Any ODBC driver, by its own connection text ("DRIVER={FreeTDS};SERVER=...").
+std::unique_ptr<Engine> OpenOdbc(const QString& odbcText);
+
+}  // namespace db

@@ -1,0 +1,113 @@
+#include "platform/desktop/desktop.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QProcess>
+#include <QUrl>
+
+namespace {
+
+QMessageBox::Icon iconOf(BoxStyle::Picture picture) {
+    switch (picture) {
+        case BoxStyle::Picture::Information:
+            return QMessageBox::Information;
+        case BoxStyle::Picture::Exclamation:
+            return QMessageBox::Warning;
+        case BoxStyle::Picture::Question:
+            return QMessageBox::Question;
+        case BoxStyle::Picture::Critical:
+            return QMessageBox::Critical;
+        case BoxStyle::Picture::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
+    QMessageBox box(iconOf(style.picture), title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    if (style.buttons == BoxStyle::Buttons::Ok) {
+        box.setStandardButtons(QMessageBox::Ok);
+        box.exec();
+        return Answer::Ok;
+    }
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+int realShowModal(QDialog& form) {
+    if (!form.parentWidget() && QApplication::activeWindow() && QApplication::activeWindow() != &form)
+        form.setParent(QApplication::activeWindow(), form.windowFlags());
+    return form.exec();
+}
+
+// The desktop's own player, so that no multimedia library is loaded for three short sounds.
+void realPlaySound(const QString& path) {
+    if (!QFileInfo::exists(path))
+        return;
+    for (const QString& player : {QStringLiteral("paplay"), QStringLiteral("pw-play"), QStringLiteral("aplay")}) {
+        if (QProcess::startDetached(player, {path}))
+            return;
+    }
+}
+
+bool realStartProgram(const QString& path, const QString& arguments, const QString& folder) {
+    QProcess process;
+    process.setProgram(path);
+    process.setArguments({arguments});
+    if (!folder.isEmpty())
+        process.setWorkingDirectory(folder);
+    if (process.startDetached())
+        return true;
+    MsgBox(QStringLiteral("Error %1 %2").arg(process.error()).arg(process.errorString()), ErrorBox,
+           QStringLiteral("Error"));
+    return false;
+}
+
+}  // namespace
+
+DesktopSeams RealDesktop() {
+    return {realMsgBox,
+            realShowModal,
+            [] { return QDateTime::currentDateTime(); },
+            realPlaySound,
+            [](const QString& target) { return QDesktopServices::openUrl(QUrl::fromUserInput(target)); },
+            realStartProgram};
+}
+
+DesktopSeams& Desktop() {
+    static DesktopSeams seams = RealDesktop();
+    return seams;
+}
+
+Answer MsgBox(const QString& text, BoxStyle style, const QString& title) {
+    return Desktop().msgBox(text, style, title);
+}
+
+int ShowModal(QDialog& form) {
+    return Desktop().showModal(form);
+}
+
+QDateTime Now() {
+    return Desktop().now();
+}
+
+QDate Today() {
+    return Now().date();
+}
+
+void PlaySound(const QString& path) {
+    Desktop().playSound(path);
+}
+
+bool OpenWithShell(const QString& target) {
+    return Desktop().openWithShell(target);
+}
+
+bool StartProgram(const QString& path, const QString& arguments, const QString& folder) {
+    return Desktop().startProgram(path, arguments, folder);
+}
