@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+/// What a calendar view and its menus ask of the main window that holds them.
+class MainWindow {
+  public:
+    virtual ~MainWindow() = default;
+
+    /// The date chosen in the month calendar, which every view shows.
+    [[nodiscard]] virtual QDate Date() const = 0;
+    /// Chooses a date without reloading the view.
+    virtual void SetDate(QDate date) = 0;
+    /// The date panel: "Wednesday, March 11, 2026", "Week of March 8, 2026", ...
+    virtual void ShowDateText(const QString& text) = 0;
+
+    /// 0 day, 1 week, 2 month, 3 all providers, 4 rooms, 5 companion; nothing where that view is open already.
+    virtual void changeview(int index) = 0;
+    /// 0 back, 1 forward, 2 only reloads.
+    virtual void cycledate(int direction) = 0;
+    virtual void GoToToday() = 0;
+    virtual void ToggleTaskPane() = 0;
+    [[nodiscard]] virtual bool TaskPaneShown() const = 0;
+    virtual void ToggleHidePatientNames() = 0;
+    /// Offers the provider list and shows the chosen provider's schedule.
+    virtual void SelectProvider() = 0;
+    virtual void ShowPreferences() = 0;
+    /// The panels " User: ..." and " Schedule for: ..." from the session values.
+    virtual void WritePanels() = 0;
+    virtual void Leave() = 0;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+class QMenuBar;
+
+/// One calendar view as the main window holds it: it is made when the user changes to it and unloaded when another is
+/// opened.
+class ViewWindow : public QWidget {
+    Q_OBJECT
+
+  public:
+    using QWidget::QWidget;
+
+    /// Fills the view's own menus into the main window's empty menu bar.
+    virtual void FillMenus(QMenuBar& menus) = 0;
+    /// Reads the database anew for the main window's date (LoadDayView and its kin).
+    virtual void Reload() = 0;
+    /// One step back (-1) or forward (+1) from the view's date: the date the main window goes to.
+    [[nodiscard]] virtual QDate Stepped(QDate from, int direction) const = 0;
+    /// After the preferences changed: interval, hours and the 24-hour flag, then a reload.
+    virtual void ApplyPreferences() = 0;
+    /// The toolbar's commands; a view that lacks one leaves it.
+    virtual void AddAppointment() {}
+    virtual void PrintSchedule() {}
+    [[nodiscard]] virtual bool CanAdd() const { return false; }
+    [[nodiscard]] virtual bool CanPrint() const { return false; }
+};
