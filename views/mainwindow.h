@@ -14,6 +14,8 @@ class MainWindow {
     virtual void SetDate(QDate date) = 0;
     /// The date panel: "Wednesday, March 11, 2026", "Week of March 8, 2026", ...
     virtual void ShowDateText(const QString& text) = 0;
+    /// The title panel above the view: "March 11, 2026", "Room Scheduler", ...
+    virtual void ShowTitle(const QString& text) = 0;
 
     /// 0 day, 1 week, 2 month, 3 all providers, 4 rooms, 5 companion; nothing where that view is open already.
     virtual void changeview(int index) = 0;
