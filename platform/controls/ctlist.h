@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QTreeView>
+#include <QVariant>
+#include <vector>
+
+#include "platform/controls/listmodel.h"
+
+/// The list of the dialogs: rows of cells under headers, some columns with check boxes, each row with hidden item data
+/// (a key, number or text), a text item and a note mark.
+///
+/// Rows count from 0, and -1 means none. Columns count from 1. A row is given as its cells joined by ";"; the cell of a
+/// check column is checked when its text is a number other than 0. A row or column that is not there is ignored by
+/// commands and answered with an empty value by questions.
+///
+/// Keys: letters move to the next row that starts with what was typed, Space flips the row's check box, Enter activates
+/// the row, Ctrl+C copies the selected rows.
+class ctList : public QTreeView {
+    Q_OBJECT
+
+  public:
+    explicit ctList(QWidget* parent = nullptr);
+
+    /// Replaces the columns and empties the list.
+    void SetColumns(std::vector<ListColumn> columns);
+    void SetHeader(int column, const QString& text) { model_.setHeader(column, text); }
+    /// Lets the user order the rows by a click on a header; off at first, the order in which rows were added.
+    void SetSortable(bool sortable);
+    /// Lets more than one row be selected; off at first.
+    void SetMultiSelect(bool multiSelect);
+    /// Check boxes that the user may not change are shown as such; on at first.
+    void SetChecksEnabled(bool enabled) { model_.setChecksEnabled(enabled); }
+
+    void Clear();
+    /// Returns the new row's position.
+    int AddRow(const QString& joinedCells) { return model_.addRow(joinedCells); }
+    /// AddRow with the row's item data.
+    int AddRow(const QString& joinedCells, const QVariant& itemData);
+    /// The selection goes to no row when the selected one is removed.
+    void RemoveRow(int row);
+    void SetCell(int row, int column, const QString& text) { model_.setCell(row, column, text); }
+    void SetItemData(int row, const QVariant& itemData) { model_.setItemData(row, itemData); }
+    void SetItemText(int row, const QString& text) { model_.setItemText(row, text); }
+    void SetNoteMark(int row, bool marked) { model_.setNoteMark(row, marked); }
+    /// Raises no CheckChanged.
+    void SetChecked(int row, int column, bool checked) { model_.setChecked(row, column, checked); }
+    /// Selects the row alone and scrolls to it; -1 selects none.
+    void SelectRow(int row);
+    void MakeVisible(int row);
+
+    [[nodiscard]] int RowCount() const { return model_.rowCount(); }
+    [[nodiscard]] int ColumnCount() const { return model_.columnCount(); }
+    [[nodiscard]] QString Header(int column) const;
+    /// The row as it was added, with the cells set since.
+    [[nodiscard]] QString RowText(int row) const { return model_.rowText(row); }
+    [[nodiscard]] QString Cell(int row, int column) const { return model_.cell(row, column); }
+    [[nodiscard]] QVariant ItemData(int row) const { return model_.itemData(row); }
+    [[nodiscard]] QString ItemText(int row) const { return model_.itemText(row); }
+    [[nodiscard]] bool NoteMark(int row) const { return model_.noteMark(row); }
+    [[nodiscard]] bool Checked(int row, int column) const { return model_.checked(row, column); }
+    [[nodiscard]] int SelectedRow() const;
+    /// In list order.
+    [[nodiscard]] std::vector<int> SelectedRows() const;
+    /// The first row whose item data equals `itemData`, -1 where none does.
+    [[nodiscard]] int FindItemData(const QVariant& itemData) const { return model_.findItemData(itemData); }
+
+    void keyboardSearch(const QString& typed) override;
+    [[nodiscard]] QSize sizeHint() const override;
+
+  Q_SIGNALS:
+    /// Double click or Enter.
+    void RowActivated(int row);
+    /// The user flipped a check box; `checked` is its new state.
+    void CheckChanged(int row, int column, bool checked);
+    /// Right click or the menu key; `row` is -1 beside the rows, and is selected otherwise.
+    void PopupRequested(int row, QPoint globalPosition);
+    void SelectionChanged();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+  private:
+    void layOutColumns();
+    void flipCheck(int row, int column);
+    void copySelection() const;
+    [[nodiscard]] int checkColumnForKey() const;
+
+    ListModel model_;
+    QPersistentModelIndex pressedCell_;
+    QString typed_;
+    qint64 typedAt_ = 0;
+};

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QVariant>
+#include <vector>
+
+/// One column of a ctList.
+struct ListColumn {
+    enum class Kind { Text, Check };
+
+    QString header;
+    Kind kind = Kind::Text;
+    int widthCharacters = 0;  ///< Width to begin with, in average characters; 0 shares what the others leave.
+    Qt::Alignment alignment = Qt::AlignLeft;
+};
+
+/// The rows behind a ctList. A row keeps the text it was given, its cells joined by ";", and cells are cut out when
+/// they are looked at, so that a hundred thousand rows cost no more than their texts. Rows count from 0, columns from 1
+/// as the forms name them; column 0 exists only in the QModelIndex interface.
+class ListModel : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    static constexpr int NoteMarkRole = Qt::UserRole;
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void setColumns(std::vector<ListColumn> columns);
+    void setHeader(int column, const QString& text);
+    void clear();
+    int addRow(const QString& joinedCells);
+    void removeRowAt(int row);
+    void setCell(int row, int column, const QString& text);
+    void setChecked(int row, int column, bool checked);
+    void setItemData(int row, const QVariant& data);
+    void setItemText(int row, const QString& text);
+    void setNoteMark(int row, bool marked);
+    void setChecksEnabled(bool enabled);
+    void sort(int modelColumn, Qt::SortOrder order) override;
+
+    [[nodiscard]] const std::vector<ListColumn>& columns() const { return columns_; }
+    [[nodiscard]] bool has(int row) const { return row >= 0 && row < rowCount(); }
+    [[nodiscard]] bool isCheckColumn(int column) const;
+    [[nodiscard]] int firstTextColumn() const;
+    [[nodiscard]] QString rowText(int row) const;
+    [[nodiscard]] QString cell(int row, int column) const;
+    [[nodiscard]] bool checked(int row, int column) const;
+    [[nodiscard]] QVariant itemData(int row) const;
+    [[nodiscard]] QString itemText(int row) const;
+    [[nodiscard]] bool noteMark(int row) const;
+    [[nodiscard]] bool checksEnabled() const { return checksEnabled_; }
+    /// The first row whose item data equals `data`, -1 where none does.
+    [[nodiscard]] int findItemData(const QVariant& data) const;
+    /// The next row after `after`, wrapping at the end, whose cell starts with `prefix` in any case; -1 where none
+    /// does.
+    [[nodiscard]] int findPrefix(const QString& prefix, int column, int after) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  private:
+    using QAbstractTableModel::itemData;
+
+    struct Row {
+        QString text;
+        QString itemText;
+        QVariant itemData;
+        quint32 checks = 0;  ///< Bit n for column n + 1.
+        bool noteMark = false;
+    };
+
+    [[nodiscard]] QStringView cellView(const Row& row, int column) const;
+    void changed(int row);
+
+    std::vector<ListColumn> columns_;
+    std::vector<Row> rows_;
+    bool checksEnabled_ = true;
+};
