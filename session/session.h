@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "data/scramble.h"
 #include "platform/database/connection.h"
 
 /// The values that start-up sets and that every form reads and writes. They live for the run.
@@ -19,6 +20,7 @@ struct SessionValues {
     bool AllProviders = false;  ///< May work on every provider's schedule.
     int NotesAccess = 0;        ///< Digit 6 of pswd_screen_access.
     QString OsUserName, ComputerName;
+    int ScrambleKey = DefaultScrambleKey;  ///< By which the notes product stores passwords.
 
     // Whose schedule is shown, and how.
     QString ProviderId, ProviderName;

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QDate>
+#include <QLocale>
+#include <QString>
+
+/// The order of the locale's short date: 0 month first, 1 day first, 2 year first.
+[[nodiscard]] int DateOrderOf(const QLocale& locale);
+/// "Long Date": "Wednesday, March 11, 2026" in the default locale.
+[[nodiscard]] QString LongDateText(QDate date);
+/// "Short Date": "3/11/2026" in the default locale, the year always with four digits.
+[[nodiscard]] QString ShortDateText(QDate date);

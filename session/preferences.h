@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// The pseudo-user whose rows of User_Preferences hold for every user.
+inline constexpr char AllUsers[] = "![ALL]!";
+
+/// A preference of `user` (empty: the user logged on), else of `fallbackUser` (empty: none), trimmed. Without a row, or
+/// when the database cannot be read, it is the key `detail` of section `category` in the ini file `defaultIni`, which
+/// may be empty. A blank `detail` asks for the category's first row.
+[[nodiscard]] QString GetPreference(const QString& defaultIni, const QString& detail, const QString& category,
+                                    const QString& fallbackUser = {}, const QString& user = {});
+
+/// Writes a preference of `user` (empty: the user logged on). The value is trimmed, not escaped: one that holds a
+/// single quote makes the statement fail, and nothing is stored. False on any failure, which the system tells nobody.
+bool SetPreference(const QString& value, const QString& detail, const QString& category, const QString& user = {});
+
+/// Reads the user's preferences of the category "SchedulerGeneral" into the session values, from svwsched.ini where no
+/// row is. Hours that cannot be meant (no whole number, a start outside 0 to 23, an end outside 1 to 24, an end that is
+/// not after the start) are read as a day from 8 to 18, so that the calendar always has rows to show.
+void getiniSettings();
+
+/// GET brings a window back to its stored place, SET stores it (call it as the window closes).
+enum class FormMode { Get, Set };
+
+/// Keeps a window's place in the per-user store under the window's object name, as "{left},{top},{width},{height},
+/// {state}" in pixels, state 0 normal, 1 minimised, 2 maximised. A stored place off every screen, as after a monitor
+/// was taken away, is moved onto the nearest one; a text that cannot be read leaves the window as designed.
+void FormPosition(QWidget& form, FormMode mode);
