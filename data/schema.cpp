@@ -1,0 +1,78 @@
+#include "data/schema.h"
+
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+// The scripts stand in a static library, whose resources are dropped unless somebody asks for them; the macro wants to
+// be called outside of a namespace.
+static void LoadScripts() {
+    Q_INIT_RESOURCE(schema);
+}
+
+namespace {
+
+QString ScriptText(SchemaScript script) {
+    LoadScripts();
+    QFile file(script == SchemaScript::Main ? QStringLiteral(":/svscheduler/schema/main.sql")
+                                            : QStringLiteral(":/svscheduler/schema/companion.sql"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The schema script %s is not compiled in.", qPrintable(file.fileName()));
+    return QString::fromUtf8(file.readAll());
+}
+
+}  // namespace
+
+QStringList SchemaStatements(SchemaScript script) {
+    QStringList statements;
+    QString statement;
+    const QStringList lines = ScriptText(script).split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
+        if (line == QLatin1String("GO")) {
+            statements.append(statement.trimmed());
+            statement.clear();
+        } else if (!line.startsWith(QLatin1String("--"))) {
+            statement += line + QLatin1Char('\n');
+        }
+    }
+    return statements;
+}
+
+QStringList SchemaTables(SchemaScript script) {
+    static const QRegularExpression createTable(QStringLiteral("^Create Table (\\w+) "));
+    QStringList tables;
+    const QStringList statements = SchemaStatements(script);
+    for (const QString& statement : statements) {
+        const QRegularExpressionMatch match = createTable.match(statement);
+        if (match.hasMatch())
+            tables.append(match.captured(1));
+    }
+    return tables;
+}
+
+QString ExistingSchemaTable(db::Connection& connection, SchemaScript script) {
+    const QStringList tables = SchemaTables(script);
+    for (const QString& table : tables) {
+        const auto read = [&] {
+            db::Recordset rows(db::Sql("Select * from {} Where 0=1", db::Raw{table}), connection);
+        };
+        if (db::Ignoring(read))
+            return table;
+    }
+    return {};
+}
+
+void ApplySchema(db::Connection& connection, SchemaScript script) {
+    const QStringList statements = SchemaStatements(script);
+    connection.BeginTrans();
+    try {
+        for (const QString& statement : statements)
+            connection.Execute(statement);
+        connection.CommitTrans();
+    } catch (const db::DatabaseError&) {
+        db::Ignoring([&] { connection.RollbackTrans(); });
+        throw;
+    }
+}
