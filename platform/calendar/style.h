@@ -1,0 +1,3 @@
+#pragma once
+/// Fonts, colours and measures of a calendar.
+struct CalendarStyle {};
