@@ -53,6 +53,12 @@ class ResultTable {
         int size;
         Kind kind;
     };
+    [[nodiscard]] std::size_t cellIndex(int row, int column) const;
+    static Cell nullCell();
+    static Cell integerCell(qint64 value);
+    static Cell realCell(double value);
+    Cell textCell(QByteArrayView utf8);
+    Cell cellOf(const Value& value);
 
     std::vector<Column> columns_;
     std::vector<Cell> cells_;
@@ -75,6 +81,8 @@ class Field {
     friend class ResultTable;
     Field(const ResultTable& table, const ResultTable::Cell& cell, ColumnType type)
         : table_(&table), cell_(&cell), type_(type) {}
+    [[nodiscard]] QByteArrayView utf8() const;
+    [[nodiscard]] Value textValue() const;
 
     const ResultTable* table_;
     const ResultTable::Cell* cell_;

@@ -8,6 +8,13 @@
 
 namespace db {
 
+/// The number at the start of a text, 0 where there is none; a point is the decimal sign.
+double NumberAtStart(QStringView text);
+/// Towards zero; beyond 64 bits the nearest that fits.
+qint64 WholeNumber(double number);
+/// Without a decimal point where the number is whole.
+QString NumberText(double number);
+
 /// One typed database value: null, integer, real, text, date-time or boolean. A reading that does not fit the type
 /// converts as the statements of the system expect: null is "" or 0, text is read as the number at its start.
 class Value {
