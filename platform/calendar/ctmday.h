@@ -69,6 +69,7 @@ class ctMDay : public QWidget {
     void AddTimeRange(int start, int end, int color, int column = 0);
     void AddTimeRange(int start, int end, int color, QDate day);
     void ClearTimeRanges();
+    [[nodiscard]] const std::vector<TimeRange>& TimeRanges() const { return content_.ranges; }
 
     // Columns. Without any, the control shows one column, its Date.
     void ClearColumns();
