@@ -2,8 +2,6 @@
 
 #include <QString>
 
-class QWidget;
-
 /// The pseudo-user whose rows of User_Preferences hold for every user.
 inline constexpr char AllUsers[] = "![ALL]!";
 
@@ -21,11 +19,3 @@ bool SetPreference(const QString& value, const QString& detail, const QString& c
 /// row is. Hours that cannot be meant (no whole number, a start outside 0 to 23, an end outside 1 to 24, an end that is
 /// not after the start) are read as a day from 8 to 18, so that the calendar always has rows to show.
 void getiniSettings();
-
-/// GET brings a window back to its stored place, SET stores it (call it as the window closes).
-enum class FormMode { Get, Set };
-
-/// Keeps a window's place in the per-user store under the window's object name, as "{left},{top},{width},{height},
-/// {state}" in pixels, state 0 normal, 1 minimised, 2 maximised. A stored place off every screen, as after a monitor
-/// was taken away, is moved onto the nearest one; a text that cannot be read leaves the window as designed.
-void FormPosition(QWidget& form, FormMode mode);

@@ -25,7 +25,8 @@ class StartUpWindow {
     virtual void setmenuaccess() = 0;
     /// The panels " User: ..." and " Schedule for: ..." from the session values.
     virtual void WritePanels() = 0;
-    /// Fills the task pane; the group of the companion is there when the session's FHDatabaseId is not empty.
+    /// Fills the task pane; the group of the companion is there when the session's FHDatabaseId is not empty. For
+    /// a user of one schedule without a pair in the companion it has been emptied before.
     virtual void InitTaskPane() = 0;
     /// From now on the window obeys its controls: sets the date picker to this date without loading anything.
     virtual void MarkReady(QDate today) = 0;

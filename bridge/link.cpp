@@ -1,0 +1,95 @@
+#include "bridge/link.h"
+
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/credentials.h"
+#include "platform/desktop/desktop.h"
+
+namespace {
+
+QString companionText(const QString& server, const QString& database, const QString& iniPath) {
+    return QStringLiteral("Provider=SQLOLEDB;Data Source=%1;Initial Catalog=%2;User Id=FHMaster;Password=%3; ")
+        .arg(ResolvedDataSource(server, iniPath), database, BuildDbPassword(QStringLiteral("FH"), server, iniPath));
+}
+
+// The settings are numbers kept as text; null reads as 0.
+bool isOne(const db::Field& field) {
+    return field.text().trimmed().toDouble() == 1;
+}
+
+// The first field of the first row; empty without a row, or when the statement fails.
+QString paired(db::Connection& main, const QString& statement) {
+    QString value;
+    db::Ignoring([&] {
+        const db::Recordset pair(statement, main);
+        if (!pair.Eof())
+            value = pair[0].text();
+    });
+    return value;
+}
+
+}  // namespace
+
+QString GetFHConnectionString(db::Connection& main, const QString& iniPath) {
+    try {
+        const db::Recordset settings("Select * from settings", main);
+        if (settings.Eof())
+            return {};
+        const QString server = settings["FHServer"].text();
+        const QString database = settings["FHDatabaseName"].text();
+        return server.isEmpty() || database.isEmpty() ? QString() : companionText(server, database, iniPath);
+    } catch (const db::DatabaseError& error) {
+        MsgBox(QStringLiteral("Error retrieving Fernhall Server and Database Name. ") + error.description, ErrorBox,
+               QStringLiteral("Error"));
+        return {};
+    }
+}
+
+FHLinkSettings GetFHLinkSettings(db::Connection& main) {
+    FHLinkSettings link;
+    db::Ignoring([&] {
+        const db::Recordset settings("Select * from settings", main);
+        if (settings.Eof())
+            return;
+        link.FHAutoExport = isOne(settings["FHAutoExport"]);
+        link.UseFHSchedView = isOne(settings["UseFHSchedView"]);
+    });
+    return link;
+}
+
+QString GetFHDBId(const QString& companionText) {
+    try {
+        db::Connection companion;
+        companion.Open(companionText);
+        const db::Recordset identity("Select DfltValue from DefaultFieldValues Where dfltfieldname = 'DBID'",
+                                     companion);
+        return identity.Eof() ? QString() : identity[0].text();
+    } catch (const db::DatabaseError&) {
+        MsgBox(QStringLiteral("Error connecting to Fernhall database. Make sure the connection settings are correct."),
+               ErrorBox, QStringLiteral("Error"));
+        return {};
+    }
+}
+
+int GetFHProviderId(db::Connection& main, const QString& fhDatabase, const QString& svProviderId) {
+    return paired(
+               main,
+               db::Sql(
+                   "Select FHDataValue from FHDataPairs Where FHDataList = 1 AND FHDatabase = '{}' AND SVDataValue = '{}'",
+                   fhDatabase, svProviderId))
+        .toInt();
+}
+
+QString GetSVProviderFromFH(db::Connection& main, const QString& fhDatabase, int fhProviderId) {
+    return paired(
+        main,
+        db::Sql("Select SVDataValue from FHDataPairs Where FHDataList = 1 AND FHDatabase = '{}' AND FHDataValue = {}",
+                fhDatabase, fhProviderId));
+}
+
+QString GetSVPatientFromFH(db::Connection& main, const QString& fhDatabase, int fhClientId) {
+    return paired(
+        main,
+        db::Sql("Select SVDataValue from FHDataPairs Where FHDataList = 4 AND FHDatabase = '{}' AND FHDataValue = {}",
+                fhDatabase, fhClientId));
+}

@@ -1,0 +1,263 @@
+#include "session/frmsvspl.h"
+
+#include <QCheckBox>
+#include <QFocusEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+#include "data/scramble.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/inifile.h"
+#include "session/brandpanel.h"
+#include "session/characterfilter.h"
+#include "session/rights.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr int SystemAdministrator = 2;
+const QString UserSection = QStringLiteral("USER");
+
+bool isUserIdCharacter(QChar c) {
+    return (c.unicode() >= 48 && c.unicode() <= 123) || c.unicode() == 125 || c.unicode() == 126;
+}
+
+bool isPasswordCharacter(QChar c) {
+    return !QStringLiteral("!\"';|").contains(c);
+}
+
+QLineEdit* addField(QVBoxLayout& column, const QString& name, const QString& caption, QWidget* form) {
+    auto* field = new QLineEdit(form);
+    field->setObjectName(name);
+    field->setMinimumHeight(field->fontMetrics().height() + 16);
+    auto* label = new QLabel(caption, form);
+    label->setBuddy(field);
+    column.addWidget(label);
+    column.addWidget(field);
+    column.addSpacing(8);
+    return field;
+}
+
+QLabel* smallLabel(const QString& name, const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setObjectName(name);
+    label->setWordWrap(true);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * 0.88);
+    label->setFont(font);
+    return label;
+}
+
+QString legalText() {
+    return QStringLiteral(
+        "Patient records are confidential. Only authorized staff of this practice may use this "
+        "program, and what they do may be recorded.");
+}
+
+BrandPanel* brandArea(QWidget* form) {
+    auto* brand = new BrandPanel(form);
+    auto* version = smallLabel(QStringLiteral("Label3"), QStringLiteral("Version " SVS_VERSION), brand);
+    QPalette light = version->palette();
+    light.setColor(QPalette::WindowText, QColor(255, 255, 255, 215));
+    version->setPalette(light);
+    auto* column = new QVBoxLayout(brand);
+    column->setContentsMargins(28, 24, 16, 20);
+    column->addStretch();
+    column->addWidget(version);
+    return brand;
+}
+
+}  // namespace
+
+frmsvspl::frmsvspl(QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmsvspl"));
+    setWindowTitle(QStringLiteral("Solvane Scheduler"));
+    buildForm();
+    loadPasswords();
+    loadRememberedUser();
+    txtuid->setValidator(new CharacterFilter(isUserIdCharacter, txtuid));
+    txtpassword->setValidator(new CharacterFilter(isPasswordCharacter, txtpassword));
+    enableOk();
+    connect(txtuid, &QLineEdit::textChanged, this, &frmsvspl::enableOk);
+    connect(txtpassword, &QLineEdit::textChanged, this, &frmsvspl::enableOk);
+    connect(cmdOk, &QPushButton::clicked, this, &frmsvspl::cmdOk_Click);
+    connect(cmdcancel, &QPushButton::clicked, this, &frmsvspl::reject);
+}
+
+void frmsvspl::buildForm() {
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(32, 32, 32, 20);
+    column->setSpacing(5);
+    auto* heading = new QLabel(QStringLiteral("Log on to the schedule"), this);
+    QFont font = heading->font();
+    font.setPointSizeF(font.pointSizeF() * 1.5);
+    font.setWeight(QFont::DemiBold);
+    heading->setFont(font);
+    column->addWidget(heading);
+    column->addSpacing(16);
+
+    txtuid = addField(*column, QStringLiteral("txtuid"), QStringLiteral("&User Id"), this);
+    txtpassword = addField(*column, QStringLiteral("txtpassword"), QStringLiteral("&Password"), this);
+    txtpassword->setEchoMode(QLineEdit::Password);
+    txtuid->installEventFilter(this);
+    txtpassword->installEventFilter(this);
+    ckpassword = new QCheckBox(QStringLiteral("This computer remembers the password"), this);
+    ckpassword->setObjectName(QStringLiteral("ckpassword"));
+    ckpassword->setEnabled(false);
+    ckpassword->setToolTip(
+        QStringLiteral("Whether passwords are remembered is set for the whole practice in Solvane."));
+    column->addWidget(ckpassword);
+    column->addSpacing(12);
+
+    cmdOk = new QPushButton(QStringLiteral("&OK"), this);
+    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk->setDefault(true);
+    cmdcancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    cmdcancel->setObjectName(QStringLiteral("cmdcancel"));
+    cmdcancel->setAutoDefault(false);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton* button : {cmdOk, cmdcancel}) {
+        button->setMinimumSize(96, button->fontMetrics().height() + 16);
+        buttons->addWidget(button);
+    }
+    column->addLayout(buttons);
+    column->addStretch();
+    column->addSpacing(16);
+    auto* legal = smallLabel(QStringLiteral("Label4"), legalText(), this);
+    legal->setForegroundRole(QPalette::PlaceholderText);
+    column->addWidget(legal);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->setSizeConstraint(QLayout::SetFixedSize);
+    row->addWidget(brandArea(this));
+    auto* fields = new QWidget(this);
+    fields->setLayout(column);
+    fields->setMinimumWidth(370);
+    row->addWidget(fields);
+}
+
+void frmsvspl::loadPasswords() {
+    db::Ignoring([this] {
+        passwords_.Open(
+            "Select passwords.*, 'Inactive' = Case when archive is null then 0 else archive end From passwords left join provider_info on provider_info.id = passwords.pswd_user_id",
+            Session().Connection);
+    });
+}
+
+void frmsvspl::loadRememberedUser() {
+    txtuid->setText(ReadIniValue(Session().SolvaneIni, UserSection, QStringLiteral("UID")));
+    db::Ignoring([this] {
+        const db::Recordset settings("Select * from settings", Session().Connection);
+        recallPassword_ = !settings.Eof() && settings["recallpw"].boolean();
+    });
+    if (recallPassword_) {
+        const QString scrambled = ReadIniValue(Session().SolvaneIni, UserSection, QStringLiteral("Password"));
+        txtpassword->setText(UnscramblePassword(scrambled, Session().ScrambleKey));
+    }
+    ckpassword->setChecked(!txtpassword->text().isEmpty());
+    ckpassword->setVisible(recallPassword_);
+}
+
+// A remembered user goes on with the password.
+void frmsvspl::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    (txtuid->text().isEmpty() ? txtuid : txtpassword)->setFocus();
+}
+
+bool frmsvspl::eventFilter(QObject* watched, QEvent* event) {
+    auto* field = qobject_cast<QLineEdit*>(watched);
+    const bool entered =
+        field && event->type() == QEvent::FocusIn && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+    // Only after the press of the mouse that brought the focus has placed its cursor.
+    if (entered)
+        QMetaObject::invokeMethod(field, &QLineEdit::selectAll, Qt::QueuedConnection);
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmsvspl::enableOk() {
+    cmdOk->setEnabled(!txtuid->text().trimmed().isEmpty() && !txtpassword->text().trimmed().isEmpty());
+}
+
+void frmsvspl::reject() {
+    Session().UID.clear();
+    QDialog::reject();
+}
+
+void frmsvspl::cmdOk_Click() {
+    const BusyPointer busy;
+    if (passwords_.RecordCount() == 0) {
+        MsgBox(QStringLiteral("You must first run Solvane and setup a User Id and Password!"), ExclamationBox,
+               QStringLiteral("No Passwords"));
+        reject();
+        return;
+    }
+    if (!findUser()) {
+        refuse(QStringLiteral("Invalid User ID or Password. Try again."), QStringLiteral("No Matching Record"));
+        return;
+    }
+    if (passwords_["Inactive"].integer() == 1) {
+        refuse(QStringLiteral("This user is inactive. Activate before attempting loggon."),
+               QStringLiteral("User Inactive"));
+        return;
+    }
+    takeUser();
+    rememberUser();
+    accept();
+}
+
+void frmsvspl::refuse(const QString& text, const QString& title) {
+    MsgBox(text, ExclamationBox, title);
+    txtuid->clear();
+    txtpassword->clear();
+    txtuid->setFocus();
+}
+
+bool frmsvspl::findUser() {
+    bool matches = false;
+    db::Ignoring([&] {
+        passwords_.MoveFirst();
+        passwords_.Find(db::Sql("pswd_user_id = '{}'", txtuid->text()));
+        matches = !passwords_.Eof() &&
+                  passwords_["pswd_password"].text() == ScramblePassword(txtpassword->text(), Session().ScrambleKey);
+    });
+    return matches;
+}
+
+void frmsvspl::takeUser() {
+    SessionValues& session = Session();
+    const QString access = passwords_["pswd_screen_access"].text();
+    session.UID = passwords_["pswd_user_id"].text();
+    session.UserType = static_cast<int>(passwords_["pswd_type_of_access"].integer());
+    session.ScreenAccess = AccessDigit(access, 9);
+    session.NotesAccess = AccessDigit(access, 6);
+    if (session.UserType == SystemAdministrator) {
+        session.UserName = QStringLiteral("System Administrator");
+        session.ScreenAccess = 3;
+        session.AllProviders = true;
+        return;
+    }
+    NormalizeScreenAccess();
+    session.UserName.clear();
+    db::Ignoring([&] {
+        const db::Recordset provider(db::Sql("Select prov_lastname from provider_info Where Id = '{}'", session.UID),
+                                     session.Connection);
+        if (!provider.Eof())
+            session.UserName = provider[0].text();
+    });
+}
+
+void frmsvspl::rememberUser() const {
+    WriteIniValue(Session().SolvaneIni, UserSection, QStringLiteral("UID"), txtuid->text());
+    if (recallPassword_)
+        WriteIniValue(Session().SolvaneIni, UserSection, QStringLiteral("Password"),
+                      ScramblePassword(txtpassword->text(), Session().ScrambleKey));
+}

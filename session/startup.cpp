@@ -1,0 +1,282 @@
+#include "session/startup.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "bridge/link.h"
+#include "data/pipefields.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/computer.h"
+#include "platform/desktop/credentials.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/inifile.h"
+#include "platform/desktop/installation.h"
+#include "platform/desktop/localefacts.h"
+#include "session/audit.h"
+#include "session/frmsvspl.h"
+#include "session/preferences.h"
+#include "session/rights.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr int SystemAdministrator = 2;
+constexpr int CompanionView = 5;
+const QString ErrorTitle = QStringLiteral("Error");
+
+void findFolders(const StartUpOptions& options) {
+    SessionValues& session = Session();
+    const QString file = options.installationFile.isEmpty() ? InstallationFile() : options.installationFile;
+    session.ScrambleKey = InstallationScrambleKey(file, DefaultScrambleKey);
+    const auto central = options.dataFolder.isEmpty() ? CentralInstallation(file) : std::nullopt;
+    if (central) {
+        session.AppPath = central->AppPath;
+        session.IniPath = central->IniPath;
+        session.DocPath = central->DocPath;
+        session.SharedPath2 = central->SharedPath2;
+        session.SignaturePath = central->SignaturePath;
+        return;
+    }
+    const QString own = options.dataFolder.isEmpty()
+                            ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                            : QDir::cleanPath(QDir::current().absoluteFilePath(options.dataFolder));
+    session.AppPath = session.IniPath = session.DocPath = session.SharedPath2 = session.SignaturePath = own;
+}
+
+bool fileIsThere(const QString& path) {
+    if (QFileInfo::exists(path))
+        return true;
+    MsgBox(
+        QStringLiteral("Unable to find configuration file %1. Program will terminate.").arg(QFileInfo(path).fileName()),
+        ErrorBox, QStringLiteral("File Not Found"));
+    return false;
+}
+
+void AddNewIniEntries() {
+    const std::pair<const char*, const char*> entries[] = {{"TitleFontBold", "False"}, {"TitleFontItalic", "False"},
+                                                           {"TimeFontBold", "False"},  {"TimeFontItalic", "False"},
+                                                           {"TitleFontSize", "8.25"},  {"TimeFontSize", "8.25"}};
+    for (const auto& [key, value] : entries)
+        WriteIniValue(Session().SchedulerIni, QStringLiteral("PrintLayout"), QString::fromLatin1(key),
+                      QString::fromLatin1(value));
+}
+
+bool findFiles() {
+    SessionValues& session = Session();
+    if (!fileIsThere(session.SolvaneIni) || !fileIsThere(session.SchedulerIni))
+        return false;
+    if (ReadIniValue(session.SchedulerIni, QStringLiteral("PrintLayout"), QStringLiteral("TitleFontBold")).isEmpty())
+        AddNewIniEntries();
+    return true;
+}
+
+QString connectionText() {
+    const SessionValues& session = Session();
+    const QString server = GetServerName();
+    QString text = QStringLiteral("Provider=SQLOLEDB;");
+    text += QStringLiteral("Data Source=") + ResolvedDataSource(server, session.IniPath) + u';';
+    text += QStringLiteral("Initial Catalog=") +
+            ReadIniValue(session.SolvaneIni, QStringLiteral("SQLServer"), QStringLiteral("InitialCatalog")) + u';';
+    text += QStringLiteral("User Id=SVMaster;");
+    text += QStringLiteral("Password=") + BuildDbPassword(QStringLiteral("SVS"), server, session.IniPath) + u';';
+    return text;
+}
+
+void connect() {
+    Session().ConnectionString = connectionText();
+    try {
+        Session().Connection.Open(Session().ConnectionString);
+    } catch (const db::DatabaseError& error) {
+        MsgBox(QStringLiteral("Error connecting to database! %1, %2").arg(error.number).arg(error.description),
+               ErrorBox, ErrorTitle);
+        Session().Connection.Close();
+    }
+}
+
+void readPhoneMask() {
+    db::Ignoring([] {
+        const db::Recordset mask("Select * from facesheet Where FacesheetId = 3", Session().Connection);
+        if (!mask.Eof())
+            Session().PhoneMask = mask["facesheetmask"].text();
+    });
+}
+
+void readNotesAccess() {
+    db::Ignoring([] {
+        const db::Recordset user(
+            db::Sql("Select pswd_screen_access from passwords where pswd_user_id = '{}'", Session().UID),
+            Session().Connection);
+        if (!user.Eof())
+            Session().NotesAccess = AccessDigit(user[0].text(), 6);
+    });
+}
+
+void showOwnSchedule() {
+    Session().ProviderId = Session().UID;
+    Session().ProviderName = Session().UserName;
+}
+
+bool chooseSchedule(StartUpWindow& window) {
+    window.ChooseProvider();
+    return !Session().ProviderId.isEmpty();
+}
+
+bool takeProviderFromCommandLine() {
+    getprovname();
+    if (Session().UserName.isEmpty()) {
+        MsgBox(QStringLiteral("No Provider name associated with this UID. See your System Administrator."), ErrorBox,
+               ErrorTitle);
+        return false;
+    }
+    if (Session().ScreenAccess == 0) {
+        MsgBox(
+            QStringLiteral(
+                "The User associated with this logon does not have access to the Scheduler. Please see your system administrator."),
+            ErrorBox, ErrorTitle);
+        return false;
+    }
+    showOwnSchedule();
+    readNotesAccess();
+    return true;
+}
+
+bool takeUserFromCommandLine(const QString& commandLine, StartUpWindow& window) {
+    SessionValues& session = Session();
+    session.UID = GetPipeField(commandLine, 2);
+    session.UserType = static_cast<int>(db::Value(GetPipeField(commandLine, 1)).integer());
+    if (session.UserType != SystemAdministrator)
+        return takeProviderFromCommandLine();
+    session.UserName = QStringLiteral("System Administrator");
+    session.ScreenAccess = 3;
+    session.AllProviders = true;
+    session.NotesAccess = 3;
+    return chooseSchedule(window);
+}
+
+bool askForUser(StartUpWindow& window) {
+    frmsvspl logon;
+    ShowModal(logon);
+    if (Session().UID.isEmpty())
+        return false;
+    if (Session().UserType == SystemAdministrator)
+        return chooseSchedule(window);
+    showOwnSchedule();
+    return true;
+}
+
+void readWordUsage() {
+    try {
+        const db::Recordset settings("Select wordusage from settings", Session().Connection);
+        if (!settings.Eof())
+            Session().WordUsage = settings[0].text();
+    } catch (const db::DatabaseError& error) {
+        MsgBox(QStringLiteral("Error reading setings from database. ") + error.description, ErrorBox, ErrorTitle);
+    }
+}
+
+void openCompanionLink() {
+    SessionValues& session = Session();
+    session.FHConnectionString = GetFHConnectionString(session.Connection, session.IniPath);
+    if (session.FHConnectionString.isEmpty())
+        return;
+    const FHLinkSettings link = GetFHLinkSettings(session.Connection);
+    session.FHAutoExport = link.FHAutoExport;
+    session.UseFHSchedView = link.UseFHSchedView;
+    session.FHDatabaseId = GetFHDBId(session.FHConnectionString);
+    if (session.FHDatabaseId.isEmpty())
+        return;
+    session.FHProviderId = GetFHProviderId(session.Connection, session.FHDatabaseId, session.ProviderId);
+    session.FHLedgerHidden = GetUserFHLedger(session.UID);
+    // Who may see only their own schedule and has none in the companion works without the link.
+    if (!session.AllProviders && session.FHProviderId < 1)
+        session.FHDatabaseId.clear();
+}
+
+QString interfacePreference(const char* detail) {
+    return GetPreference(Session().SchedulerIni, QString::fromLatin1(detail), QStringLiteral("Interface"), {},
+                         QString::fromLatin1(AllUsers));
+}
+
+void readInterfacePreferences() {
+    SessionValues& session = Session();
+    session.InterfaceSizing = interfacePreference("Sizing").toDouble() == 1;
+    const double size = interfacePreference("FontSize").toDouble();
+    session.InterfaceFontSize = size < 8 || size >= 13 ? 8 : static_cast<int>(size);
+    const QString name = interfacePreference("FontName");
+    session.InterfaceFontName = name.isEmpty() ? QStringLiteral("Arial") : name;
+}
+
+bool companionOpensFirst() {
+    bool wanted = false;
+    db::Ignoring([&] {
+        const db::Recordset settings("Select UseFHSchedView from Settings", Session().Connection);
+        wanted = !settings.Eof() && settings[0].text().trimmed().toDouble() == 1;
+    });
+    return wanted && Session().FHProviderId >= 1;
+}
+
+void openFirstView(StartUpWindow& window) {
+    if (companionOpensFirst()) {
+        window.changeview(CompanionView);
+        return;
+    }
+    Session().CurrentView = 1;
+    window.ShowDayView();
+}
+
+bool prepare(const StartUpOptions& options, StartUpWindow& window) {
+    SessionValues& session = Session();
+    window.RestorePosition();
+    findFolders(options);
+    window.SetHelpFile(session.AppPath + QStringLiteral("/Solvane.chm"));
+    session.SolvaneIni = session.IniPath + QStringLiteral("/solvane.ini");
+    session.OsUserName = OsUserName();
+    session.ComputerName = ComputerName();
+    session.DateOrder = DateOrderOf(QLocale());
+    window.SetDateOrder(session.DateOrder);
+    session.SchedulerIni = session.IniPath + QStringLiteral("/svwsched.ini");
+    if (!findFiles())
+        return false;
+    window.ShowDateText(LongDateText(Today()));
+    connect();
+    GetALSettings();
+    session.SoundEffects = false;
+    readPhoneMask();
+    window.ShowMainWindow();
+    return true;
+}
+
+bool identify(const QString& commandLine, StartUpWindow& window) {
+    return commandLine.isEmpty() ? askForUser(window) : takeUserFromCommandLine(commandLine, window);
+}
+
+void finish(StartUpWindow& window) {
+    getiniSettings();
+    window.setmenuaccess();
+    readWordUsage();
+    window.WritePanels();
+    openCompanionLink();
+    window.InitTaskPane();
+    window.MarkReady(Today());
+    if (Session().AllProviders)
+        window.MakeScheduleLink();
+    readInterfacePreferences();
+    openFirstView(window);
+}
+
+}  // namespace
+
+bool StartUp(const QString& commandLine, const StartUpOptions& options, StartUpWindow& window) {
+    const BusyPointer busy;
+    if (!prepare(options, window) || !identify(commandLine, window))
+        return false;
+    finish(window);
+    return true;
+}
+
+QString GetServerName() {
+    return ReadIniValue(Session().SolvaneIni, QStringLiteral("SQLServer"), QStringLiteral("DataSource"));
+}
