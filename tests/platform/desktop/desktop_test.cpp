@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QCursor>
+#include <QTimer>
+
+#include "platform/desktop/busypointer.h"
 #include "tests/support/scripteddesk.h"
 
 TEST(Desktop, AnExpectedQuestionIsAnsweredFromTheScript) {
@@ -15,4 +20,19 @@ TEST(Desktop, TheClockStandsStillInATest) {
 
     EXPECT_EQ(Today(), QDate(2026, 2, 28));
     EXPECT_EQ(Now().time(), QTime(23, 59));
+}
+
+TEST(Desktop, AMessageUnderABusyPointerHasTheNormalPointer) {
+    const BusyPointer busy;
+    bool wasNormal = false;
+    QTimer::singleShot(0, [&] {
+        wasNormal = QGuiApplication::overrideCursor() == nullptr;
+        QApplication::activeModalWidget()->close();
+    });
+
+    MsgBox("Saved.", InformationBox, "Solvane");
+
+    EXPECT_TRUE(wasNormal);
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }
