@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <QString>
+#include <vector>
 
 #include "platform/database/engine.h"
 #include "platform/database/error.h"
@@ -30,28 +31,35 @@ class Connection {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
+    /// A failure tells what the server said, never the text itself: it holds the password.
     void Open(const QString& connectionText);
     /// Makes the embedded file first when it is not there. Only for tools and tests: the program opens what exists.
     void Create(const QString& connectionText);
+    /// A transaction that is open is rolled back.
     void Close();
     [[nodiscard]] bool IsOpen() const { return engine_ != nullptr; }
 
-    /// Sends one statement and returns the number of rows affected.
+    /// Sends one statement and returns the number of rows affected. A second one behind a semicolon is refused.
     qint64 Execute(const QString& statement);
+    /// One transaction at a time: a second BeginTrans is an error. A commit that fails leaves it open.
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();
 
-    /// Every write, by Execute or by a Recordset, is told to the observer after it went through.
+    /// Every write, by Execute or by a Recordset, is told to the observer after it went through: those of a transaction
+    /// after its commit.
     void Observe(std::function<void(const Write&)> observer) { observer_ = std::move(observer); }
 
   private:
     friend class Recordset;
     Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
-    void written(const QString& statement, const QString& table, qint64 rows);
+    void written(Write write);
+    void openEngine(const QString& connectionText, bool create);
 
     std::unique_ptr<Engine> engine_;
     std::function<void(const Write&)> observer_;
+    bool inTransaction_ = false;
+    std::vector<Write> untold_;  ///< Of the transaction that is open.
 };
 
 }  // namespace db

@@ -13,6 +13,9 @@ struct ColumnInfo {
     ColumnType type = ColumnType::Text;
     int maxLength = 0;  ///< Characters of a text column; 0 for no limit.
     bool nullable = true;
+    /// A value read from it equals itself when it is sent back: no reals, money, unlimited text, finer-than-millisecond
+    /// times.
+    bool comparable = true;
 };
 
 /// What Recordset must know of a base table to write to it.

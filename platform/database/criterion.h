@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+#include "platform/database/resulttable.h"
+
+namespace db {
+
+/// A condition on one column, as Recordset::Find reads it: "column operator value".
+class Criterion {
+  public:
+    /// Throws 3001 when the text cannot be read.
+    explicit Criterion(const QString& text);
+
+    [[nodiscard]] const QString& column() const { return column_; }
+    /// A null field meets "= Null" alone, and "<>" a value never.
+    [[nodiscard]] bool isMetBy(const Field& field, ColumnType type) const;
+
+  private:
+    enum class Operator { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEqual, Like };
+    [[nodiscard]] bool holds(int order) const;
+
+    QString column_;
+    Operator operator_ = Operator::Equal;
+    Value value_;
+};
+
+}  // namespace db

@@ -1,0 +1,105 @@
+#include "platform/database/sql.h"
+
+#include <stdexcept>
+
+#include "platform/database/error.h"
+#include "platform/database/value.h"
+
+namespace db {
+
+namespace {
+
+QString numberText(qint64 number) {
+    return QString::number(number);
+}
+
+QString numberText(double number) {
+    return NumberText(number);
+}
+
+/// Text as it stands between single quotes. A NUL would end the statement early, and nothing shows one.
+QString quoted(QString text) {
+    return text.replace(QLatin1Char('\''), QLatin1String("''")).remove(QChar::Null);
+}
+
+bool hasLoneQuote(const QString& text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] != QLatin1Char('\''))
+            continue;
+        if (i + 1 >= text.size() || text[i + 1] != QLatin1Char('\''))
+            return true;
+        ++i;
+    }
+    return false;
+}
+
+template <class... Ts>
+struct Overloaded : Ts... {
+    using Ts::operator()...;
+};
+template <class... Ts>
+Overloaded(Ts...) -> Overloaded<Ts...>;
+
+}  // namespace
+
+QString SqlDate(QDate date) {
+    return date.toString(QStringLiteral("yyyy/MM/dd"));
+}
+
+QString FillSql(const QString& statement, std::initializer_list<SqlArgument> arguments) {
+    const auto mistake = [&](const char* what) {
+        return std::logic_error(std::string(what) + ": " + statement.toStdString());
+    };
+    QString filled;
+    filled.reserve(statement.size() + 64);
+    const SqlArgument* argument = arguments.begin();
+    bool inQuotes = false;
+    bool loneQuote = false;
+    const auto appendNumber = [&](const QString& number) {
+        // Two minus signs in a row would start a comment.
+        if (number.startsWith(QLatin1Char('-')) && filled.endsWith(QLatin1Char('-')))
+            filled += QLatin1Char(' ');
+        filled += number;
+    };
+    const auto requireQuotes = [&] {
+        if (!inQuotes)
+            throw mistake("Text or a date outside quotes");
+    };
+    for (qsizetype i = 0; i < statement.size(); ++i) {
+        const QChar c = statement[i];
+        if (c == QLatin1Char('\''))
+            inQuotes = !inQuotes;
+        if (c != QLatin1Char('{') || i + 1 >= statement.size() || statement[i + 1] != QLatin1Char('}')) {
+            filled += c;
+            continue;
+        }
+        ++i;
+        if (argument == arguments.end())
+            throw mistake("More places than arguments");
+        std::visit(Overloaded{[&](const Raw& raw) {
+                                  loneQuote = loneQuote || (inQuotes && hasLoneQuote(raw.text));
+                                  filled += raw.text;
+                              },
+                              [&](const QString& text) {
+                                  requireQuotes();
+                                  filled += quoted(text);
+                              },
+                              [&](QDate date) {
+                                  requireQuotes();
+                                  filled += SqlDate(date);
+                              },
+                              [&](auto number) { appendNumber(numberText(number)); }},
+                   argument->data_);
+        ++argument;
+    }
+    if (argument != arguments.end())
+        throw mistake("More arguments than places");
+    if (loneQuote) {
+        const QString tail = filled.sliced(filled.lastIndexOf(QLatin1Char('\'')) + 1);
+        throw DatabaseError(105, QStringLiteral("Unclosed quotation mark after the character string '%1'.").arg(tail),
+                            filled, QStringLiteral("42000"));
+    }
+    return filled;
+}
+
+}  // namespace db

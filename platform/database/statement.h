@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <QString>
+#include <QStringView>
+#include <vector>
+
+namespace db {
+
+/// One token of a statement. Blanks and comments are left out.
+struct Token {
+    enum class Kind { Word, Name, Text, Number, Symbol };  ///< A Name stands in brackets or double quotes.
+    Kind kind;
+    QStringView text;  ///< As it stands in the statement, quotes and brackets included.
+
+    [[nodiscard]] bool is(QLatin1String word) const;  ///< This word or symbol, in any case.
+    [[nodiscard]] bool isName() const { return kind == Kind::Word || kind == Kind::Name; }
+    [[nodiscard]] QString name() const;  ///< Without brackets or double quotes.
+};
+
+/// The tokens of one statement, which must outlive them. Throws 105 for a quote that is not closed.
+std::vector<Token> Tokens(const QString& statement);
+
+/// One call sends one statement: throws 102 "Incorrect syntax near ..." when something stands behind a semicolon that
+/// is outside quotes and comments, and 105 for a quote that is not closed.
+void RequireOneStatement(const QString& statement);
+
+/// The table that an Insert, Update, Delete or a statement on the schema writes to; nothing for a statement that reads.
+std::optional<QString> WrittenTable(const QString& statement);
+
+/// What a Select takes from where.
+struct SelectShape {
+    struct Item {
+        QString table;     ///< As it stands before the point: a table or its alias; empty for any other item.
+        bool all = false;  ///< "*" or "table.*".
+    };
+    struct Source {
+        QString table;  ///< Empty for a Select in brackets.
+        QString alias;
+    };
+    std::vector<Item> items;
+    std::vector<Source> sources;  ///< In the order of From.
+    bool grouped = false;         ///< Its rows are not rows of a table: Distinct, Group By, Having, Union.
+};
+SelectShape ShapeOfSelect(const QString& statement);
+
+/// Marks the texts of a statement that hold letters beyond ASCII as national text (N'...'), without which the server
+/// would squeeze them into the code page of the database.
+QString MarkNationalText(const QString& statement);
+
+}  // namespace db
