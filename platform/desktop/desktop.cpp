@@ -1,12 +1,14 @@
 #include "platform/desktop/desktop.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDesktopServices>
 #include <QDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
 #include <QUrl>
+#include <vector>
 
 namespace {
 
@@ -26,7 +28,28 @@ QMessageBox::Icon iconOf(BoxStyle::Picture picture) {
     return QMessageBox::NoIcon;
 }
 
+// Whoever asks the user something under a busy pointer gives the pointer back meanwhile.
+class NormalPointer {
+  public:
+    NormalPointer() {
+        while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
+            taken_.push_back(*cursor);
+            QGuiApplication::restoreOverrideCursor();
+        }
+    }
+    ~NormalPointer() {
+        for (; !taken_.empty(); taken_.pop_back())
+            QGuiApplication::setOverrideCursor(taken_.back());
+    }
+    NormalPointer(const NormalPointer&) = delete;
+    NormalPointer& operator=(const NormalPointer&) = delete;
+
+  private:
+    std::vector<QCursor> taken_;
+};
+
 Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
+    const NormalPointer pointer;
     QMessageBox box(iconOf(style.picture), title, text, QMessageBox::NoButton, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     if (style.buttons == BoxStyle::Buttons::Ok) {
@@ -40,6 +63,7 @@ Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
 }
 
 int realShowModal(QDialog& form) {
+    const NormalPointer pointer;
     if (!form.parentWidget() && QApplication::activeWindow() && QApplication::activeWindow() != &form)
         form.setParent(QApplication::activeWindow(), form.windowFlags());
     return form.exec();

@@ -1,0 +1,11 @@
+#include "platform/desktop/busypointer.h"
+
+#include <QGuiApplication>
+
+BusyPointer::BusyPointer() {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+BusyPointer::~BusyPointer() {
+    QGuiApplication::restoreOverrideCursor();
+}

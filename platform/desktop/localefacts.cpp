@@ -1,0 +1,29 @@
+#include "platform/desktop/localefacts.h"
+
+int DateOrderOf(const QLocale& locale) {
+    for (const QChar c : locale.dateFormat(QLocale::ShortFormat)) {
+        switch (c.unicode()) {
+            case u'M':
+                return 0;
+            case u'd':
+                return 1;
+            case u'y':
+                return 2;
+            default:
+                break;
+        }
+    }
+    return 0;
+}
+
+QString LongDateText(QDate date) {
+    return QLocale().toString(date, QLocale::LongFormat);
+}
+
+QString ShortDateText(QDate date) {
+    const QLocale locale;
+    QString format = locale.dateFormat(QLocale::ShortFormat);
+    if (!format.contains(QStringLiteral("yyyy")))
+        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    return locale.toString(date, format);
+}

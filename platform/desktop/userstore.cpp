@@ -1,0 +1,38 @@
+#include "platform/desktop/userstore.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "platform/desktop/inifile.h"
+
+namespace {
+
+const QString Section = QStringLiteral("svwschd");
+
+QString& chosenFile() {
+    static QString file;
+    return file;
+}
+
+}  // namespace
+
+QString ReadUserSetting(const QString& key) {
+    return ReadIniValue(UserStoreFile(), Section, key);
+}
+
+void WriteUserSetting(const QString& key, const QString& value) {
+    QDir().mkpath(QFileInfo(UserStoreFile()).absolutePath());
+    WriteIniValue(UserStoreFile(), Section, key, value);
+}
+
+QString UserStoreFile() {
+    if (!chosenFile().isEmpty())
+        return chosenFile();
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Solvane/svwschd.ini");
+}
+
+void SetUserStoreFile(const QString& file) {
+    chosenFile() = file;
+}

@@ -1,0 +1,56 @@
+#include "platform/theme/desktopmode.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+namespace {
+
+const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString Interface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString Group = QStringLiteral("org.freedesktop.appearance");
+const QString Key = QStringLiteral("color-scheme");
+constexpr int AnswerWithinMilliseconds = 2000;
+
+}  // namespace
+
+std::optional<ThemeMode> ModeFromPortal(const QVariant& answer) {
+    if (answer.canConvert<QDBusVariant>())
+        return ModeFromPortal(answer.value<QDBusVariant>().variant());
+    switch (answer.toUInt()) {
+        case 1:
+            return ThemeMode::Dark;
+        case 2:
+            return ThemeMode::Light;
+        default:
+            return std::nullopt;
+    }
+}
+
+void DesktopMode::watch() {
+    // With no address the client library would try to start a bus of its own.
+    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        return;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bus.connect(Service, Path, Interface, QStringLiteral("SettingChanged"), this,
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    QDBusMessage question = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("Read"));
+    question << Group << Key;
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question, AnswerWithinMilliseconds), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
+        const QDBusPendingReply<QDBusVariant> reply = *call;
+        if (reply.isValid())
+            settingChanged(Group, Key, reply.value());
+        call->deleteLater();
+    });
+}
+
+void DesktopMode::settingChanged(const QString& group, const QString& key, const QDBusVariant& value) {
+    if (group != Group || key != Key)
+        return;
+    if (const std::optional<ThemeMode> mode = ModeFromPortal(value.variant()))
+        Q_EMIT told(*mode);
+}

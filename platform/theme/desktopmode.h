@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <QObject>
+#include <QVariant>
+
+#include "platform/theme/colours.h"
+
+class QDBusVariant;
+
+/// What the desktop's settings portal answers for "color-scheme": 1 dark, 2 light, wrapped in one variant or two.
+/// Nothing for "no preference" and for anything else.
+[[nodiscard]] std::optional<ThemeMode> ModeFromPortal(const QVariant& answer);
+
+/// Follows the desktop's wish for a light or a dark look through the settings portal. It never waits: an answer or a
+/// change arrives as a signal, and a desktop without a portal says nothing.
+class DesktopMode : public QObject {
+    Q_OBJECT
+
+  public:
+    using QObject::QObject;
+
+    void watch();
+
+  Q_SIGNALS:
+    void told(ThemeMode mode);
+
+  private:
+    Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+};
