@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 
 #include "platform/controls/dateaccess.h"
+#include "platform/desktop/desktop.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ constexpr int WheelNotch = 120;
 
 }  // namespace
 
-ctDate::ctDate(QWidget* parent) : QWidget(parent), date_(QDate::currentDate()) {
+ctDate::ctDate(QWidget* parent) : QWidget(parent), date_(Today()) {
     grid_ = {date_, QLocale().firstDayOfWeek()};
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);

@@ -3,6 +3,7 @@
 #include <QPainterPath>
 
 #include "platform/controls/ctdate.h"
+#include "platform/desktop/desktop.h"
 #include "platform/theme/icon.h"
 
 namespace {
@@ -72,7 +73,7 @@ void ctDate::paintDay(QPainter& painter, int position) const {
     const QRect cell = Layout().dayAt(position);
     const QRectF circle = disc(cell);
     const bool inMonth = date.month() == grid_.month.month() && date.year() == grid_.month.year();
-    const bool today = date == QDate::currentDate();
+    const bool today = date == Today();
     const bool selected = date == date_;
     const QColor accent = palette().color(QPalette::Link);
 

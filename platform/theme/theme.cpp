@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QFontMetrics>
-#include <QSettings>
-#include <QStyleFactory>
 #include <QToolTip>
+#include "platform/desktop/userstore.h"
 
+#include "platform/desktop/userstore.h"
 #include "platform/theme/desktopmode.h"
 #include "platform/theme/quietstyle.h"
 
@@ -15,16 +15,12 @@ constexpr double LeastPointSize = 9;
 /// Height of the font for which the spacing grid is in whole pixels.
 constexpr double GridFontHeight = 15;
 
-QSettings rememberedSettings() {
-    return QSettings(QStringLiteral("Solvane"), QStringLiteral("svwschd"));
-}
-
-const QString RememberedMode = QStringLiteral("Look/Mode");
+const QString RememberedMode = QStringLiteral("Look");
 
 std::optional<ThemeMode> remembered() {
     if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
         return std::nullopt;
-    const QString text = rememberedSettings().value(RememberedMode).toString();
+    const QString text = ReadUserSetting(RememberedMode);
     if (text.isEmpty())
         return std::nullopt;
     return text == QLatin1String("dark") ? ThemeMode::Dark : ThemeMode::Light;
@@ -32,8 +28,7 @@ std::optional<ThemeMode> remembered() {
 
 void remember(ThemeMode mode) {
     if (remembered() != mode)
-        rememberedSettings().setValue(RememberedMode,
-                                      mode == ThemeMode::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
+        WriteUserSetting(RememberedMode, mode == ThemeMode::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
 }
 
 }  // namespace

@@ -1,0 +1,303 @@
+#include "platform/controls/ctlist.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+constexpr int Done = 1;
+constexpr int Task = 2;
+constexpr int Priority = 3;
+
+class ListTest : public testing::Test {
+  protected:
+    ListTest() {
+        list.SetColumns({{QStringLiteral("Done"), ListColumn::Kind::Check},
+                         {QStringLiteral("Task")},
+                         {QStringLiteral("Priority"), ListColumn::Kind::Text, 10}});
+        list.resize(400, 300);
+    }
+
+    void addTasks() {
+        list.AddRow(QStringLiteral("0;Call the bank;High"), 11);
+        list.AddRow(QStringLiteral("1;Answer letters;Low"), 12);
+        list.AddRow(QStringLiteral("0;Carry files;Urgent"), 13);
+    }
+
+    QPoint centreOf(int row, int column) const {
+        return list.visualRect(list.model()->index(row, column - 1)).center();
+    }
+
+    void show() {
+        list.show();
+        list.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+        list.setFocus();
+    }
+
+    ctList list;
+};
+
+}  // namespace
+
+TEST_F(ListTest, ARowIsCutIntoItsCells) {
+    addTasks();
+    EXPECT_EQ(list.RowCount(), 3);
+    EXPECT_EQ(list.Cell(0, Task), QStringLiteral("Call the bank"));
+    EXPECT_EQ(list.Cell(2, Priority), QStringLiteral("Urgent"));
+    EXPECT_EQ(list.RowText(1), QStringLiteral("1;Answer letters;Low"));
+}
+
+TEST_F(ListTest, MissingCellsAreEmptyAndSpareOnesAreKeptInTheText) {
+    list.AddRow(QStringLiteral("0;Alone"));
+    EXPECT_EQ(list.Cell(0, Priority), QString());
+    list.AddRow(QStringLiteral("0;a;b;c;d"));
+    EXPECT_EQ(list.Cell(1, Priority), QStringLiteral("b"));
+    EXPECT_EQ(list.RowText(1), QStringLiteral("0;a;b;c;d"));
+}
+
+TEST_F(ListTest, SettingACellPastTheEndOfARowFillsTheGap) {
+    list.AddRow(QStringLiteral("0"));
+    list.SetCell(0, Priority, QStringLiteral("Low"));
+    EXPECT_EQ(list.RowText(0), QStringLiteral("0;;Low"));
+    EXPECT_EQ(list.Cell(0, Task), QString());
+}
+
+TEST_F(ListTest, TheFirstFieldOfACheckColumnTicksTheBox) {
+    addTasks();
+    EXPECT_FALSE(list.Checked(0, Done));
+    EXPECT_TRUE(list.Checked(1, Done));
+}
+
+TEST_F(ListTest, ATextColumnHasNoCheckBox) {
+    addTasks();
+    list.SetChecked(0, Task, true);
+    EXPECT_FALSE(list.Checked(0, Task));
+}
+
+TEST_F(ListTest, HiddenDataTextAndMarkBelongToTheirRow) {
+    addTasks();
+    list.SetItemText(1, QStringLiteral("JSMITH"));
+    list.SetNoteMark(2, true);
+    list.SetItemData(0, QStringLiteral("P-7"));
+    EXPECT_EQ(list.ItemData(0).toString(), QStringLiteral("P-7"));
+    EXPECT_EQ(list.ItemData(1).toInt(), 12);
+    EXPECT_EQ(list.ItemText(1), QStringLiteral("JSMITH"));
+    EXPECT_FALSE(list.NoteMark(1));
+    EXPECT_TRUE(list.NoteMark(2));
+}
+
+TEST_F(ListTest, ARowIsFoundByItsData) {
+    addTasks();
+    EXPECT_EQ(list.FindItemData(13), 2);
+    EXPECT_EQ(list.FindItemData(99), -1);
+}
+
+TEST_F(ListTest, AskingForARowThatIsNotThereIsHarmless) {
+    list.SetCell(4, Task, QStringLiteral("x"));
+    list.SetChecked(-1, Done, true);
+    list.RemoveRow(7);
+    list.SelectRow(9);
+    EXPECT_EQ(list.RowCount(), 0);
+    EXPECT_EQ(list.SelectedRow(), -1);
+    EXPECT_EQ(list.Cell(0, Task), QString());
+    EXPECT_FALSE(list.ItemData(0).isValid());
+}
+
+TEST_F(ListTest, AnEmptyListSelectsNothing) {
+    addTasks();
+    list.SelectRow(1);
+    QSignalSpy changed(&list, &ctList::SelectionChanged);
+    list.Clear();
+    EXPECT_EQ(list.SelectedRow(), -1);
+    EXPECT_EQ(changed.count(), 1);
+}
+
+TEST_F(ListTest, TheSelectionGoesWithTheRemovedRowAndStaysWithAnother) {
+    addTasks();
+    list.SelectRow(1);
+    list.RemoveRow(0);
+    EXPECT_EQ(list.SelectedRow(), 0);
+    EXPECT_EQ(list.ItemData(0).toInt(), 12);
+    list.RemoveRow(0);
+    EXPECT_EQ(list.SelectedRow(), -1);
+}
+
+TEST_F(ListTest, HeadersCanBeRenamed) {
+    list.SetHeader(Task, QStringLiteral("Client"));
+    EXPECT_EQ(list.Header(Task), QStringLiteral("Client"));
+    EXPECT_EQ(list.Header(9), QString());
+}
+
+TEST_F(ListTest, AClickAnywhereInTheCheckCellFlipsTheBoxAndTellsOnce) {
+    addTasks();
+    show();
+    QSignalSpy checks(&list, &ctList::CheckChanged);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centreOf(0, Done) + QPoint(9, 0));
+    EXPECT_TRUE(list.Checked(0, Done));
+    ASSERT_EQ(checks.count(), 1);
+    EXPECT_EQ(checks[0][0].toInt(), 0);
+    EXPECT_EQ(checks[0][1].toInt(), Done);
+    EXPECT_TRUE(checks[0][2].toBool());
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centreOf(0, Done));
+    EXPECT_FALSE(list.Checked(0, Done));
+}
+
+TEST_F(ListTest, APressElsewhereReleasedOverACheckCellFlipsNothing) {
+    addTasks();
+    show();
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, centreOf(1, Task));
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, centreOf(0, Done));
+    EXPECT_FALSE(list.Checked(0, Done));
+}
+
+TEST_F(ListTest, ChecksTheUserMayNotChangeStayAsTheyAre) {
+    addTasks();
+    list.SetChecksEnabled(false);
+    show();
+    QSignalSpy checks(&list, &ctList::CheckChanged);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centreOf(0, Done));
+    list.SelectRow(0);
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_FALSE(list.Checked(0, Done));
+    EXPECT_EQ(checks.count(), 0);
+}
+
+TEST_F(ListTest, SpaceFlipsTheBoxOfTheSelectedRow) {
+    addTasks();
+    show();
+    list.SelectRow(2);
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_TRUE(list.Checked(2, Done));
+}
+
+TEST_F(ListTest, SettingACheckByProgramTellsNobody) {
+    addTasks();
+    QSignalSpy checks(&list, &ctList::CheckChanged);
+    list.SetChecked(0, Done, true);
+    EXPECT_TRUE(list.Checked(0, Done));
+    EXPECT_EQ(checks.count(), 0);
+}
+
+TEST_F(ListTest, EnterAndDoubleClickActivateTheRow) {
+    addTasks();
+    show();
+    QSignalSpy activated(&list, &ctList::RowActivated);
+    list.SelectRow(1);
+    QTest::keyClick(&list, Qt::Key_Return);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, centreOf(2, Task));
+    ASSERT_EQ(activated.count(), 2);
+    EXPECT_EQ(activated[0][0].toInt(), 1);
+    EXPECT_EQ(activated[1][0].toInt(), 2);
+}
+
+TEST_F(ListTest, TwoQuickClicksOnACheckBoxDoNotActivateTheRow) {
+    addTasks();
+    show();
+    QSignalSpy activated(&list, &ctList::RowActivated);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, centreOf(0, Done));
+    EXPECT_EQ(activated.count(), 0);
+}
+
+TEST_F(ListTest, LettersGoToTheNextRowThatStartsWithThemAndWrap) {
+    addTasks();
+    show();
+    list.SelectRow(0);
+    QTest::keyClicks(&list, QStringLiteral("c"));
+    EXPECT_EQ(list.SelectedRow(), 2);
+    QTest::keyClicks(&list, QStringLiteral("c"));
+    EXPECT_EQ(list.SelectedRow(), 0);
+    QTest::keyClicks(&list, QStringLiteral("z"));
+    EXPECT_EQ(list.SelectedRow(), 0);
+}
+
+TEST_F(ListTest, LettersTypedQuicklyMakeOneWord) {
+    addTasks();
+    show();
+    QTest::keyClicks(&list, QStringLiteral("car"));
+    EXPECT_EQ(list.SelectedRow(), 2);
+}
+
+TEST_F(ListTest, ARightClickSelectsItsRowAndAsksForThePopup) {
+    addTasks();
+    show();
+    QSignalSpy popups(&list, &ctList::PopupRequested);
+    const auto rightClick = [this](QPoint place) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, list.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(list.viewport(), &event);
+    };
+    rightClick(centreOf(1, Task));
+    rightClick(QPoint(50, 250));
+    ASSERT_EQ(popups.count(), 2);
+    EXPECT_EQ(popups[0][0].toInt(), 1);
+    EXPECT_EQ(list.SelectedRow(), 1);
+    EXPECT_EQ(popups[1][0].toInt(), -1);
+}
+
+TEST_F(ListTest, RowsKeepTheirOrderUntilSortingIsAllowed) {
+    addTasks();
+    show();
+    const QPoint heading(list.header()->sectionViewportPosition(Task - 1) + 20, 8);
+    QTest::mouseClick(list.header()->viewport(), Qt::LeftButton, {}, heading);
+    EXPECT_EQ(list.Cell(0, Task), QStringLiteral("Call the bank"));
+    list.SetSortable(true);
+    EXPECT_EQ(list.Cell(0, Task), QStringLiteral("Call the bank"));
+    QTest::mouseClick(list.header()->viewport(), Qt::LeftButton, {}, heading);
+    EXPECT_EQ(list.Cell(0, Task), QStringLiteral("Answer letters"));
+    EXPECT_EQ(list.ItemData(0).toInt(), 12);
+}
+
+TEST_F(ListTest, SortingReadsNumbersAsNumbers) {
+    for (const char* text : {"0;Room 10", "0;Room 9", "0;room 1"})
+        list.AddRow(QString::fromLatin1(text));
+    list.SetSortable(true);
+    list.sortByColumn(Task - 1, Qt::AscendingOrder);
+    EXPECT_EQ(list.Cell(0, Task), QStringLiteral("room 1"));
+    EXPECT_EQ(list.Cell(2, Task), QStringLiteral("Room 10"));
+}
+
+TEST_F(ListTest, SeveralRowsCanBeSelectedWhereThatIsAllowed) {
+    addTasks();
+    show();
+    list.SetMultiSelect(true);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centreOf(2, Task));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, centreOf(0, Task));
+    EXPECT_EQ(list.SelectedRows(), (std::vector<int>{0, 2}));
+}
+
+TEST_F(ListTest, CopyTakesTheSelectedRowWithoutItsCheckBoxes) {
+    addTasks();
+    show();
+    list.SelectRow(0);
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Call the bank\tHigh"));
+}
+
+TEST_F(ListTest, AScreenReaderReadsCellsAndCheckBoxes) {
+    addTasks();
+    show();
+    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&list);
+    ASSERT_NE(access, nullptr);
+    ASSERT_NE(access->tableInterface(), nullptr);
+    EXPECT_EQ(access->tableInterface()->rowCount(), 3);
+    EXPECT_EQ(access->tableInterface()->cellAt(0, Task - 1)->text(QAccessible::Name), QStringLiteral("Call the bank"));
+    EXPECT_TRUE(access->tableInterface()->cellAt(1, Done - 1)->state().checked);
+    EXPECT_FALSE(access->tableInterface()->cellAt(0, Done - 1)->state().checked);
+}
+
+TEST_F(ListTest, AHundredThousandRowsAreAllThereAndTheLastCanBeReached) {
+    constexpr int Many = 100000;
+    for (int i = 0; i < Many; ++i)
+        list.AddRow(QStringLiteral("0;Patient %1;Low").arg(i), i);
+    show();
+    list.SelectRow(Many - 1);
+    EXPECT_EQ(list.FindItemData(Many - 1), Many - 1);
+    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.model()->index(Many - 1, 1))));
+}
