@@ -1,0 +1,295 @@
+#include "views/mdisched.h"
+
+#include <algorithm>
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "bridge/link.h"
+#include "platform/controls/ctdate.h"
+#include "platform/controls/cttaskpane.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/userstore.h"
+#include "platform/theme/icon.h"
+#include "session/formposition.h"
+#include "session/session.h"
+#include "views/frmaopts.h"
+#include "views/viewtable.h"
+
+namespace {
+
+constexpr int DayView = 1;
+constexpr int MonthView = 3;
+constexpr int AllProvidersView = 4;
+constexpr int RoomView = 5;
+constexpr int CompanionView = 6;
+constexpr int SystemAdministrator = 2;
+
+}  // namespace
+
+bool mdisched::ViewAvailable(int currentView) const {
+    if (!factories_.contains(currentView))
+        return false;
+    if (currentView == AllProvidersView)
+        return Session().AllProviders;
+    return currentView != CompanionView || !Session().FHDatabaseId.isEmpty();
+}
+
+QDate mdisched::Date() const {
+    return ctDate1_->Date();
+}
+
+void mdisched::SetDate(QDate date) {
+    ctDate1_->SetDate(date);
+}
+
+void mdisched::ShowDateText(const QString& text) {
+    pnldate_->setText(text);
+}
+
+void mdisched::ShowTitle(const QString& text) {
+    pnltitle_->setText(text);
+}
+
+void mdisched::WritePanels() {
+    pnluser_->setText(QStringLiteral(" User: ") + Session().UserName);
+    pnlsched_->setText(QStringLiteral(" Schedule for: ") + Session().ProviderName);
+}
+
+void mdisched::changeview(int index) {
+    const int currentView = index + 1;
+    if (view_ != nullptr && Session().CurrentView == currentView)
+        return;
+    if (ViewAvailable(currentView))
+        openView(currentView);
+    else if (view_ == nullptr)  // The companion was to open first, and cannot.
+        openView(DayView);
+}
+
+void mdisched::openView(int currentView) {
+    const auto factory = factories_.find(currentView);
+    if (factory == factories_.end() || !unloadView())
+        return;
+    const BusyPointer busy;
+    applyInterfaceFont();
+    Session().CurrentView = currentView;
+    const ViewEntry& entry = *FindView(currentView);
+    taskPane_->SetSelectedKey(QString::fromLatin1(entry.key));
+    previous_->setText(QString::fromLatin1(entry.previous));
+    next_->setText(QString::fromLatin1(entry.next));
+    ShowTitle(currentView == RoomView ? QStringLiteral("Room Scheduler") : QString());
+    view_ = factory->second(*this).release();
+    viewPlace_->addWidget(view_, 1);
+    fillMenus();
+    showCommandsOfView();
+    view_->show();
+    view_->setFocus();
+    Q_EMIT ViewOpened();
+}
+
+// A view may be unloaded by one of its own commands: it goes when that command has returned.
+bool mdisched::unloadView() {
+    if (view_ == nullptr)
+        return true;
+    if (!view_->close())
+        return false;
+    viewPlace_->removeWidget(view_);
+    view_->deleteLater();
+    view_ = nullptr;
+    return true;
+}
+
+void mdisched::fillMenus() {
+    // The old menu bar is freed later too, with the menus of the command that is running.
+    auto* menus = new QMenuBar(this);
+    setMenuBar(menus);
+    view_->FillMenus(*menus);
+    yieldKeys(menus->findChildren<QAction*>());
+}
+
+// Two commands on one key would answer to neither.
+void mdisched::yieldKeys(const QList<QAction*>& menuActions) {
+    for (const auto& [action, key] : keys_) {
+        const bool taken = std::any_of(menuActions.begin(), menuActions.end(), [&key = key](const QAction* menuAction) {
+            return !key.isEmpty() && menuAction->shortcuts().contains(key);
+        });
+        action->setShortcut(taken ? QKeySequence() : key);
+    }
+}
+
+void mdisched::showCommandsOfView() {
+    const ViewEntry& entry = *FindView(Session().CurrentView);
+    const bool steps = entry.next[0] != '\0';
+    for (QAction* action : {previous_, next_}) {
+        action->setVisible(steps);
+        action->setToolTip(
+            QStringLiteral("%1 (%2)").arg(action->text(), keys_[action].toString(QKeySequence::NativeText)));
+        toolBar_->widgetForAction(action)->setAccessibleName(action->text());
+    }
+    add_->setVisible(Session().CurrentView != RoomView && Session().CurrentView != MonthView);
+    print_->setVisible(add_->isVisible());
+    add_->setEnabled(view_->CanAdd());
+    print_->setEnabled(view_->CanPrint());
+    day_->setEnabled(Session().CurrentView != DayView);
+    hideNames_->setChecked(Session().HidePatientNames);
+}
+
+// The look of forms that the practice has set for all its users.
+void mdisched::applyInterfaceFont() {
+    if (interfaceFontApplied_ || !Session().InterfaceSizing)
+        return;
+    interfaceFontApplied_ = true;
+    QApplication::setFont(QFont(Session().InterfaceFontName, Session().InterfaceFontSize));
+}
+
+void mdisched::chooseFromTaskPane(const QString& key) {
+    const ViewEntry* entry = FindViewByKey(key);
+    if (entry != nullptr && (entry->currentView != CompanionView || findCompanionProvider()))
+        changeview(entry->currentView - 1);
+    // A view that did not open leaves the selection with the one that is.
+    if (const ViewEntry* current = FindView(Session().CurrentView))
+        taskPane_->SetSelectedKey(QString::fromLatin1(current->key));
+}
+
+bool mdisched::findCompanionProvider() {
+    SessionValues& session = Session();
+    const QString& provider = session.UserType == SystemAdministrator ? session.ProviderId : session.UID;
+    session.FHProviderId = GetFHProviderId(session.Connection, session.FHDatabaseId, provider);
+    if (session.FHProviderId >= 1)
+        return true;
+    MsgBox(QStringLiteral("Unable to find Fernhall scheduling data for this provider."), ExclamationBox,
+           QStringLiteral("Provider Schedule Not Found in Fernhall"));
+    return false;
+}
+
+void mdisched::cycledate(int direction) {
+    if (view_ == nullptr)
+        return;
+    if (direction == 0 || direction == 1) {
+        if (Session().CurrentView != RoomView)
+            SetDate(view_->Stepped(Date(), direction == 0 ? -1 : 1));
+        reloadView();
+        playSound("/whoosh.wav");
+        return;
+    }
+    reloadView();
+}
+
+void mdisched::GoToToday() {
+    if (Date() == Today()) {
+        ctDate1_->ShowMonth(Date());
+        return;
+    }
+    SetDate(Today());
+    reloadView();
+}
+
+void mdisched::dateClicked() {
+    if (ready_)
+        reloadView();
+}
+
+void mdisched::reloadView() {
+    if (view_ == nullptr)
+        return;
+    const BusyPointer busy;
+    view_->Reload();
+}
+
+void mdisched::ToggleTaskPane() {
+    taskPane_->setVisible(!TaskPaneShown());
+    WriteUserSetting(QString::fromLatin1(TaskPaneSetting), TaskPaneShown() ? QStringLiteral("1") : QStringLiteral("0"));
+    if (!TaskPaneShown() && view_ != nullptr)
+        view_->setFocus();
+}
+
+bool mdisched::TaskPaneShown() const {
+    return !taskPane_->isHidden();
+}
+
+void mdisched::ToggleHidePatientNames() {
+    Session().HidePatientNames = !Session().HidePatientNames;
+    hideNames_->setChecked(Session().HidePatientNames);
+    hideNames_->setIcon(Icon(Session().HidePatientNames ? "eyeoff" : "eye"));
+    if (Session().CurrentView == DayView || Session().CurrentView == CompanionView)
+        reloadView();
+}
+
+void mdisched::SelectProvider() {
+    if (!Session().AllProviders)
+        return;
+    const QString before = Session().ProviderId;
+    ChooseProvider();
+    if (Session().ProviderId == before)
+        return;
+    WritePanels();
+    cycledate(2);
+    playSound("/softbell.wav");
+}
+
+void mdisched::ShowPreferences() {
+    const auto refresh = [this] {
+        if (view_ != nullptr && Session().CurrentView <= AllProvidersView)
+            view_->ApplyPreferences();
+    };
+    frmaopts preferences(refresh, this);
+    ShowModal(preferences);
+}
+
+void mdisched::playSound(const char* fileName) const {
+    if (Session().SoundEffects)
+        PlaySound(Session().AppPath + QString::fromLatin1(fileName));
+}
+
+void mdisched::cyclePanes(int direction) {
+    std::vector<QWidget*> panes;
+    std::vector<QWidget*> targets;
+    const auto add = [&](QWidget* pane, QWidget* target) {
+        if (pane == nullptr || !pane->isVisible() || !target->isEnabled() || target->focusPolicy() == Qt::NoFocus)
+            return;
+        panes.push_back(pane);
+        targets.push_back(target);
+    };
+    add(toolBar_, toolBar_->widgetForAction(today_));
+    add(taskPane_, ctDate1_);
+    if (view_ != nullptr)
+        add(view_, view_->focusProxy() != nullptr ? view_->focusProxy() : view_);
+    add(pnlsched_, pnlsched_);
+    if (panes.empty())
+        return;
+
+    const QWidget* focus = QApplication::focusWidget();
+    const auto count = static_cast<int>(panes.size());
+    int at = direction > 0 ? -1 : count;
+    for (int pane = 0; pane < count; ++pane)
+        if (focus != nullptr && (panes[static_cast<std::size_t>(pane)] == focus ||
+                                 panes[static_cast<std::size_t>(pane)]->isAncestorOf(focus)))
+            at = pane;
+    targets[static_cast<std::size_t>((at + direction + count) % count)]->setFocus(Qt::TabFocusReason);
+}
+
+void mdisched::showHelp() {
+    if (!QFileInfo::exists(helpFile_) || !OpenWithShell(helpFile_))
+        MsgBox(tr("The help file %1 could not be opened.").arg(QFileInfo(helpFile_).fileName()), InformationBox,
+               windowTitle());
+}
+
+void mdisched::closeEvent(QCloseEvent* event) {
+    if (!openingSize_)
+        FormPosition(*this, FormMode::Set);
+    if (!openingSize_ && TaskPaneShown() && ready_)
+        WriteUserSetting(QString::fromLatin1(TaskPaneWidthSetting), QString::number(taskPane_->width()));
+    if (!unloadView()) {
+        event->ignore();
+        return;
+    }
+    Session().Connection.Close();
+    event->accept();
+}

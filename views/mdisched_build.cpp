@@ -1,0 +1,177 @@
+#include <QAction>
+#include <QLabel>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "platform/controls/ctdate.h"
+#include "platform/controls/cttaskpane.h"
+#include "platform/desktop/userstore.h"
+#include "platform/theme/icon.h"
+#include "platform/theme/theme.h"
+#include "views/mdisched.h"
+#include "views/viewtable.h"
+
+namespace {
+
+QLabel* panel(QWidget* parent, const char* name, const QString& accessibleName) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(QString::fromLatin1(name));
+    label->setAccessibleName(accessibleName);
+    label->setContentsMargins(Space(8), 0, Space(8), 0);
+    return label;
+}
+
+QString tipWithKey(const QString& text, const QKeySequence& key) {
+    return key.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText));
+}
+
+}  // namespace
+
+mdisched::mdisched(ViewFactories factories) : factories_(std::move(factories)) {
+    setObjectName(QStringLiteral("mdisched"));
+    setWindowTitle(QStringLiteral("Solvane Scheduler"));
+    setWindowIcon(Icon("scheduler"));
+    resize(1240, 780);
+    buildCentre();
+    buildActions();
+    buildToolBar();
+    buildStatusBar();
+}
+
+mdisched::~mdisched() {
+    // The view asks its main window while it is being closed: it has to go first.
+    delete view_;
+}
+
+QAction* mdisched::command(const char* name, const QString& text, const char* icon, const QKeySequence& key,
+                           std::function<void()> run) {
+    auto* action = new QAction(icon[0] == '\0' ? QIcon() : Icon(icon), text, this);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setShortcut(key);
+    action->setToolTip(tipWithKey(text, key));
+    connect(action, &QAction::triggered, this, std::move(run));
+    addAction(action);
+    keys_[action] = key;
+    return action;
+}
+
+void mdisched::buildActions() {
+    today_ = command("today", tr("Go to Today"), "today", tr("Ctrl+T"), [this] { GoToToday(); });
+    previous_ = command("previous", tr("Previous Day"), "previous", tr("Alt+Left"), [this] { cycledate(0); });
+    next_ = command("next", tr("Next Day"), "next", tr("Alt+Right"), [this] { cycledate(1); });
+    add_ = command("add", tr("Add Appointment"), "add", tr("Ctrl+N"), [this] {
+        if (view_ != nullptr)
+            view_->AddAppointment();
+    });
+    find_ = command("find", tr("Find"), "find", tr("Ctrl+F"), [] {});
+    print_ = command("print", tr("Print"), "print", tr("Ctrl+P"), [this] {
+        if (view_ != nullptr)
+            view_->PrintSchedule();
+    });
+    checkedIn_ = command("checkedin", tr("Checked In"), "checkedin", tr("Ctrl+I"), [] {});
+    hideNames_ =
+        command("hidenames", tr("Hide Patient Names"), "eye", tr("Ctrl+H"), [this] { ToggleHidePatientNames(); });
+    hideNames_->setCheckable(true);
+    day_ = command("day", tr("Day View"), "day", {}, [this] { changeview(0); });
+    laterCommand(find_);
+    laterCommand(checkedIn_);
+
+    for (const ViewEntry& entry : ViewTable)
+        command(entry.key, QString::fromLatin1(entry.item), entry.icon, tr("Ctrl+%1").arg(entry.currentView),
+                [this, key = entry.key] { chooseFromTaskPane(QString::fromLatin1(key)); });
+    command("reload", tr("Reload"), "refresh", QKeySequence(Qt::Key_F5), [this] { cycledate(2); });
+    command("provider", tr("Select Provider"), "user", tr("Ctrl+L"), [this] { SelectProvider(); });
+    command("preferences", tr("Preferences"), "preferences", tr("Ctrl+,"), [this] { ShowPreferences(); });
+    command("taskpane", tr("Task Pane"), "pane", QKeySequence(Qt::Key_F9), [this] { ToggleTaskPane(); });
+    command("nextpane", tr("Next Pane"), "", QKeySequence(Qt::Key_F6), [this] { cyclePanes(1); });
+    command("previouspane", tr("Previous Pane"), "", tr("Shift+F6"), [this] { cyclePanes(-1); });
+    command("help", tr("Help"), "help", QKeySequence(Qt::Key_F1), [this] { showHelp(); });
+    command("leave", tr("Exit"), "exit", tr("Ctrl+Q"), [this] { Leave(); });
+}
+
+// A command whose screen is not part of this version is seen, but says so.
+void mdisched::laterCommand(QAction* action) {
+    action->setEnabled(false);
+    action->setToolTip(tr("%1 is not available in this version").arg(action->text()));
+}
+
+void mdisched::buildToolBar() {
+    toolBar_ = new QToolBar(tr("Commands"), this);
+    toolBar_->setObjectName(QStringLiteral("toolbar"));
+    toolBar_->setMovable(false);
+    toolBar_->setContextMenuPolicy(Qt::PreventContextMenu);
+    toolBar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    toolBar_->setIconSize({Space(16) + 2, Space(16) + 2});
+    toolBar_->setContentsMargins(Space(4), Space(4), Space(4), Space(4));
+    addToToolBar(today_, "cmdtoday");
+    addToToolBar(previous_, "btnNav0");
+    addToToolBar(next_, "btnNav1");
+    toolBar_->addSeparator();
+    addToToolBar(add_, "cmdadd");
+    addToToolBar(find_, "cmdfind");
+    addToToolBar(print_, "cmdprint");
+    addToToolBar(checkedIn_, "cmdCheckedin");
+    addToToolBar(hideNames_, "btnHidePats");
+    toolBar_->addSeparator();
+    addToToolBar(day_, "cmdday");
+    addToolBar(toolBar_);
+}
+
+void mdisched::addToToolBar(QAction* action, const char* name) {
+    toolBar_->addAction(action);
+    auto* button = qobject_cast<QToolButton*>(toolBar_->widgetForAction(action));
+    button->setObjectName(QString::fromLatin1(name));
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(action->text());
+}
+
+void mdisched::buildCentre() {
+    taskPane_ = new ctTaskPane(this);
+    taskPane_->setObjectName(QStringLiteral("taskpane"));
+    taskPane_->SetHeading(QStringLiteral("Calendar"), QStringLiteral("ADVANCED"));
+    ctDate1_ = new ctDate(this);
+    ctDate1_->setObjectName(QStringLiteral("ctDate1"));
+    connect(taskPane_, &ctTaskPane::ItemChosen, this, &mdisched::chooseFromTaskPane);
+    connect(taskPane_, &ctTaskPane::CloseRequested, this, &mdisched::ToggleTaskPane);
+    connect(ctDate1_, &ctDate::Click, this, &mdisched::dateClicked);
+
+    auto* right = new QWidget(this);
+    viewPlace_ = new QVBoxLayout(right);
+    viewPlace_->setContentsMargins(0, 0, 0, 0);
+    viewPlace_->setSpacing(0);
+    pnltitle_ = panel(right, "pnltitle", tr("Title"));
+    pnltitle_->setFont(HeadingFont(2));
+    pnltitle_->setContentsMargins(Space(12), Space(4), Space(12), Space(8));
+    viewPlace_->addWidget(pnltitle_);
+
+    splitter_ = new QSplitter(Qt::Horizontal, this);
+    splitter_->setObjectName(QStringLiteral("SSSplitter1"));
+    splitter_->addWidget(taskPane_);
+    splitter_->addWidget(right);
+    splitter_->setStretchFactor(1, 1);
+    splitter_->setCollapsible(0, false);
+    splitter_->setCollapsible(1, false);
+    setCentralWidget(splitter_);
+    taskPane_->setVisible(ReadUserSetting(QString::fromLatin1(TaskPaneSetting)) != QLatin1String("0"));
+}
+
+void mdisched::buildStatusBar() {
+    pnluser_ = panel(this, "pnluser", tr("User"));
+    pnlaccess_ = panel(this, "pnlaccess", tr("Access"));
+    pnldate_ = panel(this, "pnldate", tr("Date"));
+    pnlsched_ = new QToolButton(this);
+    pnlsched_->setObjectName(QStringLiteral("pnlsched"));
+    pnlsched_->setAutoRaise(true);
+    pnlsched_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    pnlsched_->setFocusPolicy(Qt::NoFocus);
+    pnlsched_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(pnlsched_, &QToolButton::clicked, this, &mdisched::SelectProvider);
+    statusBar()->setSizeGripEnabled(false);
+    for (QWidget* widget :
+         {static_cast<QWidget*>(pnluser_), static_cast<QWidget*>(pnlsched_), static_cast<QWidget*>(pnlaccess_)})
+        statusBar()->addWidget(widget);
+    statusBar()->addPermanentWidget(pnldate_);
+}
