@@ -49,11 +49,19 @@ Engine& Connection::engine() {
 }
 
 qint64 Connection::Execute(const QString& statement) {
+    return Execute(statement, {});
+}
+
+qint64 Connection::Execute(const QString& statement, const std::vector<Value>& bound) {
     RequireOneStatement(statement);
-    const qint64 rows = engine().execute(statement);
+    const qint64 rows = engine().execute(statement, bound);
     if (const auto table = WrittenTable(statement))
         written({statement, *table, rows});
     return rows;
+}
+
+qint64 Connection::LastIdentity() {
+    return engine().lastIdentity();
 }
 
 void Connection::BeginTrans() {
@@ -81,9 +89,11 @@ void Connection::RollbackTrans() {
 }
 
 void Connection::written(Write write) {
+    if (!observer_)
+        return;
     if (inTransaction_)
         untold_.push_back(std::move(write));
-    else if (observer_)
+    else
         observer_(write);
 }
 

@@ -41,6 +41,10 @@ class Connection {
 
     /// Sends one statement and returns the number of rows affected. A second one behind a semicolon is refused.
     qint64 Execute(const QString& statement);
+    /// The same with values for the places marked ?, in order: for what writes many rows.
+    qint64 Execute(const QString& statement, const std::vector<Value>& bound);
+    /// The key that the database gave to the row inserted last on this connection.
+    [[nodiscard]] qint64 LastIdentity();
     /// One transaction at a time: a second BeginTrans is an error. A commit that fails leaves it open.
     void BeginTrans();
     void CommitTrans();
