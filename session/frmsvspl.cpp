@@ -14,6 +14,7 @@
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/inifile.h"
+#include "platform/theme/theme.h"
 #include "session/brandpanel.h"
 #include "session/characterfilter.h"
 #include "session/rights.h"
@@ -36,6 +37,7 @@ QLineEdit* addField(QVBoxLayout& column, const QString& name, const QString& cap
     auto* field = new QLineEdit(form);
     field->setObjectName(name);
     field->setMinimumHeight(field->fontMetrics().height() + 16);
+    field->setTextMargins(6, 0, 6, 0);
     auto* label = new QLabel(caption, form);
     label->setBuddy(field);
     column.addWidget(label);
@@ -95,10 +97,7 @@ void frmsvspl::buildForm() {
     column->setContentsMargins(32, 32, 32, 20);
     column->setSpacing(5);
     auto* heading = new QLabel(QStringLiteral("Log on to the schedule"), this);
-    QFont font = heading->font();
-    font.setPointSizeF(font.pointSizeF() * 1.5);
-    font.setWeight(QFont::DemiBold);
-    heading->setFont(font);
+    heading->setFont(HeadingFont(2));
     column->addWidget(heading);
     column->addSpacing(16);
 
@@ -175,11 +174,14 @@ void frmsvspl::showEvent(QShowEvent* event) {
 
 bool frmsvspl::eventFilter(QObject* watched, QEvent* event) {
     auto* field = qobject_cast<QLineEdit*>(watched);
-    const bool entered =
-        field && event->type() == QEvent::FocusIn && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
-    // Only after the press of the mouse that brought the focus has placed its cursor.
-    if (entered)
+    if (!field || event->type() != QEvent::FocusIn)
+        return QDialog::eventFilter(watched, event);
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    // The press of the mouse that brings the focus places its cursor first, and would take the selection away.
+    if (reason == Qt::MouseFocusReason)
         QMetaObject::invokeMethod(field, &QLineEdit::selectAll, Qt::QueuedConnection);
+    else if (reason != Qt::PopupFocusReason)
+        field->selectAll();
     return QDialog::eventFilter(watched, event);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/desktop/busypointer.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 
 BusyPointer::BusyPointer() {
