@@ -23,3 +23,31 @@ int CalendarContent::columnOf(const CalendarItem& item) const {
         return offset == 0 ? 1 : 0;
     return offset >= 0 && offset < count ? static_cast<int>(offset) + 1 : 0;
 }
+
+CalendarContent CalendarContent::pageOf(int first, int count) const {
+    CalendarContent page = *this;
+    page.items.clear();
+    page.ranges.clear();
+    page.columns.assign(columns.begin() + (first - 1), columns.begin() + (first - 1 + count));
+    page.date = page.columns.front().day;
+    for (const CalendarItem& item : items) {
+        const int column = columnOf(item) - first + 1;
+        if (column < 1 || column > count)
+            continue;
+        page.items.push_back(item);
+        page.items.back().ItemColumn = column;
+        if (item.ItemBanner)
+            continue;
+        page.firstTime = std::min(page.firstTime, std::max(item.ItemStart, 0) / 60 * 60);
+        page.lastTime = std::max(page.lastTime, std::min((item.ItemEnd + 59) / 60 * 60, 1440) - 1);
+        page.lastTime = std::max(page.lastTime, std::min(item.ItemStart / 60 * 60 + 60, 1440) - 1);
+    }
+    for (TimeRange range : ranges) {
+        if (range.column > 0 && (range.column < first || range.column >= first + count))
+            continue;
+        if (range.column > 0)
+            range.column -= first - 1;
+        page.ranges.push_back(range);
+    }
+    return page;
+}

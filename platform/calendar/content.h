@@ -53,4 +53,7 @@ struct CalendarContent {
     /// The 1-based column in which the item stands; 0 when it has none (a day that is not shown, a column past the
     /// last).
     [[nodiscard]] int columnOf(const CalendarItem& item) const;
+    /// Only `count` columns from `first` on (1-based), with their items and ranges, and with hours so wide that every
+    /// item is inside: nobody can scroll paper.
+    [[nodiscard]] CalendarContent pageOf(int first, int count) const;
 };

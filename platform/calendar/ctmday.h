@@ -1,15 +1,19 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <QDateTime>
+#include <QTimer>
 #include <QWidget>
 
 #include "platform/calendar/content.h"
-#include "platform/calendar/item.h"
+#include "platform/calendar/drag.h"
+#include "platform/calendar/hittest.h"
+#include "platform/calendar/painting.h"
 
-class QPainter;
-struct CalendarStyle;
+class QLineEdit;
+class QScrollBar;
 
 /// One day in a column, days as columns (a week), or providers as columns: a time grid with items.
 ///
@@ -101,9 +105,10 @@ class ctMDay : public QWidget {
     void CommitEdit();
     [[nodiscard]] bool IsEditing() const;
 
-    /// The clock of the line that marks the present; the desktop's unless a test gives another.
+    /// The clock of the line that marks the present, read at every full minute while the control is shown; the
+    /// desktop's unless another is given.
     void setClock(std::function<QDateTime()> clock);
-    /// Sets the present time until the clock is next read, at the next full minute.
+    /// A clock that stands still.
     void setNow(const QDateTime& now);
 
     /// Paints columns firstColumn (1-based) to firstColumn + columnCount - 1 into the area, the whole day without
@@ -112,8 +117,13 @@ class ctMDay : public QWidget {
                const CalendarStyle& style) const;
 
     // Places in widget coordinates, for tests, popups and accessibility; empty when not on the control.
-    [[nodiscard]] QRect ItemRect(int index) const;
+    [[nodiscard]] QRect ItemRect(int index) const;  ///< Of an item without room: the marker that counts it.
     [[nodiscard]] QRect CellRect(int column, int minute) const;
+    [[nodiscard]] QRect HeadingRect(int column) const;
+    [[nodiscard]] std::vector<int> ItemsInReadingOrder() const;  ///< As Tab goes through them.
+    [[nodiscard]] QString AccessibleItemName(int index) const;   ///< "9:00 AM to 9:50 AM, Anna O'Brien, Kept"
+    [[nodiscard]] QString ToolTipOf(int index) const;
+    [[nodiscard]] QString SelectionText() const;  ///< The selected range in words; empty without one.
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -145,18 +155,130 @@ class ctMDay : public QWidget {
     /// Ctrl+Page Up (-1) and Ctrl+Page Down (+1).
     void DayStepRequested(int direction);
 
+  protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
-    struct Range {
-        int column = 1;
-        int start = 0;
-        int end = 0;
+    /// What a press has begun.
+    struct Press {
+        QPoint pos;
+        Hit hit;
+        bool wasSelected = false;
+        bool refused = false;  ///< The item turned out to be locked.
+        int anchorStart = 0;   ///< The row in which a range begins.
+        int anchorEnd = 0;
     };
+    /// A signal that waits for the present event to end.
+    struct Report {
+        enum class Kind { Drop, Refused, Text, Activated, RangeActivated, Popup, Delete };
+        Kind kind = Kind::Activated;
+        int index = 0;
+        int generation = 0;
+        ItemPlace place;
+        QString text;
+        QPoint pos;
+    };
+
+    // Arrangement: layout, geometry and scroll bars follow from content, style and size, when someone asks.
+    void invalidate();
+    void arrange() const;
+    void fitInto(const QSize& size) const;
+    void placeScrollBars(bool vertical, bool horizontal) const;
+    void scrollTo(int x, int y);
+    void scrolled();
+    void zoomAt(int y, double factor);
+    void tick();
+    [[nodiscard]] const CalendarGrid& grid() const;
+    [[nodiscard]] const CalendarLayout& layout() const;
+    [[nodiscard]] Hit hitAt(QPoint pos) const;
+
+    // Selection.
+    [[nodiscard]] bool hasItem(int index) const { return index >= 1 && index <= ItemCount(); }
+    void selectTime(const SelectedTime& time);
+    void announceSelection();
+    void selectMarked(const MarkerHit& marker);
+
+    // Mouse.
+    void pressLeft(QMouseEvent* event, const Hit& hit);
+    void pressCell(const CellHit& cell, bool extend);
+    void showHover(const Hit& hit);
+    void dragTo(QPoint pos);
+    void extendRangeTo(QPoint pos);
+    void autoScroll();
+    void cancelGesture();
+    [[nodiscard]] bool beginDrag();
+    [[nodiscard]] bool mayMove(int index);
+    [[nodiscard]] bool mayEdit(int index);
+
+    // Keyboard.
+    [[nodiscard]] bool stepItem(int direction);
+    bool keyOnSelection(QKeyEvent* event);
+    bool keyMovesItem(QKeyEvent* event);
+    bool keyMovesCell(QKeyEvent* event);
+    void goToRow(int column, int minute, bool extend);
+    void stepInColumn(int direction);
+    [[nodiscard]] SelectedTime rowAt(int column, int minute) const;
+    [[nodiscard]] SelectedTime startCell() const;
+    [[nodiscard]] QPoint popupPlace() const;
+
+    // In-place text.
+    void placeEditor() const;
+    void closeEditor(bool commit);
+
+    // Queued signals.
+    void report(Report::Kind kind, int index, const QString& text = {}, QPoint pos = {});
+    void reportDrop(int index, const ItemPlace& place);
+    void deliverReports();
+    void deliverTexts();
+    void deliver(const Report& report);
+    void deliverDrop(const Report& report);
 
     CalendarContent content_;
     CalendarItem noItem_;  ///< What a wrong index reads and writes.
-    int selectedItem_ = 0;
-    std::optional<Range> range_;
+    int generation_ = 0;   ///< Grows whenever indexes change their meaning.
     int visibleColumns_ = 0;
     int topTime_ = 0;
+    double zoom_ = 1;
     bool readOnly_ = false;
+    std::function<QDateTime()> clock_;
+
+    // What arrange makes of the rest.
+    mutable bool dirty_ = true;
+    mutable bool scrolling_ = false;  ///< The scroll bars are being set, not used.
+    mutable CalendarStyle style_;
+    mutable CalendarLayout layout_;
+    mutable CalendarGrid grid_;
+    CalendarState state_;
+    QScrollBar* vertical_;
+    QScrollBar* horizontal_;
+
+    std::optional<Press> press_;
+    std::optional<Drag> drag_;
+    std::optional<SelectedTime> rangeBeforePress_;
+    int rangeAnchor_ = 0;  ///< Minute from which Shift extends the range.
+    QPoint lastDragPos_;
+
+    QLineEdit* editor_ = nullptr;
+    int editedItem_ = 0;
+
+    std::deque<Report> reports_;
+    QTimer presentTimer_;
+    QTimer scrollTimer_;
+    QTimer editTimer_;  ///< Runs between the slow second click and the in-place edit.
 };

@@ -1,0 +1,101 @@
+#include "platform/calendar/colour.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "platform/calendar/item.h"
+
+namespace {
+
+/// Linear light by channel value; cards ask for it by the thousand.
+const std::array<double, 256>& LinearLight() {
+    static const std::array<double, 256> table = [] {
+        std::array<double, 256> light{};
+        for (std::size_t i = 0; i < light.size(); ++i) {
+            const double value = static_cast<double>(i) / 255.0;
+            light[i] = value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        }
+        return light;
+    }();
+    return table;
+}
+
+double Linear(int channel) {
+    return LinearLight()[static_cast<std::size_t>(channel)];
+}
+
+double Luminance(const QColor& color) {
+    return 0.2126 * Linear(color.red()) + 0.7152 * Linear(color.green()) + 0.0722 * Linear(color.blue());
+}
+
+/// Black or white, whichever is further from the colour: one of them always has a contrast of at least 4.58.
+QColor FurtherEnd(const QColor& color) {
+    return ContrastRatio(color, Qt::black) >= ContrastRatio(color, Qt::white) ? Qt::black : Qt::white;
+}
+
+/// A bar must be seen beside its own card, also a white one on white.
+QColor VisibleOn(const QColor& background, const QColor& color) {
+    constexpr double Visible = 2.2;
+    for (double share = 0; share < 1; share += 0.1) {
+        const QColor candidate = Mixed(color, FurtherEnd(background), share);
+        if (ContrastRatio(candidate, background) >= Visible)
+            return candidate;
+    }
+    return FurtherEnd(background);
+}
+
+/// Hatching that takes nothing from the text: a little towards the text where there is contrast to spare, else away.
+QColor PatternOn(const QColor& fill, const QColor& text) {
+    const QColor towards = Mixed(fill, text, 0.10);
+    if (ContrastRatio(towards, text) >= ReadableContrast)
+        return towards;
+    return Mixed(fill, Luminance(text) > Luminance(fill) ? Qt::black : Qt::white, 0.18);
+}
+
+}  // namespace
+
+QColor ColorFromWindows(int value) {
+    const auto bits = static_cast<unsigned>(value);
+    return {static_cast<int>(bits & 0xFFU), static_cast<int>(bits >> 8U & 0xFFU),
+            static_cast<int>(bits >> 16U & 0xFFU)};
+}
+
+double ContrastRatio(const QColor& one, const QColor& other) {
+    const double first = Luminance(one);
+    const double second = Luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+QColor Mixed(const QColor& from, const QColor& to, double share) {
+    const auto mix = [share](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * share)); };
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
+
+QColor ReadableOn(const QColor& background, const QColor& preferred) {
+    const QColor end = FurtherEnd(background);
+    for (double share = 0; share < 1; share += 0.125) {
+        const QColor candidate = Mixed(preferred, end, share);
+        if (ContrastRatio(candidate, background) >= ReadableContrast)
+            return candidate;
+    }
+    return end;
+}
+
+CardColors CardColorsFor(const CalendarItem& item, const QColor& base, const QColor& text) {
+    const bool dark = base.lightness() < 128;
+    const QColor color = ColorFromWindows(item.ItemColor);
+    CardColors card;
+    card.fill = item.ItemBackColor ? Mixed(ColorFromWindows(*item.ItemBackColor), base, dark ? 0.25 : 0.0)
+                                   : Mixed(base, color, dark ? 0.30 : 0.15);
+    card.text = ReadableOn(card.fill, text);
+    card.pattern = PatternOn(card.fill, card.text);
+    const QColor harder =
+        ContrastRatio(card.text, card.fill) < ContrastRatio(card.text, card.pattern) ? card.fill : card.pattern;
+    card.dimText = ReadableOn(harder, Mixed(card.text, harder, 0.30));
+    if (ContrastRatio(card.dimText, card.fill) < ReadableContrast)
+        card.dimText = card.text;
+    card.edge = VisibleOn(card.fill, color);
+    card.outline = Mixed(card.fill, card.edge, 0.45);
+    return card;
+}

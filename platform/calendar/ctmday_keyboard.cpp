@@ -1,0 +1,219 @@
+#include <algorithm>
+#include <QKeyEvent>
+
+#include "platform/calendar/ctmday.h"
+
+SelectedTime ctMDay::rowAt(int column, int minute) const {
+    const TimeScale& scale = grid().scale;
+    return {column, scale.rowStart(minute), scale.rowEnd(minute)};
+}
+
+/// Where the keyboard begins: at the selected item, else at the prime hours of the first column.
+SelectedTime ctMDay::startCell() const {
+    if (const PlacedItem* placed = layout().find(state_.selectedItem); placed != nullptr)
+        return rowAt(placed->column, placed->start);
+    return rowAt(std::max(ColumnOfItem(state_.selectedItem), 1), content_.primeStart);
+}
+
+QPoint ctMDay::popupPlace() const {
+    if (state_.selectedItem > 0)
+        return mapToGlobal(ItemRect(state_.selectedItem).center());
+    if (state_.range)
+        return mapToGlobal(CellRect(state_.range->column, state_.range->start).center());
+    return mapToGlobal(grid().body().center());
+}
+
+void ctMDay::keyPressEvent(QKeyEvent* event) {
+    if (editor_ != nullptr)  // What the line edit has no use for is not for the calendar under it either.
+        return;
+    editTimer_.stop();
+    const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+    if (drag_ || state_.draggedItem != 0) {
+        if (event->key() == Qt::Key_Escape)
+            cancelGesture();
+        return;
+    }
+    if (control && (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)) {
+        Q_EMIT DayStepRequested(event->key() == Qt::Key_PageUp ? -1 : 1);
+    } else if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) {
+        zoomAt(grid().body().center().y(), 1.15);
+    } else if (control && event->key() == Qt::Key_Minus) {
+        zoomAt(grid().body().center().y(), 1 / 1.15);
+    } else if (control && event->key() == Qt::Key_0) {
+        zoomAt(grid().body().center().y(), 1 / zoom_);
+    } else if (!keyOnSelection(event) && !keyMovesItem(event) && !keyMovesCell(event)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool ctMDay::keyOnSelection(QKeyEvent* event) {
+    const int item = state_.selectedItem;
+    const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (item == 0 && !state_.range)
+                return false;
+            report(item > 0 ? Report::Kind::Activated : Report::Kind::RangeActivated, item);
+            return true;
+        case Qt::Key_F2:
+            EditItem(item);
+            return true;
+        case Qt::Key_Delete:
+            if (item > 0)
+                report(Report::Kind::Delete, item);
+            return item > 0;
+        case Qt::Key_Menu:
+            report(Report::Kind::Popup, item, {}, popupPlace());
+            return true;
+        case Qt::Key_F10:
+            if (shift)
+                report(Report::Kind::Popup, item, {}, popupPlace());
+            return shift;
+        case Qt::Key_Escape:
+            if (item == 0 || ColumnOfItem(item) == 0)
+                return false;
+            selectTime(startCell());
+            Q_EMIT RangeSelected();
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// Ctrl and an arrow moves the item by a row or a column; with Shift its end.
+bool ctMDay::keyMovesItem(QKeyEvent* event) {
+    const int item = state_.selectedItem;
+    if (item == 0 || !event->modifiers().testFlag(Qt::ControlModifier))
+        return false;
+    int rows = 0;
+    int columns = 0;
+    switch (event->key()) {
+        case Qt::Key_Up:
+            rows = -1;
+            break;
+        case Qt::Key_Down:
+            rows = 1;
+            break;
+        case Qt::Key_Left:
+            columns = -1;
+            break;
+        case Qt::Key_Right:
+            columns = 1;
+            break;
+        default:
+            return false;
+    }
+    if (std::as_const(*this).Item(item).ItemBanner || !mayMove(item)) {
+        report(Report::Kind::Refused, item);
+        return true;
+    }
+    const ItemPlace from = PlaceOf(std::as_const(*this).Item(item), content_);
+    const bool sizes = event->modifiers().testFlag(Qt::ShiftModifier) && columns == 0;
+    const int edge = sizes ? from.end : from.start;
+    Drag drag(sizes ? Drag::Kind::ResizeBottom : Drag::Kind::Move, item, from, edge);
+    drag.move(from.column + columns, edge + rows * content_.timeInterval, content_);
+    if (drag.changes()) {
+        state_.draggedItem = item;
+        reportDrop(item, drag.place());
+    }
+    return true;
+}
+
+bool ctMDay::keyMovesCell(QKeyEvent* event) {
+    if (ColumnCount() == 0)
+        return false;
+    const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
+    const bool onItem = state_.selectedItem > 0;
+    const bool begins = !state_.range;
+    const SelectedTime cell = state_.range ? *state_.range : startCell();
+    // The end that moves is the one away from where the selection began.
+    const int active = extend && !begins && cell.start < rangeAnchor_ ? cell.start : extend ? cell.end - 1 : cell.start;
+    const int page =
+        std::max(grid().scale.minuteAt(grid().body().height()) - grid().scale.first - content_.timeInterval,
+                 content_.timeInterval);
+    switch (event->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down: {
+            const bool down = event->key() == Qt::Key_Down;
+            if (onItem && !extend)
+                stepInColumn(down ? 1 : -1);
+            else if (begins && !extend)
+                goToRow(cell.column, cell.start, false);
+            else
+                goToRow(cell.column,
+                        down ? rowAt(cell.column, extend ? active : cell.end - 1).end
+                             : rowAt(cell.column, active).start - 1,
+                        extend);
+            return true;
+        }
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            goToRow(std::clamp(cell.column + (event->key() == Qt::Key_Left ? -1 : 1), 1, ColumnCount()), cell.start,
+                    false);
+            return true;
+        case Qt::Key_Home:
+            goToRow(cell.column, grid().scale.first, extend);
+            return true;
+        case Qt::Key_End:
+            goToRow(cell.column, grid().scale.last - 1, extend);
+            return true;
+        case Qt::Key_PageUp:
+            goToRow(cell.column, active - page, extend);
+            return true;
+        case Qt::Key_PageDown:
+            goToRow(cell.column, active + page, extend);
+            return true;
+        default:
+            return false;
+    }
+}
+
+void ctMDay::goToRow(int column, int minute, bool extend) {
+    const SelectedTime row = rowAt(column, minute);
+    if (extend) {
+        if (!state_.range)
+            rangeAnchor_ = startCell().start;
+        const SelectedTime anchor = rowAt(column, rangeAnchor_);
+        selectTime({column, std::min(anchor.start, row.start), std::max(anchor.end, row.end)});
+    } else {
+        rangeAnchor_ = row.start;
+        selectTime(row);
+    }
+    const QRect body = grid().body();
+    const QRect cell = grid().timeRect(column, row.start, row.end);
+    const auto outside = [](int low, int high, int from, int to) {
+        return low < from ? low - from : high > to ? high - to : 0;
+    };
+    scrollTo(grid().scrollX + outside(cell.left(), cell.right(), body.left(), body.right()),
+             grid().scrollY + outside(cell.top(), cell.bottom(), body.top(), body.bottom()));
+    Q_EMIT RangeSelected();
+}
+
+void ctMDay::stepInColumn(int direction) {
+    const std::vector<int> order = layout().readingOrder();
+    const auto here = std::find(order.begin(), order.end(), state_.selectedItem);
+    if (here == order.end())
+        return;
+    const std::ptrdiff_t next = here - order.begin() + direction;
+    if (next < 0 || next >= static_cast<std::ptrdiff_t>(order.size()))
+        return;
+    const int index = order[static_cast<std::size_t>(next)];
+    if (ColumnOfItem(index) == ColumnOfItem(state_.selectedItem)) {
+        setSelectedItem(index);
+        ScrollToItem(state_.selectedItem);
+    }
+}
+
+bool ctMDay::stepItem(int direction) {
+    const std::vector<int> order = layout().readingOrder();
+    const auto here = std::find(order.begin(), order.end(), state_.selectedItem);
+    std::ptrdiff_t next = direction > 0 ? 0 : static_cast<std::ptrdiff_t>(order.size()) - 1;
+    if (here != order.end())
+        next = here - order.begin() + direction;
+    if (next < 0 || next >= static_cast<std::ptrdiff_t>(order.size()))
+        return false;
+    setSelectedItem(order[static_cast<std::size_t>(next)]);
+    ScrollToItem(state_.selectedItem);
+    return true;
+}

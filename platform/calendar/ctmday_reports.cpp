@@ -1,0 +1,95 @@
+#include <QMetaObject>
+#include <QPointer>
+
+#include "platform/calendar/ctmday.h"
+
+void ctMDay::report(Report::Kind kind, int index, const QString& text, QPoint pos) {
+    // The Menu key may arrive as a key and as a context menu event: one popup.
+    if (kind == Report::Kind::Popup && !reports_.empty() && reports_.back().kind == kind)
+        return;
+    reports_.push_back({kind, index, generation_, {}, text, pos});
+    QMetaObject::invokeMethod(this, &ctMDay::deliverReports, Qt::QueuedConnection);
+}
+
+void ctMDay::reportDrop(int index, const ItemPlace& place) {
+    state_.ghost = place;
+    update();
+    reports_.push_back({Report::Kind::Drop, index, generation_, place, {}, {}});
+    QMetaObject::invokeMethod(this, &ctMDay::deliverReports, Qt::QueuedConnection);
+}
+
+void ctMDay::deliverReports() {
+    // A view that answers with a dialog runs an event loop, in which later reports are delivered from here again; one
+    // that closes the calendar ends it all.
+    const QPointer<ctMDay> alive(this);
+    while (alive && !reports_.empty()) {
+        const Report next = reports_.front();
+        reports_.pop_front();
+        deliver(next);
+    }
+}
+
+void ctMDay::deliverTexts() {
+    // Before items go: what was typed must still reach the view.
+    const QPointer<ctMDay> alive(this);
+    for (std::size_t i = 0; alive && i < reports_.size();) {
+        if (reports_[i].kind != Report::Kind::Text) {
+            ++i;
+            continue;
+        }
+        const Report text = reports_[i];
+        reports_.erase(reports_.begin() + static_cast<std::ptrdiff_t>(i));
+        deliver(text);
+        i = 0;
+    }
+}
+
+void ctMDay::deliver(const Report& report) {
+    if (report.kind == Report::Kind::Drop) {
+        deliverDrop(report);
+        return;
+    }
+    if (report.generation != generation_ && report.index > 0)
+        return;
+    switch (report.kind) {
+        case Report::Kind::Refused:
+            Q_EMIT MoveRefused(report.index);
+            break;
+        case Report::Kind::Text:
+            Q_EMIT TextEdited(report.index, report.text);
+            break;
+        case Report::Kind::Activated:
+            Q_EMIT ItemActivated(report.index);
+            break;
+        case Report::Kind::RangeActivated:
+            Q_EMIT RangeActivated();
+            break;
+        case Report::Kind::Popup:
+            Q_EMIT PopupRequested(report.index, report.pos);
+            break;
+        case Report::Kind::Delete:
+            Q_EMIT DeleteRequested(report.index);
+            break;
+        case Report::Kind::Drop:
+            break;
+    }
+}
+
+void ctMDay::deliverDrop(const Report& report) {
+    const QPointer<ctMDay> alive(this);
+    bool cancel = report.generation != generation_;
+    if (!cancel)
+        Q_EMIT BeforeDrop(report.index, report.place, &cancel);
+    if (!alive)
+        return;
+    cancelGesture();
+    if (cancel || report.generation != generation_)
+        return;
+    CalendarItem& item = Item(report.index);
+    const ItemPlace old = PlaceOf(item, content_);
+    PutAt(item, report.place, content_);
+    if (report.index == state_.selectedItem)
+        ScrollToItem(report.index);
+    announceSelection();
+    Q_EMIT ItemChanged(report.index, old);
+}
