@@ -85,16 +85,19 @@ QRect PaintGlyphs(QPainter& painter, QRect line, int room, const CalendarItem& i
     return line;
 }
 
+/// Draws a line of text from its left end, shortened to the line.
 void DrawLine(QPainter& painter, const QRect& line, const QString& text, const QFont& font, const QColor& color) {
     if (text.isEmpty())
         return;
     painter.setFont(font);
     painter.setPen(color);
-    const QFontMetrics metrics(font);
+    const QFontMetrics metrics = painter.fontMetrics();
     // In a sliver three letters say more than one letter and dots.
     const bool sliver = line.width() < metrics.averageCharWidth() * 6;
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     sliver ? text.left(8) : metrics.elidedText(text, Qt::ElideRight, line.width()));
+    const QString shown = sliver ? text.left(8) : metrics.elidedText(text, Qt::ElideRight, line.width());
+    // Drawing from a point spares the layout that drawing into a rectangle makes.
+    painter.drawText(QPointF(line.left(), line.top() + (line.height() - metrics.height()) / 2.0 + metrics.ascent()),
+                     shown);
 }
 
 class CardText {

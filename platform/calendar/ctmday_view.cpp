@@ -83,11 +83,24 @@ void ctMDay::placeScrollBars(bool vertical, bool horizontal) const {
 void ctMDay::scrolled() {
     if (scrolling_ || dirty_)
         return;
+    const int right = horizontal_->value() - grid_.scrollX;
+    const int down = vertical_->value() - grid_.scrollY;
     grid_.scrollX = horizontal_->value();
     grid_.scrollY = vertical_->value();
     topTime_ = grid_.scale.minuteAt(grid_.scrollY);
     placeEditor();
-    update();
+    if (editor_ != nullptr || state_.ghost) {
+        update();
+        return;
+    }
+    // What stays in sight is moved as it is; only what comes into sight is painted.
+    scroll(-right, -down, grid_.body());
+    if (down != 0)
+        scroll(0, -down, grid_.gutter());
+    if (right != 0)
+        update(0, 0, width(), grid_.body().top());
+    if (right != 0 && grid_.laterStrip)
+        update(QRect(0, grid_.body().bottom() + 1, width(), grid_.stripHeight));
 }
 
 void ctMDay::scrollTo(int x, int y) {
