@@ -46,9 +46,15 @@ QString takeValue(const QString& text, qsizetype& at) {
     return value;
 }
 
-/// A value of an ODBC text: in braces, so that it may hold anything.
-QString braced(QString value) {
-    return QLatin1Char('{') + value.replace(QLatin1Char('}'), QLatin1String("}}")) + QLatin1Char('}');
+/// Database, user and password of an ODBC text: in braces, so that they may hold what ends a field. `closing` is how
+/// the driver reads a closing brace inside.
+QString loginFields(const ConnectionFields& fields, const QString& closing) {
+    const auto braced = [&](const char* field) {
+        return QLatin1Char('{') + fields.value(QLatin1String(field)).replace(QLatin1Char('}'), closing) +
+               QLatin1String("};");
+    };
+    return QLatin1String("DATABASE=") + braced("initial catalog") + QLatin1String("UID=") + braced("user id") +
+           QLatin1String("PWD=") + braced("password");
 }
 
 QString microsoftDriver(const QStringList& drivers) {
@@ -94,16 +100,15 @@ QString EmbeddedFile(const ConnectionFields& fields) {
 
 QString SqlServerText(const ConnectionFields& fields, const QStringList& drivers) {
     const QString server = fields.value(QStringLiteral("data source"));
-    const QString tail =
-        QStringLiteral(";APP=SVScheduler;DATABASE=%1;UID=%2;PWD=%3")
-            .arg(braced(fields.value(QStringLiteral("initial catalog"))),
-                 braced(fields.value(QStringLiteral("user id"))), braced(fields.value(QStringLiteral("password"))));
     const QString microsoft = microsoftDriver(drivers);
     if (!microsoft.isEmpty()) {
         // Every server can encrypt: one without a certificate makes its own.
-        return QStringLiteral("DRIVER={%1};SERVER=%2;Encrypt=yes;TrustServerCertificate=yes").arg(microsoft, server) +
-               tail;
+        return QStringLiteral("DRIVER={%1};SERVER=%2;Encrypt=yes;TrustServerCertificate=yes;APP=SVScheduler;")
+                   .arg(microsoft, server) +
+               loginFields(fields, QStringLiteral("}}"));
     }
+    if (fields.value(QStringLiteral("password")).contains(QLatin1String("};")))
+        throw DatabaseError(-2147467259, QStringLiteral("The FreeTDS driver cannot send this password."));
     const qsizetype comma = server.indexOf(QLatin1Char(','));
     const QString host = (comma < 0 ? server : server.first(comma)).trimmed();
     QString place = QStringLiteral("SERVER=") + host;
@@ -112,7 +117,8 @@ QString SqlServerText(const ConnectionFields& fields, const QStringList& drivers
     else if (!host.contains(QLatin1Char('\\')))
         place += QStringLiteral(";PORT=1433");
     return QStringLiteral("DRIVER={FreeTDS};") + place +
-           QStringLiteral(";TDS_Version=7.4;ClientCharset=UTF-8;Encryption=request") + tail;
+           QStringLiteral(";TDS_Version=7.4;ClientCharset=UTF-8;Encryption=request;APP=SVScheduler;") +
+           loginFields(fields, QStringLiteral("}"));
 }
 
 QStringList InstalledOdbcDrivers() {

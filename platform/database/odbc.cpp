@@ -29,9 +29,13 @@ constexpr int sqlBit = -7;
 /// What the driver and the server said, without the chain of who passed it on.
 QString sentence(const QSqlError& error) {
     static const QRegularExpression chain(
-        QStringLiteral(R"(\[(unixODBC|Driver Manager|FreeTDS|Microsoft|SQL Server|SQLite|ODBC Driver [^\]]*)\])"));
-    const QString said = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    return QString(said).remove(chain).trimmed();
+        QStringLiteral(R"((\[(unixODBC|Driver Manager|FreeTDS|Microsoft|SQL Server|SQLite|ODBC Driver [^\]]*)\])+)"));
+    QStringList said = error.databaseText().split(chain, Qt::SkipEmptyParts);
+    for (QString& each : said)
+        each = each.trimmed();
+    if (said.size() > 1)
+        said.removeAll(QStringLiteral("Unable to connect to data source"));
+    return said.isEmpty() ? error.driverText() : said.join(QLatin1Char(' '));
 }
 
 DatabaseError failure(const QSqlError& error, const QString& statement) {
@@ -44,15 +48,19 @@ DatabaseError loginFailure(const QSqlError& error) {
     constexpr int loginRefused = 18456;
     constexpr int noSuchDatabase = 4060;
     constexpr int firstOfDriver = 20000;  // FreeTDS counts its own failures from here.
+    constexpr int unspecified = -2147467259;
     const int number = error.nativeErrorCode().toInt();
     const QString said = sentence(error);
+    // The server tells both, the refusal last.
     if (number == loginRefused && said.contains(QLatin1String("Cannot open database")))
         return {noSuchDatabase, said};
     const QString raw = error.databaseText();
-    const bool fromServer = raw.contains(QLatin1String("[SQL Server]")) && number > 0 && number < firstOfDriver;
-    if (fromServer || raw.contains(QLatin1String("[Driver Manager]")) || !raw.contains(QLatin1Char('[')))
+    if (raw.contains(QLatin1String("[SQL Server]")) && number > 0 && number < firstOfDriver)
         return {number, said};
-    return {number, QStringLiteral("SQL Server does not exist or access denied. ") + said};
+    const int told = number == 0 ? unspecified : number;
+    if (raw.contains(QLatin1String("[Driver Manager]")) || !raw.contains(QLatin1Char('[')))
+        return {told, said};
+    return {told, QStringLiteral("SQL Server does not exist or access denied. ") + said};
 }
 
 ColumnType typeOf(const QSqlField& field) {
@@ -189,7 +197,7 @@ OdbcEngine::~OdbcEngine() {
 }
 
 qint64 OdbcEngine::execute(const QString& statement, const std::vector<Value>& bound) {
-    if (sqlServer_ && !bound.empty() && statement.startsWith(QLatin1String("Insert "), Qt::CaseInsensitive))
+    if (sqlServer_ && statement.trimmed().startsWith(QLatin1String("Insert "), Qt::CaseInsensitive))
         return insertOnServer(statement, bound);
     return run(statement, bound).numRowsAffected();
 }
