@@ -1,0 +1,158 @@
+#include <algorithm>
+#include <iterator>
+
+#include "platform/database/embedded/expression.h"
+#include "platform/database/embedded/like.h"
+#include "platform/database/embedded/names.h"
+#include "platform/database/embedded/store.h"
+#include "platform/database/embedded/textorder.h"
+#include "platform/database/value.h"
+
+namespace db::embedded {
+
+namespace {
+
+using Form = Expression::Form;
+
+bool isNumber(Kind kind) {
+    return kind == Kind::Bit || kind == Kind::Integer || kind == Kind::Real;
+}
+
+void becomeDateTime(Expression& expression, bool besideColumn) {
+    if (expression.form == Form::Text)
+        expression.sql = QuotedText(DateTimeFromText(expression.name));
+    else if (expression.form == Form::Parameter ? !besideColumn
+                                                : expression.kind != Kind::DateTime && expression.kind != Kind::Null)
+        expression.sql = "svs_datetime(" + expression.sql + ")";
+    else
+        return;
+    expression.kind = Kind::DateTime;
+}
+
+void becomeNumber(Expression& expression, Kind kind) {
+    if (expression.form == Form::Text) {
+        const SqlType type = *MakeType(kind == Kind::Real ? "float" : kind == Kind::Bit ? "bit" : "int");
+        const Cell number = NumberFromText(expression.name, type);
+        const auto* whole = std::get_if<qint64>(&number);
+        expression.sql = whole ? std::to_string(*whole) : NumberText(std::get<double>(number)).toStdString();
+    } else if (expression.kind == Kind::Text) {
+        expression.sql = "svs_number(" + expression.sql + ")";
+    } else {
+        return;
+    }
+    expression.kind = kind;
+}
+
+void appendParts(std::vector<Expression>& parts, Expression expression) {
+    if (expression.parts.empty())
+        parts.push_back(std::move(expression));
+    else
+        std::move(expression.parts.begin(), expression.parts.end(), std::back_inserter(parts));
+}
+
+Expression joined(Expression left, Expression right) {
+    Expression result{.sql = "(" + left.sql + " || " + right.sql + ")", .kind = Kind::Text};
+    appendParts(result.parts, std::move(left));
+    appendParts(result.parts, std::move(right));
+    return result;
+}
+
+std::string asText(const Expression& expression) {
+    if (expression.kind == Kind::DateTime)
+        return "svs_date_text(" + expression.sql + ", 0, 0)";
+    if (isNumber(expression.kind))
+        return "svs_cast_text(" + expression.sql + ", 0)";
+    return expression.sql;
+}
+
+/// What the first part must start with when the whole starts with the prefix: all of it, or all before the first
+/// character of the literal that follows, since a shorter first part would put that character there.
+std::string prefixOfFirstPart(const Expression& left, std::string_view prefix) {
+    if (left.parts.empty())
+        return std::string(prefix);
+    const Expression& second = left.parts[1];
+    if (second.form != Form::Text || second.name.empty())
+        return {};
+    std::string_view rest = second.name;
+    const char32_t separator = FoldCharacter(TakeCharacter(rest));
+    std::string result;
+    for (rest = prefix; !rest.empty();) {
+        const char32_t character = TakeCharacter(rest);
+        if (FoldCharacter(character) == separator)
+            break;
+        AppendCharacter(result, character);
+    }
+    return result;
+}
+
+/// A range on the column's own order that holds every match, so that an index finds them.
+std::string likeRange(const Expression& left, const Expression& pattern) {
+    const Expression& first = left.parts.empty() ? left : left.parts.front();
+    if (first.form != Form::Column || first.kind != Kind::Text || pattern.form != Form::Text)
+        return {};
+    std::string prefix = prefixOfFirstPart(left, LikePrefix(pattern.name));
+    if (WithoutTrailingBlanks(prefix).empty())
+        return {};
+    std::string beyond = prefix;
+    AppendCharacter(beyond, 0x10FFFF);
+    return first.sql + " >= " + QuotedText(prefix) + " AND " + first.sql + " < " + QuotedText(beyond) + " AND ";
+}
+
+}  // namespace
+
+Kind CommonKind(Kind a, Kind b) {
+    return std::max(a, b);
+}
+
+std::string Collated(const Expression& expression) {
+    const bool bare = expression.kind == Kind::Text && expression.form != Form::Column;
+    return bare ? expression.sql + " COLLATE SVS_TEXT" : expression.sql;
+}
+
+void MakeComparable(Expression& left, Expression& right) {
+    const bool column = left.form == Form::Column || right.form == Form::Column;
+    if (left.kind == Kind::DateTime || right.kind == Kind::DateTime) {
+        becomeDateTime(left, column);
+        becomeDateTime(right, column);
+    } else if (isNumber(left.kind) || isNumber(right.kind)) {
+        becomeNumber(left, right.kind);
+        becomeNumber(right, left.kind);
+    } else if (!column && (left.kind == Kind::Text || right.kind == Kind::Text)) {
+        right.sql += " COLLATE SVS_TEXT";
+    }
+}
+
+Expression Plus(Expression left, Expression right) {
+    const bool leftText = left.kind == Kind::Text || left.kind == Kind::Null;
+    const bool rightText = right.kind == Kind::Text || right.kind == Kind::Null;
+    if (leftText && rightText)
+        return joined(std::move(left), std::move(right));
+    if (left.kind == Kind::DateTime || right.kind == Kind::DateTime) {
+        if (left.kind != Kind::DateTime)
+            std::swap(left, right);
+        return {.sql = "svs_date_plus(" + left.sql + ", " + right.sql + ")", .kind = Kind::DateTime};
+    }
+    if (left.kind == Kind::Unknown || right.kind == Kind::Unknown) {
+        const Kind other = CommonKind(left.kind, right.kind);
+        return {.sql = "svs_add(" + left.sql + ", " + right.sql + ")", .kind = isNumber(other) ? other : Kind::Unknown};
+    }
+    MakeComparable(left, right);
+    const Kind kind = CommonKind(Kind::Integer, CommonKind(left.kind, right.kind));
+    return {.sql = "(" + left.sql + " + " + right.sql + ")", .kind = kind};
+}
+
+Expression Like(const Context& context, Expression left, const Expression& pattern, const std::string& escape,
+                bool negated) {
+    std::string sql = "svs_like(" + asText(pattern) + ", " + QuotedText(escape);
+    if (left.parts.empty())
+        sql += ", " + asText(left);
+    for (const Expression& part : left.parts)
+        sql += ", " + asText(part);
+    sql += ")";
+    // Where a row with null would be false instead of unknown, the difference must not show.
+    if (!negated && !context.negated && escape.empty())
+        sql = likeRange(left, pattern) + sql;
+    return {.sql = negated ? "NOT " + sql : "(" + sql + ")", .kind = Kind::Bit, .condition = true};
+}
+
+}  // namespace db::embedded

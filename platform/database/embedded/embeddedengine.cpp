@@ -1,0 +1,335 @@
+#include "platform/database/embedded/embeddedengine.h"
+
+#include <algorithm>
+#include <QFileInfo>
+
+#include "platform/database/embedded/faults.h"
+#include "platform/database/embedded/functioncall.h"
+#include "platform/database/embedded/names.h"
+#include "platform/database/embedded/store.h"
+#include "platform/database/error.h"
+
+namespace db::embedded {
+
+namespace {
+
+constexpr int lockTimeoutMilliseconds = 30'000;
+constexpr std::size_t keptStatements = 128;
+
+DatabaseHandle openHandle(const QString& file, bool create, const QString& database) {
+    const bool inMemory = file == QStringLiteral(":memory:");
+    const QFileInfo info(file);
+    if (!inMemory && !create && !info.exists())
+        throw MissingDatabase(database);
+    // SQLite takes an empty file for a new database; without create it is the rest of something that failed.
+    if (!inMemory && !create && info.isFile() && info.size() == 0)
+        throw OpeningFault(SQLITE_NOTADB, database);
+    sqlite3* handle = nullptr;
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create || inMemory ? SQLITE_OPEN_CREATE : 0);
+    const int code = sqlite3_open_v2(file.toUtf8().constData(), &handle, flags, nullptr);
+    DatabaseHandle opened(handle);
+    if (code != SQLITE_OK)
+        throw OpeningFault(code, database);
+    return opened;
+}
+
+void bindCell(sqlite3_stmt* statement, int place, const Cell& cell) {
+    if (const auto* whole = std::get_if<qint64>(&cell))
+        sqlite3_bind_int64(statement, place, *whole);
+    else if (const auto* number = std::get_if<double>(&cell))
+        sqlite3_bind_double(statement, place, *number);
+    else if (const auto* text = std::get_if<std::string>(&cell))
+        sqlite3_bind_text(statement, place, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+    else
+        sqlite3_bind_null(statement, place);
+}
+
+void appendCell(ResultTable& table, sqlite3_stmt* statement, int column) {
+    switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_NULL:
+            table.appendNull();
+            break;
+        case SQLITE_INTEGER:
+            table.appendInteger(sqlite3_column_int64(statement, column));
+            break;
+        case SQLITE_FLOAT:
+            table.appendReal(sqlite3_column_double(statement, column));
+            break;
+        default: {
+            const std::string_view text = ColumnText(statement, column);
+            table.appendText(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+        }
+    }
+}
+
+ColumnType typeOfValue(sqlite3_stmt* statement, int column) {
+    switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_INTEGER:
+            return ColumnType::Integer;
+        case SQLITE_FLOAT:
+            return ColumnType::Real;
+        default:
+            return ColumnType::Text;
+    }
+}
+
+/// Leaves a statement ready for its next use, however this one ends.
+class Running {
+  public:
+    explicit Running(sqlite3_stmt* statement) : statement_(statement) {}
+    ~Running() {
+        sqlite3_reset(statement_);
+        sqlite3_clear_bindings(statement_);
+    }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+  private:
+    sqlite3_stmt* statement_;
+};
+
+struct StoreState {
+    FunctionState* state;
+    Catalog* catalog;
+};
+
+/// svs_store(value, table, column): what the column keeps of the value of an expression.
+void store(sqlite3_context* context, int count, sqlite3_value** arguments) {
+    const auto* shared = static_cast<StoreState*>(sqlite3_user_data(context));
+    const FunctionCall call(context, count, arguments);
+    try {
+        const auto table = shared->catalog->table(call.text(1));
+        call.give(StoredCell(*table, *table->find(call.text(2)), call.cell(0)));
+    } catch (const DatabaseError& error) {
+        ReportFault(context, shared->state, error);
+    }
+}
+
+}  // namespace
+
+EmbeddedEngine::EmbeddedEngine(const QString& file, bool create)
+    : database_(QFileInfo(file).completeBaseName()),
+      handle_(openHandle(file, create, database_)),
+      catalog_(handle_.get()) {
+    sqlite3_extended_result_codes(handle_.get(), 1);
+    setLockTimeout(lockTimeoutMilliseconds);
+    RegisterDialect(handle_.get(), &state_);
+    registerStore();
+    configure();
+}
+
+/// The first read of the file is here, so that a damaged one is found when it is opened.
+void EmbeddedEngine::configure() {
+    sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_limit(handle_.get(), SQLITE_LIMIT_ATTACHED, 0);
+    run("Select count(*) From sqlite_master");
+    if (sqlite3_db_readonly(handle_.get(), "main") == 0)
+        run("Pragma journal_mode = WAL");
+    run("Pragma synchronous = NORMAL");
+    run("Pragma foreign_keys = ON");
+    run("Pragma cache_size = -20000");
+    run("Pragma temp_store = MEMORY");
+}
+
+void EmbeddedEngine::registerStore() {
+    auto* shared = new StoreState{&state_, &catalog_};
+    sqlite3_create_function_v2(handle_.get(), "svs_store", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, shared, store,
+                               nullptr, nullptr, [](void* old) { delete static_cast<StoreState*>(old); });
+}
+
+void EmbeddedEngine::setLockTimeout(int milliseconds) {
+    sqlite3_busy_timeout(handle_.get(), milliseconds);
+}
+
+qint64 EmbeddedEngine::execute(const QString& statement, const std::vector<Value>& bound) {
+    Statement& prepared = prepare(statement);
+    const Translation::Kind kind = prepared.translation.kind;
+    {
+        const Running running(prepared.handle.get());
+        bind(statement, prepared, bound);
+        while (step(statement, prepared)) {
+        }
+    }
+    if (kind == Translation::Kind::Definition)
+        forgetSchema();
+    return kind == Translation::Kind::Write ? sqlite3_changes64(handle_.get()) : 0;
+}
+
+ResultTable EmbeddedEngine::query(const QString& statement, const std::vector<Value>& bound) {
+    Statement& prepared = prepare(statement);
+    if (prepared.translation.kind != Translation::Kind::Rows) {
+        execute(statement, bound);
+        return ResultTable();
+    }
+    const Running running(prepared.handle.get());
+    bind(statement, prepared, bound);
+    return readRows(statement, prepared);
+}
+
+ResultTable EmbeddedEngine::readRows(const QString& text, Statement& prepared) {
+    sqlite3_stmt* handle = prepared.handle.get();
+    bool row = step(text, prepared);
+    std::vector<Column> columns = prepared.translation.columns;
+    const auto count = static_cast<int>(columns.size());
+    for (int i = 0; row && i < count; ++i)
+        if (prepared.translation.typesFromRows[static_cast<std::size_t>(i)])
+            columns[static_cast<std::size_t>(i)].type = typeOfValue(handle, i);
+    ResultTable table(std::move(columns));
+    for (; row; row = step(text, prepared))
+        for (int i = 0; i < count; ++i)
+            appendCell(table, handle, i);
+    return table;
+}
+
+void EmbeddedEngine::begin() {
+    if (sqlite3_get_autocommit(handle_.get()) == 0)
+        throw DatabaseError(-2147168237, QStringLiteral("Only one transaction can be active on this session."));
+    run("Begin Immediate");
+}
+
+void EmbeddedEngine::commit() {
+    if (sqlite3_get_autocommit(handle_.get()) != 0)
+        throw DatabaseError(3902,
+                            QStringLiteral("The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."));
+    run("Commit");
+}
+
+void EmbeddedEngine::rollback() {
+    if (sqlite3_get_autocommit(handle_.get()) != 0)
+        throw DatabaseError(3903,
+                            QStringLiteral("The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION."));
+    run("Rollback");
+    // A table made within the transaction is gone with it.
+    forgetSchema();
+}
+
+const TableInfo& EmbeddedEngine::describe(const QString& table) {
+    const std::string name = table.toStdString();
+    if (const auto known = described_.find(LowerName(name)); known != described_.end())
+        return known->second;
+    TableInfo info;
+    const auto found = catalog_.table(name);
+    std::vector<const TableColumn*> keys;
+    for (const TableColumn& column : found->columns) {
+        info.columns.push_back({QString::fromStdString(column.name), ToColumnType(column.type.kind),
+                                column.type.maxLength, column.nullable});
+        if (column.identity)
+            info.identityColumn = QString::fromStdString(column.name);
+        if (column.keyPlace > 0)
+            keys.push_back(&column);
+    }
+    std::sort(keys.begin(), keys.end(), [](const auto* a, const auto* b) { return a->keyPlace < b->keyPlace; });
+    for (const TableColumn* key : keys)
+        info.keyColumns.push_back(QString::fromStdString(key->name));
+    return described_.emplace(LowerName(name), std::move(info)).first->second;
+}
+
+qint64 EmbeddedEngine::lastIdentity() {
+    return sqlite3_last_insert_rowid(handle_.get());
+}
+
+QString EmbeddedEngine::explain(const QString& statement) {
+    const Translation translation = translate(statement);
+    const auto plan = Prepare(handle_.get(), "Explain Query Plan " + translation.sql);
+    if (!plan)
+        fail(statement);
+    QStringList lines(QString::fromStdString(translation.sql));
+    while (sqlite3_step(plan.get()) == SQLITE_ROW) {
+        const std::string_view detail = ColumnText(plan.get(), 3);
+        lines.append(QString::fromUtf8(detail.data(), static_cast<qsizetype>(detail.size())));
+    }
+    return lines.join(u'\n');
+}
+
+Translation EmbeddedEngine::translate(const QString& statement) {
+    const QByteArray utf8 = statement.toUtf8();
+    const std::string_view text(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    constexpr int unknownColumn = 207;
+    try {
+        try {
+            return Translate(text, catalog_);
+        } catch (const DatabaseError& error) {
+            if (error.number != unknownColumn)
+                throw;
+        }
+        // Another desk may have added it since the table was read.
+        forgetSchema();
+        return Translate(text, catalog_);
+    } catch (DatabaseError& error) {
+        error.statement = statement;
+        throw;
+    }
+}
+
+EmbeddedEngine::Statement& EmbeddedEngine::prepare(const QString& statement) {
+    if (const auto known = byText_.find(statement); known != byText_.end()) {
+        statements_.splice(statements_.begin(), statements_, known.value());
+        return statements_.front().second;
+    }
+    Statement made{.translation = translate(statement), .handle = {}};
+    made.handle = Prepare(handle_.get(), made.translation.sql, SQLITE_PREPARE_PERSISTENT);
+    if (!made.handle)
+        fail(statement);
+    statements_.emplace_front(statement, std::move(made));
+    byText_.insert(statement, statements_.begin());
+    if (statements_.size() > keptStatements) {
+        byText_.remove(statements_.back().first);
+        statements_.pop_back();
+    }
+    return statements_.front().second;
+}
+
+void EmbeddedEngine::bind(const QString& statement, Statement& prepared, const std::vector<Value>& bound) {
+    const std::vector<BoundPlace>& places = prepared.translation.parameters;
+    if (bound.size() != places.size())
+        throw DatabaseError(8178,
+                            QStringLiteral("The parameterized query expects %1 parameters, of which %2 were supplied.")
+                                .arg(places.size())
+                                .arg(bound.size()),
+                            statement);
+    for (std::size_t i = 0; i < bound.size(); ++i) {
+        Cell cell = ToCell(bound[i]);
+        if (const auto& table = places[i].table)
+            cell = StoredCell(*table, table->columns[places[i].column], std::move(cell));
+        bindCell(prepared.handle.get(), static_cast<int>(i) + 1, cell);
+    }
+}
+
+bool EmbeddedEngine::step(const QString& text, Statement& prepared) {
+    const int code = sqlite3_step(prepared.handle.get());
+    if (code == SQLITE_ROW)
+        return true;
+    // The next statement has a moment of its own.
+    state_.now.clear();
+    if (code != SQLITE_DONE)
+        fail(text);
+    return false;
+}
+
+void EmbeddedEngine::forgetSchema() {
+    byText_.clear();
+    statements_.clear();
+    described_.clear();
+    catalog_.forget();
+}
+
+void EmbeddedEngine::run(const char* sql) {
+    if (sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        fail(QString::fromLatin1(sql));
+}
+
+void EmbeddedEngine::fail(const QString& statement) {
+    const int fault = std::exchange(state_.fault, 0);
+    throw FaultOf(handle_.get(), fault, database_, statement);
+}
+
+}  // namespace db::embedded
+
+namespace db {
+
+std::unique_ptr<Engine> OpenEmbedded(const QString& file, bool create) {
+    return std::make_unique<embedded::EmbeddedEngine>(file, create);
+}
+
+}  // namespace db

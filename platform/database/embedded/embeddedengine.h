@@ -1,0 +1,63 @@
+#pragma once
+
+#include <list>
+#include <QHash>
+#include <unordered_map>
+
+#include "platform/database/embedded/catalog.h"
+#include "platform/database/embedded/functions.h"
+#include "platform/database/embedded/sqlitehandle.h"
+#include "platform/database/embedded/translate.h"
+#include "platform/database/engine.h"
+
+namespace db::embedded {
+
+/// One session on a SQLite file that takes the system's T-SQL.
+///
+/// Readers never wait; a writer waits for another desk's write up to the lock timeout and then fails with 1222. A
+/// transaction that is open when the session ends is rolled back.
+class EmbeddedEngine final : public Engine {
+  public:
+    EmbeddedEngine(const QString& file, bool create);
+
+    qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
+    ResultTable query(const QString& statement, const std::vector<Value>& bound) override;
+    void begin() override;
+    void commit() override;
+    void rollback() override;
+    const TableInfo& describe(const QString& table) override;
+    qint64 lastIdentity() override;
+
+    void setLockTimeout(int milliseconds);
+    /// What SQLite is asked, for tests of the translation and of the use of indexes.
+    [[nodiscard]] QString explain(const QString& statement);
+
+  private:
+    struct Statement {
+        Translation translation;
+        StatementHandle handle;
+    };
+    using CachedStatement = std::pair<QString, Statement>;
+
+    void configure();
+    Translation translate(const QString& statement);
+    Statement& prepare(const QString& statement);
+    void bind(const QString& statement, Statement& prepared, const std::vector<Value>& bound);
+    /// Runs to the end, or to the first row; true for a row.
+    bool step(const QString& text, Statement& prepared);
+    ResultTable readRows(const QString& text, Statement& prepared);
+    void forgetSchema();
+    void run(const char* sql);
+    [[noreturn]] void fail(const QString& statement);
+    void registerStore();
+
+    QString database_;
+    FunctionState state_;
+    DatabaseHandle handle_;
+    Catalog catalog_;
+    std::list<CachedStatement> statements_;  ///< The one used last stands first.
+    QHash<QString, std::list<CachedStatement>::iterator> byText_;
+    std::unordered_map<std::string, TableInfo> described_;
+};
+
+}  // namespace db::embedded

@@ -1,0 +1,228 @@
+#include "platform/database/embedded/expression.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/database/embedded/names.h"
+#include "platform/database/error.h"
+
+namespace db::embedded {
+
+namespace {
+
+QString qt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+Expression condition(std::string sql) {
+    return {.sql = std::move(sql), .kind = Kind::Bit, .condition = true};
+}
+
+void requireValue(const Context& context, const Expression& expression) {
+    if (expression.condition)
+        context.in.fail();
+}
+
+void requireCondition(const Context& context, const Expression& expression) {
+    if (!expression.condition)
+        throw DatabaseError(
+            4145,
+            QStringLiteral(
+                "An expression of non-boolean type specified in a context where a condition is expected, near '%1'.")
+                .arg(qt(context.in.peek().text)));
+}
+
+Expression arithmetic(const std::string& op, const Expression& left, const Expression& right) {
+    Expression a = left;
+    Expression b = right;
+    if (op == "-" && left.kind == Kind::DateTime)
+        return {.sql = "svs_date_plus(" + left.sql + ", -(" + right.sql + "))", .kind = Kind::DateTime};
+    // A text among numbers becomes one; MakeComparable knows how.
+    Expression zero{.sql = "0", .kind = CommonKind(Kind::Integer, CommonKind(a.kind, b.kind))};
+    if (a.kind == Kind::Text)
+        MakeComparable(a, zero);
+    if (b.kind == Kind::Text)
+        MakeComparable(b, zero);
+    const Kind kind = CommonKind(Kind::Integer, CommonKind(a.kind, b.kind));
+    if (op == "^")
+        return {.sql = "((" + a.sql + " | " + b.sql + ") - (" + a.sql + " & " + b.sql + "))", .kind = kind};
+    return {.sql = "(" + a.sql + " " + op + " " + b.sql + ")", .kind = kind};
+}
+
+Expression readUnary(Context& context) {
+    TokenReader& in = context.in;
+    if (in.acceptOperator("+"))
+        return readUnary(context);
+    const bool minus = in.atOperator("-");
+    if (!minus && !in.atOperator("~"))
+        return ReadPrimary(context);
+    in.next();
+    Expression operand = readUnary(context);
+    requireValue(context, operand);
+    if (minus && operand.form == Expression::Form::Number && operand.name.front() != '-') {
+        operand.name.insert(0, 1, '-');
+        operand.sql = operand.name;
+        return operand;
+    }
+    return {.sql = std::string(minus ? "(-" : "(~") + operand.sql + ")", .kind = operand.kind};
+}
+
+Expression readProduct(Context& context) {
+    Expression left = readUnary(context);
+    while (context.in.atOperator("*") || context.in.atOperator("/") || context.in.atOperator("%")) {
+        const std::string op = context.in.next().text;
+        const Expression right = readUnary(context);
+        requireValue(context, left);
+        requireValue(context, right);
+        left = arithmetic(op, left, right);
+    }
+    return left;
+}
+
+Expression readIn(Context& context, Expression left, bool negated) {
+    TokenReader& in = context.in;
+    if (in.atOperator("(") && in.atWord("select", 1))
+        return condition(Collated(left) + (negated ? " NOT IN " : " IN ") + ReadPrimary(context).sql);
+    in.expectOperator("(");
+    std::string list;
+    do {
+        Expression item = ReadExpression(context);
+        MakeComparable(left, item);
+        AppendToList(list, item.sql);
+    } while (in.acceptOperator(","));
+    in.expectOperator(")");
+    // In compares with the collation of what stands before it.
+    return condition(Collated(left) + (negated ? " NOT IN (" : " IN (") + list + ")");
+}
+
+Expression readBetween(Context& context, Expression left, bool negated) {
+    Expression low = ReadOperand(context);
+    context.in.expectWord("and");
+    Expression high = ReadOperand(context);
+    requireValue(context, low);
+    requireValue(context, high);
+    MakeComparable(left, low);
+    MakeComparable(left, high);
+    return condition("(" + left.sql + (negated ? " NOT BETWEEN " : " BETWEEN ") + low.sql + " AND " + high.sql + ")");
+}
+
+Expression readLike(Context& context, Expression left, bool negated) {
+    const Expression pattern = ReadOperand(context);
+    requireValue(context, pattern);
+    std::string escape;
+    if (context.in.acceptWord("escape"))
+        escape = context.in.next().text;
+    return Like(context, std::move(left), pattern, escape, negated);
+}
+
+Expression readIsNull(Context& context, const Expression& left) {
+    const bool negated = context.in.acceptWord("not");
+    context.in.expectWord("null");
+    return condition(left.sql + (negated ? " IS NOT NULL" : " IS NULL"));
+}
+
+std::string comparisonAhead(const TokenReader& in) {
+    static constexpr std::array<std::string_view, 9> operators = {"=", "<>", "!=", "<", ">", "<=", ">=", "!<", "!>"};
+    const Token& token = in.peek();
+    if (token.kind != TokenKind::Operator ||
+        std::find(operators.begin(), operators.end(), token.text) == operators.end())
+        return {};
+    return token.text == "!<" ? ">=" : token.text == "!>" ? "<=" : token.text;
+}
+
+Expression readComparison(Context& context) {
+    TokenReader& in = context.in;
+    Expression left = ReadOperand(context);
+    if (left.condition)
+        return left;
+    if (const std::string op = comparisonAhead(in); !op.empty()) {
+        in.next();
+        Expression right = ReadOperand(context);
+        requireValue(context, right);
+        MakeComparable(left, right);
+        return condition(left.sql + " " + op + " " + right.sql);
+    }
+    if (in.acceptWord("is"))
+        return readIsNull(context, left);
+    const bool negated = in.atWord("not") && (in.atWord("like", 1) || in.atWord("between", 1) || in.atWord("in", 1));
+    if (negated)
+        in.next();
+    if (in.acceptWord("like"))
+        return readLike(context, std::move(left), negated);
+    if (in.acceptWord("between"))
+        return readBetween(context, std::move(left), negated);
+    if (in.acceptWord("in"))
+        return readIn(context, std::move(left), negated);
+    return left;
+}
+
+Expression readNot(Context& context) {
+    if (!context.in.acceptWord("not"))
+        return readComparison(context);
+    const bool outer = std::exchange(context.negated, true);
+    const Expression operand = readNot(context);
+    context.negated = outer;
+    requireCondition(context, operand);
+    return condition("NOT (" + operand.sql + ")");
+}
+
+Expression readAnd(Context& context) {
+    Expression left = readNot(context);
+    while (context.in.atWord("and")) {
+        requireCondition(context, left);
+        context.in.next();
+        const Expression right = readNot(context);
+        requireCondition(context, right);
+        left = condition(left.sql + " AND " + right.sql);
+    }
+    return left;
+}
+
+Expression readOr(Context& context) {
+    Expression left = readAnd(context);
+    while (context.in.atWord("or")) {
+        requireCondition(context, left);
+        context.in.next();
+        const Expression right = readAnd(context);
+        requireCondition(context, right);
+        left = condition(left.sql + " OR " + right.sql);
+    }
+    return left;
+}
+
+}  // namespace
+
+Expression ReadOperand(Context& context) {
+    static constexpr std::string_view operators = "+-&|^";
+    Expression left = readProduct(context);
+    for (;;) {
+        const Token& token = context.in.peek();
+        if (token.kind != TokenKind::Operator || token.text.size() != 1 ||
+            operators.find(token.text[0]) == std::string_view::npos)
+            return left;
+        const std::string op = context.in.next().text;
+        Expression right = readProduct(context);
+        requireValue(context, left);
+        requireValue(context, right);
+        left = op == "+" ? Plus(std::move(left), std::move(right)) : arithmetic(op, left, right);
+    }
+}
+
+Expression ReadAny(Context& context) {
+    return readOr(context);
+}
+
+Expression ReadExpression(Context& context) {
+    Expression expression = readOr(context);
+    requireValue(context, expression);
+    return expression;
+}
+
+Expression ReadCondition(Context& context) {
+    Expression expression = readOr(context);
+    requireCondition(context, expression);
+    return expression;
+}
+
+}  // namespace db::embedded

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace db::embedded {
+
+/// A pattern of Like: % for any characters, _ for one, [a-f] for one of a set and [^a-f] for one outside it. The case
+/// of letters does not count, nor do blanks at the end of the text looked at.
+class LikePattern {
+  public:
+    /// The character that takes away the meaning of the one after it; 0 for none.
+    explicit LikePattern(std::string_view pattern, char32_t escape = 0);
+
+    /// Whether the parts, one after another, match. They are never joined: 100,000 names are looked through by key.
+    [[nodiscard]] bool matches(const std::string_view* parts, std::size_t count) const;
+    [[nodiscard]] bool matches(std::string_view text) const { return matches(&text, 1); }
+
+  private:
+    struct Range {
+        char32_t first;
+        char32_t last;
+    };
+    struct Step {
+        enum class Kind { One, AnyOne, AnyMany, Set, Never } kind = Kind::One;
+        char32_t character = 0;
+        bool outside = false;
+        std::vector<Range> ranges;
+    };
+    static Step readSet(std::string_view& rest);
+    static bool fits(const Step& step, char32_t character);
+    [[nodiscard]] bool matchesFolded(std::u32string_view text) const;
+
+    std::vector<Step> steps_;
+};
+
+/// What every match of the pattern starts with: the characters before the first wildcard.
+std::string LikePrefix(std::string_view pattern);
+
+}  // namespace db::embedded

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace db::embedded {
+
+/// Names and keywords compare without regard to the case of ASCII letters, as SQLite itself compares them.
+bool SameName(std::string_view a, std::string_view b);
+std::string LowerName(std::string_view name);
+
+/// "name" for SQLite, quotes doubled.
+std::string QuotedName(std::string_view name);
+/// 'text' for SQLite, quotes doubled.
+std::string QuotedText(std::string_view text);
+
+/// Adds the item, behind a comma where the list holds something already.
+void AppendToList(std::string& list, std::string_view item);
+
+}  // namespace db::embedded

@@ -1,0 +1,135 @@
+#include <algorithm>
+
+#include "platform/database/embedded/expression.h"
+#include "platform/database/embedded/names.h"
+#include "platform/database/embedded/select.h"
+#include "platform/database/error.h"
+
+namespace db::embedded {
+
+namespace {
+
+using Form = Expression::Form;
+
+QString qt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+Expression found(const Source& source, const TableColumn& column, const std::string& written) {
+    return {.sql = QuotedName(source.name) + "." + QuotedName(column.name),
+            .kind = column.type.kind,
+            .form = Form::Column,
+            .name = written,
+            .table = source.table->name};
+}
+
+Expression number(const std::string& digits) {
+    const bool whole = digits.find_first_of(".eE") == std::string::npos;
+    return {.sql = digits, .kind = whole ? Kind::Integer : Kind::Real, .form = Form::Number, .name = digits};
+}
+
+Expression readParentheses(Context& context) {
+    TokenReader& in = context.in;
+    if (in.atWord("select")) {
+        SelectText select = ReadSelect(context);
+        in.expectOperator(")");
+        const Kind kind = select.columns.empty() ? Kind::Unknown : select.columns.front().kind;
+        return {.sql = "(" + select.sql + ")", .kind = kind};
+    }
+    Expression inner = ReadAny(context);
+    in.expectOperator(")");
+    inner.sql = "(" + inner.sql + ")";
+    return inner;
+}
+
+/// name, table.name or owner.table.name
+Expression readColumn(Context& context, std::string name) {
+    std::string qualifier;
+    while (context.in.acceptOperator(".")) {
+        qualifier = std::move(name);
+        name = context.in.expectName();
+    }
+    return ColumnExpression(context, qualifier, name);
+}
+
+Expression readWord(Context& context) {
+    TokenReader& in = context.in;
+    if (in.acceptWord("null"))
+        return {.sql = "NULL", .kind = Kind::Null, .form = Form::Null};
+    if (in.acceptWord("case"))
+        return ReadCase(context);
+    if (in.atWord("exists") && in.atOperator("(", 1)) {
+        in.next();
+        in.next();
+        Expression inner = readParentheses(context);
+        return {.sql = "EXISTS " + inner.sql, .kind = Kind::Bit, .condition = true};
+    }
+    if (in.acceptWord("current_timestamp"))
+        return {.sql = "getdate()", .kind = Kind::DateTime};
+    if (in.acceptWord("@@identity"))
+        return {.sql = "last_insert_rowid()", .kind = Kind::Integer};
+    const bool call = in.atOperator("(", 1);
+    if (!in.atName() && !(call && (in.atWord("left") || in.atWord("right"))))
+        in.fail();
+    std::string name = in.next().text;
+    if (call) {
+        in.next();
+        return ReadCall(context, name);
+    }
+    return readColumn(context, std::move(name));
+}
+
+}  // namespace
+
+Expression ReadPrimary(Context& context) {
+    TokenReader& in = context.in;
+    switch (in.peek().kind) {
+        case TokenKind::Text: {
+            const std::string text = in.next().text;
+            return {.sql = QuotedText(text), .kind = Kind::Text, .form = Form::Text, .name = text};
+        }
+        case TokenKind::Number:
+            return number(in.next().text);
+        case TokenKind::Parameter: {
+            const auto place = static_cast<std::size_t>(in.next().place);
+            context.parameters.resize(std::max(context.parameters.size(), place));
+            return {.sql = std::string("?").append(std::to_string(place)), .form = Form::Parameter, .place = place};
+        }
+        case TokenKind::Name:
+            return readColumn(context, in.next().text);
+        case TokenKind::Word:
+            return readWord(context);
+        case TokenKind::Operator:
+            if (in.acceptOperator("("))
+                return readParentheses(context);
+            break;
+        case TokenKind::End:
+            break;
+    }
+    in.fail();
+}
+
+Expression ColumnExpression(const Context& context, const std::string& qualifier, const std::string& name) {
+    bool tableKnown = false;
+    for (const Scope* scope = context.scope; scope; scope = scope->outer) {
+        std::vector<Expression> hits;
+        for (const Source& source : scope->sources) {
+            if (!qualifier.empty() && !SameName(source.name, qualifier))
+                continue;
+            tableKnown = true;
+            if (const TableColumn* column = source.table->find(name))
+                hits.push_back(found(source, *column, name));
+        }
+        if (hits.size() > 1)
+            throw DatabaseError(209, QStringLiteral("Ambiguous column name '%1'.").arg(qt(name)));
+        if (!hits.empty())
+            return hits.front();
+    }
+    if (!qualifier.empty() && !tableKnown)
+        throw DatabaseError(
+            4104,
+            QStringLiteral("The multi-part identifier \"%1.%2\" could not be bound.").arg(qt(qualifier), qt(name)));
+    throw DatabaseError(207, QStringLiteral("Invalid column name '%1'.").arg(qt(name)));
+}
+
+}  // namespace db::embedded

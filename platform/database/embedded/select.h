@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/database/embedded/expression.h"
+
+namespace db::embedded {
+
+struct SelectColumn {
+    std::string name;   ///< "" for an expression without an alias.
+    std::string table;  ///< The base table of a column.
+    Kind kind = Kind::Unknown;
+};
+
+struct SelectText {
+    std::string sql;
+    std::vector<SelectColumn> columns;
+};
+
+/// A whole query, with its Unions and its Order By.
+SelectText ReadSelect(Context& context);
+
+/// A table's name with the owner before it left out.
+std::string ReadTableName(TokenReader& in);
+
+}  // namespace db::embedded
