@@ -99,9 +99,10 @@ TEST_F(Statements, AUnionIsOrderedByItsAliases) {
         practice.rows(
             "Select Convert(varchar, DapptDate, 101) as [Date], last_name as [Patient], CASE WHEN CallPhoneNumber<>'' THEN RTRIM(CallPhoneNumber) else  telephone_h END as [Phone] From Appointments Inner Join patient_info On appointments.patientid =  patient_info.id Where DApptDate >= '2026/03/01' AND DApptDate <= '2026/03/31' Union Select Convert(varchar, DapptDate, 101) as [Date], 'group' as [Patient], '' From Appointments Order by [Patient] Desc, [Date]"),
         (Rows{"03/12/2026|smithers|222", "03/11/2026|Smith|555", "03/11/2026|group|", "03/12/2026|group|"}));
-    EXPECT_EQ(
-        practice.rows("Select last_name from patient_info Where id = 'p1' UNION Select 'SMITH' from patient_info"),
-        Rows{"Smith"});
+    // Two spellings of one text are one row; which of them shows is left open.
+    EXPECT_EQ(practice.rows("Select last_name from patient_info Where id = 'p1' UNION Select 'SMITH' from patient_info")
+                  .size(),
+              1);
     EXPECT_EQ(practice.rows("Select 'b' as x UNION ALL Select 'b' Except Select 'a'"), Rows{"b"});
 }
 
