@@ -7,6 +7,7 @@
 #include <QToolTip>
 
 #include "platform/controls/listmodel.h"
+#include "platform/theme/icon.h"
 
 namespace {
 
@@ -33,7 +34,7 @@ void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.data(ListModel::NoteMarkRole).toBool()) {
         option->features |= QStyleOptionViewItem::HasDecoration;
-        option->icon = option->widget->style()->standardIcon(QStyle::SP_FileIcon);
+        option->icon = Icon("note");
     }
 }
 

@@ -222,6 +222,14 @@ void headerSection(QPainter& painter, const QStyleOptionHeader& option) {
         painter.drawLine(option.rect.topRight() + QPoint(0, 4), option.rect.bottomRight() - QPoint(0, 4));
 }
 
+void menuBarItem(QPainter& painter, const QStyleOptionMenuItem& option) {
+    painter.fillRect(option.rect, option.palette.color(QPalette::Window));
+    if (has(option, QStyle::State_Selected) && has(option, QStyle::State_Enabled))
+        panel(painter, option.rect.adjusted(0, 1, 0, -1),
+              option.palette.color(has(option, QStyle::State_Sunken) ? QPalette::Highlight : QPalette::Midlight),
+              Qt::transparent);
+}
+
 void tab(QPainter& painter, const QStyleOptionTab& option) {
     const bool selected = has(option, QStyle::State_Selected);
     if (!selected && has(option, QStyle::State_MouseOver) && has(option, QStyle::State_Enabled))

@@ -26,6 +26,7 @@ void comboBox(QPainter& painter, const QStyleOptionComboBox& option, const QRect
 void spinBox(QPainter& painter, const QStyleOptionSpinBox& option, const QRect& up, const QRect& down);
 void scrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& slider);
 void headerSection(QPainter& painter, const QStyleOptionHeader& option);
+void menuBarItem(QPainter& painter, const QStyleOptionMenuItem& option);
 void tab(QPainter& painter, const QStyleOptionTab& option);
 void splitter(QPainter& painter, const QStyleOption& option);
 

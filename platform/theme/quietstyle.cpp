@@ -62,6 +62,12 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                 option->palette.color(option->state.testFlag(State_HasFocus) ? QPalette::Link : QPalette::Mid));
             painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
             return;
+        case PE_PanelStatusBar:
+            painter->setPen(option->palette.color(QPalette::Mid));
+            painter->drawLine(option->rect.topLeft(), option->rect.topRight());
+            return;
+        case PE_FrameStatusBarItem:
+            return;
         case PE_FrameTabWidget:
         case PE_FrameTabBarBase:
             painter->setPen(option->palette.color(QPalette::Mid));
@@ -100,6 +106,18 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
         case CE_Splitter:
             return quiet::splitter(*painter, *option);
         case CE_ToolBar:
+            painter->fillRect(option->rect, option->palette.color(QPalette::Window));
+            painter->setPen(option->palette.color(QPalette::Mid));
+            painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
+            return;
+        case CE_MenuBarItem:
+            if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+                quiet::menuBarItem(*painter, *item);
+                drawItemText(painter, item->rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextDontClip,
+                             item->palette, item->state.testFlag(State_Enabled), item->text, QPalette::WindowText);
+                return;
+            }
+            break;
         case CE_MenuBarEmptyArea:
             painter->fillRect(option->rect, option->palette.color(QPalette::Window));
             return;
@@ -123,6 +141,14 @@ void QuietStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 
 QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                                  const QWidget* widget) const {
+    if (control == CC_GroupBox && part == SC_GroupBoxFrame) {
+        // The title stands above the frame, not across it.
+        QRect frame = QProxyStyle::subControlRect(control, option, part, widget);
+        const auto* box = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+        if (box != nullptr && !box->text.isEmpty())
+            frame.setTop(QProxyStyle::subControlRect(control, option, SC_GroupBoxLabel, widget).bottom() + 4);
+        return frame;
+    }
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control != CC_ScrollBar || bar == nullptr)
         return QProxyStyle::subControlRect(control, option, part, widget);
@@ -173,6 +199,13 @@ QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option
         case CT_ComboBox:
         case CT_SpinBox:
             result.setHeight(std::max(result.height(), least));
+            break;
+        case CT_ToolButton:
+            result += QSize(8, 4);
+            break;
+        case CT_CheckBox:
+        case CT_RadioButton:
+            result.setHeight(std::max(result.height(), least - 7));
             break;
         case CT_TabBarTab:
             result += QSize(8, 6);
