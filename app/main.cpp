@@ -1,10 +1,104 @@
+#include <cstdio>
 #include <QApplication>
-#include <QMainWindow>
+#include <QTimer>
+
+#include "app/options.h"
+#include "app/screenshot.h"
+#include "app/viewfactories.h"
+#include "platform/theme/theme.h"
+#include "session/session.h"
+#include "session/startup.h"
+#include "views/mdisched.h"
+#include "views/viewtable.h"
+
+namespace {
+
+constexpr int Failed = 1;
+constexpr int BadUsage = 2;
+
+int refuse(const QString& why, int status) {
+    std::fprintf(stderr, "svscheduler: %s\n", qUtf8Printable(why));
+    return status;
+}
+
+QStringList argumentsOf(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+/// Chooses the platform before there is an application. False when there is nothing to show a window on.
+bool chooseDisplay(const AppOptions& options) {
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return true;
+    const bool x11 = !qEnvironmentVariableIsEmpty("DISPLAY");
+    const bool wayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (!options.screenshotFile.isEmpty()) {
+        qputenv("QT_QPA_PLATFORM", x11 ? "xcb;offscreen" : "offscreen");
+        return true;
+    }
+    return x11 || wayland;
+}
+
+QString viewName(int currentView) {
+    return QString::fromLatin1(FindView(currentView)->option);
+}
+
+/// What the options ask that cannot be done, found before a window opens.
+QString whyNot(const AppOptions& options, const ViewFactories& factories) {
+    if (options.view != 0 && !factories.contains(options.view))
+        return QStringLiteral("the view \"%1\" is not available in this version").arg(viewName(options.view));
+    return {};
+}
+
+int run(const AppOptions& options, ViewFactories factories) {
+    const bool picture = !options.screenshotFile.isEmpty();
+    mdisched window(std::move(factories));
+    if (options.date.isValid())
+        window.OpenAt(options.date);
+    if (picture || !options.size.isEmpty())
+        window.OpenWithSize(options.size.isEmpty() ? PictureSize : options.size);
+    if (picture)
+        AnswerWithoutUser();
+    if (!StartUp(options.commandLine, {options.dataFolder, {}}, window))
+        return Failed;
+    if (options.view != 0 && !window.ViewAvailable(options.view))
+        return refuse(QStringLiteral("the view \"%1\" is not available to this user").arg(viewName(options.view)),
+                      Failed);
+    if (options.view != 0)
+        window.changeview(options.view - 1);
+    if (picture)
+        return SaveScreenshot(window, options.screenshotFile) ? 0 : Failed;
+    QTimer::singleShot(0, &window, &Theme::FollowDesktop);
+    return QApplication::exec();
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
+    const ParsedOptions parsed = ParseOptions(argumentsOf(argc, argv));
+    const AppOptions& options = parsed.options;
+    if (!parsed.error.isEmpty()) {
+        refuse(parsed.error, BadUsage);
+        std::fprintf(stderr, "%s", qUtf8Printable(UsageText()));
+        return BadUsage;
+    }
+    if (options.help || options.version) {
+        std::printf("%s", options.help ? qUtf8Printable(UsageText()) : "SVScheduler " SVS_VERSION "\n");
+        return 0;
+    }
+    ViewFactories factories = MakeViewFactories();
+    if (const QString why = whyNot(options, factories); !why.isEmpty())
+        return refuse(why, BadUsage);
+    if (!chooseDisplay(options))
+        return refuse(QStringLiteral("there is no display; --screenshot FILE makes a picture without one"), Failed);
+
     QApplication app(argc, argv);
-    QMainWindow window;
-    window.setWindowTitle(QStringLiteral("Solvane Scheduler"));
-    window.show();
-    return QApplication::exec();
+    QApplication::setApplicationName(QStringLiteral("svscheduler"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Solvane Scheduler"));
+    QApplication::setApplicationVersion(QStringLiteral(SVS_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("svscheduler"));
+    Theme::Install(options.mode);
+    return run(options, std::move(factories));
 }

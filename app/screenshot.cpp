@@ -1,0 +1,31 @@
+#include "app/screenshot.h"
+
+#include <cstdio>
+#include <QApplication>
+#include <QDialog>
+#include <QPixmap>
+#include <QPushButton>
+
+#include "platform/desktop/desktop.h"
+
+void AnswerWithoutUser() {
+    Desktop().msgBox = [](const QString& text, BoxStyle style, const QString& title) {
+        std::fprintf(stderr, "%s: %s\n", qUtf8Printable(title), qUtf8Printable(text));
+        return style.buttons == BoxStyle::Buttons::YesNo ? Answer::No : Answer::Ok;
+    };
+    Desktop().showModal = [](QDialog& form) -> int {
+        auto* ok = form.findChild<QPushButton*>(QStringLiteral("cmdOk"));
+        if (form.objectName() != QLatin1String("frmsltpv") || ok == nullptr)
+            return QDialog::Rejected;
+        ok->click();
+        return form.result();
+    };
+}
+
+bool SaveScreenshot(QWidget& window, const QString& file) {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (window.grab().save(file, "PNG"))
+        return true;
+    std::fprintf(stderr, "svscheduler: the picture could not be written to %s\n", qUtf8Printable(file));
+    return false;
+}

@@ -1,0 +1,5 @@
+#include "app/viewfactories.h"
+
+ViewFactories MakeViewFactories() {
+    return {};
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "views/mdisched.h"
+
+/// The calendar views of this version.
+[[nodiscard]] ViewFactories MakeViewFactories();
