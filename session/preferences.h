@@ -16,6 +16,6 @@ inline constexpr char AllUsers[] = "![ALL]!";
 bool SetPreference(const QString& value, const QString& detail, const QString& category, const QString& user = {});
 
 /// Reads the user's preferences of the category "SchedulerGeneral" into the session values, from svwsched.ini where no
-/// row is. Hours that cannot be meant (no whole number, a start outside 0 to 23, an end outside 1 to 24, an end that is
-/// not after the start) are read as a day from 8 to 18, so that the calendar always has rows to show.
+/// row is. So that the calendar always has rows to show, a start that is no whole hour from 0 to 23 is read as 8, an
+/// end that is no whole hour from 1 to 24 as 18, and an end that is not after the start makes it a day from 8 to 18.
 void getiniSettings();

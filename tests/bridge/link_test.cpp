@@ -146,7 +146,7 @@ TEST_F(Link, APairOfAnotherCompanionDatabaseIsNotFound) {
 }
 
 TEST_F(Link, WithoutADatabaseNothingIsPaired) {
-    pair(1, "FH-1", 42, "O'BRIEN");
+    pair(1, "FH-1", 42, "O''BRIEN");
     EXPECT_EQ(GetFHProviderId(main, "FH-1", "O'BRIEN"), 42);
 
     main.Close();

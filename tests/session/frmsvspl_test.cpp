@@ -243,11 +243,20 @@ TEST_F(Logon, ADroppedCharacterLeavesTheCursorWhereItWas) {
 TEST_F(Logon, EnteringABoxSelectsItsText) {
     txtuid().setText("ANNA");
     txtpassword().setText("secret");
-    for (QLineEdit* box : {&txtuid(), &txtpassword(), &txtuid()}) {
+    for (QLineEdit* box : {&txtpassword(), &txtuid(), &txtpassword()}) {
         QTest::mouseClick(box, Qt::LeftButton);
         QApplication::processEvents();
         EXPECT_EQ(box->selectedText(), box->text());
     }
+}
+
+TEST_F(Logon, TypingIntoABoxReachedByKeyReplacesItsText) {
+    txtuid().setText("ANNA");
+    txtpassword().setText("secret");
+    QTest::keyClick(&txtuid(), Qt::Key_Tab);
+    QTest::keyClicks(&txtpassword(), "new");
+
+    EXPECT_EQ(txtpassword().text(), "new");
 }
 
 TEST_F(Logon, AltKeysReachTheBoxes) {

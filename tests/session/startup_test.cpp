@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
 #include <QDialog>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
@@ -40,6 +42,30 @@ class NotedWindow : public StartUpWindow {
     QStringList calls;
     QString helpFile;
     QString chosenId;
+};
+
+// Takes the right to write away from the test, which root has everywhere.
+class ReadOnlyFolder {
+  public:
+    explicit ReadOnlyFolder(const QString& path) : path_(path), wasRoot_(geteuid() == 0) {
+        for (const QString& name : QDir(path).entryList(QDir::Files))
+            QFile::setPermissions(path + "/" + name, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+        QFile::setPermissions(path, QFile::Permissions(0x5555));
+        if (wasRoot_)
+            taken_ = seteuid(65534) == 0;
+    }
+    ~ReadOnlyFolder() {
+        if (taken_ && seteuid(0) != 0)
+            ADD_FAILURE() << "The test stays without its rights.";
+        QFile::setPermissions(path_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+  private:
+    QString path_;
+    bool wasRoot_;
+    bool taken_ = false;
 };
 
 class StartingUp : public testing::Test {
@@ -226,6 +252,27 @@ TEST_F(StartingUp, AFileThatIsNoDatabaseIsTold) {
     expectNoDatabase();
 
     EXPECT_FALSE(start(""));
+}
+
+TEST_F(StartingUp, ADatabaseFileThatWasCutShortIsTold) {
+    PutFile(practice.file("other.db"), FileBytes(practice.file("practice.db")).left(6000));
+    PutFile(practice.file("solvane.ini"), "[SQLServer]\nDataSource=.\nInitialCatalog=other\n");
+    expectNoDatabase();
+
+    EXPECT_FALSE(start(""));
+}
+
+TEST_F(StartingUp, AFolderThatMayOnlyBeReadStillShowsTheDay) {
+    PutFile(practice.file("svwsched.ini"), "[PrintLayout]\n");
+    const ReadOnlyFolder readOnly(practice.path());
+    expectLogon("ANNA", "secret");
+
+    ASSERT_TRUE(start(""));
+
+    EXPECT_EQ(window.calls.last(), "day view 1");
+    EXPECT_FALSE(Session().EmailReminderText.isEmpty());
+    EXPECT_EQ(FileBytes(practice.file("svwsched.ini")), "[PrintLayout]\n");
+    EXPECT_EQ(practice.value("Select Count(*) From User_Preferences"), "0");
 }
 
 TEST_F(StartingUp, TheCommandLineOfANotesUserIsKnownWithoutALogon) {
