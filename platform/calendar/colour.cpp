@@ -53,6 +53,16 @@ QColor PatternOn(const QColor& fill, const QColor& text) {
     return Mixed(fill, Luminance(text) > Luminance(fill) ? Qt::black : Qt::white, 0.18);
 }
 
+/// The text, as much quieter as stays readable on the fill and on its pattern.
+QColor DimmedOn(const QColor& fill, const QColor& pattern, const QColor& text) {
+    for (double share = 0.30; share > 0; share -= 0.05) {
+        const QColor candidate = Mixed(text, fill, share);
+        if (std::min(ContrastRatio(candidate, fill), ContrastRatio(candidate, pattern)) >= ReadableContrast)
+            return candidate;
+    }
+    return text;
+}
+
 }  // namespace
 
 QColor ColorFromWindows(int value) {
@@ -90,11 +100,7 @@ CardColors CardColorsFor(const CalendarItem& item, const QColor& base, const QCo
                                    : Mixed(base, color, dark ? 0.30 : 0.15);
     card.text = ReadableOn(card.fill, text);
     card.pattern = PatternOn(card.fill, card.text);
-    const QColor harder =
-        ContrastRatio(card.text, card.fill) < ContrastRatio(card.text, card.pattern) ? card.fill : card.pattern;
-    card.dimText = ReadableOn(harder, Mixed(card.text, harder, 0.30));
-    if (ContrastRatio(card.dimText, card.fill) < ReadableContrast)
-        card.dimText = card.text;
+    card.dimText = DimmedOn(card.fill, card.pattern, card.text);
     card.edge = VisibleOn(card.fill, color);
     card.outline = Mixed(card.fill, card.edge, 0.45);
     return card;

@@ -6,15 +6,14 @@
 #include "platform/calendar/accessibility.h"
 #include "platform/desktop/desktop.h"
 
-ctMDay::ctMDay(QWidget* parent)
-    : QWidget(parent),
-      clock_([] { return Now(); }),
-      vertical_(new QScrollBar(Qt::Vertical, this)),
-      horizontal_(new QScrollBar(Qt::Horizontal, this)) {
+ctMDay::ctMDay(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) {
+    InstallCalendarAccessibility();  // Before anything is told to a screen reader.
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("Calendar"));
+    vertical_ = new QScrollBar(Qt::Vertical, this);
+    horizontal_ = new QScrollBar(Qt::Horizontal, this);
     for (QScrollBar* bar : {vertical_, horizontal_}) {
         bar->hide();
         bar->setCursor(Qt::ArrowCursor);
@@ -26,7 +25,6 @@ ctMDay::ctMDay(QWidget* parent)
     connect(&presentTimer_, &QTimer::timeout, this, &ctMDay::tick);
     connect(&scrollTimer_, &QTimer::timeout, this, &ctMDay::autoScroll);
     connect(&editTimer_, &QTimer::timeout, this, [this] { EditItem(state_.selectedItem); });
-    InstallCalendarAccessibility();
     setDayColumns(1);
 }
 
@@ -148,7 +146,6 @@ bool ctMDay::ReadOnly() const {
 
 void ctMDay::ClearItems() {
     CommitEdit();
-    deliverTexts();
     cancelGesture();
     ++generation_;
     content_.items.clear();
@@ -173,7 +170,6 @@ void ctMDay::RemoveItem(int index) {
     if (!hasItem(index))
         return;
     CommitEdit();
-    deliverTexts();
     if (!hasItem(index))
         return;
     cancelGesture();

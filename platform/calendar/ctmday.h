@@ -265,8 +265,8 @@ class ctMDay : public QWidget {
     mutable CalendarLayout layout_;
     mutable CalendarGrid grid_;
     CalendarState state_;
-    QScrollBar* vertical_;
-    QScrollBar* horizontal_;
+    QScrollBar* vertical_ = nullptr;
+    QScrollBar* horizontal_ = nullptr;
 
     std::optional<Press> press_;
     std::optional<Drag> drag_;

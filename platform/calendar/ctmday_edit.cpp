@@ -26,7 +26,7 @@ void ctMDay::EditItem(int index) {
     editTimer_.stop();
     if (!hasItem(index) || ColumnOfItem(index) == 0)
         return;
-    CommitEdit();
+    closeEditor(true);
     setSelectedItem(index);
     if (!hasItem(index) || !mayEdit(index))
         return;
@@ -62,6 +62,7 @@ bool ctMDay::IsEditing() const {
 
 void ctMDay::CommitEdit() {
     closeEditor(true);
+    deliverTexts();
 }
 
 void ctMDay::closeEditor(bool commit) {

@@ -129,9 +129,8 @@ bool ctMDay::keyMovesCell(QKeyEvent* event) {
     const SelectedTime cell = state_.range ? *state_.range : startCell();
     // The end that moves is the one away from where the selection began.
     const int active = extend && !begins && cell.start < rangeAnchor_ ? cell.start : extend ? cell.end - 1 : cell.start;
-    const int page =
-        std::max(grid().scale.minuteAt(grid().body().height()) - grid().scale.first - content_.timeInterval,
-                 content_.timeInterval);
+    const int shown = grid().scale.minuteAt(grid().body().height()) - grid().scale.first;
+    const int page = std::max(shown / content_.timeInterval - 1, 1) * content_.timeInterval;
     switch (event->key()) {
         case Qt::Key_Up:
         case Qt::Key_Down: {

@@ -35,7 +35,7 @@ void ctMDay::mousePressEvent(QMouseEvent* event) {
         cancelGesture();
         return;
     }
-    CommitEdit();
+    closeEditor(true);
     const Hit hit = hitAt(event->pos());
     if (event->button() == Qt::LeftButton)
         pressLeft(event, hit);

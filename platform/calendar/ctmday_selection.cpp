@@ -11,7 +11,7 @@ void ctMDay::setSelectedItem(int index) {
         state_.range.reset();
     if (wanted == state_.selectedItem)
         return;
-    CommitEdit();
+    closeEditor(true);
     editTimer_.stop();
     state_.selectedItem = hasItem(wanted) ? wanted : 0;
     update();

@@ -40,7 +40,7 @@ void SetMeasures(CalendarStyle& style) {
     style.edgeWidth = std::max(text.height() / 4, 3);
     style.radius = style.margin + 1;
     style.icon = std::max(static_cast<int>(std::lround(text.ascent() * 1.05)), 8);
-    style.minItemHeight = style.smallLine;
+    style.minItemHeight = style.smallLine - 1;
     style.gutterWidth = QFontMetrics(style.hour).horizontalAdvance(QStringLiteral("00")) +
                         QFontMetrics(style.minute).horizontalAdvance(QStringLiteral(" AM")) + 4 * style.margin;
     style.headingHeight = QFontMetrics(style.dayNumber).height() + 4 * style.margin;

@@ -1,0 +1,391 @@
+#include <gtest/gtest.h>
+
+#include <QContextMenuEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "tests/platform/calendar/calendarunderhand.h"
+
+namespace {
+
+ItemPlace PlaceIn(const QSignalSpy& spy, int argument) {
+    return spy.at(0).at(argument).value<ItemPlace>();
+}
+
+void SendContextMenu(ctMDay& calendar, QPoint at) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, calendar.mapToGlobal(at));
+    QCoreApplication::sendEvent(&calendar, &event);
+    CalendarUnderHand::settle();
+}
+
+void Wheel(ctMDay& calendar, QPoint at, int turn, Qt::KeyboardModifiers keys = {}) {
+    QWheelEvent event(at, calendar.mapToGlobal(at), {}, {0, turn}, Qt::NoButton, keys, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&calendar, &event);
+}
+
+}  // namespace
+
+TEST(CalendarMouse, AClickOnFreeTimeSelectsItsRow) {
+    CalendarUnderHand hand;
+    QSignalSpy ranges(&hand.calendar, &ctMDay::RangeSelected);
+    hand.click(hand.freeAt(547));
+    EXPECT_EQ(hand.calendar.SelectedRange(), 0);
+    EXPECT_EQ(hand.calendar.SelColumn(), 1);
+    EXPECT_EQ(hand.calendar.SelStart(), 540);
+    EXPECT_EQ(hand.calendar.SelEnd(), 555);
+    EXPECT_EQ(ranges.count(), 1);
+}
+
+TEST(CalendarMouse, DraggingOverFreeTimeSelectsARangeInEitherDirection) {
+    CalendarUnderHand hand;
+    hand.drag(hand.freeAt(540), hand.freeAt(600));
+    EXPECT_EQ(hand.calendar.SelStart(), 540);
+    EXPECT_EQ(hand.calendar.SelEnd(), 615);
+    hand.drag(hand.freeAt(660), hand.freeAt(630));
+    EXPECT_EQ(hand.calendar.SelStart(), 630);
+    EXPECT_EQ(hand.calendar.SelEnd(), 675);
+}
+
+TEST(CalendarMouse, AShiftClickExtendsTheRange) {
+    CalendarUnderHand hand;
+    hand.click(hand.freeAt(540));
+    hand.click(hand.freeAt(600), Qt::ShiftModifier);
+    EXPECT_EQ(hand.calendar.SelStart(), 540);
+    EXPECT_EQ(hand.calendar.SelEnd(), 615);
+    hand.click(hand.freeAt(510), Qt::ShiftModifier);
+    EXPECT_EQ(hand.calendar.SelStart(), 510);
+    EXPECT_EQ(hand.calendar.SelEnd(), 555);
+}
+
+TEST(CalendarMouse, AClickOnAnItemSelectsIt) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy selected(&hand.calendar, &ctMDay::ItemSelected);
+    hand.click(hand.middleOf(item));
+    ASSERT_EQ(selected.count(), 1);
+    EXPECT_EQ(selected[0][0].toInt(), item);
+}
+
+TEST(CalendarMouse, DraggingAnItemMovesItByRowsAndReportsAfterTheGesture) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 590);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint from = hand.middleOf(item);
+    const QPoint to = from + QPoint(0, 4 * hand.rowHeight());
+    hand.press(from);
+    hand.moveTo(from + QPoint(0, 30));
+    hand.moveTo(to);
+    hand.release(to);
+    EXPECT_EQ(changed.count(), 0) << "inside the mouse handler";
+
+    hand.settle();
+
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 600);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemEnd, 650);
+    EXPECT_EQ(PlaceIn(changed, 1), (ItemPlace{1, hand.day, 540, 590}));
+}
+
+TEST(CalendarMouse, ASmallShakeIsNoDrag) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    QSignalSpy work(&hand.calendar, &ctMDay::BeforeItemWork);
+    const QPoint at = hand.middleOf(item);
+    hand.drag(at, at + QPoint(1, 2));
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(work.count(), 0);
+}
+
+TEST(CalendarMouse, DraggingTheLowerEdgeChangesTheEnd) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    const QRect card = hand.calendar.ItemRect(item);
+    const QPoint edge(card.center().x(), card.bottom());
+    hand.drag(edge, edge + QPoint(0, 2 * hand.rowHeight()));
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemEnd, 630);
+}
+
+TEST(CalendarMouse, DraggingTheUpperEdgeChangesTheStart) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    const QRect card = hand.calendar.ItemRect(item);
+    const QPoint edge(card.center().x(), card.top());
+    hand.drag(edge, edge - QPoint(0, 2 * hand.rowHeight()));
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 510);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemEnd, 600);
+}
+
+TEST(CalendarMouse, DraggingToAnotherDayChangesTheDate) {
+    CalendarUnderHand hand;
+    hand.calendar.setDayColumns(5);
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint from = hand.middleOf(item);
+    hand.drag(from, {hand.calendar.CellRect(3, 540).center().x(), from.y()});
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemDay, hand.day.addDays(2));
+    EXPECT_EQ(hand.calendar.ColumnOfItem(item), 3);
+    EXPECT_EQ(PlaceIn(changed, 1).day, hand.day);
+}
+
+TEST(CalendarMouse, DraggingToAnotherProviderChangesTheColumn) {
+    CalendarUnderHand hand;
+    hand.calendar.AddColumn("Adams");
+    hand.calendar.AddColumn("Baker");
+    const int item = hand.add(540, 600);
+    hand.calendar.Item(item).ItemColumn = 1;
+    const QPoint from = hand.middleOf(item);
+    hand.drag(from, {hand.calendar.CellRect(2, 540).center().x(), from.y()});
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemColumn, 2);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+}
+
+TEST(CalendarMouse, AVetoLeavesTheItemWhereItWas) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    ItemPlace asked;
+    QObject::connect(&hand.calendar, &ctMDay::BeforeDrop, &hand.calendar,
+                     [&](int, const ItemPlace& place, bool* cancel) {
+                         asked = place;
+                         *cancel = true;
+                     });
+    const QPoint from = hand.middleOf(item);
+    hand.drag(from, from + QPoint(0, 4 * hand.rowHeight()));
+    EXPECT_EQ(asked.start, 600);
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+}
+
+TEST(CalendarMouse, EscapeCancelsADrag) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint from = hand.middleOf(item);
+    hand.press(from);
+    hand.moveTo(from + QPoint(0, 80));
+    hand.key(Qt::Key_Escape);
+    hand.moveTo(from + QPoint(0, 120));
+    hand.release(from + QPoint(0, 120));
+    hand.settle();
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+    EXPECT_EQ(hand.calendar.SelectedItem(), item);
+}
+
+TEST(CalendarMouse, AnotherButtonCancelsADrag) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    const QPoint from = hand.middleOf(item);
+    hand.press(from);
+    hand.moveTo(from + QPoint(0, 80));
+    hand.press(from + QPoint(0, 80), Qt::RightButton);
+    hand.release(from + QPoint(0, 80));
+    hand.settle();
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+}
+
+TEST(CalendarMouse, AnItemThatTheViewLocksRefusesTheDrag) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QObject::connect(&hand.calendar, &ctMDay::BeforeItemWork, &hand.calendar,
+                     [&](int index) { hand.calendar.Item(index).ItemMoveLocked = true; });
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    QSignalSpy refused(&hand.calendar, &ctMDay::MoveRefused);
+    const QPoint from = hand.middleOf(item);
+    hand.press(from);
+    hand.moveTo(from + QPoint(0, 80));
+    EXPECT_EQ(hand.calendar.cursor().shape(), Qt::ForbiddenCursor);
+    hand.release(from + QPoint(0, 80));
+    hand.settle();
+    EXPECT_EQ(changed.count(), 0);
+    ASSERT_EQ(refused.count(), 1);
+    EXPECT_EQ(refused[0][0].toInt(), item);
+}
+
+TEST(CalendarMouse, AReadOnlyCalendarMovesNothing) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    hand.calendar.setReadOnly(true);
+    const QPoint from = hand.middleOf(item);
+    hand.drag(from, from + QPoint(0, 80));
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+    EXPECT_EQ(hand.calendar.SelectedItem(), item);
+}
+
+TEST(CalendarMouse, AReloadInTheMiddleOfADragEndsIt) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint from = hand.middleOf(item);
+    hand.press(from);
+    hand.moveTo(from + QPoint(0, 80));
+    hand.calendar.ClearItems();
+    hand.add(540, 600);
+    hand.moveTo(from + QPoint(0, 100));
+    hand.release(from + QPoint(0, 100));
+    hand.settle();
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(1).ItemStart, 540);
+}
+
+TEST(CalendarMouse, AReloadFromTheVetoLeavesTheNewItemsAlone) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    QObject::connect(&hand.calendar, &ctMDay::BeforeDrop, &hand.calendar, [&] {
+        hand.calendar.ClearItems();
+        hand.add(700, 760);
+    });
+    const QPoint from = hand.middleOf(item);
+    hand.drag(from, from + QPoint(0, 80));
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(1).ItemStart, 700);
+}
+
+TEST(CalendarMouse, ACalendarClosedFromItsOwnReportIsNoHarm) {
+    auto* calendar = new ctMDay;
+    calendar->setDate(QDate(2026, 3, 11));
+    calendar->resize(500, 700);
+    calendar->show();
+    calendar->AddItem(540, 600, QDate(2026, 3, 11), "Anna", "1");
+    calendar->setSelectedItem(1);
+    QObject::connect(calendar, &ctMDay::ItemActivated, [&] {
+        delete calendar;
+        calendar = nullptr;
+    });
+    QTest::keyClick(calendar, Qt::Key_Return);
+    QTest::keyClick(calendar, Qt::Key_Delete);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(calendar, nullptr);
+}
+
+TEST(CalendarMouse, ADoubleClickOpensAnItemOrFreeTime) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy opened(&hand.calendar, &ctMDay::ItemActivated);
+    QSignalSpy free(&hand.calendar, &ctMDay::RangeActivated);
+    hand.doubleClick(hand.middleOf(item));
+    ASSERT_EQ(opened.count(), 1);
+    EXPECT_EQ(opened[0][0].toInt(), item);
+    hand.doubleClick(hand.freeAt(660));
+    EXPECT_EQ(free.count(), 1);
+    EXPECT_EQ(hand.calendar.SelStart(), 660);
+    EXPECT_EQ(hand.calendar.SelEnd(), 675);
+}
+
+TEST(CalendarMouse, ADoubleClickInsideADrawnRangeMeansTheRange) {
+    CalendarUnderHand hand;
+    hand.drag(hand.freeAt(660), hand.freeAt(705));
+    QSignalSpy free(&hand.calendar, &ctMDay::RangeActivated);
+    hand.doubleClick(hand.freeAt(690));
+    EXPECT_EQ(free.count(), 1);
+    EXPECT_EQ(hand.calendar.SelStart(), 660);
+    EXPECT_EQ(hand.calendar.SelEnd(), 720);
+}
+
+TEST(CalendarMouse, ARightClickSelectsWhatIsUnderItAndAsksForThePopup) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy popup(&hand.calendar, &ctMDay::PopupRequested);
+    const QPoint at = hand.middleOf(item);
+    SendContextMenu(hand.calendar, at);
+    ASSERT_EQ(popup.count(), 1);
+    EXPECT_EQ(popup[0][0].toInt(), item);
+    EXPECT_EQ(popup[0][1].toPoint(), hand.calendar.mapToGlobal(at));
+    EXPECT_EQ(hand.calendar.SelectedItem(), item);
+
+    SendContextMenu(hand.calendar, hand.freeAt(660));
+    EXPECT_EQ(popup[1][0].toInt(), 0);
+    EXPECT_EQ(hand.calendar.SelStart(), 660);
+}
+
+TEST(CalendarMouse, ARightClickInsideARangeKeepsIt) {
+    CalendarUnderHand hand;
+    hand.drag(hand.freeAt(660), hand.freeAt(705));
+    SendContextMenu(hand.calendar, hand.freeAt(690));
+    EXPECT_EQ(hand.calendar.SelStart(), 660);
+    EXPECT_EQ(hand.calendar.SelEnd(), 720);
+}
+
+TEST(CalendarMouse, ClickingTheMarkerAgainGoesToTheNextLaterItem) {
+    CalendarUnderHand hand;
+    const int first = hand.add(1200, 1230);
+    const int second = hand.add(1260, 1290);
+    const QPoint marker = hand.middleOf(first);
+    hand.click(marker);
+    EXPECT_EQ(hand.calendar.SelectedItem(), first);
+    hand.click(marker);
+    EXPECT_EQ(hand.calendar.SelectedItem(), second);
+    hand.click(marker);
+    EXPECT_EQ(hand.calendar.SelectedItem(), first);
+}
+
+TEST(CalendarMouse, ABannerIsSelectedLikeAnItemAndNeverDragged) {
+    CalendarUnderHand hand;
+    const int holiday = hand.calendar.AddItem(0, 1439, hand.day, "Founders' Day", "0");
+    hand.calendar.Item(holiday).ItemBanner = true;
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint at = hand.middleOf(holiday);
+    hand.drag(at, at + QPoint(0, 200));
+    EXPECT_EQ(hand.calendar.SelectedItem(), holiday);
+    EXPECT_EQ(changed.count(), 0);
+}
+
+TEST(CalendarMouse, AHeadingTellsItsColumn) {
+    CalendarUnderHand hand;
+    hand.calendar.AddColumn("Adams");
+    hand.calendar.AddColumn("Baker");
+    QSignalSpy headings(&hand.calendar, &ctMDay::HeadingClicked);
+    hand.click(hand.calendar.HeadingRect(2).center());
+    ASSERT_EQ(headings.count(), 1);
+    EXPECT_EQ(headings[0][0].toInt(), 2);
+}
+
+TEST(CalendarMouse, TheWheelScrollsAndWithControlZooms) {
+    CalendarUnderHand hand;
+    hand.calendar.resize(600, 300);
+    hand.settle();
+    const QPoint middle(300, 150);
+    Wheel(hand.calendar, middle, -120);
+    EXPECT_GT(hand.calendar.TopTime(), 480);
+    const int before = hand.calendar.CellRect(1, 600).height();
+    Wheel(hand.calendar, middle, 120, Qt::ControlModifier);
+    Wheel(hand.calendar, middle, 120, Qt::ControlModifier);
+    EXPECT_GT(hand.calendar.CellRect(1, 600).height(), before);
+}
+
+TEST(CalendarMouse, ADragBeyondTheEdgeScrolls) {
+    CalendarUnderHand hand;
+    hand.calendar.resize(600, 300);
+    hand.settle();
+    hand.press(hand.freeAt(540));
+    hand.moveTo({300, 340});
+    QTRY_VERIFY_WITH_TIMEOUT(hand.calendar.TopTime() > 480, 5000);
+    hand.release({300, 340});
+    EXPECT_EQ(hand.calendar.SelStart(), 540);
+    EXPECT_GT(hand.calendar.SelEnd(), 660);
+}
+
+TEST(CalendarMouse, TheToolTipTellsTimeTextPlaceNoteAndStatus) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 590, "Anna <O'Brien>");
+    hand.calendar.Item(item).ItemLocation = "Main Street";
+    hand.calendar.Item(item).ItemTip = "Bring the form";
+    hand.calendar.Item(item).ItemStatusText = "Pending";
+    hand.calendar.Item(item).ItemStatusIcon = 7;
+    const QString tip = hand.calendar.ToolTipOf(item);
+    for (const QString& part :
+         {QStringLiteral("Anna &lt;O'Brien&gt;"), QStringLiteral("9:00 – 9:50 AM"), QStringLiteral("Main Street"),
+          QStringLiteral("Bring the form"), QStringLiteral("Pending · Confirmed")})
+        EXPECT_TRUE(tip.contains(part)) << tip.toStdString();
+}
+
+TEST(CalendarMouse, AHiddenNameIsNotInTheToolTip) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 590, "Anna O'Brien");
+    hand.calendar.Item(item).ItemTip = "Her divorce";
+    hand.calendar.Item(item).ItemTextColor = TextColor::SameAsBackground;
+    EXPECT_EQ(hand.calendar.ToolTipOf(item), QStringLiteral("9:00 – 9:50 AM"));
+}
