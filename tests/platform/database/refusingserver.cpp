@@ -1,0 +1,147 @@
+#include "refusingserver.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QtEndian>
+
+namespace {
+
+constexpr int headerSize = 8;
+constexpr char preloginRequest = 0x12;
+constexpr char loginRequest = 0x10;
+
+template <typename T>
+QByteArray little(T number) {
+    QByteArray bytes(sizeof(T), '\0');
+    qToLittleEndian(number, bytes.data());
+    return bytes;
+}
+
+QByteArray utf16(const QString& text) {
+    QByteArray bytes;
+    for (const QChar c : text)
+        bytes += little(static_cast<quint16>(c.unicode()));
+    return bytes;
+}
+
+QByteArray reply(const QByteArray& body) {
+    QByteArray packet("\x04\x01", 2);
+    packet += QByteArray(6, '\0');
+    qToBigEndian(static_cast<quint16>(body.size() + headerSize), packet.data() + 2);
+    return packet + body;
+}
+
+/// Version, and that nothing is encrypted here.
+QByteArray preloginReply() {
+    return reply(QByteArray("\x00\x00\x0b\x00\x06\x01\x00\x11\x00\x01\xff\x0f\x00\x00\x00\x00\x00\x02", 18));
+}
+
+QByteArray refusal(const std::vector<RefusingServer::Message>& messages) {
+    QByteArray body;
+    for (const RefusingServer::Message& message : messages) {
+        QByteArray error = little(static_cast<quint32>(message.number)) + QByteArray("\x01\x0e", 2);
+        error += little(static_cast<quint16>(message.text.size())) + utf16(message.text);
+        error += QByteArray(2, '\0') + little(quint32{1});
+        body += '\xaa' + little(static_cast<quint16>(error.size())) + error;
+    }
+    body += QByteArray("\xfd\x02\x00\x00\x00", 5) + QByteArray(8, '\0');
+    return reply(body);
+}
+
+QByteArray receive(int socket, qsizetype count) {
+    QByteArray bytes(count, '\0');
+    qsizetype received = 0;
+    while (received < count) {
+        const auto more = recv(socket, bytes.data() + received, static_cast<std::size_t>(count - received), 0);
+        if (more <= 0)
+            return {};
+        received += more;
+    }
+    return bytes;
+}
+
+/// The text that the pair of place and length at `at` tells of.
+QByteArray loginField(const QByteArray& login, int at) {
+    const auto place = qFromLittleEndian<quint16>(login.constData() + at);
+    const auto length = qFromLittleEndian<quint16>(login.constData() + at + 2);
+    return login.mid(place, length * 2);
+}
+
+QString fromUtf16(const QByteArray& bytes) {
+    QString text;
+    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2)
+        text += QChar(qFromLittleEndian<quint16>(bytes.constData() + i));
+    return text;
+}
+
+}  // namespace
+
+RefusingServer::RefusingServer(std::vector<Message> messages) : messages_(std::move(messages)) {
+    listener_ = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(address);
+    auto* plain = reinterpret_cast<sockaddr*>(&address);
+    if (bind(listener_, plain, size) != 0 || listen(listener_, 4) != 0 || getsockname(listener_, plain, &size) != 0)
+        qFatal("No port for the refusing server.");
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { serve(); });
+}
+
+RefusingServer::~RefusingServer() {
+    ending_ = true;
+    shutdown(listener_, SHUT_RDWR);
+    thread_.join();
+    close(listener_);
+}
+
+void RefusingServer::serve() {
+    std::vector<int> silent;
+    while (!ending_) {
+        const int caller = accept(listener_, nullptr, nullptr);
+        if (caller < 0)
+            break;
+        if (messages_.empty()) {
+            silent.push_back(caller);
+            continue;
+        }
+        answer(caller);
+        close(caller);
+    }
+    for (const int caller : silent)
+        close(caller);
+}
+
+void RefusingServer::answer(int caller) {
+    for (;;) {
+        const QByteArray header = receive(caller, headerSize);
+        if (header.isEmpty())
+            return;
+        const auto length = qFromBigEndian<quint16>(header.constData() + 2);
+        const QByteArray body = receive(caller, length - headerSize);
+        if (header[0] == loginRequest)
+            readLogin(body);
+        const QByteArray packet = header[0] == preloginRequest ? preloginReply() : refusal(messages_);
+        send(caller, packet.constData(), static_cast<std::size_t>(packet.size()), MSG_NOSIGNAL);
+        if (header[0] == loginRequest)
+            return;
+    }
+}
+
+void RefusingServer::readLogin(const QByteArray& login) {
+    constexpr int userField = 40;
+    constexpr int passwordField = 44;
+    constexpr int databaseField = 68;
+    user_ = fromUtf16(loginField(login, userField));
+    database_ = fromUtf16(loginField(login, databaseField));
+    QByteArray password = loginField(login, passwordField);
+    for (char& c : password) {
+        const auto plain = static_cast<unsigned char>(static_cast<unsigned char>(c) ^ 0xA5U);
+        c = static_cast<char>((plain << 4U) | (plain >> 4U));
+    }
+    password_ = fromUtf16(password);
+}

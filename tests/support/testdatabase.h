@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QTemporaryDir>
+
+#include "data/schema.h"
+#include "platform/database/connection.h"
+
+/// A database for one test, with the empty tables of a script: an embedded file that goes with the object. Where
+/// SVSCHEDULER_TEST_DATABASE (SVSCHEDULER_TEST_COMPANION for the companion) holds a connection text, it is the database
+/// on that server instead, emptied; such a suite runs one test at a time.
+class TestDatabase {
+  public:
+    explicit TestDatabase(SchemaScript script = SchemaScript::Main);
+
+    /// Open for the test to fill and to read back; a form opens its own by connectionText().
+    [[nodiscard]] db::Connection& connection() { return connection_; }
+    [[nodiscard]] const QString& connectionText() const { return connectionText_; }
+
+    /// The first field of the first row, as text; "(none)" where there is no row.
+    [[nodiscard]] QString text(const QString& statement);
+    /// The first field of the first row, as a number; -1 where there is no row.
+    [[nodiscard]] qint64 number(const QString& statement);
+
+  private:
+    QTemporaryDir folder_;
+    QString connectionText_;
+    db::Connection connection_;
+};
