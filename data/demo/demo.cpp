@@ -1,0 +1,138 @@
+#include "data/demo/demo.h"
+
+#include "data/demo/appointments.h"
+#include "data/demo/companion.h"
+#include "data/demo/groups.h"
+#include "data/demo/lists.h"
+#include "data/demo/patients.h"
+#include "data/demo/people.h"
+#include "data/demo/schedule.h"
+#include "data/demo/tasks.h"
+#include "data/schema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <stdexcept>
+
+namespace demo {
+
+namespace {
+
+constexpr const char* Databases[]{"practice.db", "companion.db"};
+constexpr const char* IniFiles[]{"svwsched.ini", "solvane.ini"};
+
+// The folder is named by a dot so that it can be moved as a whole.
+constexpr char SolvaneIni[] = "[SQLServer]\r\nDataSource=.\r\nInitialCatalog=practice\r\n\r\n[USER]\r\nUID=REED\r\n";
+constexpr char SchedulerIni[] =
+    "[PrintLayout]\r\nTitleFont=Arial\r\nTitleFontSize=12\r\nTitleFontBold=True\r\nTitleFontItalic=False\r\n"
+    "TimeFont=Arial\r\nTimeFontSize=8.25\r\nTimeFontBold=False\r\nTimeFontItalic=False\r\nTitleAlign=2\r\nTimeUnits=2\r\n"
+    "PrintWeekends=0\r\nAllViewCols=5\r\nTaskbar=0\r\n\r\n[General]\r\nNotice=\r\n";
+
+// Rolls back where the step inside threw.
+template <typename Step>
+void inTransaction(db::Connection& connection, Step&& step) {
+    connection.BeginTrans();
+    try {
+        step();
+        connection.CommitTrans();
+    } catch (const db::DatabaseError&) {
+        db::Ignoring([&] { connection.RollbackTrans(); });
+        throw;
+    }
+}
+
+void openNew(db::Connection& connection, const QString& folder, const char* catalog, SchemaScript script) {
+    connection.Create(QStringLiteral("Data Source=\"%1\";Initial Catalog=%2;").arg(folder, QLatin1String(catalog)));
+    ApplySchema(connection, script);
+}
+
+void writeFile(const QString& path, const char* text) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) < 0 || !file.flush())
+        throw std::runtime_error(
+            QStringLiteral("%1 cannot be written: %2.").arg(path, file.errorString()).toStdString());
+}
+
+void moveIn(const QDir& from, const QDir& to, const char* name) {
+    const QString file = QLatin1String(name);
+    if (!QFile::rename(from.filePath(file), to.filePath(file)))
+        throw std::runtime_error(QStringLiteral("%1 cannot be moved to %2.").arg(file, to.path()).toStdString());
+}
+
+void refuseUsedFolder(const QDir& folder) {
+    const auto refuse = [&](const char* name) {
+        if (folder.exists(QLatin1String(name)))
+            throw std::runtime_error(
+                QStringLiteral(
+                    "%1 is there already. The demo practice goes into a folder without one; nothing was changed.")
+                    .arg(folder.filePath(QLatin1String(name)))
+                    .toStdString());
+    };
+    for (const char* name : Databases)
+        refuse(name);
+    for (const char* name : IniFiles)
+        refuse(name);
+}
+
+}  // namespace
+
+Summary MakePractice(const Options& options, db::Connection& main, db::Connection& companion,
+                     const CompanionPlace& place) {
+    Practice practice;
+    practice.options = options;
+    MakeSpan(practice);
+    MakeLists(practice);
+    MakeProviders(practice);
+    MakePatients(practice);
+    MakeGroups(practice);
+    std::vector<Booking> bookings = MakeSchedule(practice);
+    const std::vector<Booking> showDay = MakeShowDay(practice);
+    bookings.insert(bookings.end(), showDay.begin(), showDay.end());
+    FillDetails(practice, bookings);
+
+    Companion keys;
+    inTransaction(companion, [&] { keys = WriteCompanion(practice, companion); });
+    inTransaction(main, [&] {
+        WriteLists(practice, main);
+        WriteSettings(practice, main, place.server, place.catalog);
+        WriteProviders(practice, main);
+        WritePatients(practice, main);
+        WriteGroups(practice, main);
+        WriteTasks(practice, main);
+        WritePairs(practice, keys, main);
+        WriteAppointments(practice, bookings, main);
+    });
+    inTransaction(companion, [&] { WriteCompanionSchedule(practice, keys, bookings, companion); });
+    return {static_cast<int>(practice.providers.size()), static_cast<int>(practice.patients.size()),
+            static_cast<int>(bookings.size()), practice.firstDay, practice.lastDay};
+}
+
+Summary MakeDemoFolder(const Options& options, const QString& folder) {
+    const QDir target(folder);
+    refuseUsedFolder(target);
+    if (!target.mkpath(QStringLiteral(".")))
+        throw std::runtime_error(QStringLiteral("The folder %1 cannot be made.").arg(folder).toStdString());
+    const QTemporaryDir aside(target.filePath(QStringLiteral(".making-XXXXXX")));
+    if (!aside.isValid())
+        throw std::runtime_error(
+            QStringLiteral("The folder %1 cannot be written: %2.").arg(folder, aside.errorString()).toStdString());
+
+    Summary summary;
+    {
+        db::Connection main, companion;
+        openNew(main, aside.path(), "practice", SchemaScript::Main);
+        openNew(companion, aside.path(), "companion", SchemaScript::Companion);
+        summary = MakePractice(options, main, companion, {QStringLiteral("."), QStringLiteral("companion")});
+    }
+    writeFile(aside.filePath(QStringLiteral("svwsched.ini")), SchedulerIni);
+    writeFile(aside.filePath(QStringLiteral("solvane.ini")), SolvaneIni);
+    const QDir from(aside.path());
+    for (const char* name : Databases)
+        moveIn(from, target, name);
+    for (const char* name : IniFiles)
+        moveIn(from, target, name);
+    return summary;
+}
+
+}  // namespace demo
