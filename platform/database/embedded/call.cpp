@@ -154,7 +154,7 @@ Expression ReadCall(Context& context, const std::string& name) {
     std::vector<Expression> arguments = readArguments(context, function);
     checkCount(function, arguments.size());
     if (function.takes == Takes::Number && arguments.front().kind == Kind::Text)
-        arguments.front().sql = "svs_number(" + arguments.front().sql + ")";
+        arguments.front().sql = "svs_cast(" + arguments.front().sql + ", 'float')";
     if (function.name == "isnull" || function.name == "coalesce" || function.name == "nullif")
         for (std::size_t i = 1; i < arguments.size(); ++i)
             MakeComparable(arguments.front(), arguments[i]);

@@ -36,7 +36,7 @@ void becomeNumber(Expression& expression, Kind kind) {
         const auto* whole = std::get_if<qint64>(&number);
         expression.sql = whole ? std::to_string(*whole) : NumberText(std::get<double>(number)).toStdString();
     } else if (expression.kind == Kind::Text) {
-        expression.sql = "svs_number(" + expression.sql + ")";
+        expression.sql = "svs_cast(" + expression.sql + (kind == Kind::Real ? ", 'float')" : ", 'int')");
     } else {
         return;
     }

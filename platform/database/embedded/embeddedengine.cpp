@@ -88,6 +88,17 @@ class Running {
     sqlite3_stmt* statement_;
 };
 
+/// A failure tells which statement it belongs to.
+template <typename Step>
+auto naming(const QString& statement, Step&& step) {
+    try {
+        return step();
+    } catch (DatabaseError& error) {
+        error.statement = statement;
+        throw;
+    }
+}
+
 struct StoreState {
     FunctionState* state;
     Catalog* catalog;
@@ -115,7 +126,11 @@ EmbeddedEngine::EmbeddedEngine(const QString& file, bool create)
     setLockTimeout(lockTimeoutMilliseconds);
     RegisterDialect(handle_.get(), &state_);
     registerStore();
-    configure();
+    try {
+        configure();
+    } catch (const DatabaseError&) {
+        throw OpeningFault(sqlite3_extended_errcode(handle_.get()), database_);
+    }
 }
 
 /// The first read of the file is here, so that a damaged one is found when it is opened.
@@ -123,13 +138,13 @@ void EmbeddedEngine::configure() {
     sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(handle_.get(), SQLITE_LIMIT_ATTACHED, 0);
-    run("Select count(*) From sqlite_master");
+    runOwn("Select count(*) From sqlite_master");
     if (sqlite3_db_readonly(handle_.get(), "main") == 0)
-        run("Pragma journal_mode = WAL");
-    run("Pragma synchronous = NORMAL");
-    run("Pragma foreign_keys = ON");
-    run("Pragma cache_size = -20000");
-    run("Pragma temp_store = MEMORY");
+        runOwn("Pragma journal_mode = WAL");
+    runOwn("Pragma synchronous = NORMAL");
+    runOwn("Pragma foreign_keys = ON");
+    runOwn("Pragma cache_size = -20000");
+    runOwn("Pragma temp_store = MEMORY");
 }
 
 void EmbeddedEngine::registerStore() {
@@ -143,12 +158,29 @@ void EmbeddedEngine::setLockTimeout(int milliseconds) {
 }
 
 qint64 EmbeddedEngine::execute(const QString& statement, const std::vector<Value>& bound) {
-    Statement& prepared = prepare(statement);
+    return naming(statement, [&] { return run(statement, bound); });
+}
+
+ResultTable EmbeddedEngine::query(const QString& statement, const std::vector<Value>& bound) {
+    return naming(statement, [&] {
+        if (prepare(statement).translation.kind != Translation::Kind::Rows) {
+            run(statement, bound);
+            return ResultTable();
+        }
+        if (auto table = readRows(statement, prepare(statement), bound))
+            return std::move(*table);
+        forgetSchema();
+        return readRows(statement, prepare(statement), bound).value_or(ResultTable());
+    });
+}
+
+qint64 EmbeddedEngine::run(const QString& text, const std::vector<Value>& bound) {
+    Statement& prepared = prepare(text);
     const Translation::Kind kind = prepared.translation.kind;
     {
         const Running running(prepared.handle.get());
-        bind(statement, prepared, bound);
-        while (step(statement, prepared)) {
+        bind(prepared, bound);
+        while (step(text, prepared)) {
         }
     }
     if (kind == Translation::Kind::Definition)
@@ -156,22 +188,16 @@ qint64 EmbeddedEngine::execute(const QString& statement, const std::vector<Value
     return kind == Translation::Kind::Write ? sqlite3_changes64(handle_.get()) : 0;
 }
 
-ResultTable EmbeddedEngine::query(const QString& statement, const std::vector<Value>& bound) {
-    Statement& prepared = prepare(statement);
-    if (prepared.translation.kind != Translation::Kind::Rows) {
-        execute(statement, bound);
-        return ResultTable();
-    }
-    const Running running(prepared.handle.get());
-    bind(statement, prepared, bound);
-    return readRows(statement, prepared);
-}
-
-ResultTable EmbeddedEngine::readRows(const QString& text, Statement& prepared) {
+std::optional<ResultTable> EmbeddedEngine::readRows(const QString& text, Statement& prepared,
+                                                    const std::vector<Value>& bound) {
     sqlite3_stmt* handle = prepared.handle.get();
+    const Running running(handle);
+    bind(prepared, bound);
     bool row = step(text, prepared);
     std::vector<Column> columns = prepared.translation.columns;
     const auto count = static_cast<int>(columns.size());
+    if (sqlite3_column_count(handle) != count)
+        return {};
     for (int i = 0; row && i < count; ++i)
         if (prepared.translation.typesFromRows[static_cast<std::size_t>(i)])
             columns[static_cast<std::size_t>(i)].type = typeOfValue(handle, i);
@@ -185,21 +211,21 @@ ResultTable EmbeddedEngine::readRows(const QString& text, Statement& prepared) {
 void EmbeddedEngine::begin() {
     if (sqlite3_get_autocommit(handle_.get()) == 0)
         throw DatabaseError(-2147168237, QStringLiteral("Only one transaction can be active on this session."));
-    run("Begin Immediate");
+    runOwn("Begin Immediate");
 }
 
 void EmbeddedEngine::commit() {
     if (sqlite3_get_autocommit(handle_.get()) != 0)
         throw DatabaseError(3902,
                             QStringLiteral("The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."));
-    run("Commit");
+    runOwn("Commit");
 }
 
 void EmbeddedEngine::rollback() {
     if (sqlite3_get_autocommit(handle_.get()) != 0)
         throw DatabaseError(3903,
                             QStringLiteral("The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION."));
-    run("Rollback");
+    runOwn("Rollback");
     // A table made within the transaction is gone with it.
     forgetSchema();
 }
@@ -247,19 +273,14 @@ Translation EmbeddedEngine::translate(const QString& statement) {
     const std::string_view text(utf8.constData(), static_cast<std::size_t>(utf8.size()));
     constexpr int unknownColumn = 207;
     try {
-        try {
-            return Translate(text, catalog_);
-        } catch (const DatabaseError& error) {
-            if (error.number != unknownColumn)
-                throw;
-        }
-        // Another desk may have added it since the table was read.
-        forgetSchema();
         return Translate(text, catalog_);
-    } catch (DatabaseError& error) {
-        error.statement = statement;
-        throw;
+    } catch (const DatabaseError& error) {
+        if (error.number != unknownColumn)
+            throw;
     }
+    // Another desk may have added it since the table was read.
+    forgetSchema();
+    return Translate(text, catalog_);
 }
 
 EmbeddedEngine::Statement& EmbeddedEngine::prepare(const QString& statement) {
@@ -280,14 +301,13 @@ EmbeddedEngine::Statement& EmbeddedEngine::prepare(const QString& statement) {
     return statements_.front().second;
 }
 
-void EmbeddedEngine::bind(const QString& statement, Statement& prepared, const std::vector<Value>& bound) {
+void EmbeddedEngine::bind(Statement& prepared, const std::vector<Value>& bound) {
     const std::vector<BoundPlace>& places = prepared.translation.parameters;
     if (bound.size() != places.size())
         throw DatabaseError(8178,
                             QStringLiteral("The parameterized query expects %1 parameters, of which %2 were supplied.")
                                 .arg(places.size())
-                                .arg(bound.size()),
-                            statement);
+                                .arg(bound.size()));
     for (std::size_t i = 0; i < bound.size(); ++i) {
         Cell cell = ToCell(bound[i]);
         if (const auto& table = places[i].table)
@@ -314,7 +334,7 @@ void EmbeddedEngine::forgetSchema() {
     catalog_.forget();
 }
 
-void EmbeddedEngine::run(const char* sql) {
+void EmbeddedEngine::runOwn(const char* sql) {
     if (sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
         fail(QString::fromLatin1(sql));
 }

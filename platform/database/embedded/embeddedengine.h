@@ -1,6 +1,7 @@
 #pragma once
 
 #include <list>
+#include <optional>
 #include <QHash>
 #include <unordered_map>
 
@@ -42,12 +43,14 @@ class EmbeddedEngine final : public Engine {
     void configure();
     Translation translate(const QString& statement);
     Statement& prepare(const QString& statement);
-    void bind(const QString& statement, Statement& prepared, const std::vector<Value>& bound);
+    static void bind(Statement& prepared, const std::vector<Value>& bound);
     /// Runs to the end, or to the first row; true for a row.
     bool step(const QString& text, Statement& prepared);
-    ResultTable readRows(const QString& text, Statement& prepared);
+    qint64 run(const QString& text, const std::vector<Value>& bound);
+    /// Nothing when another desk changed the columns of a table since they were looked up.
+    std::optional<ResultTable> readRows(const QString& text, Statement& prepared, const std::vector<Value>& bound);
     void forgetSchema();
-    void run(const char* sql);
+    void runOwn(const char* sql);
     [[noreturn]] void fail(const QString& statement);
     void registerStore();
 

@@ -111,8 +111,11 @@ Expression readLike(Context& context, Expression left, bool negated) {
     const Expression pattern = ReadOperand(context);
     requireValue(context, pattern);
     std::string escape;
-    if (context.in.acceptWord("escape"))
+    if (context.in.acceptWord("escape")) {
+        if (context.in.peek().kind != TokenKind::Text)
+            context.in.fail();
         escape = context.in.next().text;
+    }
     return Like(context, std::move(left), pattern, escape, negated);
 }
 

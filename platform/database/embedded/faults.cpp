@@ -101,14 +101,6 @@ Fault fileFault(int code, const QString& database) {
                     .arg(database)
                     .arg(code)};
         case SQLITE_CANTOPEN:
-        case SQLITE_PERM:
-        case SQLITE_AUTH:
-            return {
-                code,
-                QStringLiteral(
-                    "The database \"%1\" cannot be opened. Its file and folder must be readable and writable for you. (SQLite error %2)")
-                    .arg(database)
-                    .arg(code)};
         case SQLITE_IOERR:
             return {code, QStringLiteral("Reading or writing the database \"%1\" failed. (SQLite error %2)")
                               .arg(database)
@@ -134,7 +126,15 @@ DatabaseError FaultOf(sqlite3* handle, int fault, const QString& database, const
 }
 
 DatabaseError OpeningFault(int code, const QString& database) {
-    const Fault fault = fileFault(code & 0xFF, database);
+    const int primary = code & 0xFF;
+    if (primary == SQLITE_READONLY || primary == SQLITE_CANTOPEN || primary == SQLITE_PERM || primary == SQLITE_AUTH)
+        return {
+            primary,
+            QStringLiteral(
+                "The database \"%1\" cannot be opened. Its file and folder must be readable and writable for you. (SQLite error %2)")
+                .arg(database)
+                .arg(primary)};
+    const Fault fault = fileFault(primary, database);
     if (fault.number != 0)
         return {fault.number, fault.description};
     return {code, QStringLiteral("The database \"%1\" cannot be opened. (SQLite error %2)").arg(database).arg(code)};

@@ -119,14 +119,6 @@ Cell numberOf(const FunctionCall& call, int i) {
     return NumberFromText(text, text.find_first_of(".eE") == std::string::npos ? whole : real);
 }
 
-void number(const FunctionCall& call) {
-    static const SqlType integer = *MakeType("int");
-    if (call.isText(0))
-        call.give(NumberFromText(std::string(call.text(0)), integer));
-    else
-        sqlite3_result_value(call.context(), call.value(0));
-}
-
 double realOf(const Cell& cell) {
     const auto* whole = std::get_if<qint64>(&cell);
     return whole ? static_cast<double>(*whole) : std::get<double>(cell);
@@ -188,7 +180,6 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"svs_date_text", 3, invokeUnlessNull<DateToText>},
         Definition{"svs_date_plus", 2, invokeUnlessNull<DatePlusDays>},
         Definition{"svs_like", -1, invokeUnlessNull<like>},
-        Definition{"svs_number", 1, invokeUnlessNull<number>},
         Definition{"svs_add", 2, invokeUnlessNull<add>},
         Definition{"svs_cast", 2, invokeUnlessNull<cast>},
         Definition{"svs_cast_text", 2, invokeUnlessNull<castText>},
