@@ -1,125 +1,8 @@
-#include "session/startup.h"
+#include "tests/session/startupfixture.h"
 
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-#include <QDialog>
-#include <QDir>
 #include <QFile>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
-#include "platform/desktop/inifile.h"
-#include "session/session.h"
-#include "tests/session/practice.h"
 #include "tests/support/files.h"
-#include "tests/support/scripteddesk.h"
-
-namespace {
-
-// A main window that only notes what start-up asks of it.
-class NotedWindow : public StartUpWindow {
-  public:
-    void RestorePosition() override { calls << "place"; }
-    void SetHelpFile(const QString& path) override { helpFile = path; }
-    void SetDateOrder(int order) override { calls << QString("date order %1").arg(order); }
-    void ShowDateText(const QString& text) override { calls << "date " + text; }
-    void ShowMainWindow() override { calls << "show"; }
-    void ChooseProvider() override {
-        calls << "choose";
-        Session().ProviderId = chosenId;
-        Session().ProviderName = chosenId.isEmpty() ? QString() : "Chosen";
-    }
-    void setmenuaccess() override { calls << QString("access %1").arg(Session().ScreenAccess); }
-    void WritePanels() override { calls << "panels " + Session().UserName + "/" + Session().ProviderName; }
-    void InitTaskPane() override { calls << "task pane " + Session().FHDatabaseId; }
-    void MarkReady(QDate today) override { calls << "ready " + today.toString(Qt::ISODate); }
-    void MakeScheduleLink() override { calls << "link"; }
-    void ShowDayView() override { calls << QString("day view %1").arg(Session().CurrentView); }
-    void changeview(int index) override { calls << QString("changeview %1").arg(index); }
-
-    QStringList calls;
-    QString helpFile;
-    QString chosenId;
-};
-
-// Takes the right to write away from the test, which root has everywhere.
-class ReadOnlyFolder {
-  public:
-    explicit ReadOnlyFolder(const QString& path) : path_(path), wasRoot_(geteuid() == 0) {
-        for (const QString& name : QDir(path).entryList(QDir::Files))
-            QFile::setPermissions(path + "/" + name, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-        QFile::setPermissions(path, QFile::Permissions(0x5555));
-        if (wasRoot_)
-            taken_ = seteuid(65534) == 0;
-    }
-    ~ReadOnlyFolder() {
-        if (taken_ && seteuid(0) != 0)
-            ADD_FAILURE() << "The test stays without its rights.";
-        QFile::setPermissions(path_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
-    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
-
-  private:
-    QString path_;
-    bool wasRoot_;
-    bool taken_ = false;
-};
-
-class StartingUp : public testing::Test {
-  protected:
-    StartingUp() { practice.addUser("ANNA", "Adler", 1, "000012003"); }
-    bool start(const char* commandLine = "1|ANNA") {
-        return StartUp(QString::fromLatin1(commandLine), {practice.path(), practice.file("installation.ini")}, window);
-    }
-    // Start-up shows the logon and a user types.
-    void expectLogon(const char* uid, const char* password) {
-        desk.expectForm("frmsvspl", [uid, password](QDialog& form) {
-            form.findChild<QLineEdit*>("txtuid")->setText(uid);
-            form.findChild<QLineEdit*>("txtpassword")->setText(password);
-            form.findChild<QPushButton*>("cmdOk")->click();
-        });
-    }
-    // What the database client says to the connection that solvane.ini asks for.
-    [[nodiscard]] QString connectError() const {
-        const QString ini = practice.file("solvane.ini");
-        QString source = ReadIniValue(ini, "SQLServer", "DataSource");
-        if (source == ".")
-            source = practice.path();
-        try {
-            db::Connection connection;
-            connection.Open(QString("Provider=SQLOLEDB;Data Source=%1;Initial Catalog=%2;User Id=SVMaster;Password=;")
-                                .arg(source, ReadIniValue(ini, "SQLServer", "InitialCatalog")));
-        } catch (const db::DatabaseError& error) {
-            return QString("Error connecting to database! %1, %2").arg(error.number).arg(error.description);
-        }
-        return {};
-    }
-    void expectNoDatabase() {
-        const QString error = connectError();
-        ASSERT_FALSE(error.isEmpty()) << "The database could be opened.";
-        desk.expectBox(error, "Error");
-        desk.expectBox("Error reading global setings from database. " + closedConnection(), "Error");
-        expectLogon("ANNA", "secret");
-        desk.expectBox("You must first run Solvane and setup a User Id and Password!", "No Passwords");
-    }
-    [[nodiscard]] static QString closedConnection() {
-        try {
-            db::Connection().Execute("Select 1");
-        } catch (const db::DatabaseError& error) {
-            return error.description;
-        }
-        return {};
-    }
-
-    ScriptedDesk desk;
-    Practice practice;
-    NotedWindow window;
-};
-
-}  // namespace
 
 TEST_F(StartingUp, EverythingComesInItsOrder) {
     ASSERT_TRUE(start());
@@ -189,23 +72,6 @@ TEST_F(StartingUp, TheConnectionTextIsBuiltInItsOrder) {
     EXPECT_EQ(GetServerName(), ".");
 }
 
-TEST_F(StartingUp, WithoutSolvaneIniTheProgramEnds) {
-    QFile::remove(practice.file("solvane.ini"));
-    QFile::remove(practice.file("svwsched.ini"));
-    desk.expectBox("Unable to find configuration file solvane.ini. Program will terminate.", "File Not Found");
-
-    EXPECT_FALSE(start());
-
-    EXPECT_FALSE(window.calls.contains("show"));
-}
-
-TEST_F(StartingUp, WithoutSvwschedIniTheProgramEnds) {
-    QFile::remove(practice.file("svwsched.ini"));
-    desk.expectBox("Unable to find configuration file svwsched.ini. Program will terminate.", "File Not Found");
-
-    EXPECT_FALSE(start());
-}
-
 TEST_F(StartingUp, AnOldSvwschedIniGetsTheKeysOfThePrintLayout) {
     PutFile(practice.file("svwsched.ini"), "; ours\n[PrintLayout]\nTitleAlign=1\nTitleFontBold=\n");
 
@@ -220,59 +86,6 @@ TEST_F(StartingUp, APrintLayoutThatIsThereIsLeftAlone) {
     ASSERT_TRUE(start());
 
     EXPECT_EQ(FileBytes(practice.file("svwsched.ini")), "[PrintLayout]\nTitleFontBold=True\n");
-}
-
-TEST_F(StartingUp, AMissingDatabaseIsToldAndTheLogonFindsNobody) {
-    QFile::remove(practice.file("practice.db"));
-    expectNoDatabase();
-
-    EXPECT_FALSE(start(""));
-
-    EXPECT_TRUE(window.calls.contains("show"));
-    EXPECT_FALSE(Session().Connection.IsOpen());
-}
-
-TEST_F(StartingUp, AServerThatIsAwayIsToldAndTheLogonFindsNobody) {
-    PutFile(practice.file("solvane.ini"), "[SQLServer]\nDataSource=127.0.0.1,1\nInitialCatalog=practice\n");
-    expectNoDatabase();
-
-    EXPECT_FALSE(start(""));
-}
-
-TEST_F(StartingUp, AnIniFileWithoutADatabaseNameIsToldLikeAMissingDatabase) {
-    PutFile(practice.file("solvane.ini"), "[SQLServer]\nDataSource=.\nInitialCatalog\n");
-    expectNoDatabase();
-
-    EXPECT_FALSE(start(""));
-}
-
-TEST_F(StartingUp, AFileThatIsNoDatabaseIsTold) {
-    PutFile(practice.file("other.db"), QByteArray("This is a letter to the practice. ").repeated(200));
-    PutFile(practice.file("solvane.ini"), "[SQLServer]\nDataSource=.\nInitialCatalog=other\n");
-    expectNoDatabase();
-
-    EXPECT_FALSE(start(""));
-}
-
-TEST_F(StartingUp, ADatabaseFileThatWasCutShortIsTold) {
-    PutFile(practice.file("other.db"), FileBytes(practice.file("practice.db")).left(6000));
-    PutFile(practice.file("solvane.ini"), "[SQLServer]\nDataSource=.\nInitialCatalog=other\n");
-    expectNoDatabase();
-
-    EXPECT_FALSE(start(""));
-}
-
-TEST_F(StartingUp, AFolderThatMayOnlyBeReadStillShowsTheDay) {
-    PutFile(practice.file("svwsched.ini"), "[PrintLayout]\n");
-    const ReadOnlyFolder readOnly(practice.path());
-    expectLogon("ANNA", "secret");
-
-    ASSERT_TRUE(start(""));
-
-    EXPECT_EQ(window.calls.last(), "day view 1");
-    EXPECT_FALSE(Session().EmailReminderText.isEmpty());
-    EXPECT_EQ(FileBytes(practice.file("svwsched.ini")), "[PrintLayout]\n");
-    EXPECT_EQ(practice.value("Select Count(*) From User_Preferences"), "0");
 }
 
 TEST_F(StartingUp, TheCommandLineOfANotesUserIsKnownWithoutALogon) {
@@ -390,18 +203,6 @@ TEST_F(StartingUp, AFontSizeThatCannotBeReadBecomes8AndNoFontNameArial) {
         EXPECT_EQ(Session().InterfaceFontName, "Arial");
         EXPECT_FALSE(Session().InterfaceSizing);
     }
-}
-
-TEST_F(StartingUp, AMissingSettingsTableIsToldThreeTimesAndTheDayIsShownAllTheSame) {
-    practice.sql("Drop Table settings");
-    const QString reason = "Invalid object name 'settings'.";
-    desk.expectBox("Error reading global setings from database. " + reason, "Error");
-    desk.expectBox("Error reading setings from database. " + reason, "Error");
-    desk.expectBox("Error retrieving Fernhall Server and Database Name. " + reason, "Error");
-
-    ASSERT_TRUE(start());
-
-    EXPECT_EQ(window.calls.last(), "day view 1");
 }
 
 TEST_F(StartingUp, APracticeWithACompanionIsLinkedToIt) {
