@@ -19,8 +19,7 @@ namespace demo {
 
 namespace {
 
-constexpr const char* Databases[]{"practice.db", "companion.db"};
-constexpr const char* IniFiles[]{"svwsched.ini", "solvane.ini"};
+constexpr const char* Files[]{"practice.db", "companion.db", "svwsched.ini", "solvane.ini"};
 
 // The folder is named by a dot so that it can be moved as a whole.
 constexpr char SolvaneIni[] = "[SQLServer]\r\nDataSource=.\r\nInitialCatalog=practice\r\n\r\n[USER]\r\nUID=REED\r\n";
@@ -54,25 +53,50 @@ void writeFile(const QString& path, const char* text) {
             QStringLiteral("%1 cannot be written: %2.").arg(path, file.errorString()).toStdString());
 }
 
-void moveIn(const QDir& from, const QDir& to, const char* name) {
-    const QString file = QLatin1String(name);
-    if (!QFile::rename(from.filePath(file), to.filePath(file)))
+// solvane.ini goes last. What was moved before a failure is taken out again.
+void moveAllIn(const QDir& from, const QDir& to) {
+    QStringList moved;
+    for (const char* name : Files) {
+        const QString file = QLatin1String(name);
+        if (QFile::rename(from.filePath(file), to.filePath(file))) {
+            moved.append(file);
+            continue;
+        }
+        for (const QString& back : moved)
+            QFile::remove(to.filePath(back));
         throw std::runtime_error(QStringLiteral("%1 cannot be moved to %2.").arg(file, to.path()).toStdString());
+    }
 }
 
 void refuseUsedFolder(const QDir& folder) {
-    const auto refuse = [&](const char* name) {
-        if (folder.exists(QLatin1String(name)))
+    for (const char* name : Files) {
+        const QString path = folder.filePath(QLatin1String(name));
+        if (QFile::exists(path))
             throw std::runtime_error(
                 QStringLiteral(
                     "%1 is there already. The demo practice goes into a folder without one; nothing was changed.")
-                    .arg(folder.filePath(QLatin1String(name)))
+                    .arg(path)
                     .toStdString());
-    };
-    for (const char* name : Databases)
-        refuse(name);
-    for (const char* name : IniFiles)
-        refuse(name);
+    }
+}
+
+Summary makeIn(const Options& options, const QDir& target) {
+    const QTemporaryDir aside(target.filePath(QStringLiteral(".making-XXXXXX")));
+    if (!aside.isValid())
+        throw std::runtime_error(QStringLiteral("The folder %1 cannot be written: %2.")
+                                     .arg(target.path(), aside.errorString())
+                                     .toStdString());
+    Summary summary;
+    {
+        db::Connection main, companion;
+        openNew(main, aside.path(), "practice", SchemaScript::Main);
+        openNew(companion, aside.path(), "companion", SchemaScript::Companion);
+        summary = MakePractice(options, main, companion, {QStringLiteral("."), QStringLiteral("companion")});
+    }
+    writeFile(aside.filePath(QStringLiteral("svwsched.ini")), SchedulerIni);
+    writeFile(aside.filePath(QStringLiteral("solvane.ini")), SolvaneIni);
+    moveAllIn(QDir(aside.path()), target);
+    return summary;
 }
 
 }  // namespace
@@ -111,28 +135,16 @@ Summary MakePractice(const Options& options, db::Connection& main, db::Connectio
 Summary MakeDemoFolder(const Options& options, const QString& folder) {
     const QDir target(folder);
     refuseUsedFolder(target);
+    const bool wasThere = target.exists();
     if (!target.mkpath(QStringLiteral(".")))
         throw std::runtime_error(QStringLiteral("The folder %1 cannot be made.").arg(folder).toStdString());
-    const QTemporaryDir aside(target.filePath(QStringLiteral(".making-XXXXXX")));
-    if (!aside.isValid())
-        throw std::runtime_error(
-            QStringLiteral("The folder %1 cannot be written: %2.").arg(folder, aside.errorString()).toStdString());
-
-    Summary summary;
-    {
-        db::Connection main, companion;
-        openNew(main, aside.path(), "practice", SchemaScript::Main);
-        openNew(companion, aside.path(), "companion", SchemaScript::Companion);
-        summary = MakePractice(options, main, companion, {QStringLiteral("."), QStringLiteral("companion")});
+    try {
+        return makeIn(options, target);
+    } catch (...) {
+        if (!wasThere)
+            QDir().rmdir(folder);
+        throw;
     }
-    writeFile(aside.filePath(QStringLiteral("svwsched.ini")), SchedulerIni);
-    writeFile(aside.filePath(QStringLiteral("solvane.ini")), SolvaneIni);
-    const QDir from(aside.path());
-    for (const char* name : Databases)
-        moveIn(from, target, name);
-    for (const char* name : IniFiles)
-        moveIn(from, target, name);
-    return summary;
 }
 
 }  // namespace demo

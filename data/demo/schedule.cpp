@@ -109,6 +109,8 @@ class ProviderWeeks {
     }
 
     bool reserved(int day, int start, int end) const {
+        if (provider_ == 0 && day == Weekday(practice_.options.today) && overlaps(ShowSeriesHours, start, end))
+            return true;
         return std::any_of(practice_.groups.begin(), practice_.groups.end(), [&](const Group& group) {
             return group.leader == provider_ && group.weekday == day && overlaps(group.hours, start, end);
         });

@@ -19,6 +19,9 @@ void MakeSpan(Practice& practice);
 /// weekend a modest one.
 [[nodiscard]] std::vector<Booking> MakeShowDay(const Practice& practice);
 
+/// The time of REED's own weekly patient on today's day of the week, which nobody else is given.
+inline constexpr Hours ShowSeriesHours{480, 530};
+
 /// The series numbers of MakeSchedule are all below this one; MakeShowDay's begin with it.
 inline constexpr int FirstShowSeries = 1 << 28;
 

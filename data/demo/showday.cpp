@@ -20,7 +20,7 @@ class ShowDay {
     std::vector<Booking> weekday() {
         using namespace ncolor;
         patient({435, 480}, Kept, "Before work, leaves at 8 sharp.", "CF").location = "Main Office";
-        patient({480, 530}, Kept, "Sleep diary reviewed. Bring the second one next week.", "CF").series =
+        patient(ShowSeriesHours, Kept, "Sleep diary reviewed. Bring the second one next week.", "CF").series =
             FirstShowSeries;
         Booking& arrived = patient({540, 590}, CheckedIn, "Copay paid. New insurance card copied.", "CF");
         arrived.room = 2;

@@ -106,6 +106,19 @@ TEST(MakingAPractice, TheSmallestStillReachesFromBeforeTodayPastIt) {
     EXPECT_GT(practice.lastDay, Wednesday);
 }
 
+TEST(MakingAPractice, AHolidayThatFallsOnTodayIsLeftOut) {
+    DemoPractice practice(QDate(2026, 12, 25));
+    EXPECT_EQ(practice.main.number("Select Count(*) from Holidays Where Holiday = 'Christmas Day'"), 0);
+    EXPECT_EQ(practice.main.number("Select Count(*) from Holidays Where Holiday = 'Christmas Eve'"), 1);
+}
+
+TEST(MakingAPractice, AnyDayWillDo) {
+    for (const QDate today : {QDate(2028, 2, 29), QDate(2027, 1, 1), QDate(2026, 11, 22)}) {
+        DemoPractice practice(today);
+        EXPECT_GT(practice.summary.appointments, 500) << today.toString(Qt::ISODate).toStdString();
+    }
+}
+
 TEST(MakingAFolder, HoldsTwoDatabasesAndTwoIniFilesAndNothingElse) {
     const QTemporaryDir folder;
     const QString data = folder.filePath(QStringLiteral("data"));
@@ -127,6 +140,14 @@ TEST(MakingAFolder, APracticeThatIsThereIsLeftAlone) {
     EXPECT_EQ(QFile(file.fileName()).size(), 4);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               QStringList{"practice.db"});
+}
+
+TEST(MakingAFolder, AFolderThatCannotBeMadeIsTold) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("file")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_THROW(demo::MakeDemoFolder({1, 1000, Wednesday}, file.fileName() + QStringLiteral("/data")),
+                 std::runtime_error);
 }
 
 }  // namespace
