@@ -52,7 +52,7 @@ void frmsltpv::buildForm() {
     txtfind = new QLineEdit(this);
     txtfind->setObjectName(QStringLiteral("txtfind"));
     txtfind->setClearButtonEnabled(true);
-    txtfind->setPlaceholderText(tr("Type the first letters of a name"));
+    txtfind->setPlaceholderText(tr("First letters of a name"));
     txtfind->installEventFilter(this);
     auto* label = new QLabel(tr("&Find:"), this);
     label->setBuddy(txtfind);

@@ -55,7 +55,6 @@ QCheckBox* checkBox(QWidget* parent, const char* name, const QString& text) {
 QLabel* hint(QWidget* parent, const QString& text) {
     auto* label = new QLabel(text, parent);
     label->setForegroundRole(QPalette::PlaceholderText);
-    label->setWordWrap(true);
     return label;
 }
 
@@ -162,7 +161,7 @@ QWidget* frmaopts::buildBehaviour() {
     auto* column = new QVBoxLayout(box);
     column->addWidget(cktasks);
     column->addWidget(cksound);
-    column->addWidget(hint(box, tr("Sound effects stay on until the program ends.")));
+    column->addWidget(hint(box, tr("Sounds last until the program ends.")));
     column->addStretch(1);
     return box;
 }
