@@ -94,6 +94,8 @@ int main(int argc, char** argv) {
     if (!chooseDisplay(options))
         return refuse(QStringLiteral("there is no display; --screenshot FILE makes a picture without one"), Failed);
 
+    if (!options.screenshotFile.isEmpty())
+        QuietenPlatform();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("svscheduler"));
     QApplication::setApplicationDisplayName(QStringLiteral("Solvane Scheduler"));

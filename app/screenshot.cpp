@@ -8,6 +8,20 @@
 
 #include "platform/desktop/desktop.h"
 
+namespace {
+
+// What the off-screen platform cannot do is nothing to whoever wants a picture.
+void onlyGraveMessages(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+}
+
+}  // namespace
+
+void QuietenPlatform() {
+    qInstallMessageHandler(onlyGraveMessages);
+}
+
 void AnswerWithoutUser() {
     Desktop().msgBox = [](const QString& text, BoxStyle style, const QString& title) {
         std::fprintf(stderr, "%s: %s\n", qUtf8Printable(title), qUtf8Printable(text));

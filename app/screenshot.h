@@ -4,6 +4,9 @@
 
 class QWidget;
 
+/// Drops the remarks and warnings of the windowing platform; before the application is made.
+void QuietenPlatform();
+
 /// Lets the program start with nobody at the screen: messages go to standard error and are answered with OK or No, the
 /// provider list is answered with the provider it offers first, and any other form is cancelled.
 void AnswerWithoutUser();

@@ -144,7 +144,7 @@ void mdisched::buildCentre() {
     viewPlace_->setSpacing(0);
     pnltitle_ = panel(right, "pnltitle", tr("Title"));
     pnltitle_->setFont(HeadingFont(2));
-    pnltitle_->setContentsMargins(Space(12), Space(4), Space(12), Space(8));
+    pnltitle_->setContentsMargins(Space(12), Space(8), Space(12), Space(8));
     viewPlace_->addWidget(pnltitle_);
 
     splitter_ = new QSplitter(Qt::Horizontal, this);

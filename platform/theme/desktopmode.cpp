@@ -13,6 +13,8 @@ const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString Interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString Group = QStringLiteral("org.freedesktop.appearance");
 const QString Key = QStringLiteral("color-scheme");
+/// Our own connection: the shared one stays dead once somebody has asked for it without a bus.
+const QString ConnectionName = QStringLiteral("svscheduler-look");
 constexpr int AnswerWithinMilliseconds = 2000;
 
 }  // namespace
@@ -30,11 +32,15 @@ std::optional<ThemeMode> ModeFromPortal(const QVariant& answer) {
     }
 }
 
+DesktopMode::~DesktopMode() {
+    QDBusConnection::disconnectFromBus(ConnectionName);
+}
+
 void DesktopMode::watch() {
     // With no address the client library would try to start a bus of its own.
     if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
         return;
-    QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, ConnectionName);
     bus.connect(Service, Path, Interface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     QDBusMessage question = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("Read"));

@@ -19,6 +19,7 @@ class DesktopMode : public QObject {
 
   public:
     using QObject::QObject;
+    ~DesktopMode() override;
 
     void watch();
 

@@ -11,6 +11,9 @@
 
 namespace {
 
+/// Pixels beside the content of a tool button, on either side.
+constexpr int ToolButtonPadding = 4;
+
 bool isDefaultButton(const QStyleOption* option) {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     return button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton) &&
@@ -62,6 +65,11 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                 option->palette.color(option->state.testFlag(State_HasFocus) ? QPalette::Link : QPalette::Mid));
             painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
             return;
+        case PE_PanelTipLabel:
+            painter->fillRect(option->rect, option->palette.color(QPalette::ToolTipBase));
+            painter->setPen(option->palette.color(QPalette::Mid));
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            return;
         case PE_PanelStatusBar:
             painter->setPen(option->palette.color(QPalette::Mid));
             painter->drawLine(option->rect.topLeft(), option->rect.topRight());
@@ -85,6 +93,15 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
             if (isDefaultButton(option) && option->state.testFlag(State_Enabled)) {
                 QStyleOptionButton label = *qstyleoption_cast<const QStyleOptionButton*>(option);
                 label.palette.setColor(QPalette::ButtonText, label.palette.color(QPalette::BrightText));
+                QProxyStyle::drawControl(element, &label, painter, widget);
+                return;
+            }
+            break;
+        case CE_ToolButtonLabel:
+            if (const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+                button != nullptr && button->toolButtonStyle == Qt::ToolButtonTextBesideIcon) {
+                QStyleOptionToolButton label = *button;
+                label.rect.adjust(ToolButtonPadding, 0, ToolButtonPadding, 0);
                 QProxyStyle::drawControl(element, &label, painter, widget);
                 return;
             }
@@ -201,7 +218,10 @@ QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option
             result.setHeight(std::max(result.height(), least));
             break;
         case CT_ToolButton:
-            result += QSize(8, 4);
+            result += QSize(2 * ToolButtonPadding, 4);
+            break;
+        case CT_MenuBarItem:
+            result += QSize(6, 5);
             break;
         case CT_CheckBox:
         case CT_RadioButton:
@@ -226,6 +246,8 @@ QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option
 
 int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
+        case PM_ToolTipLabelFrameWidth:
+            return 5;
         case PM_ScrollBarExtent:
             return 13;
         case PM_ScrollBarSliderMin:
