@@ -4,7 +4,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
 
 namespace {
 
@@ -13,7 +12,7 @@ const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString Interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString Group = QStringLiteral("org.freedesktop.appearance");
 const QString Key = QStringLiteral("color-scheme");
-/// Our own connection: the shared one stays dead once somebody has asked for it without a bus.
+/// Our own connection, by its address: the library's shared one stays dead once anybody asked for it without a bus.
 const QString ConnectionName = QStringLiteral("svscheduler-look");
 constexpr int AnswerWithinMilliseconds = 2000;
 
@@ -38,9 +37,12 @@ DesktopMode::~DesktopMode() {
 
 void DesktopMode::watch() {
     // With no address the client library would try to start a bus of its own.
-    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (address.isEmpty())
         return;
-    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, ConnectionName);
+    // The slot is found by the name of its parameter's type.
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");
+    QDBusConnection bus = QDBusConnection::connectToBus(address, ConnectionName);
     bus.connect(Service, Path, Interface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     QDBusMessage question = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("Read"));

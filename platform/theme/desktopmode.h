@@ -1,12 +1,11 @@
 #pragma once
 
 #include <optional>
+#include <QDBusVariant>
 #include <QObject>
 #include <QVariant>
 
 #include "platform/theme/colours.h"
-
-class QDBusVariant;
 
 /// What the desktop's settings portal answers for "color-scheme": 1 dark, 2 light, wrapped in one variant or two.
 /// Nothing for "no preference" and for anything else.
