@@ -1,6 +1,6 @@
 # Shared by ./run, ./test and ./bench: installs what is missing (Debian 12, as root or with sudo) and builds.
 
-# Compiles and runs the program; the comment in README.md tells what each package is for.
+# README.md tells what each package is for.
 BUILD_PACKAGES="build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools libqt6sql6-odbc
 libqt6svg6 libsqlite3-dev unixodbc-dev unixodbc tdsodbc libgtest-dev libbenchmark-dev fonts-dejavu-core"
 # Only the tests use these.
@@ -8,9 +8,12 @@ TEST_PACKAGES="libsqliteodbc xvfb xauth xdotool dbus-daemon"
 
 say() { printf '%s\n' "$*" >&2; }
 
+# The packages among the arguments that are not installed.
 missing_packages() {
+    local installed package
+    installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null | sed -n 's/ installed$//p')
     for package in "$@"; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || printf '%s ' "$package"
+        grep -qx "$package" <<<"$installed" || printf '%s ' "$package"
     done
 }
 
@@ -28,10 +31,10 @@ install_packages() {
     say "Installing: $missing"
     $as_root apt-get update -qq >/dev/null || true
     # shellcheck disable=SC2086
-    DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null || {
-        say "Installing failed. Run 'apt-get install $missing' to see why."
+    if ! DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null; then
+        say "Installing failed. 'apt-get install $missing' tells why."
         return 1
-    }
+    fi
 }
 
 # build PRESET [TARGET...]: configures once and builds; the output is shown only when something fails.
@@ -39,12 +42,13 @@ build() {
     local preset=$1 log
     shift
     log=$(mktemp)
-    if ! { [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"; } >"$log" 2>&1 ||
-        ! cmake --build --preset "$preset" ${1:+--target "$@"} >"$log" 2>&1; then
-        cat "$log" >&2
+    if { [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"; } >"$log" 2>&1 &&
+        cmake --build --preset "$preset" ${1:+--target "$@"} >"$log" 2>&1; then
         rm -f "$log"
-        say "The build failed."
-        return 1
+        return 0
     fi
+    cat "$log" >&2
     rm -f "$log"
+    say "The build failed."
+    return 1
 }
