@@ -1,0 +1,30 @@
+#include "data/phone.h"
+
+#include <algorithm>
+
+QString MaskToFormat(const QString& mask) {
+    if (mask.trimmed().isEmpty())
+        return {};
+    QString format = mask;
+    for (QChar& c : format) {
+        if (c == QLatin1Char('A') || c == QLatin1Char('N') || c == QLatin1Char('#'))
+            c = QLatin1Char('@');
+    }
+    return format;
+}
+
+QString FormatPhone(const QString& number, const QString& format) {
+    const QString digits = number.trimmed();
+    const bool plain = std::all_of(digits.begin(), digits.end(), [](QChar c) { return c.isDigit(); });
+    if (digits.isEmpty() || format.isEmpty() || !plain)
+        return digits;
+
+    QString text;
+    qsizetype used = 0;
+    for (const QChar c : format) {
+        if (used == digits.size())
+            break;
+        text += c == QLatin1Char('@') ? digits[used++] : c;
+    }
+    return text + digits.mid(used);
+}

@@ -1,0 +1,105 @@
+#include "views/appointmentitem.h"
+
+#include "data/codes.h"
+#include "data/pipefields.h"
+
+namespace {
+
+int intOf(const db::Recordset& row, const char* column) {
+    return static_cast<int>(row[column].integer());
+}
+
+}  // namespace
+
+void PaintByCode(CalendarItem& item, int code, int apptType, bool hidePatientNames) {
+    if (IsPatientRow(code)) {
+        item.ItemColor = code;
+        item.ItemTextColor = hidePatientNames ? TextColor::SameAsBackground : TextColor::Normal;
+        if (code == ncolor::CheckedIn)
+            item.ItemStatusIcon = 3;
+        return;
+    }
+    item.ItemColor = code;
+    if (code == ncolor::Activity || code == ncolor::Unavailable || code == ncolor::Group)
+        return;
+    item.ItemBackColor = code;
+    if (apptType == ApptTypeSlot)
+        item.ItemColor = ncolor::AppointmentType;
+}
+
+CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting) {
+    const int code = intOf(row, "ncolor");
+    const int apptType = intOf(row, "appttype");
+    CalendarItem item;
+    item.ItemKey = row["nkeyid"].text();
+    item.ItemText = row["cappttext"].text();
+    item.ItemStart = intOf(row, "nStartTime");
+    item.ItemEnd = intOf(row, "nEndTime");
+    item.ItemDay = row["dapptdate"].date();
+    item.ItemTentativeIcon = row["BTentIco"].boolean();
+    PaintByCode(item, code, apptType, painting.hidePatientNames);
+    MarkStatus(item, code, apptType);
+
+    const QString callStatus = row["CourtesyCallStatus"].text();
+    if (!callStatus.isEmpty())
+        item.ItemStatusIcon = painting.callStatusIcon(callStatus);
+    if (const int typeColor = intOf(row, "appointment_type"); typeColor > 0)
+        item.ItemBackColor = typeColor;
+
+    const QString note = row["CapptNote"].text();
+    item.ItemNote = note + QLatin1Char('|') + row["patientid"].text() + QLatin1Char('|') + row["PatientAcct"].text();
+    item.ItemTip = GetPipeField(note, 2);
+    item.ItemLocationIcon = row["BLOCATEICO"].boolean();
+    item.ItemLocation = row["CLOCATION"].text();
+    item.ItemReminderIcon = row["BremindIco"].boolean();
+    item.ItemNoteIcon = !item.ItemTip.isEmpty();
+    item.ItemSessionIcon = row["NoteID"].integer() > 0 ? 1 : 0;
+    return item;
+}
+
+CalendarItem HolidayBanner(const QString& holiday, QDate day) {
+    CalendarItem banner;
+    banner.ItemKey = QStringLiteral("0");
+    banner.ItemText = holiday;
+    banner.ItemStart = 0;
+    banner.ItemEnd = 1439;
+    banner.ItemDay = day;
+    banner.ItemColor = ncolor::Holiday;
+    banner.ItemBanner = true;
+    banner.ItemTextLocked = true;
+    banner.ItemMoveLocked = true;
+    banner.ItemStatusText = QStringLiteral("Holiday");
+    return banner;
+}
+
+void MarkStatus(CalendarItem& item, int code, int apptType) {
+    struct Status {
+        int code;
+        StatusMark mark;
+        const char* word;
+    };
+    static constexpr Status statuses[] = {
+        {ncolor::Pending, StatusMark::Pending, "Pending"},
+        {ncolor::Tentative, StatusMark::Tentative, "Tentative"},
+        {ncolor::LegendTentative, StatusMark::Tentative, "Tentative"},
+        {ncolor::CheckedIn, StatusMark::CheckedIn, "Checked-In"},
+        {ncolor::Kept, StatusMark::Kept, "Kept"},
+        {ncolor::Missed, StatusMark::Missed, "Missed"},
+        {ncolor::PatientCancelled, StatusMark::Cancelled, "Patient Cancelled"},
+        {ncolor::TherapistCancelled, StatusMark::Cancelled, "Therapist Cancelled"},
+        {ncolor::Activity, StatusMark::Activity, "Activity/Event"},
+        {ncolor::Unavailable, StatusMark::Unavailable, "Unavailable Time"},
+        {ncolor::Group, StatusMark::Group, "Group Therapy"},
+    };
+    for (const Status& status : statuses) {
+        if (status.code != code)
+            continue;
+        item.ItemStatusMark = status.mark;
+        item.ItemStatusText = QString::fromLatin1(status.word);
+        return;
+    }
+    if (apptType == ApptTypeSlot) {
+        item.ItemStatusMark = StatusMark::TypeSlot;
+        item.ItemStatusText = QStringLiteral("Appointment Type");
+    }
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <QString>
+
+#include "platform/calendar/item.h"
+#include "platform/database/recordset.h"
+
+/// What a view decides about all its items.
+struct ItemPainting {
+    bool hidePatientNames = false;
+    /// The picture of a courtesy-call code (GetCallStatusIcon); -1 for none.
+    std::function<int(const QString& code)> callStatusIcon;
+};
+
+/// The calendar item of the current row of "Select appointments.* ...". The row's status, kind and colour all lie in
+/// `ncolor`; nulls anywhere give a plain item.
+CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting);
+
+/// The colours of an item by its `ncolor` and `appttype`, and whether a hidden patient name hides this row's text.
+void PaintByCode(CalendarItem& item, int code, int apptType, bool hidePatientNames);
+
+/// The banner of a holiday: key "0", from midnight to 11:59 PM, in the holiday colour.
+CalendarItem HolidayBanner(const QString& holiday, QDate day);
+
+/// The mark and the word for a row's status or kind, by which nobody needs the colour to tell it.
+void MarkStatus(CalendarItem& item, int code, int apptType);

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QHash>
+
+#include "views/calendarview.h"
+
+class ctList;
+class QPlainTextEdit;
+class QSplitter;
+
+/// The day view: one provider's one day as a column of time, beside it the details of the selected appointment, its
+/// note and the provider's tasks. The day's content lives in the calendar alone; it is read anew by LoadDayView and by
+/// nothing else.
+class frmsched : public CalendarView {
+    Q_OBJECT
+
+  public:
+    explicit frmsched(MainWindow& main, QWidget* parent = nullptr);
+    ~frmsched() override;
+
+    /// Reads the main window's date for the session's provider. A reload of the day that is shown keeps the place and
+    /// the selected item; another day or provider starts at its first minute. Reads go on after a failure: a short day
+    /// rather than none.
+    void LoadDayView();
+    /// Shades the time outside the provider's working hours on that weekday.
+    void LoadWorkSchedule(QDate day);
+    /// Fills the details of an item; an index below 1 empties them.
+    void displayapptinfo(int index);
+    /// Fills the task list of the session's provider.
+    void LoadToDo();
+    /// The date title: "March 11, 2026", in English whatever the locale.
+    void changedate(QDate date);
+
+    void Reload() override;
+    [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
+
+  private:
+    struct RowFacts {
+        int apptType = 0;
+        QString callStatus;
+    };
+
+    // frmsched_layout.cpp
+    void layOut();
+    QWidget* makeInfoPane();
+    QWidget* makeNotePane();
+    QWidget* makeTaskPane();
+    void restorePanes();
+    void storePanes() const;
+
+    // frmsched.cpp
+    void bindDayCommands();
+    void loadAppointments(QDate date);
+    void loadHoliday(QDate date);
+    void lockItem(int index);
+
+    // frmsched_info.cpp
+    void addInfo(const QString& label, const QString& value);
+    void addRoom(const QString& key);
+    void addContacts(const CalendarItem& item, const RowFacts& facts);
+    void getgroumembers(const QString& key);
+    [[nodiscard]] QString patientField(const QString& patientId, const QString& field, QString* otherPhoneType) const;
+
+    QSplitter* SSSplitter1 = nullptr;
+    QSplitter* sidePanes_ = nullptr;
+    ctList* ctListInfo = nullptr;
+    QPlainTextEdit* txtnote = nullptr;
+    ctList* ctList1 = nullptr;
+
+    QHash<QString, RowFacts> facts_;
+    QDate loadedDate_;
+    QString loadedProvider_;
+    QString tasksOf_;
+};

@@ -1,0 +1,137 @@
+#include <QPlainTextEdit>
+
+#include "data/codes.h"
+#include "data/courtesycalls.h"
+#include "data/minutetime.h"
+#include "data/phone.h"
+#include "data/pipefields.h"
+#include "platform/controls/ctlist.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "session/session.h"
+#include "views/frmsched.h"
+
+using db::Ignoring;
+using db::Raw;
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+// The list joins its cells by ";" and shows one line a row.
+QString oneCell(QString value) {
+    value.replace(QLatin1Char(';'), QLatin1Char(','));
+    value.replace(QStringLiteral("\r\n"), QStringLiteral(","));
+    value.replace(QLatin1Char('\n'), QLatin1Char(','));
+    value.replace(QLatin1Char('\r'), QLatin1Char(','));
+    return value;
+}
+
+// The panel's word for a status; both cancellations read alike here.
+QString panelStatus(int code) {
+    switch (code) {
+        case ncolor::Pending:
+            return QStringLiteral("Pending");
+        case ncolor::Tentative:
+            return QStringLiteral("Tentative");
+        case ncolor::Missed:
+            return QStringLiteral("Missed");
+        case ncolor::PatientCancelled:
+        case ncolor::TherapistCancelled:
+            return QStringLiteral("Cancelled");
+        case ncolor::Kept:
+            return QStringLiteral("Kept");
+        case ncolor::CheckedIn:
+            return QStringLiteral("Checked-In");
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
+void frmsched::displayapptinfo(int index) {
+    ctListInfo->Clear();
+    txtnote->setPlainText(QStringLiteral("Appointment Note"));
+    if (index < 1) {
+        ctListInfo->AddRow(QStringLiteral(";No Appointment Selected"));
+        return;
+    }
+    const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
+    const RowFacts facts = facts_.value(item.ItemKey);
+    const bool military = Session().MilitaryTime;
+
+    addInfo(QStringLiteral("Appointment"), item.ItemText);
+    addInfo(QStringLiteral("Time"), QStringLiteral("%1 - %2").arg(MinutesToTimeText(item.ItemStart, military),
+                                                                  MinutesToTimeText(item.ItemEnd, military)));
+    addInfo(QStringLiteral("Length"), QStringLiteral("%1 mins.").arg(item.ItemEnd - item.ItemStart));
+    if (facts.apptType != ApptTypeSlot)
+        addInfo(QStringLiteral("Service"),
+                item.ItemColor == ncolor::Group ? QStringLiteral("Group Therapy") : GetPipeField(item.ItemNote, 1));
+    Ignoring([&] { addRoom(item.ItemKey); });
+    if (const QString note = GetPipeField(item.ItemNote, 2); !note.isEmpty())
+        txtnote->setPlainText(QStringLiteral("Appointment Note") + QLatin1Char('\n') + note);
+    if (facts.apptType != ApptTypeSlot && IsPatientRow(item.ItemColor))
+        addContacts(item, facts);
+    if (item.ItemColor == ncolor::Group)
+        Ignoring([&] { getgroumembers(item.ItemKey); });
+}
+
+void frmsched::addInfo(const QString& label, const QString& value) {
+    ctListInfo->AddRow(oneCell(label) + QLatin1Char(';') + oneCell(value));
+}
+
+void frmsched::addRoom(const QString& key) {
+    const Recordset booked(
+        Sql("Select * from roomschedule Inner Join rooms on roomschedule.croomid = rooms.roomid Where roomschedule.apptid = {}",
+            key.toLongLong()),
+        Session().Connection);
+    addInfo(QStringLiteral("Room"), booked.Eof() ? QString() : booked["room"].text());
+}
+
+void frmsched::addContacts(const CalendarItem& item, const RowFacts& facts) {
+    const QString patientId = GetPipeField(item.ItemNote, 3);
+    const QString phoneFormat = MaskToFormat(Session().PhoneMask);
+    QString otherPhoneType;
+    addInfo(QStringLiteral("Home Phone"),
+            FormatPhone(patientField(patientId, QStringLiteral("telephone_h"), &otherPhoneType), phoneFormat));
+    addInfo(QStringLiteral("Work Phone"),
+            FormatPhone(patientField(patientId, QStringLiteral("telephone_b"), &otherPhoneType),
+                        phoneFormat + QStringLiteral(" @@@@@")));
+    if (!otherPhoneType.isEmpty())
+        addInfo(otherPhoneType,
+                FormatPhone(patientField(patientId, QStringLiteral("Other_Phone"), &otherPhoneType), phoneFormat));
+    addInfo(QStringLiteral("E-Mail"), patientField(patientId, QStringLiteral("EmailAddress"), &otherPhoneType));
+    addInfo(QStringLiteral("Preferred Contact Method"),
+            patientField(patientId, QStringLiteral("PreferredContactMode"), &otherPhoneType));
+    if (!facts.callStatus.isEmpty())
+        addInfo(QStringLiteral("Courtesy Call Status"), GetCallStatusText(Session().Connection, facts.callStatus));
+    if (const QString status = panelStatus(item.ItemColor); !status.isEmpty())
+        addInfo(QStringLiteral("Status"), status);
+}
+
+QString frmsched::patientField(const QString& patientId, const QString& field, QString* otherPhoneType) const {
+    QString value;
+    Ignoring([&] {
+        const Recordset patient(
+            Sql("Select {} , Other_Phone_Type from Patient_info Where id = '{}'", Raw{field}, patientId),
+            Session().Connection);
+        if (patient.Eof())
+            return;
+        value = patient[0].text();
+        *otherPhoneType = patient[1].text();
+    });
+    return value;
+}
+
+// The members stand under one label; attendance is told behind the name.
+void frmsched::getgroumembers(const QString& key) {
+    QString label = QStringLiteral("Members");
+    Recordset members(Sql("Select * from AppointmentsGroup Where nKeyId = {} Order by PatientName", key.toLongLong()),
+                      Session().Connection);
+    for (; !members.Eof(); members.MoveNext()) {
+        const QString name = members["PatientName"].text();
+        addInfo(label, members["Kept"].integer() == 1 ? name + QStringLiteral(" (Kept)") : name);
+        label.clear();
+    }
+}

@@ -1,0 +1,181 @@
+#include "views/viewmenus.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <vector>
+
+#include "platform/theme/icon.h"
+
+namespace {
+
+enum class Kind { Menu, Submenu, EndSubmenu, Command, Separator };
+
+struct Entry {
+    Kind kind;
+    const char* name;
+    const char* text;
+    const char* icon;
+    const char* keys;
+};
+
+// A key behind a tab in the text is one that the main window answers to; it is shown here, not claimed.
+constexpr Entry entries[] = {
+    {Kind::Menu, "mnuFile", "&File", nullptr, nullptr},
+    {Kind::Command, "mnuFSelect", "&Select Therapist...", "user", "Ctrl+L"},
+    {Kind::Separator, "mnuFsep1", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuFLoc", "&Locations...", "location", nullptr},
+    {Kind::Command, "mnuFRoomList", "&Rooms...", "rooms", nullptr},
+    {Kind::Command, "mnuFActList", "&Activities/Events...", "activity", nullptr},
+    {Kind::Command, "mnuFAtypes", "Appointment &Types...", "legend", nullptr},
+    {Kind::Command, "mnuFHolidays", "&Holidays...", "holiday", nullptr},
+    {Kind::Separator, "mnuFsep2", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuFPrefs", "&Preferences...", "preferences", "Ctrl+,"},
+    {Kind::Separator, "mnuFsep3", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuFPrintS", "&Print Schedule...", "print", "Ctrl+P"},
+    {Kind::Command, "mnuFPrintA", "Print Appointment S&lip...", "print", nullptr},
+    {Kind::Submenu, "mnuFExport", "&Export", "export", nullptr},
+    {Kind::Command, "mnuFExportiCal", "&iCalendar", nullptr, nullptr},
+    {Kind::Command, "mnuFExportHTML", "&HTML", nullptr, nullptr},
+    {Kind::EndSubmenu, nullptr, nullptr, nullptr, nullptr},
+    {Kind::Separator, "mnuFsep4", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuFExit", "E&xit", "exit", "Ctrl+Q"},
+
+    {Kind::Menu, "mnuAppointments", "&Appointments", nullptr, nullptr},
+    {Kind::Submenu, "mnuANew", "&New", "add", nullptr},
+    {Kind::Command, "mnuANPat", "&Patient...", "user", "Ctrl+N"},
+    {Kind::Command, "mnuASGroup", "&Group...", "group", "Ctrl+Shift+G"},
+    {Kind::Command, "mnuANEvent", "&Activity/Event...", "activity", "Ctrl+Shift+E"},
+    {Kind::Command, "mnuASType", "Appointment &Type...", "legend", "Ctrl+Shift+T"},
+    {Kind::Command, "mnuANAvail", "&Unavailable Time...", "unavailable", "Ctrl+Shift+U"},
+    {Kind::EndSubmenu, nullptr, nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuAEdit", "&Edit...", "edit", "Ctrl+E"},
+    {Kind::Command, "mnuADelete", "&Delete", "delete", nullptr},
+    {Kind::Separator, "mnuAsep1", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuCheckediN", "Checked-&In...", "checkedin", "Ctrl+I"},
+    {Kind::Command, "mnuAKept", "&Kept", "check", "Ctrl+K"},
+    {Kind::Command, "mnuAMissed", "&Missed", "missed", "Ctrl+M"},
+    {Kind::Command, "mnuAPCancel", "&Patient Cancel", "close", nullptr},
+    {Kind::Command, "mnuATCancel", "T&herapist Cancel", "close", nullptr},
+    {Kind::Separator, "mnuAsep2", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuARepeat", "&Repeating...", "repeat", "Ctrl+R"},
+    {Kind::Command, "mnuANote", "&Session Note...", "note", nullptr},
+    {Kind::Separator, "mnuAsep3", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuAFind", "&Find...", "find", "Ctrl+F"},
+    {Kind::Submenu, "mnuASearchA", "Search A&vailability", "find", nullptr},
+    {Kind::Command, "mnuASearchO", "By &Opening...", nullptr, nullptr},
+    {Kind::Command, "mnuASearchT", "By Appointment &Type...", nullptr, nullptr},
+    {Kind::EndSubmenu, nullptr, nullptr, nullptr, nullptr},
+
+    {Kind::Menu, "mnuToDo", "&Tasks", nullptr, nullptr},
+    {Kind::Command, "mnuTNew", "&New Task...", "tasks", nullptr},
+    {Kind::Command, "mnuTEdit", "&Edit Task...", "edit", nullptr},
+    {Kind::Command, "mnuTDelete", "&Delete Task", "delete", nullptr},
+    {Kind::Separator, "mnuTsep1", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuTPrint", "&Print Tasks...", "print", nullptr},
+
+    {Kind::Menu, "mnuView", "&View", nullptr, nullptr},
+    {Kind::Command, "mnuVDay", "&Day View\tCtrl+1", "day", nullptr},
+    {Kind::Command, "mnuVWeek", "&Week View\tCtrl+2", "week", nullptr},
+    {Kind::Command, "mnuVMonth", "&Month View\tCtrl+3", "month", nullptr},
+    {Kind::Command, "mnuVAll", "&All Providers\tCtrl+4", "all", nullptr},
+    {Kind::Command, "mnuVRoom", "&Room Scheduler...\tCtrl+5", "rooms", nullptr},
+    {Kind::Command, "mnuVFH", "&Fernhall Scheduler\tCtrl+6", "companion", nullptr},
+    {Kind::Separator, "mnuVsep1", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuVToday", "&Today\tCtrl+T", "today", nullptr},
+    {Kind::Command, "mnuVPrevious", "&Previous Day\tAlt+Left", "previous", nullptr},
+    {Kind::Command, "mnuVNext", "&Next Day\tAlt+Right", "next", nullptr},
+    {Kind::Command, "mnuVRefresh", "Re&fresh", "refresh", "F5"},
+    {Kind::Separator, "mnuVsep2", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuVCheckedin", "&Checked-In...", "checkedin", nullptr},
+    {Kind::Command, "mnuVActivity", "Activity &Scheduler...", "activity", nullptr},
+    {Kind::Command, "mnuVColor", "Color &Legend...", "legend", nullptr},
+    {Kind::Separator, "mnuVsep3", nullptr, nullptr, nullptr},
+    {Kind::Command, "mnuVHidePats", "Hide Patient &Names\tCtrl+H", "eyeoff", nullptr},
+    {Kind::Command, "mnuVHideTP", "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
+};
+
+}  // namespace
+
+ViewMenus::ViewMenus(QObject* parent) : QObject(parent) {
+    for (const Entry& entry : entries) {
+        if (entry.kind != Kind::EndSubmenu)
+            addCommand(entry.name, QString::fromUtf8(entry.text), entry.icon, entry.keys);
+    }
+}
+
+void ViewMenus::addCommand(const char* name, const QString& text, const char* icon, const char* keys) {
+    auto* action = new QAction(text, this);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setSeparator(text.isNull());
+    if (icon)
+        action->setIcon(Icon(icon));
+    if (keys)
+        action->setShortcut(QKeySequence(QString::fromLatin1(keys)));
+    commands_.insert(action->objectName(), {action, action->isSeparator(), true});
+    refresh(commands_[action->objectName()]);
+}
+
+void ViewMenus::Fill(QMenuBar& bar) {
+    QMenu* menu = nullptr;
+    QMenu* submenu = nullptr;
+    for (const Entry& entry : entries) {
+        if (entry.kind == Kind::EndSubmenu) {
+            submenu = nullptr;
+            continue;
+        }
+        QAction& action = Command(QString::fromLatin1(entry.name));
+        if (entry.kind == Kind::Menu || entry.kind == Kind::Submenu) {
+            auto* made = new QMenu(action.text(), entry.kind == Kind::Menu ? static_cast<QWidget*>(&bar) : menu);
+            made->setToolTipsVisible(true);
+            action.setMenu(made);
+            // A menu can be opened whatever its entries can do; rights alone close it.
+            commands_[action.objectName()].bound = true;
+            refresh(commands_[action.objectName()]);
+            if (entry.kind == Kind::Menu) {
+                bar.addAction(&action);
+                menu = made;
+            } else {
+                menu->addAction(&action);
+                submenu = made;
+            }
+            continue;
+        }
+        (submenu ? submenu : menu)->addAction(&action);
+    }
+}
+
+QAction& ViewMenus::Command(const QString& name) const {
+    const auto found = commands_.constFind(name);
+    Q_ASSERT(found != commands_.constEnd());
+    return *found->action;
+}
+
+void ViewMenus::Bind(const QString& name, std::function<void()> run) {
+    State& state = commands_[name];
+    connect(state.action, &QAction::triggered, this, [run = std::move(run)] { run(); });
+    state.bound = true;
+    refresh(state);
+}
+
+void ViewMenus::Allow(const QString& name, bool allowed) {
+    State& state = commands_[name];
+    state.allowed = allowed;
+    refresh(state);
+}
+
+void ViewMenus::Show(const QString& name, bool shown) {
+    commands_[name].action->setVisible(shown);
+}
+
+void ViewMenus::refresh(const State& state) {
+    if (state.action->isSeparator())
+        return;
+    state.action->setEnabled(state.bound && state.allowed);
+    if (!state.bound)
+        state.action->setToolTip(tr("Not available in this version."));
+    else if (!state.allowed)
+        state.action->setToolTip(tr("Not available to you."));
+    else
+        state.action->setToolTip(QString());
+}

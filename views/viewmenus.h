@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <QHash>
+#include <QObject>
+#include <QString>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+/// The commands of a calendar view, each found by its name (mnuAEdit). A command can be used when something is bound to
+/// it and the user's rights allow it; until then it stands greyed in its menu, with a tip that says why.
+class ViewMenus : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit ViewMenus(QObject* parent = nullptr);
+
+    /// Fills an empty menu bar. May be called again for a new one.
+    void Fill(QMenuBar& bar);
+
+    [[nodiscard]] QAction& Command(const QString& name) const;
+    /// Makes a command do something, and thereby available.
+    void Bind(const QString& name, std::function<void()> run);
+    /// What the user's rights, or the state of the view, say of a command, a separator or a whole menu.
+    void Allow(const QString& name, bool allowed);
+    void Show(const QString& name, bool shown);
+
+  private:
+    struct State {
+        QAction* action = nullptr;
+        bool bound = false;
+        bool allowed = true;
+    };
+    void addCommand(const char* name, const QString& text, const char* icon, const char* keys);
+    void refresh(const State& state);
+
+    QHash<QString, State> commands_;
+};
