@@ -1,3 +1,16 @@
+# Ninja does not run moc again when a header was added or removed since the last build; this makes it.
+function(svs_moc_changed_sources target)
+  set(list_file ${CMAKE_CURRENT_BINARY_DIR}/${target}_sources.txt)
+  set(before "")
+  if(EXISTS ${list_file})
+    file(READ ${list_file} before)
+  endif()
+  if(NOT before STREQUAL "${ARGN}")
+    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/timestamp)
+    file(WRITE ${list_file} "${ARGN}")
+  endif()
+endfunction()
+
 # A room is one folder and one static library: svs_room(NAME LIBRARIES ...) takes every source of the folder that it
 # stands in (SOURCES and EXCLUDE narrow that) and may include only what its libraries offer, so that a forbidden call
 # does not link.
@@ -18,6 +31,7 @@ function(svs_room name)
   endif()
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC svs_compiler ${ROOM_LIBRARIES})
+  svs_moc_changed_sources(${name} ${sources})
   if(ROOM_WIDGETS)
     target_link_libraries(${name} PUBLIC Qt6::Widgets)
     target_precompile_headers(${name} PRIVATE <QtWidgets/QWidget> <QtCore/QString> <QtCore/QDateTime> <vector> <functional>)
@@ -33,6 +47,7 @@ function(svs_test name)
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE svs_test_support ${TEST_LIBRARIES})
+  svs_moc_changed_sources(${name} ${sources})
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <QtWidgets/QWidget> <QtCore/QString> <vector>)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_ACCESSIBILITY=1")
