@@ -1,5 +1,7 @@
 #include "views/appointmentitem.h"
 
+#include <QStringList>
+
 #include "data/codes.h"
 #include "data/pipefields.h"
 
@@ -46,13 +48,16 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     if (const int typeColor = intOf(row, "appointment_type"); typeColor > 0)
         item.ItemBackColor = typeColor;
 
+    // Four fields always, also where the row's note has no pipe: what follows it keeps its place.
     const QString note = row["CapptNote"].text();
-    item.ItemNote = note + QLatin1Char('|') + row["patientid"].text() + QLatin1Char('|') + row["PatientAcct"].text();
     item.ItemTip = GetPipeField(note, 2);
+    item.ItemNote =
+        QStringList{GetPipeField(note, 1), item.ItemTip, row["patientid"].text(), row["PatientAcct"].text()}.join(
+            QLatin1Char('|'));
+    item.ItemNoteIcon = !item.ItemTip.isEmpty();
     item.ItemLocationIcon = row["BLOCATEICO"].boolean();
     item.ItemLocation = row["CLOCATION"].text();
     item.ItemReminderIcon = row["BremindIco"].boolean();
-    item.ItemNoteIcon = !item.ItemTip.isEmpty();
     item.ItemSessionIcon = row["NoteID"].integer() > 0 ? 1 : 0;
     return item;
 }

@@ -99,8 +99,12 @@ constexpr Entry entries[] = {
 
 ViewMenus::ViewMenus(QObject* parent) : QObject(parent) {
     for (const Entry& entry : entries) {
-        if (entry.kind != Kind::EndSubmenu)
-            addCommand(entry.name, QString::fromUtf8(entry.text), entry.icon, entry.keys);
+        if (entry.kind == Kind::EndSubmenu)
+            continue;
+        addCommand(entry.name, QString::fromUtf8(entry.text), entry.icon, entry.keys);
+        // A menu can be opened whatever its entries can do; rights alone close it.
+        if (entry.kind == Kind::Menu || entry.kind == Kind::Submenu)
+            setBound(QString::fromLatin1(entry.name));
     }
 }
 
@@ -129,9 +133,6 @@ void ViewMenus::Fill(QMenuBar& bar) {
             auto* made = new QMenu(action.text(), entry.kind == Kind::Menu ? static_cast<QWidget*>(&bar) : menu);
             made->setToolTipsVisible(true);
             action.setMenu(made);
-            // A menu can be opened whatever its entries can do; rights alone close it.
-            commands_[action.objectName()].bound = true;
-            refresh(commands_[action.objectName()]);
             if (entry.kind == Kind::Menu) {
                 bar.addAction(&action);
                 menu = made;
@@ -152,10 +153,13 @@ QAction& ViewMenus::Command(const QString& name) const {
 }
 
 void ViewMenus::Bind(const QString& name, std::function<void()> run) {
-    State& state = commands_[name];
-    connect(state.action, &QAction::triggered, this, [run = std::move(run)] { run(); });
-    state.bound = true;
-    refresh(state);
+    connect(&Command(name), &QAction::triggered, this, [run = std::move(run)] { run(); });
+    setBound(name);
+}
+
+void ViewMenus::setBound(const QString& name) {
+    commands_[name].bound = true;
+    refresh(commands_[name]);
 }
 
 void ViewMenus::Allow(const QString& name, bool allowed) {

@@ -34,6 +34,7 @@ class ViewMenus : public QObject {
         bool allowed = true;
     };
     void addCommand(const char* name, const QString& text, const char* icon, const char* keys);
+    void setBound(const QString& name);
     void refresh(const State& state);
 
     QHash<QString, State> commands_;
