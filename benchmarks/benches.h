@@ -1,0 +1,7 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+void RegisterDayBenches();
+void RegisterStartUpBenches();
+void RegisterScrollBenches();
