@@ -50,7 +50,8 @@ void ourFrame(benchmark::State& state) {
     QPixmap pixmap(screen);
     int round = 0;
     for (auto _ : state) {
-        calendar.ScrollToItem(1 + (round++ * itemsPerColumn + round % itemsPerColumn) % (columns * itemsPerColumn));
+        calendar.ScrollToItem(1 + (round * itemsPerColumn + round % itemsPerColumn) % (columns * itemsPerColumn));
+        ++round;
         calendar.render(&pixmap);
     }
 }
