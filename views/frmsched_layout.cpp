@@ -5,6 +5,7 @@
 
 #include "platform/controls/ctlist.h"
 #include "platform/desktop/userstore.h"
+#include "platform/theme/theme.h"
 #include "views/frmsched.h"
 
 namespace {
@@ -17,13 +18,10 @@ QWidget* makePane(const QString& caption, QWidget* content) {
     auto* pane = new QWidget;
     auto* layout = new QVBoxLayout(pane);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
+    layout->setSpacing(Space(4));
     auto* label = new QLabel(caption, pane);
-    QFont font = label->font();
-    font.setWeight(QFont::DemiBold);
-    label->setFont(font);
+    label->setFont(HeadingFont());
     label->setBuddy(content);
-    label->setContentsMargins(2, 4, 2, 0);
     layout->addWidget(label);
     layout->addWidget(content, 1);
     return pane;
@@ -57,13 +55,13 @@ void frmsched::layOut() {
 
     SSSplitter1->addWidget(ctMDay1);
     SSSplitter1->addWidget(sidePanes_);
-    SSSplitter1->setStretchFactor(0, 3);
+    SSSplitter1->setStretchFactor(0, 1);
     SSSplitter1->setStretchFactor(1, 0);
     const int character = fontMetrics().averageCharWidth();
-    SSSplitter1->setSizes({character * 100, character * 48});
+    SSSplitter1->setSizes({character * 100, character * 56});
 
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, 0, Space(8), Space(8));
     layout->addWidget(SSSplitter1);
     ctMDay1->setAccessibleName(tr("Day"));
     setFocusProxy(ctMDay1);
