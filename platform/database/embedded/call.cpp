@@ -10,10 +10,6 @@ namespace db::embedded {
 
 namespace {
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 enum class Gives { Same, Text, Integer, Real, DateTime };
 enum class Takes { Any, Number, DatePart };
 
@@ -64,7 +60,7 @@ const KnownFunction& functionOf(const std::string& name) {
     const auto* found = std::find_if(functions.begin(), functions.end(),
                                      [&](const KnownFunction& each) { return SameName(each.name, name); });
     if (found == functions.end())
-        throw DatabaseError(195, QStringLiteral("'%1' is not a recognized built-in function name.").arg(qt(name)));
+        throw DatabaseError(195, QStringLiteral("'%1' is not a recognized built-in function name.").arg(ToQt(name)));
     return *found;
 }
 
@@ -121,7 +117,8 @@ std::string argumentList(const std::vector<Expression>& arguments) {
 void checkCount(const KnownFunction& function, std::size_t count) {
     if (count < function.least || count > function.most)
         throw DatabaseError(
-            174, QStringLiteral("The %1 function requires %2 argument(s).").arg(qt(function.name)).arg(function.least));
+            174,
+            QStringLiteral("The %1 function requires %2 argument(s).").arg(ToQt(function.name)).arg(function.least));
 }
 
 /// Count(*), and Count, Sum and the others of Distinct.
@@ -155,7 +152,9 @@ Expression ReadCall(Context& context, const std::string& name) {
     checkCount(function, arguments.size());
     if (function.takes == Takes::Number && arguments.front().kind == Kind::Text)
         arguments.front().sql = "svs_cast(" + arguments.front().sql + ", 'float')";
-    if (function.name == "isnull" || function.name == "coalesce" || function.name == "nullif")
+    if (function.name == "isnull" && arguments.front().kind == Kind::Text)
+        arguments[1].sql = AsText(arguments[1]);
+    else if (function.name == "isnull" || function.name == "coalesce" || function.name == "nullif")
         for (std::size_t i = 1; i < arguments.size(); ++i)
             MakeComparable(arguments.front(), arguments[i]);
     const Kind kind = kindOf(function, arguments);
@@ -187,7 +186,7 @@ SqlType ReadType(TokenReader& in, int lengthLeftOut) {
     }
     const auto type = MakeType(name, numbers[0], numbers[1]);
     if (!type)
-        throw DatabaseError(2715, QStringLiteral("Cannot find data type %1.").arg(qt(name)));
+        throw DatabaseError(2715, QStringLiteral("Cannot find data type %1.").arg(ToQt(name)));
     return *type;
 }
 

@@ -20,8 +20,7 @@ std::shared_ptr<const Table> Catalog::table(std::string_view name) {
         return known->second;
     auto found = read(name);
     if (!found)
-        throw DatabaseError(208, QStringLiteral("Invalid object name '%1'.")
-                                     .arg(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()))));
+        throw DatabaseError(208, QStringLiteral("Invalid object name '%1'.").arg(ToQt(name)));
     tables_.emplace(key, found);
     return found;
 }

@@ -51,18 +51,14 @@ void appendParts(std::vector<Expression>& parts, Expression expression) {
 }
 
 Expression joined(Expression left, Expression right) {
-    Expression result{.sql = "(" + left.sql + " || " + right.sql + ")", .kind = Kind::Text};
+    Expression result{.kind = Kind::Text};
     appendParts(result.parts, std::move(left));
     appendParts(result.parts, std::move(right));
+    // One chain instead of nested pairs, of which SQLite takes no more than a hundred.
+    for (const Expression& part : result.parts)
+        result.sql.append(result.sql.empty() ? "(" : " || ").append(part.sql);
+    result.sql.push_back(')');
     return result;
-}
-
-std::string asText(const Expression& expression) {
-    if (expression.kind == Kind::DateTime)
-        return "svs_date_text(" + expression.sql + ", 0, 0)";
-    if (isNumber(expression.kind))
-        return "svs_cast_text(" + expression.sql + ", 0)";
-    return expression.sql;
 }
 
 /// What the first part must start with when the whole starts with the prefix: all of it, or all before the first
@@ -99,6 +95,14 @@ std::string likeRange(const Expression& left, const Expression& pattern) {
 }
 
 }  // namespace
+
+std::string AsText(const Expression& expression) {
+    if (expression.kind == Kind::DateTime)
+        return "svs_date_text(" + expression.sql + ", 0, 0)";
+    if (isNumber(expression.kind))
+        return "svs_cast_text(" + expression.sql + ", 0)";
+    return expression.sql;
+}
 
 Kind CommonKind(Kind a, Kind b) {
     return std::max(a, b);
@@ -143,11 +147,14 @@ Expression Plus(Expression left, Expression right) {
 
 Expression Like(const Context& context, Expression left, const Expression& pattern, const std::string& escape,
                 bool negated) {
-    std::string sql = "svs_like(" + asText(pattern) + ", " + QuotedText(escape);
-    if (left.parts.empty())
-        sql += ", " + asText(left);
-    for (const Expression& part : left.parts)
-        sql += ", " + asText(part);
+    std::string sql = "svs_like(" + AsText(pattern) + ", " + QuotedText(escape);
+    // SQLite takes no more than 127 arguments.
+    constexpr std::size_t mostParts = 100;
+    const bool joined = left.parts.empty() || left.parts.size() > mostParts;
+    if (joined)
+        sql += ", " + AsText(left);
+    for (std::size_t i = 0; !joined && i < left.parts.size(); ++i)
+        sql += ", " + AsText(left.parts[i]);
     sql += ")";
     // Where a row with null would be false instead of unknown, the difference must not show.
     if (!negated && !context.negated && escape.empty())

@@ -41,8 +41,7 @@ Part partOf(std::string_view name) {
     const auto* found = std::find_if(partNames.begin(), partNames.end(),
                                      [&](const PartName& each) { return SameName(each.name, name); });
     if (found == partNames.end())
-        throw DatabaseError(155, QStringLiteral("'%1' is not a recognized datepart option.")
-                                     .arg(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()))));
+        throw DatabaseError(155, QStringLiteral("'%1' is not a recognized datepart option.").arg(ToQt(name)));
     return found->part;
 }
 

@@ -49,8 +49,8 @@ class TableReader {
         } catch (const DatabaseError&) {
             return;
         }
-        throw DatabaseError(2714, QStringLiteral("There is already an object named '%1' in the database.")
-                                      .arg(QString::fromStdString(table_.name)));
+        throw DatabaseError(
+            2714, QStringLiteral("There is already an object named '%1' in the database.").arg(ToQt(table_.name)));
     }
 
     void readElement() {
@@ -210,8 +210,8 @@ class TableReader {
         for (Declaration& declared : declarations_)
             if (SameName(declared.column.name, name))
                 return declared;
-        throw DatabaseError(1911, QStringLiteral("Column name '%1' does not exist in the target table or view.")
-                                      .arg(QString::fromStdString(name)));
+        throw DatabaseError(
+            1911, QStringLiteral("Column name '%1' does not exist in the target table or view.").arg(ToQt(name)));
     }
 
     static std::string list(const std::vector<std::string>& names) {
@@ -269,8 +269,8 @@ std::string readIndex(Context& context, bool unique) {
     do {
         const std::string column = in.expectName();
         if (!table->find(column))
-            throw DatabaseError(1911, QStringLiteral("Column name '%1' does not exist in the target table or view.")
-                                          .arg(QString::fromStdString(column)));
+            throw DatabaseError(
+                1911, QStringLiteral("Column name '%1' does not exist in the target table or view.").arg(ToQt(column)));
         AppendToList(columns, QuotedName(column));
         if (in.acceptWord("desc"))
             columns += " DESC";

@@ -238,16 +238,16 @@ const TableInfo& EmbeddedEngine::describe(const QString& table) {
     const auto found = catalog_.table(name);
     std::vector<const TableColumn*> keys;
     for (const TableColumn& column : found->columns) {
-        info.columns.push_back({QString::fromStdString(column.name), ToColumnType(column.type.kind),
-                                column.type.maxLength, column.nullable});
+        info.columns.push_back(
+            {ToQt(column.name), ToColumnType(column.type.kind), column.type.maxLength, column.nullable});
         if (column.identity)
-            info.identityColumn = QString::fromStdString(column.name);
+            info.identityColumn = ToQt(column.name);
         if (column.keyPlace > 0)
             keys.push_back(&column);
     }
     std::sort(keys.begin(), keys.end(), [](const auto* a, const auto* b) { return a->keyPlace < b->keyPlace; });
     for (const TableColumn* key : keys)
-        info.keyColumns.push_back(QString::fromStdString(key->name));
+        info.keyColumns.push_back(ToQt(key->name));
     return described_.emplace(LowerName(name), std::move(info)).first->second;
 }
 
@@ -260,10 +260,10 @@ QString EmbeddedEngine::explain(const QString& statement) {
     const auto plan = Prepare(handle_.get(), "Explain Query Plan " + translation.sql);
     if (!plan)
         fail(statement);
-    QStringList lines(QString::fromStdString(translation.sql));
+    QStringList lines(ToQt(translation.sql));
     while (sqlite3_step(plan.get()) == SQLITE_ROW) {
         const std::string_view detail = ColumnText(plan.get(), 3);
-        lines.append(QString::fromUtf8(detail.data(), static_cast<qsizetype>(detail.size())));
+        lines.append(ToQt(detail));
     }
     return lines.join(u'\n');
 }

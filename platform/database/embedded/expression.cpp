@@ -11,10 +11,6 @@ namespace db::embedded {
 
 namespace {
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 Expression condition(std::string sql) {
     return {.sql = std::move(sql), .kind = Kind::Bit, .condition = true};
 }
@@ -30,7 +26,7 @@ void requireCondition(const Context& context, const Expression& expression) {
             4145,
             QStringLiteral(
                 "An expression of non-boolean type specified in a context where a condition is expected, near '%1'.")
-                .arg(qt(context.in.peek().text)));
+                .arg(ToQt(context.in.peek().text)));
 }
 
 Expression arithmetic(const std::string& op, const Expression& left, const Expression& right) {
@@ -44,7 +40,8 @@ Expression arithmetic(const std::string& op, const Expression& left, const Expre
         MakeComparable(a, zero);
     if (b.kind == Kind::Text)
         MakeComparable(b, zero);
-    const Kind kind = CommonKind(Kind::Integer, CommonKind(a.kind, b.kind));
+    const bool unknown = a.kind == Kind::Unknown || b.kind == Kind::Unknown;
+    const Kind kind = unknown ? Kind::Unknown : CommonKind(Kind::Integer, CommonKind(a.kind, b.kind));
     if (op == "^")
         return {.sql = "((" + a.sql + " | " + b.sql + ") - (" + a.sql + " & " + b.sql + "))", .kind = kind};
     return {.sql = "(" + a.sql + " " + op + " " + b.sql + ")", .kind = kind};
@@ -65,7 +62,8 @@ Expression readUnary(Context& context) {
         operand.sql = operand.name;
         return operand;
     }
-    return {.sql = std::string(minus ? "(-" : "(~") + operand.sql + ")", .kind = operand.kind};
+    // The blank keeps two minus signs from beginning a comment.
+    return {.sql = std::string(minus ? "(- " : "(~ ") + operand.sql + ")", .kind = operand.kind};
 }
 
 Expression readProduct(Context& context) {

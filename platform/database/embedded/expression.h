@@ -76,6 +76,8 @@ Expression Like(const Context& context, Expression left, const Expression& patte
 void MakeComparable(Expression& left, Expression& right);
 /// The kind of a value that is one or the other.
 Kind CommonKind(Kind a, Kind b);
+/// As SQLite text of the value as a text.
+std::string AsText(const Expression& expression);
 /// With the collation of text where it has none of its own.
 std::string Collated(const Expression& expression);
 

@@ -64,7 +64,7 @@ Fault statementFault(const QString& message) {
         return {208, QStringLiteral("Invalid object name '%1'.").arg(name)};
     if (message.startsWith(QStringLiteral("no such column")))
         return {207, QStringLiteral("Invalid column name '%1'.").arg(name)};
-    if (message.contains(QStringLiteral("overflow")))
+    if (message.contains(QStringLiteral("integer overflow")))
         return {8115, QStringLiteral("Arithmetic overflow error converting expression to data type bigint.")};
     if (message.startsWith(QStringLiteral("misuse of aggregate")))
         return {

@@ -7,6 +7,7 @@
 #include "platform/database/embedded/datefunctions.h"
 #include "platform/database/embedded/functioncall.h"
 #include "platform/database/embedded/like.h"
+#include "platform/database/embedded/names.h"
 #include "platform/database/embedded/textorder.h"
 
 namespace db::embedded {
@@ -37,10 +38,6 @@ int collate(void*, int sizeA, const void* a, int sizeB, const void* b) {
                    {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
 }
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 void giveQt(const FunctionCall& call, const QString& text) {
     const QByteArray utf8 = text.toUtf8();
     call.give(std::string_view(utf8.data(), static_cast<std::size_t>(utf8.size())));
@@ -57,23 +54,23 @@ void getDate(const FunctionCall& call) {
 }
 
 void len(const FunctionCall& call) {
-    call.give(qint64{qt(WithoutTrailingBlanks(call.text(0))).size()});
+    call.give(qint64{ToQt(WithoutTrailingBlanks(call.text(0))).size()});
 }
 
 void upper(const FunctionCall& call) {
-    giveQt(call, qt(call.text(0)).toUpper());
+    giveQt(call, ToQt(call.text(0)).toUpper());
 }
 
 void lower(const FunctionCall& call) {
-    giveQt(call, qt(call.text(0)).toLower());
+    giveQt(call, ToQt(call.text(0)).toLower());
 }
 
 void left(const FunctionCall& call) {
-    giveQt(call, qt(call.text(0)).left(std::max<qint64>(call.integer(1), 0)));
+    giveQt(call, ToQt(call.text(0)).left(std::max<qint64>(call.integer(1), 0)));
 }
 
 void right(const FunctionCall& call) {
-    giveQt(call, qt(call.text(0)).right(std::max<qint64>(call.integer(1), 0)));
+    giveQt(call, ToQt(call.text(0)).right(std::max<qint64>(call.integer(1), 0)));
 }
 
 /// Counted from 1; a start before the text shortens the length, as on the server.
@@ -81,12 +78,12 @@ void substring(const FunctionCall& call) {
     const qint64 start = call.integer(1) - 1;
     const qint64 end = start + std::max<qint64>(call.integer(2), 0);
     const qint64 from = std::max<qint64>(start, 0);
-    giveQt(call, end > from ? qt(call.text(0)).mid(from, end - from) : QString());
+    giveQt(call, end > from ? ToQt(call.text(0)).mid(from, end - from) : QString());
 }
 
 void charIndex(const FunctionCall& call) {
     const qint64 from = call.count() > 2 ? std::max<qint64>(call.integer(2) - 1, 0) : 0;
-    call.give(qint64{qt(call.text(1)).indexOf(qt(call.text(0)), from, Qt::CaseInsensitive) + 1});
+    call.give(qint64{ToQt(call.text(1)).indexOf(ToQt(call.text(0)), from, Qt::CaseInsensitive) + 1});
 }
 
 /// svs_like(pattern, escape, part, ...): whether the parts, one after another, match.
@@ -98,7 +95,7 @@ void like(const FunctionCall& call) {
         made = std::make_unique<LikePattern>(call.text(0), escape.empty() ? 0 : TakeCharacter(escape));
         pattern = made.get();
     }
-    constexpr std::size_t mostParts = 32;
+    constexpr std::size_t mostParts = 127;
     std::array<std::string_view, mostParts> parts;
     const std::size_t count = std::min(static_cast<std::size_t>(call.count()) - 2, mostParts);
     for (std::size_t i = 0; i < count; ++i)
@@ -147,7 +144,7 @@ void cast(const FunctionCall& call) {
 
 /// svs_cast_text(value, length): Convert and Cast to text, cut to the length where that is above 0.
 void castText(const FunctionCall& call) {
-    const QString text = call.type(0) == SQLITE_FLOAT ? NumberText(call.real(0)) : qt(call.text(0));
+    const QString text = call.type(0) == SQLITE_FLOAT ? NumberText(call.real(0)) : ToQt(call.text(0));
     const auto length = static_cast<qsizetype>(call.integer(1));
     giveQt(call, length > 0 ? text.left(length) : text);
 }

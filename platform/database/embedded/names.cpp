@@ -33,6 +33,10 @@ std::string LowerName(std::string_view name) {
     return result;
 }
 
+QString ToQt(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
 std::string QuotedName(std::string_view name) {
     return quoted(name, '"');
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,8 @@ namespace db::embedded {
 /// Names and keywords compare without regard to the case of ASCII letters, as SQLite itself compares them.
 bool SameName(std::string_view a, std::string_view b);
 std::string LowerName(std::string_view name);
+
+QString ToQt(std::string_view utf8);
 
 /// "name" for SQLite, quotes doubled.
 std::string QuotedName(std::string_view name);

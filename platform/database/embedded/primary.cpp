@@ -11,10 +11,6 @@ namespace {
 
 using Form = Expression::Form;
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 Expression found(const Source& source, const TableColumn& column, const std::string& written) {
     return {.sql = QuotedName(source.name) + "." + QuotedName(column.name),
             .kind = column.type.kind,
@@ -121,15 +117,15 @@ Expression ColumnExpression(const Context& context, const std::string& qualifier
                 hits.push_back(found(source, *column, name));
         }
         if (hits.size() > 1)
-            throw DatabaseError(209, QStringLiteral("Ambiguous column name '%1'.").arg(qt(name)));
+            throw DatabaseError(209, QStringLiteral("Ambiguous column name '%1'.").arg(ToQt(name)));
         if (!hits.empty())
             return hits.front();
     }
     if (!qualifier.empty() && !tableKnown)
         throw DatabaseError(
             4104,
-            QStringLiteral("The multi-part identifier \"%1.%2\" could not be bound.").arg(qt(qualifier), qt(name)));
-    throw DatabaseError(207, QStringLiteral("Invalid column name '%1'.").arg(qt(name)));
+            QStringLiteral("The multi-part identifier \"%1.%2\" could not be bound.").arg(ToQt(qualifier), ToQt(name)));
+    throw DatabaseError(207, QStringLiteral("Invalid column name '%1'.").arg(ToQt(name)));
 }
 
 }  // namespace db::embedded

@@ -196,7 +196,7 @@ class CoreReader {
         throw DatabaseError(
             107,
             QStringLiteral("The column prefix '%1' does not match with a table name or alias name used in the query.")
-                .arg(QString::fromStdString(name)));
+                .arg(ToQt(name)));
     }
 
     std::optional<std::string> readColumnAlias() {

@@ -13,10 +13,6 @@ namespace db::embedded {
 
 namespace {
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 std::string fromQt(const QByteArray& bytes) {
     return {bytes.data(), static_cast<std::size_t>(bytes.size())};
 }
@@ -43,9 +39,9 @@ Cell wholeNumber(double number, const SqlType& type) {
         return static_cast<qint64>(whole);
     if (type.name == "smallint" || type.name == "tinyint")
         throw DatabaseError(220, QStringLiteral("Arithmetic overflow error for data type %1, value = %2.")
-                                     .arg(qt(type.name), QString::number(whole, 'f', 0)));
+                                     .arg(ToQt(type.name), QString::number(whole, 'f', 0)));
     throw DatabaseError(
-        8115, QStringLiteral("Arithmetic overflow error converting expression to data type %1.").arg(qt(type.name)));
+        8115, QStringLiteral("Arithmetic overflow error converting expression to data type %1.").arg(ToQt(type.name)));
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -126,7 +122,7 @@ Cell storedText(const Table& table, const TableColumn& column, Cell value) {
         throw DatabaseError(
             2628, QStringLiteral(
                       "String or binary data would be truncated in table '%1', column '%2'. Truncated value: '%3'.")
-                      .arg(qt(table.name), qt(column.name), qt(text).left(column.type.maxLength)));
+                      .arg(ToQt(table.name), ToQt(column.name), ToQt(text).left(column.type.maxLength)));
     return value;
 }
 
@@ -175,7 +171,7 @@ Cell NumberFromText(const std::string& text, const SqlType& type) {
     if (type.kind == Kind::Real) {
         double number = 0;
         if (!digits.empty() && !readWhole(digits, number))
-            throw DatabaseError(8114, QStringLiteral("Error converting data type varchar to %1.").arg(qt(type.name)));
+            throw DatabaseError(8114, QStringLiteral("Error converting data type varchar to %1.").arg(ToQt(type.name)));
         return rounded(number, type);
     }
     qint64 number = 0;
@@ -186,7 +182,7 @@ Cell NumberFromText(const std::string& text, const SqlType& type) {
     else if (!digits.empty() && !readWhole(digits, number))
         throw DatabaseError(245,
                             QStringLiteral("Conversion failed when converting the varchar value '%1' to data type %2.")
-                                .arg(qt(text), qt(type.name)));
+                                .arg(ToQt(text), ToQt(type.name)));
     if (type.kind == Kind::Bit)
         return qint64{number != 0};
     return type.name == "bigint" ? Cell(number) : wholeNumber(static_cast<double>(number), type);

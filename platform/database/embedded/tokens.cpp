@@ -20,8 +20,7 @@ bool startsWord(char c) {
 }
 
 [[noreturn]] void failNear(std::string_view text) {
-    throw DatabaseError(102, QStringLiteral("Incorrect syntax near '%1'.")
-                                 .arg(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))));
+    throw DatabaseError(102, QStringLiteral("Incorrect syntax near '%1'.").arg(ToQt(text)));
 }
 
 class Cutter {

@@ -1,6 +1,7 @@
 #include "platform/database/embedded/translate.h"
 
 #include "platform/database/embedded/definition.h"
+#include "platform/database/embedded/names.h"
 #include "platform/database/embedded/select.h"
 #include "platform/database/embedded/write.h"
 
@@ -12,8 +13,7 @@ void readRows(Context& context, Translation& translation) {
     SelectText select = ReadSelect(context);
     translation.sql = std::move(select.sql);
     for (SelectColumn& column : select.columns) {
-        translation.columns.push_back(
-            {QString::fromStdString(column.name), QString::fromStdString(column.table), ToColumnType(column.kind)});
+        translation.columns.push_back({ToQt(column.name), ToQt(column.table), ToColumnType(column.kind)});
         translation.typesFromRows.push_back(column.kind == Kind::Unknown || column.kind == Kind::Null);
     }
 }

@@ -14,14 +14,10 @@ namespace {
 using Form = Expression::Form;
 using TableHandle = std::shared_ptr<const Table>;
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 const TableColumn& requireColumn(const Table& table, const std::string& name) {
     const TableColumn* column = table.find(name);
     if (!column)
-        throw DatabaseError(207, QStringLiteral("Invalid column name '%1'.").arg(qt(name)));
+        throw DatabaseError(207, QStringLiteral("Invalid column name '%1'.").arg(ToQt(name)));
     return *column;
 }
 
@@ -81,7 +77,7 @@ std::vector<const TableColumn*> readTargets(Context& context, const Table& table
                 544,
                 QStringLiteral(
                     "Cannot insert explicit value for identity column in table '%1' when IDENTITY_INSERT is set to OFF.")
-                    .arg(qt(table.name)));
+                    .arg(ToQt(table.name)));
         columns.push_back(&column);
     } while (in.acceptOperator(","));
     in.expectOperator(")");
@@ -195,7 +191,7 @@ std::string ReadUpdate(Context& context) {
     do {
         const TableColumn& column = requireColumn(*table, ReadTableName(in));
         if (column.identity)
-            throw DatabaseError(8102, QStringLiteral("Cannot update identity column '%1'.").arg(qt(column.name)));
+            throw DatabaseError(8102, QStringLiteral("Cannot update identity column '%1'.").arg(ToQt(column.name)));
         in.expectOperator("=");
         const Expression value = ReadExpression(context);
         AppendToList(changes, QuotedName(column.name) + " = " + storedValue(context, table, column, value));

@@ -196,6 +196,26 @@ TEST_F(Statements, ColumnsSayWhatTheyHoldAndWhereTheyComeFrom) {
                           "appointmentsevents clinicianid 2", "  2", " half 1"}));
 }
 
+TEST_F(Statements, TwoMinusSignsInARowAreNoRemark) {
+    EXPECT_EQ(practice.one("Select - -3, 5 - -3, -nStartTime from appointments Where nkeyid = 1"), "3|8|-540");
+}
+
+TEST_F(Statements, IsNullKeepsTheTypeOfWhatItLooksAt) {
+    const auto table = practice.engine.query(
+        "Select IsNull(first_name, 0), IsNull(archive, '7'), IsNull(null, 2) from patient_info Where id = 'p3'", {});
+    EXPECT_EQ(table.columns()[0].type, db::ColumnType::Text);
+    EXPECT_EQ(table.at(0, 0).value(), db::Value("0"));
+    EXPECT_EQ(table.at(0, 1).value(), db::Value(1));
+    EXPECT_EQ(table.at(0, 2).value(), db::Value(2));
+}
+
+TEST_F(Statements, AnyNumberOfTextsIsJoined) {
+    QString many = QStringLiteral("last_name");
+    for (int i = 0; i < 150; ++i)
+        many += QStringLiteral(" + 'x'");
+    EXPECT_EQ(practice.rows("Select id from patient_info Where " + many + " Like 'Smithx%x'"), Rows{"p1"});
+}
+
 TEST_F(Statements, AStatementThatGivesNoRowsGivesAnEmptyTable) {
     EXPECT_EQ(practice.engine.query("Delete from appointments Where nkeyid = 1", {}).rowCount(), 0);
     EXPECT_EQ(practice.one("Select Count(*) from appointments"), "1");
