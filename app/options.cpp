@@ -1,5 +1,7 @@
 #include "app/options.h"
 
+#include "helptext.h"
+
 #include <QDir>
 #include <QRegularExpression>
 
@@ -114,20 +116,5 @@ ParsedOptions ParseOptions(const QStringList& arguments) {
 }
 
 QString UsageText() {
-    return QStringLiteral(R"(Usage: svscheduler [options] [type|user]
-
-  type|user           opens for that user without a logon, as the notes product does:
-                      1|JSMITH for a provider, 2|ADMIN for the System Administrator
-  --data DIR          the folder of solvane.ini and svwsched.ini and of embedded databases
-  --view NAME         opens with day, week, month, all, rooms or companion
-  --date yyyy-mm-dd   opens on that date
-  --size WxH          the window's size in pixels, for example 1280x800
-  --light, --dark     the look, instead of following the desktop
-  --screenshot FILE   saves the window as a picture (PNG) once the first view is there, and ends;
-                      needs type|user, no display, and takes the first provider for an administrator
-  --version           tells the version
-  --help              tells this
-
-QT_SCALE_FACTOR=2 in the environment doubles everything.
-)");
+    return QString::fromUtf8(HelpText);
 }

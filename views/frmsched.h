@@ -55,6 +55,7 @@ class frmsched : public CalendarView {
     void lockItem(int index);
 
     // frmsched_info.cpp
+    void showNote(const QString& note);
     void addInfo(const QString& label, const QString& value);
     void addRoom(const QString& key);
     void addContacts(const CalendarItem& item, const RowFacts& facts);

@@ -18,6 +18,8 @@ using db::Sql;
 
 namespace {
 
+constexpr int longestWord = 2000;
+
 // The list joins its cells by ";" and shows one line a row.
 QString oneCell(QString value) {
     value.replace(QLatin1Char(';'), QLatin1Char(','));
@@ -70,11 +72,18 @@ void frmsched::displayapptinfo(int index) {
                 item.ItemColor == ncolor::Group ? QStringLiteral("Group Therapy") : GetPipeField(item.ItemNote, 1));
     Ignoring([&] { addRoom(item.ItemKey); });
     if (const QString note = GetPipeField(item.ItemNote, 2); !note.isEmpty())
-        txtnote->setPlainText(QStringLiteral("Appointment Note") + QLatin1Char('\n') + note);
+        showNote(note);
     if (facts.apptType != ApptTypeSlot && IsPatientRow(item.ItemColor))
         addContacts(item, facts);
     if (item.ItemColor == ncolor::Group)
         Ignoring([&] { getgroumembers(item.ItemKey); });
+}
+
+void frmsched::showNote(const QString& note) {
+    // Looking for the words of an endless one takes seconds; where nobody set a blank, lines break anywhere.
+    const bool endless = note.size() > longestWord && !note.left(longestWord).contains(QLatin1Char(' '));
+    txtnote->setWordWrapMode(endless ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    txtnote->setPlainText(QStringLiteral("Appointment Note") + QLatin1Char('\n') + note);
 }
 
 void frmsched::addInfo(const QString& label, const QString& value) {
