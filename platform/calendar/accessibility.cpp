@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/calendar/glyphs.h"
 
 namespace {
 
@@ -33,9 +34,12 @@ class AccessibleItem : public QAccessibleInterface, public QAccessibleActionInte
         if (kind == QAccessible::Name)
             return calendar_->AccessibleItemName(index_);
         const CalendarItem& item = std::as_const(*calendar_).Item(index_);
-        if (kind == QAccessible::Description)
-            return item.ItemLocation.left(300);
-        return {};
+        if (kind != QAccessible::Description)
+            return {};
+        QStringList parts{StatusIconText(item.ItemStatusIcon), item.ItemLocation.left(300)};
+        parts.removeAll(QString());
+        parts.removeAll(item.ItemStatusText);
+        return parts.join(QStringLiteral(", "));
     }
     void setText(QAccessible::Text, const QString&) override {}
 

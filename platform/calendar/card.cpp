@@ -144,10 +144,10 @@ class CardText {
     /// The longest way to tell the time that fits.
     [[nodiscard]] QString timeFor(int width) const {
         const QFontMetrics small(style_.small);
-        const QString span = ClockSpan(state_.start, state_.end, state_.twentyFourHour);
+        QString span = ClockSpan(state_.start, state_.end, state_.twentyFourHour);
         if (small.horizontalAdvance(span) <= width)
             return span;
-        const QString clock = ClockText(state_.start, state_.twentyFourHour);
+        QString clock = ClockText(state_.start, state_.twentyFourHour);
         if (small.horizontalAdvance(clock) <= width)
             return clock;
         return clock.section(QLatin1Char(' '), 0, 0);
@@ -202,8 +202,6 @@ void PaintCard(QPainter& painter, const QRect& rect, const CalendarItem& item, c
                const CalendarStyle& style) {
     const CardColors colors = CardColorsFor(item, style.base, style.ink);
     painter.save();
-    if (state.ghost)
-        painter.setOpacity(0.85);
     PaintBox(painter, QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), item, state, colors, style);
     CardText(painter, item, state, colors, style).paint(rect);
     painter.restore();

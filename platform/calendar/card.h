@@ -15,7 +15,7 @@ struct CardState {
     bool focused = false;  ///< Selected, and the calendar has the keyboard.
     bool cutTop = false;   ///< Goes on before the grid.
     bool cutBottom = false;
-    bool ghost = false;  ///< Where a drag would drop it.
+    bool ghost = false;  ///< Where a drag would drop it: framed like the focused one.
     bool twentyFourHour = false;
     int start = 0;  ///< The times it shows.
     int end = 0;

@@ -37,8 +37,8 @@ QColor FurtherEnd(const QColor& color) {
 /// A bar must be seen beside its own card, also a white one on white.
 QColor VisibleOn(const QColor& background, const QColor& color) {
     constexpr double Visible = 2.2;
-    for (double share = 0; share < 1; share += 0.1) {
-        const QColor candidate = Mixed(color, FurtherEnd(background), share);
+    for (int tenths = 0; tenths < 10; ++tenths) {
+        const QColor candidate = Mixed(color, FurtherEnd(background), tenths / 10.0);
         if (ContrastRatio(candidate, background) >= Visible)
             return candidate;
     }
@@ -55,8 +55,8 @@ QColor PatternOn(const QColor& fill, const QColor& text) {
 
 /// The text, as much quieter as stays readable on the fill and on its pattern.
 QColor DimmedOn(const QColor& fill, const QColor& pattern, const QColor& text) {
-    for (double share = 0.30; share > 0; share -= 0.05) {
-        const QColor candidate = Mixed(text, fill, share);
+    for (int percent = 30; percent > 0; percent -= 5) {
+        const QColor candidate = Mixed(text, fill, percent / 100.0);
         if (std::min(ContrastRatio(candidate, fill), ContrastRatio(candidate, pattern)) >= ReadableContrast)
             return candidate;
     }
@@ -84,8 +84,8 @@ QColor Mixed(const QColor& from, const QColor& to, double share) {
 
 QColor ReadableOn(const QColor& background, const QColor& preferred) {
     const QColor end = FurtherEnd(background);
-    for (double share = 0; share < 1; share += 0.125) {
-        const QColor candidate = Mixed(preferred, end, share);
+    for (int eighths = 0; eighths < 8; ++eighths) {
+        const QColor candidate = Mixed(preferred, end, eighths / 8.0);
         if (ContrastRatio(candidate, background) >= ReadableContrast)
             return candidate;
     }

@@ -7,7 +7,7 @@ int CalendarContent::gridStart() const {
 }
 
 int CalendarContent::gridEnd() const {
-    return std::clamp(lastTime + 1, gridStart() + timeInterval, 1440);
+    return std::clamp(std::clamp(lastTime, 0, 1439) + 1, gridStart() + timeInterval, 1440);
 }
 
 int CalendarContent::columnOf(const CalendarItem& item) const {
@@ -38,9 +38,10 @@ CalendarContent CalendarContent::pageOf(int first, int count) const {
         page.items.back().ItemColumn = column;
         if (item.ItemBanner)
             continue;
-        page.firstTime = std::min(page.firstTime, std::max(item.ItemStart, 0) / 60 * 60);
-        page.lastTime = std::max(page.lastTime, std::min((item.ItemEnd + 59) / 60 * 60, 1440) - 1);
-        page.lastTime = std::max(page.lastTime, std::min(item.ItemStart / 60 * 60 + 60, 1440) - 1);
+        const int start = std::clamp(item.ItemStart, 0, 1439);
+        const int end = std::clamp(item.ItemEnd, start + 1, 1440);
+        page.firstTime = std::min(page.firstTime, start / 60 * 60);
+        page.lastTime = std::max(page.lastTime, (end + 59) / 60 * 60 - 1);
     }
     for (TimeRange range : ranges) {
         if (range.column > 0 && (range.column < first || range.column >= first + count))

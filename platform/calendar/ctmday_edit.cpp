@@ -76,6 +76,8 @@ void ctMDay::closeEditor(bool commit) {
     editor->deleteLater();
     if (hadFocus)
         setFocus();
+    state_.focused = hasFocus();
+    update();
     const QString text = editor->text();
     if (!commit || !editor->isModified() || !hasItem(editedItem_))
         return;

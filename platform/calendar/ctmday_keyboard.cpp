@@ -110,7 +110,7 @@ bool ctMDay::keyMovesItem(QKeyEvent* event) {
     }
     const ItemPlace from = PlaceOf(std::as_const(*this).Item(item), content_);
     const bool sizes = event->modifiers().testFlag(Qt::ShiftModifier) && columns == 0;
-    const int edge = sizes ? from.end : from.start;
+    const int edge = std::clamp(sizes ? from.end : from.start, 0, 1440);
     Drag drag(sizes ? Drag::Kind::ResizeBottom : Drag::Kind::Move, item, from, edge);
     drag.move(from.column + columns, edge + rows * content_.timeInterval, content_);
     if (drag.changes()) {

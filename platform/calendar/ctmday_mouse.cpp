@@ -217,10 +217,15 @@ void ctMDay::showHover(const Hit& hit) {
     const auto* heading = std::get_if<HeadingHit>(&hit);
     const int hovered = item != nullptr ? item->index : 0;
     const int over = heading != nullptr ? heading->column : 0;
-    if (hovered != state_.hoveredItem || over != state_.hoveredHeading) {
+    if (hovered != state_.hoveredItem) {
+        update(ItemRect(state_.hoveredItem));
+        update(ItemRect(hovered));
         state_.hoveredItem = hovered;
+    }
+    if (over != state_.hoveredHeading) {
+        update(HeadingRect(state_.hoveredHeading));
+        update(HeadingRect(over));
         state_.hoveredHeading = over;
-        update();
     }
     if (item == nullptr) {
         setCursor(std::holds_alternative<MarkerHit>(hit) ? Qt::PointingHandCursor : Qt::ArrowCursor);

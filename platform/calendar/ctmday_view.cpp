@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cmath>
 #include <QEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPaintEvent>
 #include <QScrollBar>
@@ -241,7 +240,7 @@ void ctMDay::focusInEvent(QFocusEvent*) {
 }
 
 void ctMDay::focusOutEvent(QFocusEvent*) {
-    state_.focused = editor_ != nullptr && editor_->hasFocus();
+    state_.focused = editor_ != nullptr;  // The editor is part of the calendar.
     editTimer_.stop();
     update();
 }

@@ -1,6 +1,7 @@
 #include "platform/calendar/drag.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -11,26 +12,34 @@ int Snapped(int minute, int interval) {
 }  // namespace
 
 Drag::Drag(Kind kind, int index, const ItemPlace& from, int minute)
-    : kind_(kind), index_(index), from_(from), place_(from), grabbed_(minute - from.start) {}
+    : kind_(kind),
+      index_(index),
+      from_(from),
+      place_(from),
+      start_(std::clamp(from.start, 0, 1440)),
+      end_(std::clamp(from.end, 0, 1440)),
+      grabbed_(minute - start_) {}
 
 void Drag::move(int column, int minute, const CalendarContent& content) {
     const int interval = content.timeInterval;
-    if (kind_ == Kind::Move) {
-        const int length = std::clamp(from_.end - from_.start, 0, 1440);
-        const int wanted = std::max(minute - grabbed_, 0);
-        // Within half a row of where it was, the item keeps its own minute.
-        const bool stays = 2 * std::abs(wanted - from_.start) < interval;
-        place_.start = std::clamp(stays ? from_.start : Snapped(wanted, interval), 0, 1440 - length);
-        place_.end = place_.start + length;
-        place_.column = std::clamp(column, 1, std::max(static_cast<int>(content.columns.size()), 1));
-        if (static_cast<std::size_t>(place_.column) <= content.columns.size())
-            place_.day = content.columns[static_cast<std::size_t>(place_.column) - 1].day;
+    const int at = std::clamp(minute, -1440, 2 * 1440);
+    if (kind_ == Kind::ResizeTop) {
+        place_.start = std::clamp(Snapped(at, interval), 0, std::max(end_ - interval, 0));
         return;
     }
-    if (kind_ == Kind::ResizeTop)
-        place_.start = std::clamp(Snapped(minute, interval), 0, std::max(from_.end - interval, 0));
-    else
-        place_.end = std::clamp(Snapped(minute, interval), std::min(from_.start + interval, 1440), 1440);
+    if (kind_ == Kind::ResizeBottom) {
+        place_.end = std::clamp(Snapped(at, interval), std::min(start_ + interval, 1440), 1440);
+        return;
+    }
+    const int length = std::max(end_ - start_, 0);
+    const int wanted = std::max(at - grabbed_, 0);
+    // Within half a row of where it was, the item keeps its own minute.
+    const bool stays = 2 * std::abs(wanted - start_) < interval;
+    place_.start = std::clamp(stays ? start_ : Snapped(wanted, interval), 0, 1440 - length);
+    place_.end = place_.start + length;
+    place_.column = std::clamp(column, 1, std::max(static_cast<int>(content.columns.size()), 1));
+    if (static_cast<std::size_t>(place_.column) <= content.columns.size())
+        place_.day = content.columns[static_cast<std::size_t>(place_.column) - 1].day;
 }
 
 ItemPlace PlaceOf(const CalendarItem& item, const CalendarContent& content) {

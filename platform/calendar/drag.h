@@ -27,6 +27,8 @@ class Drag {
     int index_;
     ItemPlace from_;
     ItemPlace place_;
+    int start_;  ///< Of `from`, inside the day.
+    int end_;
     int grabbed_;  ///< Minutes from the item's start to where it was grabbed.
 };
 

@@ -16,7 +16,10 @@ void PaintHatch(QPainter& painter, const QRectF& rect, const QRectF& clip, bool 
     const double origin = rising ? rect.left() + rect.top() : rect.left() - rect.top();
     const double from = rising ? shown.left() + shown.top() : shown.left() - shown.bottom();
     const double to = rising ? shown.right() + shown.bottom() : shown.right() - shown.top();
-    for (double line = origin + std::floor((from - origin) / step) * step; line <= to + step; line += step) {
+    const int first = static_cast<int>(std::floor((from - origin) / step));
+    const int last = static_cast<int>(std::ceil((to - origin) / step));
+    for (int i = first; i <= last; ++i) {
+        const double line = origin + i * step;
         const double atTop = rising ? line - shown.top() : line + shown.top();
         const double atBottom = rising ? line - shown.bottom() : line + shown.bottom();
         painter.drawLine(QPointF(atTop, shown.top()), QPointF(atBottom, shown.bottom()));

@@ -179,7 +179,9 @@ void PaintHeadings(const CalendarScene& scene, const QRect& clip) {
         PaintBanners(scene, column);
         PaintStrips(scene, column);
     }
-    painter.setPen(scene.style.columnLine);
-    painter.drawLine(body.left(), body.top() - 1, body.right(), body.top() - 1);
+    // The line under the headings tells who has the keyboard, also while nothing is selected.
+    const int line = scene.state.focused ? 2 : 1;
+    painter.fillRect(QRect(body.left(), body.top() - line, body.width(), line),
+                     scene.state.focused ? scene.style.accent : scene.style.columnLine);
     painter.restore();
 }

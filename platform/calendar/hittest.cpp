@@ -25,10 +25,10 @@ Hit InBody(QPoint point, const CalendarGrid& grid, const CalendarLayout& layout,
             return ItemHit{selectedItem, ZoneAt(point, card, *placed, style.grip)};
     }
     const auto& items = layout.columns[static_cast<std::size_t>(column) - 1].placed;
-    for (auto placed = items.rbegin(); placed != items.rend(); ++placed) {
-        const QRect card = grid.itemRect(*placed);
+    for (const PlacedItem& placed : items) {
+        const QRect card = grid.itemRect(placed);
         if (card.contains(point))
-            return ItemHit{placed->index, ZoneAt(point, card, *placed, style.grip)};
+            return ItemHit{placed.index, ZoneAt(point, card, placed, style.grip)};
     }
     if (point.y() >= grid.y(grid.scale.last))
         return NothingHit{};

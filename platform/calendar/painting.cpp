@@ -37,7 +37,8 @@ void PaintGround(const CalendarScene& scene, int column, const QRect& rect, cons
     scene.painter.fillRect(lighter & rect & clip, ground(style.base));
     for (const TimeRange& range : scene.content.ranges) {
         if (AppliesTo(range, column, scene.column(column)))
-            PaintTimeRange(scene, scene.grid.timeRect(column, range.start, range.end + 1) & rect, range.color, clip);
+            PaintTimeRange(scene, scene.grid.timeRect(column, range.start, std::min(range.end, 1439) + 1) & rect,
+                           range.color, clip);
     }
 }
 

@@ -18,6 +18,7 @@ TEST(CalendarAccessibility, TheItemsAreChildrenInTimeOrderWithNames) {
     const int anna = hand.add(540, 590, "Anna O'Brien");
     hand.calendar.Item(anna).ItemStatusText = "Kept";
     hand.calendar.Item(anna).ItemLocation = "Main Street";
+    hand.calendar.Item(anna).ItemStatusIcon = 7;
 
     QAccessibleInterface* list = Of(hand.calendar);
 
@@ -25,7 +26,7 @@ TEST(CalendarAccessibility, TheItemsAreChildrenInTimeOrderWithNames) {
     EXPECT_EQ(list->role(), QAccessible::List);
     ASSERT_EQ(list->childCount(), 2);
     EXPECT_EQ(list->child(0)->text(QAccessible::Name), "9:00 AM to 9:50 AM, Anna O'Brien, Kept");
-    EXPECT_EQ(list->child(0)->text(QAccessible::Description), "Main Street");
+    EXPECT_EQ(list->child(0)->text(QAccessible::Description), "Confirmed, Main Street");
     EXPECT_EQ(list->child(0)->role(), QAccessible::ListItem);
     EXPECT_EQ(list->child(0)->parent(), list);
     EXPECT_EQ(list->indexOfChild(list->child(1)), 1);

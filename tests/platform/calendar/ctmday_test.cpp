@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <QPainter>
+
 #include "tests/platform/calendar/calendarunderhand.h"
 
 TEST(DayCalendar, ItemsAreCountedFromOneInTheOrderTheyWereAdded) {
@@ -190,6 +193,15 @@ TEST(DayCalendar, ExtremeValuesAreDrawnAndNotLost) {
         hand.calendar.setSelectedItem(index);
         hand.calendar.ScrollToItem(index);
         EXPECT_FALSE(hand.calendar.ToolTipOf(index).isEmpty());
+    }
+    QImage paper(400, 600, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    hand.calendar.paint(painter, QRectF(0, 0, 400, 600), least, most, PrintStyle(QFont(), QFont()));
+    painter.end();
+    for (int index = 1; index <= hand.calendar.ItemCount(); ++index) {
+        hand.calendar.setSelectedItem(index);
+        hand.key(Qt::Key_Down, Qt::ControlModifier);
+        hand.key(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
     }
     hand.calendar.setFirstTime(most);
     hand.calendar.setLastTime(least);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace {
 
 const QDate Monday(2026, 3, 9);
@@ -76,6 +78,22 @@ TEST(Drag, ItemsWithBadTimesCanBeMovedIntoTheDay) {
     Drag outside(Drag::Kind::ResizeBottom, 1, Place(1, 1500, 1600), 1440);
     outside.move(1, 1400, Week());
     EXPECT_EQ(outside.place().end, 1440);
+}
+
+TEST(Drag, AnyNumberIsBroughtIntoTheDay) {
+    const int least = std::numeric_limits<int>::min();
+    const int most = std::numeric_limits<int>::max();
+    for (const auto& [start, end] : {std::pair{least, most}, {most, least}, {least, least}, {most, most}}) {
+        for (const Drag::Kind kind : {Drag::Kind::Move, Drag::Kind::ResizeTop, Drag::Kind::ResizeBottom}) {
+            Drag drag(kind, 1, Place(1, start, end), 600);
+            for (const int minute : {least, 600, most}) {
+                drag.move(1, minute, Week());
+                const int moved = kind == Drag::Kind::ResizeBottom ? drag.place().end : drag.place().start;
+                EXPECT_GE(moved, 0);
+                EXPECT_LE(moved, 1440);
+            }
+        }
+    }
 }
 
 TEST(Drag, PuttingAnItemElsewhereChangesItsDayOrItsColumn) {

@@ -232,3 +232,12 @@ TEST(CalendarPainting, ScrollingShowsTheSameAsPaintingAnew) {
     EXPECT_TRUE(hand.calendar.ItemRect(1).isEmpty());
     EXPECT_FALSE(hand.calendar.grab().isNull());
 }
+
+TEST(CalendarPainting, TheKeyboardFocusIsSeenAlsoWhileNothingIsSelected) {
+    CalendarUnderHand hand;
+    const QColor accent = hand.calendar.palette().color(QPalette::Highlight);
+    const QRect line(60, hand.calendar.CellRect(1, 480).top() - 2, 400, 2);
+    EXPECT_GT(PixelsOf(hand.calendar.grab().toImage(), line, accent), 400);
+    hand.calendar.clearFocus();
+    EXPECT_EQ(PixelsOf(hand.calendar.grab().toImage(), line, accent), 0);
+}
