@@ -1,7 +1,7 @@
 # Shared by ./run, ./test and ./bench: installs what is missing (Debian 12, as root or with sudo) and builds.
 
 # README.md tells what each package is for.
-BUILD_PACKAGES="build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools libqt6sql6-odbc
+BUILD_PACKAGES="build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools
 libqt6svg6 libsqlite3-dev unixodbc-dev unixodbc tdsodbc libgtest-dev libbenchmark-dev fonts-dejavu-core"
 # Only the tests use these.
 TEST_PACKAGES="libsqliteodbc xvfb xauth xdotool dbus-daemon"

@@ -1,17 +1,9 @@
-#include <QDateTime>
+#include <array>
 #include <QHash>
-#include <QRegularExpression>
-#include <QSqlDatabase>
-#include <QSqlDriver>
-#include <QSqlError>
-#include <QSqlField>
-#include <QSqlIndex>
-#include <QSqlQuery>
-#include <QSqlRecord>
 
-#include "platform/database/datetext.h"
 #include "platform/database/engine.h"
 #include "platform/database/error.h"
+#include "platform/database/odbcstatement.h"
 #include "platform/database/statement.h"
 
 namespace db {
@@ -19,133 +11,28 @@ namespace db {
 namespace {
 
 /// Seconds that a server may take to answer at the door.
-constexpr int loginTimeoutSeconds = 5;
-/// QODBC sends a longer text as the server's old "ntext", which compares with nothing.
-constexpr qsizetype longestPlainText = 254;
+constexpr SQLULEN loginTimeoutSeconds = 5;
 
-// The numbers of ODBC for the column types that a QVariant does not tell.
-constexpr int sqlBit = -7;
-
-/// What the driver and the server said, without the chain of who passed it on.
-QString sentence(const QSqlError& error) {
-    static const QRegularExpression chain(
-        QStringLiteral(R"((\[(unixODBC|Driver Manager|FreeTDS|Microsoft|SQL Server|SQLite|ODBC Driver [^\]]*)\])+)"));
-    QStringList said = error.databaseText().split(chain, Qt::SkipEmptyParts);
-    for (QString& each : said)
-        each = each.trimmed();
-    if (said.size() > 1)
-        said.removeAll(QStringLiteral("Unable to connect to data source"));
-    return said.isEmpty() ? error.driverText() : said.join(QLatin1Char(' '));
+SQLPOINTER asPointer(SQLULEN number) {
+    return reinterpret_cast<SQLPOINTER>(number);
 }
 
-DatabaseError failure(const QSqlError& error, const QString& statement) {
-    return {error.nativeErrorCode().toInt(), sentence(error), statement};
+/// The environment, of which a program needs one.
+SQLHANDLE environment() {
+    static const OdbcHandle<SQL_HANDLE_ENV> handle(SQL_NULL_HANDLE);
+    static const SQLRETURN version =
+        SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, asPointer(SQL_OV_ODBC3), SQL_IS_UINTEGER);
+    Q_UNUSED(version);
+    return handle.get();
 }
 
-/// A login fails at the server, which gives the number and the sentence, or before it: then the cursor service's
-/// sentence stands before the driver's.
-DatabaseError loginFailure(const QSqlError& error) {
-    constexpr int loginRefused = 18456;
-    constexpr int noSuchDatabase = 4060;
-    constexpr int firstOfDriver = 20000;  // FreeTDS counts its own failures from here.
-    constexpr int unspecified = -2147467259;
-    const int number = error.nativeErrorCode().toInt();
-    const QString said = sentence(error);
-    // The server tells both, the refusal last.
-    if (number == loginRefused && said.contains(QLatin1String("Cannot open database")))
-        return {noSuchDatabase, said};
-    const QString raw = error.databaseText();
-    if (raw.contains(QLatin1String("[SQL Server]")) && number > 0 && number < firstOfDriver)
-        return {number, said};
-    const int told = number == 0 ? unspecified : number;
-    if (raw.contains(QLatin1String("[Driver Manager]")) || !raw.contains(QLatin1Char('[')))
-        return {told, said};
-    return {told, QStringLiteral("SQL Server does not exist or access denied. ") + said};
-}
-
-ColumnType typeOf(const QSqlField& field) {
-    if (field.typeID() == sqlBit)
-        return ColumnType::Boolean;
-    switch (field.metaType().id()) {
-        case QMetaType::Int:
-        case QMetaType::UInt:
-        case QMetaType::LongLong:
-        case QMetaType::ULongLong:
-        case QMetaType::Short:
-            return ColumnType::Integer;
-        case QMetaType::Double:
-        case QMetaType::Float:
-            return ColumnType::Real;
-        case QMetaType::QDate:
-        case QMetaType::QDateTime:
-            return ColumnType::DateTime;
-        default:
-            return ColumnType::Text;
-    }
-}
-
-/// The driver manager's names may come with NULs behind them.
-QString nameOf(const QString& told) {
-    return told.left(told.indexOf(QChar::Null));
-}
-
-QByteArray isoText(const QDateTime& moment) {
-    if (const auto held = ToServerDateTime(moment))
-        return IsoText(*held);
-    return moment.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")).toLatin1();
-}
-
-void append(ResultTable& table, const QVariant& value) {
-    if (value.isNull()) {
-        table.appendNull();
-        return;
-    }
-    switch (value.typeId()) {
-        case QMetaType::Bool:
-        case QMetaType::Int:
-        case QMetaType::UInt:
-        case QMetaType::LongLong:
-        case QMetaType::ULongLong:
-        case QMetaType::Short:
-            table.appendInteger(value.toLongLong());
-            break;
-        case QMetaType::Double:
-        case QMetaType::Float:
-            table.appendReal(value.toDouble());
-            break;
-        case QMetaType::QDate:
-        case QMetaType::QDateTime:
-            table.appendText(isoText(value.toDateTime()));
-            break;
-        case QMetaType::QByteArray:
-            table.appendText(value.toByteArray());
-            break;
-        default:
-            table.appendText(value.toString().toUtf8());
-    }
-}
-
-/// The statement with its long texts brought to a type that the server compares.
-QString castLongTexts(const QString& statement, const std::vector<Value>& bound) {
-    QString cast;
-    const QChar* copied = statement.constData();
-    std::size_t place = 0;
-    for (const Token& token : Tokens(statement)) {
-        if (!token.is(QLatin1String("?")))
-            continue;
-        const auto* text = place < bound.size() ? std::get_if<QString>(&bound[place].data()) : nullptr;
-        ++place;
-        if (!text || text->size() <= longestPlainText)
-            continue;
-        cast += QStringView(copied, token.text.data());
-        cast += QLatin1String("Cast(? As nvarchar(max))");
-        copied = token.text.data() + 1;
-    }
-    return cast.append(QStringView(copied, statement.constData() + statement.size()));
+bool isInsert(const QString& statement) {
+    return statement.trimmed().startsWith(QLatin1String("Insert "), Qt::CaseInsensitive);
 }
 
 }  // namespace
 
+/// A database behind an ODBC driver: a SQL Server, or one that takes the same statements.
 class OdbcEngine final : public Engine {
   public:
     explicit OdbcEngine(const QString& odbcText);
@@ -153,119 +40,93 @@ class OdbcEngine final : public Engine {
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
     ResultTable query(const QString& statement, const std::vector<Value>& bound) override;
-    void begin() override { require(database_.transaction()); }
-    void commit() override { require(database_.commit()); }
-    void rollback() override { require(database_.rollback()); }
+    void begin() override;
+    void commit() override { end(SQL_COMMIT); }
+    void rollback() override { end(SQL_ROLLBACK); }
     const TableInfo& describe(const QString& table) override;
     qint64 lastIdentity() override;
 
   private:
-    QSqlQuery run(const QString& statement, const std::vector<Value>& bound);
+    void run(OdbcStatement& run, const QString& statement, const std::vector<Value>& bound) const;
     qint64 insertOnServer(const QString& statement, const std::vector<Value>& bound);
-    [[nodiscard]] QVariant toVariant(const Value& value) const;
+    void end(SQLSMALLINT how);
+    void setAutocommit(SQLULEN on);
     [[nodiscard]] TableInfo describeOnServer(const QString& table);
     [[nodiscard]] TableInfo describeByDriver(const QString& table) const;
-    void require(bool done) const;
+    void check(SQLRETURN result) const;
 
-    QString name_;
-    QSqlDatabase database_;
+    OdbcHandle<SQL_HANDLE_DBC> connection_;
     bool sqlServer_ = false;
     qint64 identity_ = 0;
     QHash<QString, TableInfo> tables_;
 };
 
-OdbcEngine::OdbcEngine(const QString& odbcText) {
-    static int opened = 0;
-    name_ = QStringLiteral("odbc%1").arg(++opened);
-    database_ = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name_);
-    database_.setDatabaseName(odbcText);
-    database_.setConnectOptions(QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1").arg(loginTimeoutSeconds));
-    database_.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-    if (!database_.open()) {
-        const DatabaseError error = loginFailure(database_.lastError());
-        database_ = QSqlDatabase();
-        QSqlDatabase::removeDatabase(name_);
-        throw error;
-    }
-    sqlServer_ = database_.driver()->dbmsType() == QSqlDriver::MSSqlServer;
+OdbcEngine::OdbcEngine(const QString& odbcText) : connection_(environment()) {
+    SQLSetConnectAttrW(connection_.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(loginTimeoutSeconds), SQL_IS_UINTEGER);
+    if (!SQL_SUCCEEDED(SQLDriverConnectW(connection_.get(), nullptr, WideText(odbcText),
+                                         static_cast<SQLSMALLINT>(odbcText.size()), nullptr, 0, nullptr,
+                                         SQL_DRIVER_NOPROMPT)))
+        throw OdbcLoginFailure(connection_.get());
+    std::array<SQLWCHAR, 128> name{};
+    SQLGetInfoW(connection_.get(), SQL_DBMS_NAME, name.data(), sizeof(name), nullptr);
+    sqlServer_ = QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()))
+                     .contains(QLatin1String("Microsoft SQL Server"));
+    // A server may be set to tell no counts, by which a row that somebody else changed is noticed.
+    if (sqlServer_)
+        execute(QStringLiteral("Set NoCount Off"), {});
 }
 
 OdbcEngine::~OdbcEngine() {
-    database_.close();
-    database_ = QSqlDatabase();
-    QSqlDatabase::removeDatabase(name_);
+    // With a transaction open the driver would refuse to leave.
+    SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
+    SQLDisconnect(connection_.get());
 }
 
 qint64 OdbcEngine::execute(const QString& statement, const std::vector<Value>& bound) {
-    if (sqlServer_ && statement.trimmed().startsWith(QLatin1String("Insert "), Qt::CaseInsensitive))
+    if (sqlServer_ && isInsert(statement))
         return insertOnServer(statement, bound);
-    return run(statement, bound).numRowsAffected();
+    OdbcStatement sent(connection_.get());
+    run(sent, statement, bound);
+    const qint64 rows = sent.rowCount();
+    sent.finish();
+    return rows;
 }
 
 /// The key that the server gave can be asked for in the statement's own batch alone.
 qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Value>& bound) {
-    QSqlQuery query =
-        run(QStringLiteral("Set NoCount On %1 Select @@RowCount, Cast(Scope_Identity() As bigint) Set NoCount Off")
-                .arg(statement),
-            bound);
-    while (!query.isSelect() && query.nextResult()) {
-    }
-    if (!query.next())
-        throw failure(query.lastError(), statement);
-    identity_ = query.value(1).toLongLong();
-    return query.value(0).toLongLong();
+    OdbcStatement sent(connection_.get());
+    run(sent, statement + QStringLiteral("\nSelect Cast(Scope_Identity() As bigint)"), bound);
+    const qint64 rows = sent.rowCount();
+    const ResultTable key = sent.rows();
+    sent.finish();
+    identity_ = key.rowCount() == 0 ? 0 : key.at(0, 0).integer();
+    return rows;
 }
 
 ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound) {
-    QSqlQuery query = run(statement, bound);
-    const QSqlRecord record = query.record();
-    std::vector<Column> columns;
-    for (int i = 0; i < record.count(); ++i) {
-        const QSqlField field = record.field(i);
-        columns.push_back({nameOf(field.name()), nameOf(field.tableName()), typeOf(field)});
-    }
-    ResultTable table(std::move(columns));
-    const int count = record.count();
-    while (query.next()) {
-        for (int i = 0; i < count; ++i)
-            append(table, query.value(i));
-    }
-    if (query.lastError().isValid())
-        throw failure(query.lastError(), statement);
-    return table;
+    OdbcStatement sent(connection_.get());
+    run(sent, statement, bound);
+    ResultTable rows = sent.rows();
+    sent.finish();
+    return rows;
 }
 
-QSqlQuery OdbcEngine::run(const QString& statement, const std::vector<Value>& bound) {
-    QSqlQuery query(database_);
-    query.setForwardOnly(true);
-    const QString sent = sqlServer_ ? MarkNationalText(castLongTexts(statement, bound)) : statement;
-    bool done = false;
-    if (bound.empty()) {
-        done = query.exec(sent);
-    } else {
-        done = query.prepare(sent);
-        for (const Value& value : bound)
-            query.addBindValue(toVariant(value));
-        done = done && query.exec();
-    }
-    if (!done)
-        throw failure(query.lastError(), statement);
-    return query;
+void OdbcEngine::run(OdbcStatement& sent, const QString& statement, const std::vector<Value>& bound) const {
+    sent.bind(bound, sqlServer_);
+    sent.run(sqlServer_ ? WithServerTexts(statement) : statement);
 }
 
-QVariant OdbcEngine::toVariant(const Value& value) const {
-    if (value.isNull())
-        return QVariant(QMetaType(QMetaType::QString));
-    if (const auto* text = std::get_if<QString>(&value.data()))
-        return *text;
-    if (const auto* number = std::get_if<double>(&value.data()))
-        return *number;
-    if (const auto* moment = std::get_if<QDateTime>(&value.data())) {
-        // The server would take a bound time for one of its finer types, which equals none of the stored ones.
-        return sqlServer_ ? QVariant(moment->toString(QStringLiteral("yyyy-MM-ddThh:mm:ss.zzz"))) : QVariant(*moment);
-    }
-    const qint64 number = value.integer();
-    return number == static_cast<int>(number) ? QVariant(static_cast<int>(number)) : QVariant(number);
+void OdbcEngine::begin() {
+    setAutocommit(SQL_AUTOCOMMIT_OFF);
+}
+
+void OdbcEngine::end(SQLSMALLINT how) {
+    check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), how));
+    setAutocommit(SQL_AUTOCOMMIT_ON);
+}
+
+void OdbcEngine::setAutocommit(SQLULEN on) {
+    check(SQLSetConnectAttrW(connection_.get(), SQL_ATTR_AUTOCOMMIT, asPointer(on), SQL_IS_UINTEGER));
 }
 
 const TableInfo& OdbcEngine::describe(const QString& table) {
@@ -327,21 +188,28 @@ TableInfo OdbcEngine::describeOnServer(const QString& table) {
 /// What any driver tells. Where a table's key is one whole number, the database is taken to assign it.
 TableInfo OdbcEngine::describeByDriver(const QString& table) const {
     TableInfo info;
-    const QSqlRecord record = database_.record(table);
-    for (int i = 0; i < record.count(); ++i) {
-        const QSqlField field = record.field(i);
+    OdbcStatement columns(connection_.get());
+    const auto length = static_cast<SQLSMALLINT>(table.size());
+    check(SQLColumnsW(columns.handle(), nullptr, 0, nullptr, 0, WideText(table), length, nullptr, 0));
+    const ResultTable told = columns.rows();
+    for (int row = 0; row < told.rowCount(); ++row) {
         ColumnInfo column;
-        column.name = field.name();
-        column.type = typeOf(field);
-        column.maxLength = column.type == ColumnType::Text ? qMax(0, field.length()) : 0;
-        column.nullable = field.requiredStatus() != QSqlField::Required;
+        column.name = told.at(row, 3).text();
+        column.type = OdbcColumnType(static_cast<SQLSMALLINT>(told.at(row, 4).integer()));
+        column.maxLength = column.type == ColumnType::Text ? static_cast<int>(told.at(row, 6).integer()) : 0;
+        column.nullable = told.at(row, 10).integer() != SQL_NO_NULLS;
         info.columns.push_back(std::move(column));
     }
-    const QSqlIndex key = database_.primaryIndex(table);
-    for (int i = 0; i < key.count(); ++i)
-        info.keyColumns.push_back(key.fieldName(i));
-    if (key.count() == 1 && typeOf(record.field(key.fieldName(0))) == ColumnType::Integer)
-        info.identityColumn = key.fieldName(0);
+    OdbcStatement keys(connection_.get());
+    check(SQLPrimaryKeysW(keys.handle(), nullptr, 0, nullptr, 0, WideText(table), length));
+    const ResultTable key = keys.rows();
+    for (int row = 0; row < key.rowCount(); ++row)
+        info.keyColumns.push_back(key.at(row, 3).text());
+    for (const ColumnInfo& column : info.columns) {
+        const bool isWhole = column.type == ColumnType::Integer;
+        if (isWhole && info.keyColumns.size() == 1 && info.keyColumns.front() == column.name)
+            info.identityColumn = column.name;
+    }
     return info;
 }
 
@@ -349,9 +217,9 @@ qint64 OdbcEngine::lastIdentity() {
     return sqlServer_ ? identity_ : query(QStringLiteral("Select last_insert_rowid()"), {}).at(0, 0).integer();
 }
 
-void OdbcEngine::require(bool done) const {
-    if (!done)
-        throw failure(database_.lastError(), {});
+void OdbcEngine::check(SQLRETURN result) const {
+    if (!SQL_SUCCEEDED(result))
+        throw OdbcFailure(SQL_HANDLE_DBC, connection_.get());
 }
 
 std::unique_ptr<Engine> OpenOdbc(const QString& odbcText) {

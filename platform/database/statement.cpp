@@ -313,22 +313,28 @@ SelectShape ShapeOfSelect(const QString& statement) {
     return shape;
 }
 
-QString MarkNationalText(const QString& statement) {
-    const auto isAscii = [](QStringView text) {
-        return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+QString WithServerTexts(const QString& statement) {
+    const auto isPlain = [](QStringView text) {
+        return std::all_of(text.begin(), text.end(),
+                           [](QChar c) { return c.unicode() < 0x80 && c != QLatin1Char('\\'); });
     };
-    if (isAscii(statement))
+    if (isPlain(statement))
         return statement;
-    QString marked;
+    QString written;
     const QChar* copied = statement.constData();
     for (const Token& token : Tokens(statement)) {
-        if (token.kind != Token::Kind::Text || token.text.front() != QLatin1Char('\'') || isAscii(token.text))
+        if (token.kind != Token::Kind::Text || isPlain(token.text))
             continue;
-        marked += QStringView(copied, token.text.data());
-        marked += QLatin1Char('N');
-        copied = token.text.data();
+        written += QStringView(copied, token.text.data());
+        if (token.text.front() == QLatin1Char('\''))
+            written += QLatin1Char('N');
+        QString text = token.text.toString();
+        text.replace(QLatin1String("\\\n"), QLatin1String("\\' + N'\n"));
+        text.replace(QLatin1String("\\\r\n"), QLatin1String("\\' + N'\r\n"));
+        written += text;
+        copied = token.text.data() + token.text.size();
     }
-    return marked.append(QStringView(copied, statement.constData() + statement.size()));
+    return written.append(QStringView(copied, statement.constData() + statement.size()));
 }
 
 }  // namespace db

@@ -44,8 +44,9 @@ struct SelectShape {
 };
 SelectShape ShapeOfSelect(const QString& statement);
 
-/// Marks the texts of a statement that hold letters beyond ASCII as national text (N'...'), without which the server
-/// would squeeze them into the code page of the database.
-QString MarkNationalText(const QString& statement);
+/// The statement with its texts written so that a SQL Server takes them letter for letter: texts with letters beyond
+/// ASCII as national ones (N'...'), which are not squeezed into the code page of the database, and a backslash at the
+/// end of a line apart from the line's end, since the server would take both for a broken line and drop them.
+QString WithServerTexts(const QString& statement);
 
 }  // namespace db

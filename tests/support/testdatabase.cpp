@@ -8,12 +8,6 @@
 
 namespace {
 
-/// In memory where there is such a folder: a test needs no disk.
-QString folderTemplate() {
-    const QString inMemory = QStringLiteral("/dev/shm");
-    return (QFileInfo(inMemory).isWritable() ? inMemory : QDir::tempPath()) + QStringLiteral("/svs-test-XXXXXX");
-}
-
 void emptyServer(db::Connection& connection, SchemaScript script) {
     if (ExistingSchemaTable(connection, script).isEmpty()) {
         ApplySchema(connection, script);
@@ -26,8 +20,13 @@ void emptyServer(db::Connection& connection, SchemaScript script) {
 
 }  // namespace
 
+QString TestFolderTemplate() {
+    const QString inMemory = QStringLiteral("/dev/shm");
+    return (QFileInfo(inMemory).isWritable() ? inMemory : QDir::tempPath()) + QStringLiteral("/svs-test-XXXXXX");
+}
+
 TestDatabase::TestDatabase(SchemaScript script)
-    : folder_(folderTemplate()),
+    : folder_(TestFolderTemplate()),
       connectionText_(qEnvironmentVariable(script == SchemaScript::Main ? "SVSCHEDULER_TEST_DATABASE"
                                                                         : "SVSCHEDULER_TEST_COMPANION")) {
     if (!connectionText_.isEmpty()) {

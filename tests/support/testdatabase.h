@@ -5,6 +5,9 @@
 #include "data/schema.h"
 #include "platform/database/connection.h"
 
+/// Where a test may make a temporary folder: in memory where there is such a place, since a test needs no disk.
+QString TestFolderTemplate();
+
 /// A database for one test, with the empty tables of a script: an embedded file that goes with the object. Where
 /// SVSCHEDULER_TEST_DATABASE (SVSCHEDULER_TEST_COMPANION for the companion) holds a connection text, it is the database
 /// on that server instead, emptied; such a suite runs one test at a time.

@@ -10,6 +10,7 @@
 #include "platform/database/error.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "tests/support/testdatabase.h"
 
 /// An engine that the contract holds for.
 enum class EngineKind { Memory, File, OtherOdbc, Server };
@@ -34,7 +35,7 @@ class DatabaseContract : public testing::TestWithParam<EngineKind> {
     [[nodiscard]] QString textOf(int key);
     [[nodiscard]] int count(const char* condition = "1 = 1");
 
-    QTemporaryDir folder_;
+    QTemporaryDir folder_{TestFolderTemplate()};
     db::Connection connection_;
     std::vector<db::Write> writes_;
 };

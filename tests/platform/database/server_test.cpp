@@ -4,7 +4,7 @@
 
 #include "contract.h"
 #include "platform/database/connectiontext.h"
-#include "refusingserver.h"
+#include "serverdouble.h"
 
 namespace {
 
@@ -25,22 +25,23 @@ db::DatabaseError failureAt(const QString& host, const QString& password = passw
     return error;
 }
 
-QString hostOf(const RefusingServer& server) {
+QString hostOf(const ServerDouble& server) {
     return QStringLiteral("127.0.0.1,%1").arg(server.port());
 }
 
 }  // namespace
 
 TEST(Server, ARefusedLoginTellsTheServersNumberAndSentence) {
-    const RefusingServer server({{18456, "Login failed for user 'SVMaster'."}});
+    const auto server = ServerDouble::refusing({{18456, "Login failed for user 'SVMaster'."}});
     const auto error = failureAt(hostOf(server));
     EXPECT_EQ(error.number, 18456);
     EXPECT_EQ(error.description, "Login failed for user 'SVMaster'.");
 }
 
 TEST(Server, AMissingDatabaseIsToldApartFromARefusedLogin) {
-    const RefusingServer server({{4060, "Cannot open database \"Solvane\" requested by the login. The login failed."},
-                                 {18456, "Login failed for user 'SVMaster'."}});
+    const auto server =
+        ServerDouble::refusing({{4060, "Cannot open database \"Solvane\" requested by the login. The login failed."},
+                                {18456, "Login failed for user 'SVMaster'."}});
     const auto error = failureAt(hostOf(server));
     EXPECT_EQ(error.number, 4060);
     EXPECT_TRUE(error.description.startsWith("Cannot open database \"Solvane\" requested by the login."))
@@ -49,7 +50,7 @@ TEST(Server, AMissingDatabaseIsToldApartFromARefusedLogin) {
 
 TEST(Server, UserPasswordAndDatabaseReachTheServerAsTheyStand) {
     for (const char* password : {"plain", "a;UID=sa;PWD=x", "br{ace}s}", "}", "quo'te\"s", "with blank ", "Zoë%1"}) {
-        const RefusingServer server({{18456, "Login failed."}});
+        const auto server = ServerDouble::refusing({{18456, "Login failed."}});
         static_cast<void>(failureAt(hostOf(server), QString::fromUtf8(password)));
         EXPECT_EQ(server.user(), "SVMaster");
         EXPECT_EQ(server.database(), "Solvane");
@@ -58,7 +59,7 @@ TEST(Server, UserPasswordAndDatabaseReachTheServerAsTheyStand) {
 }
 
 TEST(Server, ThePasswordIsInNoErrorText) {
-    const RefusingServer server({{18456, "Login failed for user 'SVMaster'."}});
+    const auto server = ServerDouble::refusing({{18456, "Login failed for user 'SVMaster'."}});
     for (const QString& host :
          {hostOf(server), QStringLiteral("127.0.0.1,1"), QStringLiteral("no.such.host.invalid")}) {
         const auto error = failureAt(host);
@@ -79,7 +80,7 @@ TEST(Server, AServerThatIsAwayIsReportedAtOnce) {
 }
 
 TEST(Server, AServerThatNeverAnswersIsGivenUpInAFewSeconds) {
-    const RefusingServer server({});
+    const auto server = ServerDouble::silent();
     QElapsedTimer timer;
     timer.start();
     const auto error = failureAt(hostOf(server));
@@ -99,4 +100,25 @@ TEST(Server, ADriverThatIsNotInstalledIsReported) {
 
 TEST(Server, TheDriversOfThisMachineAreFound) {
     EXPECT_TRUE(db::InstalledOdbcDrivers().contains("SQLite3"));
+}
+
+TEST(Server, LettersOfEveryScriptComeFromTheServer) {
+    // Longer than what the driver hands over at once, and with pairs that a cut could part.
+    const QString text = "a" + QString::fromUtf8("é🙂東").repeated(900);
+    const auto server = ServerDouble::answering(text);
+    db::Connection connection;
+    connection.Open(textFor(hostOf(server)));
+    const db::Recordset rows("Select cell from t", connection);
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_TRUE(rows["cell"].text() == text);
+}
+
+TEST(Server, LettersOfEveryScriptGoToTheServer) {
+    const auto server = ServerDouble::answering("");
+    db::Connection connection;
+    connection.Open(textFor(hostOf(server)));
+    EXPECT_EQ(connection.Execute(db::Sql("Update t Set a = '{}'", "Łukasz O'東")), 1);
+    EXPECT_TRUE(server.received(QString::fromUtf8("a = N'Łukasz O''東'")));
+    EXPECT_EQ(connection.Execute("Update t Set a = ?", {QString::fromUtf8("Ωμέγα 🙂")}), 1);
+    EXPECT_TRUE(server.received(QString::fromUtf8("Ωμέγα 🙂")));
 }

@@ -4,9 +4,9 @@
 
 #include "platform/database/error.h"
 
-using db::MarkNationalText;
 using db::RequireOneStatement;
 using db::ShapeOfSelect;
+using db::WithServerTexts;
 using db::WrittenTable;
 
 namespace {
@@ -106,7 +106,13 @@ TEST(Statement, RowsThatAreGroupedAreNoRowsOfATable) {
 }
 
 TEST(Statement, TextBeyondAsciiIsMarkedAsNational) {
-    EXPECT_EQ(MarkNationalText("Where a = 'plain' And b = 'Müller' And c = N'Ł' And d = 'x'"),
+    EXPECT_EQ(WithServerTexts("Where a = 'plain' And b = 'Müller' And c = N'Ł' And d = 'x'"),
               "Where a = 'plain' And b = N'Müller' And c = N'Ł' And d = 'x'");
-    EXPECT_EQ(MarkNationalText("Where a = 'plain'"), "Where a = 'plain'");
+    EXPECT_EQ(WithServerTexts("Where a = 'plain'"), "Where a = 'plain'");
+}
+
+TEST(Statement, ABackslashAtTheEndOfALineIsKept) {
+    EXPECT_EQ(WithServerTexts("Set n = 'C:\\\nD:\\'"), "Set n = N'C:\\' + N'\nD:\\'");
+    EXPECT_EQ(WithServerTexts("Set n = N'C:\\\r\nD'"), "Set n = N'C:\\' + N'\r\nD'");
+    EXPECT_EQ(WithServerTexts("Set n = 'C:\\x'"), "Set n = N'C:\\x'");
 }

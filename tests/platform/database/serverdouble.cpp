@@ -1,4 +1,4 @@
-#include "refusingserver.h"
+#include "serverdouble.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -12,6 +12,7 @@ namespace {
 constexpr int headerSize = 8;
 constexpr char preloginRequest = 0x12;
 constexpr char loginRequest = 0x10;
+constexpr char procedureRequest = 0x03;
 
 template <typename T>
 QByteArray little(T number) {
@@ -39,15 +40,45 @@ QByteArray preloginReply() {
     return reply(QByteArray("\x00\x00\x0b\x00\x06\x01\x00\x11\x00\x01\xff\x0f\x00\x00\x00\x00\x00\x02", 18));
 }
 
-QByteArray refusal(const std::vector<RefusingServer::Message>& messages) {
+QByteArray byteText(const QString& text) {
+    return QByteArray(1, static_cast<char>(text.size())) + utf16(text);
+}
+
+QByteArray done(char mark, quint16 status, quint64 rows) {
+    return QByteArray(1, mark) + little(status) + little(quint16{0xC1}) + little(rows);
+}
+
+/// What ends a reply that tells a number of rows; a procedure's ends once more.
+QByteArray counted(bool ofProcedure, quint64 rows) {
+    constexpr quint16 hasCount = 0x10;
+    if (!ofProcedure)
+        return done('\xfd', hasCount, rows);
+    return done('\xff', hasCount | 1, rows) + QByteArray("\x79\x00\x00\x00\x00", 5) + done('\xfe', 0, 0);
+}
+
+QByteArray welcome() {
+    const QByteArray body =
+        QByteArray("\x01\x74\x00\x00\x04", 5) + byteText("Microsoft SQL Server") + QByteArray("\x0f\x00\x07\xd0", 4);
+    return reply('\xad' + little(static_cast<quint16>(body.size())) + body + done('\xfd', 0, 0));
+}
+
+/// One row with one column, an nvarchar(4000).
+QByteArray oneRow(const QString& text, bool ofProcedure) {
+    const QByteArray letters = utf16(text);
+    QByteArray body("\x81\x01\x00\x00\x00\x00\x00\x09\x00\xe7\x40\x1f\x09\x04\xd0\x00\x34", 17);
+    body += byteText("cell") + '\xd1' + little(static_cast<quint16>(letters.size())) + letters;
+    return reply(body + counted(ofProcedure, 1));
+}
+
+QByteArray refusal(const std::vector<ServerDouble::Message>& messages) {
     QByteArray body;
-    for (const RefusingServer::Message& message : messages) {
+    for (const ServerDouble::Message& message : messages) {
         QByteArray error = little(static_cast<quint32>(message.number)) + QByteArray("\x01\x0e", 2);
         error += little(static_cast<quint16>(message.text.size())) + utf16(message.text);
         error += QByteArray(2, '\0') + little(quint32{1});
         body += '\xaa' + little(static_cast<quint16>(error.size())) + error;
     }
-    body += QByteArray("\xfd\x02\x00\x00\x00", 5) + QByteArray(8, '\0');
+    body += done('\xfd', 2, 0);
     return reply(body);
 }
 
@@ -79,7 +110,8 @@ QString fromUtf16(const QByteArray& bytes) {
 
 }  // namespace
 
-RefusingServer::RefusingServer(std::vector<Message> messages) : messages_(std::move(messages)) {
+ServerDouble::ServerDouble(std::vector<Message> messages, const QString& answer)
+    : messages_(std::move(messages)), answer_(answer) {
     listener_ = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -87,52 +119,65 @@ RefusingServer::RefusingServer(std::vector<Message> messages) : messages_(std::m
     socklen_t size = sizeof(address);
     auto* plain = reinterpret_cast<sockaddr*>(&address);
     if (bind(listener_, plain, size) != 0 || listen(listener_, 4) != 0 || getsockname(listener_, plain, &size) != 0)
-        qFatal("No port for the refusing server.");
+        qFatal("No port for the server double.");
     port_ = ntohs(address.sin_port);
     thread_ = std::thread([this] { serve(); });
 }
 
-RefusingServer::~RefusingServer() {
+ServerDouble::~ServerDouble() {
     ending_ = true;
     shutdown(listener_, SHUT_RDWR);
     thread_.join();
     close(listener_);
 }
 
-void RefusingServer::serve() {
+void ServerDouble::serve() {
     std::vector<int> silent;
     while (!ending_) {
         const int caller = accept(listener_, nullptr, nullptr);
         if (caller < 0)
             break;
-        if (messages_.empty()) {
+        if (messages_.empty() && answer_.isNull()) {
             silent.push_back(caller);
             continue;
         }
-        answer(caller);
+        converse(caller);
         close(caller);
     }
     for (const int caller : silent)
         close(caller);
 }
 
-void RefusingServer::answer(int caller) {
+void ServerDouble::converse(int caller) {
     for (;;) {
         const QByteArray header = receive(caller, headerSize);
         if (header.isEmpty())
             return;
         const auto length = qFromBigEndian<quint16>(header.constData() + 2);
-        const QByteArray body = receive(caller, length - headerSize);
-        if (header[0] == loginRequest)
-            readLogin(body);
-        const QByteArray packet = header[0] == preloginRequest ? preloginReply() : refusal(messages_);
+        const QByteArray packet = replyTo(header[0], receive(caller, length - headerSize));
         send(caller, packet.constData(), static_cast<std::size_t>(packet.size()), MSG_NOSIGNAL);
-        if (header[0] == loginRequest)
-            return;
     }
 }
 
-void RefusingServer::readLogin(const QByteArray& login) {
+QByteArray ServerDouble::replyTo(char type, const QByteArray& body) {
+    const std::lock_guard lock(mutex_);
+    if (type == preloginRequest)
+        return preloginReply();
+    if (type == loginRequest) {
+        readLogin(body);
+        return messages_.empty() ? welcome() : refusal(messages_);
+    }
+    received_ += body;
+    const bool ofProcedure = type == procedureRequest;
+    return body.contains(utf16("Select")) ? oneRow(answer_, ofProcedure) : reply(counted(ofProcedure, 1));
+}
+
+bool ServerDouble::received(const QString& text) const {
+    const std::lock_guard lock(mutex_);
+    return received_.contains(utf16(text));
+}
+
+void ServerDouble::readLogin(const QByteArray& login) {
     constexpr int userField = 40;
     constexpr int passwordField = 44;
     constexpr int databaseField = 68;

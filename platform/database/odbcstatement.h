@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/database/odbchandle.h"
+#include "platform/database/resulttable.h"
+
+namespace db {
+
+/// By the type's number in the ODBC interface.
+ColumnType OdbcColumnType(SQLSMALLINT type);
+
+/// One run of one statement on an ODBC connection.
+class OdbcStatement {
+  public:
+    explicit OdbcStatement(SQLHANDLE connection) : handle_(connection) {}
+
+    [[nodiscard]] SQLHANDLE handle() const { return handle_.get(); }
+
+    /// Date-times go to a SQL Server as text: it would take a bound one for a finer type, which equals none of the
+    /// stored ones.
+    void bind(const std::vector<Value>& values, bool dateTimesAsText);
+    void run(const QString& statement);
+    [[nodiscard]] qint64 rowCount() const;
+    /// The rows of the first result that has columns, read whole.
+    ResultTable rows();
+    /// Takes what is left of the results, where a failure may still hide.
+    void finish();
+
+  private:
+    struct Bound {
+        QString text;
+        qint64 integer = 0;
+        double real = 0;
+        SQL_TIMESTAMP_STRUCT moment{};
+        SQLLEN indicator = 0;
+    };
+    void bindOne(SQLUSMALLINT place, Bound& bound, const Value& value, bool dateTimesAsText);
+    void bindText(SQLUSMALLINT place, Bound& bound);
+    void check(SQLRETURN result) const;
+    [[nodiscard]] std::vector<Column> columns(std::vector<SQLSMALLINT>& types) const;
+    void readCell(ResultTable& table, SQLUSMALLINT column, SQLSMALLINT type) const;
+    void readBytes(ResultTable& table, SQLUSMALLINT column, SQLSMALLINT cType) const;
+
+    OdbcHandle<SQL_HANDLE_STMT> handle_;
+    QString statement_;
+    std::vector<Bound> bound_;
+};
+
+}  // namespace db
