@@ -87,6 +87,7 @@ void mdisched::openView(int currentView) {
     ShowTitle(currentView == RoomView ? QStringLiteral("Room Scheduler") : QString());
     view_ = factory->second(*this).release();
     viewPlace_->addWidget(view_, 1);
+    putStatusLinkLast();
     fillMenus();
     showCommandsOfView();
     view_->show();
@@ -104,6 +105,14 @@ bool mdisched::unloadView() {
     view_->deleteLater();
     view_ = nullptr;
     return true;
+}
+
+// A new view's fields stand last in the order of Tab, and the status bar below them.
+void mdisched::putStatusLinkLast() {
+    QWidget* last = view_;
+    for (QWidget* next = view_->nextInFocusChain(); view_->isAncestorOf(next); next = next->nextInFocusChain())
+        last = next;
+    setTabOrder(last, pnlsched_);
 }
 
 void mdisched::fillMenus() {

@@ -94,6 +94,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     // One view after the other.
     void openView(int currentView);
     [[nodiscard]] bool unloadView();
+    void putStatusLinkLast();
     void fillMenus();
     void yieldKeys(const QList<QAction*>& menuActions);
     void showCommandsOfView();

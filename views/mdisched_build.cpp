@@ -35,9 +35,10 @@ mdisched::mdisched(ViewFactories factories) : factories_(std::move(factories)) {
     setWindowTitle(QStringLiteral("Solvane Scheduler"));
     setWindowIcon(Icon("scheduler"));
     resize(1240, 780);
-    buildCentre();
+    // In the order of the eye, which is the order of Tab.
     buildActions();
     buildToolBar();
+    buildCentre();
     buildStatusBar();
 }
 

@@ -1,5 +1,6 @@
 #include "views/mdisched.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -484,6 +485,24 @@ TEST_F(MainWindowTest, F6GoesRoundThePanes) {
     EXPECT_TRUE(window->View()->hasFocus());
     QTest::keyClick(window.get(), Qt::Key_F6, Qt::ShiftModifier);
     EXPECT_TRUE(calendar().hasFocus());
+}
+
+TEST_F(MainWindowTest, TabGoesWhereTheEyeGoes) {
+    start();
+    window->changeview(1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const std::vector<QWidget*> order{&button("cmdtoday"), &button("cmdday"),
+                                      &calendar(),         pane().Item(QStringLiteral("DAY")),
+                                      window->View(),      &button("pnlsched")};
+    std::vector<QWidget*> found;
+    QWidget* const first = order.front();
+    QWidget* next = first;
+    do {
+        if (std::find(order.begin(), order.end(), next) != order.end())
+            found.push_back(next);
+        next = next->nextInFocusChain();
+    } while (next != first);
+    EXPECT_EQ(found, order);
 }
 
 TEST_F(MainWindowTest, AMissingHelpFileIsTold) {
