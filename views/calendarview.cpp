@@ -22,16 +22,17 @@ void CalendarView::bindCommands() {
     menus_.Bind(QStringLiteral("mnuVHidePats"), [this] { main_.ToggleHidePatientNames(); });
     menus_.Bind(QStringLiteral("mnuVHideTP"), [this] {
         main_.ToggleTaskPane();
-        nameTaskPaneCommand();
+        FollowMainWindow();
     });
     // The word for a patient follows the practice.
     menus_.Command(QStringLiteral("mnuANPat")).setText(QStringLiteral("&%1...").arg(Session().WordUsage));
     menus_.Command(QStringLiteral("mnuVDay")).setCheckable(true);
     menus_.Command(QStringLiteral("mnuVHidePats")).setCheckable(true);
-    nameTaskPaneCommand();
+    CalendarView::FollowMainWindow();
 }
 
-void CalendarView::nameTaskPaneCommand() {
+void CalendarView::FollowMainWindow() {
+    menus_.Command(QStringLiteral("mnuVHidePats")).setChecked(Session().HidePatientNames);
     menus_.Command(QStringLiteral("mnuVHideTP"))
         .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("&Show Task Pane"));
 }

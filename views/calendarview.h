@@ -15,6 +15,7 @@ class CalendarView : public ViewWindow {
 
     void FillMenus(QMenuBar& menus) override;
     void ApplyPreferences() override;
+    void FollowMainWindow() override;
 
     /// Greys and hides the commands that the user's rights forbid.
     void setmenuaccess();
@@ -31,7 +32,6 @@ class CalendarView : public ViewWindow {
 
   private:
     void bindCommands();
-    void nameTaskPaneCommand();
 
     MainWindow& main_;
     ViewMenus menus_;

@@ -215,7 +215,10 @@ void mdisched::reloadView() {
 void mdisched::ToggleTaskPane() {
     taskPane_->setVisible(!TaskPaneShown());
     WriteUserSetting(QString::fromLatin1(TaskPaneSetting), TaskPaneShown() ? QStringLiteral("1") : QStringLiteral("0"));
-    if (!TaskPaneShown() && view_ != nullptr)
+    if (view_ == nullptr)
+        return;
+    view_->FollowMainWindow();
+    if (!TaskPaneShown())
         view_->setFocus();
 }
 
@@ -227,6 +230,8 @@ void mdisched::ToggleHidePatientNames() {
     Session().HidePatientNames = !Session().HidePatientNames;
     hideNames_->setChecked(Session().HidePatientNames);
     hideNames_->setIcon(Icon(Session().HidePatientNames ? "eyeoff" : "eye"));
+    if (view_ != nullptr)
+        view_->FollowMainWindow();
     if (Session().CurrentView == DayView || Session().CurrentView == CompanionView)
         reloadView();
 }

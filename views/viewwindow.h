@@ -20,6 +20,8 @@ class ViewWindow : public QWidget {
     [[nodiscard]] virtual QDate Stepped(QDate from, int direction) const = 0;
     /// After the preferences changed: interval, hours and the 24-hour flag, then a reload.
     virtual void ApplyPreferences() = 0;
+    /// The task pane or the patients' names were hidden or shown: captions and ticks of the menus follow.
+    virtual void FollowMainWindow() {}
     /// The toolbar's commands; a view that lacks one leaves it.
     virtual void AddAppointment() {}
     virtual void PrintSchedule() {}

@@ -322,12 +322,12 @@ TEST_F(MainWindowTest, HidingNamesReloadsTheDayAndTheCompanionOnly) {
     button("btnHidePats").click();
     EXPECT_TRUE(Session().HidePatientNames);
     EXPECT_TRUE(button("btnHidePats").isChecked());
-    EXPECT_EQ(events(), QStringList{QStringLiteral("reload 1")});
+    EXPECT_EQ(events(), (QStringList{QStringLiteral("follow 1"), QStringLiteral("reload 1")}));
     window->changeview(1);
     events();
     button("btnHidePats").click();
     EXPECT_FALSE(Session().HidePatientNames);
-    EXPECT_EQ(events(), QStringList());
+    EXPECT_EQ(events(), QStringList{QStringLiteral("follow 2")});
 }
 
 TEST_F(MainWindowTest, TheSchedulePanelIsALinkForThoseWhoMaySeeAllSchedules) {
@@ -394,6 +394,13 @@ TEST_F(MainWindowTest, TheTaskPaneStaysHiddenUntilItIsWantedAgain) {
     window.reset();
     start();
     EXPECT_TRUE(window->TaskPaneShown());
+}
+
+TEST_F(MainWindowTest, TheViewsMenusHearOfThePaneWhicheverWayItWasHidden) {
+    start();
+    events();
+    the<QToolButton>("cmdClosePane").click();
+    EXPECT_EQ(events(), QStringList{QStringLiteral("follow 1")});
 }
 
 TEST_F(MainWindowTest, AnEarlierRunsTaskPaneWidthComesBack) {

@@ -39,6 +39,7 @@ class PlaceholderView : public ViewWindow {
         return from.addDays(direction * days[number_ - 1]);
     }
     void ApplyPreferences() override { note("preferences"); }
+    void FollowMainWindow() override { note("follow"); }
     void AddAppointment() override { note("add"); }
     void PrintSchedule() override { note("print"); }
     [[nodiscard]] bool CanAdd() const override { return log_.canAdd; }
