@@ -46,12 +46,10 @@ void findFolders(const StartUpOptions& options) {
     session.AppPath = session.IniPath = session.DocPath = session.SharedPath2 = session.SignaturePath = own;
 }
 
-bool fileIsThere(const QString& path) {
+bool fileIsThere(const QString& path, const QString& message) {
     if (QFileInfo::exists(path))
         return true;
-    MsgBox(
-        QStringLiteral("Unable to find configuration file %1. Program will terminate.").arg(QFileInfo(path).fileName()),
-        ErrorBox, QStringLiteral("File Not Found"));
+    MsgBox(message, ErrorBox, QStringLiteral("File Not Found"));
     return false;
 }
 
@@ -66,7 +64,10 @@ void AddNewIniEntries() {
 
 bool findFiles() {
     SessionValues& session = Session();
-    if (!fileIsThere(session.SolvaneIni) || !fileIsThere(session.SchedulerIni))
+    if (!fileIsThere(session.SolvaneIni,
+                     QStringLiteral("Unable to find configuration file solvane.ini. Program will terminate.")) ||
+        !fileIsThere(session.SchedulerIni,
+                     QStringLiteral("Unable to find configuration file svwsched.ini. Program will terminate.")))
         return false;
     if (ReadIniValue(session.SchedulerIni, QStringLiteral("PrintLayout"), QStringLiteral("TitleFontBold")).isEmpty())
         AddNewIniEntries();
