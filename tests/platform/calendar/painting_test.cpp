@@ -235,7 +235,7 @@ TEST(CalendarPainting, ScrollingShowsTheSameAsPaintingAnew) {
 
 TEST(CalendarPainting, TheKeyboardFocusIsSeenAlsoWhileNothingIsSelected) {
     CalendarUnderHand hand;
-    const QColor accent = hand.calendar.palette().color(QPalette::Highlight);
+    const QColor accent = hand.calendar.palette().color(QPalette::Link);
     const QRect line(60, hand.calendar.CellRect(1, 480).top() - 2, 400, 2);
     EXPECT_GT(PixelsOf(hand.calendar.grab().toImage(), line, accent), 400);
     hand.calendar.clearFocus();
