@@ -169,11 +169,11 @@ SqlType ReadType(TokenReader& in, int lengthLeftOut) {
     const std::string name = in.expectName();
     std::optional<int> numbers[2];
     if (in.acceptOperator("(")) {
-        for (int i = 0; i < 2; ++i) {
+        for (std::optional<int>& number : numbers) {
             if (in.acceptWord("max"))
-                numbers[i] = 0;
+                number = 0;
             else if (in.peek().kind == TokenKind::Number)
-                numbers[i] = std::atoi(in.next().text.c_str());
+                number = std::atoi(in.next().text.c_str());
             else
                 in.fail();
             if (!in.acceptOperator(","))
