@@ -29,93 +29,112 @@ int apptStatus(int color, Random& random) {
 }
 
 QDateTime at(QDate date, int minutes) {
-    return QDateTime(date, QTime(0, 0)).addSecs(minutes * 60);
+    return QDateTime(date, QTime(0, 0)).addSecs(qint64{60} * minutes);
 }
 
-void writeTransactions(const Practice& practice, const Companion& keys, const std::vector<Booking>& bookings,
-                       db::Connection& companion) {
-    Random random(practice.options.seed, "transactions");
-    const QDate today = practice.options.today;
-    TableWriter rows(companion, "ClientTransactions",
-                     {"ClntId",
-                      "TranId",
-                      "ProvId",
-                      "ProvIdAdditional",
-                      "CtrnDate",
-                      "CtrnTime",
-                      "CtrnDuration",
-                      "CtrnStatus",
-                      "CtrnNotes",
-                      "RecurTranId",
-                      "CtrnCallStatus",
-                      "appt_status",
-                      "SVSessionID",
-                      "CTRNDiagnosisPointer",
-                      "CTRNDiagnosisPointerS",
-                      "ClaimSubmStatus",
-                      "isICDBlock12",
-                      "DateCreated",
-                      "UserIDCreated",
-                      "LastModifiedDate",
-                      "UserIdLastModified"});
-    for (const Booking& booking : bookings) {
-        if (booking.kind != BookingKind::Patient || booking.date < today.addDays(-366))
-            continue;
-        const int client = keys.clients[static_cast<std::size_t>(booking.patient)];
-        const int provider = keys.providers[static_cast<std::size_t>(booking.provider)];
+class TransactionRows {
+  public:
+    TransactionRows(const Practice& practice, const Companion& keys, db::Connection& companion)
+        : keys_(keys),
+          today_(practice.options.today),
+          random_(practice.options.seed, "transactions"),
+          rows_(companion, "ClientTransactions",
+                {"ClntId",
+                 "TranId",
+                 "ProvId",
+                 "ProvIdAdditional",
+                 "CtrnDate",
+                 "CtrnTime",
+                 "CtrnDuration",
+                 "CtrnStatus",
+                 "CtrnNotes",
+                 "RecurTranId",
+                 "CtrnCallStatus",
+                 "appt_status",
+                 "SVSessionID",
+                 "CTRNDiagnosisPointer",
+                 "CTRNDiagnosisPointerS",
+                 "ClaimSubmStatus",
+                 "isICDBlock12",
+                 "DateCreated",
+                 "UserIDCreated",
+                 "LastModifiedDate",
+                 "UserIdLastModified"}) {}
+
+    /// Nothing for what is not paired and for what is over a year ago.
+    void add(const Booking& booking) {
+        if (booking.kind != BookingKind::Patient || booking.date < today_.addDays(-366))
+            return;
+        const int client = keys_.clients[static_cast<std::size_t>(booking.patient)];
+        const int provider = keys_.providers[static_cast<std::size_t>(booking.provider)];
         if (client == 0 || provider == 0)
-            continue;
-        const bool charged = booking.color == ncolor::Kept && (booking.date < today.addDays(-3) || random.chance(60));
-        const int second = random.chance(3) ? random.pick(keys.providers) : 0;
-        const bool repeats = booking.series >= 0 && booking.series % 3 == 0;
-        const QDate made = qMin(today, booking.date).addDays(-random.between(0, 20));
-        const int service = keys.services[static_cast<std::size_t>(booking.service)];
-        rows.add({client,
-                  service,
-                  provider,
-                  second > 0 ? db::Value(second) : db::Value(),
-                  booking.date,
-                  at(booking.date, booking.start),
-                  booking.end - booking.start,
-                  charged ? "C" : "S",
-                  booking.note,
-                  repeats ? booking.series + 1 : 0,
-                  booking.callStatus,
-                  apptStatus(booking.color, random),
-                  booking.session > 0 && booking.color == ncolor::Kept ? db::Value(booking.session) : db::Value(),
-                  1,
-                  "A",
-                  0,
-                  1,
-                  made,
-                  provider,
-                  made,
-                  provider});
-        // A payment is a row without a time and a length.
-        if (charged && random.chance(15))
-            rows.add({client,
-                      keys.payment,
-                      provider,
-                      nullptr,
-                      booking.date,
-                      at(booking.date, 0),
-                      0,
-                      "C",
-                      "Copay, check",
-                      0,
-                      "",
-                      0,
-                      nullptr,
-                      1,
-                      "A",
-                      0,
-                      1,
-                      booking.date,
-                      provider,
-                      booking.date,
-                      provider});
+            return;
+        const bool kept = booking.color == ncolor::Kept;
+        const bool charged = kept && (booking.date < today_.addDays(-3) || random_.chance(60));
+        addAppointment(booking, client, provider, charged);
+        if (charged && random_.chance(15))
+            addPayment(booking, client, provider);
     }
-}
+
+  private:
+    void addAppointment(const Booking& booking, int client, int provider, bool charged) {
+        const int second = random_.chance(3) ? random_.pick(keys_.providers) : 0;
+        const bool repeats = booking.series >= 0 && booking.series % 3 == 0;
+        const bool linked = booking.session > 0 && booking.color == ncolor::Kept;
+        const QDate made = qMin(today_, booking.date).addDays(-random_.between(0, 20));
+        rows_.add({client,
+                   keys_.services[static_cast<std::size_t>(booking.service)],
+                   provider,
+                   second > 0 ? db::Value(second) : db::Value(),
+                   booking.date,
+                   at(booking.date, booking.start),
+                   booking.end - booking.start,
+                   charged ? "C" : "S",
+                   booking.note,
+                   repeats ? booking.series + 1 : 0,
+                   booking.callStatus,
+                   apptStatus(booking.color, random_),
+                   linked ? db::Value(booking.session) : db::Value(),
+                   1,
+                   "A",
+                   0,
+                   1,
+                   made,
+                   provider,
+                   made,
+                   provider});
+    }
+
+    // A payment is a row without a time and a length.
+    void addPayment(const Booking& booking, int client, int provider) {
+        rows_.add({client,
+                   keys_.payment,
+                   provider,
+                   nullptr,
+                   booking.date,
+                   at(booking.date, 0),
+                   0,
+                   "C",
+                   "Copay, check",
+                   0,
+                   "",
+                   0,
+                   nullptr,
+                   1,
+                   "A",
+                   0,
+                   1,
+                   booking.date,
+                   provider,
+                   booking.date,
+                   provider});
+    }
+
+    const Companion& keys_;
+    QDate today_;
+    Random random_;
+    TableWriter rows_;
+};
 
 class EventRows {
   public:
@@ -211,7 +230,9 @@ void writeSeries(const Practice& practice, const Companion& keys, db::Connection
 
 void WriteCompanionSchedule(const Practice& practice, const Companion& keys, const std::vector<Booking>& bookings,
                             db::Connection& companion) {
-    writeTransactions(practice, keys, bookings, companion);
+    TransactionRows transactions(practice, keys, companion);
+    for (const Booking& booking : bookings)
+        transactions.add(booking);
     EventRows events(keys, practice.options.today, companion);
     writeSingleEvents(practice.options.today, events);
     writeSeries(practice, keys, companion, events);

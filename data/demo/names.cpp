@@ -83,7 +83,7 @@ QString lastName(Random& random) {
     const int kind = random.between(1, 1000);
     if (kind <= 4)
         return from(LongLastNames, random);
-    const QString name = from(LastNames, random);
+    QString name = from(LastNames, random);
     if (kind > 70 || name.contains(QLatin1Char('-')))
         return name;
     const QString second = from(LastNames, random);

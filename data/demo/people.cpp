@@ -3,6 +3,7 @@
 #include "data/demo/tablewriter.h"
 #include "data/scramble.h"
 
+#include <algorithm>
 #include <set>
 
 namespace demo {
@@ -46,8 +47,7 @@ void giveHours(Provider& provider, std::size_t index) {
         {{}, {0, 0}, {420, 960}, {420, 960}, {420, 960}, {420, 960}, {0, 0}, {0, 0}},
     };
     const auto& week = Weeks[index % std::size(Weeks)];
-    for (std::size_t day = 1; day <= 7; ++day)
-        provider.hours[day] = week[day];
+    std::copy(std::begin(week), std::end(week), provider.hours.begin());
     // REED is who a first look shows and works every weekday.
     if (provider.id == QLatin1String("REED"))
         provider.hours = {Hours{}, {0, 0}, {480, 1080}, {480, 1080}, {480, 1080}, {480, 1080}, {480, 1080}, {0, 0}};
@@ -80,8 +80,7 @@ void MakeProviders(Practice& practice) {
     for (const KnownProvider& known : KnownProviders)
         surnames.insert(QString::fromUtf8(known.last));
     for (int copy = 0; copy < practice.size; ++copy) {
-        for (std::size_t i = 0; i < std::size(KnownProviders); ++i) {
-            const KnownProvider& known = KnownProviders[i];
+        for (const KnownProvider& known : KnownProviders) {
             Provider provider{QString::fromUtf8(known.id), QString::fromUtf8(known.first),
                               QString::fromUtf8(known.last), QString::fromUtf8(known.discipline), known.work};
             if (copy > 0) {

@@ -293,8 +293,8 @@ void MakeSpan(Practice& practice) {
     practice.size = options.appointments / MostOfOneSize + 1;
     const int weeks = std::max(3, options.appointments / (14 * practice.size * AppointmentsOfAWeek));
     const int ahead = std::min(WeeksAhead, std::max(1, weeks * WeeksAhead / UsualWeeks));
-    practice.firstDay = options.today.addDays(-7 * (weeks - ahead));
-    practice.lastDay = options.today.addDays(7 * ahead);
+    practice.firstDay = options.today.addDays(qint64{-7} * (weeks - ahead));
+    practice.lastDay = options.today.addDays(qint64{7} * ahead);
 }
 
 std::vector<Booking> MakeSchedule(const Practice& practice) {
