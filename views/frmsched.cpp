@@ -42,10 +42,6 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, paren
     setmenuaccess();
 }
 
-frmsched::~frmsched() {
-    storePanes();
-}
-
 void frmsched::bindDayCommands() {
     menus().Allow(QStringLiteral("mnuFExport"), false);
     menus().Allow(QStringLiteral("mnuFsep4"), false);

@@ -16,7 +16,6 @@ class frmsched : public CalendarView {
 
   public:
     explicit frmsched(MainWindow& main, QWidget* parent = nullptr);
-    ~frmsched() override;
 
     /// Reads the main window's date for the session's provider. A reload of the day that is shown keeps the place and
     /// the selected item; another day or provider starts at its first minute. Reads go on after a failure: a short day
@@ -45,8 +44,7 @@ class frmsched : public CalendarView {
     QWidget* makeInfoPane();
     QWidget* makeNotePane();
     QWidget* makeTaskPane();
-    void restorePanes();
-    void storePanes() const;
+    void rememberPanes();
 
     // frmsched.cpp
     void bindDayCommands();

@@ -57,23 +57,26 @@ void frmsched::layOut() {
     SSSplitter1->addWidget(sidePanes_);
     SSSplitter1->setStretchFactor(0, 1);
     SSSplitter1->setStretchFactor(1, 0);
+    // The day comes first where room is short; the panes scroll.
     const int character = fontMetrics().averageCharWidth();
-    SSSplitter1->setSizes({character * 100, character * 56});
+    sidePanes_->setMinimumWidth(character * 24);
+    SSSplitter1->setSizes({character * 100, character * 60});
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, Space(8), Space(8));
     layout->addWidget(SSSplitter1);
     ctMDay1->setAccessibleName(tr("Day"));
     setFocusProxy(ctMDay1);
-    restorePanes();
+    rememberPanes();
 }
 
 QWidget* frmsched::makeInfoPane() {
     ctListInfo = new ctList;
     ctListInfo->setObjectName(QStringLiteral("ctListInfo"));
     ctListInfo->setAccessibleName(tr("Appointment details"));
-    ctListInfo->SetColumns({{QString(), ListColumn::Kind::Text, 16}, {QString()}});
+    ctListInfo->SetColumns({{QString(), ListColumn::Kind::Text, 21}, {QString()}});
     ctListInfo->setHeaderHidden(true);
+    ctListInfo->setMinimumWidth(1);
     return makePane(tr("A&ppointment"), ctListInfo);
 }
 
@@ -94,17 +97,16 @@ QWidget* frmsched::makeTaskPane() {
                          {QStringLiteral("Task")},
                          {QStringLiteral("Priority"), ListColumn::Kind::Text, 9},
                          {QStringLiteral("Complete by"), ListColumn::Kind::Text, 12}});
+    ctList1->setMinimumWidth(1);
     // Ticking comes with the task dialog.
     ctList1->SetChecksEnabled(false);
     return makePane(tr("Tas&ks"), ctList1);
 }
 
-void frmsched::restorePanes() {
+// Only a place that the user chose is worth remembering.
+void frmsched::rememberPanes() {
     restoreSplitter(*SSSplitter1, mainPanesKey);
     restoreSplitter(*sidePanes_, sidePanesKey);
-}
-
-void frmsched::storePanes() const {
-    storeSplitter(*SSSplitter1, mainPanesKey);
-    storeSplitter(*sidePanes_, sidePanesKey);
+    connect(SSSplitter1, &QSplitter::splitterMoved, this, [this] { storeSplitter(*SSSplitter1, mainPanesKey); });
+    connect(sidePanes_, &QSplitter::splitterMoved, this, [this] { storeSplitter(*sidePanes_, sidePanesKey); });
 }

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -120,7 +121,11 @@ void mdisched::fillMenus() {
     auto* menus = new QMenuBar(this);
     setMenuBar(menus);
     view_->FillMenus(*menus);
-    yieldKeys(menus->findChildren<QAction*>());
+    // A view may own its commands itself, so they are looked for in the menus that show them.
+    QList<QAction*> shown;
+    for (const QMenu* menu : menus->findChildren<QMenu*>())
+        shown += menu->actions();
+    yieldKeys(shown);
 }
 
 // Two commands on one key would answer to neither.

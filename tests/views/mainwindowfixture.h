@@ -43,6 +43,9 @@ class MainWindowFixture : public testing::Test {
             factories[number] = [this, number](MainWindow& main) {
                 return std::make_unique<PlaceholderView>(number, main, log);
             };
+        return startWith(std::move(factories));
+    }
+    mdisched& startWith(ViewFactories factories) {
         window = std::make_unique<mdisched>(std::move(factories));
         window->RestorePosition();
         window->SetDateOrder(0);
