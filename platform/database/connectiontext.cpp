@@ -85,7 +85,7 @@ ConnectionFields ParseConnectionText(const QString& connectionText) {
 }
 
 QString EmbeddedFile(const ConnectionFields& fields) {
-    const QString source = fields.value(QStringLiteral("data source"));
+    QString source = fields.value(QStringLiteral("data source"));
     if (source == QLatin1String(":memory:"))
         return source;
     if (source != QLatin1String(".") && !source.contains(QLatin1Char('/')))
@@ -122,7 +122,8 @@ QString SqlServerText(const ConnectionFields& fields, const QStringList& drivers
 }
 
 QStringList InstalledOdbcDrivers() {
-    QByteArray names(16 * 1024, '\0');
+    constexpr qsizetype room = 16'384;
+    QByteArray names(room, '\0');
     WORD length = 0;
     if (!SQLGetInstalledDrivers(names.data(), static_cast<WORD>(names.size()), &length))
         return {};

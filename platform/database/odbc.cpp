@@ -132,11 +132,11 @@ void OdbcEngine::setAutocommit(SQLULEN on) {
 const TableInfo& OdbcEngine::describe(const QString& table) {
     const QString key = table.toLower();
     if (!tables_.contains(key)) {
-        TableInfo info = sqlServer_ ? describeOnServer(table) : describeByDriver(table);
+        const TableInfo info = sqlServer_ ? describeOnServer(table) : describeByDriver(table);
         if (info.columns.empty())
             throw DatabaseError(208, QStringLiteral("Invalid object name '%1'.").arg(table), {},
                                 QStringLiteral("42S02"));
-        tables_.insert(key, std::move(info));
+        tables_.insert(key, info);
     }
     return *tables_.constFind(key);
 }

@@ -27,8 +27,8 @@ Record tellingRecord(SQLSMALLINT type, SQLHANDLE handle) {
         if (!SQL_SUCCEEDED(SQLGetDiagRecW(type, handle, i, state.data(), &number, text.data(),
                                           static_cast<SQLSMALLINT>(text.size()), &length)))
             return first;
-        const Record record{number, QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data())),
-                            QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data()))};
+        Record record{number, QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data())),
+                      QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data()))};
         if (record.number != 0)
             return record;
         if (first.text.isEmpty())

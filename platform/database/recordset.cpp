@@ -17,9 +17,12 @@ bool isNamed(const Column& column, QAnyStringView name) {
 
 /// The same for the plain letters of a literal, without making anything.
 bool isNamed(const Column& column, const char* name) {
-    const auto lower = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
+    constexpr unsigned caseBit = 0x20;
     for (const QChar c : column.name) {
-        if (lower(c.unicode()) != lower(static_cast<unsigned char>(*name)) || *name == '\0')
+        const unsigned letter = c.unicode();
+        const unsigned difference = letter ^ static_cast<unsigned char>(*name);
+        const bool isLetter = (letter | caseBit) >= 'a' && (letter | caseBit) <= 'z';
+        if (difference != 0 && (difference != caseBit || !isLetter))
             return false;
         ++name;
     }
@@ -127,8 +130,9 @@ Field Recordset::operator[](const QString& name) const {
 }
 
 Field Recordset::operator[](const char* name) const {
-    const auto address = reinterpret_cast<std::uintptr_t>(name);
-    Hit& hit = hits_[(address ^ (address >> 6)) % hits_.size()];
+    constexpr std::uint64_t spread = 0x9E37'79B9'7F4A'7C15;  // Literals lie close together.
+    const std::uint64_t address = reinterpret_cast<std::uintptr_t>(name);
+    Hit& hit = hits_[((address * spread) >> 32) % hits_.size()];
     // Another text may have come to stand at the address: the name is compared all the same.
     if (hit.name != name || !isNamed(table_.columns()[static_cast<std::size_t>(hit.column)], name)) {
         const int column = columnIndex(QLatin1String(name));

@@ -121,7 +121,7 @@ class Recordset {
     int rowBeforeAdding_ = 0;
     std::vector<Change> changes_;
 
-    mutable std::array<Hit, 64> hits_{};
+    mutable std::array<Hit, 128> hits_{};
     mutable std::vector<Origin> origins_;  ///< Of each column; looked for once a name asks for a table.
 };
 

@@ -1,8 +1,5 @@
-#include <QElapsedTimer>
-
 #include "contract.h"
 
-using db::ColumnType;
 using db::Lock;
 using db::Recordset;
 using db::Sql;

@@ -20,7 +20,7 @@ QString textFor(const QString& host, const QString& password = passwordOfTests) 
 
 db::DatabaseError failureAt(const QString& host, const QString& password = passwordOfTests) {
     db::Connection connection;
-    const auto error = FailureOf([&] { connection.Open(textFor(host, password)); });
+    auto error = FailureOf([&] { connection.Open(textFor(host, password)); });
     EXPECT_FALSE(connection.IsOpen());
     return error;
 }

@@ -98,7 +98,7 @@ QByteArray receive(int socket, qsizetype count) {
 QByteArray loginField(const QByteArray& login, int at) {
     const auto place = qFromLittleEndian<quint16>(login.constData() + at);
     const auto length = qFromLittleEndian<quint16>(login.constData() + at + 2);
-    return login.mid(place, length * 2);
+    return login.mid(place, qsizetype{length} * 2);
 }
 
 QString fromUtf16(const QByteArray& bytes) {

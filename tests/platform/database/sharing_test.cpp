@@ -46,6 +46,7 @@ TEST_F(SharedFile, SeveralDesksWriteAtOnceAndNothingIsLost) {
     constexpr int desks = 4;
     constexpr int steps = 4'000;
     std::vector<std::unique_ptr<QProcess>> running;
+    running.reserve(desks);
     for (int i = 0; i < desks; ++i)
         running.push_back(startDesk(QStringLiteral("desk %1").arg(i), steps));
     for (const auto& desk : running) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QStringList>
+
 #include "platform/database/error.h"
 
 using db::RequireOneStatement;

@@ -1,5 +1,3 @@
-#include <QElapsedTimer>
-
 #include "contract.h"
 
 using db::Connection;
@@ -90,4 +88,27 @@ TEST_P(DatabaseContract, ARecordsetOutlivesItsConnectionForReading) {
     connection_.Close();
     EXPECT_EQ(rows["cappttext"].text(), "Ann");
     EXPECT_EQ(FailureOf([&] { rows.Set("cappttext", "Bob"); }).number, 3709);
+}
+
+TEST(Connection, ADatabaseThatIsNotThereIsReportedAndNotMade) {
+    const QTemporaryDir folder(TestFolderTemplate());
+    const QString text =
+        QStringLiteral("provider=sqloledb;DATA SOURCE=%1;initial catalog=nowhere;password=secret").arg(folder.path());
+    Connection connection;
+    const auto error = FailureOf([&] { connection.Open(text); });
+    EXPECT_EQ(error.number, 4060);
+    EXPECT_FALSE(error.description.contains("secret"));
+    EXPECT_FALSE(connection.IsOpen());
+    EXPECT_NE(FailureOf([&] { connection.Open(text); }).number, 0);
+    connection.Create(text);
+    EXPECT_TRUE(connection.IsOpen());
+}
+
+TEST(Connection, APrivateDatabaseIsGoneWithItsConnection) {
+    for (int round = 0; round < 2; ++round) {
+        Connection connection;
+        connection.Open("Data Source=:memory:");
+        connection.Execute("Create Table t (a int)");
+        connection.Execute("Insert Into t (a) Values (1)");
+    }
 }

@@ -2,7 +2,6 @@
 
 using db::Lock;
 using db::Recordset;
-using db::Sql;
 
 namespace {
 
