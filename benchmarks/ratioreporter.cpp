@@ -1,5 +1,6 @@
 #include "benchmarks/ratioreporter.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -35,12 +36,12 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
 }
 
 void RatioReporter::Finalize() {
-    std::printf("%-44s %-8s %12s %12s %8s %22s\n", "what", "size", "bare ms", "ours ms", "ratio", "beyond 2 x bare");
+    std::printf("%-40s %-6s %12s %12s %8s %22s\n", "what", "size", "bare ms", "ours ms", "ratio", "beyond 2 x bare");
     for (const std::string& key : order_) {
         const Pair& pair = pairs_[key];
         const std::size_t size = key.rfind('/');
         const double beyond = pair.ours - 2 * pair.bare;
-        std::printf("%-44s %-8s %12.3f %12.3f %8.2f %11.3f ms, %4.1f frames\n", cut(key, 0, size).c_str(),
+        std::printf("%-40s %-6s %12.3f %12.3f %8.2f %11.3f ms, %4.1f frames\n", cut(key, 0, size).c_str(),
                     cut(key, size + 1, std::string::npos).c_str(), pair.bare, pair.ours, pair.ours / pair.bare,
                     std::max(beyond, 0.0), std::max(beyond, 0.0) / frameMilliseconds);
     }
