@@ -98,12 +98,14 @@ QString EmbeddedFile(const ConnectionFields& fields) {
     return QDir(source).filePath(name);
 }
 
+// The language of the session is fixed: under a day-first one the server would misread 'yyyy/mm/dd'.
 QString SqlServerText(const ConnectionFields& fields, const QStringList& drivers) {
     const QString server = fields.value(QStringLiteral("data source"));
     const QString microsoft = microsoftDriver(drivers);
     if (!microsoft.isEmpty()) {
         // Every server can encrypt: one without a certificate makes its own.
-        return QStringLiteral("DRIVER={%1};SERVER=%2;Encrypt=yes;TrustServerCertificate=yes;APP=SVScheduler;")
+        return QStringLiteral(
+                   "DRIVER={%1};SERVER=%2;Encrypt=yes;TrustServerCertificate=yes;APP=SVScheduler;LANGUAGE=us_english;")
                    .arg(microsoft, server) +
                loginFields(fields, QStringLiteral("}}"));
     }
@@ -117,7 +119,8 @@ QString SqlServerText(const ConnectionFields& fields, const QStringList& drivers
     else if (!host.contains(QLatin1Char('\\')))
         place += QStringLiteral(";PORT=1433");
     return QStringLiteral("DRIVER={FreeTDS};") + place +
-           QStringLiteral(";TDS_Version=7.4;ClientCharset=UTF-8;Encryption=request;APP=SVScheduler;") +
+           QStringLiteral(
+               ";TDS_Version=7.4;ClientCharset=UTF-8;Encryption=request;APP=SVScheduler;LANGUAGE=us_english;") +
            loginFields(fields, QStringLiteral("}"));
 }
 

@@ -60,7 +60,7 @@ TEST(ConnectionText, AFolderWithoutADatabaseNameIsAnError) {
 TEST(ConnectionText, FreeTdsIsTakenWhereMicrosoftsDriverIsNotInstalled) {
     EXPECT_EQ(
         serverText("Data Source=host;Initial Catalog=d;User Id=u;Password=p"),
-        "DRIVER={FreeTDS};SERVER=host;PORT=1433;TDS_Version=7.4;ClientCharset=UTF-8;Encryption=request;APP=SVScheduler;DATABASE={d};UID={u};PWD={p};");
+        "DRIVER={FreeTDS};SERVER=host;PORT=1433;TDS_Version=7.4;ClientCharset=UTF-8;Encryption=request;APP=SVScheduler;LANGUAGE=us_english;DATABASE={d};UID={u};PWD={p};");
 }
 
 TEST(ConnectionText, TheNewestOfMicrosoftsDriversIsTaken) {
@@ -68,7 +68,7 @@ TEST(ConnectionText, TheNewestOfMicrosoftsDriversIsTaken) {
                                     {"FreeTDS", "ODBC Driver 17 for SQL Server", "ODBC Driver 18 for SQL Server"});
     EXPECT_EQ(
         text,
-        "DRIVER={ODBC Driver 18 for SQL Server};SERVER=host,1444;Encrypt=yes;TrustServerCertificate=yes;APP=SVScheduler;DATABASE={d};UID={u};PWD={p};");
+        "DRIVER={ODBC Driver 18 for SQL Server};SERVER=host,1444;Encrypt=yes;TrustServerCertificate=yes;APP=SVScheduler;LANGUAGE=us_english;DATABASE={d};UID={u};PWD={p};");
 }
 
 TEST(ConnectionText, PortsAndInstancesAreToldInTheDriversOwnWay) {
