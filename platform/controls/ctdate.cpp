@@ -21,8 +21,9 @@ ctDate::ctDate(QWidget* parent) : QWidget(parent), date_(Today()) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setAccessibleName(tr("Calendar"));
+    // Before the name is set: the name's change asks for the accessible interface, which is made once.
     InstallDateAccess();
+    setAccessibleName(tr("Calendar"));
 }
 
 void ctDate::SetDate(QDate date) {

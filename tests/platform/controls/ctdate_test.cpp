@@ -18,7 +18,6 @@ const QDate March11(2026, 3, 11);  // A Wednesday, and today in these tests.
 class DateTest : public testing::Test {
   protected:
     DateTest() {
-        Theme::Install(ThemeMode::Light);
         calendar.resize(calendar.sizeHint());
         calendar.SetFirstDayOfWeek(Qt::Sunday);
         calendar.SetDate(March11);
@@ -34,7 +33,12 @@ class DateTest : public testing::Test {
         QApplication::sendEvent(&calendar, &event);
     }
 
+    struct Look {
+        Look() { Theme::Install(ThemeMode::Light); }
+    };
+
     ScriptedDesk desk;
+    Look look;  // Before the first widget, as in the program.
     ctDate calendar;
 };
 
