@@ -178,7 +178,7 @@ bool mdisched::findCompanionProvider() {
     session.FHProviderId = GetFHProviderId(session.Connection, session.FHDatabaseId, provider);
     if (session.FHProviderId >= 1)
         return true;
-    MsgBox(QStringLiteral("Unable to find Fernhall scheduling data for this provider."), ExclamationBox,
+    MsgBox(QStringLiteral("Unable to find Fernhall scheduling data for this provider."), InformationBox,
            QStringLiteral("Provider Schedule Not Found in Fernhall"));
     return false;
 }
