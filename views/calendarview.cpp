@@ -55,10 +55,14 @@ int CalendarView::addItem(CalendarItem item) {
     return index;
 }
 
-void CalendarView::ApplyPreferences() {
-    setHours();
+void CalendarView::setGrid() {
     ctMDay1->setTimeInterval(Session().TimeUnit);
     ctMDay1->setTwentyFourHour(Session().MilitaryTime);
+}
+
+void CalendarView::ApplyPreferences() {
+    setGrid();
+    Reload();
 }
 
 void CalendarView::setmenuaccess() {

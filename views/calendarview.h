@@ -21,7 +21,9 @@ class CalendarView : public ViewWindow {
     void setmenuaccess();
 
   protected:
-    /// PrimeStart, FirstTime, PrimeEnd and LastTime from the preferred hours.
+    /// TimeInterval and TwentyFourHour from the preferences.
+    void setGrid();
+    /// PrimeStart, FirstTime, PrimeEnd and LastTime from the preferred hours, before the items that may widen them.
     void setHours();
     /// Adds an item with all its attributes; returns its index.
     int addItem(CalendarItem item);

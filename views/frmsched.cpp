@@ -8,6 +8,7 @@
 #include "data/holidays.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
@@ -32,7 +33,7 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, paren
     setObjectName(QStringLiteral("frmsched"));
     layOut();
     bindDayCommands();
-    ApplyPreferences();
+    setGrid();
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
     connect(ctMDay1, &ctMDay::BeforeItemWork, this, &frmsched::lockItem);
     connect(ctMDay1, &ctMDay::DayStepRequested, this,
@@ -61,6 +62,11 @@ void frmsched::Reload() {
         LoadToDo();
 }
 
+void frmsched::ApplyPreferences() {
+    CalendarView::ApplyPreferences();
+    LoadToDo();
+}
+
 void frmsched::LoadDayView() {
     const QDate date = main().Date();
     const bool sameDay = date == loadedDate_ && Session().ProviderId == loadedProvider_;
@@ -78,7 +84,11 @@ void frmsched::LoadDayView() {
     ctMDay1->setHolidayFlag(false);
     facts_.clear();
     setHours();
-    Ignoring([&] { loadAppointments(date); });
+    try {
+        loadAppointments(date);
+    } catch (const db::DatabaseError& error) {
+        MsgBox(QStringLiteral("Error reading appointments. ") + error.description, ErrorBox, QStringLiteral("Error"));
+    }
     Ignoring([&] { loadHoliday(date); });
     LoadWorkSchedule(date);
 
@@ -104,6 +114,9 @@ void frmsched::loadAppointments(QDate date) {
                                 }};
     for (; !rows.Eof(); rows.MoveNext()) {
         CalendarItem item = ItemFromAppointment(rows, painting);
+        // The join gives a row of the provider's own once for each further provider.
+        if (facts_.contains(item.ItemKey))
+            continue;
         if (const int start = std::max(item.ItemStart, 0); start < ctMDay1->FirstTime()) {
             ctMDay1->setFirstTime(start);
             ctMDay1->setTopTime(start);

@@ -18,8 +18,9 @@ class frmsched : public CalendarView {
     explicit frmsched(MainWindow& main, QWidget* parent = nullptr);
 
     /// Reads the main window's date for the session's provider. A reload of the day that is shown keeps the place and
-    /// the selected item; another day or provider starts at its first minute. Reads go on after a failure: a short day
-    /// rather than none.
+    /// the selected item; another day or provider starts at its first minute. Appointments that cannot be read are
+    /// told, so that nobody books into a day that only looks free; any other read that fails leaves the day a little
+    /// shorter.
     void LoadDayView();
     /// Shades the time outside the provider's working hours on that weekday.
     void LoadWorkSchedule(QDate day);
@@ -31,6 +32,8 @@ class frmsched : public CalendarView {
     void changedate(QDate date);
 
     void Reload() override;
+    /// The tasks are read anew too: the preferences may hide the done ones.
+    void ApplyPreferences() override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
 
   private:

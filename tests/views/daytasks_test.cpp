@@ -68,6 +68,16 @@ TEST_F(DayTasks, DoneTasksAreTickedAndCanBeHidden) {
     EXPECT_EQ(rows(), QStringList{"0;Open;Low;"});
 }
 
+TEST_F(DayTasks, DoneTasksLeaveTheListWhenThePreferencesHideThem) {
+    addTask("Done", 1, "null", 1);
+    frmsched& view = open();
+
+    Session().TaskRollOver = true;
+    view.ApplyPreferences();
+
+    EXPECT_TRUE(rows().isEmpty());
+}
+
 TEST_F(DayTasks, ATaskWithNotesIsMarked) {
     addTask("With", 2, "null", 0, "'call the insurer'");
     addTask("Without", 1);

@@ -31,6 +31,18 @@ TEST_F(DayView, AnActivityShowsForEachOfItsProviders) {
     EXPECT_EQ(itemTexts(), QStringList{"Staff meeting"});
 }
 
+TEST_F(DayView, AnActivityOfTheProviderWithFurtherProvidersShowsOnce) {
+    const qint64 key = add(anAppointment("Staff meeting").status(ncolor::Activity));
+    for (const char* provider : {"BAKER", "OTT", "REED"})
+        run(QStringLiteral("Insert Into appointmentsevents (nkeyid, clinicianid) Values(%1, '%2')")
+                .arg(key)
+                .arg(QLatin1String(provider)));
+
+    open();
+
+    EXPECT_EQ(itemTexts(), QStringList{"Staff meeting"});
+}
+
 TEST_F(DayView, AnAppointmentBeforeTheDayBeginsWidensTheGrid) {
     add(anAppointment("Early bird").at(6, 30));
 
@@ -145,11 +157,15 @@ TEST_F(DayView, AnAppointmentThatAnotherDeskDeletedLeavesTheDayAtTheNextReload) 
     EXPECT_EQ(info(), QStringList{";No Appointment Selected"});
 }
 
-TEST_F(DayView, ALostDatabaseLeavesAnEmptyDayAndNoMessage) {
+TEST_F(DayView, ALostDatabaseIsToldSoThatTheEmptyDayIsNotTakenForAFreeOne) {
     add(anAppointment("Was here"));
     frmsched& view = open();
 
     Session().Connection.Close();
+    desk.expectBox(
+        QStringLiteral(
+            "Error reading appointments. The connection cannot be used to perform this operation. It is either closed or invalid in this context."),
+        QStringLiteral("Error"));
     view.Reload();
 
     EXPECT_TRUE(itemTexts().isEmpty());
@@ -208,4 +224,26 @@ TEST_F(DayView, TheGridFollowsThePreferences) {
     EXPECT_EQ(calendar().PrimeStart(), 420);
     EXPECT_EQ(calendar().PrimeEnd(), 1260);
     EXPECT_EQ(calendar().LastTime(), 1259);
+}
+
+TEST_F(DayView, ChangedPreferencesKeepAnEarlyAppointmentInTheGrid) {
+    add(anAppointment("Early bird").at(6, 30));
+    frmsched& view = open();
+
+    Session().DayStartHour = 9;
+    Session().TimeUnit = 30;
+    view.ApplyPreferences();
+
+    EXPECT_EQ(calendar().TimeInterval(), 30);
+    EXPECT_EQ(calendar().PrimeStart(), 540);
+    EXPECT_EQ(calendar().FirstTime(), 390);
+}
+
+TEST_F(DayView, ChangedPreferencesReadTheDayAgain) {
+    frmsched& view = open();
+    add(anAppointment("From another desk"));
+
+    view.ApplyPreferences();
+
+    EXPECT_EQ(itemTexts(), QStringList{"From another desk"});
 }
