@@ -20,6 +20,8 @@ struct ThemeColours {
     QColor selectedText;
     QColor accent;
     QColor accentText;  ///< On an accent fill.
+    QColor caution;     ///< The picture of a warning.
+    QColor danger;      ///< The picture of a failure.
     friend bool operator==(const ThemeColours&, const ThemeColours&) = default;
 };
 

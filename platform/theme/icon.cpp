@@ -53,7 +53,7 @@ QColor colourFor(QIcon::Mode mode, QIcon::State state) {
 /// Renders at the moment of painting, so that a change of palette or of screen needs no new icon.
 class DrawnIconEngine : public QIconEngine {
   public:
-    explicit DrawnIconEngine(QString name) : name_(std::move(name)) {}
+    explicit DrawnIconEngine(QString name, QColor colour = {}) : name_(std::move(name)), colour_(colour) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         const double ratio = painter->device()->devicePixelRatioF();
@@ -62,7 +62,7 @@ class DrawnIconEngine : public QIconEngine {
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         return square(size, mode, state);
     }
-    [[nodiscard]] QIconEngine* clone() const override { return new DrawnIconEngine(name_); }
+    [[nodiscard]] QIconEngine* clone() const override { return new DrawnIconEngine(*this); }
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override {
         const int edge = std::min(size.width(), size.height());
         return {edge, edge};
@@ -72,10 +72,11 @@ class DrawnIconEngine : public QIconEngine {
   private:
     [[nodiscard]] QPixmap square(const QSize& size, QIcon::Mode mode, QIcon::State state) const {
         const int edge = std::min(size.width(), size.height());
-        return rendered(name_, colourFor(mode, state), {edge, edge});
+        return rendered(name_, colour_.isValid() ? colour_ : colourFor(mode, state), {edge, edge});
     }
 
     QString name_;
+    QColor colour_;  ///< Invalid for the palette of the moment.
 };
 
 }  // namespace
@@ -83,6 +84,11 @@ class DrawnIconEngine : public QIconEngine {
 QIcon Icon(const QString& name) {
     loadDrawings();
     return QFile::exists(QStringLiteral(":/icons/%1.svg").arg(name)) ? QIcon(new DrawnIconEngine(name)) : QIcon();
+}
+
+QIcon Icon(const QString& name, const QColor& colour) {
+    loadDrawings();
+    return QIcon(new DrawnIconEngine(name, colour));
 }
 
 QPixmap IconPixmap(const QString& name, const QColor& colour, int size, double devicePixelRatio) {

@@ -9,5 +9,7 @@
 [[nodiscard]] inline QIcon Icon(const char* name) {
     return Icon(QString::fromLatin1(name));
 }
+/// The same picture as an icon of one colour, whatever the palette.
+[[nodiscard]] QIcon Icon(const QString& name, const QColor& colour);
 /// The same picture in one colour, whatever the palette.
 [[nodiscard]] QPixmap IconPixmap(const QString& name, const QColor& colour, int size, double devicePixelRatio);

@@ -7,7 +7,9 @@
 #include <QTabBar>
 #include <QToolButton>
 
+#include "platform/theme/icon.h"
 #include "platform/theme/quietpaint.h"
+#include "platform/theme/theme.h"
 
 namespace {
 
@@ -276,6 +278,8 @@ int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
             return 12;
         case PM_ToolBarIconSize:
             return 20;
+        case PM_MessageBoxIconSize:
+            return Space(36);
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -286,6 +290,7 @@ int QuietStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     switch (hint) {
         case SH_EtchDisabledText:
         case SH_DitherDisabledText:
+        case SH_DialogButtonBox_ButtonsHaveIcons:
         case SH_ItemView_ActivateItemOnSingleClick:
             return 0;
         case SH_ScrollBar_LeftClickAbsolutePosition:
@@ -296,6 +301,22 @@ int QuietStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
             return Qt::LeftButton;
         default:
             return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+}
+
+QIcon QuietStyle::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const {
+    const ThemeColours& colours = Theme::Instance().colours();
+    switch (picture) {
+        case SP_MessageBoxInformation:
+            return Icon(QStringLiteral("information"), colours.accent);
+        case SP_MessageBoxQuestion:
+            return Icon(QStringLiteral("help"), colours.accent);
+        case SP_MessageBoxWarning:
+            return Icon(QStringLiteral("warning"), colours.caution);
+        case SP_MessageBoxCritical:
+            return Icon(QStringLiteral("missed"), colours.danger);
+        default:
+            return QProxyStyle::standardIcon(picture, option, widget);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
@@ -42,6 +43,22 @@ TEST_F(QuietStyleTest, TheFocusedButtonWearsTheRingAndNoOther) {
     first.setFocus();
     EXPECT_TRUE(shows(pictureOf(first), colours.accent));
     EXPECT_FALSE(shows(pictureOf(second), colours.accent));
+}
+
+TEST_F(QuietStyleTest, AMessageBoxShowsOurPictures) {
+    const std::pair<QMessageBox::Icon, QColor> pictures[] = {{QMessageBox::Information, colours.accent},
+                                                             {QMessageBox::Question, colours.accent},
+                                                             {QMessageBox::Warning, colours.caution},
+                                                             {QMessageBox::Critical, colours.danger}};
+    for (const auto& [icon, colour] : pictures) {
+        const QMessageBox box(icon, QString(), QStringLiteral("Text"));
+        EXPECT_TRUE(shows(box.iconPixmap().toImage(), colour)) << icon;
+    }
+}
+
+TEST_F(QuietStyleTest, TheButtonsOfAMessageBoxHaveNoPictures) {
+    const QMessageBox box(QMessageBox::Information, QString(), QStringLiteral("Text"), QMessageBox::Ok);
+    EXPECT_TRUE(box.button(QMessageBox::Ok)->icon().isNull());
 }
 
 TEST_F(QuietStyleTest, TheDefaultButtonIsFilledWithTheAccent) {

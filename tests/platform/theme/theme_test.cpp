@@ -37,6 +37,12 @@ TEST_P(ThemeColoursTest, TheFocusRingStandsOutFromEverySurface) {
         EXPECT_GE(Contrast(colours.accent, surface), VisibleShape) << surface.name().toStdString();
 }
 
+TEST_P(ThemeColoursTest, ThePicturesOfMessagesStandOut) {
+    const ThemeColours& colours = ColoursOf(GetParam());
+    for (const QColor& picture : {colours.accent, colours.caution, colours.danger})
+        EXPECT_GE(Contrast(picture, colours.window), VisibleShape) << picture.name().toStdString();
+}
+
 TEST_P(ThemeColoursTest, ThePaletteTellsItsMode) {
     EXPECT_EQ(ModeOf(PaletteOf(ColoursOf(GetParam()))), GetParam());
 }
