@@ -118,12 +118,12 @@ void store(sqlite3_context* context, int count, sqlite3_value** arguments) {
 
 }  // namespace
 
-EmbeddedEngine::EmbeddedEngine(const QString& file, bool create)
+EmbeddedEngine::EmbeddedEngine(const QString& file, bool create, int openingTimeout)
     : database_(QFileInfo(file).completeBaseName()),
       handle_(openHandle(file, create, database_)),
       catalog_(handle_.get()) {
     sqlite3_extended_result_codes(handle_.get(), 1);
-    setLockTimeout(lockTimeoutMilliseconds);
+    setLockTimeout(openingTimeout);
     RegisterDialect(handle_.get(), &state_);
     registerStore();
     try {
@@ -131,6 +131,7 @@ EmbeddedEngine::EmbeddedEngine(const QString& file, bool create)
     } catch (const DatabaseError&) {
         throw OpeningFault(sqlite3_extended_errcode(handle_.get()), database_);
     }
+    setLockTimeout(lockTimeoutMilliseconds);
 }
 
 /// The first read of the file is here, so that a damaged one is found when it is opened.

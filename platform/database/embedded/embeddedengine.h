@@ -19,7 +19,9 @@ namespace db::embedded {
 /// transaction that is open when the session ends is rolled back.
 class EmbeddedEngine final : public Engine {
   public:
-    EmbeddedEngine(const QString& file, bool create);
+    /// A file that another program locks is waited for `openingTimeout` milliseconds, so that whoever starts the
+    /// program soon reads why; what is done later waits longer.
+    EmbeddedEngine(const QString& file, bool create, int openingTimeout = 5'000);
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
     ResultTable query(const QString& statement, const std::vector<Value>& bound) override;

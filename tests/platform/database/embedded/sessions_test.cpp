@@ -1,5 +1,6 @@
 #include <sqlite3.h>
 #include <unistd.h>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -134,6 +135,18 @@ TEST_F(Sessions, ADeskWaitsForAnothersWriteAndGivesUpInTheEnd) {
     one.commit();
     EXPECT_EQ(two.query("Select name from a", {}).at(0, 0).text(), "one");
     EXPECT_EQ(failure(two, "Update a Set name = 'two'"), "");
+}
+
+TEST_F(Sessions, AFileThatAnotherProgramLocksIsToldSoonWhenItIsOpenedAndWaitedForLonger) {
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(file.toUtf8().constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "Pragma locking_mode = EXCLUSIVE; Begin Exclusive", nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    QElapsedTimer watch;
+    watch.start();
+    EXPECT_THROW(EmbeddedEngine(file, false, 20), db::DatabaseError);
+    EXPECT_LT(watch.elapsed(), 5000);
+    sqlite3_close(other);
 }
 
 TEST_F(Sessions, ATransactionIsKeptOrUndone) {
