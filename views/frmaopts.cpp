@@ -12,6 +12,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 
+#include "platform/controls/formarea.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
 #include "session/preferences.h"
@@ -82,18 +83,25 @@ void frmaopts::buildForm() {
     buttons->addWidget(cmdOk);
     buttons->addWidget(cmdcancel);
 
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    auto* fields = new QWidget(this);
+    auto* grid = new QGridLayout(fields);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(Space(12));
     grid->addWidget(buildHours(), 0, 0);
     grid->addWidget(buildColumns(), 0, 1);
     grid->addWidget(buildInterval(), 1, 0);
     grid->addWidget(buildBehaviour(), 1, 1);
     grid->addWidget(buildReminder(), 2, 0, 1, 2);
-    grid->addLayout(buttons, 3, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(2, 1);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(12));
+    column->addWidget(new FormArea(fields, this), 1);
+    column->addLayout(buttons);
+    FitToScreen(*this);
 }
 
 QWidget* frmaopts::buildHours() {
@@ -173,6 +181,7 @@ QWidget* frmaopts::buildReminder() {
     txtemail->setAccessibleName(tr("Text of the e-mail reminder"));
     txtemail->setTabChangesFocus(true);
     txtemail->setMinimumHeight(txtemail->fontMetrics().height() * 5);
+    txtemail->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     auto* column = new QVBoxLayout(box);
     column->addWidget(txtemail, 1);
     column->addWidget(hint(box, QStringLiteral("Use [DATE], [TIME], [THERAPIST] for placeholders")));
