@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -88,6 +89,7 @@ void mdisched::openView(int currentView) {
     ShowTitle(currentView == RoomView ? QStringLiteral("Room Scheduler") : QString());
     view_ = factory->second(*this).release();
     viewPlace_->addWidget(view_, 1);
+    splitter_->show();
     putStatusLinkLast();
     fillMenus();
     showCommandsOfView();
@@ -147,6 +149,8 @@ void mdisched::showCommandsOfView() {
             QStringLiteral("%1 (%2)").arg(action->text(), keys_[action].toString(QKeySequence::NativeText)));
         toolBar_->widgetForAction(action)->setAccessibleName(action->text());
     }
+    for (QAction* action : {today_, previous_, next_, hideNames_})
+        action->setEnabled(true);
     add_->setVisible(Session().CurrentView != RoomView && Session().CurrentView != MonthView);
     print_->setVisible(add_->isVisible());
     add_->setEnabled(view_->CanAdd());

@@ -86,10 +86,10 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void buildToolBar();
     void buildCentre();
     void buildStatusBar();
+    /// Without `run` the command's screen is not part of this version.
     QAction* command(const char* name, const QString& text, const char* icon, const QKeySequence& key,
                      std::function<void()> run);
     void addToToolBar(QAction* action, const char* name);
-    void laterCommand(QAction* action);
 
     // One view after the other.
     void openView(int currentView);

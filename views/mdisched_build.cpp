@@ -53,7 +53,12 @@ QAction* mdisched::command(const char* name, const QString& text, const char* ic
     action->setObjectName(QString::fromLatin1(name));
     action->setShortcut(key);
     action->setToolTip(tipWithKey(text, key));
-    connect(action, &QAction::triggered, this, std::move(run));
+    if (run) {
+        connect(action, &QAction::triggered, this, std::move(run));
+    } else {
+        action->setEnabled(false);
+        action->setToolTip(tr("%1 is not available in this version").arg(text));
+    }
     addAction(action);
     keys_[action] = key;
     return action;
@@ -67,18 +72,19 @@ void mdisched::buildActions() {
         if (view_ != nullptr)
             view_->AddAppointment();
     });
-    find_ = command("find", tr("Find"), "find", tr("Ctrl+F"), [] {});
+    find_ = command("find", tr("Find"), "find", tr("Ctrl+F"), {});
     print_ = command("print", tr("Print"), "print", tr("Ctrl+P"), [this] {
         if (view_ != nullptr)
             view_->PrintSchedule();
     });
-    checkedIn_ = command("checkedin", tr("Checked In"), "checkedin", tr("Ctrl+I"), [] {});
+    checkedIn_ = command("checkedin", tr("Checked In"), "checkedin", tr("Ctrl+I"), {});
     hideNames_ =
         command("hidenames", tr("Hide Patient Names"), "eye", tr("Ctrl+H"), [this] { ToggleHidePatientNames(); });
     hideNames_->setCheckable(true);
     day_ = command("day", tr("Day View"), "day", {}, [this] { changeview(0); });
-    laterCommand(find_);
-    laterCommand(checkedIn_);
+    // Before the first view there is nothing to do them on.
+    for (QAction* action : {today_, previous_, next_, add_, print_, hideNames_, day_})
+        action->setEnabled(false);
 
     for (const ViewEntry& entry : ViewTable)
         command(entry.key, QString::fromLatin1(entry.item), entry.icon, tr("Ctrl+%1").arg(entry.currentView),
@@ -91,12 +97,6 @@ void mdisched::buildActions() {
     command("previouspane", tr("Previous Pane"), "", tr("Shift+F6"), [this] { cyclePanes(-1); });
     command("help", tr("Help"), "help", QKeySequence(Qt::Key_F1), [this] { showHelp(); });
     command("leave", tr("Exit"), "exit", tr("Ctrl+Q"), [this] { Leave(); });
-}
-
-// A command whose screen is not part of this version is seen, but says so.
-void mdisched::laterCommand(QAction* action) {
-    action->setEnabled(false);
-    action->setToolTip(tr("%1 is not available in this version").arg(action->text()));
 }
 
 void mdisched::buildToolBar() {
@@ -133,7 +133,7 @@ void mdisched::buildCentre() {
     taskPane_ = new ctTaskPane(this);
     taskPane_->setObjectName(QStringLiteral("taskpane"));
     taskPane_->SetHeading(QStringLiteral("Calendar"), QStringLiteral("ADVANCED"));
-    ctDate1_ = new ctDate(this);
+    ctDate1_ = new ctDate(taskPane_);
     ctDate1_->setObjectName(QStringLiteral("ctDate1"));
     connect(taskPane_, &ctTaskPane::ItemChosen, this, &mdisched::chooseFromTaskPane);
     connect(taskPane_, &ctTaskPane::CloseRequested, this, &mdisched::ToggleTaskPane);
@@ -156,6 +156,7 @@ void mdisched::buildCentre() {
     splitter_->setCollapsible(0, false);
     splitter_->setCollapsible(1, false);
     setCentralWidget(splitter_);
+    splitter_->hide();  // Until there is a view to show.
     taskPane_->setVisible(ReadUserSetting(QString::fromLatin1(TaskPaneSetting)) != QLatin1String("0"));
 }
 

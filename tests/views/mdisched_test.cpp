@@ -100,6 +100,24 @@ TEST_F(MainWindowTest, AnUnknownAccessLevelLeavesItsPanelEmpty) {
     EXPECT_EQ(panelText("pnlaccess"), QString());
 }
 
+TEST_F(MainWindowTest, BeforeTheFirstViewTheWindowIsEmptyAndItsCommandsWait) {
+    window = std::make_unique<mdisched>(ViewFactories());
+    window->ShowMainWindow();
+    QApplication::processEvents();
+    for (const char* name : {"cmdtoday", "btnNav0", "btnNav1", "cmdadd", "cmdprint", "btnHidePats", "cmdday"})
+        EXPECT_FALSE(button(name).isEnabled()) << name;
+    EXPECT_FALSE(calendar().isVisible());
+    EXPECT_FALSE(pane().isVisible());
+}
+
+TEST_F(MainWindowTest, WithTheFirstViewTheCommandsComeAlive) {
+    start();
+    for (const char* name : {"cmdtoday", "btnNav0", "btnNav1", "cmdadd", "cmdprint", "btnHidePats"})
+        EXPECT_TRUE(button(name).isEnabled()) << name;
+    EXPECT_TRUE(calendar().isVisible());
+    EXPECT_TRUE(pane().isVisible());
+}
+
 TEST_F(MainWindowTest, TheFirstViewOpensOnTheDateThatWasAskedFor) {
     ViewFactories factories;
     factories[1] = [this](MainWindow& main) {
