@@ -36,6 +36,9 @@ class frmsched : public CalendarView {
     void ApplyPreferences() override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     struct RowFacts {
         int apptType = 0;
@@ -48,6 +51,7 @@ class frmsched : public CalendarView {
     QWidget* makeNotePane();
     QWidget* makeTaskPane();
     void rememberPanes();
+    void sharePanes();
 
     // frmsched.cpp
     void bindDayCommands();
@@ -65,6 +69,7 @@ class frmsched : public CalendarView {
 
     QSplitter* SSSplitter1 = nullptr;
     QSplitter* sidePanes_ = nullptr;
+    bool panesChosen_ = false;  ///< The user has put the splitter somewhere.
     ctList* ctListInfo = nullptr;
     QPlainTextEdit* txtnote = nullptr;
     ctList* ctList1 = nullptr;

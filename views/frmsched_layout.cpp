@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSplitter>
@@ -27,10 +28,9 @@ QWidget* makePane(const QString& caption, QWidget* content) {
     return pane;
 }
 
-void restoreSplitter(QSplitter& splitter, const char* key) {
+bool restoreSplitter(QSplitter& splitter, const char* key) {
     const QString stored = ReadUserSetting(QLatin1String(key));
-    if (!stored.isEmpty())
-        splitter.restoreState(QByteArray::fromBase64(stored.toLatin1()));
+    return !stored.isEmpty() && splitter.restoreState(QByteArray::fromBase64(stored.toLatin1()));
 }
 
 void storeSplitter(const QSplitter& splitter, const char* key) {
@@ -57,10 +57,7 @@ void frmsched::layOut() {
     SSSplitter1->addWidget(sidePanes_);
     SSSplitter1->setStretchFactor(0, 1);
     SSSplitter1->setStretchFactor(1, 0);
-    // The day comes first where room is short; the panes scroll.
-    const int character = fontMetrics().averageCharWidth();
-    sidePanes_->setMinimumWidth(character * 24);
-    SSSplitter1->setSizes({character * 100, character * 60});
+    sidePanes_->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, Space(8), Space(8));
@@ -105,8 +102,24 @@ QWidget* frmsched::makeTaskPane() {
 
 // Only a place that the user chose is worth remembering.
 void frmsched::rememberPanes() {
-    restoreSplitter(*SSSplitter1, mainPanesKey);
+    panesChosen_ = restoreSplitter(*SSSplitter1, mainPanesKey);
     restoreSplitter(*sidePanes_, sidePanesKey);
-    connect(SSSplitter1, &QSplitter::splitterMoved, this, [this] { storeSplitter(*SSSplitter1, mainPanesKey); });
+    connect(SSSplitter1, &QSplitter::splitterMoved, this, [this] {
+        panesChosen_ = true;
+        storeSplitter(*SSSplitter1, mainPanesKey);
+    });
     connect(sidePanes_, &QSplitter::splitterMoved, this, [this] { storeSplitter(*sidePanes_, sidePanesKey); });
+}
+
+void frmsched::resizeEvent(QResizeEvent* event) {
+    CalendarView::resizeEvent(event);
+    if (!panesChosen_)
+        sharePanes();
+}
+
+// The day comes first where room is short; the panes beside it scroll.
+void frmsched::sharePanes() {
+    const int room = SSSplitter1->width() - SSSplitter1->handleWidth();
+    const int side = std::min(fontMetrics().averageCharWidth() * 60, room * 2 / 5);
+    SSSplitter1->setSizes({room - side, side});
 }

@@ -31,6 +31,10 @@ class DayWindow : public MainWindowFixture {
         QTest::keyClick(window.get(), key, modifiers);
         QApplication::processEvents();
     }
+    /// The day with the panes beside it, within the window's own splitter.
+    [[nodiscard]] QSplitter& dayPanes() {
+        return *window->View()->findChild<QSplitter*>(QStringLiteral("SSSplitter1"));
+    }
     [[nodiscard]] ctMDay& day() { return the<ctMDay>("ctMDay1"); }
 
     TestDatabase database_;
@@ -80,7 +84,7 @@ TEST_F(DayWindow, HidingNamesReloadsTheDay) {
 
 TEST_F(DayWindow, TheSplitterRemembersWhereTheUserPutIt) {
     open();
-    auto& panes = the<QSplitter>("SSSplitter1");
+    QSplitter& panes = dayPanes();
     QSplitterHandle* handle = panes.handle(1);
     QTest::mousePress(handle, Qt::LeftButton, {}, handle->rect().center());
     QTest::mouseMove(handle, handle->rect().center() - QPoint(80, 0));
@@ -89,7 +93,16 @@ TEST_F(DayWindow, TheSplitterRemembersWhereTheUserPutIt) {
 
     open();
 
-    EXPECT_EQ(the<QSplitter>("SSSplitter1").sizes(), chosen);
+    EXPECT_EQ(dayPanes().sizes(), chosen);
+    EXPECT_FALSE(ReadUserSetting(QStringLiteral("frmsched.SSSplitter1")).isEmpty());
+}
+
+TEST_F(DayWindow, OnASmallScreenTheDayHasMostOfTheRoom) {
+    open();
+    window->resize(640, 400);
+    QApplication::processEvents();
+    const QList<int> sizes = dayPanes().sizes();
+    EXPECT_GT(sizes[0], sizes[1]);
 }
 
 TEST_F(DayWindow, OpeningAndClosingLeavesThePanesAsTheyWereStored) {
