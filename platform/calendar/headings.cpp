@@ -36,8 +36,8 @@ void PaintDay(const CalendarScene& scene, const QRect& rect, QDate day, const QC
     const QFontMetrics words(scene.style.heading);
     const QFontMetrics digits(scene.style.dayNumber);
     const QString number = QString::number(day.day());
-    const int disc = digits.height() + scene.style.margin;
-    const int gap = 2 * scene.style.margin;
+    const int disc = digits.height() + 2 * scene.style.margin;
+    const int gap = 4 * scene.style.margin;
     QString before = locale.dayName(day.dayOfWeek());
     QString after = locale.standaloneMonthName(day.month()) + QLatin1Char(' ') + QString::number(day.year());
     const auto width = [&] {
