@@ -1,6 +1,8 @@
 #include "session/formposition.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 #include <optional>
 #include <QGuiApplication>
 #include <QScreen>
@@ -85,7 +87,9 @@ QRect OnSomeScreen(const QRect& wanted, const QList<QRect>& screens) {
         const QRect seen = area.intersected(title);
         return seen.width() >= std::min(VisibleWidth, wanted.width()) && seen.height() == TitleHeight;
     });
-    if (inReach)
+    // The far edges of a window from a larger desktop could not be reached.
+    const QRect desktop = std::accumulate(screens.begin(), screens.end(), QRect(), std::bit_or<>());
+    if (inReach && wanted.width() <= desktop.width() && wanted.height() <= desktop.height())
         return wanted;
     const QRect area = *std::min_element(screens.begin(), screens.end(), [&](const QRect& a, const QRect& b) {
         return distance(wanted.center(), a) < distance(wanted.center(), b);

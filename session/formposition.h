@@ -15,5 +15,5 @@ enum class FormMode { Get, Set };
 void FormPosition(QWidget& form, FormMode mode);
 
 /// The place nearest to `wanted` at which the top of a window can be seen and dragged on one of the screens (their free
-/// areas). No screens: `wanted`.
+/// areas) and that is no larger than all of them together. No screens: `wanted`.
 [[nodiscard]] QRect OnSomeScreen(const QRect& wanted, const QList<QRect>& screens);

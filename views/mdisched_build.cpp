@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QLabel>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
@@ -34,7 +35,7 @@ mdisched::mdisched(ViewFactories factories) : factories_(std::move(factories)) {
     setObjectName(QStringLiteral("mdisched"));
     setWindowTitle(QStringLiteral("Solvane Scheduler"));
     setWindowIcon(Icon("scheduler"));
-    resize(1240, 780);
+    resize(QSize(1240, 780).boundedTo(screen()->availableSize()));
     // In the order of the eye, which is the order of Tab.
     buildActions();
     buildToolBar();

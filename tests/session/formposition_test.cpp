@@ -108,6 +108,8 @@ TEST(OnSomeScreen, AWindowWhoseTitleIsOutOfReachMovesInside) {
 
 TEST(OnSomeScreen, AWindowLargerThanTheScreenIsMadeToFit) {
     EXPECT_EQ(OnSomeScreen(QRect(1200, 900, 1600, 1200), OneScreen), QRect(0, 0, 1000, 800));
+    EXPECT_EQ(OnSomeScreen(QRect(100, 100, 1600, 1200), OneScreen), QRect(0, 0, 1000, 800));
+    EXPECT_EQ(OnSomeScreen(QRect(100, 100, 1600, 700), TwoScreens), QRect(100, 100, 1600, 700));
 }
 
 TEST(OnSomeScreen, WithoutAnyScreenNothingMoves) {

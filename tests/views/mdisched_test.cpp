@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTest>
 
@@ -108,6 +109,11 @@ TEST_F(MainWindowTest, BeforeTheFirstViewTheWindowIsEmptyAndItsCommandsWait) {
         EXPECT_FALSE(button(name).isEnabled()) << name;
     EXPECT_FALSE(calendar().isVisible());
     EXPECT_FALSE(pane().isVisible());
+}
+
+TEST_F(MainWindowTest, TheWindowFirstOpensNoLargerThanTheScreen) {
+    window = std::make_unique<mdisched>(ViewFactories());
+    EXPECT_EQ(window->size().expandedTo(window->screen()->availableSize()), window->screen()->availableSize());
 }
 
 TEST_F(MainWindowTest, WithTheFirstViewTheCommandsComeAlive) {
