@@ -1,0 +1,104 @@
+#include "appointments/appointmentconflict.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "appointments/notice.h"
+#include "platform/controls/ctlist.h"
+#include "platform/theme/theme.h"
+
+namespace {
+
+constexpr int PlaceColumn = 5;
+constexpr int DateCharacters = 13;
+constexpr int TimeCharacters = 12;
+constexpr int PlaceCharacters = 20;
+constexpr int FewestCharacters = 90;  // Of the list, so that a name can be read in what the other columns leave.
+constexpr int FewestLines = 8;
+
+}  // namespace
+
+AppointmentConflict::AppointmentConflict(QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("AppointmentConflict"));
+    setWindowTitle(QStringLiteral("Appointment Conflict"));
+    buildControls();
+    layOutForm();
+    cmdreschedule->setFocus();
+    connect(ctList1, &ctList::SelectionChanged, this,
+            [this] { lbllength->setText(ctList1->ItemText(ctList1->SelectedRow())); });
+    connect(cmdaccept, &QPushButton::clicked, this, &AppointmentConflict::cmdaccept_Click);
+    connect(cmdreschedule, &QPushButton::clicked, this, &AppointmentConflict::cmdreschedule_Click);
+}
+
+void AppointmentConflict::ShowAsRoomConflict() {
+    setWindowTitle(QStringLiteral("Room Conflict"));
+    ctList1->SetHeader(PlaceColumn, QStringLiteral("Room"));
+    lblmessage->setText(QStringLiteral(
+        "The appointment being scheduled conflicts with an existing appointment in the room listed below. You can accept the conflict or change the current appointment room, date or time."));
+}
+
+QSize AppointmentConflict::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 122, fontMetrics().height() * 22};
+}
+
+void AppointmentConflict::showEvent(QShowEvent* event) {
+    if (ctList1->SelectedRow() < 0)
+        ctList1->SelectRow(0);
+    QDialog::showEvent(event);
+}
+
+void AppointmentConflict::buildControls() {
+    lblmessage = NoticeLabel(
+        QStringLiteral("lblmessage"),
+        QStringLiteral(
+            "The appointment being scheduled conflicts with an existing appointment(s) listed below. You can accept the conflict or change the date and/or time of the new appointment."),
+        this);
+    ctList1 = new ctList(this);
+    ctList1->setObjectName(QStringLiteral("ctList1"));
+    ctList1->setAccessibleName(QStringLiteral("Conflicts"));
+    ctList1->SetColumns({{QStringLiteral("Date"), ListColumn::Kind::Text, DateCharacters},
+                         {QStringLiteral("Start"), ListColumn::Kind::Text, TimeCharacters},
+                         {QStringLiteral("End"), ListColumn::Kind::Text, TimeCharacters},
+                         {QStringLiteral("Apt.")},
+                         {QStringLiteral("Provider"), ListColumn::Kind::Text, PlaceCharacters}});
+    ctList1->setMinimumSize(fontMetrics().averageCharWidth() * FewestCharacters, fontMetrics().height() * FewestLines);
+    lbllength = NoticeLabel(QStringLiteral("lbllength"), {}, this);
+    cmdaccept = new QPushButton(QStringLiteral("&Accept Conflict"), this);
+    cmdaccept->setObjectName(QStringLiteral("cmdaccept"));
+    cmdaccept->setAutoDefault(false);
+    cmdreschedule = new QPushButton(QStringLiteral("&Reschedule"), this);
+    cmdreschedule->setObjectName(QStringLiteral("cmdreschedule"));
+    cmdreschedule->setDefault(true);
+}
+
+void AppointmentConflict::layOutForm() {
+    auto* heading = new QLabel(QStringLiteral("&Conflicts with:"), this);
+    heading->setFont(HeadingFont());
+    heading->setBuddy(ctList1);
+    auto* text = new QVBoxLayout;
+    text->setSpacing(Space(4));
+    text->addWidget(heading);
+    text->addWidget(lblmessage);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdaccept);
+    buttons->addWidget(cmdreschedule);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(12));
+    column->addLayout(NoticeLayout(text, this));
+    column->addWidget(ctList1, 1);
+    column->addWidget(lbllength);
+    column->addLayout(buttons);
+}
+
+void AppointmentConflict::cmdaccept_Click() {
+    tag = QStringLiteral("Y");
+    accept();
+}
+
+void AppointmentConflict::cmdreschedule_Click() {
+    tag = QStringLiteral("N");
+    reject();
+}

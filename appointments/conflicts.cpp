@@ -1,0 +1,172 @@
+#include "appointments/conflicts.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <tuple>
+
+#include "appointments/appointmentconflict.h"
+#include "appointments/errorbox.h"
+#include "data/minutetime.h"
+#include "data/pipefields.h"
+#include "platform/controls/ctlist.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
+#include "session/session.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+/// The last names of providers, each asked for once.
+class ProviderNames {
+  public:
+    const QString& operator[](const QString& id) {
+        const auto known = names_.find(id);
+        return known != names_.end() ? known->second : names_.emplace(id, read(id)).first->second;
+    }
+
+  private:
+    static QString read(const QString& id) {
+        const Recordset provider(Sql("Select prov_lastname from provider_info Where id = '{}'", id),
+                                 Session().Connection);
+        const QString name = provider.Eof() ? QString() : provider["prov_lastname"].text();
+        return name.isEmpty() ? id : name;
+    }
+
+    std::map<QString, QString> names_;
+};
+
+QString apptStatement(int key, QDate date, double s, double e, const QString& patientId, const QString& providerId) {
+    const QString ofProvider = Sql(
+        "Select dapptdate, nstarttime, nendtime, cappttext, clinicianid from appointments Where nKeyid <> {} AND appttype <> 4  And Clinicianid = '{}' AND DApptDate = '{}'  And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {})) ",
+        key, providerId, date, s, e, s, e);
+    if (patientId.isEmpty())
+        return ofProvider;
+    return ofProvider +
+           Sql("UNION Select dapptdate, nstarttime, nendtime, cappttext, clinicianid from appointments Where nKeyid <> {} AND appttype <> 4  And PatientId = '{}' AND DApptDate = '{}'  And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {}));",
+               key, patientId, date, s, e, s, e);
+}
+
+std::array<QString, 3> roomStatements(int key, QDate date, double s, double e, int roomId, int byAppointment) {
+    if (byAppointment != 0)
+        return {
+            Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND apptid <> {} AND nApptDate = '{}' And {} Between nstarttime and (nendtime - .1)",
+                roomId, key, date, s),
+            Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND apptid <> {} AND nApptDate = '{}' And {} Between (nstarttime + .1) and nendtime",
+                roomId, key, date, e),
+            Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND apptid <> {} AND nApptDate = '{}' And (nstarttime + .1) Between {} And {}",
+                roomId, key, date, s, e)};
+    return {
+        Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND nKeyid <> {} AND nApptDate = '{}' And {} Between nstarttime and (nendtime - .1)",
+            roomId, key, date, s),
+        Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND nKeyid <> {} AND nApptDate = '{}' And {} Between (nstarttime + .1) and nendtime",
+            roomId, key, date, e),
+        Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND nKeyid <> {} AND nApptDate = '{}' And (nstarttime + .1) Between {} And {}",
+            roomId, key, date, s, e)};
+}
+
+// The statements leave the order open.
+void sortByTime(std::vector<Conflict>& conflicts) {
+    std::stable_sort(conflicts.begin(), conflicts.end(), [](const Conflict& a, const Conflict& b) {
+        return std::tie(a.time.start, a.time.end, a.text) < std::tie(b.time.start, b.time.end, b.text);
+    });
+}
+
+MinuteSpan timeOf(const Recordset& row) {
+    return {row["nstarttime"].real(), row["nendtime"].real()};
+}
+
+QString timeText(double minutes) {
+    return MinutesToTimeText(static_cast<int>(minutes), Session().MilitaryTime);
+}
+
+QString minutesText(double minutes) {
+    return minutes == 1 ? QStringLiteral("1 minute") : QStringLiteral("%1 minutes").arg(minutes);
+}
+
+// Who is in the way and for how long, for the row that is selected in the dialog.
+QString lengthText(const Conflict& conflict, MinuteSpan proposed) {
+    const QString who = conflict.text.isEmpty() ? conflict.place : conflict.text;
+    const QString length = minutesText(conflict.time.end - conflict.time.start);
+    const double shared = MinutesInCommon(proposed, conflict.time);
+    if (shared <= 0)
+        return QStringLiteral("%1: %2.").arg(who, length);
+    if (shared == conflict.time.end - conflict.time.start)
+        return QStringLiteral("%1: %2, all in the new time.").arg(who, length);
+    return QStringLiteral("%1: %2, %3 of them in the new time.").arg(who, length, QString::number(shared));
+}
+
+void addRows(AppointmentConflict& form, const std::vector<Conflict>& conflicts, MinuteSpan proposed) {
+    for (const Conflict& conflict : conflicts) {
+        const QStringList cells{ShortDateText(conflict.date), timeText(conflict.time.start),
+                                timeText(conflict.time.end), CleanFieldText(conflict.text),
+                                CleanFieldText(conflict.place)};
+        const int row = form.ctList1->AddRow(cells.join(QLatin1Char(';')));
+        form.ctList1->SetItemText(row, lengthText(conflict, proposed));
+    }
+}
+
+enum class Booked { Provider, Room };
+
+// Runs the search, and shows what it found; true when the caller must stop.
+template <typename Search>
+bool mustStop(Booked booked, MinuteSpan proposed, Search&& search) {
+    std::vector<Conflict> conflicts;
+    try {
+        conflicts = search();
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error checking for conflicts. Nothing has been saved. "), error);
+        return true;
+    }
+    if (conflicts.empty())
+        return false;
+    AppointmentConflict form;
+    if (booked == Booked::Room)
+        form.ShowAsRoomConflict();
+    addRows(form, conflicts, proposed);
+    ShowModal(form);
+    return form.tag == QStringLiteral("N");
+}
+
+}  // namespace
+
+std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
+                                        const QString& providerId) {
+    std::vector<Conflict> conflicts;
+    ProviderNames names;
+    Recordset rows(apptStatement(key, date, start, end, patientId, providerId), Session().Connection);
+    for (; !rows.Eof(); rows.MoveNext())
+        conflicts.push_back(
+            {rows["dapptdate"].date(), timeOf(rows), rows["cappttext"].text(), names[rows["clinicianid"].text()]});
+    sortByTime(conflicts);
+    return conflicts;
+}
+
+std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment) {
+    std::vector<Conflict> conflicts;
+    for (const QString& statement : roomStatements(key, date, start, end, roomId, byAppointment)) {
+        Recordset rows(statement, Session().Connection);
+        for (; !rows.Eof(); rows.MoveNext())
+            conflicts.push_back(
+                {rows["nApptDate"].date(), timeOf(rows), rows["croomtext"].text(), rows["Room"].text()});
+        if (!conflicts.empty())
+            break;
+    }
+    sortByTime(conflicts);
+    return conflicts;
+}
+
+bool CheckApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
+                        const QString& providerId) {
+    return mustStop(Booked::Provider, {start, end},
+                    [&] { return FindApptConflicts(key, date, start, end, patientId, providerId); });
+}
+
+bool CheckRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment) {
+    return mustStop(Booked::Room, {start, end},
+                    [&] { return FindRoomConflicts(key, date, start, end, roomId, byAppointment); });
+}

@@ -1,0 +1,58 @@
+#include "tests/appointments/appointmentfixture.h"
+
+using db::Sql;
+
+AppointmentFixture::AppointmentFixture() {
+    ResetSession();
+    Session().Connection.Open(database.connectionText());
+    provider(QStringLiteral("REED"), QStringLiteral("Reed"));
+    provider(QStringLiteral("OBRIEN"), QStringLiteral("O'Brien"));
+}
+
+int AppointmentFixture::appointment(const Row& row) {
+    database.connection().Execute(Sql(
+        "Insert Into appointments (dapptdate, nStartTime, nEndTime, cappttext, clinicianid, patientid, appttype) Values ('{}', {}, {}, '{}', '{}', '{}', {})",
+        row.date, row.start, row.end, row.text, row.provider, row.patient, row.kind));
+    return static_cast<int>(database.connection().LastIdentity());
+}
+
+int AppointmentFixture::booking(int room, int start, int end, const QString& text, int appointmentKey) {
+    database.connection().Execute(Sql(
+        "Insert Into roomschedule (nApptDate, nStartTime, nEndTime, croomtext, croomid, apptid) Values ('{}', {}, {}, '{}', {}, {})",
+        day, start, end, text, room, appointmentKey));
+    return static_cast<int>(database.connection().LastIdentity());
+}
+
+void AppointmentFixture::provider(const QString& id, const QString& lastName) {
+    database.connection().Execute(
+        Sql("Insert Into provider_info (id, prov_lastname) Values ('{}', '{}')", id, lastName));
+}
+
+int AppointmentFixture::room(const QString& name) {
+    database.connection().Execute(Sql("Insert Into rooms (Room) Values ('{}')", name));
+    return static_cast<int>(database.connection().LastIdentity());
+}
+
+void AppointmentFixture::patient(const QString& id, const QString& lastName) {
+    database.connection().Execute(Sql("Insert Into patient_info (id, last_name) Values ('{}', '{}')", id, lastName));
+}
+
+QString AppointmentFixture::loseDatabase() {
+    Session().Connection.Close();
+    return failureOf(QStringLiteral("Select * from settings"));
+}
+
+QString AppointmentFixture::dropTable(const QString& table) {
+    database.connection().Execute(Sql("Drop Table {}", db::Raw{table}));
+    return failureOf(Sql("Select * from {}", db::Raw{table}));
+}
+
+QString AppointmentFixture::failureOf(const QString& statement) {
+    try {
+        const db::Recordset rows(statement, Session().Connection);
+    } catch (const db::DatabaseError& error) {
+        return error.description;
+    }
+    ADD_FAILURE() << "This statement should have failed: " << statement.toStdString();
+    return {};
+}
