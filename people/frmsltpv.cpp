@@ -124,6 +124,8 @@ void frmsltpv::cmdfind_Click() {
             List1->SelectRow(row);
             return;
         }
+    // Enter must not open another provider's schedule than the one that was typed.
+    List1->SelectRow(-1);
 }
 
 void frmsltpv::cmdOk_Click() {

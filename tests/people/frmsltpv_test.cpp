@@ -116,11 +116,14 @@ TEST_F(ProviderSelection, TypingFindsTheFirstNameThatStartsSo) {
     EXPECT_EQ(form.List1->SelectedRow(), 2);
 }
 
-TEST_F(ProviderSelection, ANameThatNobodyHasLeavesTheSelection) {
+TEST_F(ProviderSelection, ANameThatNobodyHasSelectsNobody) {
     frmsltpv form;
-    form.List1->SelectRow(1);
+    QTest::keyClicks(form.txtfind, QStringLiteral("yo"));
     QTest::keyClicks(form.txtfind, QStringLiteral("zz"));
-    EXPECT_EQ(form.List1->SelectedRow(), 1);
+    EXPECT_LT(form.List1->SelectedRow(), 0);
+    EXPECT_FALSE(form.cmdOk->isEnabled());
+    QTest::keyClick(form.txtfind, Qt::Key_Return);
+    EXPECT_EQ(form.result(), QDialog::Rejected);
 }
 
 TEST_F(ProviderSelection, FindIsOfferedOnlyForATextAndFindsAgain) {
