@@ -202,6 +202,12 @@ QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     }
 }
 
+QRect QuietStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+    const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    // Text stands off the border as the text of a combo box does.
+    return element == SE_LineEditContents && !isInsideField(widget) ? rect.adjusted(3, 0, -3, 0) : rect;
+}
+
 QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                    const QWidget* widget) const {
     QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
@@ -315,6 +321,10 @@ QIcon QuietStyle::standardIcon(StandardPixmap picture, const QStyleOption* optio
             return Icon(QStringLiteral("warning"), colours.caution);
         case SP_MessageBoxCritical:
             return Icon(QStringLiteral("missed"), colours.danger);
+        case SP_LineEditClearButton:
+            return Icon(QStringLiteral("close"), colours.mutedText);
+        case SP_ToolBarHorizontalExtensionButton:
+            return Icon(QStringLiteral("more"));
         default:
             return QProxyStyle::standardIcon(picture, option, widget);
     }

@@ -56,6 +56,14 @@ TEST_F(QuietStyleTest, AMessageBoxShowsOurPictures) {
     }
 }
 
+TEST_F(QuietStyleTest, TheSmallButtonsOfFieldsAndToolbarsShowOurPictures) {
+    const QStyle& style = *QApplication::style();
+    const QSize size(24, 24);
+    EXPECT_TRUE(shows(style.standardIcon(QStyle::SP_LineEditClearButton).pixmap(size).toImage(), colours.mutedText));
+    EXPECT_TRUE(
+        shows(style.standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(size).toImage(), colours.text));
+}
+
 TEST_F(QuietStyleTest, TheButtonsOfAMessageBoxHaveNoPictures) {
     const QMessageBox box(QMessageBox::Information, QString(), QStringLiteral("Text"), QMessageBox::Ok);
     EXPECT_TRUE(box.button(QMessageBox::Ok)->icon().isNull());
