@@ -176,6 +176,13 @@ void ctList::changeEvent(QEvent* event) {
         layOutColumns();
 }
 
+// Without headings the user cannot size the columns.
+void ctList::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    if (isHeaderHidden())
+        layOutColumns();
+}
+
 void ctList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
     Q_EMIT SelectionChanged();
@@ -183,6 +190,7 @@ void ctList::selectionChanged(const QItemSelection& selected, const QItemSelecti
 
 void ctList::layOutColumns() {
     const int character = fontMetrics().averageCharWidth();
+    const int most = isHeaderHidden() ? viewport()->width() / 2 : QWIDGETSIZE_MAX;
     bool shares = false;
     for (int section = 0; section < model_.columnCount(); ++section) {
         const ListColumn& column = model_.columns()[static_cast<std::size_t>(section)];
@@ -190,7 +198,7 @@ void ctList::layOutColumns() {
         header()->setSectionResizeMode(section, fixed ? QHeaderView::Interactive : QHeaderView::Stretch);
         const int least = header()->sectionSizeHint(section);
         if (fixed)
-            header()->resizeSection(section, std::max(least, column.widthCharacters * character));
+            header()->resizeSection(section, std::max(least, std::min(column.widthCharacters * character, most)));
         shares = shares || !fixed;
     }
     header()->setStretchLastSection(!shares);

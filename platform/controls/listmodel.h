@@ -10,7 +10,9 @@ struct ListColumn {
 
     QString header;
     Kind kind = Kind::Text;
-    int widthCharacters = 0;  ///< Width to begin with, in average characters; 0 shares what the others leave.
+    /// Width to begin with, in average characters; 0 shares what the others leave. Without headings, at most half the
+    /// list.
+    int widthCharacters = 0;
     Qt::Alignment alignment = Qt::AlignLeft;
 };
 

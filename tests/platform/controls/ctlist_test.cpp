@@ -55,6 +55,20 @@ TEST_F(ListTest, ARowIsCutIntoItsCells) {
     EXPECT_EQ(list.RowText(1), QStringLiteral("1;Answer letters;Low"));
 }
 
+TEST_F(ListTest, WithoutHeadingsAFixedColumnLeavesHalfOfANarrowListToTheOthers) {
+    list.SetColumns({{QString(), ListColumn::Kind::Text, 20}, {QString()}});
+    list.setHeaderHidden(true);
+    list.show();
+    const int wanted = 20 * list.fontMetrics().averageCharWidth();
+    EXPECT_EQ(list.header()->sectionSize(0), wanted);
+    list.resize(wanted, 300);
+    QApplication::processEvents();
+    EXPECT_EQ(list.header()->sectionSize(0), list.viewport()->width() / 2);
+    list.resize(400, 300);
+    QApplication::processEvents();
+    EXPECT_EQ(list.header()->sectionSize(0), wanted);
+}
+
 TEST_F(ListTest, MissingCellsAreEmptyAndSpareOnesAreKeptInTheText) {
     list.AddRow(QStringLiteral("0;Alone"));
     EXPECT_EQ(list.Cell(0, Priority), QString());
