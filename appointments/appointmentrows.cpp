@@ -1,0 +1,52 @@
+#include "appointments/appointmentrows.h"
+
+#include "appointments/errorbox.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr int LongestRoomText = 100;
+
+}  // namespace
+
+bool SetApptStatus(int key, int code) {
+    return db::Ignoring([&] {
+        Session().Connection.Execute(db::Sql("Update appointments Set ncolor = {} Where nkeyId = {}", code, key));
+    });
+}
+
+int ApptRoomId(int apptKey) {
+    if (apptKey < 1)
+        return 0;
+    try {
+        const db::Recordset booking(db::Sql("Select croomid from roomschedule Where apptid = {}", apptKey),
+                                    Session().Connection);
+        return booking.Eof() ? 0 : static_cast<int>(booking["croomid"].integer());
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error reading room schedule. "), error);
+        return -1;
+    }
+}
+
+bool UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text) {
+    if (apptKey < 1)
+        return true;
+    try {
+        db::Recordset booking(db::Sql("SELECT * From roomschedule Where apptid ={}", apptKey), Session().Connection,
+                              db::Lock::Optimistic);
+        if (booking.Eof())
+            return true;
+        booking.Set("nStartTime", start);
+        booking.Set("nendTime", end);
+        booking.Set("nApptDate", date);
+        if (!text.isEmpty())
+            booking.Set("croomtext", text.left(LongestRoomText));
+        booking.Update();
+        return true;
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error saving room schedule. "), error);
+        return false;
+    }
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+/// Gives the appointment a status code (data/codes.h). A row that is gone changes nothing, and nobody is told of a
+/// failure; false when the database refused the statement, so that a view need not show what was not stored.
+bool SetApptStatus(int key, int code);
+
+/// The room booked for an appointment, 0 where there is none. -1 where that could not be read, which the user has been
+/// told: the caller must not take it for a booking that is not there. A key below 1 is an appointment that was never
+/// saved and has no room, although the meetings that belong to no appointment carry apptid 0.
+[[nodiscard]] int ApptRoomId(int apptKey);
+
+/// Moves the first room booking of an appointment to another time, in minutes since midnight, and day, and gives it
+/// another text (its first 100 characters) where `text` is not empty. Without a booking, and for a key below 1, nothing
+/// is done. On a failure the user is told "Error saving room schedule. " with the reason, and the answer is false.
+bool UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text);

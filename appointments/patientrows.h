@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+/// One column of a patient's record; "" without a patient or a value, and where it cannot be read. "telephone_h",
+/// "telephone_b" (with room for an extension) and "Other_Phone" come in the form of the practice's telephone mask, the
+/// last only when the patient has a kind of other telephone; any other column comes as it is.
+[[nodiscard]] QString PatientFieldText(const QString& patientId, const QString& field);
+
+/// The patient's e-mail address, without blanks around it; "" where there is none. On a failure the user is told "Error
+/// retrieving patient e-mail address. " with the reason.
+[[nodiscard]] QString checkForEmailAddress(const QString& patientId);
+
+/// Whether the patient's record exists, archived or not. On a failure the user is told "Error reading patient list. "
+/// with the reason, and the answer is false.
+[[nodiscard]] bool patientinDB(const QString& patientId);
+
+/// What remains of the first authorization that holds for the patient on `date`, as the sentence the editor shows, or
+/// the one that says there is none. On a failure the user is told "Error retrieving patient authorization information.
+/// " with the reason, and the answer is "".
+[[nodiscard]] QString GetAuthInfo(const QString& patientId, QDate date);
