@@ -39,6 +39,7 @@ class Engine {
     virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}) = 0;
     virtual void begin() = 0;
     virtual void commit() = 0;
+    /// No failure where a fault has ended the transaction already.
     virtual void rollback() = 0;
     /// From the schema, kept for the session. An unknown table is error 208.
     virtual const TableInfo& describe(const QString& table) = 0;

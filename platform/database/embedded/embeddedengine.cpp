@@ -142,7 +142,8 @@ void EmbeddedEngine::configure() {
     runOwn("Select count(*) From sqlite_master");
     if (sqlite3_db_readonly(handle_.get(), "main") == 0)
         runOwn("Pragma journal_mode = WAL");
-    runOwn("Pragma synchronous = NORMAL");
+    // What was saved is on the disk, also when the power fails a moment later.
+    runOwn("Pragma synchronous = FULL");
     runOwn("Pragma foreign_keys = ON");
     runOwn("Pragma cache_size = -20000");
     runOwn("Pragma temp_store = MEMORY");
@@ -223,10 +224,9 @@ void EmbeddedEngine::commit() {
 }
 
 void EmbeddedEngine::rollback() {
-    if (sqlite3_get_autocommit(handle_.get()) != 0)
-        throw DatabaseError(3903,
-                            QStringLiteral("The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION."));
-    runOwn("Rollback");
+    // SQLite may have ended the transaction itself, as when the disk was full.
+    if (sqlite3_get_autocommit(handle_.get()) == 0)
+        runOwn("Rollback");
     // A table made within the transaction is gone with it.
     forgetSchema();
 }
