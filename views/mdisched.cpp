@@ -285,11 +285,11 @@ void mdisched::cyclePanes(int direction) {
     if (view_ != nullptr)
         add(view_, view_->focusProxy() != nullptr ? view_->focusProxy() : view_);
     add(pnlsched_, pnlsched_);
-    if (panes.empty())
+    const auto count = static_cast<int>(panes.size());
+    if (count == 0)
         return;
 
     const QWidget* focus = QApplication::focusWidget();
-    const auto count = static_cast<int>(panes.size());
     int at = direction > 0 ? -1 : count;
     for (int pane = 0; pane < count; ++pane)
         if (focus != nullptr && (panes[static_cast<std::size_t>(pane)] == focus ||
