@@ -28,17 +28,15 @@ QStringList argumentsOf(int argc, char** argv) {
     return arguments;
 }
 
-/// Chooses the platform before there is an application. False when there is nothing to show a window on.
-bool chooseDisplay(const AppOptions& options) {
-    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        return true;
-    const bool x11 = !qEnvironmentVariableIsEmpty("DISPLAY");
-    const bool wayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-    if (!options.screenshotFile.isEmpty()) {
-        qputenv("QT_QPA_PLATFORM", x11 ? "xcb;offscreen" : "offscreen");
-        return true;
-    }
-    return x11 || wayland;
+/// The platform's plugins in the order in which to try them; empty when there is no display. The last one needs none:
+/// on it a picture can be made, and a display that does not answer can be told.
+QByteArray platformsFor(const AppOptions& options) {
+    QByteArray platforms;
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        platforms += "xcb;";
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        platforms += "wayland;";
+    return platforms.isEmpty() && options.screenshotFile.isEmpty() ? platforms : platforms + "offscreen";
 }
 
 QString viewName(int currentView) {
@@ -74,6 +72,33 @@ int run(const AppOptions& options, ViewFactories factories) {
     return QApplication::exec();
 }
 
+int start(int argc, char** argv, const AppOptions& options, ViewFactories factories) {
+    const bool picture = !options.screenshotFile.isEmpty();
+    const bool platformGiven = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (!platformGiven) {
+        const QByteArray platforms = platformsFor(options);
+        if (platforms.isEmpty())
+            return refuse(QStringLiteral("there is no display; --screenshot FILE makes a picture without one"), Failed);
+        qputenv("QT_QPA_PLATFORM", platforms);
+    }
+    if (picture)
+        QuietenPlatform();
+    QApplication app(argc, argv);
+    if (!platformGiven) {
+        // The programs that this one starts choose for themselves.
+        qunsetenv("QT_QPA_PLATFORM");
+        if (!picture && QApplication::platformName() == QLatin1String("offscreen"))
+            return refuse(QStringLiteral("the display does not answer; --screenshot FILE makes a picture without one"),
+                          Failed);
+    }
+    QApplication::setApplicationName(QStringLiteral("svscheduler"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Solvane Scheduler"));
+    QApplication::setApplicationVersion(QStringLiteral(SVS_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("svscheduler"));
+    Theme::Install(options.mode);
+    return run(options, std::move(factories));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -91,16 +116,5 @@ int main(int argc, char** argv) {
     ViewFactories factories = MakeViewFactories();
     if (const QString why = whyNot(options, factories); !why.isEmpty())
         return refuse(why, BadUsage);
-    if (!chooseDisplay(options))
-        return refuse(QStringLiteral("there is no display; --screenshot FILE makes a picture without one"), Failed);
-
-    if (!options.screenshotFile.isEmpty())
-        QuietenPlatform();
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("svscheduler"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Solvane Scheduler"));
-    QApplication::setApplicationVersion(QStringLiteral(SVS_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("svscheduler"));
-    Theme::Install(options.mode);
-    return run(options, std::move(factories));
+    return start(argc, argv, options, std::move(factories));
 }

@@ -19,7 +19,7 @@ struct Outcome {
 
 class ProgramTest : public testing::Test {
   protected:
-    Outcome run(const QStringList& arguments, bool withDisplay = true) {
+    Outcome run(const QStringList& arguments, bool withDisplay = true, const QString& display = {}) {
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path());
@@ -27,6 +27,8 @@ class ProgramTest : public testing::Test {
         if (!withDisplay)
             for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
                 environment.remove(QString::fromLatin1(name));
+        if (!display.isEmpty())
+            environment.insert(QStringLiteral("DISPLAY"), display);
         program.setProcessEnvironment(environment);
         program.start(QStringLiteral(SVS_PROGRAM), arguments);
         EXPECT_TRUE(program.waitForFinished(60000)) << "The program did not end.";
@@ -81,6 +83,14 @@ TEST_F(ProgramTest, WithoutADisplayItSaysHowToGetAPicture) {
     EXPECT_NE(blind.status, 0);
     EXPECT_EQ(blind.err,
               QStringLiteral("svscheduler: there is no display; --screenshot FILE makes a picture without one\n"));
+}
+
+TEST_F(ProgramTest, ADisplayThatDoesNotAnswerIsToldInsteadOfACrash) {
+    const Outcome blind = run({QStringLiteral("2|ADMIN")}, false, QStringLiteral(":4711"));
+    EXPECT_EQ(blind.status, 1);
+    EXPECT_TRUE(blind.err.contains(
+        QStringLiteral("svscheduler: the display does not answer; --screenshot FILE makes a picture without one\n")))
+        << blind.err.toStdString();
 }
 
 TEST_F(ProgramTest, APictureWithoutAUserIsRefusedRatherThanStuckAtTheLogon) {
