@@ -1,0 +1,109 @@
+#include "platform/controls/fieldedit.h"
+
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QStyleOptionSpinBox>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include "platform/controls/fieldflag.h"
+
+namespace {
+
+/// What a QLineEdit's button is wider than its icon.
+constexpr int SignPadding = 6;
+
+}  // namespace
+
+FieldEdit::FieldEdit(QWidget* parent) : QAbstractSpinBox(parent), flag_(new FieldFlag(*this, *lineEdit())) {
+    setFocusPolicy(Qt::StrongFocus);
+    lineEdit()->installEventFilter(this);
+    connect(lineEdit(), &QLineEdit::textEdited, flag_, &FieldFlag::clear);
+    connect(lineEdit(), &QLineEdit::textChanged, this, &FieldEdit::Change);
+}
+
+void FieldEdit::setText(const QString& text) {
+    const std::optional<QString> shown = normalised(text);
+    if (shown || text.trimmed().isEmpty())
+        flag_->clear();
+    else
+        flag_->mark(complaint());
+    lineEdit()->setText(shown.value_or(text));
+}
+
+QString FieldEdit::ErrorTip() const {
+    return flag_->complaint();
+}
+
+QSize FieldEdit::sizeHint() const {
+    ensurePolished();
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    const int sign = style()->pixelMetric(QStyle::PM_LineEditIconSize, nullptr, this) +
+                     style()->pixelMetric(QStyle::PM_LineEditIconMargin, nullptr, this) + SignPadding;
+    const int room = fontMetrics().horizontalAdvance(widestText() + QLatin1Char(' ')) + (1 + signCount()) * sign;
+    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, {room, lineEdit()->sizeHint().height()}, this);
+}
+
+void FieldEdit::leave() {
+    if (IsEmpty() || IsValid())
+        return setText(text());
+    flag_->complain(complaint());
+    Q_EMIT EditError(complaint());
+}
+
+void FieldEdit::showStepped(const QString& text) {
+    setText(text);
+    selectAll();
+}
+
+bool FieldEdit::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractSpinBox::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), flag_->isUp() ? flag_->complaint() : hint(), this);
+    return true;
+}
+
+bool FieldEdit::eventFilter(QObject* watched, QEvent* event) {
+    // A click that entered the field would put the cursor and lose the selection; one that draws a selection keeps it.
+    if (event->type() == QEvent::MouseButtonRelease && selectOnRelease_) {
+        selectOnRelease_ = false;
+        if (!lineEdit()->hasSelectedText())
+            selectAll();
+    }
+    return QAbstractSpinBox::eventFilter(watched, event);
+}
+
+void FieldEdit::focusInEvent(QFocusEvent* event) {
+    QAbstractSpinBox::focusInEvent(event);
+    if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
+        return;
+    selectOnRelease_ = event->reason() == Qt::MouseFocusReason;
+    selectAll();
+}
+
+void FieldEdit::focusOutEvent(QFocusEvent* event) {
+    // Another window or the field's own calendar in front: the user is coming back.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason && !isReadOnly())
+        leave();
+    QAbstractSpinBox::focusOutEvent(event);
+}
+
+void FieldEdit::keyPressEvent(QKeyEvent* event) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !isReadOnly())
+        leave();
+    QAbstractSpinBox::keyPressEvent(event);
+}
+
+void FieldEdit::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QAbstractSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+void FieldEdit::paintEvent(QPaintEvent* event) {
+    QAbstractSpinBox::paintEvent(event);
+    flag_->paintBorder();
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <optional>
+#include <QAbstractSpinBox>
+
+class FieldFlag;
+
+/// What the fields with spin buttons share: a text that a person types freely, read as it stands at every moment, and
+/// written in the field's own form when the field is left or Enter is pressed.
+///
+/// A text that is not understood stays as typed; on leaving, the field flags it, beeps, shows its complaint and raises
+/// EditError. Entering selects the whole text. The spin buttons, Up and Down and, only in the focused field, the wheel
+/// step the value; an empty field does not step.
+class FieldEdit : public QAbstractSpinBox {
+    Q_OBJECT
+
+  public:
+    explicit FieldEdit(QWidget* parent = nullptr);
+
+    /// Shows a text, in the field's own form if it is understood, flagged without a sound if not.
+    void setText(const QString& text);
+
+    [[nodiscard]] QString Text() const { return text(); }
+    [[nodiscard]] bool IsEmpty() const { return text().trimmed().isEmpty(); }
+    /// Whether the text is understood. An empty field is not.
+    [[nodiscard]] bool IsValid() const { return normalised(text()).has_value(); }
+    /// The complaint shown; empty while the field is not flagged.
+    [[nodiscard]] QString ErrorTip() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  Q_SIGNALS:
+    /// The text changed, by the user or by the program.
+    void Change();
+    /// The field was left with a text that it does not understand.
+    void EditError(const QString& complaint);
+
+  protected:
+    /// The text in the field's own form, or nothing when it is not understood.
+    [[nodiscard]] virtual std::optional<QString> normalised(const QString& text) const = 0;
+    /// What to tell about a text that is not understood.
+    [[nodiscard]] virtual QString complaint() const = 0;
+    [[nodiscard]] virtual QString widestText() const = 0;
+    /// Signs in the field besides the flag's.
+    [[nodiscard]] virtual int signCount() const { return 0; }
+    /// What the tip tells about an understood text.
+    [[nodiscard]] virtual QString hint() const { return toolTip(); }
+
+    /// The text is finished: writes it in the field's own form or flags it.
+    void leave();
+    /// Shows the outcome of a step, selected.
+    void showStepped(const QString& text);
+
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    FieldFlag* flag_;
+    bool selectOnRelease_ = false;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QAction>
+#include <QLineEdit>
+#include <QPointer>
+
+/// The mark of a field whose text is not understood: a red border, a warning sign in the field, the complaint as its
+/// tip and as its accessible description. The text itself stays.
+class FieldFlag : public QObject {
+    Q_OBJECT
+
+  public:
+    /// `edit` is the field's line edit, `host` the whole field; they may be one widget.
+    FieldFlag(QWidget& host, QLineEdit& edit);
+
+    /// Marks the field without a sound.
+    void mark(const QString& complaint);
+    /// Marks the field, beeps and shows the complaint below it.
+    void complain(const QString& complaint);
+    void clear();
+    /// To be called at the end of the host's paint event.
+    void paintBorder() const;
+
+    [[nodiscard]] bool isUp() const { return !complaint_.isEmpty(); }
+    [[nodiscard]] const QString& complaint() const { return complaint_; }
+    /// What a warning is painted in: seen on the palette's base, light or dark.
+    [[nodiscard]] static QColor Colour(const QPalette& palette);
+
+  private:
+    QWidget& host_;
+    QLineEdit& edit_;
+    QAction* sign_;
+    QString complaint_;
+    QString description_;  ///< The host's own accessible description while the flag is up.
+};
