@@ -71,11 +71,14 @@ void frmsched::LoadDayView() {
     const QDate date = main().Date();
     const bool sameDay = date == loadedDate_ && Session().ProviderId == loadedProvider_;
     const int keptTop = ctMDay1->TopTime();
-    const QString keptKey = sameDay && ctMDay1->SelectedItem() > 0
+    // Whoever hides the names wants none left in the details either.
+    const bool hidesNames = Session().HidePatientNames && !loadedNamesHidden_;
+    const QString keptKey = sameDay && !hidesNames && ctMDay1->SelectedItem() > 0
                                 ? std::as_const(*ctMDay1).Item(ctMDay1->SelectedItem()).ItemKey
                                 : QString();
     loadedDate_ = date;
     loadedProvider_ = Session().ProviderId;
+    loadedNamesHidden_ = Session().HidePatientNames;
 
     ctMDay1->setDate(date);
     ctMDay1->ClearItems();

@@ -18,9 +18,9 @@ class frmsched : public CalendarView {
     explicit frmsched(MainWindow& main, QWidget* parent = nullptr);
 
     /// Reads the main window's date for the session's provider. A reload of the day that is shown keeps the place and
-    /// the selected item; another day or provider starts at its first minute. Appointments that cannot be read are
-    /// told, so that nobody books into a day that only looks free; any other read that fails leaves the day a little
-    /// shorter.
+    /// the selected item, unless the names were hidden meanwhile; another day or provider starts at its first minute.
+    /// Appointments that cannot be read are told, so that nobody books into a day that only looks free; any other read
+    /// that fails leaves the day a little shorter.
     void LoadDayView();
     /// Shades the time outside the provider's working hours on that weekday.
     void LoadWorkSchedule(QDate day);
@@ -77,5 +77,6 @@ class frmsched : public CalendarView {
     QHash<QString, RowFacts> facts_;
     QDate loadedDate_;
     QString loadedProvider_;
+    bool loadedNamesHidden_ = false;
     QString tasksOf_;
 };

@@ -6,6 +6,7 @@
 
 #include "data/codes.h"
 #include "platform/calendar/ctmday.h"
+#include "platform/controls/ctlist.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/userstore.h"
 #include "tests/support/testdatabase.h"
@@ -80,6 +81,20 @@ TEST_F(DayWindow, HidingNamesReloadsTheDay) {
 
     press(Qt::Key_H, Qt::ControlModifier);
     EXPECT_EQ(std::as_const(day()).Item(1).ItemTextColor, TextColor::Normal);
+}
+
+TEST_F(DayWindow, HidingNamesTakesTheNameOutOfTheDetails) {
+    add("Anna", QDate(2026, 3, 11));
+    open();
+    day().setSelectedItem(1);
+
+    press(Qt::Key_H, Qt::ControlModifier);
+    EXPECT_EQ(day().SelectedItem(), 0);
+    EXPECT_EQ(the<ctList>("ctListInfo").RowText(0), QStringLiteral(";No Appointment Selected"));
+
+    day().setSelectedItem(1);
+    press(Qt::Key_F5);
+    EXPECT_EQ(day().SelectedItem(), 1) << "What was chosen while names are hidden stays.";
 }
 
 TEST_F(DayWindow, TheSplitterRemembersWhereTheUserPutIt) {
