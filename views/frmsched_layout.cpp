@@ -71,7 +71,7 @@ QWidget* frmsched::makeInfoPane() {
     ctListInfo = new ctList;
     ctListInfo->setObjectName(QStringLiteral("ctListInfo"));
     ctListInfo->setAccessibleName(tr("Appointment details"));
-    ctListInfo->SetColumns({{QString(), ListColumn::Kind::Text, 26}, {QString()}});
+    ctListInfo->SetColumns({{QString(), ListColumn::Kind::Text, 29}, {QString()}});
     ctListInfo->setHeaderHidden(true);
     ctListInfo->setMinimumWidth(1);
     return makePane(tr("A&ppointment"), ctListInfo);
