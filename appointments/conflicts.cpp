@@ -90,7 +90,7 @@ QString minutesText(double minutes) {
 
 // Who is in the way and for how long, for the row that is selected in the dialog.
 QString lengthText(const Conflict& conflict, MinuteSpan proposed) {
-    const QString who = conflict.text.isEmpty() ? conflict.place : conflict.text;
+    const QString who = (conflict.text.isEmpty() ? conflict.place : conflict.text).simplified();
     const QString length = minutesText(conflict.time.end - conflict.time.start);
     const double shared = MinutesInCommon(proposed, conflict.time);
     if (shared <= 0)

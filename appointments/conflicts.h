@@ -17,14 +17,15 @@ struct Conflict {
 /// What the provider has booked on `date` in conflict with `start` to `end` (minutes since midnight) and, where
 /// `patientId` is not empty, what the patient has booked with anybody; by time. The row `key` (0: none) and rows of
 /// appttype 4 never conflict; missed and cancelled ones do. Two rows that look the same in every column are listed
-/// once. A provider who is no longer known is named by the id. Throws db::DatabaseError.
+/// once. A row whose appttype is null is not seen; new rows get 0 from the database. A provider who is no longer known
+/// is named by the id. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, double end,
                                                       const QString& patientId, const QString& providerId);
 
 /// What is booked in the room in conflict with `start` to `end`; by time. `byAppointment` other than 0 leaves out the
-/// booking of the appointment `key`, 0 the booking whose own key it is. Bookings that hold the start come first: with
-/// any, those that only hold the end are not looked for, nor after these those that lie within. Throws
-/// db::DatabaseError.
+/// booking of the appointment `key` (and does not see one whose apptid is null; new ones get 0 from the database), 0
+/// the booking whose own key it is. Bookings that hold the start come first: with any, those that only hold the end are
+/// not looked for, nor after these those that lie within. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, double end, int roomId,
                                                       int byAppointment);
 

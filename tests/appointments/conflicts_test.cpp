@@ -201,6 +201,19 @@ TEST_F(Conflicts, ARowWithoutTimesIsInNobodysWay) {
     EXPECT_FALSE(check(0, Mary));
 }
 
+TEST_F(Conflicts, ARowThatAnEditorMadeWithoutAKindIsInTheWay) {
+    db::Recordset row(QStringLiteral("Select * from appointments where 0=1"), database.connection(),
+                      db::Lock::Optimistic);
+    row.AddNew();
+    row.Set("dapptdate", day);
+    row.Set("nStartTime", Nine);
+    row.Set("nEndTime", Ten);
+    row.Set("clinicianid", Reed);
+    row.Update();
+    expectList({QStringLiteral("3/11/2026;9:00 AM;10:00 AM;;Reed")});
+    EXPECT_TRUE(check());
+}
+
 TEST_F(Conflicts, WithoutADatabaseTheUserIsToldAndTheSaveStops) {
     expectFailure(loseDatabase());
     EXPECT_TRUE(check());
