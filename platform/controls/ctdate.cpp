@@ -1,5 +1,6 @@
 #include "platform/controls/ctdate.h"
 
+#include <algorithm>
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -13,6 +14,10 @@
 namespace {
 
 constexpr int WheelNotch = 120;
+
+QDate heldByDatabases(QDate date) {
+    return std::clamp(date, QDate(1753, 1, 1), QDate(9999, 12, 31));
+}
 
 }  // namespace
 
@@ -29,9 +34,10 @@ ctDate::ctDate(QWidget* parent) : QWidget(parent), date_(Today()) {
 void ctDate::SetDate(QDate date) {
     if (!date.isValid())
         return;
-    const bool moved = date != date_;
-    date_ = date;
-    grid_.month = date;
+    const QDate held = heldByDatabases(date);
+    const bool moved = held != date_;
+    date_ = held;
+    grid_.month = held;
     update();
     if (moved)
         TellDateChanged(*this);
@@ -50,7 +56,7 @@ void ctDate::SetFirstDayOfWeek(Qt::DayOfWeek day) {
 void ctDate::ShowMonth(QDate month) {
     if (!month.isValid())
         return;
-    grid_.month = month;
+    grid_.month = heldByDatabases(month);
     hover_ = {};
     update();
 }

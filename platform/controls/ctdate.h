@@ -17,7 +17,8 @@ class ctDate : public QWidget {
   public:
     explicit ctDate(QWidget* parent = nullptr);
 
-    /// Selects a date and shows its month; raises nothing. An invalid date is ignored.
+    /// Selects a date and shows its month; raises nothing. An invalid date is ignored; one that no database can hold,
+    /// before 1753 or after 9999, becomes the nearest that it can.
     void SetDate(QDate date);
     /// 0 month first, 1 day first, 2 year first: the order of the heading and of the tips.
     void SetDateOrder(int order);

@@ -103,6 +103,17 @@ TEST_F(DateTest, AClickOnADaySelectsItAndTellsOnce) {
     EXPECT_EQ(clicks[0][0].toDate(), QDate(2026, 3, 19));
 }
 
+TEST_F(DateTest, TheCalendarEndsWhereTheDatesOfADatabaseEnd) {
+    calendar.SetDate(QDate(10000, 1, 1));
+    EXPECT_EQ(calendar.Date(), QDate(9999, 12, 31));
+    QTest::keyClick(&calendar, Qt::Key_Right);
+    EXPECT_EQ(calendar.Date(), QDate(9999, 12, 31));
+    wheel(-1);
+    EXPECT_EQ(calendar.ShownMonth(), QDate(9999, 12, 1));
+    calendar.SetDate(QDate(1752, 12, 31));
+    EXPECT_EQ(calendar.Date(), QDate(1753, 1, 1));
+}
+
 TEST_F(DateTest, AClickOnADayOfTheNextMonthTurnsThePage) {
     QTest::mouseClick(&calendar, Qt::LeftButton, {}, placeOf(QDate(2026, 4, 2)));
     EXPECT_EQ(calendar.Date(), QDate(2026, 4, 2));
