@@ -34,4 +34,7 @@ inline constexpr int ApptTypeSlot = 4;
 /// The `clinicianid` of an Activity whose providers stand in `appointmentsevents`.
 inline constexpr char EventClinicianId[] = "~EVT";
 
+/// The `passwords.pswd_type_of_access` of the System Administrator.
+inline constexpr int SystemAdministrator = 2;
+
 [[nodiscard]] bool IsPatientRow(int code);

@@ -9,6 +9,7 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
+#include "data/codes.h"
 #include "data/scramble.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -22,7 +23,6 @@
 
 namespace {
 
-constexpr int SystemAdministrator = 2;
 const QString UserSection = QStringLiteral("USER");
 
 bool isUserIdCharacter(QChar c) {

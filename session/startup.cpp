@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 
 #include "bridge/link.h"
+#include "data/codes.h"
 #include "data/pipefields.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -23,7 +24,6 @@
 
 namespace {
 
-constexpr int SystemAdministrator = 2;
 constexpr int CompanionView = 5;
 const QString ErrorTitle = QStringLiteral("Error");
 

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "bridge/link.h"
+#include "data/codes.h"
 #include "platform/controls/ctdate.h"
 #include "platform/controls/cttaskpane.h"
 #include "platform/desktop/busypointer.h"
@@ -32,7 +33,6 @@ constexpr int MonthView = 3;
 constexpr int AllProvidersView = 4;
 constexpr int RoomView = 5;
 constexpr int CompanionView = 6;
-constexpr int SystemAdministrator = 2;
 
 }  // namespace
 
