@@ -120,10 +120,8 @@ void frmsched::loadAppointments(QDate date) {
         // The join gives a row of the provider's own once for each further provider.
         if (facts_.contains(item.ItemKey))
             continue;
-        if (const int start = std::max(item.ItemStart, 0); start < ctMDay1->FirstTime()) {
+        if (const int start = std::max(item.ItemStart, 0); start < ctMDay1->FirstTime())
             ctMDay1->setFirstTime(start);
-            ctMDay1->setTopTime(start);
-        }
         facts_[item.ItemKey] = {static_cast<int>(rows["appttype"].integer()), rows["CourtesyCallStatus"].text()};
         addItem(std::move(item));
     }

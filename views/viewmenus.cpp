@@ -176,10 +176,10 @@ void ViewMenus::refresh(const State& state) {
     if (state.action->isSeparator())
         return;
     state.action->setEnabled(state.bound && state.allowed);
-    if (!state.bound)
-        state.action->setToolTip(tr("Not available in this version."));
-    else if (!state.allowed)
+    if (!state.allowed)
         state.action->setToolTip(tr("Not available to you."));
+    else if (!state.bound)
+        state.action->setToolTip(tr("Not available in this version."));
     else
         state.action->setToolTip(QString());
 }

@@ -107,6 +107,12 @@ TEST_F(Preferences, StoringTwiceKeepsOneRowThatTellsWhoAndWhen) {
               "60");
 }
 
+TEST_F(Preferences, BlanksAroundAValueAreNotStored) {
+    EXPECT_TRUE(SetPreference(" 5 ", "WeekCols", "SchedulerGeneral"));
+    EXPECT_EQ(practice.value("Select '<' + UP_PD_Value + '>' from User_Preferences Where UP_Pref_Detail = 'WeekCols'"),
+              "<5>");
+}
+
 TEST_F(Preferences, StoringForAnotherUserIsStampedWithTheOneWhoDidIt) {
     EXPECT_TRUE(SetPreference("10", "FontSize", "Interface", AllUsers));
 

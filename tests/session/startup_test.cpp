@@ -15,6 +15,8 @@ TEST_F(StartingUp, EverythingComesInItsOrder) {
 }
 
 TEST_F(StartingUp, TheSessionKnowsUserScheduleAndPractice) {
+    Session().SoundEffects = true;
+
     ASSERT_TRUE(start());
 
     const SessionValues& session = Session();

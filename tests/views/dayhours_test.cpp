@@ -77,6 +77,10 @@ TEST_F(DayHours, ShadingBeginsWhereAnEarlyAppointmentWidenedTheGrid) {
 class DayRights : public DayFixture {
   protected:
     [[nodiscard]] bool enabled(const char* name) { return command(name).isEnabled(); }
+    /// Whether rights take the command away, be there something behind it yet or not.
+    [[nodiscard]] bool forbidden(const char* name) {
+        return !enabled(name) && command(name).toolTip() == "Not available to you.";
+    }
     [[nodiscard]] bool shown(const char* name) { return command(name).isVisible(); }
 };
 
@@ -86,7 +90,7 @@ TEST_F(DayRights, AReadOnlyUserCanNeitherAddNorSeeTheLists) {
     open();
 
     for (const char* name : {"mnuANew", "mnuAEdit", "mnuADelete", "mnuToDo"})
-        EXPECT_FALSE(enabled(name)) << name;
+        EXPECT_TRUE(forbidden(name)) << name;
     for (const char* name :
          {"mnuARepeat", "mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFAtypes", "mnuVActivity", "mnuFHolidays"})
         EXPECT_FALSE(shown(name)) << name;
@@ -99,16 +103,16 @@ TEST_F(DayRights, AUserWithoutDeleteRightsKeepsTheMenusButDeletion) {
 
     EXPECT_TRUE(enabled("mnuANew"));
     EXPECT_TRUE(enabled("mnuToDo"));
-    EXPECT_FALSE(enabled("mnuADelete"));
-    EXPECT_FALSE(enabled("mnuTDelete"));
+    EXPECT_TRUE(forbidden("mnuADelete"));
+    EXPECT_TRUE(forbidden("mnuTDelete"));
     EXPECT_TRUE(shown("mnuFLoc"));
 }
 
 TEST_F(DayRights, OnlyWhoSeesAllProvidersMayChooseAnother) {
     Session().AllProviders = false;
     open();
-    EXPECT_FALSE(enabled("mnuFSelect"));
-    EXPECT_FALSE(enabled("mnuASearchA"));
+    for (const char* name : {"mnuFSelect", "mnuVAll", "mnuASearchA"})
+        EXPECT_TRUE(forbidden(name)) << name;
 
     view_.reset();
     Session().AllProviders = true;
@@ -116,6 +120,16 @@ TEST_F(DayRights, OnlyWhoSeesAllProvidersMayChooseAnother) {
     EXPECT_TRUE(enabled("mnuFSelect"));
     command("mnuFSelect").trigger();
     EXPECT_EQ(main.asked, QStringList{"provider"});
+}
+
+TEST_F(DayRights, TheCompanionsScheduleIsOnlyForThoseWithALink) {
+    open();
+    EXPECT_TRUE(forbidden("mnuVFH"));
+
+    view_.reset();
+    Session().FHDatabaseId = "FH1";
+    open();
+    EXPECT_FALSE(forbidden("mnuVFH"));
 }
 
 TEST_F(DayRights, ACommandThatIsNotThereYetSaysSoAndDoesNothing) {

@@ -77,6 +77,18 @@ TEST_F(DayView, ARepeatingHolidayOfAnotherYearShows) {
     EXPECT_EQ(calendar().DayBackColor(), 49344);
 }
 
+TEST_F(DayView, TheDayAfterAHolidayHasItsUsualColours) {
+    run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Founders'' Day', '2026/03/11', 0)");
+    frmsched& view = open();
+
+    main.SetDate(QDate(2026, 3, 12));
+    view.Reload();
+
+    EXPECT_FALSE(calendar().HolidayFlag());
+    EXPECT_NE(calendar().DayHeaderColor(), 49344);
+    EXPECT_NE(calendar().DayBackColor(), 49344);
+}
+
 TEST_F(DayView, AHolidayOfAnotherYearThatDoesNotRepeatIsNoHoliday) {
     run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Once', '2019/03/11', 0)");
 
