@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "platform/database/error.h"
+#include "platform/database/overloaded.h"
 #include "platform/database/value.h"
 
 namespace db {
@@ -32,13 +33,6 @@ bool hasLoneQuote(const QString& text) {
     }
     return false;
 }
-
-template <class... Ts>
-struct Overloaded : Ts... {
-    using Ts::operator()...;
-};
-template <class... Ts>
-Overloaded(Ts...) -> Overloaded<Ts...>;
 
 }  // namespace
 

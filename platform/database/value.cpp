@@ -4,19 +4,9 @@
 #include <cmath>
 
 #include "platform/database/datetext.h"
+#include "platform/database/overloaded.h"
 
 namespace db {
-
-namespace {
-
-template <typename... Readers>
-struct Visitor : Readers... {
-    using Readers::operator()...;
-};
-template <typename... Readers>
-Visitor(Readers...) -> Visitor<Readers...>;
-
-}  // namespace
 
 double NumberAtStart(QStringView text) {
     const QStringView trimmed = text.trimmed();
@@ -57,22 +47,22 @@ Value::Value(QDateTime v) {
 }
 
 QString Value::text() const {
-    return std::visit(Visitor{[](std::monostate) { return QString(); }, [](qint64 v) { return QString::number(v); },
-                              [](double v) { return NumberText(v); }, [](const QString& v) { return v; },
-                              [](const QDateTime& v) { return v.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")); },
-                              [](bool v) { return v ? QStringLiteral("1") : QStringLiteral("0"); }},
+    return std::visit(Overloaded{[](std::monostate) { return QString(); }, [](qint64 v) { return QString::number(v); },
+                                 [](double v) { return NumberText(v); }, [](const QString& v) { return v; },
+                                 [](const QDateTime& v) { return v.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")); },
+                                 [](bool v) { return v ? QStringLiteral("1") : QStringLiteral("0"); }},
                       data_);
 }
 
 qint64 Value::integer() const {
-    return std::visit(Visitor{[](std::monostate) { return qint64{0}; }, [](qint64 v) { return v; },
-                              [](double v) { return WholeNumber(v); },
-                              [](const QString& v) {
-                                  bool whole = false;
-                                  const qint64 number = v.toLongLong(&whole);
-                                  return whole ? number : WholeNumber(NumberAtStart(v));
-                              },
-                              [](const QDateTime&) { return qint64{0}; }, [](bool v) { return qint64{v}; }},
+    return std::visit(Overloaded{[](std::monostate) { return qint64{0}; }, [](qint64 v) { return v; },
+                                 [](double v) { return WholeNumber(v); },
+                                 [](const QString& v) {
+                                     bool whole = false;
+                                     const qint64 number = v.toLongLong(&whole);
+                                     return whole ? number : WholeNumber(NumberAtStart(v));
+                                 },
+                                 [](const QDateTime&) { return qint64{0}; }, [](bool v) { return qint64{v}; }},
                       data_);
 }
 
