@@ -41,7 +41,7 @@ class ProviderNames {
 };
 
 QString apptStatement(int key, QDate date, double s, double e, const QString& patientId, const QString& providerId) {
-    const QString ofProvider = Sql(
+    QString ofProvider = Sql(
         "Select dapptdate, nstarttime, nendtime, cappttext, clinicianid from appointments Where nKeyid <> {} AND appttype <> 4  And Clinicianid = '{}' AND DApptDate = '{}'  And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {})) ",
         key, providerId, date, s, e, s, e);
     if (patientId.isEmpty())
