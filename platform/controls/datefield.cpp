@@ -13,9 +13,9 @@ constexpr int YearsAhead = 20;
 constexpr int MonthsBack = 6;
 constexpr int NameLetters = 3;
 
-/// What stands in a typed date, in the order typed. A part of 0 digits is missing.
+/// What stands in a typed date.
 struct Parts {
-    QStringList numbers;
+    QStringList numbers;    ///< In the order typed.
     int month = 0;          ///< 1 to 12 when named.
     int numbersBefore = 0;  ///< Numbers in front of the month's name.
     int weekday = 0;        ///< 1 Monday to 7 Sunday when named.
@@ -158,7 +158,7 @@ std::optional<QDate> relativeDate(const QString& typed, QDate today) {
         return std::nullopt;
     const int count = match.captured(u"count").toInt() * (match.captured(u"sign") == QLatin1String("-") ? -1 : 1);
     const QString unit = match.captured(u"unit");
-    const QDate date = unit == QLatin1String("w")   ? today.addDays(7 * count)
+    const QDate date = unit == QLatin1String("w")   ? today.addDays(qint64{7} * count)
                        : unit == QLatin1String("m") ? today.addMonths(count)
                        : unit == QLatin1String("y") ? today.addYears(count)
                                                     : today.addDays(count);

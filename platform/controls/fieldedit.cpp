@@ -1,5 +1,6 @@
 #include "platform/controls/fieldedit.h"
 
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -56,6 +57,8 @@ void FieldEdit::leave() {
 void FieldEdit::showStepped(const QString& text) {
     setText(text);
     selectAll();
+    QAccessibleValueChangeEvent told(this, text);
+    QAccessible::updateAccessibility(&told);
 }
 
 bool FieldEdit::event(QEvent* event) {
