@@ -5,8 +5,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -343,6 +345,16 @@ TEST_F(DateFieldTest, ADayClickedInTheCalendarIsTheDate) {
     clickDay(QDate(2026, 12, 24));
     EXPECT_FALSE(popup()->isVisible());
     EXPECT_EQ(field.Date(), QDate(2026, 12, 24));
+}
+
+TEST_F(DateFieldTest, TheButtonInTheFieldDropsTheCalendarAndTodayChooses) {
+    field.setDate(December3);
+    QTest::mouseClick(field.findChild<QToolButton*>(), Qt::LeftButton);
+    ASSERT_NE(popup(), nullptr);
+    EXPECT_TRUE(popup()->isVisible());
+    QTest::mouseClick(popup()->findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_FALSE(popup()->isVisible());
+    EXPECT_EQ(field.Date(), QDate(2026, 11, 21));
 }
 
 TEST_F(DateFieldTest, TheCalendarIsWalkedByKeysAndEnterChooses) {
