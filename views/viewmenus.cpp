@@ -121,28 +121,26 @@ void ViewMenus::addCommand(const char* name, const QString& text, const char* ic
 }
 
 void ViewMenus::Fill(QMenuBar& bar) {
-    QMenu* menu = nullptr;
-    QMenu* submenu = nullptr;
+    QWidget* menu = &bar;
+    QWidget* target = &bar;
     for (const Entry& entry : entries) {
         if (entry.kind == Kind::EndSubmenu) {
-            submenu = nullptr;
+            target = menu;
             continue;
         }
         QAction& action = Command(QString::fromLatin1(entry.name));
-        if (entry.kind == Kind::Menu || entry.kind == Kind::Submenu) {
-            auto* made = new QMenu(action.text(), entry.kind == Kind::Menu ? static_cast<QWidget*>(&bar) : menu);
-            made->setToolTipsVisible(true);
-            action.setMenu(made);
-            if (entry.kind == Kind::Menu) {
-                bar.addAction(&action);
-                menu = made;
-            } else {
-                menu->addAction(&action);
-                submenu = made;
-            }
+        if (entry.kind != Kind::Menu && entry.kind != Kind::Submenu) {
+            target->addAction(&action);
             continue;
         }
-        (submenu ? submenu : menu)->addAction(&action);
+        QWidget* owner = entry.kind == Kind::Menu ? &bar : menu;
+        auto* made = new QMenu(action.text(), owner);
+        made->setToolTipsVisible(true);
+        action.setMenu(made);
+        owner->addAction(&action);
+        target = made;
+        if (entry.kind == Kind::Menu)
+            menu = made;
     }
 }
 

@@ -36,7 +36,7 @@ class PlaceholderView : public ViewWindow {
     void Reload() override { note("reload"); }
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override {
         const int days[] = {1, 7, 30, 1, 0, 1};
-        return from.addDays(direction * days[number_ - 1]);
+        return from.addDays(qint64{direction} * days[number_ - 1]);
     }
     void ApplyPreferences() override { note("preferences"); }
     void FollowMainWindow() override { note("follow"); }
