@@ -30,9 +30,8 @@ QString PatientFieldText(const QString& patientId, const QString& field) {
     const QString phoneFormat = MaskToFormat(Session().PhoneMask);
     if (field == QStringLiteral("telephone_h") || field == QStringLiteral("Other_Phone"))
         return FormatPhone(value, phoneFormat);
-    // Without a mask the room for an extension would be all there is, and begin with a blank.
     if (field == QStringLiteral("telephone_b"))
-        return FormatPhone(value, phoneFormat.isEmpty() ? QString() : phoneFormat + QStringLiteral(" @@@@@"));
+        return FormatPhone(value, WithExtension(phoneFormat));
     return value;
 }
 

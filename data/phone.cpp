@@ -13,6 +13,10 @@ QString MaskToFormat(const QString& mask) {
     return format;
 }
 
+QString WithExtension(const QString& format) {
+    return format.isEmpty() ? QString() : format + QStringLiteral(" @@@@@");
+}
+
 QString FormatPhone(const QString& number, const QString& format) {
     const QString digits = number.trimmed();
     const bool plain = std::all_of(digits.begin(), digits.end(), [](QChar c) { return c.isDigit(); });

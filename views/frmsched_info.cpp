@@ -106,7 +106,7 @@ void frmsched::addContacts(const CalendarItem& item, const RowFacts& facts) {
             FormatPhone(patientField(patientId, QStringLiteral("telephone_h"), &otherPhoneType), phoneFormat));
     addInfo(QStringLiteral("Work Phone"),
             FormatPhone(patientField(patientId, QStringLiteral("telephone_b"), &otherPhoneType),
-                        phoneFormat + QStringLiteral(" @@@@@")));
+                        WithExtension(phoneFormat)));
     if (!otherPhoneType.isEmpty())
         addInfo(otherPhoneType,
                 FormatPhone(patientField(patientId, QStringLiteral("Other_Phone"), &otherPhoneType), phoneFormat));

@@ -298,7 +298,6 @@ int QuietStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
         case SH_DitherDisabledText:
         case SH_DialogButtonBox_ButtonsHaveIcons:
         case SH_ItemView_ActivateItemOnSingleClick:
-            return 0;
         case SH_ScrollBar_LeftClickAbsolutePosition:
             return 0;
         case SH_ToolTip_WakeUpDelay:

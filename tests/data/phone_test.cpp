@@ -33,3 +33,8 @@ TEST(Phone, WhatWasTypedWithItsOwnMarksStays) {
     EXPECT_EQ(formatted("5551234567", ""), "5551234567");
     EXPECT_EQ(formatted("", "(###) ###-####"), "");
 }
+
+TEST(Phone, AWorkNumberWithoutAMaskBeginsWithoutABlank) {
+    EXPECT_EQ(FormatPhone("5551234567", WithExtension("")).toStdString(), "5551234567");
+    EXPECT_EQ(WithExtension("(@@@) @@@-@@@@").toStdString(), "(@@@) @@@-@@@@ @@@@@");
+}
