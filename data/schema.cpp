@@ -2,6 +2,7 @@
 
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/database/transaction.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -66,13 +67,8 @@ QString ExistingSchemaTable(db::Connection& connection, SchemaScript script) {
 
 void ApplySchema(db::Connection& connection, SchemaScript script) {
     const QStringList statements = SchemaStatements(script);
-    connection.BeginTrans();
-    try {
+    db::InTransaction(connection, [&] {
         for (const QString& statement : statements)
             connection.Execute(statement);
-        connection.CommitTrans();
-    } catch (const db::DatabaseError&) {
-        db::Ignoring([&] { connection.RollbackTrans(); });
-        throw;
-    }
+    });
 }

@@ -9,6 +9,7 @@
 #include "data/demo/schedule.h"
 #include "data/demo/tasks.h"
 #include "data/schema.h"
+#include "platform/database/transaction.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,19 +28,6 @@ constexpr char SchedulerIni[] =
     "[PrintLayout]\r\nTitleFont=Arial\r\nTitleFontSize=12\r\nTitleFontBold=True\r\nTitleFontItalic=False\r\n"
     "TimeFont=Arial\r\nTimeFontSize=8.25\r\nTimeFontBold=False\r\nTimeFontItalic=False\r\nTitleAlign=2\r\nTimeUnits=2\r\n"
     "PrintWeekends=0\r\nAllViewCols=5\r\nTaskbar=0\r\n\r\n[General]\r\nNotice=\r\n";
-
-// Rolls back where the step inside threw.
-template <typename Step>
-void inTransaction(db::Connection& connection, Step&& step) {
-    connection.BeginTrans();
-    try {
-        step();
-        connection.CommitTrans();
-    } catch (const db::DatabaseError&) {
-        db::Ignoring([&] { connection.RollbackTrans(); });
-        throw;
-    }
-}
 
 void openNew(db::Connection& connection, const QString& folder, const char* catalog, SchemaScript script) {
     connection.Create(QStringLiteral("Data Source=\"%1\";Initial Catalog=%2;").arg(folder, QLatin1String(catalog)));
@@ -116,8 +104,8 @@ Summary MakePractice(const Options& options, db::Connection& main, db::Connectio
     FillDetails(practice, bookings);
 
     Companion keys;
-    inTransaction(companion, [&] { keys = WriteCompanion(practice, companion); });
-    inTransaction(main, [&] {
+    db::InTransaction(companion, [&] { keys = WriteCompanion(practice, companion); });
+    db::InTransaction(main, [&] {
         WriteLists(practice, main);
         WriteSettings(practice, main, place.server, place.catalog);
         WriteProviders(practice, main);
@@ -127,7 +115,7 @@ Summary MakePractice(const Options& options, db::Connection& main, db::Connectio
         WritePairs(practice, keys, main);
         WriteAppointments(practice, bookings, main);
     });
-    inTransaction(companion, [&] { WriteCompanionSchedule(practice, keys, bookings, companion); });
+    db::InTransaction(companion, [&] { WriteCompanionSchedule(practice, keys, bookings, companion); });
     return {static_cast<int>(practice.providers.size()), static_cast<int>(practice.patients.size()),
             static_cast<int>(bookings.size()), practice.firstDay, practice.lastDay};
 }

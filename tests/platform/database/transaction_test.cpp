@@ -1,5 +1,7 @@
 #include "contract.h"
 
+#include "platform/database/transaction.h"
+
 using db::Connection;
 using db::Lock;
 using db::Recordset;
@@ -32,6 +34,17 @@ TEST_P(DatabaseContract, TransactionsDoNotNest) {
     EXPECT_EQ(FailureOf([&] { connection_.BeginTrans(); }).number, -2147168237);
     addVisit("Ann");
     connection_.CommitTrans();
+    EXPECT_EQ(count(), 1);
+}
+
+TEST_P(DatabaseContract, AStepThatFailsLeavesNothingOfItsTransactionAndTellsWhy) {
+    const auto fails = [&] {
+        addVisit("Ann");
+        connection_.Execute("Delete from NoSuchTable");
+    };
+    EXPECT_NE(FailureOf([&] { db::InTransaction(connection_, fails); }).number, 0);
+    EXPECT_EQ(count(), 0);
+    db::InTransaction(connection_, [&] { addVisit("Bob"); });
     EXPECT_EQ(count(), 1);
 }
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/database/connection.h"
+
+namespace db {
+
+/// Runs a step within one transaction: committed when the step returns, rolled back when the step or the commit throws,
+/// and the error goes on to the caller. Throws at once where a transaction is open already.
+template <typename Step>
+void InTransaction(Connection& connection, Step&& step) {
+    connection.BeginTrans();
+    try {
+        step();
+        connection.CommitTrans();
+    } catch (...) {
+        Ignoring([&] { connection.RollbackTrans(); });
+        throw;
+    }
+}
+
+}  // namespace db
