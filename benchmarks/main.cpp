@@ -7,6 +7,8 @@
 // svs_bench SIZE=FOLDER ... [--benchmark_filter=...]: each folder holds a demo practice of that size.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // What the off-screen platform cannot do is no part of the table.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     for (int i = 1; i < argc; ++i) {
