@@ -18,8 +18,8 @@ QString WithExtension(const QString& format) {
 }
 
 QString FormatPhone(const QString& number, const QString& format) {
-    const QString digits = number.trimmed();
-    const bool plain = std::all_of(digits.begin(), digits.end(), [](QChar c) { return c.isDigit(); });
+    QString digits = number.trimmed();
+    const bool plain = std::all_of(digits.cbegin(), digits.cend(), [](QChar c) { return c.isDigit(); });
     if (digits.isEmpty() || format.isEmpty() || !plain)
         return digits;
 
@@ -28,7 +28,7 @@ QString FormatPhone(const QString& number, const QString& format) {
     for (const QChar c : format) {
         if (used == digits.size())
             break;
-        text += c == QLatin1Char('@') ? digits[used++] : c;
+        text += c == QLatin1Char('@') ? digits.at(used++) : c;
     }
     return text + digits.mid(used);
 }

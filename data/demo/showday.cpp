@@ -97,7 +97,7 @@ void addSeries(const Practice& practice, std::vector<Booking>& bookings) {
     }
     for (int week = -4; week <= 6 && model.series >= 0; ++week) {
         Booking booking = model;
-        booking.date = practice.options.today.addDays(7 * week);
+        booking.date = practice.options.today.addDays(qint64{7} * week);
         if (week == 0 || booking.date < practice.firstDay || booking.date > practice.lastDay)
             continue;
         booking.color = week < 0 ? ncolor::Kept : ncolor::Pending;

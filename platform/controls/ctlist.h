@@ -40,7 +40,7 @@ class ctList : public QTreeView {
     /// The selection goes to no row when the selected one is removed.
     void RemoveRow(int row);
     void SetCell(int row, int column, const QString& text) { model_.setCell(row, column, text); }
-    void SetItemData(int row, const QVariant& itemData) { model_.setItemData(row, itemData); }
+    void SetItemData(int row, const QVariant& itemData) { model_.setRowData(row, itemData); }
     void SetItemText(int row, const QString& text) { model_.setItemText(row, text); }
     void SetNoteMark(int row, bool marked) { model_.setNoteMark(row, marked); }
     /// Raises no CheckChanged.
@@ -55,7 +55,7 @@ class ctList : public QTreeView {
     /// The row as it was added, with the cells set since.
     [[nodiscard]] QString RowText(int row) const { return model_.rowText(row); }
     [[nodiscard]] QString Cell(int row, int column) const { return model_.cell(row, column); }
-    [[nodiscard]] QVariant ItemData(int row) const { return model_.itemData(row); }
+    [[nodiscard]] QVariant ItemData(int row) const { return model_.rowData(row); }
     [[nodiscard]] QString ItemText(int row) const { return model_.itemText(row); }
     [[nodiscard]] bool NoteMark(int row) const { return model_.noteMark(row); }
     [[nodiscard]] bool Checked(int row, int column) const { return model_.checked(row, column); }

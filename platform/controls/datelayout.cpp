@@ -8,7 +8,7 @@ QDate MonthGrid::firstDate() const {
 
 std::optional<int> MonthGrid::positionOf(QDate date) const {
     const qint64 position = firstDate().daysTo(date);
-    if (!date.isValid() || position < 0 || position >= Weeks * Days)
+    if (!date.isValid() || position < 0 || position >= qint64{Weeks} * Days)
         return std::nullopt;
     return static_cast<int>(position);
 }

@@ -75,7 +75,7 @@ void ListModel::setChecked(int row, int column, bool checked) {
     changed(row);
 }
 
-void ListModel::setItemData(int row, const QVariant& data) {
+void ListModel::setRowData(int row, const QVariant& data) {
     if (has(row))
         rows_[static_cast<std::size_t>(row)].itemData = data;
 }
@@ -141,7 +141,7 @@ bool ListModel::checked(int row, int column) const {
     return has(row) && (rows_[static_cast<std::size_t>(row)].checks & columnBit(column)) != 0;
 }
 
-QVariant ListModel::itemData(int row) const {
+QVariant ListModel::rowData(int row) const {
     return has(row) ? rows_[static_cast<std::size_t>(row)].itemData : QVariant();
 }
 

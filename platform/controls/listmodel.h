@@ -34,7 +34,7 @@ class ListModel : public QAbstractTableModel {
     void removeRowAt(int row);
     void setCell(int row, int column, const QString& text);
     void setChecked(int row, int column, bool checked);
-    void setItemData(int row, const QVariant& data);
+    void setRowData(int row, const QVariant& data);
     void setItemText(int row, const QString& text);
     void setNoteMark(int row, bool marked);
     void setChecksEnabled(bool enabled);
@@ -47,7 +47,7 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] QString rowText(int row) const;
     [[nodiscard]] QString cell(int row, int column) const;
     [[nodiscard]] bool checked(int row, int column) const;
-    [[nodiscard]] QVariant itemData(int row) const;
+    [[nodiscard]] QVariant rowData(int row) const;
     [[nodiscard]] QString itemText(int row) const;
     [[nodiscard]] bool noteMark(int row) const;
     [[nodiscard]] bool checksEnabled() const { return checksEnabled_; }
