@@ -44,7 +44,7 @@ class SharedFile : public testing::Test {
 
 TEST_F(SharedFile, SeveralDesksWriteAtOnceAndNothingIsLost) {
     constexpr int desks = 4;
-    constexpr int steps = 500;
+    constexpr int steps = 4'000;
     std::vector<std::unique_ptr<QProcess>> running;
     running.reserve(desks);
     for (int i = 0; i < desks; ++i)
