@@ -1,6 +1,6 @@
 #include "appointments/appointmentrows.h"
 
-#include "appointments/errorbox.h"
+#include "session/errorbox.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "session/session.h"

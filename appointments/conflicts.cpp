@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "appointments/appointmentconflict.h"
-#include "appointments/errorbox.h"
+#include "session/errorbox.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "platform/controls/ctlist.h"

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "appointments/errorbox.h"
+#include "session/errorbox.h"
 #include "appointments/frmalert.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"

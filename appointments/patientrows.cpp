@@ -1,6 +1,6 @@
 #include "appointments/patientrows.h"
 
-#include "appointments/errorbox.h"
+#include "session/errorbox.h"
 #include "data/phone.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"

@@ -5,6 +5,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 void GetALSettings() {
@@ -14,8 +15,7 @@ void GetALSettings() {
         if (!settings.Eof())
             Session().ALEnabled = settings["ALEnabled"].real() == 1;
     } catch (const db::DatabaseError& error) {
-        MsgBox(QStringLiteral("Error reading global setings from database. ") + error.description, ErrorBox,
-               QStringLiteral("Error"));
+        TellError(QStringLiteral("Error reading global setings from database. "), error);
     }
 }
 

@@ -17,6 +17,7 @@
 #include "platform/desktop/installation.h"
 #include "platform/desktop/localefacts.h"
 #include "session/audit.h"
+#include "session/errorbox.h"
 #include "session/frmsvspl.h"
 #include "session/preferences.h"
 #include "session/rights.h"
@@ -174,7 +175,7 @@ void readWordUsage() {
         if (!settings.Eof())
             Session().WordUsage = settings[0].text();
     } catch (const db::DatabaseError& error) {
-        MsgBox(QStringLiteral("Error reading setings from database. ") + error.description, ErrorBox, ErrorTitle);
+        TellError(QStringLiteral("Error reading setings from database. "), error);
     }
 }
 

@@ -8,6 +8,7 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     : ViewWindow(parent), ctMDay1(new ctMDay(this)), main_(main), menus_(this) {
     ctMDay1->setObjectName(QStringLiteral("ctMDay1"));
     bindCommands();
+    registerOpenView();
 }
 
 void CalendarView::bindCommands() {
@@ -35,6 +36,23 @@ void CalendarView::FollowMainWindow() {
     menus_.Command(QStringLiteral("mnuVHidePats")).setChecked(Session().HidePatientNames);
     menus_.Command(QStringLiteral("mnuVHideTP"))
         .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("&Show Task Pane"));
+}
+
+std::optional<CalendarItem> CalendarView::SelectedItem() const {
+    const int index = ctMDay1->SelectedItem();
+    if (index < 1)
+        return std::nullopt;
+    return std::as_const(*ctMDay1).Item(index);
+}
+
+std::optional<SelectedSlot> CalendarView::SelectedTime() const {
+    if (ctMDay1->SelectedRange() < 0)
+        return std::nullopt;
+    return SelectedSlot{ctMDay1->Date(), ctMDay1->SelStart(), ctMDay1->SelEnd()};
+}
+
+void CalendarView::DropSelection() {
+    ctMDay1->clearSelection();
 }
 
 void CalendarView::FillMenus(QMenuBar& bar) {

@@ -8,8 +8,8 @@
 #include "data/holidays.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
-#include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
 
@@ -90,7 +90,7 @@ void frmsched::LoadDayView() {
     try {
         loadAppointments(date);
     } catch (const db::DatabaseError& error) {
-        MsgBox(QStringLiteral("Error reading appointments. ") + error.description, ErrorBox, QStringLiteral("Error"));
+        TellError(QStringLiteral("Error reading appointments. "), error);
     }
     Ignoring([&] { loadHoliday(date); });
     LoadWorkSchedule(date);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QHash>
-
 #include "views/calendarview.h"
 
 class ctList;
@@ -40,11 +38,6 @@ class frmsched : public CalendarView {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    struct RowFacts {
-        int apptType = 0;
-        QString callStatus;
-    };
-
     // frmsched_layout.cpp
     void layOut();
     QWidget* makeInfoPane();
@@ -74,7 +67,6 @@ class frmsched : public CalendarView {
     QPlainTextEdit* txtnote = nullptr;
     ctList* ctList1 = nullptr;
 
-    QHash<QString, RowFacts> facts_;
     QDate loadedDate_;
     QString loadedProvider_;
     bool loadedNamesHidden_ = false;

@@ -1,4 +1,4 @@
-#include "appointments/errorbox.h"
+#include "session/errorbox.h"
 
 #include "platform/desktop/desktop.h"
 

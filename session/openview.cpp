@@ -1,0 +1,46 @@
+#include "session/openview.h"
+
+#include "session/session.h"
+
+namespace {
+
+OpenView*& registered() {
+    static OpenView* view = nullptr;
+    return view;
+}
+
+BookedProvider sessionProvider() {
+    return {Session().ProviderId, Session().ProviderName};
+}
+
+}  // namespace
+
+OpenView::~OpenView() {
+    if (registered() == this)
+        registered() = nullptr;
+}
+
+BookedProvider OpenView::Provider() const {
+    return sessionProvider();
+}
+
+void OpenView::registerOpenView() {
+    registered() = this;
+}
+
+OpenView* TheOpenView() {
+    return registered();
+}
+
+int SelectedItemKey(int view) {
+    const OpenView* open = TheOpenView();
+    if (open == nullptr || (view != 1 && view != 2 && view != 4))
+        return 0;
+    const std::optional<CalendarItem> item = open->SelectedItem();
+    return item ? item->ItemKey.toInt() : 0;
+}
+
+BookedProvider ProviderOfView() {
+    const OpenView* open = TheOpenView();
+    return open != nullptr ? open->Provider() : sessionProvider();
+}
