@@ -1,0 +1,62 @@
+#include "tests/desks/desk.h"
+
+#include <gtest/gtest.h>
+
+#include <QDate>
+
+namespace {
+
+constexpr int PatienceMilliseconds = 60000;
+
+}  // namespace
+
+Desk::Desk(const QString& dataFolder, const QString& user, QDate date) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config_.path());
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), config_.path());
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("remotehand"));
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(SVS_PLUGINS));
+    program_.setProcessEnvironment(environment);
+    program_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program_.start(QStringLiteral(SVS_PROGRAM),
+                   {QStringLiteral("--data"), dataFolder, QStringLiteral("--date"), date.toString(Qt::ISODate),
+                    QStringLiteral("--size"), QStringLiteral("1280x800"), QStringLiteral("1|") + user});
+    await("mdisched");
+}
+
+Desk::~Desk() {
+    program_.closeWriteChannel();
+    program_.waitForFinished(PatienceMilliseconds);
+}
+
+QString Desk::tell(const QStringList& words) {
+    program_.write(words.join(QLatin1Char('\t')).toUtf8() + '\n');
+    while (!program_.canReadLine())
+        if (!program_.waitForReadyRead(PatienceMilliseconds)) {
+            ADD_FAILURE() << "No answer to: " << words.join(QLatin1Char(' ')).toStdString();
+            return {};
+        }
+    const QString answer = QString::fromUtf8(program_.readLine()).trimmed();
+    EXPECT_TRUE(answer.startsWith(QLatin1String("ok"))) << answer.toStdString();
+    return answer.mid(3).replace(QLatin1Char('~'), QLatin1Char('\n'));
+}
+
+QString Desk::tell(const char* command, const QString& first, const QString& second) {
+    QStringList words{QString::fromLatin1(command)};
+    if (!first.isNull())
+        words << first;
+    if (!second.isNull())
+        words << second;
+    return tell(words);
+}
+
+QString Desk::answer(const char* button) {
+    await("box");
+    return tell("answer", QString::fromLatin1(button));
+}
+
+void Desk::awaitDeath() {
+    EXPECT_TRUE(program_.waitForFinished(PatienceMilliseconds)) << "The program lives on.";
+    EXPECT_EQ(program_.exitStatus(), QProcess::CrashExit);
+}

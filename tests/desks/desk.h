@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+/// One copy of the program, running off screen on a practice, and a hand inside it (RemoteHand) that a test leads. A
+/// command that cannot be done fails the test.
+class Desk {
+  public:
+    /// Starts the program for the user and waits for its main window.
+    Desk(const QString& dataFolder, const QString& user, QDate date);
+    ~Desk();
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    /// Sends the words and returns what the program tells.
+    QString tell(const QStringList& words);
+    QString tell(const char* command, const QString& first = {}, const QString& second = {});
+    /// Waits for a form, "box" or "mdisched" to be in front.
+    void await(const char* window) { tell("await", QString::fromLatin1(window)); }
+    /// Waits for a message box and answers it; returns what it said.
+    QString answer(const char* button);
+    /// Waits for the end of a program that dies.
+    void awaitDeath();
+
+  private:
+    QTemporaryDir config_;
+    QProcess program_;
+};

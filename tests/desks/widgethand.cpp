@@ -1,0 +1,234 @@
+#include "tests/desks/widgethand.h"
+
+#include <csignal>
+#include <functional>
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMap>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTest>
+#include <QTimer>
+
+#include "platform/calendar/ctmday.h"
+#include "platform/controls/ctlist.h"
+#include "session/session.h"
+
+namespace {
+
+QWidget* front() {
+    if (QWidget* popup = QApplication::activePopupWidget())
+        return popup;
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->objectName() == QLatin1String("mdisched"))
+            return window;
+    return QApplication::activeWindow();
+}
+
+template <class Widget>
+Widget& find(const QString& name) {
+    QWidget* window = front();
+    Widget* widget = window ? window->findChild<Widget*>(name) : nullptr;
+    if (widget == nullptr)
+        throw CannotObey(QStringLiteral("there is no %1 in %2").arg(name, WindowInFront()));
+    return *widget;
+}
+
+QAction& findAction(const QString& name) {
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        if (auto* action = window->findChild<QAction*>(name))
+            return *action;
+    throw CannotObey(QStringLiteral("there is no command %1").arg(name));
+}
+
+ctMDay& calendar() {
+    return find<ctMDay>(QStringLiteral("ctMDay1"));
+}
+
+// What opens a dialog must not hold up the answer.
+void later(std::function<void()> act) {
+    QTimer::singleShot(0, qApp, std::move(act));
+}
+
+int indexOfKey(const QString& key) {
+    const int index = calendar().IndexOfKey(key);
+    if (index < 1)
+        throw CannotObey(QStringLiteral("no item has the key %1").arg(key));
+    return index;
+}
+
+QString textOf(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        return label->text();
+    if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
+        return line->text();
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
+        return combo->currentText();
+    if (const auto* spin = qobject_cast<const QAbstractSpinBox*>(&widget))
+        return spin->text();
+    if (const auto* plain = qobject_cast<const QPlainTextEdit*>(&widget))
+        return plain->toPlainText();
+    if (const auto* list = qobject_cast<const ctList*>(&widget)) {
+        QStringList rows;
+        for (int row = 0; row < list->RowCount(); ++row)
+            rows << list->RowText(row);
+        return rows.join(QLatin1Char('\n'));
+    }
+    throw CannotObey(QStringLiteral("%1 holds no text").arg(widget.objectName()));
+}
+
+QString trigger(const QStringList& words) {
+    QAction& action = findAction(words.at(1));
+    if (!action.isEnabled())
+        throw CannotObey(QStringLiteral("the command is greyed"));
+    later([&action] { action.trigger(); });
+    return {};
+}
+
+QString select(const QStringList& words) {
+    calendar().setSelectedItem(indexOfKey(words.at(1)));
+    return {};
+}
+
+QString range(const QStringList& words) {
+    calendar().selectRange(1, words.at(1).toInt(), words.at(2).toInt());
+    return {};
+}
+
+QString items(const QStringList&) {
+    QStringList told;
+    const ctMDay& day = calendar();
+    for (int index = 1; index <= day.ItemCount(); ++index) {
+        const CalendarItem& item = day.Item(index);
+        told
+            << QStringLiteral("%1 %2-%3 %4").arg(item.ItemKey).arg(item.ItemStart).arg(item.ItemEnd).arg(item.ItemText);
+    }
+    return told.join(QLatin1Char('\n'));
+}
+
+// By the mouse, from the item's middle.
+QString drag(const QStringList& words) {
+    ctMDay& day = calendar();
+    const int index = indexOfKey(words.at(1));
+    day.setTopTime(0);
+    day.ScrollToItem(index);
+    const QPoint from = day.ItemRect(index).center();
+    const int start = std::as_const(day).Item(index).ItemStart;
+    const QPoint to =
+        from + QPoint(0, day.CellRect(1, start + words.at(2).toInt()).top() - day.CellRect(1, start).top());
+    later([&day, from, to] {
+        QTest::mousePress(&day, Qt::LeftButton, {}, from);
+        QTest::mouseMove(&day, from + QPoint(0, to.y() > from.y() ? 12 : -12));
+        QTest::mouseMove(&day, to);
+        QTest::mouseRelease(&day, Qt::LeftButton, {}, to);
+    });
+    return {};
+}
+
+QString type(const QStringList& words) {
+    auto& widget = find<QWidget>(words.at(1));
+    widget.setFocus();
+    QTest::keyClicks(QApplication::focusWidget() ? QApplication::focusWidget() : &widget, words.at(2));
+    return {};
+}
+
+QString replace(const QStringList& words) {
+    auto& widget = find<QWidget>(words.at(1));
+    widget.setFocus();
+    QWidget* target = QApplication::focusWidget() ? QApplication::focusWidget() : &widget;
+    QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(target, Qt::Key_Delete);
+    QTest::keyClicks(target, words.at(2));
+    return {};
+}
+
+QString choose(const QStringList& words) {
+    auto& combo = find<QComboBox>(words.at(1));
+    const int index = combo.findText(words.at(2));
+    if (index < 0)
+        throw CannotObey(QStringLiteral("it is not on the list"));
+    combo.setCurrentIndex(index);
+    Q_EMIT combo.activated(index);
+    return {};
+}
+
+QString click(const QStringList& words) {
+    auto& button = find<QAbstractButton>(words.at(1));
+    if (!button.isEnabled())
+        throw CannotObey(QStringLiteral("the button is greyed"));
+    later([&button] { button.click(); });
+    return {};
+}
+
+QString answerBox(const QStringList& words) {
+    auto* box = qobject_cast<QMessageBox*>(front());
+    if (box == nullptr)
+        throw CannotObey(QStringLiteral("there is no message box; in front is %1").arg(WindowInFront()));
+    const auto wanted = words.at(1) == QLatin1String("Yes")  ? QMessageBox::Yes
+                        : words.at(1) == QLatin1String("No") ? QMessageBox::No
+                                                             : QMessageBox::Ok;
+    QAbstractButton* button = box->button(wanted);
+    if (button == nullptr)
+        throw CannotObey(QStringLiteral("the box has no such button"));
+    const QString said = box->text();
+    later([button] { button->click(); });
+    return said;
+}
+
+// The program is killed, as by a power cut, right after its n-th write from now.
+QString dieAfter(const QStringList& words) {
+    Session().Connection.Observe([left = words.at(1).toInt()](const db::Write&) mutable {
+        if (--left == 0)
+            std::raise(SIGKILL);
+    });
+    return {};
+}
+
+}  // namespace
+
+QString WindowInFront() {
+    const QWidget* window = front();
+    if (window == nullptr)
+        return QStringLiteral("nothing");
+    if (qobject_cast<const QMessageBox*>(window))
+        return QStringLiteral("box");
+    if (window->inherits("QMenu"))
+        return QStringLiteral("popup");
+    return window->objectName();
+}
+
+QString ObeyInWindow(const QStringList& words) {
+    using Command = QString (*)(const QStringList&);
+    static const QMap<QString, Command> commands{
+        {QStringLiteral("trigger"), trigger},
+        {QStringLiteral("select"), select},
+        {QStringLiteral("range"), range},
+        {QStringLiteral("items"), items},
+        {QStringLiteral("drag"), drag},
+        {QStringLiteral("type"), type},
+        {QStringLiteral("replace"), replace},
+        {QStringLiteral("choose"), choose},
+        {QStringLiteral("click"), click},
+        {QStringLiteral("answer"), answerBox},
+        {QStringLiteral("dieAfter"), dieAfter},
+        {QStringLiteral("text"), [](const QStringList& given) { return textOf(find<QWidget>(given.at(1))); }},
+        {QStringLiteral("box"),
+         [](const QStringList&) {
+             const auto* box = qobject_cast<const QMessageBox*>(front());
+             if (box == nullptr)
+                 throw CannotObey(QStringLiteral("there is no message box"));
+             return box->text();
+         }},
+    };
+    const auto command = commands.constFind(words.first());
+    if (command == commands.constEnd())
+        throw CannotObey(QStringLiteral("nobody taught me that"));
+    return (*command)(words);
+}
