@@ -1,0 +1,99 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <QDateTime>
+#include <QTimer>
+#include <QWidget>
+
+#include "platform/calendar/monthlayout.h"
+
+/// A month of days with the items of each, to be read and not to be changed. Items are counted from 1 in the order they
+/// were added; a wrong index reads as an empty item.
+///
+/// The mouse selects a day, a double click on it (or on "+3 more") opens it. Keys: arrows step days and weeks, Home and
+/// End go to the first and last day of the month, Page Up, Page Down and the wheel ask for another month, Enter opens
+/// the selected day.
+class ctWeek : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ctWeek(QWidget* parent = nullptr);
+
+    /// Shows the month of a date and selects that date.
+    void setDate(QDate date);
+    void setTwentyFourHour(bool on);
+    void setFirstDayOfWeek(Qt::DayOfWeek day);
+    /// The clock by which today is marked; the desktop's unless another is given.
+    void setClock(std::function<QDateTime()> clock);
+    /// What the tip says of an item; asked with 0 where there is none under the pointer.
+    void setTip(std::function<QString(int index)> tip) { tip_ = std::move(tip); }
+
+    void ClearItems();
+    /// Adds an item and returns its index.
+    int AddItem(CalendarItem item);
+
+    [[nodiscard]] QDate Date() const { return selected_; }
+    [[nodiscard]] int Month() const { return grid_.month.month(); }
+    [[nodiscard]] int Year() const { return grid_.month.year(); }
+    [[nodiscard]] const CalendarItem& Item(int index) const;
+    [[nodiscard]] int ItemCount() const { return static_cast<int>(items_.size()); }
+    [[nodiscard]] QString TipAt(QPoint position) const;
+    /// The selected day in words, with its items in their order.
+    [[nodiscard]] QString SelectionText() const;
+    /// Where everything lies now.
+    [[nodiscard]] const MonthLayout& Layout() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+  Q_SIGNALS:
+    /// The user selected another day of the month.
+    void DaySelected(QDate day);
+    /// Double click or Enter on a day.
+    void DayActivated(QDate day);
+    /// The wheel or a page key asks for the month before (-1) or after (+1).
+    void MonthStepRequested(int direction);
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void invalidate();
+    void select(QDate day);
+    void waitForMidnight();
+    [[nodiscard]] QDate dateForKey(const QKeyEvent& event) const;
+    [[nodiscard]] QString lineText(const CalendarItem& item) const;
+    // ctweek_paint.cpp
+    void paintHeadings(QPainter& painter) const;
+    void paintCell(QPainter& painter, const MonthCell& cell) const;
+    void paintNumber(QPainter& painter, const MonthCell& cell) const;
+    void paintItem(QPainter& painter, const MonthLine& line) const;
+    void paintRest(QPainter& painter, const MonthCell& cell, const QRect& rect) const;
+
+    std::vector<CalendarItem> items_;
+    MonthGrid grid_;
+    QDate selected_;
+    bool twentyFourHour_ = false;
+    std::function<QDateTime()> clock_;
+    std::function<QString(int)> tip_;
+    QTimer midnight_;
+    int wheelRest_ = 0;
+    int hoveredItem_ = 0;
+
+    // What follows from the rest, when someone asks.
+    mutable bool dirty_ = true;
+    mutable CalendarStyle style_;
+    mutable MonthLayout layout_;
+};
