@@ -1,8 +1,8 @@
 #include "appointments/appointmentrows.h"
 
-#include "session/errorbox.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 namespace {
@@ -12,9 +12,12 @@ constexpr int LongestRoomText = 100;
 }  // namespace
 
 bool SetApptStatus(int key, int code) {
-    return db::Ignoring([&] {
-        Session().Connection.Execute(db::Sql("Update appointments Set ncolor = {} Where nkeyId = {}", code, key));
+    qint64 changed = 0;
+    db::Ignoring([&] {
+        changed =
+            Session().Connection.Execute(db::Sql("Update appointments Set ncolor = {} Where nkeyId = {}", code, key));
     });
+    return changed != 0;
 }
 
 int ApptRoomId(int apptKey) {

@@ -3,8 +3,8 @@
 #include <QDate>
 #include <QString>
 
-/// Gives the appointment a status code (data/codes.h). A row that is gone changes nothing, and nobody is told of a
-/// failure; false when the database refused the statement, so that a view need not show what was not stored.
+/// Gives the appointment a status code (data/codes.h). A row that is gone changes nothing, and nobody is told of that
+/// or of a failure; both answer false, so that a view need not show what was not stored.
 bool SetApptStatus(int key, int code);
 
 /// The room booked for an appointment, 0 where there is none. -1 where that could not be read, which the user has been

@@ -45,7 +45,7 @@ TEST_F(AppointmentRows, AStatusIsOneWriteOfTheColour) {
 }
 
 TEST_F(AppointmentRows, AStatusForARowThatIsGoneChangesNothingAndReportsNothing) {
-    EXPECT_TRUE(SetApptStatus(Appointment, ncolor::Missed));
+    EXPECT_FALSE(SetApptStatus(Appointment, ncolor::Missed));
     EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from appointments")), 0);
 }
 
