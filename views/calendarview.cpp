@@ -8,6 +8,8 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     : ViewWindow(parent), ctMDay1(new ctMDay(this)), main_(main), menus_(this) {
     ctMDay1->setObjectName(QStringLiteral("ctMDay1"));
     bindCommands();
+    bindStatusCommands();
+    bindDeletion();
     registerOpenView();
 }
 
@@ -59,6 +61,8 @@ void CalendarView::FillMenus(QMenuBar& bar) {
     menus_.Fill(bar);
 }
 
+void CalendarView::displayapptinfo(int /*index*/) {}
+
 void CalendarView::setHours() {
     const SessionValues& session = Session();
     ctMDay1->setPrimeStart(session.DayStartHour * 60);
@@ -94,6 +98,10 @@ void CalendarView::setmenuaccess() {
     }
     if (session.ScreenAccess == 2) {
         for (const char* name : {"mnuADelete", "mnuTDelete"})
+            menus_.Allow(QLatin1String(name), false);
+    }
+    if (session.ScreenAccess < 2) {
+        for (const char* name : {"mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"})
             menus_.Allow(QLatin1String(name), false);
     }
     if (!session.AllProviders) {

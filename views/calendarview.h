@@ -3,6 +3,7 @@
 #include <QHash>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/database/recordset.h"
 #include "session/openview.h"
 #include "views/mainwindow.h"
 #include "views/viewmenus.h"
@@ -24,8 +25,17 @@ class CalendarView : public ViewWindow, public OpenView {
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
     void DropSelection() override;
 
-    /// Greys and hides the commands that the user's rights forbid.
+    /// Greys and hides the commands that the user's rights forbid. Who may only read can set no status either.
     void setmenuaccess();
+
+    /// Fills the details of an item, where the view has a place for them; an index below 1 empties them.
+    virtual void displayapptinfo(int index);
+    /// Deletes the selected appointment. Normally it asks first: a row of its own goes in one transaction, with its
+    /// room and its members, and leaves a line in the audit log; of a series, frmdelrepeat lets the user choose. While
+    /// an appointment is being added (IsNewAppt) it takes the unfinished row away, without a question and without a
+    /// line. A deletion that fails is told and leaves everything as it was. A row that another desk has deleted already
+    /// leaves the calendar without a word.
+    void DeleteSelectedAppointment();
 
   protected:
     /// What the commands need of an item's row besides what the item shows.
@@ -48,6 +58,27 @@ class CalendarView : public ViewWindow, public OpenView {
 
   private:
     void bindCommands();
+
+    // calendarview_status.cpp
+    void bindStatusCommands();
+    void suitCommands(int index);
+    [[nodiscard]] bool hasStatus(int index) const;
+    [[nodiscard]] int itemForStatus();
+    void changeStatus(QLatin1String command, int code);
+    void tickStatus(QLatin1String command);
+    void showStatus(int index, int code);
+
+    // calendarview_popup.cpp
+    void popupOnItem(int index, const QPoint& place);
+    void endPopup();
+
+    // calendarview_delete.cpp
+    void bindDeletion();
+    void deleteCommand();
+    void deleteAppointment(const CalendarItem& item);
+    void cancelAddedAppointment(int key);
+    void deleteRow(db::Recordset& row, int key);
+    void removeItemsOf(int key);
 
     MainWindow& main_;
     ViewMenus menus_;

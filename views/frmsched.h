@@ -22,13 +22,12 @@ class frmsched : public CalendarView {
     void LoadDayView();
     /// Shades the time outside the provider's working hours on that weekday.
     void LoadWorkSchedule(QDate day);
-    /// Fills the details of an item; an index below 1 empties them.
-    void displayapptinfo(int index);
     /// Fills the task list of the session's provider.
     void LoadToDo();
     /// The date title: "March 11, 2026", in English whatever the locale.
     void changedate(QDate date);
 
+    void displayapptinfo(int index) override;
     void Reload() override;
     /// The tasks are read anew too: the preferences may hide the done ones.
     void ApplyPreferences() override;

@@ -19,7 +19,7 @@ struct Entry {
     const char* keys;
 };
 
-// A key behind a tab in the text is one that the main window answers to; it is shown here, not claimed.
+// A key behind a tab in the text is one that the main window or the calendar answers to; it is shown here, not claimed.
 constexpr Entry entries[] = {
     {Kind::Menu, "mnuFile", "&File", nullptr, nullptr},
     {Kind::Command, "mnuFSelect", "&Select Therapist...", "user", "Ctrl+L"},
@@ -50,7 +50,7 @@ constexpr Entry entries[] = {
     {Kind::Command, "mnuANAvail", "&Unavailable Time...", "unavailable", "Ctrl+Shift+U"},
     {Kind::EndSubmenu, nullptr, nullptr, nullptr, nullptr},
     {Kind::Command, "mnuAEdit", "&Edit...", "edit", "Ctrl+E"},
-    {Kind::Command, "mnuADelete", "&Delete", "delete", nullptr},
+    {Kind::Command, "mnuADelete", "&Delete\tDel", "delete", nullptr},
     {Kind::Separator, "mnuAsep1", nullptr, nullptr, nullptr},
     {Kind::Command, "mnuCheckediN", "Checked-&In...", "checkedin", "Ctrl+I"},
     {Kind::Command, "mnuAKept", "&Kept", "check", "Ctrl+K"},
@@ -116,7 +116,7 @@ void ViewMenus::addCommand(const char* name, const QString& text, const char* ic
         action->setIcon(Icon(icon));
     if (keys)
         action->setShortcut(QKeySequence(QString::fromLatin1(keys)));
-    commands_.insert(action->objectName(), {action, action->isSeparator(), true});
+    commands_.insert(action->objectName(), {action, action->isSeparator(), true, true, {}});
     refresh(commands_[action->objectName()]);
 }
 
@@ -170,14 +170,40 @@ void ViewMenus::Show(const QString& name, bool shown) {
     commands_[name].action->setVisible(shown);
 }
 
+void ViewMenus::Suit(const QString& name, bool suits, const QString& why) {
+    State& state = commands_[name];
+    state.suits = suits;
+    state.why = why;
+    refresh(state);
+}
+
+QList<QAction*> ViewMenus::Entries(const QString& menu) const {
+    QList<QAction*> found;
+    bool inMenu = false;
+    bool inSubmenu = false;
+    for (const Entry& entry : entries) {
+        if (entry.kind == Kind::Menu)
+            inMenu = menu == QLatin1String(entry.name);
+        else if (entry.kind == Kind::EndSubmenu)
+            inSubmenu = false;
+        else if (inMenu && !inSubmenu)
+            found << &Command(QString::fromLatin1(entry.name));
+        if (entry.kind == Kind::Submenu)
+            inSubmenu = true;
+    }
+    return found;
+}
+
 void ViewMenus::refresh(const State& state) {
+    state.action->setEnabled(state.bound && state.allowed && state.suits);
     if (state.action->isSeparator())
         return;
-    state.action->setEnabled(state.bound && state.allowed);
     if (!state.allowed)
         state.action->setToolTip(tr("Not available to you."));
     else if (!state.bound)
         state.action->setToolTip(tr("Not available in this version."));
+    else if (!state.suits)
+        state.action->setToolTip(state.why);
     else
         state.action->setToolTip(QString());
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <QHash>
+#include <QList>
 #include <QObject>
 #include <QString>
 
@@ -10,7 +11,8 @@ class QMenu;
 class QMenuBar;
 
 /// The commands of a calendar view, each found by its name (mnuAEdit). A command can be used when something is bound to
-/// it and the user's rights allow it; until then it stands greyed in its menu, with a tip that says why.
+/// it, the user's rights allow it and it suits what is selected; until then it stands greyed in its menu, with a tip
+/// that says why.
 class ViewMenus : public QObject {
     Q_OBJECT
 
@@ -26,12 +28,18 @@ class ViewMenus : public QObject {
     /// What the user's rights, or the state of the view, say of a command, a separator or a whole menu.
     void Allow(const QString& name, bool allowed);
     void Show(const QString& name, bool shown);
+    /// Whether a command suits what is selected just now; where it does not, its tip says why.
+    void Suit(const QString& name, bool suits, const QString& why = {});
+    /// What stands in a menu of the menu bar, in its order, submenus and separators included.
+    [[nodiscard]] QList<QAction*> Entries(const QString& menu) const;
 
   private:
     struct State {
         QAction* action = nullptr;
         bool bound = false;
         bool allowed = true;
+        bool suits = true;
+        QString why;
     };
     void addCommand(const char* name, const QString& text, const char* icon, const char* keys);
     void setBound(const QString& name);

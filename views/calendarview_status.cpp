@@ -1,0 +1,86 @@
+#include <QAction>
+
+#include "appointments/appointmentrows.h"
+#include "data/codes.h"
+#include "data/pipefields.h"
+#include "session/session.h"
+#include "views/appointmentitem.h"
+#include "views/calendarview.h"
+
+namespace {
+
+constexpr const char* statusCommands[] = {"mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"};
+
+// Colours that are a kind: a status over one of them would make another thing of the row.
+bool isKind(int code) {
+    return code == ncolor::Activity || code == ncolor::Unavailable || code == ncolor::Group || code == ncolor::Holiday;
+}
+
+}  // namespace
+
+void CalendarView::bindStatusCommands() {
+    for (const char* name : statusCommands)
+        menus_.Command(QLatin1String(name)).setCheckable(true);
+    menus_.Bind(QStringLiteral("mnuAMissed"), [this] { changeStatus(QLatin1String("mnuAMissed"), ncolor::Missed); });
+    menus_.Bind(QStringLiteral("mnuAPCancel"),
+                [this] { changeStatus(QLatin1String("mnuAPCancel"), ncolor::PatientCancelled); });
+    menus_.Bind(QStringLiteral("mnuATCancel"),
+                [this] { changeStatus(QLatin1String("mnuATCancel"), ncolor::TherapistCancelled); });
+    connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitCommands);
+    connect(ctMDay1, &ctMDay::PopupRequested, this, &CalendarView::popupOnItem);
+    suitCommands(0);
+}
+
+// A status belongs to a patient's appointment. A row in a colour that means nothing here is one when it names a
+// patient; an activity, unavailable time, a group, a type slot and a holiday have none, and would turn into a patient's
+// row without a patient.
+bool CalendarView::hasStatus(int index) const {
+    if (index < 1)
+        return false;
+    const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
+    if (item.ItemKey.toInt() < 1 || facts_.value(item.ItemKey).apptType == ApptTypeSlot)
+        return false;
+    return IsPatientRow(item.ItemColor) || (!isKind(item.ItemColor) && !GetPipeField(item.ItemNote, 3).isEmpty());
+}
+
+void CalendarView::suitCommands(int index) {
+    tickStatus({});
+    const QString nothing = tr("Select an appointment first.");
+    for (const char* name : statusCommands)
+        menus_.Suit(QLatin1String(name), hasStatus(index),
+                    index < 1 ? nothing : tr("Only the appointment of a patient has a status."));
+    const bool isRow = index > 0 && std::as_const(*ctMDay1).Item(index).ItemKey.toInt() > 0;
+    menus_.Suit(QStringLiteral("mnuADelete"), isRow, index < 1 ? nothing : tr("A holiday is not an appointment."));
+}
+
+void CalendarView::tickStatus(QLatin1String command) {
+    for (const char* name : statusCommands)
+        menus_.Command(QLatin1String(name)).setChecked(command == name);
+}
+
+// The selected item, when it has a status. What is being typed into it is saved first, which may end with no item.
+int CalendarView::itemForStatus() {
+    tickStatus({});  // The command itself has turned its tick over.
+    ctMDay1->CommitEdit();
+    const int index = ctMDay1->SelectedItem();
+    return hasStatus(index) ? index : 0;
+}
+
+void CalendarView::changeStatus(QLatin1String command, int code) {
+    const int index = itemForStatus();
+    if (index < 1 || !SetApptStatus(std::as_const(*ctMDay1).Item(index).ItemKey.toInt(), code))
+        return;
+    showStatus(index, code);
+    tickStatus(command);
+}
+
+// As the next reload will show it, but for the picture of a courtesy call, which gives way to the status until then.
+void CalendarView::showStatus(int index, int code) {
+    CalendarItem& item = ctMDay1->Item(index);
+    if (!IsPatientRow(item.ItemColor) && item.ItemBackColor == item.ItemColor)
+        item.ItemBackColor.reset();
+    PaintByCode(item, code, 0, Session().HidePatientNames);
+    MarkStatus(item, code, 0);
+    item.ItemStatusIcon = code == ncolor::CheckedIn ? 3 : 0;
+    displayapptinfo(index);
+}
