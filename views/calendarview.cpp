@@ -101,7 +101,7 @@ void CalendarView::setmenuaccess() {
             menus_.Allow(QLatin1String(name), false);
     }
     if (session.ScreenAccess < 2) {
-        for (const char* name : {"mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"})
+        for (const char* name : {"mnuADelete", "mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"})
             menus_.Allow(QLatin1String(name), false);
     }
     if (!session.AllProviders) {

@@ -25,7 +25,8 @@ class CalendarView : public ViewWindow, public OpenView {
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
     void DropSelection() override;
 
-    /// Greys and hides the commands that the user's rights forbid. Who may only read can set no status either.
+    /// Greys and hides the commands that the user's rights forbid. Who may not write can set no status and delete
+    /// nothing.
     void setmenuaccess();
 
     /// Fills the details of an item, where the view has a place for them; an index below 1 empties them.

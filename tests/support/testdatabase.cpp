@@ -3,6 +3,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <sqlite3.h>
+#include <stdexcept>
+
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 
@@ -47,4 +50,21 @@ QString TestDatabase::text(const QString& statement) {
 qint64 TestDatabase::number(const QString& statement) {
     const db::Recordset rows(statement, connection_);
     return rows.Eof() ? -1 : rows[0].integer();
+}
+
+QString TestDatabase::refuse(const QString& operation, const QString& table) {
+    if (!connectionText_.contains(folder_.path()))
+        throw std::logic_error("This test needs the embedded database.");
+    const QString trigger =
+        QStringLiteral("Create Trigger refuse%1%2 Before %1 On %2 Begin Select Raise(Abort, 'Refused'); End")
+            .arg(operation, table);
+    // The system's dialect has no triggers: one is put into the file as any SQLite tool would.
+    sqlite3* file = nullptr;
+    sqlite3_open(folder_.filePath(QStringLiteral("test.db")).toUtf8().constData(), &file);
+    const int code = sqlite3_exec(file, trigger.toUtf8().constData(), nullptr, nullptr, nullptr);
+    const std::string message = sqlite3_errmsg(file);
+    sqlite3_close(file);
+    if (code != SQLITE_OK)
+        throw std::runtime_error(message);
+    return QStringLiteral("The %1 statement conflicted with a CHECK constraint.").arg(operation.toUpper());
 }

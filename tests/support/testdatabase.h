@@ -23,6 +23,9 @@ class TestDatabase {
     [[nodiscard]] QString text(const QString& statement);
     /// The first field of the first row, as a number; -1 where there is no row.
     [[nodiscard]] qint64 number(const QString& statement);
+    /// From now on the embedded database refuses every "Insert", "Update" or "Delete" on a table, a cursor's too; gives
+    /// the reason that it will say. A server is left as it is, which throws std::logic_error.
+    QString refuse(const QString& operation, const QString& table);
 
   private:
     QTemporaryDir folder_;

@@ -1,0 +1,232 @@
+#include <QAction>
+
+#include "data/codes.h"
+#include "platform/database/sql.h"
+#include "session/session.h"
+#include "tests/views/dayfixture.h"
+
+namespace {
+
+constexpr const char* statusCommands[] = {"mnuAMissed", "mnuAPCancel", "mnuATCancel"};
+
+class DayStatus : public DayFixture {
+  protected:
+    [[nodiscard]] qint64 stored(qint64 key) {
+        return database_.number(db::Sql("Select ncolor from appointments Where nkeyid = {}", key));
+    }
+    [[nodiscard]] QStringList ticked() {
+        QStringList names;
+        for (const char* name : statusCommands) {
+            if (command(name).isChecked())
+                names << QString::fromLatin1(name);
+        }
+        return names;
+    }
+    void choose(const char* name) {
+        ASSERT_TRUE(command(name).isEnabled()) << name;
+        command(name).trigger();
+    }
+};
+
+struct PlainStatus {
+    const char* command;
+    int code;
+    const char* word;
+    const char* inDetails;
+};
+
+class DayPlainStatus : public DayStatus, public testing::WithParamInterface<PlainStatus> {};
+
+}  // namespace
+
+TEST_P(DayPlainStatus, IsStoredShownAndTicked) {
+    const PlainStatus& status = GetParam();
+    const qint64 key = add(anAppointment("Anna").status(ncolor::CheckedIn));
+    const qint64 other = add(anAppointment("Bert").at(11, 0).status(ncolor::Pending));
+    open();
+    select("Anna");
+
+    choose(status.command);
+
+    EXPECT_EQ(stored(key), status.code);
+    EXPECT_EQ(stored(other), ncolor::Pending);
+    EXPECT_EQ(item("Anna").ItemColor, status.code);
+    EXPECT_EQ(item("Anna").ItemStatusIcon, 0);
+    EXPECT_EQ(item("Anna").ItemStatusText, status.word);
+    EXPECT_EQ(ticked(), QStringList{QString::fromLatin1(status.command)});
+    EXPECT_TRUE(info().contains(QStringLiteral("Status;%1").arg(QLatin1String(status.inDetails))));
+}
+
+TEST_P(DayPlainStatus, LooksAsTheNextReloadShowsIt) {
+    add(anAppointment("Anna").status(ncolor::Tentative).with("BTentIco", "1").with("appointment_type", "6723891"));
+    frmsched& view = open();
+    select("Anna");
+
+    choose(GetParam().command);
+    const CalendarItem shown = item("Anna");
+    const QStringList details = info();
+    view.Reload();
+
+    EXPECT_EQ(item("Anna"), shown);
+    EXPECT_EQ(info(), details);
+}
+
+TEST_P(DayPlainStatus, KeepsAHiddenNameHidden) {
+    Session().HidePatientNames = true;
+    add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+
+    choose(GetParam().command);
+
+    EXPECT_EQ(item("Anna").ItemTextColor, TextColor::SameAsBackground);
+}
+
+TEST_P(DayPlainStatus, OfARowThatAnotherDeskDeletedChangesAndReportsNothing) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+    database_.connection().Execute(db::Sql("Delete from appointments Where nkeyid = {}", key));
+
+    choose(GetParam().command);
+
+    EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from appointments")), 0);
+    EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
+    EXPECT_TRUE(ticked().isEmpty());
+}
+
+TEST_P(DayPlainStatus, ThatTheDatabaseRefusesIsNotShown) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+    (void)database_.refuse(QStringLiteral("Update"), QStringLiteral("appointments"));
+
+    choose(GetParam().command);
+
+    EXPECT_EQ(stored(key), ncolor::Pending);
+    EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
+    EXPECT_TRUE(ticked().isEmpty());
+}
+
+TEST_P(DayPlainStatus, LeavesWhatAnotherDeskChangedMeanwhile) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+    database_.connection().Execute(db::Sql(
+        "Update appointments Set nStartTime = 900, nEndTime = 960, cappttext = 'Anna Marie' Where nkeyid = {}", key));
+
+    choose(GetParam().command);
+
+    EXPECT_EQ(stored(key), GetParam().code);
+    EXPECT_EQ(database_.text(db::Sql("Select cappttext from appointments Where nkeyid = {}", key)), "Anna Marie");
+    EXPECT_EQ(database_.number(db::Sql("Select nStartTime from appointments Where nkeyid = {}", key)), 900);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Status, DayPlainStatus,
+    testing::Values(PlainStatus{"mnuAMissed", ncolor::Missed, "Missed", "Missed"},
+                    PlainStatus{"mnuAPCancel", ncolor::PatientCancelled, "Patient Cancelled", "Cancelled"},
+                    PlainStatus{"mnuATCancel", ncolor::TherapistCancelled, "Therapist Cancelled", "Cancelled"}),
+    [](const auto& tested) { return std::string(tested.param.command); });
+
+TEST_F(DayStatus, WithoutASelectedAppointmentThereIsNoStatusToSet) {
+    add(anAppointment("Anna"));
+    open();
+
+    for (const char* name : statusCommands) {
+        EXPECT_FALSE(command(name).isEnabled()) << name;
+        EXPECT_EQ(command(name).toolTip().toStdString(), "Select an appointment first.");
+    }
+}
+
+TEST_F(DayStatus, EveryPatientRowCanBeGivenAnother) {
+    for (const int code : ncolor::PatientRows)
+        add(anAppointment(qPrintable(QString::number(code))).status(code));
+    open();
+
+    for (const int code : ncolor::PatientRows) {
+        select(qPrintable(QString::number(code)));
+        for (const char* name : statusCommands)
+            EXPECT_TRUE(command(name).isEnabled()) << code << " " << name;
+    }
+}
+
+TEST_F(DayStatus, WhatIsNoPatientsAppointmentHasNone) {
+    add(anAppointment("Meeting").status(ncolor::Activity));
+    add(anAppointment("Lunch").status(ncolor::Unavailable));
+    add(anAppointment("Thursday group").status(ncolor::Group));
+    add(anAppointment("Intake slot").status(0x336699).with("appttype", "4"));
+    add(anAppointment("Slot in a status's colour").status(ncolor::Kept).with("appttype", "4"));
+    add(anAppointment("Nobody in an odd colour").status(0x112233));
+    run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Founders'' Day', '2026/03/11', 0)");
+    open();
+
+    for (const QString& text : itemTexts()) {
+        select(text.toUtf8().constData());
+        for (const char* name : statusCommands) {
+            EXPECT_FALSE(command(name).isEnabled()) << text.toStdString() << " " << name;
+            EXPECT_EQ(command(name).toolTip().toStdString(), "Only the appointment of a patient has a status.");
+        }
+    }
+}
+
+TEST_F(DayStatus, APatientInAColourWithoutAMeaningCanBeSettled) {
+    add(anAppointment("Grey").status(ncolor::LegendTentative).with("patientid", "'10017'"));
+    frmsched& view = open();
+    select("Grey");
+
+    choose("mnuAMissed");
+    const CalendarItem shown = item("Grey");
+    view.Reload();
+
+    EXPECT_EQ(item("Grey"), shown);
+    EXPECT_EQ(item("Grey").ItemColor, ncolor::Missed);
+}
+
+TEST_F(DayStatus, TheTickGoesWithTheSelection) {
+    add(anAppointment("Anna"));
+    add(anAppointment("Bert").at(11, 0));
+    open();
+    select("Anna");
+    choose("mnuAMissed");
+
+    select("Bert");
+
+    EXPECT_TRUE(ticked().isEmpty());
+}
+
+TEST_F(DayStatus, OnlyOneStatusIsTicked) {
+    add(anAppointment("Anna"));
+    open();
+    select("Anna");
+
+    choose("mnuAMissed");
+    choose("mnuAPCancel");
+    EXPECT_EQ(ticked(), QStringList{"mnuAPCancel"});
+    choose("mnuAPCancel");
+    EXPECT_EQ(ticked(), QStringList{"mnuAPCancel"});
+}
+
+TEST_F(DayStatus, AUserWhoMayOnlyReadSetsNone) {
+    for (const int access : {0, 1}) {
+        Session().ScreenAccess = access;
+        add(anAppointment("Anna"));
+        open();
+        select("Anna");
+        for (const char* name : statusCommands) {
+            EXPECT_FALSE(command(name).isEnabled()) << name;
+            EXPECT_EQ(command(name).toolTip().toStdString(), "Not available to you.");
+        }
+    }
+}
+
+TEST_F(DayStatus, AUserWithoutDeleteRightsSetsThem) {
+    Session().ScreenAccess = 2;
+    const qint64 key = add(anAppointment("Anna"));
+    open();
+    select("Anna");
+
+    choose("mnuAMissed");
+
+    EXPECT_EQ(stored(key), ncolor::Missed);
+}
