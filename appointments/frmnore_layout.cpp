@@ -1,0 +1,363 @@
+#include <algorithm>
+#include <initializer_list>
+#include <QCheckBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "appointments/frmnore.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "platform/controls/formarea.h"
+#include "platform/controls/notefield.h"
+#include "platform/theme/icon.h"
+#include "platform/theme/theme.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr int LongestName = 255;    // appointments.cappttext
+constexpr int LongestAccount = 50;  // appointments.PatientAcct
+constexpr int NoteLines = 4;
+constexpr int PhoneCharacters = 16;
+
+template <typename Widget>
+Widget* named(Widget* widget, const char* name) {
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+QLabel* fieldLabel(const QString& text, QWidget* field, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setBuddy(field);
+    label->setProperty("fieldLabel", true);
+    return label;
+}
+
+CompletingCombo* combo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName, QWidget* parent) {
+    auto* box = named(new CompletingCombo(entry, parent), name);
+    box->setAccessibleName(accessibleName);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(14);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return box;
+}
+
+QPushButton* button(const QString& text, const char* name, QWidget* parent) {
+    auto* made = named(new QPushButton(text, parent), name);
+    made->setAutoDefault(false);
+    return made;
+}
+
+/// What is known about the patient: shown, never typed.
+QLabel* factLabel(const char* name, QWidget* parent) {
+    auto* label = named(new QLabel(parent), name);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+QLabel* caption(const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+QGridLayout* fieldGrid(QWidget* panel) {
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(Space(8));
+    grid->setVerticalSpacing(Space(8));
+    grid->setColumnStretch(1, 1);
+    return grid;
+}
+
+}  // namespace
+
+void frmnore::buildForm() {
+    auto* fields = new QWidget(this);
+    auto* rows = new QVBoxLayout(fields);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(Space(8));
+    buildPatientPage();
+    buildOtherPages();
+    for (QWidget* page : fraappttype)
+        rows->addWidget(page);
+    rows->addWidget(buildWhen());
+    buildService();
+    rows->addWidget(fraservice);
+    buildPlace();
+    rows->addWidget(Frame1);
+    rows->addWidget(XPFrame201);
+    buildStatus();
+    rows->addWidget(frastatus);
+    rows->addWidget(buildNote(), 1);
+    alignLabels();
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(12));
+    column->addWidget(new FormArea(fields, this), 1);
+    column->addLayout(buildButtons());
+    buildPatientList();
+    auto* save = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), this);
+    connect(save, &QShortcut::activated, cmdOk, &QPushButton::click);
+}
+
+void frmnore::buildPatientPage() {
+    QWidget* page = fraappttype[0] = named(new QWidget(this), "fraappttype0");
+    txtpatients = named(new QLineEdit(page), "txtpatients");
+    txtpatients->setMaxLength(LongestName);
+    txtpatients->setPlaceholderText(tr("Last name, first name"));
+    Label1 = named(fieldLabel({}, txtpatients, page), "Label1");
+    cmdpatients = named(new QToolButton(page), "cmdpatients");
+    cmdpatients->setIcon(Icon("down"));
+    cmdpatients->setAccessibleName(tr("List of patients"));
+    cmdpatients->setToolTip(tr("List of patients"));
+    cmdPatientList = button(tr("Look &Up..."), "cmdPatientList", page);
+    cmdnewpat = button({}, "cmdnewpat", page);
+    txtaccount = named(new QLineEdit(page), "txtaccount");
+    txtaccount->setMaxLength(LongestAccount);
+    Label14 = named(fieldLabel({}, txtaccount, page), "Label14");
+    lblHPhone = factLabel("lblHPhone", page);
+    lblwphone = factLabel("lblwphone", page);
+    lblcphone = factLabel("lblcphone", page);
+    lblemail = factLabel("lblemail", page);
+    lblAuthorization = factLabel("lblAuthorization", page);
+
+    auto* who = new QHBoxLayout;
+    who->setSpacing(Space(8));
+    who->addWidget(txtpatients, 1);
+    who->addWidget(cmdpatients);
+    who->addWidget(cmdPatientList);
+    who->addWidget(cmdnewpat);
+    auto* facts = new QGridLayout;
+    facts->setHorizontalSpacing(Space(8));
+    facts->setVerticalSpacing(Space(4));
+    facts->addWidget(txtaccount, 0, 0, 2, 1);
+    facts->addWidget(caption(tr("Home"), page), 0, 1);
+    facts->addWidget(lblHPhone, 0, 2);
+    facts->addWidget(caption(tr("Work"), page), 0, 3);
+    facts->addWidget(lblwphone, 0, 4);
+    facts->addWidget(caption(tr("Other"), page), 1, 1);
+    facts->addWidget(lblcphone, 1, 2);
+    facts->addWidget(caption(tr("E-mail"), page), 1, 3);
+    facts->addWidget(lblemail, 1, 4);
+    for (QLabel* phone : {lblHPhone, lblcphone})
+        phone->setMinimumWidth(fontMetrics().averageCharWidth() * PhoneCharacters);
+    facts->setColumnStretch(4, 1);
+    txtaccount->setFixedWidth(fontMetrics().averageCharWidth() * PhoneCharacters);
+
+    auto* grid = fieldGrid(page);
+    grid->addWidget(Label1, 0, 0);
+    grid->addLayout(who, 0, 1);
+    grid->addWidget(Label14, 1, 0);
+    grid->addLayout(facts, 1, 1);
+    grid->addWidget(lblAuthorization, 2, 1);
+}
+
+void frmnore::buildOtherPages() {
+    using Entry = CompletingCombo::Entry;
+    const auto page = [this](int kind, const char* name) {
+        return fraappttype[static_cast<std::size_t>(kind)] = named(new QWidget(this), name);
+    };
+    QWidget* events = page(1, "fraappttype1");
+    cboevents = combo(Entry::Free, "cboevents", tr("Event"), events);
+    auto* grid = fieldGrid(events);
+    grid->addWidget(fieldLabel(tr("E&vent:"), cboevents, events), 0, 0);
+    grid->addWidget(cboevents, 0, 1);
+
+    QWidget* unavailable = page(2, "fraappttype2");
+    cboavail = combo(Entry::Free, "cboavail", tr("Unavailable for"), unavailable);
+    grid = fieldGrid(unavailable);
+    grid->addWidget(fieldLabel(tr("Una&vailable for:"), cboavail, unavailable), 0, 0);
+    grid->addWidget(cboavail, 0, 1);
+
+    QWidget* categories = page(3, "fraappttype3");
+    cbocats = combo(Entry::ListOnly, "cbocats", tr("Appointment type"), categories);
+    lblaptcolor = named(new QLabel(categories), "lblaptcolor");
+    lblaptcolor->setFixedWidth(Space(24));
+    lblaptcolor->setAutoFillBackground(true);
+    lblaptcolor->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    grid = fieldGrid(categories);
+    grid->addWidget(fieldLabel(tr("Appointment t&ype:"), cbocats, categories), 0, 0);
+    grid->addWidget(cbocats, 0, 1);
+    grid->addWidget(lblaptcolor, 0, 2);
+}
+
+QWidget* frmnore::buildWhen() {
+    auto* when = new QWidget(this);
+    ctedate = named(new ctDEdit(ctDEdit::Kind::Date, when), "ctedate");
+    ctedate->setAccessibleName(tr("Date"));
+    lbldate = named(fieldLabel(tr("&Date:"), ctedate, when), "lbldate");
+    ctstart = named(new ctDEdit(ctDEdit::Kind::Time, when), "ctstart");
+    ctstart->setAccessibleName(tr("Start"));
+    ctend = named(new ctDEdit(ctDEdit::Kind::Time, when), "ctend");
+    ctend->setAccessibleName(tr("End"));
+    ctend->setIsEnd(true);
+    lblduration = factLabel("lblduration", when);
+    lblduration->setForegroundRole(QPalette::PlaceholderText);
+    SSCheck1 = named(new QCheckBox(tr("All Day Event"), when), "SSCheck1");
+
+    auto* end = new QLabel(tr("&End:"), when);
+    end->setBuddy(ctend);
+    auto* times = new QHBoxLayout;
+    times->setSpacing(Space(8));
+    times->addWidget(ctstart);
+    times->addSpacing(Space(4));
+    times->addWidget(end);
+    times->addWidget(ctend);
+    times->addWidget(lblduration, 1);
+    times->addWidget(SSCheck1);
+    auto* grid = fieldGrid(when);
+    grid->addWidget(lbldate, 0, 0);
+    grid->addWidget(ctedate, 0, 1, Qt::AlignLeft);
+    grid->addWidget(fieldLabel(tr("&Start:"), ctstart, when), 1, 0);
+    grid->addLayout(times, 1, 1);
+    return when;
+}
+
+void frmnore::buildService() {
+    fraservice = named(new QWidget(this), "fraservice");
+    cbocpt = combo(CompletingCombo::Entry::Free, "cbocpt", tr("Service"), fraservice);
+    cbocpt->SetForbidden(QStringLiteral(";|"));
+    cboapttype = combo(CompletingCombo::Entry::ListOnly, "cboapttype", tr("Appointment type"), fraservice);
+    auto* grid = fieldGrid(fraservice);
+    grid->addWidget(fieldLabel(tr("Se&rvice:"), cbocpt, fraservice), 0, 0);
+    grid->addWidget(cbocpt, 0, 1);
+    grid->addWidget(fieldLabel(tr("T&ype:"), cboapttype, fraservice), 1, 0);
+    grid->addWidget(cboapttype, 1, 1);
+}
+
+void frmnore::buildPlace() {
+    Frame1 = named(new QWidget(this), "Frame1");
+    cbolocation = combo(CompletingCombo::Entry::Free, "cbolocation", tr("Location"), Frame1);
+    cbolocation->SetForbidden(QStringLiteral(";|"));
+    auto* grid = fieldGrid(Frame1);
+    grid->addWidget(fieldLabel(tr("&Location:"), cbolocation, Frame1), 0, 0);
+    grid->addWidget(cbolocation, 0, 1);
+
+    XPFrame201 = named(new QWidget(this), "XPFrame201");
+    cborooms = combo(CompletingCombo::Entry::ListOnly, "cborooms", tr("Room"), XPFrame201);
+    cmdrooms = button(tr("&Browse..."), "cmdrooms", XPFrame201);
+    cmdrooms->setToolTip(tr("Show which rooms are free"));
+    grid = fieldGrid(XPFrame201);
+    grid->addWidget(fieldLabel(tr("Roo&m:"), cborooms, XPFrame201), 0, 0);
+    grid->addWidget(cborooms, 0, 1);
+    grid->addWidget(cmdrooms, 0, 2);
+}
+
+void frmnore::buildStatus() {
+    frastatus = named(new QWidget(this), "frastatus");
+    cbostatus = combo(CompletingCombo::Entry::ListOnly, "cbostatus", tr("Status"), frastatus);
+    auto* grid = fieldGrid(frastatus);
+    grid->addWidget(fieldLabel(tr("S&tatus:"), cbostatus, frastatus), 0, 0);
+    grid->addWidget(cbostatus, 0, 1);
+}
+
+QWidget* frmnore::buildNote() {
+    auto* note = new QWidget(this);
+    txtnotes = named(new NoteField(note), "txtnotes");
+    txtnotes->setAccessibleName(tr("Note"));
+    txtnotes->setLines(NoteLines);
+    ckAlarm = named(new QCheckBox(tr("Set Alarm"), note), "ckAlarm");
+    ckemail = named(new QCheckBox(tr("Send E-Mail Confirmation"), note), "ckemail");
+    auto* options = new QHBoxLayout;
+    options->setSpacing(Space(16));
+    options->addWidget(ckAlarm);
+    options->addWidget(ckemail);
+    options->addStretch(1);
+    auto* grid = fieldGrid(note);
+    grid->addWidget(fieldLabel(tr("N&ote:"), txtnotes, note), 0, 0, Qt::AlignTop);
+    grid->addWidget(txtnotes, 0, 1);
+    grid->addLayout(options, 1, 1);
+    return note;
+}
+
+// The labels of all panels make one column, so that the fields stand in one line whatever is hidden.
+void frmnore::alignLabels() {
+    QList<QLabel*> labels;
+    int widest = 0;
+    for (QLabel* label : findChildren<QLabel*>())
+        if (label->property("fieldLabel").toBool()) {
+            labels << label;
+            widest = std::max(widest, label->sizeHint().width());
+        }
+    for (QLabel* label : labels)
+        label->setMinimumWidth(widest);
+}
+
+void frmnore::buildPatientList() {
+    auto* panel = named(new QFrame(this), "pnlpatlist");
+    pnlpatlist = panel;
+    panel->setFrameShape(QFrame::StyledPanel);
+    panel->setAutoFillBackground(true);
+    ctList1 = named(new ctList(panel), "ctList1");
+    ctList1->setAccessibleName(tr("List of patients"));
+    ctList1->SetColumns({{QStringLiteral("Name")},
+                         {QStringLiteral("Acct #"), ListColumn::Kind::Text, 12},
+                         {QStringLiteral("Home Phone"), ListColumn::Kind::Text, 15},
+                         {QStringLiteral("Work Phone"), ListColumn::Kind::Text, 20},
+                         {QStringLiteral("CPT"), ListColumn::Kind::Text, 8},
+                         {QStringLiteral("Other Phone"), ListColumn::Kind::Text, 15},
+                         {QStringLiteral("Email"), ListColumn::Kind::Text, 20}});
+    txtfind = named(new QLineEdit(panel), "txtfind");
+    txtfind->setPlaceholderText(tr("Part of a name"));
+    auto* label = new QLabel(tr("&Find:"), panel);
+    label->setBuddy(txtfind);
+    cmdfind = button(tr("F&ind"), "cmdfind", panel);
+    cmdfind->setEnabled(false);
+    cmdnew = button(tr("&New"), "cmdnew", panel);
+    auto* find = new QHBoxLayout;
+    find->setSpacing(Space(8));
+    find->addWidget(label);
+    find->addWidget(txtfind, 1);
+    find->addWidget(cmdfind);
+    find->addWidget(cmdnew);
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(Space(8), Space(8), Space(8), Space(8));
+    column->setSpacing(Space(8));
+    column->addWidget(ctList1, 1);
+    column->addLayout(find);
+    panel->hide();
+}
+
+// Over the fields below the patient's name, as a list drops from its box.
+void frmnore::placePatientList() {
+    const QPoint below = txtpatients->mapTo(this, QPoint(0, txtpatients->height()));
+    const int left = Space(16);
+    const int top = std::min(below.y(), height() / 3);
+    pnlpatlist->setGeometry(left, top, width() - 2 * left, height() - top - left);
+    pnlpatlist->raise();
+}
+
+QLayout* frmnore::buildButtons() {
+    lblcreated = factLabel("lblcreated", this);
+    lblmodified = factLabel("lblmodified", this);
+    auto* history = new QVBoxLayout;
+    history->setSpacing(0);
+    for (QLabel* label : {lblcreated, lblmodified}) {
+        label->setForegroundRole(QPalette::PlaceholderText);
+        history->addWidget(label);
+    }
+    cmdOk = button(tr("O&K"), "cmdOk", this);
+    cmdOk->setDefault(true);
+    cmdCancel = button(tr("&Cancel"), "cmdCancel", this);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(Space(8));
+    buttons->addLayout(history, 1);
+    buttons->addWidget(cmdOk);
+    buttons->addWidget(cmdCancel);
+    return buttons;
+}
+
+void frmnore::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    placePatientList();
+}

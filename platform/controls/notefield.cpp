@@ -1,0 +1,44 @@
+#include "platform/controls/notefield.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+
+namespace {
+
+QString withoutSeparators(QString text) {
+    return text.remove(QLatin1Char(';')).remove(QLatin1Char('|'));
+}
+
+}  // namespace
+
+NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent) {
+    setTabChangesFocus(true);
+}
+
+void NoteField::setLines(int lines) {
+    lines_ = lines;
+    updateGeometry();
+}
+
+QSize NoteField::sizeHint() const {
+    const int around = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
+    return {fontMetrics().averageCharWidth() * 40, lines_ * fontMetrics().lineSpacing() + around};
+}
+
+void NoteField::keyPressEvent(QKeyEvent* event) {
+    if (event->text() == QLatin1String(";") || event->text() == QLatin1String("|"))
+        return;
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void NoteField::inputMethodEvent(QInputMethodEvent* event) {
+    event->setCommitString(withoutSeparators(event->commitString()), event->replacementStart(),
+                           event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(event);
+}
+
+void NoteField::insertFromMimeData(const QMimeData* source) {
+    if (source->hasText())
+        insertPlainText(withoutSeparators(source->text()));
+}
