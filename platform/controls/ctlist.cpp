@@ -194,7 +194,7 @@ void ctList::layOutColumns() {
     bool shares = false;
     for (int section = 0; section < model_.columnCount(); ++section) {
         const ListColumn& column = model_.columns()[static_cast<std::size_t>(section)];
-        const bool fixed = column.widthCharacters > 0 || column.kind == ListColumn::Kind::Check;
+        const bool fixed = column.widthCharacters > 0 || column.kind != ListColumn::Kind::Text;
         header()->setSectionResizeMode(section, fixed ? QHeaderView::Interactive : QHeaderView::Stretch);
         const int least = header()->sectionSizeHint(section);
         if (fixed)

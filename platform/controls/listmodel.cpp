@@ -1,5 +1,7 @@
 #include "platform/controls/listmodel.h"
 
+#include <QColor>
+
 #include <algorithm>
 #include <QCollator>
 
@@ -122,9 +124,14 @@ bool ListModel::isCheckColumn(int column) const {
            columns_[static_cast<std::size_t>(column - 1)].kind == ListColumn::Kind::Check;
 }
 
+bool ListModel::isColorColumn(int column) const {
+    return column >= 1 && column <= columnCount() &&
+           columns_[static_cast<std::size_t>(column - 1)].kind == ListColumn::Kind::Color;
+}
+
 int ListModel::firstTextColumn() const {
     for (int column = 1; column <= columnCount(); ++column)
-        if (!isCheckColumn(column))
+        if (!isCheckColumn(column) && !isColorColumn(column))
             return column;
     return 1;
 }
@@ -184,7 +191,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const bool check = isCheckColumn(column);
     switch (role) {
         case Qt::DisplayRole:
-            return check ? QVariant() : cell(index.row(), column);
+            return check || isColorColumn(column) ? QVariant() : cell(index.row(), column);
+        case Qt::DecorationRole:
+            return isColorColumn(column) ? QVariant(QColor(cell(index.row(), column))) : QVariant();
         case Qt::CheckStateRole:
             return check ? QVariant(checked(index.row(), column) ? Qt::Checked : Qt::Unchecked) : QVariant();
         case Qt::AccessibleTextRole:

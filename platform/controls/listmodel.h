@@ -6,7 +6,8 @@
 
 /// One column of a ctList.
 struct ListColumn {
-    enum class Kind { Text, Check };
+    /// A colour's cell holds its name as QColor reads it ("#ff8000") and shows a swatch.
+    enum class Kind { Text, Check, Color };
 
     QString header;
     Kind kind = Kind::Text;
@@ -43,6 +44,7 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] const std::vector<ListColumn>& columns() const { return columns_; }
     [[nodiscard]] bool has(int row) const { return row >= 0 && row < rowCount(); }
     [[nodiscard]] bool isCheckColumn(int column) const;
+    [[nodiscard]] bool isColorColumn(int column) const;
     [[nodiscard]] int firstTextColumn() const;
     [[nodiscard]] QString rowText(int row) const;
     [[nodiscard]] QString cell(int row, int column) const;

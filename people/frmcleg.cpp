@@ -1,0 +1,91 @@
+#include "people/frmcleg.h"
+
+#include <array>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+
+#include "data/codes.h"
+#include "platform/calendar/colour.h"
+#include "platform/calendar/glyphs.h"
+#include "platform/calendar/item.h"
+#include "platform/calendar/style.h"
+#include "platform/theme/theme.h"
+
+namespace {
+
+struct Entry {
+    int color;
+    StatusMark mark;
+    const char* text;
+};
+
+constexpr std::array entries{
+    Entry{ncolor::Pending, StatusMark::Pending, "Pending Appointment with Patient"},
+    Entry{ncolor::LegendTentative, StatusMark::Tentative, "Tentative Appointment with Patient"},
+    Entry{ncolor::Kept, StatusMark::Kept, "Kept Appointment with Patient"},
+    Entry{ncolor::Missed, StatusMark::Missed, "Missed/Cancelled Appointment with Patient"},
+    Entry{ncolor::Activity, StatusMark::Activity, "Activity/Event"},
+    Entry{ncolor::Unavailable, StatusMark::Unavailable, "Unavailable Time"},
+    Entry{ncolor::Holiday, StatusMark::None, "Holiday"},
+    Entry{ncolor::Group, StatusMark::Group, "Group Therapy"},
+};
+
+/// The colours of a card of the calendar, with the glyph that tells them from one another without colour.
+class Swatch : public QWidget {
+  public:
+    Swatch(const Entry& entry, QWidget* parent) : QWidget(parent) {
+        setObjectName(QStringLiteral("lblcolorcode"));
+        item_.ItemColor = entry.color;
+        item_.ItemStatusMark = entry.mark;
+        item_.ItemBanner = entry.color == ncolor::Holiday;
+    }
+    [[nodiscard]] QSize sizeHint() const override {
+        return {fontMetrics().averageCharWidth() * 8, fontMetrics().height() * 3 / 2};
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const CalendarStyle style = ScreenStyle(palette(), font());
+        const CardColors colors = CardColorsFor(item_, style.base, style.ink);
+        const QRectF card = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(colors.outline);
+        painter.setBrush(colors.fill);
+        painter.drawRoundedRect(card, style.radius, style.radius);
+        painter.fillRect(QRectF(card.left(), card.top() + 1, style.edgeWidth, card.height() - 2), colors.edge);
+        const Glyph glyph = item_.ItemBanner ? Glyph::Holiday : GlyphsOf(item_).front();
+        QRectF square(0, 0, style.icon, style.icon);
+        square.moveCenter(card.center());
+        PaintGlyph(painter, square, glyph, colors.text);
+    }
+
+  private:
+    CalendarItem item_;
+};
+
+}  // namespace
+
+frmcleg::frmcleg(QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmcleg"));
+    setWindowTitle(QStringLiteral("Color Legend"));
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    grid->setHorizontalSpacing(Space(12));
+    grid->setVerticalSpacing(Space(8));
+    int row = 0;
+    for (const Entry& entry : entries) {
+        auto* text = new QLabel(QLatin1String(entry.text), this);
+        text->setObjectName(QStringLiteral("lblctext"));
+        grid->addWidget(new Swatch(entry, this), row, 0);
+        grid->addWidget(text, row++, 1);
+    }
+    auto* close = new QPushButton(tr("&Close"), this);
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    grid->setRowMinimumHeight(row, Space(4));
+    grid->addWidget(close, row + 1, 0, 1, 2, Qt::AlignRight);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+}

@@ -1,0 +1,198 @@
+#include "people/frmapttypes.h"
+
+#include <QColorDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "data/codes.h"
+#include "platform/controls/ctlist.h"
+#include "tests/people/listfixture.h"
+
+namespace {
+
+class AppointmentTypes : public ListFixture {
+  protected:
+    AppointmentTypes() {
+        type("Intake", 0x00FF10);
+        type("Testing", 0x1020FF);
+    }
+    void type(const char* name, int color) {
+        run(db::Sql("Insert Into AptCategories (aptcategory, aptcategorycolor) Values ('{}', {})", name, color));
+    }
+    /// Picks a colour 0xBBGGRR in the colour dialog.
+    void pick(frmapttypes& form, int color) {
+        desk.expectForm("QColorDialog", [color](QDialog& dialog) {
+            static_cast<QColorDialog&>(dialog).setCurrentColor(
+                QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF));
+            dialog.setResult(QDialog::Accepted);
+        });
+        form.PnlPickColor->click();
+    }
+    static void edit(frmapttypes& form, int row) {
+        form.fg->SelectRow(row);
+        form.cmdedit->click();
+    }
+};
+
+}  // namespace
+
+TEST(TypeColors, AColorOfAStatusOrKindIsMovedSoThatNoTypeCanBeMistakenForOne) {
+    EXPECT_EQ(StoredTypeColor(0xFF0000), 0xFF0002);
+    for (const int cancelled : {192, 193, 194})
+        EXPECT_EQ(StoredTypeColor(cancelled), 195);
+    for (const int reserved : {49344, 49152, 0x80FFFF, 0xC0C000, 0xFFFF80, 0xFF0001, 0xFF80FF, 0xFFFFFF, 0x7878650})
+        EXPECT_EQ(StoredTypeColor(reserved), reserved + 1);
+    EXPECT_EQ(StoredTypeColor(0x123456), 0x123456);
+    EXPECT_EQ(StoredTypeColor(195), 195);
+}
+
+TEST_F(AppointmentTypes, AreListedByNameWithTheirColor) {
+    const frmapttypes form;
+    ASSERT_EQ(form.fg->RowCount(), 2);
+    EXPECT_EQ(form.fg->RowText(0), QStringLiteral("#10ff00;Intake"));
+    EXPECT_FALSE(form.txttype->isEnabled());
+    EXPECT_FALSE(form.cmdsave->isEnabled());
+}
+
+TEST_F(AppointmentTypes, ANewTypeIsStoredWithItsColor) {
+    frmapttypes form;
+    form.cmdadd->click();
+    QTest::keyClicks(form.txttype, QStringLiteral("Couple's hour"));
+    pick(form, 0x112233);
+    form.cmdsave->click();
+    EXPECT_EQ(database.number(
+                  QStringLiteral("Select aptcategorycolor from AptCategories Where aptcategory = 'Couple''s hour'")),
+              0x112233);
+    EXPECT_EQ(form.fg->RowCount(), 3);
+}
+
+TEST_F(AppointmentTypes, PureWhiteIsStoredAsAColorThatNoPickerShows) {
+    frmapttypes form;
+    form.cmdadd->click();
+    QTest::keyClicks(form.txttype, QStringLiteral("White"));
+    pick(form, 0xFFFFFF);
+    form.cmdsave->click();
+    EXPECT_EQ(database.number(QStringLiteral("Select aptcategorycolor from AptCategories Where aptcategory = 'White'")),
+              0x1000000);
+}
+
+TEST_F(AppointmentTypes, WithoutAColorNothingIsSaved) {
+    frmapttypes form;
+    form.cmdadd->click();
+    QTest::keyClicks(form.txttype, QStringLiteral("Plain"));
+    desk.expectBox(QStringLiteral("Assign a color code for this appointment type."), QStringLiteral("Solvane"));
+    form.cmdsave->click();
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from AptCategories")), 2);
+    EXPECT_EQ(form.txttype->text(), QStringLiteral("Plain"));
+}
+
+TEST_F(AppointmentTypes, RenamingAloneAsksNothingAndTouchesNoAppointment) {
+    run(QStringLiteral("Insert Into appointments (cappttext, Appointment_Type) Values ('x', 65296)"));
+    frmapttypes form;
+    edit(form, 0);
+    form.txttype->setText(QStringLiteral("First hour"));
+    form.cmdsave->click();
+    EXPECT_EQ(form.fg->ItemText(0), QStringLiteral("First hour"));
+    EXPECT_EQ(database.number(QStringLiteral("Select Appointment_Type from appointments")), 65296);
+}
+
+TEST_F(AppointmentTypes, ANewColorIsGivenToAllAppointmentsOfTheTypeAfterAYes) {
+    run(QStringLiteral("Insert Into appointments (cappttext, Appointment_Type) Values ('x', 65296)"));
+    frmapttypes form;
+    edit(form, 0);
+    pick(form, 0x445566);
+    desk.expectBox(
+        QStringLiteral(
+            "You are changing the color of an existing Appointment Type. The color will be changed for all previous appointments. Continue?"),
+        QStringLiteral("Solvane"), Answer::Yes);
+    form.cmdsave->click();
+    EXPECT_EQ(database.number(QStringLiteral("Select Appointment_Type from appointments")), 0x445566);
+    EXPECT_EQ(
+        database.number(QStringLiteral("Select aptcategorycolor from AptCategories Where aptcategory = 'Intake'")),
+        0x445566);
+}
+
+TEST_F(AppointmentTypes, AnsweringNoLeavesTypeAndAppointmentsUnchanged) {
+    run(QStringLiteral("Insert Into appointments (cappttext, Appointment_Type) Values ('x', 65296)"));
+    frmapttypes form;
+    edit(form, 0);
+    pick(form, 0x445566);
+    desk.expectBox(
+        QStringLiteral(
+            "You are changing the color of an existing Appointment Type. The color will be changed for all previous appointments. Continue?"),
+        QStringLiteral("Solvane"), Answer::No);
+    form.cmdsave->click();
+    EXPECT_EQ(database.number(QStringLiteral("Select Appointment_Type from appointments")), 65296);
+    EXPECT_EQ(
+        database.number(QStringLiteral("Select aptcategorycolor from AptCategories Where aptcategory = 'Intake'")),
+        65296);
+    EXPECT_TRUE(form.cmdsave->isEnabled());
+}
+
+TEST_F(AppointmentTypes, TwoTypesCannotHaveOneColor) {
+    frmapttypes form;
+    edit(form, 0);
+    pick(form, 0x1020FF);
+    desk.expectBox(QStringLiteral("Another appointment type has this color. Pick a different one."),
+                   QStringLiteral("Solvane"));
+    form.cmdsave->click();
+    EXPECT_EQ(
+        database.number(QStringLiteral("Select aptcategorycolor from AptCategories Where aptcategory = 'Intake'")),
+        65296);
+}
+
+TEST_F(AppointmentTypes, ATypeInUseCannotBeDeleted) {
+    run(QStringLiteral("Insert Into appointments (cappttext, Appointment_Type) Values ('x', 65296)"));
+    frmapttypes form;
+    form.fg->SelectRow(0);
+    desk.expectBox(QStringLiteral("Unable to delete. This type and color is being used for existing appointments."),
+                   QStringLiteral("Solvane"));
+    form.cmddelete->click();
+    EXPECT_EQ(form.fg->RowCount(), 2);
+}
+
+TEST_F(AppointmentTypes, AnUnusedTypeIsDeletedAfterAYes) {
+    frmapttypes form;
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        form.fg->SelectRow(0);
+        desk.expectBox(QStringLiteral("Are you sure you want to delete this appointment type?"),
+                       QStringLiteral("Delete"), answer);
+        form.cmddelete->click();
+    }
+    EXPECT_EQ(form.fg->RowCount(), 1);
+}
+
+TEST_F(AppointmentTypes, WhoMayOnlyReadIsTurnedAway) {
+    Session().ScreenAccess = 1;
+    frmapttypes form;
+    form.fg->SelectRow(0);
+    for (QPushButton* button : {form.cmdadd, form.cmdedit, form.cmddelete}) {
+        desk.expectBox(QStringLiteral("You do not have permissions for this function."), QStringLiteral("Solvane"));
+        button->click();
+    }
+    EXPECT_FALSE(form.txttype->isEnabled());
+    EXPECT_EQ(form.fg->RowCount(), 2);
+}
+
+TEST_F(AppointmentTypes, EscapeFirstGivesUpTheEditAndThenCloses) {
+    frmapttypes form;
+    form.show();
+    edit(form, 0);
+    QTest::keyClick(form.txttype, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_FALSE(form.txttype->isEnabled());
+    QTest::keyClick(form.fg, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(AppointmentTypes, AFailedSaveKeepsWhatWasTyped) {
+    frmapttypes form;
+    form.cmdadd->click();
+    QTest::keyClicks(form.txttype, QStringLiteral("Plain"));
+    pick(form, 0x445566);
+    const QString why = refuseWrites("AptCategories");
+    desk.expectBox(QStringLiteral("Error saving appointment type. ") + why, QStringLiteral("Error"));
+    form.cmdsave->click();
+    EXPECT_EQ(form.txttype->text(), QStringLiteral("Plain"));
+}
