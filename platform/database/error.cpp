@@ -11,4 +11,11 @@ DatabaseError::DatabaseError(int errorNumber, QString errorDescription, QString 
       sqlState(std::move(state)),
       utf8_(description.toUtf8()) {}
 
+DatabaseError RowChangedError(QString failedStatement) {
+    return {
+        RowChanged,
+        QStringLiteral("Row cannot be located for updating. Some values may have been changed since it was last read."),
+        std::move(failedStatement)};
+}
+
 }  // namespace db

@@ -23,6 +23,12 @@ class DatabaseError : public std::exception {
     QByteArray utf8_;
 };
 
+/// The cursor service's number for a row that somebody else changed or removed since it was read.
+inline constexpr int RowChanged = -2147217864;
+
+/// That error, with the cursor service's own words.
+[[nodiscard]] DatabaseError RowChangedError(QString failedStatement = {});
+
 /// Where the system reads on after a failure: runs one step, swallows a DatabaseError and tells whether it went well.
 template <typename Step>
 bool Ignoring(Step&& step) {

@@ -192,11 +192,7 @@ void Recordset::updateRow(const std::vector<Change>& changed) {
 qint64 Recordset::send(const Bound& bound) {
     const qint64 rows = connection_->engine().execute(bound.statement, bound.values);
     if (rows == 0)
-        throw DatabaseError(
-            -2147217864,
-            QStringLiteral(
-                "Row cannot be located for updating. Some values may have been changed since it was last read."),
-            bound.statement);
+        throw RowChangedError(bound.statement);
     return rows;
 }
 
