@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "data/courtesycalls.h"
 #include "session/session.h"
 
 CalendarView::CalendarView(MainWindow& main, QWidget* parent)
@@ -10,6 +11,7 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     bindCommands();
     bindStatusCommands();
     bindDeletion();
+    bindInPlaceWork();
     registerOpenView();
 }
 
@@ -74,7 +76,37 @@ void CalendarView::setHours() {
 int CalendarView::addItem(CalendarItem item) {
     const int index = ctMDay1->AddItem(item.ItemStart, item.ItemEnd, item.ItemDay, item.ItemText, item.ItemKey);
     ctMDay1->Item(index) = std::move(item);
+    lockItem(index);
     return index;
+}
+
+int CalendarView::addAppointment(const db::Recordset& row, CalendarItem item) {
+    facts_[item.ItemKey] = factsOf(row, item);
+    return addItem(std::move(item));
+}
+
+CalendarView::RowFacts CalendarView::factsOf(const db::Recordset& row, const CalendarItem& item) {
+    return {static_cast<int>(row["appttype"].integer()), row["CourtesyCallStatus"].text(), row["clinicianid"].text(),
+            item};
+}
+
+bool CalendarView::RowFacts::StandsAs(const RowFacts& other) const {
+    return stored.ItemDay == other.stored.ItemDay && stored.ItemStart == other.stored.ItemStart &&
+           stored.ItemEnd == other.stored.ItemEnd && clinicianId == other.clinicianId;
+}
+
+ItemPainting CalendarView::painting() {
+    return {Session().HidePatientNames, [icons = QHash<QString, int>()](const QString& code) mutable {
+                if (!icons.contains(code))
+                    icons[code] = GetCallStatusIcon(Session().Connection, code);
+                return icons[code];
+            }};
+}
+
+// What is being typed into an item is saved while there is a view to save it.
+void CalendarView::closeEvent(QCloseEvent* event) {
+    ctMDay1->CommitEdit();
+    ViewWindow::closeEvent(event);
 }
 
 void CalendarView::setGrid() {

@@ -5,6 +5,7 @@
 #include "platform/calendar/ctmday.h"
 #include "platform/database/recordset.h"
 #include "session/openview.h"
+#include "views/appointmentitem.h"
 #include "views/mainwindow.h"
 #include "views/viewmenus.h"
 #include "views/viewwindow.h"
@@ -43,14 +44,33 @@ class CalendarView : public ViewWindow, public OpenView {
     struct RowFacts {
         int apptType = 0;
         QString callStatus;
+        QString clinicianId;
+        CalendarItem stored;  ///< The item as the row was last read or written.
+
+        /// Whether it is the same provider's, on the same day, at the same time.
+        [[nodiscard]] bool StandsAs(const RowFacts& other) const;
     };
 
     /// TimeInterval and TwentyFourHour from the preferences.
     void setGrid();
     /// PrimeStart, FirstTime, PrimeEnd and LastTime from the preferred hours, before the items that may widen them.
     void setHours();
-    /// Adds an item with all its attributes; returns its index.
+    /// Adds an item with all its attributes, locks included; returns its index.
     int addItem(CalendarItem item);
+    /// Adds the item that was made of the row, and keeps what the commands need of the row.
+    int addAppointment(const db::Recordset& row, CalendarItem item);
+    /// How the rows of one load are painted; each courtesy-call code is looked up once.
+    [[nodiscard]] static ItemPainting painting();
+    void closeEvent(QCloseEvent* event) override;
+
+    /// Stores what was changed on an item in place: its text by the user, its colour by a status command. False when it
+    /// was not stored: the user has been told why (a text that was emptied comes back without a word), and the item is
+    /// as it was or is gone.
+    ///
+    /// Only what was changed here is written, so that no other desk's work is overwritten; what both desks changed is
+    /// told as an error and the view reads anew. The item then shows the row. Where another desk has moved the row
+    /// meanwhile the view reads anew too: after this, find the item by its key.
+    bool saveappt(int index);
     [[nodiscard]] MainWindow& main() const { return main_; }
     [[nodiscard]] ViewMenus& menus() { return menus_; }
 
@@ -59,6 +79,18 @@ class CalendarView : public ViewWindow, public OpenView {
 
   private:
     void bindCommands();
+
+    [[nodiscard]] static RowFacts factsOf(const db::Recordset& row, const CalendarItem& item);
+
+    // calendarview_move.cpp
+    void bindInPlaceWork();
+    void lockItem(int index);
+    void moveappt(int index);
+    void storeMove(const CalendarItem& item, int room);
+    [[nodiscard]] static bool isSharedActivity(int key);
+    void showRow(const db::Recordset& row);
+    void putBack(const QString& key);
+    void tellUnsaved(const QString& key, const db::DatabaseError& error);
 
     // calendarview_status.cpp
     void bindStatusCommands();

@@ -4,7 +4,6 @@
 #include <QAction>
 
 #include "data/codes.h"
-#include "data/courtesycalls.h"
 #include "data/holidays.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -35,7 +34,6 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, paren
     bindDayCommands();
     setGrid();
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
-    connect(ctMDay1, &ctMDay::BeforeItemWork, this, &frmsched::lockItem);
     connect(ctMDay1, &ctMDay::DayStepRequested, this,
             [this](int direction) { this->main().cycledate(direction < 0 ? 0 : 1); });
     LoadDayView();
@@ -68,6 +66,7 @@ void frmsched::ApplyPreferences() {
 }
 
 void frmsched::LoadDayView() {
+    ctMDay1->CommitEdit();
     const QDate date = main().Date();
     const bool sameDay = date == loadedDate_ && Session().ProviderId == loadedProvider_;
     const int keptTop = ctMDay1->TopTime();
@@ -109,12 +108,7 @@ void frmsched::loadAppointments(QDate date) {
         Sql("SELECT appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid WHERE dapptdate = '{}' and (appointments.clinicianid = '{}' or appointmentsevents.clinicianid = '{}') Order by NStartTime, appttype DESC",
             SqlDate(date), provider, provider),
         Session().Connection);
-    QHash<QString, int> icons;
-    const ItemPainting painting{Session().HidePatientNames, [&icons](const QString& code) {
-                                    if (!icons.contains(code))
-                                        icons[code] = GetCallStatusIcon(Session().Connection, code);
-                                    return icons[code];
-                                }};
+    const ItemPainting painting = CalendarView::painting();
     for (; !rows.Eof(); rows.MoveNext()) {
         CalendarItem item = ItemFromAppointment(rows, painting);
         // The join gives a row of the provider's own once for each further provider.
@@ -122,8 +116,7 @@ void frmsched::loadAppointments(QDate date) {
             continue;
         if (const int start = std::max(item.ItemStart, 0); start < ctMDay1->FirstTime())
             ctMDay1->setFirstTime(start);
-        facts_[item.ItemKey] = {static_cast<int>(rows["appttype"].integer()), rows["CourtesyCallStatus"].text()};
-        addItem(std::move(item));
+        addAppointment(rows, std::move(item));
     }
 }
 
@@ -158,13 +151,6 @@ void frmsched::LoadWorkSchedule(QDate day) {
         if (end < last)
             ctMDay1->AddTimeRange(end + 1, last, NonWorkingColor);
     });
-}
-
-void frmsched::lockItem(int index) {
-    CalendarItem& item = ctMDay1->Item(index);
-    // Moving and renaming appointments from the grid comes with the booking commands.
-    item.ItemTextLocked = true;
-    item.ItemMoveLocked = true;
 }
 
 void frmsched::changedate(QDate date) {

@@ -49,7 +49,6 @@ class frmsched : public CalendarView {
     void bindDayCommands();
     void loadAppointments(QDate date);
     void loadHoliday(QDate date);
-    void lockItem(int index);
 
     // frmsched_info.cpp
     void showNote(const QString& note);
