@@ -71,6 +71,8 @@ void CalendarView::changeStatus(QLatin1String command, int code) {
     if (index < 1 || !SetApptStatus(std::as_const(*ctMDay1).Item(index).ItemKey.toInt(), code))
         return;
     showStatus(index, code);
+    const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
+    facts_[item.ItemKey].stored = item;
     tickStatus(command);
 }
 
@@ -82,5 +84,6 @@ void CalendarView::showStatus(int index, int code) {
     PaintByCode(item, code, 0, Session().HidePatientNames);
     MarkStatus(item, code, 0);
     item.ItemStatusIcon = code == ncolor::CheckedIn ? 3 : 0;
+    lockItem(index);
     displayapptinfo(index);
 }
