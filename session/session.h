@@ -59,6 +59,7 @@ struct SessionValues {
     bool IsNewAppt = false;
     int CurrentApptKey = 0;
     int CurrentTaskId = 0;
+    QString NewPatientId;  ///< The patient that frmnewpat saved; cleared by who opens it.
 };
 
 SessionValues& Session();
