@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QUrl>
 #include <vector>
 
@@ -98,6 +99,7 @@ DesktopSeams RealDesktop() {
     return {realMsgBox,
             realShowModal,
             [] { return QDateTime::currentDateTime(); },
+            [] { return QRandomGenerator::global()->generateDouble(); },
             realPlaySound,
             [](const QString& target) { return QDesktopServices::openUrl(QUrl::fromUserInput(target)); },
             realStartProgram};
@@ -122,6 +124,10 @@ QDateTime Now() {
 
 QDate Today() {
     return Now().date();
+}
+
+double RandomNumber() {
+    return Desktop().random();
 }
 
 void PlaySound(const QString& path) {

@@ -33,6 +33,9 @@ int ShowModal(QDialog& form);
 QDateTime Now();
 QDate Today();
 
+/// A random number from 0 up to, not including, 1.
+double RandomNumber();
+
 /// Plays a sound file when it is there; a missing file or device is silence.
 void PlaySound(const QString& path);
 /// Hands a file or an address (mailto:, https:) to the desktop. False when nothing there could take it.
@@ -45,6 +48,7 @@ struct DesktopSeams {
     std::function<Answer(const QString& text, BoxStyle style, const QString& title)> msgBox;
     std::function<int(QDialog&)> showModal;
     std::function<QDateTime()> now;
+    std::function<double()> random;
     std::function<void(const QString&)> playSound;
     std::function<bool(const QString&)> openWithShell;
     std::function<bool(const QString&, const QString&, const QString&)> startProgram;
