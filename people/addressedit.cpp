@@ -1,0 +1,36 @@
+#include "people/addressedit.h"
+
+#include <QStyle>
+
+AddressEdit::AddressEdit(int mostCharacters, int lines, QWidget* parent)
+    : QPlainTextEdit(parent), mostCharacters_(mostCharacters), lines_(lines) {
+    setTabChangesFocus(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(this, &QPlainTextEdit::textChanged, this, &AddressEdit::cutToLength);
+}
+
+QString AddressEdit::StoredText() const {
+    return toPlainText().trimmed().replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+}
+
+QSize AddressEdit::sizeHint() const {
+    const int around = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+    return {QPlainTextEdit::sizeHint().width() / 2, fontMetrics().lineSpacing() * lines_ + around};
+}
+
+// Takes the excess out behind what was typed, so that the end of a long address is not pushed out unseen.
+void AddressEdit::cutToLength() {
+    const QString text = toPlainText();
+    const auto excess = static_cast<int>(text.size() + text.count(QLatin1Char('\n')) - mostCharacters_);
+    if (excess <= 0)
+        return;
+    QTextCursor cursor = textCursor();
+    for (int left = excess; left > 0 && !cursor.atStart();) {
+        cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
+        const int taken =
+            static_cast<int>(cursor.selectedText().size() + cursor.selectedText().count(QChar::ParagraphSeparator));
+        left = excess - taken;
+    }
+    cursor.removeSelectedText();
+}

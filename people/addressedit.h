@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+/// A postal address of a few lines. No text can be typed or pasted that is longer than its column, where a line end is
+/// the two characters by which it is stored. Tab leaves the field.
+class AddressEdit : public QPlainTextEdit {
+    Q_OBJECT
+
+  public:
+    AddressEdit(int mostCharacters, int lines, QWidget* parent);
+
+    /// As it is stored: lines end with carriage return and line feed, without blanks and empty lines around the whole.
+    [[nodiscard]] QString StoredText() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  private:
+    void cutToLength();
+
+    int mostCharacters_;
+    int lines_;
+};

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+
+class AddressEdit;
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class ctDEdit;
+class ctMEdit;
+
+/// Adds a patient while an appointment is being made: a row of patient_info, the first row of incident_hx, and, where
+/// the companion link is on, a client of the companion.
+///
+/// The caller clears the session's NewPatientId, may fill txtlname and txtfname, and shows the form modally. After a
+/// save NewPatientId holds the id of the new patient; otherwise it stays empty. The two rows are written in one
+/// transaction, since a patient without an episode would be invisible to a user who sees only the own patients. Only a
+/// save that went through closes the form: after a failure, a "No" to a duplicate name, and an answer to save what is
+/// not complete yet, it stays open with all that was typed.
+class frmnewpat : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmnewpat(QWidget* parent = nullptr);
+
+    QLabel* lblid = nullptr;
+    QLabel* lblage = nullptr;
+    /// What is still missing, or will not be saved as it stands.
+    QLabel* lblmissing = nullptr;
+    QLineEdit* txtid = nullptr;
+    QLineEdit* txtlname = nullptr;
+    QLineEdit* txtfname = nullptr;
+    QLineEdit* txtmi = nullptr;
+    QLineEdit* txtsal = nullptr;
+    ctDEdit* txtdob = nullptr;
+    ctMEdit* txtssn = nullptr;
+    AddressEdit* txtaddress = nullptr;
+    QLineEdit* txtcity = nullptr;
+    QLineEdit* txtstate = nullptr;
+    QLineEdit* txtzip = nullptr;
+    ctMEdit* txthphone = nullptr;
+    ctMEdit* txtwphone = nullptr;
+    QComboBox* cbosex = nullptr;
+    QComboBox* cboprovider = nullptr;
+    /// The ids of the providers, row by row those of cboprovider; never shown.
+    QListWidget* lstproviders = nullptr;
+    QCheckBox* ckactive = nullptr;
+    ctDEdit* txtdic = nullptr;
+    QPushButton* cmdOk = nullptr;
+    QPushButton* cmdcancel = nullptr;
+
+    /// Asks whether to save what was changed, by Escape, Cancel and the window's button alike.
+    void reject() override;
+
+    /// A last and a first name, a provider, a sex, and a date of birth that is a date and not after today.
+    [[nodiscard]] bool IsRequiredFields() const { return missingFields().isEmpty(); }
+    /// Whether a patient has these names, in any case. Throws DatabaseError.
+    [[nodiscard]] static bool dupname(const QString& last, const QString& first);
+
+  private:
+    struct MissingField {
+        QString name;
+        QWidget* field;
+    };
+
+    // Building, in the file frmnewpat_form.cpp.
+    void buildForm();
+    void addName(QGridLayout& grid, int row);
+    void addIdentity(QGridLayout& grid, int row);
+    void addAddress(QGridLayout& grid, int row);
+    void addContact(QGridLayout& grid, int row);
+    void addProvider(QGridLayout& grid, int row);
+    [[nodiscard]] QWidget* buttonRow();
+    void setTabOrders();
+
+    void watchChanges();
+    void loadprovlist();
+    void loadAccountLabel();
+    void changed();
+    void txtdob_Leave();
+    void showMissing();
+    void cmdOk_Click();
+
+    // Saving, in the file frmnewpat_save.cpp.
+    /// True when the patient is stored; all else was told.
+    bool savenewpatient();
+    bool mayAddName() const;
+    void insertPatient(const QString& id);
+    void insertEpisode(const QString& id);
+    [[nodiscard]] bool wantsExport() const;
+    /// Where the link is on: at once when the practice exports without being asked, else after a question. A failing
+    /// export leaves the patient saved.
+    void exportPatient(const QString& id);
+
+    /// Invalid unless the date of birth is a date and not after today.
+    [[nodiscard]] QDate birthDate() const;
+    [[nodiscard]] QString providerId() const;
+    [[nodiscard]] QList<MissingField> missingFields() const;
+    [[nodiscard]] QStringList warnings() const;
+
+    bool dirty = false;
+    /// Why the last date of birth was taken out again; until the next one is typed.
+    QString birthDateNote_;
+};

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// An `Id` that no row of `table` has: `prefix` followed by a random whole number from `low` to `high`. Empty when 200
+/// numbers in a row were taken. Throws DatabaseError.
+[[nodiscard]] QString GenerateRandomId(const QString& table, int low, int high, const QString& prefix);
