@@ -19,8 +19,11 @@ bool isKind(int code) {
 }  // namespace
 
 void CalendarView::bindStatusCommands() {
-    for (const char* name : statusCommands)
-        menus_.Command(QLatin1String(name)).setCheckable(true);
+    for (const char* name : statusCommands) {
+        QAction& command = menus_.Command(QLatin1String(name));
+        command.setCheckable(true);
+        command.setIconVisibleInMenu(false);  // Its place is the tick's; the picture of Kept would pass for one.
+    }
     menus_.Bind(QStringLiteral("mnuAMissed"), [this] { changeStatus(QLatin1String("mnuAMissed"), ncolor::Missed); });
     menus_.Bind(QStringLiteral("mnuAPCancel"),
                 [this] { changeStatus(QLatin1String("mnuAPCancel"), ncolor::PatientCancelled); });
