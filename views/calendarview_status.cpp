@@ -24,6 +24,7 @@ void CalendarView::bindStatusCommands() {
         command.setCheckable(true);
         command.setIconVisibleInMenu(false);  // Its place is the tick's; the picture of Kept would pass for one.
     }
+    menus_.Bind(QStringLiteral("mnuAKept"), [this] { keepAppointment(); });
     menus_.Bind(QStringLiteral("mnuAMissed"), [this] { changeStatus(QLatin1String("mnuAMissed"), ncolor::Missed); });
     menus_.Bind(QStringLiteral("mnuAPCancel"),
                 [this] { changeStatus(QLatin1String("mnuAPCancel"), ncolor::PatientCancelled); });
@@ -77,6 +78,24 @@ void CalendarView::changeStatus(QLatin1String command, int code) {
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
     facts_[item.ItemKey].stored = item;
     tickStatus(command);
+}
+
+void CalendarView::keepAppointment() {
+    if (const int index = itemForStatus(); index > 0)
+        saveStatus(index, QLatin1String("mnuAKept"), ncolor::Kept);
+}
+
+// The whole row is saved, so a row that is gone or that another desk has settled is told of. The save may have read the
+// view anew.
+void CalendarView::saveStatus(int index, QLatin1String command, int code) {
+    const QString key = std::as_const(*ctMDay1).Item(index).ItemKey;
+    showStatus(index, code);
+    ctMDay1->Item(index).ItemTentativeIcon = false;
+    const bool saved = saveappt(index);
+    const int selected = ctMDay1->SelectedItem();
+    displayapptinfo(selected);
+    if (saved && selected > 0 && selected == ctMDay1->IndexOfKey(key))
+        tickStatus(command);
 }
 
 // As the next reload will show it, but for the picture of a courtesy call, which gives way to the status until then.

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr const char* statusCommands[] = {"mnuAMissed", "mnuAPCancel", "mnuATCancel"};
+constexpr const char* statusCommands[] = {"mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"};
 
 class DayStatus : public DayFixture {
   protected:
@@ -128,6 +128,130 @@ INSTANTIATE_TEST_SUITE_P(
                     PlainStatus{"mnuAPCancel", ncolor::PatientCancelled, "Patient Cancelled", "Cancelled"},
                     PlainStatus{"mnuATCancel", ncolor::TherapistCancelled, "Therapist Cancelled", "Cancelled"}),
     [](const auto& tested) { return std::string(tested.param.command); });
+
+TEST_F(DayStatus, KeptSavesTheRowAndShowsIt) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Tentative).with("BTentIco", "1"));
+    frmsched& view = open();
+    select("Anna");
+
+    choose("mnuAKept");
+    const CalendarItem shown = item("Anna");
+    const QStringList details = info();
+
+    EXPECT_EQ(stored(key), ncolor::Kept);
+    EXPECT_EQ(database_.number(db::Sql("Select BTentIco from appointments Where nkeyid = {}", key)), 0);
+    EXPECT_EQ(database_.text(db::Sql("Select lastmodifieduid from appointments Where nkeyid = {}", key)), "REED");
+    EXPECT_EQ(shown.ItemColor, ncolor::Kept);
+    EXPECT_EQ(shown.ItemStatusIcon, 0);
+    EXPECT_EQ(ticked(), QStringList{"mnuAKept"});
+    EXPECT_TRUE(details.contains(QStringLiteral("Status;Kept")));
+    view.Reload();
+    EXPECT_EQ(item("Anna"), shown);
+    EXPECT_EQ(info(), details);
+}
+
+TEST_F(DayStatus, KeptOnARowThatAnotherDeskDeletedIsToldAndTakesItOffTheDay) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+    database_.connection().Execute(db::Sql("Delete from appointments Where nkeyid = {}", key));
+
+    desk.expectBox(QStringLiteral("Unable to save. Appointment not found. It may have been deleted by another user."),
+                   QStringLiteral("Appointment not found"));
+    choose("mnuAKept");
+
+    EXPECT_TRUE(itemTexts().isEmpty());
+    EXPECT_TRUE(ticked().isEmpty());
+    EXPECT_EQ(info(), QStringList{";No Appointment Selected"});
+    EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from appointments")), 0);
+}
+
+TEST_F(DayStatus, KeptThatTheDatabaseRefusesIsToldAndNotShown) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+    const QString reason = database_.refuse(QStringLiteral("Update"), QStringLiteral("appointments"));
+
+    desk.expectBox(QStringLiteral("Error saving appointment. ") + reason, QStringLiteral("Error"));
+    choose("mnuAKept");
+
+    EXPECT_EQ(stored(key), ncolor::Pending);
+    EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
+    EXPECT_TRUE(info().contains(QStringLiteral("Status;Pending")));
+    EXPECT_TRUE(ticked().isEmpty());
+}
+
+TEST_F(DayStatus, KeptDoesNotMoveBackWhatAnotherDeskMoved) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending).at(9, 0).until(9, 50));
+    open();
+    select("Anna");
+    database_.connection().Execute(
+        db::Sql("Update appointments Set nStartTime = 900, nEndTime = 960 Where nkeyid = {}", key));
+
+    choose("mnuAKept");
+
+    EXPECT_EQ(stored(key), ncolor::Kept);
+    EXPECT_EQ(database_.number(db::Sql("Select nStartTime from appointments Where nkeyid = {}", key)), 900);
+    EXPECT_EQ(item("Anna").ItemStart, 900);
+    EXPECT_EQ(ticked(), QStringList{"mnuAKept"}) << "The view was read anew; the appointment is still the chosen one.";
+}
+
+TEST_F(DayStatus, KeptDoesNotOverwriteAStatusThatAnotherDeskSet) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+    database_.connection().Execute(
+        db::Sql("Update appointments Set ncolor = {} Where nkeyid = {}", ncolor::Missed, key));
+
+    desk.expectBox(
+        QStringLiteral(
+            "Error saving appointment. Row cannot be located for updating. Some values may have been changed since it was last read."),
+        QStringLiteral("Error"));
+    choose("mnuAKept");
+
+    EXPECT_EQ(stored(key), ncolor::Missed);
+    EXPECT_EQ(item("Anna").ItemColor, ncolor::Missed);
+    EXPECT_TRUE(ticked().isEmpty());
+}
+
+TEST_F(DayStatus, KeptAfterMissedIsNoQuarrelWithOneself) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+
+    choose("mnuAMissed");
+    choose("mnuAKept");
+    choose("mnuAPCancel");
+    choose("mnuAKept");
+
+    EXPECT_EQ(stored(key), ncolor::Kept);
+    EXPECT_EQ(ticked(), QStringList{"mnuAKept"});
+}
+
+TEST_F(DayStatus, ARowWithoutATextCanBeKept) {
+    run("Insert Into appointments (dapptdate, nStartTime, nEndTime, ncolor, clinicianid) Values('2026/03/11', 540, 590, 16711681, 'REED')");
+    open();
+    select("");
+
+    choose("mnuAKept");
+
+    EXPECT_EQ(database_.number(QStringLiteral("Select ncolor from appointments")), ncolor::Kept);
+}
+
+TEST_F(DayStatus, ThePictureOfACallGivesWayToTheStatusUntilTheNextReload) {
+    run("Insert Into CourtesyCallCodes (CallService, CallCode, CallCategory) Values('CP', 'NA', 3)");
+    add(anAppointment("Anna").status(ncolor::Pending).with("CourtesyCallStatus", "'NA'"));
+    frmsched& view = open();
+    select("Anna");
+    ASSERT_EQ(item("Anna").ItemStatusIcon, 5);
+
+    for (const char* name : {"mnuAMissed", "mnuAKept"}) {
+        choose(name);
+        EXPECT_EQ(item("Anna").ItemStatusIcon, 0) << name;
+        view.Reload();
+        EXPECT_EQ(item("Anna").ItemStatusIcon, 5) << name;
+    }
+}
 
 TEST_F(DayStatus, WithoutASelectedAppointmentThereIsNoStatusToSet) {
     add(anAppointment("Anna"));
