@@ -32,6 +32,7 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, paren
     setObjectName(QStringLiteral("frmsched"));
     layOut();
     bindDayCommands();
+    bindTaskCommands();
     setGrid();
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
     connect(ctMDay1, &ctMDay::DayStepRequested, this,

@@ -50,6 +50,12 @@ class frmsched : public CalendarView {
     void loadAppointments(QDate date);
     void loadHoliday(QDate date);
 
+    // frmsched_tasks.cpp
+    void bindTaskCommands();
+    void tickTask(int row, bool done);
+    void openTask(int taskId);
+    void deleteTask();
+
     // frmsched_info.cpp
     void showNote(const QString& note);
     void addInfo(const QString& label, const QString& value);

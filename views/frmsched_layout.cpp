@@ -95,8 +95,6 @@ QWidget* frmsched::makeTaskPane() {
                          {QStringLiteral("Priority"), ListColumn::Kind::Text, 9},
                          {QStringLiteral("Complete by"), ListColumn::Kind::Text, 12}});
     ctList1->setMinimumWidth(1);
-    // Ticking comes with the task dialog.
-    ctList1->SetChecksEnabled(false);
     return makePane(tr("Tas&ks"), ctList1);
 }
 

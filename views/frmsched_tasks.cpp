@@ -1,6 +1,12 @@
+#include <QAction>
+#include <QMenu>
+
+#include "people/w_item.h"
 #include "platform/controls/ctlist.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 #include "views/frmsched.h"
 
@@ -26,7 +32,67 @@ QString priorityWord(qint64 priority) {
     }
 }
 
+constexpr int WriteAccess = 2;
+constexpr int NewTask = -1;
+
 }  // namespace
+
+void frmsched::bindTaskCommands() {
+    const auto selected = [this] { return ctList1->ItemData(ctList1->SelectedRow()).toInt(); };
+    menus().Bind(QStringLiteral("mnuTNew"), [this] { openTask(NewTask); });
+    menus().Bind(QStringLiteral("mnuTEdit"), [this, selected] {
+        if (ctList1->SelectedRow() >= 0)
+            openTask(selected());
+    });
+    menus().Bind(QStringLiteral("mnuTDelete"), [this] { deleteTask(); });
+    ctList1->SetChecksEnabled(Session().ScreenAccess >= WriteAccess);
+    if (Session().ScreenAccess < WriteAccess)
+        return;
+    connect(ctList1, &ctList::RowActivated, this, [this, selected] { openTask(selected()); });
+    connect(ctList1, &ctList::CheckChanged, this, [this](int row, int, bool done) { tickTask(row, done); });
+    connect(ctList1, &ctList::PopupRequested, this,
+            [this](int, QPoint place) { menus().Command(QStringLiteral("mnuToDo")).menu()->popup(place); });
+}
+
+void frmsched::openTask(int taskId) {
+    Session().CurrentTaskId = taskId;
+    w_Item dialog(this);
+    if (ShowModal(dialog) == QDialog::Accepted)
+        LoadToDo();
+}
+
+void frmsched::tickTask(int row, bool done) {
+    const QString failed = QStringLiteral("Error editing task status. Another user may have deleted this task. ");
+    try {
+        Recordset task(Sql("Select * from todo Where TaskId = {}", ctList1->ItemData(row).toInt()),
+                       Session().Connection, db::Lock::Optimistic);
+        if (!task.Eof()) {
+            task.Set("completed", done ? 1 : 0);
+            task.Update();
+            return;
+        }
+        MsgBox(failed, ErrorBox, QStringLiteral("Error"));
+    } catch (const db::DatabaseError& error) {
+        TellError(failed, error);
+    }
+    LoadToDo();
+}
+
+void frmsched::deleteTask() {
+    const int row = ctList1->SelectedRow();
+    if (row < 0 || MsgBox(QStringLiteral("Are you sure you want to delete this item?"), YesNoBox,
+                          QStringLiteral("Delete Item")) != Answer::Yes)
+        return;
+    try {
+        Recordset task(Sql("Select * from ToDo Where TaskId = {}", ctList1->ItemData(row).toInt()),
+                       Session().Connection, db::Lock::Optimistic);
+        if (!task.Eof())
+            task.Delete();
+        ctList1->RemoveRow(row);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error deleting task. "), error);
+    }
+}
 
 void frmsched::LoadToDo() {
     tasksOf_ = Session().ProviderId;

@@ -1,3 +1,9 @@
+#include <QAction>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
 #include "session/session.h"
 #include "tests/views/dayfixture.h"
 
@@ -99,4 +105,87 @@ TEST_F(DayTasks, TheListDoesNotChangeWithTheDateButWithTheProvider) {
     Session().ProviderId = "LANE";
     view.Reload();
     EXPECT_TRUE(rows().isEmpty());
+}
+
+TEST_F(DayTasks, TickingATaskStoresThatItIsDone) {
+    addTask("Call", 2);
+    open();
+    const QRect box = list().visualRect(list().model()->index(0, 0));
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, box.center());
+    EXPECT_EQ(database_.number(QStringLiteral("Select Completed from ToDo")), 1);
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, box.center());
+    EXPECT_EQ(database_.number(QStringLiteral("Select Completed from ToDo")), 0);
+}
+
+TEST_F(DayTasks, TickingATaskThatAnotherUserDeletedTellsSoAndTakesItAway) {
+    addTask("Call", 2);
+    open();
+    run(QStringLiteral("Delete from ToDo"));
+    desk.expectBox(QStringLiteral("Error editing task status. Another user may have deleted this task. "),
+                   QStringLiteral("Error"));
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(list().model()->index(0, 0)).center());
+    EXPECT_TRUE(rows().isEmpty());
+}
+
+TEST_F(DayTasks, WhoMayOnlyReadCanTickOpenAndDeleteNothing) {
+    Session().ScreenAccess = 1;
+    addTask("Call", 2);
+    open();
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(list().model()->index(0, 0)).center());
+    Q_EMIT list().RowActivated(0);
+    EXPECT_EQ(database_.number(QStringLiteral("Select Completed from ToDo")), 0);
+    EXPECT_FALSE(command("mnuToDo").isEnabled());
+}
+
+TEST_F(DayTasks, ANewTaskShowsOnTheListOnceItIsStored) {
+    open();
+    desk.expectForm("w_Item", [](QDialog& form) {
+        form.findChild<QLineEdit*>(QStringLiteral("txtTaskDesc"))->setText(QStringLiteral("Call"));
+        form.findChild<QPushButton*>(QStringLiteral("btnOK"))->click();
+    });
+    command("mnuTNew").trigger();
+    EXPECT_EQ(Session().CurrentTaskId, -1);
+    EXPECT_EQ(rows(), QStringList{"0;Call;Medium;"});
+}
+
+TEST_F(DayTasks, EditingNeedsASelectedTask) {
+    addTask("Call", 2);
+    open();
+    command("mnuTEdit").trigger();
+    list().SelectRow(0);
+    desk.expectForm("w_Item", [](QDialog& form) {
+        EXPECT_EQ(form.findChild<QLineEdit*>(QStringLiteral("txtTaskDesc"))->text(), QStringLiteral("Call"));
+    });
+    command("mnuTEdit").trigger();
+}
+
+TEST_F(DayTasks, ADoubleClickOpensTheTask) {
+    addTask("Call", 2);
+    open();
+    desk.expectForm("w_Item", [](QDialog&) {});
+    const QRect text = list().visualRect(list().model()->index(0, 1));
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, text.center());
+    QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, text.center());
+}
+
+TEST_F(DayTasks, DeletingAsksFirst) {
+    addTask("Call", 2);
+    open();
+    command("mnuTDelete").trigger();  // Nothing is selected.
+    list().SelectRow(0);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        EXPECT_EQ(rows().size(), 1);
+        desk.expectBox(QStringLiteral("Are you sure you want to delete this item?"), QStringLiteral("Delete Item"),
+                       answer);
+        command("mnuTDelete").trigger();
+    }
+    EXPECT_TRUE(rows().isEmpty());
+    EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from ToDo")), 0);
+}
+
+TEST_F(DayTasks, WhoMayNotDeleteIsNotOfferedIt) {
+    Session().ScreenAccess = 2;
+    open();
+    EXPECT_FALSE(command("mnuTDelete").isEnabled());
+    EXPECT_TRUE(command("mnuTNew").isEnabled());
 }
