@@ -91,7 +91,7 @@ int ctDEdit::Time() const {
 }
 
 QDate ctDEdit::Date() const {
-    return kind_ == Kind::Date ? ReadDate(text(), dateOrder_, Today()).value_or(QDate()) : QDate();
+    return kind_ == Kind::Date ? ReadDate(text(), dateOrder_, Today(), yearReading_).value_or(QDate()) : QDate();
 }
 
 int ctDEdit::Value() const {
@@ -138,7 +138,7 @@ std::optional<QString> ctDEdit::normalised(const QString& text) const {
         const std::optional<int> time = ReadTime(text, timeForm_);
         return time ? std::optional(TimeFieldText(*time, timeForm_)) : std::nullopt;
     }
-    const std::optional<QDate> date = ReadDate(text, dateOrder_, Today());
+    const std::optional<QDate> date = ReadDate(text, dateOrder_, Today(), yearReading_);
     return date ? std::optional(DateFieldText(*date, dateOrder_)) : std::nullopt;
 }
 

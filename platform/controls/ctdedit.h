@@ -30,6 +30,9 @@ class ctDEdit : public FieldEdit {
     void setDate(QDate date);
     /// 0 month first, 1 day first, 2 year first. What is shown is shown anew.
     void setDateOrder(int order);
+    /// What years of two digits and dates without a year mean; NearToday unless set. To be called before a date is
+    /// shown.
+    void setYearReading(YearReading reading) { yearReading_ = reading; }
     void setTwentyFourHour(bool on);
     /// "mid" typed in this field is the midnight that ends the day (1440), not the one that begins it (0).
     void setIsEnd(bool end);
@@ -73,6 +76,7 @@ class ctDEdit : public FieldEdit {
     Kind kind_ = Kind::Date;
     TimeForm timeForm_;
     DateOrder dateOrder_ = DateOrder::MonthFirst;
+    YearReading yearReading_ = YearReading::NearToday;
     int lowest_ = 0;
     int highest_ = 1439;
     int stepMinutes_ = 1;

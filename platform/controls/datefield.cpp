@@ -13,6 +13,12 @@ constexpr int YearsAhead = 20;
 constexpr int MonthsBack = 6;
 constexpr int NameLetters = 3;
 
+/// The day on which a date is typed, and which years may be meant.
+struct Reader {
+    QDate today;
+    YearReading reading = YearReading::NearToday;
+};
+
 /// What stands in a typed date.
 struct Parts {
     QStringList numbers;    ///< In the order typed.
@@ -90,38 +96,41 @@ std::optional<QDate> dateOf(int year, int month, int day) {
     return date;
 }
 
-std::optional<QDate> withoutYear(const QString& month, const QString& day, QDate today) {
+std::optional<QDate> withoutYear(const QString& month, const QString& day, const Reader& reader) {
     if (month.size() > 2 || day.size() > 2)
         return std::nullopt;
+    const QDate today = reader.today;
     const std::optional<QDate> thisYear = dateOf(today.year(), month.toInt(), day.toInt());
+    if (reader.reading == YearReading::Past)
+        return thisYear && *thisYear <= today ? thisYear : dateOf(today.year() - 1, month.toInt(), day.toInt());
     if (thisYear && *thisYear >= today.addMonths(-MonthsBack))
         return thisYear;
     return dateOf(today.year() + 1, month.toInt(), day.toInt());
 }
 
-std::optional<QDate> withYear(const QString& yearText, const QString& month, const QString& day, QDate today) {
+std::optional<QDate> withYear(const QString& yearText, const QString& month, const QString& day, const Reader& reader) {
     if ((yearText.size() != 2 && yearText.size() != 4) || month.size() > 2 || day.size() > 2)
         return std::nullopt;
-    int year = yearText.toInt();
-    if (yearText.size() == 2) {
-        year += 2000;
-        if (year > today.year() + YearsAhead)
-            year -= 100;
-    }
-    return dateOf(year, month.toInt(), day.toInt());
+    const int year = yearText.toInt();
+    if (yearText.size() == 4)
+        return dateOf(year, month.toInt(), day.toInt());
+    const std::optional<QDate> date = dateOf(2000 + year, month.toInt(), day.toInt());
+    const bool tooLate = reader.reading == YearReading::Past ? !date || *date > reader.today
+                                                             : 2000 + year > reader.today.year() + YearsAhead;
+    return tooLate ? dateOf(1900 + year, month.toInt(), day.toInt()) : date;
 }
 
-std::optional<QDate> namedMonthDate(const Parts& parts, DateOrder order, QDate today) {
+std::optional<QDate> namedMonthDate(const Parts& parts, DateOrder order, const Reader& reader) {
     const QString month = QString::number(parts.month);
     const QStringList& numbers = parts.numbers;
     if (numbers.size() == 1)
-        return withoutYear(month, numbers[0], today);
+        return withoutYear(month, numbers[0], reader);
     if (numbers.size() != 2)
         return std::nullopt;
     const bool yearIsFirst =
         numbers[0].size() == 4 || (order == DateOrder::YearFirst && parts.numbersBefore == 1 && numbers[1].size() <= 2);
-    return yearIsFirst ? withYear(numbers[0], month, numbers[1], today)
-                       : withYear(numbers[1], month, numbers[0], today);
+    return yearIsFirst ? withYear(numbers[0], month, numbers[1], reader)
+                       : withYear(numbers[1], month, numbers[0], reader);
 }
 
 /// Digits typed without anything between, cut as the order would have them: 1203, 120326, 12032026.
@@ -136,18 +145,18 @@ QStringList cut(const QString& digits, DateOrder order) {
     return {digits.left(2), digits.mid(2, 2), digits.right(yearDigits)};
 }
 
-std::optional<QDate> numberedDate(QStringList numbers, DateOrder order, QDate today) {
+std::optional<QDate> numberedDate(QStringList numbers, DateOrder order, const Reader& reader) {
     if (numbers.size() == 1)
         numbers = cut(numbers[0], order);
     const bool dayFirst = order == DateOrder::DayFirst;
     if (numbers.size() == 2)
-        return dayFirst ? withoutYear(numbers[1], numbers[0], today) : withoutYear(numbers[0], numbers[1], today);
+        return dayFirst ? withoutYear(numbers[1], numbers[0], reader) : withoutYear(numbers[0], numbers[1], reader);
     if (numbers.size() != 3)
         return std::nullopt;
     if (order == DateOrder::YearFirst || numbers[0].size() == 4)
-        return withYear(numbers[0], numbers[1], numbers[2], today);
-    return dayFirst ? withYear(numbers[2], numbers[1], numbers[0], today)
-                    : withYear(numbers[2], numbers[0], numbers[1], today);
+        return withYear(numbers[0], numbers[1], numbers[2], reader);
+    return dayFirst ? withYear(numbers[2], numbers[1], numbers[0], reader)
+                    : withYear(numbers[2], numbers[0], numbers[1], reader);
 }
 
 std::optional<QDate> relativeDate(const QString& typed, QDate today) {
@@ -167,7 +176,7 @@ std::optional<QDate> relativeDate(const QString& typed, QDate today) {
 
 }  // namespace
 
-std::optional<QDate> ReadDate(const QString& text, DateOrder order, QDate today) {
+std::optional<QDate> ReadDate(const QString& text, DateOrder order, QDate today, YearReading reading) {
     const QString typed = text.simplified().toLower();
     if (typed == QLatin1String("t") || typed == QLatin1String("today"))
         return today;
@@ -176,8 +185,9 @@ std::optional<QDate> ReadDate(const QString& text, DateOrder order, QDate today)
     const std::optional<Parts> parts = partsOf(typed);
     if (!parts)
         return std::nullopt;
+    const Reader reader{today, reading};
     const std::optional<QDate> date =
-        parts->month != 0 ? namedMonthDate(*parts, order, today) : numberedDate(parts->numbers, order, today);
+        parts->month != 0 ? namedMonthDate(*parts, order, reader) : numberedDate(parts->numbers, order, reader);
     if (date && parts->weekday != 0 && date->dayOfWeek() != parts->weekday)
         return std::nullopt;
     return date;

@@ -110,6 +110,21 @@ TEST(DateField, TwoDigitsOfAYearReachTwentyYearsAhead) {
     EXPECT_EQ(read(QStringLiteral("1/2/00"), MonthFirst), QStringLiteral("2000-01-02"));
 }
 
+TEST(DateField, InThePastTwoDigitsOfAYearAndADateWithoutYearAreNotAfterToday) {
+    const QDate today(2026, 3, 11);
+    const auto past = [&](const char* typed) {
+        return ReadDate(QString::fromLatin1(typed), MonthFirst, today, YearReading::Past);
+    };
+    EXPECT_EQ(past("5/6/40"), QDate(1940, 5, 6));
+    EXPECT_EQ(past("3/11/26"), today);
+    EXPECT_EQ(past("3/12/26"), QDate(1926, 3, 12));
+    EXPECT_EQ(past("2/29/24"), QDate(2024, 2, 29));
+    EXPECT_EQ(past("3/12/2026"), QDate(2026, 3, 12));
+    EXPECT_EQ(past("3/11"), today);
+    EXPECT_EQ(past("dec 3"), QDate(2025, 12, 3));
+    EXPECT_EQ(past("2/30/80"), std::nullopt);
+}
+
 TEST(DateField, MonthsAreReadInTheLanguageOfTheComputerToo) {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
