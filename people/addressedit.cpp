@@ -19,13 +19,16 @@ QSize AddressEdit::sizeHint() const {
     return {QPlainTextEdit::sizeHint().width() / 2, fontMetrics().lineSpacing() * lines_ + around};
 }
 
-// Takes the excess out behind what was typed, so that the end of a long address is not pushed out unseen.
+// Takes the excess out in front of the cursor, where it was typed or pasted, so that the end of a long address is not
+// pushed out unseen; a text that the program sets loses its end.
 void AddressEdit::cutToLength() {
     const QString text = toPlainText();
     const auto excess = static_cast<int>(text.size() + text.count(QLatin1Char('\n')) - mostCharacters_);
     if (excess <= 0)
         return;
     QTextCursor cursor = textCursor();
+    if (cursor.atStart())
+        cursor.movePosition(QTextCursor::End);
     for (int left = excess; left > 0 && !cursor.atStart();) {
         cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
         const int taken =

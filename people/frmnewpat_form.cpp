@@ -159,6 +159,7 @@ void frmnewpat::addIdentity(QGridLayout& grid, int row) {
     QWidget* parent = grid.parentWidget();
     addHeading(grid, row, tr("Identity"), parent);
     txtdob = dateField("txtdob", parent);
+    txtdob->setYearReading(YearReading::Past);
     lblage = named(new QLabel(parent), "lblage");
     lblage->setAccessibleName(tr("Age"));
     lblage->setMinimumHeight(txtdob->sizeHint().height());
