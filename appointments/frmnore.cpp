@@ -1,19 +1,47 @@
 #include "appointments/frmnore.h"
 
+#include <algorithm>
+#include <initializer_list>
+#include <QCheckBox>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "appointments/patientalerts.h"
+#include "appointments/patientrows.h"
+#include "data/minutetime.h"
+#include "platform/calendar/colour.h"
+#include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/notefield.h"
+#include "platform/desktop/desktop.h"
 #include "session/session.h"
+
+namespace {
+
+constexpr int HourMinutes = 60;
+
+QString durationText(int minutes) {
+    const int hours = minutes / HourMinutes;
+    if (hours == 0)
+        return QStringLiteral("%1 min").arg(minutes);
+    if (minutes % HourMinutes == 0)
+        return QStringLiteral("%1 h").arg(hours);
+    return QStringLiteral("%1 h %2 min").arg(hours).arg(minutes % HourMinutes);
+}
+
+}  // namespace
 
 frmnore::frmnore(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmnore"));
     setWindowTitle(QStringLiteral("New Appointment"));
     buildForm();
-    connect(cmdOk, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connectFields();
+    load();
+    alignLabels();
+    orderFields();
     FitToScreen(*this);
 }
 
@@ -25,9 +53,124 @@ void frmnore::SetSlot(const SelectedSlot& slot) {
 }
 
 void frmnore::SetPatientTag(const QString& patientId) {
+    if (patientTag_ == patientId)
+        return;
     patientTag_ = patientId;
+    emailTag_.clear();
+    lblAuthorization->clear();
+    dirty = true;
 }
 
-void frmnore::PatientChosen() {}
+void frmnore::PatientChosen() {
+    showAuthorization();
+    if (ckemail->isChecked() && emailTag_.isEmpty())
+        ckemail_Click();
+}
 
-void frmnore::showDuration() {}
+void frmnore::reject() {
+    if (Session().IsNewAppt) {
+        Session().IsNewAppt = false;
+        const int view = Session().CurrentView;
+        if (OpenView* open = TheOpenView(); open != nullptr && (view == 1 || view == 2))
+            open->DropSelection();
+    }
+    QDialog::reject();
+}
+
+bool frmnore::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        availOrEventTyped_ = false;
+        locationTyped_ = false;
+    }
+    return QDialog::event(event);
+}
+
+void frmnore::connectFields() {
+    const auto setDirty = [this] { dirty = true; };
+    for (const ctDEdit* field : {ctedate, ctstart, ctend})
+        connect(field, &ctDEdit::Change, this, setDirty);
+    for (const CompletingCombo* box :
+         {cbocpt, cboapttype, cbocats, cboevents, cboavail, cbolocation, cborooms, cbostatus})
+        connect(box, &CompletingCombo::Change, this, setDirty);
+    for (const QCheckBox* box : {ckAlarm, ckemail, SSCheck1})
+        connect(box, &QCheckBox::toggled, this, setDirty);
+    for (const QLineEdit* box : {txtpatients, txtaccount})
+        connect(box, &QLineEdit::textChanged, this, setDirty);
+    connect(txtnotes, &NoteField::textChanged, this, setDirty);
+
+    for (const ctDEdit* time : {ctstart, ctend})
+        connect(time, &ctDEdit::Change, this, &frmnore::showDuration);
+    connect(ctedate, &ctDEdit::Change, this, &frmnore::showAuthorization);
+    connect(SSCheck1, &QCheckBox::clicked, this, &frmnore::SSCheck1_Click);
+    connect(cbocpt, &CompletingCombo::Click, this, &frmnore::cbocpt_Click);
+    connect(cbocats, &CompletingCombo::Change, this, &frmnore::showCategoryColour);
+    connect(cbostatus, &CompletingCombo::Click, this, &frmnore::cbostatus_Click);
+    connect(ckemail, &QCheckBox::clicked, this, &frmnore::ckemail_Click);
+    for (const CompletingCombo* box : {cboavail, cboevents})
+        connect(box, &CompletingCombo::Change, this, [this] { availOrEventTyped_ = true; });
+    connect(cbolocation, &CompletingCombo::Change, this, [this] { locationTyped_ = true; });
+    for (const CompletingCombo* box : {cboavail, cboevents, cbolocation})
+        connect(box, &CompletingCombo::LostFocus, this, &frmnore::leaveList);
+    connect(cmdOk, &QPushButton::clicked, this, &frmnore::cmdOk_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmnore::reject);
+}
+
+// Only a choice made in the list moves on to the end time; leaving the box goes where the user goes.
+void frmnore::cbocpt_Click() {
+    const int minutes = cbocpt->ItemData();
+    if (minutes < 1 || ctstart->Time() < 0)
+        return;
+    ctend->setTime(std::min(ctstart->Time() + minutes, MinutesPerDay));
+    if (cbocpt->hasFocus() && ctend->isEnabled())
+        ctend->setFocus();
+}
+
+void frmnore::cbostatus_Click() {
+    if (cbostatus->Text() == QStringLiteral("Checked-In"))
+        ShowPatientAlerts(patientTag_, QString::fromLatin1(CheckInAlert));
+}
+
+void frmnore::ckemail_Click() {
+    if (!ckemail->isChecked() || patientTag_.isEmpty())
+        return;
+    emailTag_ = checkForEmailAddress(patientTag_);
+    if (!emailTag_.isEmpty())
+        return;
+    MsgBox(QStringLiteral("No e-mail address entered for this patient."), InformationBox, QStringLiteral("Solvane"));
+    ckemail->setChecked(false);
+}
+
+void frmnore::SSCheck1_Click() {
+    if (!SSCheck1->isChecked())
+        return;
+    ctstart->setTime(Session().DayStartHour * HourMinutes);
+    ctend->setTime(Session().DayEndHour * HourMinutes);
+}
+
+void frmnore::showDuration() {
+    const int start = ctstart->Time();
+    const int end = ctend->Time();
+    if (start < 0 || end < 0)
+        lblduration->clear();
+    else if (end > start)
+        lblduration->setText(durationText(end - start));
+    else
+        lblduration->setText(tr("ends before it starts"));
+}
+
+void frmnore::showCategoryColour() {
+    if (cbocats->ListIndex() < 0)
+        return;
+    categoryColour_ = cbocats->ItemData();
+    QPalette palette = lblaptcolor->palette();
+    palette.setColor(lblaptcolor->backgroundRole(), ColorFromWindows(categoryColour_));
+    lblaptcolor->setPalette(palette);
+}
+
+void frmnore::showAuthorization() {
+    const QDate date = ctedate->Date();
+    if (patientTag_.isEmpty() || !date.isValid())
+        lblAuthorization->clear();
+    else
+        lblAuthorization->setText(GetAuthInfo(patientTag_, date));
+}

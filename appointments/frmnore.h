@@ -2,9 +2,10 @@
 
 #include <array>
 #include <optional>
-#include <QDate>
 #include <QDialog>
+#include <vector>
 
+#include "platform/database/value.h"
 #include "session/openview.h"
 
 class CompletingCombo;
@@ -17,6 +18,9 @@ class QPushButton;
 class QToolButton;
 class ctDEdit;
 class ctList;
+namespace db {
+class Recordset;
+}
 
 /// The editor of one entry of `appointments`: a patient appointment, an Activity/Event, a block of Unavailable Time or
 /// a slot of an appointment type, by the session's ApptKind. With IsNewAppt it makes a row, else it edits the row
@@ -42,6 +46,15 @@ class frmnore : public QDialog {
     /// To be called when the choice of a patient stands, not at each letter: shows the authorization, and looks up the
     /// address where an e-mail is wanted.
     void PatientChosen();
+    /// Writes the entry into the row `key`, or into a new one where there is none (any more), and its room. False when
+    /// that failed, which the user has been told; what was executed until then stands.
+    ///
+    /// A row that is not as this dialog read it is not written over: another desk has changed it, and the cursor
+    /// service's own error of that case is told.
+    bool saveappt(int key, const QString& providerId);
+    /// Asks whether to write to the patient, and hands a message about the appointment to the desktop's mail program.
+    void SendEmail(const QString& address, const QString& patientName, const QString& providerName,
+                   const QString& apptDate, const QString& apptTime);
 
     [[nodiscard]] const QString& PatientTag() const { return patientTag_; }
 
@@ -104,7 +117,11 @@ class frmnore : public QDialog {
     QPushButton* cmdfind = nullptr;
     QPushButton* cmdnew = nullptr;
 
+  public Q_SLOTS:
+    void reject() override;
+
   protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -120,9 +137,69 @@ class frmnore : public QDialog {
     void buildPatientList();
     [[nodiscard]] QLayout* buildButtons();
     void alignLabels();
+    void orderFields();
     void placePatientList();
 
+    // frmnore_load.cpp
+    void load();
+    void showFormats();
+    void showCaptions();
+    void loadKind();
+    void loadPatientKind();
+    void loadavail();
+    void loadcats();
+    void loadevents();
+    void loadlocs();
+    void loadroomslist();
+    void loadsesstypes();
+    void fillStatus();
+    void SetApptType(int key);
+    void LoadAppointment();
+    void showRow(const db::Recordset& row);
+    void showPatient(const db::Recordset& row);
+    void showCategory(const db::Recordset& row);
+    void showRoom();
+
+    // frmnore.cpp
+    void connectFields();
+    void cbocpt_Click();
+    void cbostatus_Click();
+    void ckemail_Click();
+    void SSCheck1_Click();
     void showDuration();
+    void showCategoryColour();
+    void showAuthorization();
+
+    // frmnore_save.cpp
+    void cmdOk_Click();
+    [[nodiscard]] bool patientIsKnown();
+    [[nodiscard]] bool conflicts(int key, const QString& providerId);
+    [[nodiscard]] bool timesAreValid();
+    [[nodiscard]] bool refuse(const QString& message, QWidget* field);
+    [[nodiscard]] int editedKey() const;
+    [[nodiscard]] QString entryText() const;
+    /// The current row of `appointments` in the columns that a save writes: two of them are equal when nobody has
+    /// changed in between what a save would write over.
+    [[nodiscard]] static std::vector<db::Value> writtenState(const db::Recordset& row);
+    void writeFields(db::Recordset& row, bool isNew, const QString& providerId);
+    void writeKind(db::Recordset& row);
+    void insertRoom(int apptKey);
+    void auditSave(bool isNew) const;
+
+    // frmnore_email.cpp
+    void sendConfirmation(const QString& providerId);
+
+    // frmnore_lists.cpp
+    void leaveList(Qt::FocusReason reason);
+    void offerUnknownItems();
 
     QString patientTag_;
+    QString emailTag_;  ///< The address that ckemail stands for.
+    QString originalSlot_;
+    int alarmLeadMinutes_ = 0;
+    int categoryColour_ = 0;  ///< What lblaptcolor shows.
+    bool availOrEventTyped_ = false;
+    bool locationTyped_ = false;
+    bool roomUnread_ = false;  ///< Whether the row has a room could not be read, so that none may be taken from it.
+    std::optional<std::vector<db::Value>> loadedState_;  ///< Of the row, in the columns that a save writes.
 };

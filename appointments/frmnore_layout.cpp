@@ -98,7 +98,6 @@ void frmnore::buildForm() {
     buildStatus();
     rows->addWidget(frastatus);
     rows->addWidget(buildNote(), 1);
-    alignLabels();
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
@@ -291,6 +290,23 @@ void frmnore::alignLabels() {
         }
     for (QLabel* label : labels)
         label->setMinimumWidth(widest);
+}
+
+// The order of the questions. The buttons beside the patient come last: they have Alt keys, and the way from the name to
+// the time is the one that is gone most.
+void frmnore::orderFields() {
+    const std::initializer_list<QWidget*> order{
+        txtpatients, txtaccount, cboevents,  cboavail, cbocats,   ctedate,  ctstart, ctend,       SSCheck1,
+        cbocpt,      cboapttype, cbolocation, cborooms, cmdrooms, cbostatus, txtnotes, ckAlarm,   ckemail,
+        cmdOk,       cmdCancel,  cmdpatients, cmdPatientList, cmdnewpat};
+    for (const auto* field = order.begin(); field + 1 != order.end(); ++field)
+        setTabOrder(*field, *(field + 1));
+    for (QWidget* first : {static_cast<QWidget*>(txtpatients), static_cast<QWidget*>(cboevents),
+                           static_cast<QWidget*>(cboavail), static_cast<QWidget*>(cbocats)})
+        if (first->isVisibleTo(this) && Session().IsNewAppt)
+            first->setFocus();
+    if (!Session().IsNewAppt)
+        ctstart->setFocus();
 }
 
 void frmnore::buildPatientList() {

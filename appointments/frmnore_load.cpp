@@ -1,0 +1,296 @@
+#include <array>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QToolButton>
+
+#include "appointments/alarmpreferences.h"
+#include "appointments/appointmentrows.h"
+#include "appointments/frmnore.h"
+#include "appointments/listicons.h"
+#include "appointments/patientrows.h"
+#include "data/codes.h"
+#include "data/pipefields.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "platform/controls/notefield.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/localefacts.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+constexpr int FacesheetAccountLabel = 2;
+constexpr int AccountColumn = 2;
+constexpr int LongestListItem = 50;
+constexpr int PendingIndex = 2;
+
+// Walks the rows of a list; a failure is told with the list's own text and leaves the list as long as it got.
+template <typename AddRow>
+void loadList(const char* statement, const QString& failure, AddRow&& addRow) {
+    try {
+        for (Recordset rows(QString::fromLatin1(statement), Session().Connection); !rows.Eof(); rows.MoveNext())
+            addRow(rows);
+    } catch (const db::DatabaseError& error) {
+        TellError(failure, error);
+    }
+}
+
+int numberIn(const Recordset& row, const char* column) {
+    return static_cast<int>(row[column].integer());
+}
+
+QString momentText(const QDateTime& moment) {
+    if (!moment.isValid())
+        return {};
+    return ShortDateText(moment.date()) + u' ' + QLocale().toString(moment.time(), QLocale::ShortFormat);
+}
+
+QString facesheetLabel(int id) {
+    QString label;
+    db::Ignoring([&] {
+        const Recordset item(Sql("Select * from facesheet Where FacesheetId = {}", id), Session().Connection);
+        if (!item.Eof())
+            label = item["facesheetitem"].text();
+    });
+    return label;
+}
+
+}  // namespace
+
+// The order of the steps is fixed: which list was read last decides which error is told first.
+void frmnore::load() {
+    const BusyPointer busy;
+    showFormats();
+    showCaptions();
+    for (CompletingCombo* box : {cbolocation, cboevents, cboavail})
+        box->SetMaxLength(LongestListItem);
+    ckAlarm->setChecked(GetAlarmStatus(Session().ProviderId));
+    alarmLeadMinutes_ = GetAlarmTime(Session().ProviderId);
+    loadKind();
+    const bool dayStands = Session().CurrentView == 1;
+    ctedate->setVisible(!dayStands);
+    lbldate->setVisible(!dayStands);
+    if (!Session().IsNewAppt) {
+        setWindowTitle(QStringLiteral("Edit Appointment"));
+        cmdnewpat->hide();
+        cmdPatientList->setEnabled(false);
+        LoadAppointment();
+    }
+    originalSlot_ = ctedate->Text() + QStringLiteral(" at ") + ctstart->Text();
+    availOrEventTyped_ = false;
+    locationTyped_ = false;
+    dirty = false;
+}
+
+void frmnore::showFormats() {
+    ctedate->setDateOrder(Session().DateOrder);
+    for (ctDEdit* time : {ctstart, ctend})
+        time->setTwentyFourHour(Session().MilitaryTime);
+}
+
+void frmnore::showCaptions() {
+    const QString account = facesheetLabel(FacesheetAccountLabel);
+    Label14->setText(account);
+    if (!account.isEmpty())
+        ctList1->SetHeader(AccountColumn, account);
+    Label1->setText(Session().WordUsage + QLatin1Char(':'));
+    cmdnewpat->setText(QStringLiteral("Add New ") + Session().WordUsage);
+}
+
+void frmnore::loadKind() {
+    const int kind = Session().ApptKind;
+    for (int page = 0; page < KindCount; ++page)
+        fraappttype[static_cast<std::size_t>(page)]->setVisible(page == kind - 1);
+    for (QWidget* ofPatient : {fraservice, frastatus, static_cast<QWidget*>(ckemail)})
+        ofPatient->setVisible(kind == 1);
+    Frame1->setVisible(kind != 3);
+    XPFrame201->setVisible(kind != 3);
+    SSCheck1->setEnabled(kind != 1);
+    switch (kind) {
+        case 2:
+            loadlocs();
+            loadevents();
+            loadroomslist();
+            break;
+        case 3:
+            loadavail();
+            break;
+        case 4:
+            loadlocs();
+            loadcats();
+            loadroomslist();
+            break;
+        default:
+            loadPatientKind();
+    }
+}
+
+void frmnore::loadPatientKind() {
+    loadsesstypes();
+    loadlocs();
+    loadroomslist();
+    loadcats();
+    SetApptType(editedKey());
+    fillStatus();
+    if (Session().IsNewAppt)
+        cbostatus->SetListIndex(PendingIndex);
+}
+
+void frmnore::loadavail() {
+    loadList("Select * from availability Order by avail", QStringLiteral("Error loading availability items. "),
+             [this](const Recordset& row) { cboavail->AddItem(row["avail"].text()); });
+}
+
+void frmnore::loadevents() {
+    loadList("Select * from events Order by event", QStringLiteral("Error loading events items. "),
+             [this](const Recordset& row) { cboevents->AddItem(row["event"].text()); });
+}
+
+void frmnore::loadlocs() {
+    loadList("Select * from locations Order by Location", QStringLiteral("Error loading locations. "),
+             [this](const Recordset& row) { cbolocation->AddItem(row["location"].text()); });
+}
+
+void frmnore::loadcats() {
+    loadList("Select * from AptCategories Order by AptCategory",
+             QStringLiteral("Error loading appointment categories. "), [this](const Recordset& row) {
+                 const QString name = row["aptcategory"].text();
+                 const int colour = numberIn(row, "aptcategorycolor");
+                 cbocats->AddItem(name, colour, ColourIcon(colour));
+                 cboapttype->AddItem(name, colour, ColourIcon(colour));
+             });
+}
+
+void frmnore::loadsesstypes() {
+    loadList("Select * from session_types Order by sess_cpt_code", QStringLiteral("Error loading session types. "),
+             [this](const Recordset& row) {
+                 cbocpt->AddItem(row["sess_cpt_code"].text() + QStringLiteral("  ") + row["sess_cpt_name"].text(),
+                                 numberIn(row, "sess_cpt_time"));
+             });
+}
+
+void frmnore::loadroomslist() {
+    loadList("Select * from rooms order by room", QStringLiteral("Error loading room list. "),
+             [this](const Recordset& row) { cborooms->AddItem(row["room"].text(), numberIn(row, "roomid")); });
+    cborooms->setEnabled(cborooms->count() > 0);
+    cmdrooms->setEnabled(cborooms->count() > 0);
+}
+
+void frmnore::fillStatus() {
+    static constexpr std::array<const char*, ncolor::PatientRows.size()> texts{
+        "", "Tentative", "Pending", "Checked-In", "Kept", "Missed", "Patient Cancelled", "Therapist Cancelled"};
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        cbostatus->AddItem(QString::fromLatin1(texts[i]), ncolor::PatientRows[i], StatusIcon(ncolor::PatientRows[i]));
+}
+
+void frmnore::SetApptType(int key) {
+    if (cboapttype->count() == 0)
+        return;
+    try {
+        const Recordset row(
+            Sql("Select Appointment_Type from appointments Where Appointment_Type is not null and nkeyid = {}", key),
+            Session().Connection);
+        if (!row.Eof())
+            cboapttype->SetListIndex(cboapttype->FindItemData(numberIn(row, "Appointment_Type")));
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error setting appointment type. "), error);
+    }
+}
+
+void frmnore::LoadAppointment() {
+    try {
+        const Recordset row(Sql("Select * from appointments Where nKeyId = {}", Session().CurrentApptKey),
+                            Session().Connection);
+        if (row.Eof())
+            return;
+        showRow(row);
+        loadedState_ = writtenState(row);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading appointment. "), error);
+        return;
+    }
+    showRoom();
+    if (Session().ApptKind == 1)
+        showAuthorization();
+}
+
+void frmnore::showRow(const Recordset& row) {
+    ctstart->setTime(numberIn(row, "nStartTime"));
+    ctend->setTime(numberIn(row, "nEndTime"));
+    ctedate->setDate(row["dapptdate"].date());
+    lblcreated->setText(QStringLiteral("Created: %1 (%2)")
+                            .arg(momentText(row["createddate"].dateTime()), row["createduid"].text()));
+    lblmodified->setText(QStringLiteral("Last Modified: %1 (%2)")
+                             .arg(momentText(row["lastmodifieddate"].dateTime()), row["lastmodifieduid"].text()));
+    switch (Session().ApptKind) {
+        case 2:
+            cboevents->SetText(row["cappttext"].text());
+            break;
+        case 3:
+            cboavail->SetText(row["cappttext"].text());
+            break;
+        case 4:
+            showCategory(row);
+            break;
+        default:
+            showPatient(row);
+    }
+    cbolocation->SetText(row["CLOCATION"].text());
+    ckAlarm->setChecked(row["BremindIco"].boolean());
+    txtnotes->setPlainText(GetPipeField(row["CapptNote"].text(), 2));
+}
+
+void frmnore::showPatient(const Recordset& row) {
+    const QString id = row["patientid"].text();
+    txtpatients->setText(row["cappttext"].text());
+    txtpatients->setReadOnly(true);
+    SetPatientTag(id);
+    txtaccount->setText(row["PatientAcct"].text());
+    // The patient's present record wins over the copies in the row.
+    lblHPhone->setText(PatientFieldText(id, QStringLiteral("telephone_h")));
+    lblwphone->setText(PatientFieldText(id, QStringLiteral("telephone_b")));
+    lblcphone->setText(PatientFieldText(id, QStringLiteral("Other_Phone")));
+    lblemail->setText(PatientFieldText(id, QStringLiteral("EmailAddress")));
+    cmdpatients->setEnabled(false);
+    if (const int status = cbostatus->FindItemData(numberIn(row, "ncolor")); status >= 0)
+        cbostatus->SetListIndex(status);
+    cbocpt->SetText(GetPipeField(row["CapptNote"].text(), 1));
+    // A type that is on no list any more, or whose list could not be read, must not be lost by a save.
+    const int type = numberIn(row, "appointment_type");
+    if (type > 0 && cboapttype->ListIndex() < 0) {
+        cboapttype->AddItem(tr("(no longer on the list)"), type, ColourIcon(type));
+        cboapttype->SetListIndex(cboapttype->FindItemData(type));
+    }
+}
+
+void frmnore::showCategory(const Recordset& row) {
+    const QString name = row["cappttext"].text();
+    if (cbocats->FindExact(name) < 0) {
+        const int colour = numberIn(row, "appointment_type");
+        cbocats->AddItem(name, colour, ColourIcon(colour));
+    }
+    cbocats->SetListIndex(cbocats->FindExact(name));
+}
+
+void frmnore::showRoom() {
+    const int room = ApptRoomId(Session().CurrentApptKey);
+    roomUnread_ = room < 0;
+    if (room < 1)
+        return;
+    // As with a type: a booked room that is on no list is kept.
+    if (cborooms->FindItemData(room) < 0) {
+        cborooms->AddItem(tr("(no longer on the list)"), room);
+        cborooms->setEnabled(true);
+    }
+    cborooms->SetListIndex(cborooms->FindItemData(room));
+}

@@ -1,0 +1,237 @@
+#include <array>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "appointments/conflicts.h"
+#include "appointments/frmnore.h"
+#include "appointments/patientrows.h"
+#include "data/codes.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "platform/controls/notefield.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "session/audit.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+constexpr int FirstValidTime = 1;
+constexpr int FirstValidDate = 2;
+constexpr int UsualLeadMinutes = 10;
+constexpr int LongestPhoneCopy = 40;   // appointments.hphone and wphone
+constexpr int LongestAuditedText = 100;
+
+bool viewHasEditor(int view) {
+    return view == 1 || view == 2 || view == 4;
+}
+
+}  // namespace
+
+void frmnore::cmdOk_Click() {
+    offerUnknownItems();
+    if (!dirty)
+        return accept();
+    if (entryText().trimmed().isEmpty())
+        return;
+    if (Session().ApptKind == 1 && !patientIsKnown())
+        return;
+    const BookedProvider provider = ProviderOfView();
+    const int key = editedKey();
+    if (conflicts(key, provider.id) || !viewHasEditor(Session().CurrentView) || !timesAreValid())
+        return;
+    if (saveappt(key, provider.id))
+        sendConfirmation(provider.id);
+    accept();
+}
+
+bool frmnore::patientIsKnown() {
+    if (patientinDB(patientTag_))
+        return true;
+    const Answer answer = MsgBox(QStringLiteral("Patient not found in database. Add patient now?"), YesNoBox,
+                                 QStringLiteral("Solvane"));
+    if (answer == Answer::Yes) {
+        pnlpatlist->show();
+        ctList1->setFocus();
+        return false;
+    }
+    txtaccount->clear();
+    for (QLabel* fact : {lblHPhone, lblwphone, lblcphone, lblemail})
+        fact->clear();
+    if (txtpatients->isEnabled())
+        txtpatients->setFocus();
+    return false;
+}
+
+// The conflicts are asked before the times are checked: the order is fixed.
+bool frmnore::conflicts(int key, const QString& providerId) {
+    const QDate date = ctedate->Date();
+    const int start = ctstart->Time();
+    const int end = ctend->Time();
+    if (viewHasEditor(Session().CurrentView) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
+        return true;
+    return cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key);
+}
+
+// A date that is none is refused in every view that shows it: an entry without a date would be on no calendar.
+bool frmnore::timesAreValid() {
+    if (ctstart->Value() < FirstValidTime)
+        return refuse(QStringLiteral("Enter valid start time."), ctstart);
+    if (ctend->Value() < FirstValidTime)
+        return refuse(QStringLiteral("Enter valid end time."), ctend);
+    if (ctstart->Time() >= ctend->Time())
+        return refuse(QStringLiteral("End time must be greater than start time"), ctstart);
+    if (Session().CurrentView != 1 && ctedate->Value() < FirstValidDate)
+        return refuse(QStringLiteral("Enter a valid date."), ctedate);
+    return true;
+}
+
+bool frmnore::refuse(const QString& message, QWidget* field) {
+    MsgBox(message, ExclamationBox, QStringLiteral("Missing Data"));
+    if (field->isEnabled() && field->isVisible())
+        field->setFocus();
+    return false;
+}
+
+// The row that was loaded where the view has lost its selection meanwhile: a key of 0 would add the entry once more.
+int frmnore::editedKey() const {
+    if (Session().IsNewAppt)
+        return 0;
+    const int selected = SelectedItemKey(Session().CurrentView);
+    return selected > 0 ? selected : Session().CurrentApptKey;
+}
+
+QString frmnore::entryText() const {
+    for (const QString& text : {txtpatients->text(), cboevents->Text(), cboavail->Text()})
+        if (!text.isEmpty())
+            return text;
+    return cbocats->Text();
+}
+
+bool frmnore::saveappt(int key, const QString& providerId) {
+    const BusyPointer busy;
+    try {
+        Recordset row(Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection,
+                      db::Lock::Optimistic);
+        const bool isNew = row.Eof();
+        if (!isNew && loadedState_ != writtenState(row))
+            throw db::DatabaseError(
+                -2147217864,
+                QStringLiteral(
+                    "Row cannot be located for updating. Some values may have been changed since it was last read."));
+        if (isNew)
+            row.AddNew();
+        writeFields(row, isNew, providerId);
+        if (!isNew && key > 0 && !(roomUnread_ && cborooms->ListIndex() < 0))
+            Session().Connection.Execute(Sql("Delete  from roomschedule Where apptid = {}", key));
+        row.Update();
+        if (cborooms->ListIndex() >= 0)
+            insertRoom(static_cast<int>(row["nkeyid"].integer()));
+        auditSave(isNew);
+        return true;
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error saving appointment. "), error);
+        return false;
+    }
+}
+
+std::vector<db::Value> frmnore::writtenState(const Recordset& row) {
+    static constexpr std::array columns{
+        "nStartTime",   "nEndTime",      "dapptdate",  "cappttext", "appointment_type", "CLOCATION",
+        "BLOCATEICO",   "BremindIco",    "ReminderTime", "BPrivateIco", "appttype",     "ncolor",
+        "BTentIco",     "patientid",     "PatientAcct", "hphone",   "wphone",           "clinicianid",
+        "CapptNote",    "lastmodifieddate", "lastmodifieduid"};
+    std::vector<db::Value> state;
+    state.reserve(columns.size());
+    for (const char* column : columns)
+        state.push_back(row[column].value());
+    return state;
+}
+
+void frmnore::writeFields(Recordset& row, bool isNew, const QString& providerId) {
+    if (isNew) {
+        row.Set("createddate", Now());
+        row.Set("createduid", Session().UID);
+    }
+    const int start = ctstart->Time();
+    row.Set("nStartTime", start);
+    row.Set("nEndTime", ctend->Time());
+    row.Set("dapptdate", ctedate->Date());
+    row.Set("cappttext", entryText());
+    row.Set("appointment_type", cboapttype->ListIndex() >= 0 ? db::Value(cboapttype->ItemData()) : db::Value());
+    row.Set("CLOCATION", cbolocation->Text());
+    row.Set("BLOCATEICO", cbolocation->Text().isEmpty() ? 0 : 1);
+    row.Set("BremindIco", ckAlarm->isChecked() ? 1 : 0);
+    const int lead = alarmLeadMinutes_ > 0 ? alarmLeadMinutes_ : UsualLeadMinutes;
+    row.Set("ReminderTime", ckAlarm->isChecked() ? db::Value(start - lead) : db::Value());
+    row.Set("BPrivateIco", 0);
+    if (Session().ApptKind == 4)
+        row.Set("appttype", ApptTypeSlot);
+    writeKind(row);
+    row.Set("clinicianid", providerId);
+    row.Set("CapptNote", cbocpt->Text() + QLatin1Char('|') + txtnotes->toPlainText());
+    row.Set("lastmodifieddate", Now());
+    row.Set("lastmodifieduid", Session().UID);
+}
+
+// Which kind it is goes by the texts: the pages that are hidden hold none.
+void frmnore::writeKind(Recordset& row) {
+    if (!txtpatients->text().isEmpty()) {
+        if (cbostatus->ListIndex() >= 0)
+            row.Set("ncolor", cbostatus->ItemData());
+        row.Set("BTentIco", cbostatus->Text() == QStringLiteral("Tentative") ? 1 : 0);
+        row.Set("patientid", patientTag_);
+        row.Set("PatientAcct", txtaccount->text());
+        row.Set("hphone", lblHPhone->text().left(LongestPhoneCopy));
+        row.Set("wphone", lblwphone->text().left(LongestPhoneCopy));
+    } else if (!cboevents->Text().isEmpty()) {
+        row.Set("ncolor", ncolor::Activity);
+    } else if (!cboavail->Text().isEmpty()) {
+        row.Set("ncolor", ncolor::Unavailable);
+    } else {
+        row.Set("ncolor", categoryColour_);
+        row.Set("appointment_type", categoryColour_);
+    }
+}
+
+void frmnore::insertRoom(int apptKey) {
+    QString text;
+    switch (Session().ApptKind) {
+        case 1:
+            text = ProviderOfView().name;
+            break;
+        case 2:
+            text = cboevents->Text();
+            break;
+        case 4:
+            text = cbocats->Text();
+            break;
+        default:
+            break;
+    }
+    Session().Connection.Execute(Sql(
+        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values({}, {}, '{}', '{}', {}, {})",
+        ctstart->Time(), ctend->Time(), ctedate->Date(), text, cborooms->ItemData(), apptKey));
+}
+
+void frmnore::auditSave(bool isNew) const {
+    const QString date = ctedate->Text();
+    const QString time = ctstart->Text();
+    if (isNew)
+        AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Add Appointment"), {},
+                 QStringLiteral("Added Appointment on %1 at %2 for %3").arg(date, time, entryText()));
+    else
+        AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},
+                 QStringLiteral("Modified Appointment (%1) to %2 at %3 for %4")
+                     .arg(originalSlot_, date, time, entryText().left(LongestAuditedText)));
+}
