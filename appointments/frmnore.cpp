@@ -14,6 +14,7 @@
 #include "platform/calendar/colour.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/fieldflag.h"
 #include "platform/controls/formarea.h"
 #include "platform/controls/notefield.h"
 #include "platform/desktop/desktop.h"
@@ -150,12 +151,15 @@ void frmnore::SSCheck1_Click() {
 void frmnore::showDuration() {
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    if (start < 0 || end < 0)
-        lblduration->clear();
-    else if (end > start)
-        lblduration->setText(durationText(end - start));
-    else
+    const bool backwards = start >= 0 && end >= 0 && end <= start;
+    QPalette palette = this->palette();
+    if (backwards)
+        palette.setColor(lblduration->foregroundRole(), FieldFlag::Colour(palette));
+    lblduration->setPalette(palette);
+    if (backwards)
         lblduration->setText(tr("ends before it starts"));
+    else
+        lblduration->setText(start < 0 || end < 0 ? QString() : durationText(end - start));
 }
 
 void frmnore::showCategoryColour() {

@@ -193,6 +193,7 @@ class frmnore : public QDialog {
     void leaveList(Qt::FocusReason reason);
     void offerUnknownItems();
 
+    QWidget* fields_ = nullptr;
     QString patientTag_;
     QString emailTag_;  ///< The address that ckemail stands for.
     QString originalSlot_;

@@ -43,8 +43,8 @@ void frmnore::sendConfirmation(const QString& providerId) {
 void frmnore::SendEmail(const QString& address, const QString& /*patientName*/, const QString& providerName,
                         const QString& apptDate, const QString& apptTime) {
     const QString body = messageBody(providerName, apptDate, apptTime);
-    const Answer answer = MsgBox(QStringLiteral("To: %1\n%2").arg(address, body), YesNoBox,
-                                 QStringLiteral("Send e-mail?"));
+    const Answer answer =
+        MsgBox(QStringLiteral("To: %1\n%2").arg(address, body), YesNoBox, QStringLiteral("Send e-mail?"));
     if (answer != Answer::Yes)
         return;
     if (!OpenWithShell(QStringLiteral("mailto:%1?subject=Appointment Confirmation&body=%2").arg(address, body)))

@@ -82,6 +82,7 @@ QGridLayout* fieldGrid(QWidget* panel) {
 
 void frmnore::buildForm() {
     auto* fields = new QWidget(this);
+    fields_ = fields;
     auto* rows = new QVBoxLayout(fields);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(Space(8));
@@ -169,13 +170,13 @@ void frmnore::buildOtherPages() {
     QWidget* events = page(1, "fraappttype1");
     cboevents = combo(Entry::Free, "cboevents", tr("Event"), events);
     auto* grid = fieldGrid(events);
-    grid->addWidget(fieldLabel(tr("E&vent:"), cboevents, events), 0, 0);
+    grid->addWidget(fieldLabel(tr("Eve&nt:"), cboevents, events), 0, 0);
     grid->addWidget(cboevents, 0, 1);
 
     QWidget* unavailable = page(2, "fraappttype2");
     cboavail = combo(Entry::Free, "cboavail", tr("Unavailable for"), unavailable);
     grid = fieldGrid(unavailable);
-    grid->addWidget(fieldLabel(tr("Una&vailable for:"), cboavail, unavailable), 0, 0);
+    grid->addWidget(fieldLabel(tr("Reaso&n:"), cboavail, unavailable), 0, 0);
     grid->addWidget(cboavail, 0, 1);
 
     QWidget* categories = page(3, "fraappttype3");
@@ -185,7 +186,7 @@ void frmnore::buildOtherPages() {
     lblaptcolor->setAutoFillBackground(true);
     lblaptcolor->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     grid = fieldGrid(categories);
-    grid->addWidget(fieldLabel(tr("Appointment t&ype:"), cbocats, categories), 0, 0);
+    grid->addWidget(fieldLabel(tr("T&ype:"), cbocats, categories), 0, 0);
     grid->addWidget(cbocats, 0, 1);
     grid->addWidget(lblaptcolor, 0, 2);
 }
@@ -202,7 +203,9 @@ QWidget* frmnore::buildWhen() {
     ctend->setIsEnd(true);
     lblduration = factLabel("lblduration", when);
     lblduration->setForegroundRole(QPalette::PlaceholderText);
-    SSCheck1 = named(new QCheckBox(tr("All Day Event"), when), "SSCheck1");
+    // Room for the longest hint, so that the row stands still while times are typed.
+    lblduration->setMinimumWidth(fontMetrics().horizontalAdvance(tr("ends before it starts")));
+    SSCheck1 = named(new QCheckBox(tr("All Day E&vent"), when), "SSCheck1");
 
     auto* end = new QLabel(tr("&End:"), when);
     end->setBuddy(ctend);
@@ -265,8 +268,8 @@ QWidget* frmnore::buildNote() {
     txtnotes = named(new NoteField(note), "txtnotes");
     txtnotes->setAccessibleName(tr("Note"));
     txtnotes->setLines(NoteLines);
-    ckAlarm = named(new QCheckBox(tr("Set Alarm"), note), "ckAlarm");
-    ckemail = named(new QCheckBox(tr("Send E-Mail Confirmation"), note), "ckemail");
+    ckAlarm = named(new QCheckBox(tr("Set &Alarm"), note), "ckAlarm");
+    ckemail = named(new QCheckBox(tr("Send E-Ma&il Confirmation"), note), "ckemail");
     auto* options = new QHBoxLayout;
     options->setSpacing(Space(16));
     options->addWidget(ckAlarm);
@@ -279,26 +282,34 @@ QWidget* frmnore::buildNote() {
     return note;
 }
 
-// The labels of all panels make one column, so that the fields stand in one line whatever is hidden.
+// The labels of all panels make one column, so that the fields stand in one line.
 void frmnore::alignLabels() {
     QList<QLabel*> labels;
     int widest = 0;
     for (QLabel* label : findChildren<QLabel*>())
-        if (label->property("fieldLabel").toBool()) {
+        if (label->property("fieldLabel").toBool() && label->isVisibleTo(this)) {
             labels << label;
             widest = std::max(widest, label->sizeHint().width());
         }
     for (QLabel* label : labels)
         label->setMinimumWidth(widest);
+    // The form takes its size before an event loop has told the layouts what changed, from the inside out.
+    QList<QWidget*> panels = fields_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    panels << fields_ << this;
+    for (const QWidget* panel : panels)
+        if (panel->layout() != nullptr) {
+            panel->layout()->invalidate();
+            panel->layout()->activate();
+        }
 }
 
-// The order of the questions. The buttons beside the patient come last: they have Alt keys, and the way from the name to
-// the time is the one that is gone most.
+// The order of the questions. The buttons beside the patient come last: they have Alt keys, and the way from the name
+// to the time is the one that is gone most.
 void frmnore::orderFields() {
     const std::initializer_list<QWidget*> order{
-        txtpatients, txtaccount, cboevents,  cboavail, cbocats,   ctedate,  ctstart, ctend,       SSCheck1,
-        cbocpt,      cboapttype, cbolocation, cborooms, cmdrooms, cbostatus, txtnotes, ckAlarm,   ckemail,
-        cmdOk,       cmdCancel,  cmdpatients, cmdPatientList, cmdnewpat};
+        txtpatients, txtaccount, cboevents,  cboavail,    cbocats,     ctedate,        ctstart,   ctend,
+        SSCheck1,    cbocpt,     cboapttype, cbolocation, cborooms,    cmdrooms,       cbostatus, txtnotes,
+        ckAlarm,     ckemail,    cmdOk,      cmdCancel,   cmdpatients, cmdPatientList, cmdnewpat};
     for (const auto* field = order.begin(); field + 1 != order.end(); ++field)
         setTabOrder(*field, *(field + 1));
     for (QWidget* first : {static_cast<QWidget*>(txtpatients), static_cast<QWidget*>(cboevents),
@@ -327,7 +338,7 @@ void frmnore::buildPatientList() {
     txtfind->setPlaceholderText(tr("Part of a name"));
     auto* label = new QLabel(tr("&Find:"), panel);
     label->setBuddy(txtfind);
-    cmdfind = button(tr("F&ind"), "cmdfind", panel);
+    cmdfind = button(tr("Find"), "cmdfind", panel);
     cmdfind->setEnabled(false);
     cmdnew = button(tr("&New"), "cmdnew", panel);
     auto* find = new QHBoxLayout;
@@ -364,7 +375,7 @@ QLayout* frmnore::buildButtons() {
     }
     cmdOk = button(tr("O&K"), "cmdOk", this);
     cmdOk->setDefault(true);
-    cmdCancel = button(tr("&Cancel"), "cmdCancel", this);
+    cmdCancel = button(tr("Cancel"), "cmdCancel", this);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Space(8));
     buttons->addLayout(history, 1);

@@ -103,8 +103,10 @@ void frmnore::showCaptions() {
     Label14->setText(account);
     if (!account.isEmpty())
         ctList1->SetHeader(AccountColumn, account);
-    Label1->setText(Session().WordUsage + QLatin1Char(':'));
-    cmdnewpat->setText(QStringLiteral("Add New ") + Session().WordUsage);
+    QString patient = Session().WordUsage;
+    patient.replace(QLatin1String("&"), QLatin1String("&&"));
+    Label1->setText(QLatin1Char('&') + patient + QLatin1Char(':'));
+    cmdnewpat->setText(QStringLiteral("Add Ne&w ") + patient);
 }
 
 void frmnore::loadKind() {
@@ -228,8 +230,8 @@ void frmnore::showRow(const Recordset& row) {
     ctstart->setTime(numberIn(row, "nStartTime"));
     ctend->setTime(numberIn(row, "nEndTime"));
     ctedate->setDate(row["dapptdate"].date());
-    lblcreated->setText(QStringLiteral("Created: %1 (%2)")
-                            .arg(momentText(row["createddate"].dateTime()), row["createduid"].text()));
+    lblcreated->setText(
+        QStringLiteral("Created: %1 (%2)").arg(momentText(row["createddate"].dateTime()), row["createduid"].text()));
     lblmodified->setText(QStringLiteral("Last Modified: %1 (%2)")
                              .arg(momentText(row["lastmodifieddate"].dateTime()), row["lastmodifieduid"].text()));
     switch (Session().ApptKind) {

@@ -29,7 +29,7 @@ namespace {
 constexpr int FirstValidTime = 1;
 constexpr int FirstValidDate = 2;
 constexpr int UsualLeadMinutes = 10;
-constexpr int LongestPhoneCopy = 40;   // appointments.hphone and wphone
+constexpr int LongestPhoneCopy = 40;  // appointments.hphone and wphone
 constexpr int LongestAuditedText = 100;
 
 bool viewHasEditor(int view) {
@@ -58,8 +58,8 @@ void frmnore::cmdOk_Click() {
 bool frmnore::patientIsKnown() {
     if (patientinDB(patientTag_))
         return true;
-    const Answer answer = MsgBox(QStringLiteral("Patient not found in database. Add patient now?"), YesNoBox,
-                                 QStringLiteral("Solvane"));
+    const Answer answer =
+        MsgBox(QStringLiteral("Patient not found in database. Add patient now?"), YesNoBox, QStringLiteral("Solvane"));
     if (answer == Answer::Yes) {
         pnlpatlist->show();
         ctList1->setFocus();
@@ -147,10 +147,10 @@ bool frmnore::saveappt(int key, const QString& providerId) {
 
 std::vector<db::Value> frmnore::writtenState(const Recordset& row) {
     static constexpr std::array columns{
-        "nStartTime",   "nEndTime",      "dapptdate",  "cappttext", "appointment_type", "CLOCATION",
-        "BLOCATEICO",   "BremindIco",    "ReminderTime", "BPrivateIco", "appttype",     "ncolor",
-        "BTentIco",     "patientid",     "PatientAcct", "hphone",   "wphone",           "clinicianid",
-        "CapptNote",    "lastmodifieddate", "lastmodifieduid"};
+        "nStartTime", "nEndTime",         "dapptdate",      "cappttext",   "appointment_type", "CLOCATION",
+        "BLOCATEICO", "BremindIco",       "ReminderTime",   "BPrivateIco", "appttype",         "ncolor",
+        "BTentIco",   "patientid",        "PatientAcct",    "hphone",      "wphone",           "clinicianid",
+        "CapptNote",  "lastmodifieddate", "lastmodifieduid"};
     std::vector<db::Value> state;
     state.reserve(columns.size());
     for (const char* column : columns)

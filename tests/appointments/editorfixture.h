@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "appointments/frmnore.h"
+#include "session/openview.h"
+#include "tests/appointments/appointmentfixture.h"
+
+class CompletingCombo;
+
+/// The view that stands open behind the editor: what a test puts here is what the editor may ask of it.
+class EditorsView : public OpenView {
+  public:
+    EditorsView() { registerOpenView(); }
+
+    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
+    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override { return std::nullopt; }
+    [[nodiscard]] BookedProvider Provider() const override;
+    void DropSelection() override { selectionDropped = true; }
+
+    int selectedKey = 0;
+    std::optional<BookedProvider> chosenProvider;  ///< Of the all-providers view.
+    bool selectionDropped = false;
+};
+
+/// A practice with every list filled, Dr. Reed's day view open, and Mary Jones as its patient.
+class EditorFixture : public AppointmentFixture {
+  protected:
+    EditorFixture();
+
+    /// Opens the editor on a new entry of a kind, at nine to ten of the day that is shown.
+    frmnore& openNew(int kind);
+    /// Opens the editor on the row, which the view has selected.
+    frmnore& openRow(int key, int kind);
+    /// The row of a kind as the editor itself writes it: nine to ten, in room and location.
+    int savedPatientAppointment();
+    /// Takes a patient over as the look-up does.
+    void choose(const QString& patientId, const QString& name);
+
+    /// One column of the row, as text; "(none)" without the row.
+    QString column(const char* name, int key);
+    [[nodiscard]] int rowCount(const char* table);
+    [[nodiscard]] int newestKey();
+    /// Makes statements of this kind on a table fail with the words.
+    void breakStatement(const char* verb, const char* table, const char* words);
+
+    static void type(QWidget* field, const QString& text);
+    static void press(QWidget* field, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void clickOk();
+
+    EditorsView view;
+    std::unique_ptr<frmnore> form;
+    int office = 0;  ///< The key of the room.
+
+  private:
+    frmnore& open();
+    void fillLists();
+};
