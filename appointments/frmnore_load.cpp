@@ -185,7 +185,6 @@ void frmnore::loadroomslist() {
     loadList("Select * from rooms order by room", QStringLiteral("Error loading room list. "),
              [this](const Recordset& row) { cborooms->AddItem(row["room"].text(), numberIn(row, "roomid")); });
     cborooms->setEnabled(cborooms->count() > 0);
-    cmdrooms->setEnabled(cborooms->count() > 0);
 }
 
 void frmnore::fillStatus() {
