@@ -28,6 +28,16 @@ inline constexpr std::array PatientRows{Blank, Tentative, Pending,          Chec
 
 }  // namespace ncolor
 
+/// The kinds of entry that the editor makes and edits, as the session's ApptKind holds them.
+namespace apptkind {
+
+inline constexpr int Patient = 1;
+inline constexpr int Activity = 2;     ///< Activity/Event
+inline constexpr int Unavailable = 3;  ///< Unavailable Time
+inline constexpr int TypeSlot = 4;     ///< A slot of an appointment type.
+
+}  // namespace apptkind
+
 /// The only `appttype` that is written or tested: a slot booked by appointment type that has no patient yet.
 inline constexpr int ApptTypeSlot = 4;
 

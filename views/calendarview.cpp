@@ -11,6 +11,7 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     bindCommands();
     bindStatusCommands();
     bindDeletion();
+    bindEditing();
     bindInPlaceWork();
     registerOpenView();
 }

@@ -10,6 +10,8 @@
 #include "views/viewmenus.h"
 #include "views/viewwindow.h"
 
+class frmnore;
+
 /// What the views on a `ctMDay` share: the calendar itself, the menus and what the user's rights leave of them, the
 /// hours and the grid from the preferences. A view states only its difference.
 class CalendarView : public ViewWindow, public OpenView {
@@ -21,6 +23,9 @@ class CalendarView : public ViewWindow, public OpenView {
     void FillMenus(QMenuBar& menus) override;
     void ApplyPreferences() override;
     void FollowMainWindow() override;
+    /// A new patient appointment at the selected time.
+    void AddAppointment() override;
+    [[nodiscard]] bool CanAdd() const override;
 
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
@@ -82,6 +87,17 @@ class CalendarView : public ViewWindow, public OpenView {
 
     [[nodiscard]] static RowFacts factsOf(const db::Recordset& row, const CalendarItem& item);
 
+    // calendarview_edit.cpp
+    void bindEditing();
+    void suitEditing(int index);
+    void popupOnEmptyTime(int index, const QPoint& place);
+    void newappt(int kind);
+    void selectAddedTo(const QStringList& before);
+    void editCommand();
+    void editappt2(int index);
+    void editappt(int index);
+    void showEditor(frmnore& editor);
+
     // calendarview_move.cpp
     void bindInPlaceWork();
     void lockItem(int index);
@@ -117,4 +133,5 @@ class CalendarView : public ViewWindow, public OpenView {
 
     MainWindow& main_;
     ViewMenus menus_;
+    QMenu* newPopup_ = nullptr;
 };

@@ -1,0 +1,162 @@
+#include <QAction>
+#include <QMenu>
+#include <QShortcut>
+
+#include "appointments/frmnore.h"
+#include "data/codes.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+#include "views/calendarview.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+struct NewCommand {
+    const char* name;
+    int kind;
+};
+
+constexpr NewCommand newCommands[] = {
+    {"mnuANPat", apptkind::Patient},
+    {"mnuANEvent", apptkind::Activity},
+    {"mnuASType", apptkind::TypeSlot},
+    {"mnuANAvail", apptkind::Unavailable},
+};
+
+// As the submenu mnuANew holds them.
+constexpr const char* popupCommands[] = {"mnuANPat", "mnuASGroup", "mnuANEvent", "mnuASType", "mnuANAvail"};
+
+bool mayWrite() {
+    return Session().ScreenAccess >= 2;
+}
+
+int kindOf(const CalendarItem& item, int apptType) {
+    if (apptType == ApptTypeSlot)
+        return apptkind::TypeSlot;
+    if (item.ItemColor == ncolor::Activity)
+        return apptkind::Activity;
+    return item.ItemColor == ncolor::Unavailable ? apptkind::Unavailable : apptkind::Patient;
+}
+
+}  // namespace
+
+void CalendarView::bindEditing() {
+    for (const NewCommand& command : newCommands)
+        menus_.Bind(QLatin1String(command.name), [this, kind = command.kind] { newappt(kind); });
+    menus_.Bind(QStringLiteral("mnuAEdit"), [this] { editCommand(); });
+    connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitEditing);
+    connect(ctMDay1, &ctMDay::ItemActivated, this, &CalendarView::editCommand);
+    connect(ctMDay1, &ctMDay::RangeActivated, this, &CalendarView::AddAppointment);
+    connect(ctMDay1, &ctMDay::PopupRequested, this, &CalendarView::popupOnEmptyTime);
+    auto* insert = new QShortcut(QKeySequence(Qt::Key_Insert), ctMDay1);
+    insert->setContext(Qt::WidgetShortcut);
+    connect(insert, &QShortcut::activated, this, &CalendarView::AddAppointment);
+    newPopup_ = new QMenu(this);
+    newPopup_->setObjectName(QStringLiteral("popupNew"));
+    newPopup_->setToolTipsVisible(true);
+    for (const char* name : popupCommands)
+        newPopup_->addAction(&menus_.Command(QLatin1String(name)));
+    suitEditing(0);
+}
+
+void CalendarView::suitEditing(int index) {
+    const bool isRow = index > 0 && std::as_const(*ctMDay1).Item(index).ItemKey.toInt() > 0;
+    menus_.Suit(QStringLiteral("mnuAEdit"), isRow,
+                index < 1 ? tr("Select an appointment first.") : tr("A holiday is not an appointment."));
+}
+
+void CalendarView::popupOnEmptyTime(int index, const QPoint& place) {
+    if (index < 1 && mayWrite())
+        newPopup_->popup(place);
+}
+
+void CalendarView::AddAppointment() {
+    newappt(apptkind::Patient);
+}
+
+bool CalendarView::CanAdd() const {
+    return mayWrite();
+}
+
+void CalendarView::newappt(int kind) {
+    if (!mayWrite())
+        return;
+    ctMDay1->CommitEdit();
+    Session().ApptKind = kind;
+    Session().IsNewAppt = true;
+    const std::optional<SelectedSlot> slot = SelectedTime();
+    if (!slot) {
+        MsgBox(QStringLiteral("No Appointment Time is Currently Selected"), ExclamationBox, QStringLiteral("Warning"));
+        Session().IsNewAppt = false;
+        return;
+    }
+    const QStringList before = facts_.keys();
+    frmnore editor(this);
+    editor.SetSlot(*slot);
+    showEditor(editor);
+    selectAddedTo(before);
+}
+
+// What was just booked stands selected, unless another desk has booked too and nobody can tell which is which.
+void CalendarView::selectAddedTo(const QStringList& before) {
+    QStringList added;
+    for (auto row = facts_.keyBegin(); row != facts_.keyEnd(); ++row)
+        if (!before.contains(*row))
+            added << *row;
+    if (added.size() == 1)
+        ctMDay1->setSelectedItem(ctMDay1->IndexOfKey(added.front()));
+}
+
+void CalendarView::editCommand() {
+    ctMDay1->CommitEdit();
+    if (mayWrite())
+        editappt2(ctMDay1->SelectedItem());
+}
+
+void CalendarView::editappt2(int index) {
+    const int key = std::as_const(*ctMDay1).Item(index).ItemKey.toInt();
+    if (key < 1)
+        return;
+    try {
+        const Recordset row(Sql("Select * from appointments Where nKeyid = {}", key), Session().Connection);
+        if (row.Eof()) {
+            MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
+                   ExclamationBox, QStringLiteral("Appointment not found"));
+            Reload();
+            return;
+        }
+        showRow(row);
+        editappt(index);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading appointment. "), error);
+    }
+}
+
+void CalendarView::editappt(int index) {
+    const CalendarItem item = std::as_const(*ctMDay1).Item(index);
+    const int kind = kindOf(item, facts_.value(item.ItemKey).apptType);
+    if (kind == apptkind::Patient && item.ItemColor == ncolor::Group) {
+        MsgBox(tr("Group appointments cannot be opened in this version."), InformationBox, tr("Edit Appointment"));
+        return;
+    }
+    if (kind == apptkind::Activity && isSharedActivity(item.ItemKey.toInt())) {
+        MsgBox(tr("This activity has several providers. It cannot be opened in this version."), InformationBox,
+               tr("Edit Appointment"));
+        return;
+    }
+    Session().ApptKind = kind;
+    Session().IsNewAppt = false;
+    Session().CurrentApptKey = item.ItemKey.toInt();
+    frmnore editor(this);
+    showEditor(editor);
+}
+
+void CalendarView::showEditor(frmnore& editor) {
+    ShowModal(editor);
+    Session().IsNewAppt = false;
+    Reload();
+}
