@@ -1,6 +1,9 @@
 #include "people/addressedit.h"
 
-#include <QStyle>
+#include <cmath>
+#include <QFontMetricsF>
+
+#include "platform/theme/theme.h"
 
 AddressEdit::AddressEdit(int mostCharacters, int lines, QWidget* parent)
     : QPlainTextEdit(parent), mostCharacters_(mostCharacters), lines_(lines) {
@@ -16,7 +19,8 @@ QString AddressEdit::StoredText() const {
 
 QSize AddressEdit::sizeHint() const {
     const int around = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
-    return {QPlainTextEdit::sizeHint().width() / 2, fontMetrics().lineSpacing() * lines_ + around};
+    const auto text = static_cast<int>(std::ceil(QFontMetricsF(font()).lineSpacing() * lines_));
+    return {QPlainTextEdit::sizeHint().width() / 2, text + around + Space(4)};
 }
 
 // Takes the excess out in front of the cursor, where it was typed or pasted, so that the end of a long address is not

@@ -96,6 +96,7 @@ void frmnewpat::changed() {
         birthDateNote_.clear();
     const QDate born = birthDate();
     lblage->setText(born.isValid() ? QString::number(AgeInYears(born)) : QString());
+    lblage->setAccessibleName(tr("Age %1").arg(lblage->text()).trimmed());
     showMissing();
 }
 
@@ -120,6 +121,7 @@ void frmnewpat::showMissing() {
     if (!names.isEmpty())
         sentences << tr("Still missing: %1.").arg(names.join(QStringLiteral(", ")));
     lblmissing->setText(sentences.join(QLatin1Char(' ')));
+    cmdOk->setAccessibleDescription(lblmissing->text());
     cmdOk->setEnabled(names.isEmpty());
 }
 

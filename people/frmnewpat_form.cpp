@@ -30,8 +30,8 @@ enum Length {
     PhoneLength = 40,
 };
 
-/// Every row of fields is divided into twelve parts, behind the column of the headings.
-constexpr int Parts = 12;
+/// Every row of fields is divided into as many parts, behind the column of the headings.
+constexpr int Parts = 24;
 constexpr int AddressLines = 2;
 
 enum class Need { Optional, Required };
@@ -73,6 +73,7 @@ void addHeading(QGridLayout& grid, int row, const QString& text, QWidget* parent
     QFont bold = heading->font();
     bold.setBold(true);
     heading->setFont(bold);
+    heading->setContentsMargins(0, 0, Space(8), 0);
     grid.addWidget(heading, row, 0, Qt::AlignTop);
 }
 
@@ -122,9 +123,8 @@ void frmnewpat::buildForm() {
     auto* fields = new QWidget;
     auto* grid = new QGridLayout(fields);
     grid->setContentsMargins(Space(16), Space(16), Space(16), Space(8));
-    grid->setHorizontalSpacing(Space(8));
+    grid->setHorizontalSpacing(Space(4));
     grid->setVerticalSpacing(Space(12));
-    grid->setColumnMinimumWidth(0, fontMetrics().averageCharWidth() * 11);
     for (int part = 1; part <= Parts; ++part)
         grid->setColumnStretch(part, 1);
     addName(*grid, 0);
@@ -149,10 +149,10 @@ void frmnewpat::addName(QGridLayout& grid, int row) {
     txtfname = textField("txtfname", NameLength, parent);
     txtmi = textField("txtmi", InitialLength, parent);
     txtsal = textField("txtsal", SalutationLength, parent);
-    place(grid, row, 0, 5, {tr("&Last name"), Need::Required}, txtlname);
-    place(grid, row, 5, 4, {tr("&First name"), Need::Required}, txtfname);
-    place(grid, row, 9, 1, {tr("M&I")}, txtmi);
-    place(grid, row, 10, 2, {tr("Sal&utation")}, txtsal);
+    place(grid, row, 0, 10, {tr("&Last name"), Need::Required}, txtlname);
+    place(grid, row, 10, 8, {tr("&First name"), Need::Required}, txtfname);
+    place(grid, row, 18, 2, {tr("M&I")}, txtmi);
+    place(grid, row, 20, 4, {tr("Sal&utation")}, txtsal);
 }
 
 void frmnewpat::addIdentity(QGridLayout& grid, int row) {
@@ -168,11 +168,11 @@ void frmnewpat::addIdentity(QGridLayout& grid, int row) {
     cbosex->setCurrentIndex(-1);
     txtssn = maskedField("txtssn", QStringLiteral("###-##-####"), {}, SsnLength, parent);
     txtid = textField("txtid", AccountLength, parent);
-    place(grid, row, 0, 5, {tr("Date of &birth"), Need::Required}, txtdob);
-    place(grid, row, 5, 2, {tr("Age")}, lblage);
-    place(grid, row, 7, 5, {tr("Se&x"), Need::Required}, cbosex);
-    place(grid, row + 1, 0, 5, {tr("&SSN")}, txtssn);
-    lblid = named(place(grid, row + 1, 5, 7, {QStringLiteral("Acct/ID #")}, txtid), "lblid");
+    place(grid, row, 0, 10, {tr("Date of &birth"), Need::Required}, txtdob);
+    place(grid, row, 10, 4, {tr("Age")}, lblage);
+    place(grid, row, 14, 10, {tr("Se&x"), Need::Required}, cbosex);
+    place(grid, row + 1, 0, 10, {tr("&SSN")}, txtssn);
+    lblid = named(place(grid, row + 1, 10, 14, {QStringLiteral("Acct/ID #")}, txtid), "lblid");
 }
 
 void frmnewpat::addAddress(QGridLayout& grid, int row) {
@@ -182,10 +182,10 @@ void frmnewpat::addAddress(QGridLayout& grid, int row) {
     txtcity = textField("txtcity", CityLength, parent);
     txtstate = textField("txtstate", StateLength, parent);
     txtzip = textField("txtzip", ZipLength, parent);
-    place(grid, row, 0, 5, {tr("&Address")}, txtaddress);
-    place(grid, row, 5, 3, {tr("Cit&y")}, txtcity);
-    place(grid, row, 8, 2, {tr("Stat&e")}, txtstate);
-    place(grid, row, 10, 2, {tr("&Zip")}, txtzip);
+    place(grid, row, 0, 10, {tr("&Address")}, txtaddress);
+    place(grid, row, 10, 6, {tr("Cit&y")}, txtcity);
+    place(grid, row, 16, 3, {tr("Stat&e")}, txtstate);
+    place(grid, row, 19, 5, {tr("&Zip")}, txtzip);
 }
 
 void frmnewpat::addContact(QGridLayout& grid, int row) {
@@ -193,8 +193,8 @@ void frmnewpat::addContact(QGridLayout& grid, int row) {
     addHeading(grid, row, tr("Telephone"), parent);
     txthphone = maskedField("txthphone", Session().PhoneMask, {}, PhoneLength, parent);
     txtwphone = maskedField("txtwphone", Session().PhoneMask, QStringLiteral(" #####"), PhoneLength, parent);
-    place(grid, row, 0, 5, {tr("&Home")}, txthphone);
-    place(grid, row, 5, 7, {tr("&Work, with extension")}, txtwphone);
+    place(grid, row, 0, 10, {tr("&Home")}, txthphone);
+    place(grid, row, 10, 14, {tr("&Work, with extension")}, txtwphone);
 }
 
 void frmnewpat::addProvider(QGridLayout& grid, int row) {
@@ -208,9 +208,9 @@ void frmnewpat::addProvider(QGridLayout& grid, int row) {
     word.replace(QLatin1Char('&'), QStringLiteral("&&"));
     ckactive = named(new QCheckBox(QStringLiteral("Acti&ve %1?").arg(word), parent), "ckactive");
     ckactive->setChecked(true);
-    place(grid, row, 0, 5, {tr("&Provider"), Need::Required}, cboprovider);
-    place(grid, row, 5, 4, {tr("Date Initial Contac&t")}, txtdic);
-    grid.addWidget(ckactive, row, 10, 1, 3, Qt::AlignBottom);
+    place(grid, row, 0, 10, {tr("&Provider"), Need::Required}, cboprovider);
+    place(grid, row, 10, 8, {tr("Date Initial Contac&t")}, txtdic);
+    grid.addWidget(ckactive, row, 1 + 18, 1, 6, Qt::AlignBottom);
 }
 
 QWidget* frmnewpat::buttonRow() {

@@ -22,8 +22,9 @@ namespace {
 constexpr int LowestId = 10000;
 constexpr int HighestId = 99999999;
 
+// A pasted line end has no place in a name.
 QString textOf(const QLineEdit* field) {
-    return field->text().trimmed();
+    return field->text().simplified();
 }
 
 }  // namespace

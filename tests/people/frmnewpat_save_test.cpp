@@ -101,6 +101,42 @@ TEST_F(NewPatientSave, ATelephoneWithLettersIsKeptAsTyped) {
     EXPECT_EQ(stored("telephone_h"), "ask for Ann");
 }
 
+TEST_F(NewPatientSave, WithoutATelephoneMaskANumberIsKeptAsTyped) {
+    Session().PhoneMask.clear();
+    frmnewpat& form = open();
+    fillRequired(form);
+    type(form.txtwphone, "+44 20 7946 0000 x7");
+    form.cmdOk->click();
+    EXPECT_EQ(stored("telephone_b"), "+44 20 7946 0000 x7");
+}
+
+TEST_F(NewPatientSave, ALineEndPastedIntoANameIsABlank) {
+    frmnewpat& form = open();
+    fillRequired(form);
+    form.txtlname->setText("Smith\n Jones ");
+    form.cmdOk->click();
+    EXPECT_EQ(stored("last_name"), "Smith Jones");
+}
+
+TEST_F(NewPatientSave, TheNewPatientIsFoundByAUserOfOneScheduleOnly) {
+    frmnewpat& form = open();
+    fillRequired(form);
+    form.cmdOk->click();
+    EXPECT_EQ(database.text("Select id from patient_info, incident_hx Where Archive = 0 AND patient_info.id = "
+                            "incident_hx.patient_id AND patient_info.provider_id = 'ABEL'"),
+              Session().NewPatientId);
+}
+
+TEST_F(NewPatientSave, AFailingLookForTheSameNameIsTold) {
+    frmnewpat& form = open();
+    fillRequired(form);
+    sql("Drop Table patient_info");
+    desk.expectBox("Unable to save. Invalid object name 'patient_info'.", "Error");
+    form.cmdOk->click();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form.txtlname->text(), "Smith");
+}
+
 TEST_F(NewPatientSave, AnAddressOfSeveralLinesIsStoredWithItsLineEnds) {
     frmnewpat& form = open();
     fillRequired(form);
