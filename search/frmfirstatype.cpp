@@ -1,0 +1,260 @@
+#include "search/frmfirstatype.h"
+
+#include <optional>
+#include <QApplication>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <vector>
+
+#include "data/minutetime.h"
+#include "platform/calendar/colour.h"
+#include "platform/controls/ctlist.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "platform/theme/icon.h"
+#include "platform/theme/theme.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Ignoring;
+using db::Recordset;
+using db::Sql;
+using db::SqlDate;
+
+namespace {
+
+constexpr int GridMinutes = 5;
+constexpr int MostDigits = 4;
+const QString Title = QStringLiteral("Solvane");
+
+bool hasRow(const QString& statement) {
+    bool found = false;
+    Ignoring([&] { found = !Recordset(statement, Session().Connection).Eof(); });
+    return found;
+}
+
+/// The first free start in a block; nothing where there is none. `stopped` is asked before every try.
+template <class Stopped>
+std::optional<int> firstFree(QDate date, int start, int end, int length, const QString& provider, Stopped stopped) {
+    const int tries = (end - start) / GridMinutes;
+    for (int i = 0; i < tries && !stopped(); ++i) {
+        if (!slotbooked(date, start, start + length, provider))
+            return start;
+        start += GridMinutes;
+        if (start + length > end)
+            return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+bool slotbooked(QDate date, int start, int end, const QString& clinicianId) {
+    return hasRow(Sql(
+               "Select * from appointments Where appttype <> 4 AND DApptDate = '{}' And Clinicianid = '{}' And {} Between nstarttime and (nendtime - .1)",
+               SqlDate(date), clinicianId, start)) ||
+           hasRow(Sql(
+               "Select * from appointments Where appttype <> 4 AND DApptDate = '{}' And Clinicianid = '{}' And {} Between (nstarttime + .1) and nendtime",
+               SqlDate(date), clinicianId, end)) ||
+           hasRow(Sql(
+               "Select * from appointments Where appttype <> 4 AND DApptDate = '{}' And Clinicianid = '{}' And (nstarttime + .1) Between {} And {}",
+               SqlDate(date), clinicianId, start, end));
+}
+
+frmfirstatype::frmfirstatype(QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmfirstatype"));
+    setWindowTitle(QStringLiteral("Search Availability by Appointment Type"));
+    buildForm();
+    layOutForm();
+    loadtypes();
+    loadprovs();
+    followFields();
+    connect(cboatypes, &QComboBox::currentIndexChanged, this, &frmfirstatype::followFields);
+    connect(txtlength, &QLineEdit::textChanged, this, &frmfirstatype::followFields);
+    connect(cmdsearch, &QPushButton::clicked, this, &frmfirstatype::cmdsearch_Click);
+    connect(cmdstop, &QPushButton::clicked, this, [this] { stop_ = true; });
+    connect(ctList1, &ctList::RowActivated, this, &frmfirstatype::cmdgoto_Click);
+    connect(cmdgoto, &QPushButton::clicked, this, &frmfirstatype::cmdgoto_Click);
+    connect(cmdclose, &QPushButton::clicked, this, &frmfirstatype::reject);
+}
+
+void frmfirstatype::buildForm() {
+    const auto named = [](auto* widget, const char* name) {
+        widget->setObjectName(QLatin1String(name));
+        return widget;
+    };
+    cboProviders = named(new QComboBox(this), "cboProviders");
+    cboatypes = named(new QComboBox(this), "cboatypes");
+    txtlength = named(new QLineEdit(this), "txtlength");
+    txtlength->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), txtlength));
+    txtlength->setMaxLength(MostDigits);
+    txtlength->setFixedWidth(fontMetrics().averageCharWidth() * 10);
+    const auto button = [&](const char* name, const QString& text, const QIcon& icon) {
+        auto* made = named(new QPushButton(icon, text, this), name);
+        made->setAutoDefault(false);
+        return made;
+    };
+    cmdsearch = button("cmdsearch", tr("&Search"), Icon("find"));
+    cmdsearch->setDefault(true);
+    cmdstop = button("cmdstop", tr("S&top"), {});
+    cmdstop->setEnabled(false);
+    cmdgoto = button("cmdgoto", tr("&Go To"), {});
+    cmdgoto->setEnabled(false);
+    cmdclose = button("cmdclose", tr("&Close"), {});
+    ctList1 = named(new ctList(this), "ctList1");
+    ctList1->setAccessibleName(tr("Free time"));
+    ctList1->SetColumns({{QStringLiteral("Date")},
+                         {QStringLiteral("Start Time"), ListColumn::Kind::Text, 16},
+                         {QStringLiteral("End Time"), ListColumn::Kind::Text, 16}});
+    lblcount = named(new QLabel(this), "lblcount");
+}
+
+void frmfirstatype::layOutForm() {
+    auto* fields = new QFormLayout;
+    fields->setVerticalSpacing(Space(8));
+    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    fields->addRow(tr("&Provider:"), cboProviders);
+    fields->addRow(tr("Appointment t&ype:"), cboatypes);
+    auto* length = new QHBoxLayout;
+    length->addWidget(txtlength);
+    length->addStretch(1);
+    length->addWidget(cmdsearch);
+    length->addWidget(cmdstop);
+    fields->addRow(QStringLiteral("Length (in minutes):"), length);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(lblcount, 1);
+    buttons->addWidget(cmdgoto);
+    buttons->addWidget(cmdclose);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(12));
+    column->addLayout(fields);
+    column->addWidget(ctList1, 1);
+    column->addLayout(buttons);
+    resize(fontMetrics().averageCharWidth() * 74, fontMetrics().height() * 26);
+    txtlength->setAccessibleName(QStringLiteral("Length (in minutes):"));
+    txtlength->setFocus();
+}
+
+void frmfirstatype::loadtypes() {
+    try {
+        for (Recordset rows(QStringLiteral("Select * from AptCategories Order by aptcategory"), Session().Connection);
+             !rows.Eof(); rows.MoveNext()) {
+            const int color = static_cast<int>(rows["aptcategorycolor"].integer());
+            cboatypes->addItem(rows["aptcategory"].text(), color);
+            cboatypes->setItemData(cboatypes->count() - 1, ColorFromWindows(color), Qt::DecorationRole);
+        }
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading appointment types. "), error);
+    }
+    cboatypes->setCurrentIndex(-1);
+}
+
+void frmfirstatype::loadprovs() {
+    try {
+        for (Recordset rows(QStringLiteral("Select id, prov_lastname from provider_info Order by prov_lastname"),
+                            Session().Connection);
+             !rows.Eof(); rows.MoveNext())
+            cboProviders->addItem(rows["prov_lastname"].text(), rows["id"].text());
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading provider list. "), error);
+    }
+    cboProviders->setCurrentIndex(cboProviders->findData(Session().ProviderId));
+}
+
+void frmfirstatype::followFields() {
+    cmdsearch->setEnabled(!searching_ && cboatypes->currentIndex() >= 0 && !txtlength->text().isEmpty());
+}
+
+void frmfirstatype::cmdsearch_Click() {
+    const int length = txtlength->text().toInt();
+    if (length <= 0) {
+        MsgBox(QStringLiteral("Enter length of time slot"), ExclamationBox, Title);
+        txtlength->setFocus();
+        return;
+    }
+    ctList1->Clear();
+    lblcount->setText(tr("Searching..."));
+    cmdgoto->setEnabled(false);
+    searching_ = true;
+    stop_ = false;
+    cmdstop->setEnabled(true);
+    followFields();
+    try {
+        search(length, cboProviders->currentData().toString());
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error searching availability. "), error);
+    }
+    searching_ = false;
+    cmdstop->setEnabled(false);
+    followFields();
+    const int found = ctList1->RowCount();
+    lblcount->setText(stop_        ? tr("Stopped. %n opening(s) so far.", nullptr, found)
+                      : found == 0 ? tr("No opening was found.")
+                                   : tr("%n opening(s)", nullptr, found));
+    if (found == 0)
+        return;
+    cmdgoto->setEnabled(true);
+    ctList1->SelectRow(0);
+}
+
+void frmfirstatype::search(int length, const QString& provider) {
+    const auto stopped = [this] {
+        // Steps take a millisecond or so; the window stays alive between them.
+        QApplication::processEvents();
+        return stop_;
+    };
+    for (
+        Recordset blocks(
+            Sql("Select * from appointments Where dapptdate >= '{}' AND clinicianid = '{}' AND ncolor = {} Order by dapptdate",
+                SqlDate(Today()), provider, cboatypes->currentData().toInt()),
+            Session().Connection);
+        !blocks.Eof() && !stop_; blocks.MoveNext()) {
+        const QDate date = blocks["dapptdate"].date();
+        const int start = static_cast<int>(blocks["nstarttime"].integer());
+        const int end = static_cast<int>(blocks["nendtime"].integer());
+        if (const std::optional<int> free = firstFree(date, start, end, length, provider, stopped))
+            addResult(date, *free, length);
+    }
+}
+
+void frmfirstatype::addResult(QDate date, int start, int length) {
+    const bool military = Session().MilitaryTime;
+    ctList1->AddRow(QStringList{QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")),
+                                MinutesToTimeText(start, military), MinutesToTimeText(start + length, military)}
+                        .join(u';'),
+                    date);
+}
+
+void frmfirstatype::reject() {
+    if (searching_)
+        stop_ = true;
+    else
+        QDialog::reject();
+}
+
+void frmfirstatype::cmdgoto_Click() {
+    const int row = ctList1->SelectedRow();
+    if (row < 0 || searching_)
+        return;
+    if (cboProviders->currentData().toString() != Session().ProviderId && !jumptoclinician())
+        return;
+    jumpDate_ = ctList1->ItemData(row).toDate();
+    accept();
+}
+
+bool frmfirstatype::jumptoclinician() {
+    const QString id = cboProviders->currentData().toString();
+    if (!hasRow(Sql("Select pswd_type_of_access from passwords Where pswd_user_id = '{}'", id))) {
+        MsgBox(QStringLiteral("Error moving to selected provider. "), ErrorBox, Title);
+        return false;
+    }
+    Session().ProviderId = id;
+    Session().ProviderName = cboProviders->currentText();
+    providerChanged_ = true;
+    return true;
+}
