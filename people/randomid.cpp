@@ -19,7 +19,7 @@ bool isTaken(const QString& table, const QString& id) {
 QString GenerateRandomId(const QString& table, int low, int high, const QString& prefix) {
     for (int attempt = 0; attempt < MostTries; ++attempt) {
         const auto number = static_cast<int>((high - low + 1) * RandomNumber()) + low;
-        const QString id = prefix + QString::number(number);
+        QString id = prefix + QString::number(number);
         if (!isTaken(table, id))
             return id;
     }
