@@ -36,6 +36,12 @@ frmnewpat::frmnewpat(QWidget* parent) : QDialog(parent) {
     txtlname->setFocus();
 }
 
+// A date field that has the focus while the form goes is still left, and tells of it when only the base is there.
+frmnewpat::~frmnewpat() {
+    for (const ctDEdit* field : {txtdob, txtdic})
+        disconnect(field, nullptr, this, nullptr);
+}
+
 void frmnewpat::reject() {
     if (!dirty)
         return QDialog::reject();

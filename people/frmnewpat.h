@@ -26,6 +26,7 @@ class frmnewpat : public QDialog {
 
   public:
     explicit frmnewpat(QWidget* parent = nullptr);
+    ~frmnewpat() override;
 
     QLabel* lblid = nullptr;
     QLabel* lblage = nullptr;

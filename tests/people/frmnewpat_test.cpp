@@ -316,3 +316,11 @@ TEST_F(NewPatientForm, EnterInAFieldSavesOnceAllIsThere) {
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(patients(), 1);
 }
+
+TEST_F(NewPatientForm, MayGoWhileADateIsBeingTyped) {
+    frmnewpat& form = open();
+    form.txtdob->setFocus();
+    QTest::keyClicks(form.txtdob, "1/2/");
+    open();
+    EXPECT_EQ(patients(), 0);
+}
