@@ -92,7 +92,7 @@ class CalendarView : public ViewWindow, public OpenView {
     void suitEditing(int index);
     void popupOnEmptyTime(int index, const QPoint& place);
     void newappt(int kind);
-    void selectAddedTo(const QStringList& before);
+    void selectAddedTo(const QSet<QString>& before);
     void editCommand();
     void editappt2(int index);
     void editappt(int index);

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QMenu>
+#include <QSet>
 #include <QShortcut>
 
 #include "appointments/frmnore.h"
@@ -94,7 +95,7 @@ void CalendarView::newappt(int kind) {
         Session().IsNewAppt = false;
         return;
     }
-    const QStringList before = facts_.keys();
+    const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
     frmnore editor(this);
     editor.SetSlot(*slot);
     showEditor(editor);
@@ -102,7 +103,7 @@ void CalendarView::newappt(int kind) {
 }
 
 // What was just booked stands selected, unless another desk has booked too and nobody can tell which is which.
-void CalendarView::selectAddedTo(const QStringList& before) {
+void CalendarView::selectAddedTo(const QSet<QString>& before) {
     QStringList added;
     for (auto row = facts_.keyBegin(); row != facts_.keyEnd(); ++row)
         if (!before.contains(*row))

@@ -220,6 +220,39 @@ TEST_F(DayText, ARowThatCannotBeReadIsToldAndTheTextComesBack) {
     EXPECT_EQ(itemTexts(), QStringList{"Meeting"});
 }
 
+TEST_F(DayText, ARefusedUpdateIsToldAndTheTextComesBack) {
+    const qint64 key = add(anEvent("Meeting"));
+    openByHand();
+    desk.expectBox("Error saving appointment. " + database_.refuse("Update", "appointments"), "Error");
+
+    type("Meeting", QStringLiteral("Team"));
+
+    EXPECT_EQ(itemTexts(), QStringList{"Meeting"});
+    EXPECT_EQ(stored(key, "cappttext"), "Meeting");
+    EXPECT_EQ(info().first(), "Appointment;Meeting");
+}
+
+TEST_F(DayText, ARoomThatCannotTakeTheTextIsToldAndTheAppointmentHasIt) {
+    const qint64 key = add(anEvent("Meeting"));
+    run(QStringLiteral("Insert Into roomschedule (apptid, croomid, nStartTime) Values(%1, 3, 100)").arg(key));
+    openByHand();
+    desk.expectBox("Error saving room schedule. " + database_.refuse("Update", "roomschedule"), "Error");
+
+    type("Meeting", QStringLiteral("Team"));
+
+    EXPECT_EQ(itemTexts(), QStringList{"Team"});
+    EXPECT_EQ(stored(key, "cappttext"), "Team");
+}
+
+TEST_F(DayText, AnEventWithoutATextTakesOne) {
+    const qint64 key = add(anEvent(""));
+    openByHand();
+
+    type("", QStringLiteral("Meeting"));
+
+    EXPECT_EQ(stored(key, "cappttext"), "Meeting");
+}
+
 TEST_F(DayText, LeavingTheDayStoresWhatWasBeingTyped) {
     const qint64 key = add(anEvent("Meeting"));
     openByHand();
