@@ -101,7 +101,8 @@ void frmnore::connectFields() {
 
     for (const ctDEdit* time : {ctstart, ctend})
         connect(time, &ctDEdit::Change, this, &frmnore::showDuration);
-    connect(ctedate, &ctDEdit::Change, this, &frmnore::showAuthorization);
+    // Once a date stands: each digit of it would be a day of its own.
+    connect(ctedate, &ctDEdit::editingFinished, this, &frmnore::showAuthorization);
     connect(SSCheck1, &QCheckBox::clicked, this, &frmnore::SSCheck1_Click);
     connect(cbocpt, &CompletingCombo::Click, this, &frmnore::cbocpt_Click);
     connect(cbocats, &CompletingCombo::Change, this, &frmnore::showCategoryColour);

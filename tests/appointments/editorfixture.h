@@ -42,9 +42,6 @@ class EditorFixture : public AppointmentFixture {
     QString column(const char* name, int key);
     [[nodiscard]] int rowCount(const char* table);
     [[nodiscard]] int newestKey();
-    /// Makes statements of this kind on a table fail with the words.
-    void breakStatement(const char* verb, const char* table, const char* words);
-
     static void type(QWidget* field, const QString& text);
     static void press(QWidget* field, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void clickOk();

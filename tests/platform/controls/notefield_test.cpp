@@ -1,0 +1,48 @@
+#include "platform/controls/notefield.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QTest>
+#include <QVBoxLayout>
+
+TEST(NoteFieldTest, SeparatorsAreLeftOutHoweverTheyCome) {
+    NoteField note;
+    note.show();
+    QTest::keyClicks(&note, QStringLiteral("a;b|c"));
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("abc"));
+
+    QApplication::clipboard()->setText(QStringLiteral("; d|e\nf"));
+    QTest::keyClick(&note, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("abc de\nf"));
+
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral(";é|"));
+    QApplication::sendEvent(&note, &composed);
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("abc de\nfé"));
+}
+
+TEST(NoteFieldTest, AStoredNoteIsShownAsItIs) {
+    NoteField note;
+    note.setPlainText(QStringLiteral("old; note"));
+    QTest::keyClicks(&note, QStringLiteral("x"));
+    EXPECT_TRUE(note.toPlainText().contains(QStringLiteral("old; note")));
+}
+
+TEST(NoteFieldTest, TabLeavesTheField) {
+    QWidget window;
+    auto* column = new QVBoxLayout(&window);
+    auto* note = new NoteField;
+    auto* next = new QLineEdit;
+    column->addWidget(note);
+    column->addWidget(next);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    note->setFocus();
+    QTest::keyClick(note, Qt::Key_Tab);
+    EXPECT_TRUE(next->hasFocus());
+    EXPECT_EQ(note->toPlainText(), QString());
+}
