@@ -20,7 +20,7 @@ QString providerName(const QString& providerId) {
         if (!provider.Eof())
             name = provider["ProviderName"].text();
     });
-    return name;
+    return name.trimmed().isEmpty() ? ProviderOfView().name : name;
 }
 
 QString messageBody(const QString& providerName, const QString& apptDate, const QString& apptTime) {
