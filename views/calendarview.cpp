@@ -91,9 +91,12 @@ CalendarView::RowFacts CalendarView::factsOf(const db::Recordset& row, const Cal
             item};
 }
 
+bool CalendarView::RowFacts::BelongsAs(const RowFacts& other) const {
+    return stored.ItemDay == other.stored.ItemDay && clinicianId == other.clinicianId;
+}
+
 bool CalendarView::RowFacts::StandsAs(const RowFacts& other) const {
-    return stored.ItemDay == other.stored.ItemDay && stored.ItemStart == other.stored.ItemStart &&
-           stored.ItemEnd == other.stored.ItemEnd && clinicianId == other.clinicianId;
+    return BelongsAs(other) && stored.ItemStart == other.stored.ItemStart && stored.ItemEnd == other.stored.ItemEnd;
 }
 
 ItemPainting CalendarView::painting() {

@@ -52,7 +52,9 @@ class CalendarView : public ViewWindow, public OpenView {
         QString clinicianId;
         CalendarItem stored;  ///< The item as the row was last read or written.
 
-        /// Whether it is the same provider's, on the same day, at the same time.
+        /// Whether it is the same provider's on the same day.
+        [[nodiscard]] bool BelongsAs(const RowFacts& other) const;
+        /// Whether it is at the same time there, too.
         [[nodiscard]] bool StandsAs(const RowFacts& other) const;
     };
 

@@ -130,10 +130,17 @@ void CalendarView::editappt2(int index) {
             Reload();
             return;
         }
+        const RowFacts before = facts_.value(QString::number(key));
         showRow(row);
+        // The editor shows neither the day nor the provider: where another desk has changed one of them, saving would
+        // take it back unseen.
+        if (!facts_[QString::number(key)].BelongsAs(before))
+            throw db::RowChangedError();
         editappt(index);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment. "), error);
+        if (error.number == db::RowChanged)
+            Reload();
     }
 }
 

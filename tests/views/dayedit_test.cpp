@@ -11,6 +11,8 @@
 namespace {
 
 constexpr char noTime[] = "No Appointment Time is Currently Selected";
+constexpr char changedByOthers[] =
+    "Error loading appointment. Row cannot be located for updating. Some values may have been changed since it was last read.";
 constexpr char notFound[] = "Appointment not found in database. It may have been deleted by another user.";
 
 const frmnore& theEditor(QDialog& form) {
@@ -137,6 +139,39 @@ TEST_F(DayEdit, ARowThatAnotherDeskDeletedIsToldAndLeavesTheDay) {
     doubleClick(rectOf("Anna").center());
 
     EXPECT_EQ(itemTexts(), QStringList());
+}
+
+TEST_F(DayEdit, ARowThatAnotherDeskPutOnAnotherDayIsToldAndNotOpened) {
+    const qint64 key = add(anAppointment("Anna"));
+    openByHand();
+    otherDeskSets(key, QStringLiteral("dapptdate = '2026/03/18'"));
+    desk.expectBox(changedByOthers, "Error");
+
+    doubleClick(rectOf("Anna").center());
+
+    EXPECT_EQ(itemTexts(), QStringList());
+}
+
+TEST_F(DayEdit, ARowThatAnotherDeskGaveToAnotherProviderIsToldAndNotOpened) {
+    const qint64 key = add(anAppointment("Anna"));
+    openByHand();
+    otherDeskSets(key, QStringLiteral("clinicianid = 'BAKER'"));
+    desk.expectBox(changedByOthers, "Error");
+
+    doubleClick(rectOf("Anna").center());
+
+    EXPECT_EQ(itemTexts(), QStringList());
+}
+
+TEST_F(DayEdit, ARowThatAnotherDeskMovedOnTheSameDayOpens) {
+    const qint64 key = add(anAppointment("Anna"));
+    openByHand();
+    otherDeskSets(key, QStringLiteral("nStartTime = 600, nEndTime = 650"));
+    expectEditor(1, key);
+
+    doubleClick(rectOf("Anna").center());
+
+    EXPECT_EQ(item("Anna").ItemStart, 600);
 }
 
 TEST_F(DayEdit, ARowThatCannotBeReadIsTold) {

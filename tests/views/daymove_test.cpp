@@ -222,6 +222,23 @@ TEST_F(DayMove, AnAcceptedRoomConflictIsBooked) {
     EXPECT_EQ(room(key, "nStartTime"), 660);
 }
 
+TEST_F(DayMove, WhatAnotherDeskDoesWhileTheConflictIsAskedAboutIsSeen) {
+    const qint64 key = add(anAppointment("Anna").at(9, 0).until(10, 0));
+    book(key, 540, 600);
+    book(0, 660, 720);
+    openByHand();
+    desk.expectForm("AppointmentConflict", [this, key](QDialog& form) {
+        otherDeskSets(key, QStringLiteral("nStartTime = 900, nEndTime = 960"));
+        form.findChild<QPushButton*>("cmdaccept")->click();
+    });
+    desk.expectBox(changedByOthers, "Error");
+
+    moveTo("Anna", 660);
+
+    EXPECT_EQ(times(key), "900-960");
+    EXPECT_EQ(room(key, "nStartTime"), 540);
+}
+
 TEST_F(DayMove, AnAppointmentIsNotInItsOwnWay) {
     const qint64 key = add(anAppointment("Anna").at(9, 0).until(10, 0));
     book(key, 540, 600);
