@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 
 #include "appointments/patientalerts.h"
@@ -99,6 +100,7 @@ void frmnore::connectFields() {
         connect(box, &QLineEdit::textChanged, this, setDirty);
     connect(txtnotes, &NoteField::textChanged, this, setDirty);
 
+    connect(ctedate, &ctDEdit::Change, this, &frmnore::showWeekday);
     for (const ctDEdit* time : {ctstart, ctend})
         connect(time, &ctDEdit::Change, this, &frmnore::showDuration);
     // Once a date stands: each digit of it would be a day of its own.
@@ -147,6 +149,11 @@ void frmnore::SSCheck1_Click() {
         return;
     ctstart->setTime(Session().DayStartHour * HourMinutes);
     ctend->setTime(Session().DayEndHour * HourMinutes);
+}
+
+void frmnore::showWeekday() {
+    const QDate date = ctedate->Date();
+    lblweekday->setText(date.isValid() ? QLocale().dayName(date.dayOfWeek()) : QString());
 }
 
 void frmnore::showDuration() {

@@ -82,6 +82,7 @@ class frmnore : public QDialog {
     // When.
     QLabel* lbldate = nullptr;
     ctDEdit* ctedate = nullptr;
+    QLabel* lblweekday = nullptr;
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
     QLabel* lblduration = nullptr;  ///< How long the entry lasts, or that it ends before it starts.
@@ -166,6 +167,7 @@ class frmnore : public QDialog {
     void cbostatus_Click();
     void ckemail_Click();
     void SSCheck1_Click();
+    void showWeekday();
     void showDuration();
     void showCategoryColour();
     void showAuthorization();

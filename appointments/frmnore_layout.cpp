@@ -18,6 +18,7 @@
 #include "platform/controls/notefield.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "session/characterfilter.h"
 #include "session/session.h"
 
 namespace {
@@ -26,6 +27,11 @@ constexpr int LongestName = 255;    // appointments.cappttext
 constexpr int LongestAccount = 50;  // appointments.PatientAcct
 constexpr int NoteLines = 4;
 constexpr int PhoneCharacters = 16;
+
+// A name or a number is one line, whatever is pasted.
+void keepToOneLine(QLineEdit* box) {
+    box->setValidator(new CharacterFilter([](QChar letter) { return letter != u'\n' && letter != u'\r'; }, box));
+}
 
 template <typename Widget>
 Widget* named(Widget* widget, const char* name) {
@@ -114,6 +120,7 @@ void frmnore::buildPatientPage() {
     QWidget* page = fraappttype[0] = named(new QWidget(this), "fraappttype0");
     txtpatients = named(new QLineEdit(page), "txtpatients");
     txtpatients->setMaxLength(LongestName);
+    keepToOneLine(txtpatients);
     txtpatients->setPlaceholderText(tr("Last name, first name"));
     Label1 = named(fieldLabel({}, txtpatients, page), "Label1");
     cmdpatients = named(new QToolButton(page), "cmdpatients");
@@ -124,6 +131,7 @@ void frmnore::buildPatientPage() {
     cmdnewpat = button({}, "cmdnewpat", page);
     txtaccount = named(new QLineEdit(page), "txtaccount");
     txtaccount->setMaxLength(LongestAccount);
+    keepToOneLine(txtaccount);
     Label14 = named(fieldLabel({}, txtaccount, page), "Label14");
     lblHPhone = factLabel("lblHPhone", page);
     lblwphone = factLabel("lblwphone", page);
@@ -219,7 +227,13 @@ QWidget* frmnore::buildWhen() {
     times->addWidget(SSCheck1);
     auto* grid = fieldGrid(when);
     grid->addWidget(lbldate, 0, 0);
-    grid->addWidget(ctedate, 0, 1, Qt::AlignLeft);
+    lblweekday = factLabel("lblweekday", when);
+    lblweekday->setForegroundRole(QPalette::PlaceholderText);
+    auto* dayOf = new QHBoxLayout;
+    dayOf->setSpacing(Space(8));
+    dayOf->addWidget(ctedate);
+    dayOf->addWidget(lblweekday, 1);
+    grid->addLayout(dayOf, 0, 1);
     grid->addWidget(fieldLabel(tr("&Start:"), ctstart, when), 1, 0);
     grid->addLayout(times, 1, 1);
     return when;

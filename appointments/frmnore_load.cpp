@@ -78,8 +78,9 @@ void frmnore::load() {
     alarmLeadMinutes_ = GetAlarmTime(Session().ProviderId);
     loadKind();
     const bool dayStands = Session().CurrentView == 1;
-    ctedate->setVisible(!dayStands);
-    lbldate->setVisible(!dayStands);
+    for (QWidget* ofDate :
+         {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(lbldate), static_cast<QWidget*>(lblweekday)})
+        ofDate->setVisible(!dayStands);
     if (!Session().IsNewAppt) {
         setWindowTitle(QStringLiteral("Edit Appointment"));
         cmdnewpat->hide();

@@ -179,7 +179,7 @@ void frmnore::writeFields(Recordset& row, bool isNew, const QString& providerId)
         row.Set("appttype", ApptTypeSlot);
     writeKind(row);
     row.Set("clinicianid", providerId);
-    row.Set("CapptNote", cbocpt->Text() + QLatin1Char('|') + txtnotes->toPlainText());
+    row.Set("CapptNote", cbocpt->Text() + QLatin1Char('|') + txtnotes->StoredText());
     row.Set("lastmodifieddate", Now());
     row.Set("lastmodifieduid", Session().UID);
 }

@@ -138,6 +138,7 @@ void CompletingCombo::settle() {
 
 QString CompletingCombo::cleaned(const QString& text) const {
     QString kept = text;
-    kept.removeIf([this](QChar letter) { return forbidden_.contains(letter); });
+    kept.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    kept.removeIf([this](QChar letter) { return letter == u'\r' || forbidden_.contains(letter); });
     return kept;
 }

@@ -4,7 +4,8 @@
 #include <QIcon>
 
 /// A combo box that completes what is typed to the first item that begins with it, in any case: the completion is
-/// selected, so that the next key replaces it, and Backspace takes it away. Items carry a number as their data.
+/// selected, so that the next key replaces it, and Backspace takes it away. Items carry a number as their data. A line
+/// end in a pasted text becomes a blank.
 ///
 /// The list index always agrees with the text: it is the item's when the text is an item (in any case), else -1.
 class CompletingCombo : public QComboBox {

@@ -21,6 +21,10 @@ void NoteField::setLines(int lines) {
     updateGeometry();
 }
 
+QString NoteField::StoredText() const {
+    return toPlainText().replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+}
+
 QSize NoteField::sizeHint() const {
     const int around = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
     return {fontMetrics().averageCharWidth() * 40, lines_ * fontMetrics().lineSpacing() + around};

@@ -12,6 +12,8 @@ class NoteField : public QPlainTextEdit {
 
     /// As tall as this many lines.
     void setLines(int lines);
+    /// The text as the database keeps it, with the line ends that the notes product writes.
+    [[nodiscard]] QString StoredText() const;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 

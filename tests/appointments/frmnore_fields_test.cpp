@@ -192,6 +192,26 @@ TEST_F(EditorFields, SeparatorsAreNotTakenInServiceLocationAndNote) {
     EXPECT_EQ(form->txtnotes->toPlainText(), QStringLiteral("123"));
 }
 
+TEST_F(EditorFields, APastedNameIsOneLine) {
+    openNew(1);
+    QApplication::clipboard()->setText(QStringLiteral("A-1\r\n7"));
+    form->txtaccount->setFocus();
+    press(form->txtaccount, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form->txtaccount->text(), QStringLiteral("A-17"));
+    form->txtaccount->clear();
+    QApplication::clipboard()->setText(QString(80, u'1'));
+    press(form->txtaccount, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form->txtaccount->text().size(), 50);
+}
+
+TEST_F(EditorFields, TheWeekdayStandsBesideTheDate) {
+    Session().CurrentView = 2;
+    openNew(1);
+    EXPECT_EQ(form->lblweekday->text(), QStringLiteral("Wednesday"));
+    form->ctedate->setText(QStringLiteral("2/31/2026"));
+    EXPECT_EQ(form->lblweekday->text(), QString());
+}
+
 TEST_F(EditorFields, NoMoreThanFiftyCharactersOfALocationCanBePasted) {
     openNew(1);
     QApplication::clipboard()->setText(QString(80, u'é'));

@@ -271,7 +271,7 @@ TEST_F(EditorSave, TextsOfEveryKindArriveAsTyped) {
     clickOk();
     const int key = newestKey();
     EXPECT_EQ(column("cappttext", key), QStringLiteral("O'Neil, Zoë"));
-    EXPECT_EQ(column("CapptNote", key), QStringLiteral("|She said \"no\"; it's 100%\nüber 🏠 -- '"));
+    EXPECT_EQ(column("CapptNote", key), QStringLiteral("|She said \"no\"; it's 100%\r\nüber 🏠 -- '"));
     EXPECT_EQ(column("CLOCATION", key), QStringLiteral("Peter's \"Café\" 🏠"));
     EXPECT_EQ(room("croomtext"), QStringLiteral("O'Brien"));
     EXPECT_EQ(audit("LogDescription"), QStringLiteral("Added Appointment on 03/11/2026 at 9:00 AM for O'Neil, Zoë"));

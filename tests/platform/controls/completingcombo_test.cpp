@@ -109,6 +109,11 @@ TEST_F(CompletingComboTest, ForbiddenCharactersAreLeftOutOfWhatIsTypedAndPasted)
     EXPECT_EQ(combo.Text(), QStringLiteral("onetwothree"));
 }
 
+TEST_F(CompletingComboTest, APastedLineEndBecomesABlank) {
+    paste(QStringLiteral("Second floor\r\nto the left"));
+    EXPECT_EQ(combo.Text(), QStringLiteral("Second floor to the left"));
+}
+
 TEST_F(CompletingComboTest, NoMoreThanTheLimitCanBeTypedOrPasted) {
     combo.SetMaxLength(5);
     paste(QStringLiteral("Somewhere else"));

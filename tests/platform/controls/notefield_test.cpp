@@ -32,6 +32,13 @@ TEST(NoteFieldTest, AStoredNoteIsShownAsItIs) {
     EXPECT_TRUE(note.toPlainText().contains(QStringLiteral("old; note")));
 }
 
+TEST(NoteFieldTest, LineEndsAreKeptAsTheNotesProductWritesThem) {
+    NoteField note;
+    note.setPlainText(QStringLiteral("one\r\ntwo"));
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("one\ntwo"));
+    EXPECT_EQ(note.StoredText(), QStringLiteral("one\r\ntwo"));
+}
+
 TEST(NoteFieldTest, TabLeavesTheField) {
     QWidget window;
     auto* column = new QVBoxLayout(&window);
