@@ -107,12 +107,6 @@ ItemPainting CalendarView::painting() {
             }};
 }
 
-// What is being typed into an item is saved while there is a view to save it.
-void CalendarView::closeEvent(QCloseEvent* event) {
-    ctMDay1->CommitEdit();
-    ViewWindow::closeEvent(event);
-}
-
 void CalendarView::setGrid() {
     ctMDay1->setTimeInterval(Session().TimeUnit);
     ctMDay1->setTwentyFourHour(Session().MilitaryTime);

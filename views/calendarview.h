@@ -68,7 +68,6 @@ class CalendarView : public ViewWindow, public OpenView {
     int addAppointment(const db::Recordset& row, CalendarItem item);
     /// How the rows of one load are painted; each courtesy-call code is looked up once.
     [[nodiscard]] static ItemPainting painting();
-    void closeEvent(QCloseEvent* event) override;
 
     /// Stores what was changed on an item in place: its text by the user, its colour by a status command. False when it
     /// was not stored: the user has been told why (a text that was emptied comes back without a word), and the item is

@@ -67,7 +67,6 @@ void frmsched::ApplyPreferences() {
 }
 
 void frmsched::LoadDayView() {
-    ctMDay1->CommitEdit();
     const QDate date = main().Date();
     const bool sameDay = date == loadedDate_ && Session().ProviderId == loadedProvider_;
     const int keptTop = ctMDay1->TopTime();

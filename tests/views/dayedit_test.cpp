@@ -45,6 +45,7 @@ class DayEdit : public DayHand {
             EXPECT_EQ(theEditor(form).ctedate->Date(), QDate(2026, 3, 11));
             if (meanwhile)
                 meanwhile();
+            form.done(QDialog::Accepted);
         });
     }
     [[nodiscard]] QMenu& popup() { return *view_->findChild<QMenu*>(QStringLiteral("popupNew")); }
@@ -360,6 +361,17 @@ TEST_F(DayEdit, OnAnItemThePopupOfEmptyTimeStaysAway) {
     rightClick(rectOf("Anna").center());
 
     EXPECT_FALSE(popup().isVisible());
+}
+
+TEST_F(DayEdit, ANewEntryThatIsGivenUpLeavesNothingBehind) {
+    openByHand();
+    calendar().selectRange(1, 600, 630);
+    desk.expectForm("frmnore", [](QDialog& form) { form.reject(); });
+
+    this->key(Qt::Key_Return);
+
+    EXPECT_FALSE(Session().IsNewAppt);
+    EXPECT_EQ(itemTexts(), QStringList());
 }
 
 /// A user who may only read.

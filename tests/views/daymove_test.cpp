@@ -168,6 +168,16 @@ TEST_F(DayMove, ARowThatAnotherDeskDeletedIsToldAndLeavesTheDay) {
     EXPECT_EQ(database_.number("Select Count(*) from appointments"), 0);
 }
 
+TEST_F(DayMove, AnItemStaysInTheColumnThatItsViewGaveIt) {
+    add(anAppointment("Anna").at(9, 0).until(10, 0));
+    openByHand();
+    calendar().Item(1).ItemColumn = 1;
+
+    moveTo("Anna", 660);
+
+    EXPECT_EQ(item("Anna").ItemColumn, 1);
+}
+
 TEST_F(DayMove, ASecondDragSeesNoOtherDeskInTheFirst) {
     const qint64 key = add(anAppointment("Anna").at(9, 0).until(10, 0));
     openByHand();
@@ -460,11 +470,10 @@ TEST_F(DayLocks, WhoMayOnlyReadMovesNothing) {
     EXPECT_EQ(stored(key, "nStartTime"), "540");
 }
 
-TEST_F(DayLocks, AnItemThatWasMovedBackIsLockedAsBefore) {
-    const qint64 key = add(anAppointment("Anna").at(9, 0));
+TEST_F(DayLocks, AnItemThatWentBackIsLockedAsBefore) {
+    add(anAppointment("Anna").at(9, 0));
     openByHand();
-    otherDeskSets(key, QStringLiteral("nStartTime = 600, nEndTime = 650"));
-    desk.expectBox(changedByOthers, "Error");
+    desk.expectBox("Error saving appointment. " + database_.refuse("Update", "appointments"), "Error");
 
     moveTo("Anna", 720);
 
