@@ -128,6 +128,8 @@ class CalendarView : public ViewWindow, public OpenView {
     void bindDeletion();
     void deleteCommand();
     void deleteAppointment(const CalendarItem& item);
+    void deleteActivity(int key);
+    [[nodiscard]] bool deleteFromSeries(int key, int ref);
     void cancelAddedAppointment(int key);
     void deleteRow(db::Recordset& row, int key);
     void removeItemsOf(int key);

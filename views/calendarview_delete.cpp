@@ -1,5 +1,10 @@
+#include <algorithm>
 #include <QAction>
+#include <tuple>
+#include <vector>
 
+#include "appointments/frmdeleteevent.h"
+#include "appointments/frmdelrepeat.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "platform/database/sql.h"
@@ -22,6 +27,27 @@ void auditDeletion(const CalendarItem& item, QDate day) {
                             item.ItemText);
 }
 
+/// A row of a series for the list, which stands in the order of time.
+struct SeriesMember {
+    QDate date;
+    int start = 0;
+    frmdelrepeat::Row shown;
+
+    friend bool operator<(const SeriesMember& left, const SeriesMember& right) {
+        return std::tie(left.date, left.start) < std::tie(right.date, right.start);
+    }
+};
+
+SeriesMember memberOf(const Recordset& row, int chosenKey) {
+    const QDate date = row["Dapptdate"].date();
+    const int start = static_cast<int>(row["nStartTime"].integer());
+    const int key = static_cast<int>(row["nKeyid"].integer());
+    return {date,
+            start,
+            {key, ShortDateText(date), MinutesToTimeText(start, Session().MilitaryTime), row["cappttext"].text(),
+             row["Ncolor"].integer() == ncolor::Group, key == chosenKey}};
+}
+
 }  // namespace
 
 void CalendarView::bindDeletion() {
@@ -36,7 +62,26 @@ void CalendarView::deleteCommand() {
     // No appointment is being added while the user can choose a command: a flag left on must not spare the question.
     Session().IsNewAppt = false;
     ctMDay1->CommitEdit();
-    DeleteSelectedAppointment();
+    const int key = SelectedItem().value_or(CalendarItem()).ItemKey.toInt();
+    if (key < 1)
+        return;
+    bool shared = false;
+    try {
+        shared = isSharedActivity(key);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error deleting appointment. "), error);
+        return;
+    }
+    if (shared)
+        deleteActivity(key);
+    else
+        DeleteSelectedAppointment();
+}
+
+void CalendarView::deleteActivity(int key) {
+    frmDeleteEvent question(key, Provider().id, this);
+    ShowModal(question);
+    Reload();
 }
 
 void CalendarView::DeleteSelectedAppointment() {
@@ -59,11 +104,38 @@ void CalendarView::deleteAppointment(const CalendarItem& item) {
         return;
     const int key = item.ItemKey.toInt();
     Recordset row(Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection, Lock::Optimistic);
-    if (!row.Eof()) {
-        deleteRow(row, key);
-        auditDeletion(item, item.ItemDay.isValid() ? item.ItemDay : ctMDay1->Date());
+    if (row.Eof()) {
+        removeItemsOf(key);
+        return;
     }
+    if (row["repeating"].integer() != 0 && deleteFromSeries(key, static_cast<int>(row["repeating_ref"].integer())))
+        return;
+    deleteRow(row, key);
+    auditDeletion(item, item.ItemDay.isValid() ? item.ItemDay : ctMDay1->Date());
     removeItemsOf(key);
+}
+
+// False where the row says that it repeats but belongs to no series: it is deleted as one of its own then.
+bool CalendarView::deleteFromSeries(int key, int ref) {
+    if (ref < 1)
+        return false;
+    Recordset rows(Sql("Select * from appointments Where repeating = 1 AND repeating_ref = {}", ref),
+                   Session().Connection);
+    std::vector<SeriesMember> members;
+    bool listed = false;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        members.push_back(memberOf(rows, key));
+        listed = listed || members.back().shown.checked;
+    }
+    if (!listed)
+        return false;
+    std::stable_sort(members.begin(), members.end());
+    frmdelrepeat list(this);
+    for (const SeriesMember& member : members)
+        list.AddAppointment(member.shown);
+    ShowModal(list);
+    Reload();
+    return true;
 }
 
 void CalendarView::deleteRow(Recordset& row, int key) {

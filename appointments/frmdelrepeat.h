@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+
+class ctList;
+class QPushButton;
+
+/// Lets the user choose which appointments of a series to delete; OK deletes them, each by itself. The caller adds the
+/// rows and reads the calendar anew afterwards.
+///
+/// A row that another desk has deleted meanwhile counts as deleted. An appointment that the database refuses to delete
+/// keeps its room and members, the others go on, and the user is told at the end.
+class frmdelrepeat : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmdelrepeat(QWidget* parent = nullptr);
+
+    struct Row {
+        int key = 0;
+        QString date;
+        QString time;
+        QString text;
+        bool isGroup = false;
+        bool checked = false;
+    };
+    void AddAppointment(const Row& row);
+    /// Checks or unchecks every row.
+    void selecttodelete(bool state);
+
+    ctList* ctList1 = nullptr;  ///< Item data: the key; item text: "G" for a group.
+    QPushButton* cmdOk = nullptr;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+  private:
+    void deleteChecked();
+    void deleteRow(int row) const;
+    void allowOk();
+};
