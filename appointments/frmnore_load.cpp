@@ -169,6 +169,8 @@ void frmnore::loadcats() {
              QStringLiteral("Error loading appointment categories. "), [this](const Recordset& row) {
                  const QString name = row["aptcategory"].text();
                  const int colour = numberIn(row, "aptcategorycolor");
+                 if (name.isEmpty())
+                     return;
                  cbocats->AddItem(name, colour, ColourIcon(colour));
                  cboapttype->AddItem(name, colour, ColourIcon(colour));
              });
@@ -184,7 +186,11 @@ void frmnore::loadsesstypes() {
 
 void frmnore::loadroomslist() {
     loadList("Select * from rooms order by room", QStringLiteral("Error loading room list. "),
-             [this](const Recordset& row) { cborooms->AddItem(row["room"].text(), numberIn(row, "roomid")); });
+             [this](const Recordset& row) {
+                 // An emptied box must not stand for a room without a name.
+                 if (const QString room = row["room"].text(); !room.isEmpty())
+                     cborooms->AddItem(room, numberIn(row, "roomid"));
+             });
     cborooms->setEnabled(cborooms->count() > 0);
 }
 

@@ -39,6 +39,9 @@ bool viewHasEditor(int view) {
 }  // namespace
 
 void frmnore::cmdOk_Click() {
+    // Enter and the Alt key do not leave the field in which the user stands.
+    for (CompletingCombo* box : {cbocpt, cboapttype, cbocats, cborooms, cbostatus})
+        box->Settle();
     offerUnknownItems();
     if (!dirty)
         return accept();

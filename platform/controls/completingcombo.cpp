@@ -27,8 +27,10 @@ CompletingCombo::CompletingCombo(Entry entry, QWidget* parent) : QComboBox(paren
     connect(this, &QComboBox::currentIndexChanged, this, &CompletingCombo::noteChange);
     connect(this, &QComboBox::activated, this, [this] {
         typed_ = currentText();
-        if (!stepping_)
-            settle();
+        if (stepping_)
+            return;
+        told_ = -1;  // Picking the selected item again chooses it again.
+        Settle();
     });
 }
 
@@ -67,7 +69,7 @@ void CompletingCombo::keyPressEvent(QKeyEvent* event) {
     const QScopedValueRollback stepping(stepping_, true);
     const QScopedValueRollback removing(removing_, takesTextAway(*event));
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        settle();
+        Settle();
     QComboBox::keyPressEvent(event);
 }
 
@@ -76,7 +78,7 @@ void CompletingCombo::focusOutEvent(QFocusEvent* event) {
     // Another window or the box's own list in front: the user is coming back.
     if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
         return;
-    settle();
+    Settle();
     Q_EMIT LostFocus(event->reason());
 }
 
@@ -126,7 +128,7 @@ void CompletingCombo::noteChange() {
     Q_EMIT Change();
 }
 
-void CompletingCombo::settle() {
+void CompletingCombo::Settle() {
     if (entry_ == Entry::ListOnly && currentIndex() < 0 && !currentText().isEmpty())
         show(itemText(FindPrefix(currentText())), FindPrefix(currentText()));
     if (currentIndex() == told_)

@@ -24,6 +24,9 @@ class CompletingCombo : public QComboBox {
     void SetText(const QString& text);
     /// Selects an item by its position; -1 selects none and empties the text.
     void SetListIndex(int index);
+    /// What leaving the box does: completes the beginning of an item in a ListOnly box, and tells Click of an item that
+    /// was typed or stepped to. For a form that saves while the box still has the focus.
+    void Settle();
     /// How many characters the user may type.
     void SetMaxLength(int characters);
     /// Characters that are left out of what is typed or pasted.
@@ -58,7 +61,6 @@ class CompletingCombo : public QComboBox {
     void complete(const QString& edited);
     void show(const QString& text, int index);
     void noteChange();
-    void settle();
     [[nodiscard]] QString cleaned(const QString& text) const;
 
     Entry entry_;

@@ -122,6 +122,55 @@ TEST_F(EditorSave, EnterIsOk) {
     EXPECT_EQ(rowCount("appointments"), 1);
 }
 
+TEST_F(EditorSave, EnterInAListIsOkForWhatWasTypedThere) {
+    openNew(4);
+    type(form->cbocats, QStringLiteral("fol"));
+    press(form->cbocats, Qt::Key_Return);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(column("cappttext", newestKey()), QStringLiteral("Follow-up"));
+}
+
+TEST_F(EditorSave, TheBeginningOfATypeIsTheTypeThoughTheFieldIsNotLeft) {
+    openNew(4);
+    type(form->cbocats, QStringLiteral("fol"));
+    press(form->cbocats, Qt::Key_Backspace);
+    form->cmdOk->click();
+    EXPECT_EQ(column("cappttext", newestKey()), QStringLiteral("Follow-up"));
+    EXPECT_EQ(column("ncolor", newestKey()).toInt(), 65280);
+}
+
+TEST_F(EditorSave, AnUnknownLocationIsOfferedBeforeEnterSaves) {
+    openFor("10017", "Jones, Mary");
+    type(form->cbolocation, QStringLiteral("Attic"));
+    desk.expectBox(QStringLiteral("Location is not on the list. Do you want to add it?"),
+                   QStringLiteral("Item Not Found"), Answer::Yes);
+    press(form->cbolocation, Qt::Key_Return);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(column("CLOCATION", newestKey()), QStringLiteral("Attic"));
+    EXPECT_EQ(rowCount("Locations"), 4);
+}
+
+TEST_F(EditorSave, CtrlEnterSavesFromTheNote) {
+    openFor("10017", "Jones, Mary");
+    form->txtnotes->setFocus();
+    QTest::keyClicks(form->txtnotes, QStringLiteral("one"));
+    press(form->txtnotes, Qt::Key_Return);
+    QTest::keyClicks(form->txtnotes, QStringLiteral("two"));
+    press(form->txtnotes, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(column("CapptNote", newestKey()), QStringLiteral("|one\r\ntwo"));
+}
+
+TEST_F(EditorSave, AnEmptiedRoomIsNoRoomThoughOneHasNoName) {
+    database.connection().Execute("Insert Into rooms (Room) Values ('')");
+    openFor("10017", "Jones, Mary");
+    type(form->cborooms, QStringLiteral("blue"));
+    press(form->cborooms, Qt::Key_A, Qt::ControlModifier);
+    press(form->cborooms, Qt::Key_Delete);
+    clickOk();
+    EXPECT_EQ(rowCount("roomschedule"), 0);
+}
+
 TEST_F(EditorSave, OkOnANewEntryWithNothingChosenDoesNothingAtAll) {
     for (int kind = 1; kind <= frmnore::KindCount; ++kind) {
         openNew(kind);

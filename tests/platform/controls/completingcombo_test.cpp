@@ -162,6 +162,13 @@ TEST_F(CompletingComboTest, EnterChoosesWhatWasTyped) {
     EXPECT_EQ(chosen.size(), 1) << "Leaving does not choose it once more.";
 }
 
+TEST_F(CompletingComboTest, PickingTheSelectedItemAgainChoosesItAgain) {
+    const QSignalSpy chosen(&combo, &CompletingCombo::Click);
+    pick(2);
+    pick(2);
+    EXPECT_EQ(chosen.size(), 2);
+}
+
 TEST_F(CompletingComboTest, LeavingWithoutAChangeChoosesNothing) {
     combo.SetText(QStringLiteral("Annex"));
     const QSignalSpy chosen(&combo, &CompletingCombo::Click);
