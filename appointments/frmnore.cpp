@@ -47,6 +47,11 @@ frmnore::frmnore(QWidget* parent) : QDialog(parent) {
     FitToScreen(*this);
 }
 
+// The focus leaves its field when the form goes, which must still find the whole form.
+frmnore::~frmnore() {
+    hide();
+}
+
 void frmnore::SetSlot(const SelectedSlot& slot) {
     ctedate->setDate(slot.date);
     ctstart->setTime(slot.start);
@@ -103,8 +108,11 @@ void frmnore::connectFields() {
     connect(ctedate, &ctDEdit::Change, this, &frmnore::showWeekday);
     for (const ctDEdit* time : {ctstart, ctend})
         connect(time, &ctDEdit::Change, this, &frmnore::showDuration);
-    // Once a date stands: each digit of it would be a day of its own.
-    connect(ctedate, &ctDEdit::editingFinished, this, &frmnore::showAuthorization);
+    // Once a date stands: each digit of it would be a day of its own. A message box ends the editing too.
+    connect(ctedate, &ctDEdit::editingFinished, this, [this] {
+        if (ctedate->Date() != authorizationDate_)
+            showAuthorization();
+    });
     connect(SSCheck1, &QCheckBox::clicked, this, &frmnore::SSCheck1_Click);
     connect(cbocpt, &CompletingCombo::Click, this, &frmnore::cbocpt_Click);
     connect(cbocats, &CompletingCombo::Change, this, &frmnore::showCategoryColour);
@@ -180,7 +188,7 @@ void frmnore::showCategoryColour() {
 }
 
 void frmnore::showAuthorization() {
-    const QDate date = ctedate->Date();
+    const QDate date = authorizationDate_ = ctedate->Date();
     if (patientTag_.isEmpty() || !date.isValid())
         lblAuthorization->clear();
     else

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <QDate>
 #include <QDialog>
 #include <vector>
 
@@ -36,6 +37,7 @@ class frmnore : public QDialog {
     static constexpr int KindCount = 4;
 
     explicit frmnore(QWidget* parent = nullptr);
+    ~frmnore() override;
 
     /// Writes the time chosen in the view. It counts as a change, so that OK on a new entry with nothing chosen does
     /// nothing at all instead of closing.
@@ -55,6 +57,8 @@ class frmnore : public QDialog {
     /// Asks whether to write to the patient, and hands a message about the appointment to the desktop's mail program.
     void SendEmail(const QString& address, const QString& patientName, const QString& providerName,
                    const QString& apptDate, const QString& apptTime);
+
+    void reject() override;
 
     [[nodiscard]] const QString& PatientTag() const { return patientTag_; }
 
@@ -117,9 +121,6 @@ class frmnore : public QDialog {
     QLineEdit* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
     QPushButton* cmdnew = nullptr;
-
-  public Q_SLOTS:
-    void reject() override;
 
   protected:
     bool event(QEvent* event) override;
@@ -197,7 +198,8 @@ class frmnore : public QDialog {
 
     QWidget* fields_ = nullptr;
     QString patientTag_;
-    QString emailTag_;  ///< The address that ckemail stands for.
+    QString emailTag_;         ///< The address that ckemail stands for.
+    QDate authorizationDate_;  ///< The day for which lblAuthorization speaks.
     QString originalSlot_;
     int alarmLeadMinutes_ = 0;
     int categoryColour_ = 0;  ///< What lblaptcolor shows.

@@ -318,6 +318,34 @@ TEST_F(EditorFields, EscapeGivesUpTheNewEntryAndItsSelection) {
     EXPECT_EQ(rowCount("appointments"), 0);
 }
 
+TEST_F(EditorFields, EscapeFromAnUnknownLocationAsksNothing) {
+    openNew(1);
+    type(form->cbolocation, QStringLiteral("Attic"));
+    press(form->cbolocation, Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(EditorFields, AFormThatGoesWhileADateIsTypedGoesQuietly) {
+    Session().CurrentView = 2;
+    openNew(1);
+    choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
+    type(form->ctedate, QStringLiteral("3/12/2026"));
+    form.reset();
+}
+
+TEST_F(EditorFields, AnAuthorizationThatCannotBeReadIsToldOnceForADate) {
+    Session().CurrentView = 2;
+    openNew(1);
+    choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
+    desk.expectBox(QStringLiteral("Error retrieving patient authorization information. ") +
+                       dropTable(QStringLiteral("authorizations")),
+                   QStringLiteral("Error"));
+    type(form->ctedate, QStringLiteral("3/12/2026"));
+    press(form->ctedate, Qt::Key_Tab);
+    form->ctedate->setFocus();
+    press(form->ctedate, Qt::Key_Tab);
+}
+
 TEST_F(EditorFields, CancelKeepsTheSelectionOfTheAllProvidersViewAndOfAnEdit) {
     Session().CurrentView = 4;
     openNew(1);
