@@ -1,0 +1,130 @@
+#include "followup/frmarrivaltime.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "data/codes.h"
+#include "followup/checkintime.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "platform/theme/theme.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Lock;
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+constexpr int LastMinute = 1439;
+constexpr int DayFirst = 1;
+
+int minuteOfNow() {
+    return Now().time().hour() * 60 + Now().time().minute();
+}
+
+}  // namespace
+
+frmarrivalTime::frmarrivalTime(QWidget* parent) : QDialog(parent), checksIn_(Session().CheckInKey > 0) {
+    setObjectName(QStringLiteral("frmarrivalTime"));
+    setWindowTitle(QStringLiteral("Arrival Time"));
+    buildForm();
+    LoadCheckedinStatus();
+    connect(ctstart, &ctDEdit::Change, lblproblem, &QLabel::clear);
+    connect(cmdOk, &QPushButton::clicked, this, &frmarrivalTime::cmdOk_Click);
+    connect(cmdcancel, &QPushButton::clicked, this, &frmarrivalTime::reject);
+}
+
+void frmarrivalTime::buildForm() {
+    ctstart = new ctDEdit(ctDEdit::Kind::Time, this);
+    ctstart->setObjectName(QStringLiteral("ctstart"));
+    ctstart->setTwentyFourHour(Session().MilitaryTime);
+    ctstart->setRange(0, LastMinute);
+    auto* label = new QLabel(tr("&Arrival time:"), this);
+    label->setBuddy(ctstart);
+    lblproblem = new QLabel(this);
+    lblproblem->setObjectName(QStringLiteral("lblproblem"));
+    lblproblem->setWordWrap(true);
+    // The line keeps its place, so that the form does not jump when it fills.
+    lblproblem->setMinimumHeight(fontMetrics().height() * 2);
+    lblproblem->setAlignment(Qt::AlignTop);
+    cmdOk = new QPushButton(tr("&OK"), this);
+    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk->setDefault(true);
+    cmdcancel = new QPushButton(tr("&Cancel"), this);
+    cmdcancel->setObjectName(QStringLiteral("cmdcancel"));
+    cmdcancel->setAutoDefault(false);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdOk);
+    buttons->addWidget(cmdcancel);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    grid->setHorizontalSpacing(Space(8));
+    grid->setVerticalSpacing(Space(12));
+    grid->addWidget(label, 0, 0);
+    grid->addWidget(ctstart, 0, 1, Qt::AlignLeft);
+    grid->addWidget(lblproblem, 1, 0, 1, 2);
+    grid->addLayout(buttons, 2, 0, 1, 2);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    ctstart->setFocus();
+}
+
+void frmarrivalTime::LoadCheckedinStatus() {
+    int minutes = -1;
+    if (checksIn_)
+        db::Ignoring([&] {
+            const Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", Session().CheckInKey),
+                                Session().Connection);
+            if (!row.Eof())
+                minutes = MinutesOfCheckIn(row["CheckInTime"].text());
+        });
+    ctstart->setTime(minutes >= 0 ? minutes : minuteOfNow());
+}
+
+void frmarrivalTime::SetArrival(int minutes) {
+    ctstart->setTime(minutes);
+}
+
+int frmarrivalTime::Arrival() const {
+    const int minutes = ctstart->Time();
+    return minutes > LastMinute ? -1 : minutes;
+}
+
+void frmarrivalTime::cmdOk_Click() {
+    const bool understood = Arrival() >= 0 || (!checksIn_ && ctstart->IsEmpty());
+    if (!understood) {
+        lblproblem->setText(tr("Enter the time of arrival, for example 9:05."));
+        ctstart->setFocus();
+        return;
+    }
+    if (!checksIn_ || SaveCheckedIn())
+        accept();
+}
+
+bool frmarrivalTime::SaveCheckedIn() {
+    try {
+        Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", Session().CheckInKey), Session().Connection,
+                      Lock::Optimistic);
+        // A row that is gone is told by the view, which saves it whole next.
+        if (row.Eof())
+            return true;
+        row.Set("CheckInTime", CheckInTimeText(Today(), Arrival(), Session().DateOrder == DayFirst));
+        row.Set("ncolor", ncolor::CheckedIn);
+        row.Update();
+        return true;
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error saving arrival time. "), error);
+        return false;
+    }
+}
+
+void frmarrivalTime::reject() {
+    Session().CheckInKey = 0;
+    QDialog::reject();
+}
