@@ -128,10 +128,7 @@ bool frmnore::saveappt(int key, const QString& providerId) {
                       db::Lock::Optimistic);
         const bool isNew = row.Eof();
         if (!isNew && loadedState_ != writtenState(row))
-            throw db::DatabaseError(
-                -2147217864,
-                QStringLiteral(
-                    "Row cannot be located for updating. Some values may have been changed since it was last read."));
+            throw db::RowChangedError();
         if (isNew)
             row.AddNew();
         writeFields(row, isNew, providerId);
