@@ -113,22 +113,22 @@ void frmnore::showCaptions() {
 void frmnore::loadKind() {
     const int kind = Session().ApptKind;
     for (int page = 0; page < KindCount; ++page)
-        fraappttype[static_cast<std::size_t>(page)]->setVisible(page == kind - 1);
+        fraappttype[static_cast<std::size_t>(page)]->setVisible(page == kind - apptkind::Patient);
     for (QWidget* ofPatient : {fraservice, frastatus, static_cast<QWidget*>(ckemail)})
-        ofPatient->setVisible(kind == 1);
-    Frame1->setVisible(kind != 3);
-    XPFrame201->setVisible(kind != 3);
-    SSCheck1->setEnabled(kind != 1);
+        ofPatient->setVisible(kind == apptkind::Patient);
+    Frame1->setVisible(kind != apptkind::Unavailable);
+    XPFrame201->setVisible(kind != apptkind::Unavailable);
+    SSCheck1->setEnabled(kind != apptkind::Patient);
     switch (kind) {
-        case 2:
+        case apptkind::Activity:
             loadlocs();
             loadevents();
             loadroomslist();
             break;
-        case 3:
+        case apptkind::Unavailable:
             loadavail();
             break;
-        case 4:
+        case apptkind::TypeSlot:
             loadlocs();
             loadcats();
             loadroomslist();
@@ -228,7 +228,7 @@ void frmnore::LoadAppointment() {
         return;
     }
     showRoom();
-    if (Session().ApptKind == 1)
+    if (Session().ApptKind == apptkind::Patient)
         showAuthorization();
 }
 
@@ -241,13 +241,13 @@ void frmnore::showRow(const Recordset& row) {
     lblmodified->setText(QStringLiteral("Last Modified: %1 (%2)")
                              .arg(momentText(row["lastmodifieddate"].dateTime()), row["lastmodifieduid"].text()));
     switch (Session().ApptKind) {
-        case 2:
+        case apptkind::Activity:
             cboevents->SetText(row["cappttext"].text());
             break;
-        case 3:
+        case apptkind::Unavailable:
             cboavail->SetText(row["cappttext"].text());
             break;
-        case 4:
+        case apptkind::TypeSlot:
             showCategory(row);
             break;
         default:

@@ -47,7 +47,7 @@ void frmnore::cmdOk_Click() {
         return accept();
     if (entryText().trimmed().isEmpty())
         return;
-    if (Session().ApptKind == 1 && !patientIsKnown())
+    if (Session().ApptKind == apptkind::Patient && !patientIsKnown())
         return;
     const BookedProvider provider = ProviderOfView();
     const int key = editedKey();
@@ -175,7 +175,7 @@ void frmnore::writeFields(Recordset& row, bool isNew, const QString& providerId)
     const int lead = alarmLeadMinutes_ > 0 ? alarmLeadMinutes_ : UsualLeadMinutes;
     row.Set("ReminderTime", ckAlarm->isChecked() ? db::Value(start - lead) : db::Value());
     row.Set("BPrivateIco", 0);
-    if (Session().ApptKind == 4)
+    if (Session().ApptKind == apptkind::TypeSlot)
         row.Set("appttype", ApptTypeSlot);
     writeKind(row);
     row.Set("clinicianid", providerId);
@@ -207,13 +207,13 @@ void frmnore::writeKind(Recordset& row) {
 void frmnore::insertRoom(int apptKey) {
     QString text;
     switch (Session().ApptKind) {
-        case 1:
+        case apptkind::Patient:
             text = ProviderOfView().name;
             break;
-        case 2:
+        case apptkind::Activity:
             text = cboevents->Text();
             break;
-        case 4:
+        case apptkind::TypeSlot:
             text = cbocats->Text();
             break;
         default:
