@@ -42,6 +42,8 @@ void frmnore::cmdOk_Click() {
     // Enter and the Alt key do not leave the field in which the user stands.
     for (CompletingCombo* box : {cbocpt, cboapttype, cbocats, cborooms, cbostatus})
         box->Settle();
+    for (ctDEdit* field : {ctedate, ctstart, ctend})
+        field->setText(field->Text());
     offerUnknownItems();
     if (!dirty)
         return accept();

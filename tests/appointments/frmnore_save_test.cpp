@@ -150,6 +150,14 @@ TEST_F(EditorSave, AnUnknownLocationIsOfferedBeforeEnterSaves) {
     EXPECT_EQ(rowCount("Locations"), 4);
 }
 
+TEST_F(EditorSave, ATimeIsToldInFullThoughItsFieldIsNotLeft) {
+    openFor("10017", "Jones, Mary");
+    type(form->ctstart, QStringLiteral("915"));
+    form->cmdOk->click();
+    EXPECT_EQ(column("nStartTime", newestKey()), QStringLiteral("555"));
+    EXPECT_EQ(audit("LogDescription"), QStringLiteral("Added Appointment on 03/11/2026 at 9:15 AM for Jones, Mary"));
+}
+
 TEST_F(EditorSave, CtrlEnterSavesFromTheNote) {
     openFor("10017", "Jones, Mary");
     form->txtnotes->setFocus();
