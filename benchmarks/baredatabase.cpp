@@ -17,9 +17,10 @@ namespace {
 }  // namespace
 
 BareDatabase::BareDatabase(const std::string& file) {
-    if (sqlite3_open_v2(file.c_str(), &handle_, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+    if (sqlite3_open_v2(file.c_str(), &handle_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
         fail(handle_);
     db::embedded::RegisterDialect(handle_, nullptr);
+    sqlite3_exec(handle_, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
 }
 
 BareDatabase::~BareDatabase() {

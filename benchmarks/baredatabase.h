@@ -13,7 +13,8 @@ class BareDatabase {
     BareDatabase(const BareDatabase&) = delete;
     BareDatabase& operator=(const BareDatabase&) = delete;
 
-    /// Returns the number of rows; a statement that fails ends the program with its message.
+    /// Reads or writes, a write in a transaction of its own. Returns the number of rows; a statement that fails ends
+    /// the program with its message.
     int read(const std::string& statement);
 
   private:

@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
+void RegisterBookingBenches();
 void RegisterDayBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();
