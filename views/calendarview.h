@@ -115,6 +115,7 @@ class CalendarView : public ViewWindow, public OpenView {
     [[nodiscard]] bool hasStatus(int index) const;
     [[nodiscard]] int itemForStatus();
     void changeStatus(QLatin1String command, int code);
+    void checkIn();
     void keepAppointment();
     void saveStatus(int index, QLatin1String command, int code);
     void tickStatus(QLatin1String command);

@@ -1,8 +1,12 @@
 #include <QAction>
 
 #include "appointments/appointmentrows.h"
+#include "appointments/patientalerts.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
+#include "followup/frmarrivaltime.h"
+#include "followup/frmcheckedin.h"
+#include "platform/desktop/desktop.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
 #include "views/calendarview.h"
@@ -24,6 +28,8 @@ void CalendarView::bindStatusCommands() {
         command.setCheckable(true);
         command.setIconVisibleInMenu(false);  // Its place is the tick's; the picture of Kept would pass for one.
     }
+    menus_.Bind(QStringLiteral("mnuVCheckedin"), [this] { frmCheckedIn::Open(window()); });
+    menus_.Bind(QStringLiteral("mnuCheckediN"), [this] { checkIn(); });
     menus_.Bind(QStringLiteral("mnuAKept"), [this] { keepAppointment(); });
     menus_.Bind(QStringLiteral("mnuAMissed"), [this] { changeStatus(QLatin1String("mnuAMissed"), ncolor::Missed); });
     menus_.Bind(QStringLiteral("mnuAPCancel"),
@@ -78,6 +84,24 @@ void CalendarView::changeStatus(QLatin1String command, int code) {
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
     facts_[item.ItemKey].stored = item;
     tickStatus(command);
+    frmCheckedIn::ReloadIfOpen();
+}
+
+// The form writes the arrival; the rest is for who confirmed it.
+void CalendarView::checkIn() {
+    const int index = itemForStatus();
+    if (index < 1)
+        return;
+    const CalendarItem item = std::as_const(*ctMDay1).Item(index);
+    Session().CheckInKey = item.ItemKey.toInt();
+    frmarrivalTime arrival(this);
+    ShowModal(arrival);
+    if (std::exchange(Session().CheckInKey, 0) < 1)
+        return;
+    if (const int shown = ctMDay1->IndexOfKey(item.ItemKey); shown > 0)
+        saveStatus(shown, QLatin1String("mnuCheckediN"), ncolor::CheckedIn);
+    frmCheckedIn::ReloadIfOpen();
+    ShowPatientAlerts(GetPipeField(item.ItemNote, 3), QLatin1String(CheckInAlert));
 }
 
 void CalendarView::keepAppointment() {

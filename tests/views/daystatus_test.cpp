@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr const char* statusCommands[] = {"mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"};
+constexpr const char* statusCommands[] = {"mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"};
 
 class DayStatus : public DayFixture {
   protected:
