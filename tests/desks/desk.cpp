@@ -37,7 +37,8 @@ QString Desk::tell(const QStringList& words) {
             ADD_FAILURE() << "No answer to: " << words.join(QLatin1Char(' ')).toStdString();
             return {};
         }
-    const QString answer = QString::fromUtf8(program_.readLine()).trimmed();
+    QString answer = QString::fromUtf8(program_.readLine());
+    answer.chop(1);  // The line end; a message may end with a blank.
     EXPECT_TRUE(answer.startsWith(QLatin1String("ok"))) << answer.toStdString();
     return answer.mid(3).replace(QLatin1Char('~'), QLatin1Char('\n'));
 }
@@ -54,6 +55,16 @@ QString Desk::tell(const char* command, const QString& first, const QString& sec
 QString Desk::answer(const char* button) {
     await("box");
     return tell("answer", QString::fromLatin1(button));
+}
+
+void Desk::tellLast(const char* command, const QString& first) {
+    program_.write(QByteArray(command) + '\t' + first.toUtf8() + '\n');
+    program_.waitForBytesWritten(PatienceMilliseconds);
+}
+
+void Desk::kill() {
+    program_.kill();
+    awaitDeath();
 }
 
 void Desk::awaitDeath() {

@@ -20,8 +20,11 @@ class Desk {
     void await(const char* window) { tell("await", QString::fromLatin1(window)); }
     /// Waits for a message box and answers it; returns what it said.
     QString answer(const char* button);
+    /// Sends words that the program may not live to answer.
+    void tellLast(const char* command, const QString& first);
     /// Waits for the end of a program that dies.
     void awaitDeath();
+    void kill();
 
   private:
     QTemporaryDir config_;
