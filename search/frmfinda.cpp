@@ -49,9 +49,9 @@ QString statementFor(const QString& text) {
     const QString& provider = Session().ProviderId;
     if (text.size() == 1)
         return Sql("Select * from appointments Where CapptText Like '{}%' AND ClinicianId = '{}' Order by dapptdate",
-                   text, provider);
-    return Sql("Select * from appointments Where CapptText Like '%{}%' AND ClinicianId = '{}' Order by dapptdate", text,
-               provider);
+                   db::LikeText(text), provider);
+    return Sql("Select * from appointments Where CapptText Like '%{}%' AND ClinicianId = '{}' Order by dapptdate",
+               db::LikeText(text), provider);
 }
 
 QString listLine(const Recordset& row, bool military, DateOrder order) {

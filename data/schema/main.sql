@@ -178,7 +178,7 @@ Create Table patient_info (
     ssn nvarchar(20) null
 )
 GO
-Create Index patient_info_name On patient_info (last_name, first_name, middle_init)
+Create Index patient_info_name On patient_info (archive, last_name, first_name, middle_init)
 GO
 Create Index patient_info_provider On patient_info (provider_id)
 GO

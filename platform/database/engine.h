@@ -35,8 +35,9 @@ class Engine {
 
     /// Runs one statement; the places marked ? take `bound` in order. Returns the number of rows affected.
     virtual qint64 execute(const QString& statement, const std::vector<Value>& bound = {}) = 0;
-    /// Runs one statement that gives rows and reads them whole.
-    virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}) = 0;
+    /// Runs one statement that gives rows and reads them whole, or no more than the first `mostRows` where that is
+    /// above 0: the statement then stops there.
+    virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0) = 0;
     virtual void begin() = 0;
     virtual void commit() = 0;
     /// No failure where a fault has ended the transaction already.

@@ -39,7 +39,7 @@ class OdbcEngine final : public Engine {
     ~OdbcEngine() override;
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
-    ResultTable query(const QString& statement, const std::vector<Value>& bound) override;
+    ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override;
     void begin() override;
     void commit() override { end(SQL_COMMIT); }
     void rollback() override { end(SQL_ROLLBACK); }
@@ -103,11 +103,13 @@ qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Va
     return rows;
 }
 
-ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound) {
+ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
     OdbcStatement sent(connection_.get());
     run(sent, statement, bound);
-    ResultTable rows = sent.rows();
-    sent.finish();
+    ResultTable rows = sent.rows(mostRows);
+    // What lies behind the wanted rows is not worth reading.
+    if (mostRows == 0)
+        sent.finish();
     return rows;
 }
 
@@ -164,7 +166,7 @@ TableInfo OdbcEngine::describeOnServer(const QString& table) {
     static const QStringList texts{QStringLiteral("char"), QStringLiteral("varchar"), QStringLiteral("nchar"),
                                    QStringLiteral("nvarchar")};
     TableInfo info;
-    const ResultTable rows = query(statement, {table});
+    const ResultTable rows = query(statement, {table}, 0);
     for (int row = 0; row < rows.rowCount(); ++row) {
         ColumnInfo column;
         column.name = rows.at(row, 0).text();
@@ -214,7 +216,7 @@ TableInfo OdbcEngine::describeByDriver(const QString& table) const {
 }
 
 qint64 OdbcEngine::lastIdentity() {
-    return sqlServer_ ? identity_ : query(QStringLiteral("Select last_insert_rowid()"), {}).at(0, 0).integer();
+    return sqlServer_ ? identity_ : query(QStringLiteral("Select last_insert_rowid()"), {}, 0).at(0, 0).integer();
 }
 
 void OdbcEngine::check(SQLRETURN result) const {

@@ -119,7 +119,7 @@ qint64 OdbcStatement::rowCount() const {
     return SQL_SUCCEEDED(SQLRowCount(handle(), &count)) ? count : -1;
 }
 
-ResultTable OdbcStatement::rows() {
+ResultTable OdbcStatement::rows(int most) {
     SQLSMALLINT count = 0;
     check(SQLNumResultCols(handle(), &count));
     while (count == 0) {
@@ -138,6 +138,8 @@ ResultTable OdbcStatement::rows() {
             return table;
         for (std::size_t i = 0; i < types.size(); ++i)
             readCell(table, static_cast<SQLUSMALLINT>(i + 1), types[i]);
+        if (table.rowCount() == most)
+            return table;
     }
 }
 

@@ -23,8 +23,8 @@ class OdbcStatement {
     void bind(const std::vector<Value>& values, bool dateTimesAsText);
     void run(const QString& statement);
     [[nodiscard]] qint64 rowCount() const;
-    /// The rows of the first result that has columns, read whole.
-    ResultTable rows();
+    /// The rows of the first result that has columns, read whole or, where `most` is above 0, no more than so many.
+    ResultTable rows(int most = 0);
     /// Takes what is left of the results, where a failure may still hide.
     void finish();
 

@@ -71,10 +71,10 @@ QString singleTable(const QString& statement) {
 
 }  // namespace
 
-void Recordset::Open(const QString& statement, Connection& connection, Lock lock) {
+void Recordset::Open(const QString& statement, Connection& connection, Lock lock, int maxRecords) {
     Close();
     RequireOneStatement(statement);
-    table_ = connection.engine().query(statement);
+    table_ = connection.engine().query(statement, {}, maxRecords);
     connection_ = &connection;
     statement_ = statement;
     if (lock == Lock::Optimistic)

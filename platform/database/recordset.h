@@ -30,8 +30,9 @@ class Recordset {
         Open(statement, connection, lock);
     }
 
-    /// Reads anew when it was open before. The connection must outlive the cursor's writes.
-    void Open(const QString& statement, Connection& connection, Lock lock = Lock::ReadOnly);
+    /// Reads anew when it was open before. The connection must outlive the cursor's writes. `maxRecords` above 0 reads
+    /// no more than so many rows, for who wants the first of thousands.
+    void Open(const QString& statement, Connection& connection, Lock lock = Lock::ReadOnly, int maxRecords = 0);
     void Close();
     [[nodiscard]] bool IsOpen() const { return connection_ != nullptr; }
 

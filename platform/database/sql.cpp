@@ -36,6 +36,13 @@ bool hasLoneQuote(const QString& text) {
 
 }  // namespace
 
+QString LikeText(const QString& text) {
+    QString pattern;
+    for (const QChar c : text)
+        pattern += c == u'%' || c == u'_' || c == u'[' ? QStringLiteral("[%1]").arg(c) : QString(c);
+    return pattern;
+}
+
 QString SqlDate(QDate date) {
     return date.toString(QStringLiteral("yyyy/MM/dd"));
 }

@@ -19,6 +19,10 @@ struct Raw {
 /// The text "yyyy/mm/dd" by which dates stand in statements, without the quotes.
 QString SqlDate(QDate date);
 
+/// A text for a Like pattern, in which it stands for itself: "%", "_" and "[" are no wildcards there. Its quotes are
+/// still to be doubled, as Sql does.
+QString LikeText(const QString& text);
+
 /// What fills one place of a statement.
 class SqlArgument {
   public:

@@ -163,16 +163,16 @@ qint64 EmbeddedEngine::execute(const QString& statement, const std::vector<Value
     return naming(statement, [&] { return run(statement, bound); });
 }
 
-ResultTable EmbeddedEngine::query(const QString& statement, const std::vector<Value>& bound) {
+ResultTable EmbeddedEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
     return naming(statement, [&] {
         if (prepare(statement).translation.kind != Translation::Kind::Rows) {
             run(statement, bound);
             return ResultTable();
         }
-        if (auto table = readRows(statement, prepare(statement), bound))
+        if (auto table = readRows(statement, prepare(statement), bound, mostRows))
             return std::move(*table);
         forgetSchema();
-        return readRows(statement, prepare(statement), bound).value_or(ResultTable());
+        return readRows(statement, prepare(statement), bound, mostRows).value_or(ResultTable());
     });
 }
 
@@ -191,7 +191,7 @@ qint64 EmbeddedEngine::run(const QString& text, const std::vector<Value>& bound)
 }
 
 std::optional<ResultTable> EmbeddedEngine::readRows(const QString& text, Statement& prepared,
-                                                    const std::vector<Value>& bound) {
+                                                    const std::vector<Value>& bound, int mostRows) {
     sqlite3_stmt* handle = prepared.handle.get();
     const Running running(handle);
     bind(prepared, bound);
@@ -204,9 +204,12 @@ std::optional<ResultTable> EmbeddedEngine::readRows(const QString& text, Stateme
         if (prepared.translation.typesFromRows[static_cast<std::size_t>(i)])
             columns[static_cast<std::size_t>(i)].type = typeOfValue(handle, i);
     ResultTable table(std::move(columns));
-    for (; row; row = step(text, prepared))
+    for (; row; row = step(text, prepared)) {
         for (int i = 0; i < count; ++i)
             appendCell(table, handle, i);
+        if (table.rowCount() == mostRows)
+            break;
+    }
     return table;
 }
 
