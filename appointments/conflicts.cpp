@@ -6,7 +6,6 @@
 #include <tuple>
 
 #include "appointments/appointmentconflict.h"
-#include "session/errorbox.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "platform/controls/ctlist.h"
@@ -14,6 +13,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 using db::Recordset;

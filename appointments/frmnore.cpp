@@ -20,6 +20,7 @@
 #include "platform/controls/notefield.h"
 #include "platform/desktop/desktop.h"
 #include "session/session.h"
+#include "views/rooms/frmroomview.h"
 
 namespace {
 
@@ -75,6 +76,8 @@ void frmnore::PatientChosen() {
 }
 
 void frmnore::reject() {
+    if (closePatientList())
+        return;
     if (Session().IsNewAppt) {
         Session().IsNewAppt = false;
         const int view = Session().CurrentView;
@@ -123,6 +126,8 @@ void frmnore::connectFields() {
     connect(cbolocation, &CompletingCombo::Change, this, [this] { locationTyped_ = true; });
     for (const CompletingCombo* box : {cboavail, cboevents, cbolocation})
         connect(box, &CompletingCombo::LostFocus, this, &frmnore::leaveList);
+    connect(cmdrooms, &QPushButton::clicked, this, &frmnore::cmdrooms_Click);
+    connectLookUp();
     connect(cmdOk, &QPushButton::clicked, this, &frmnore::cmdOk_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmnore::reject);
 }
@@ -135,6 +140,12 @@ void frmnore::cbocpt_Click() {
     ctend->setTime(std::min(ctstart->Time() + minutes, MinutesPerDay));
     if (cbocpt->hasFocus() && ctend->isEnabled())
         ctend->setFocus();
+}
+
+void frmnore::cmdrooms_Click() {
+    frmRoomView rooms({ctedate->Date(), ctstart->Time(), ctend->Time()}, ctedate->Text(), this);
+    if (ShowModal(rooms) == Accepted)
+        cborooms->SetListIndex(cborooms->FindItemData(rooms.ChosenRoom()));
 }
 
 void frmnore::cbostatus_Click() {

@@ -11,6 +11,7 @@
 
 class CompletingCombo;
 class NoteField;
+class PatientFiller;
 class QCheckBox;
 class QGroupBox;
 class QLabel;
@@ -19,6 +20,7 @@ class QPushButton;
 class QToolButton;
 class ctDEdit;
 class ctList;
+struct PatientFacts;
 namespace db {
 class Recordset;
 }
@@ -124,6 +126,7 @@ class frmnore : public QDialog {
 
   protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -168,6 +171,7 @@ class frmnore : public QDialog {
     void cbostatus_Click();
     void ckemail_Click();
     void SSCheck1_Click();
+    void cmdrooms_Click();
     void showWeekday();
     void showDuration();
     void showCategoryColour();
@@ -189,6 +193,23 @@ class frmnore : public QDialog {
     void insertRoom(int apptKey);
     void auditSave(bool isNew) const;
 
+    // frmnore_lookup.cpp
+    void connectLookUp();
+    void LookupPatient(const QString& text);
+    [[nodiscard]] bool leavesPatientBox(Qt::FocusReason reason) const;
+    void leavePatientBox();
+    void settlePatient();
+    void showFacts(const PatientFacts& patient);
+    void takePatient(const PatientFacts& patient);
+    void takePatientOfId(const QString& id);
+    void cmdpatients_Click();
+    void showPatientList();
+    void takeFromList(int row);
+    /// Hands a name that nobody has to the form for new patients; whether one was added, who is chosen then.
+    bool AddNewPatient();
+    bool addPatient(const QString& lastName, const QString& firstName);
+    bool closePatientList();
+
     // frmnore_email.cpp
     void sendConfirmation(const QString& providerId);
 
@@ -198,6 +219,9 @@ class frmnore : public QDialog {
 
     QWidget* fields_ = nullptr;
     QString patientTag_;
+    QString settledTag_;      ///< The chosen patient whose alerts were shown.
+    bool takesAway_ = false;  ///< The key being worked on takes characters away.
+    PatientFiller* patientFiller_ = nullptr;
     QString emailTag_;         ///< The address that ckemail stands for.
     QDate authorizationDate_;  ///< The day for which lblAuthorization speaks.
     QString originalSlot_;

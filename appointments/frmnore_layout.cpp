@@ -263,7 +263,6 @@ void frmnore::buildPlace() {
     cborooms = combo(CompletingCombo::Entry::ListOnly, "cborooms", tr("Room"), XPFrame201);
     cmdrooms = button(tr("&Browse..."), "cmdrooms", XPFrame201);
     cmdrooms->setToolTip(tr("Show which rooms are free"));
-    cmdrooms->setEnabled(false);  // There is no room browser yet.
     grid = fieldGrid(XPFrame201);
     grid->addWidget(fieldLabel(tr("Roo&m:"), cborooms, XPFrame201), 0, 0);
     grid->addWidget(cborooms, 0, 1);

@@ -192,6 +192,7 @@ void frmnore::loadroomslist() {
                      cborooms->AddItem(room, numberIn(row, "roomid"));
              });
     cborooms->setEnabled(cborooms->count() > 0);
+    cmdrooms->setEnabled(cborooms->count() > 0);
 }
 
 void frmnore::fillStatus() {

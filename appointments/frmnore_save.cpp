@@ -51,6 +51,7 @@ void frmnore::cmdOk_Click() {
         return;
     if (Session().ApptKind == apptkind::Patient && !patientIsKnown())
         return;
+    settlePatient();
     const BookedProvider provider = ProviderOfView();
     const int key = editedKey();
     if (conflicts(key, provider.id) || !viewHasEditor(Session().CurrentView) || !timesAreValid())
@@ -66,8 +67,9 @@ bool frmnore::patientIsKnown() {
     const Answer answer =
         MsgBox(QStringLiteral("Patient not found in database. Add patient now?"), YesNoBox, QStringLiteral("Solvane"));
     if (answer == Answer::Yes) {
-        pnlpatlist->show();
-        ctList1->setFocus();
+        // Who was just added is chosen already, and the user looks at the appointment again.
+        if (!AddNewPatient())
+            showPatientList();
         return false;
     }
     txtaccount->clear();

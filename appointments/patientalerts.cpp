@@ -2,11 +2,11 @@
 
 #include <QLabel>
 
-#include "session/errorbox.h"
 #include "appointments/frmalert.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 namespace {

@@ -1,9 +1,9 @@
 #include "appointments/patientrows.h"
 
-#include "session/errorbox.h"
 #include "data/phone.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 using db::Recordset;

@@ -40,12 +40,12 @@ TEST_F(EditorFields, TabGoesThroughTheQuestionsInTheOrderInWhichTheyAreAsked) {
     Session().CurrentView = 2;
     openNew(1);
     QStringList way;
-    for (int step = 0; step < 14; ++step) {
+    for (int step = 0; step < 15; ++step) {
         way << QApplication::focusWidget()->objectName();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     const QString expected = QStringLiteral(
-        "txtpatients txtaccount ctedate ctstart ctend cbocpt cboapttype cbolocation cborooms cbostatus txtnotes ckAlarm ckemail cmdOk");
+        "txtpatients txtaccount ctedate ctstart ctend cbocpt cboapttype cbolocation cborooms cmdrooms cbostatus txtnotes ckAlarm ckemail cmdOk");
     EXPECT_EQ(way.join(QLatin1Char(' ')), expected);
 }
 

@@ -1,0 +1,209 @@
+#include <initializer_list>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+#include <utility>
+
+#include "appointments/frmnore.h"
+#include "appointments/patientalerts.h"
+#include "appointments/patientfiller.h"
+#include "appointments/patientlist.h"
+#include "appointments/patientsearch.h"
+#include "people/frmnewpat.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+namespace {
+
+const QString Title = QStringLiteral("Solvane");
+
+bool takesAway(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete || event.matches(QKeySequence::Cut) ||
+           event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo);
+}
+
+}  // namespace
+
+void frmnore::connectLookUp() {
+    txtpatients->installEventFilter(this);
+    connect(txtpatients, &QLineEdit::textEdited, this, &frmnore::LookupPatient);
+    connect(cmdpatients, &QToolButton::clicked, this, &frmnore::cmdpatients_Click);
+    connect(ctList1, &ctList::RowActivated, this, &frmnore::takeFromList);
+    connect(txtfind, &QLineEdit::textChanged, this,
+            [this](const QString& text) { cmdfind->setEnabled(!text.isEmpty()); });
+    connect(cmdfind, &QPushButton::clicked, this, [this] {
+        patientFiller_->Finish();
+        FindInPatientList(*ctList1, txtfind->text());
+    });
+    for (QPushButton* button : {cmdnew, cmdnewpat})
+        connect(button, &QPushButton::clicked, this, [this] { addPatient({}, {}); });
+    patientFiller_ = new PatientFiller(*ctList1, this);
+}
+
+bool frmnore::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == txtpatients && event->type() == QEvent::KeyPress)
+        takesAway_ = takesAway(*static_cast<QKeyEvent*>(event));
+    if (watched == txtpatients && event->type() == QEvent::FocusOut &&
+        leavesPatientBox(static_cast<QFocusEvent*>(event)->reason()))
+        // What it says must wait until the focus has come to where it goes.
+        QTimer::singleShot(0, this, &frmnore::leavePatientBox);
+    return QDialog::eventFilter(watched, event);
+}
+
+// Whether the user goes on to another field: not into another window, not to a button that ends the form or finds the
+// patient in another way, nor because the form goes.
+bool frmnore::leavesPatientBox(Qt::FocusReason reason) const {
+    if (txtpatients->isReadOnly() || !isVisible() || reason == Qt::ActiveWindowFocusReason ||
+        reason == Qt::PopupFocusReason)
+        return false;
+    const QWidget* next = focusWidget();
+    for (const QWidget* elsewhere :
+         std::initializer_list<const QWidget*>{cmdOk, cmdCancel, cmdpatients, cmdPatientList, cmdnewpat, pnlpatlist})
+        if (next == elsewhere || elsewhere->isAncestorOf(next))
+            return false;
+    return next != txtpatients;
+}
+
+void frmnore::leavePatientBox() {
+    if (!isVisible() || txtpatients->hasFocus())
+        return;
+    if (!txtpatients->text().isEmpty() && patientTag_.isEmpty()) {
+        MsgBox(QStringLiteral("Name entered is not in database. Use lookup, try again, or add New Patient."),
+               ExclamationBox, Title);
+        txtpatients->clear();
+        showFacts({});
+        txtpatients->setFocus();
+        return;
+    }
+    settlePatient();
+}
+
+// Once for each choice, by whichever way the box is left.
+void frmnore::settlePatient() {
+    if (txtpatients->isReadOnly() || patientTag_.isEmpty() || patientTag_ == settledTag_)
+        return;
+    settledTag_ = patientTag_;
+    PatientChosen();
+    ShowPatientAlerts(patientTag_, QString::fromLatin1(AppointmentAlert));
+}
+
+// `text` is what the box holds after the user's edit: typed, pasted or composed. What stands left of the caret is
+// completed; taking characters away completes nothing, and leaves no patient chosen whose name is not there.
+void frmnore::LookupPatient(const QString& text) {
+    const bool takenAway = std::exchange(takesAway_, false);
+    const QString typed = text.left(txtpatients->cursorPosition());
+    std::optional<PatientFacts> patient;
+    if (!takenAway && txtpatients->cursorPosition() > 0) {
+        try {
+            patient = FindPatient(typed);
+        } catch (const db::DatabaseError& error) {
+            TellError(QStringLiteral("Error reading patient list. "), error);
+        }
+    }
+    if (!patient) {
+        showFacts({});
+        return;
+    }
+    txtpatients->setText(patient->name);
+    // From the end to what was typed, so that the next key replaces the rest and the beginning stays in sight.
+    txtpatients->setSelection(static_cast<int>(patient->name.size()),
+                              -static_cast<int>(patient->name.size() - typed.size()));
+    showFacts(*patient);
+}
+
+void frmnore::showFacts(const PatientFacts& patient) {
+    SetPatientTag(patient.id);
+    txtaccount->setText(patient.account);
+    lblHPhone->setText(patient.homePhone);
+    lblwphone->setText(patient.workPhone);
+    lblcphone->setText(patient.otherPhone);
+    lblemail->setText(patient.email);
+    cbocpt->SetText({});
+    if (!patient.cpt.isEmpty())
+        cbocpt->SetListIndex(cbocpt->FindPrefix(patient.cpt));
+}
+
+void frmnore::takePatient(const PatientFacts& patient) {
+    txtpatients->setText(patient.name);
+    showFacts(patient);
+    pnlpatlist->hide();
+    settlePatient();
+}
+
+void frmnore::takePatientOfId(const QString& id) {
+    try {
+        if (const std::optional<PatientFacts> patient = PatientOfId(id)) {
+            takePatient(*patient);
+            return;
+        }
+        MsgBox(QStringLiteral("Patient not found. Another user may have deleted this patient."), ExclamationBox, Title);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error reading patient list. "), error);
+    }
+}
+
+void frmnore::cmdpatients_Click() {
+    if (pnlpatlist->isVisible()) {
+        pnlpatlist->hide();
+        txtpatients->setFocus();
+        return;
+    }
+    showPatientList();
+}
+
+void frmnore::showPatientList() {
+    if (ctList1->RowCount() == 0)
+        patientFiller_->loadpatients();
+    placePatientList();
+    pnlpatlist->show();
+    ctList1->setFocus();
+}
+
+void frmnore::takeFromList(int row) {
+    takePatientOfId(ctList1->ItemData(row).toString());
+    ctstart->setFocus();
+}
+
+// A name with a comma is "last, first", one with a blank "first last".
+bool frmnore::AddNewPatient() {
+    const QString typed = txtpatients->text();
+    if (const qsizetype comma = typed.indexOf(u','); comma >= 0)
+        return addPatient(typed.left(comma).trimmed(), typed.mid(comma + 1).trimmed());
+    const qsizetype blank = typed.indexOf(u' ');
+    if (blank >= 0)
+        return addPatient(typed.mid(blank + 1).trimmed(), typed.left(blank).trimmed());
+    return addPatient({}, {});
+}
+
+bool frmnore::addPatient(const QString& lastName, const QString& firstName) {
+    Session().NewPatientId.clear();
+    frmnewpat dialog(this);
+    if (!lastName.isEmpty())
+        dialog.txtlname->setText(lastName);
+    if (!firstName.isEmpty())
+        dialog.txtfname->setText(firstName);
+    ShowModal(dialog);
+    if (Session().NewPatientId.isEmpty())
+        return false;
+    // The list was read before there was this patient.
+    ctList1->Clear();
+    takePatientOfId(Session().NewPatientId);
+    return true;
+}
+
+// Escape first closes the list.
+bool frmnore::closePatientList() {
+    if (!pnlpatlist->isVisible())
+        return false;
+    pnlpatlist->hide();
+    txtpatients->setFocus();
+    return true;
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+class ctList;
+
+/// Selects the first row of a patient list whose name contains the text, in any case, shows it and gives it the focus.
+/// Without one, or without a text, the user is told "Name not found.".
+void FindInPatientList(ctList& list, const QString& text);
