@@ -204,6 +204,7 @@ class frmnore : public QDialog {
     void takePatientOfId(const QString& id);
     void cmdpatients_Click();
     void showPatientList();
+    void cmdPatientList_Click();
     void takeFromList(int row);
     /// Hands a name that nobody has to the form for new patients; whether one was added, who is chosen then.
     bool AddNewPatient();

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "appointments/frmnore.h"
+#include "appointments/frmspatnt.h"
 #include "appointments/patientalerts.h"
 #include "appointments/patientfiller.h"
 #include "appointments/patientlist.h"
@@ -36,6 +37,7 @@ void frmnore::connectLookUp() {
     txtpatients->installEventFilter(this);
     connect(txtpatients, &QLineEdit::textEdited, this, &frmnore::LookupPatient);
     connect(cmdpatients, &QToolButton::clicked, this, &frmnore::cmdpatients_Click);
+    connect(cmdPatientList, &QPushButton::clicked, this, &frmnore::cmdPatientList_Click);
     connect(ctList1, &ctList::RowActivated, this, &frmnore::takeFromList);
     connect(txtfind, &QLineEdit::textChanged, this,
             [this](const QString& text) { cmdfind->setEnabled(!text.isEmpty()); });
@@ -165,6 +167,12 @@ void frmnore::showPatientList() {
     placePatientList();
     pnlpatlist->show();
     ctList1->setFocus();
+}
+
+void frmnore::cmdPatientList_Click() {
+    frmspatnt dialog(this);
+    if (ShowModal(dialog) == Accepted)
+        takePatientOfId(dialog.ChosenId());
 }
 
 void frmnore::takeFromList(int row) {
