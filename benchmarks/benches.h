@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 void RegisterBookingBenches();
+void RegisterLookUpBenches();
 void RegisterDayBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();

@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
     }
     RegisterDayBenches();
     RegisterBookingBenches();
+    RegisterLookUpBenches();
     RegisterStartUpBenches();
     RegisterScrollBenches();
     RatioReporter reporter;
