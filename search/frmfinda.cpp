@@ -180,7 +180,7 @@ void frmfinda::cmdgoto_Click() {
         const Recordset hit(Sql("Select * from appointments Where nKeyId = {}", ctList1->ItemData(row).toLongLong()),
                             Session().Connection);
         if (!hit.Eof() && hit["dapptdate"].date().isValid()) {
-            found_ = {hit["dapptdate"].date(), static_cast<int>(hit["nstarttime"].integer())};
+            found_ = {hit["nkeyid"].text(), hit["dapptdate"].date(), static_cast<int>(hit["nstarttime"].integer())};
             accept();
             return;
         }

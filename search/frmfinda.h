@@ -12,6 +12,7 @@ class ctList;
 
 /// Where a found appointment stands.
 struct FoundAppointment {
+    QString key;
     QDate date;
     int start = 0;  ///< Minutes since midnight.
 };

@@ -13,6 +13,8 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     bindDeletion();
     bindEditing();
     bindInPlaceWork();
+    bindLists();
+    bindSearches();
     registerOpenView();
 }
 

@@ -26,6 +26,9 @@ class CalendarView : public ViewWindow, public OpenView {
     /// A new patient appointment at the selected time.
     void AddAppointment() override;
     [[nodiscard]] bool CanAdd() const override;
+    /// Finds an appointment by its text and goes to it.
+    void FindAppointment() override;
+    [[nodiscard]] bool CanFind() const override { return true; }
 
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
@@ -108,6 +111,12 @@ class CalendarView : public ViewWindow, public OpenView {
     void showRow(const db::Recordset& row);
     void putBack(const QString& key);
     void tellUnsaved(const QString& key, const db::DatabaseError& error);
+
+    // calendarview_commands.cpp
+    void bindLists();
+    void bindSearches();
+    void searchOpening();
+    void searchType();
 
     // calendarview_status.cpp
     void bindStatusCommands();

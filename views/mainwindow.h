@@ -27,6 +27,8 @@ class MainWindow {
     virtual void ToggleHidePatientNames() = 0;
     /// Offers the provider list and shows the chosen provider's schedule.
     virtual void SelectProvider() = 0;
+    /// The session has another provider now: writes the panels, reloads the view and sounds the bell.
+    virtual void ProviderChosen() = 0;
     virtual void ShowPreferences() = 0;
     /// The panels " User: ..." and " Schedule for: ..." from the session values.
     virtual void WritePanels() = 0;

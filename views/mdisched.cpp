@@ -154,7 +154,9 @@ void mdisched::showCommandsOfView() {
     add_->setVisible(Session().CurrentView != RoomView && Session().CurrentView != MonthView);
     print_->setVisible(add_->isVisible());
     add_->setEnabled(view_->CanAdd());
+    find_->setEnabled(view_->CanFind());
     print_->setEnabled(view_->CanPrint());
+    checkedIn_->setEnabled(true);
     day_->setEnabled(Session().CurrentView != DayView);
     hideNames_->setChecked(Session().HidePatientNames);
 }
@@ -250,8 +252,11 @@ void mdisched::SelectProvider() {
         return;
     const QString before = Session().ProviderId;
     ChooseProvider();
-    if (Session().ProviderId == before)
-        return;
+    if (Session().ProviderId != before)
+        ProviderChosen();
+}
+
+void mdisched::ProviderChosen() {
     WritePanels();
     cycledate(2);
     playSound("/softbell.wav");

@@ -69,6 +69,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     [[nodiscard]] bool TaskPaneShown() const override;
     void ToggleHidePatientNames() override;
     void SelectProvider() override;
+    void ProviderChosen() override;
     void ShowPreferences() override;
     void WritePanels() override;
     void Leave() override { close(); }

@@ -7,6 +7,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "followup/frmcheckedin.h"
 #include "platform/controls/ctdate.h"
 #include "platform/controls/cttaskpane.h"
 #include "platform/desktop/userstore.h"
@@ -73,18 +74,22 @@ void mdisched::buildActions() {
         if (view_ != nullptr)
             view_->AddAppointment();
     });
-    find_ = command("find", tr("Find"), "find", tr("Ctrl+F"), {});
+    find_ = command("find", tr("Find"), "find", tr("Ctrl+F"), [this] {
+        if (view_ != nullptr)
+            view_->FindAppointment();
+    });
     print_ = command("print", tr("Print"), "print", tr("Ctrl+P"), [this] {
         if (view_ != nullptr)
             view_->PrintSchedule();
     });
-    checkedIn_ = command("checkedin", tr("Checked In"), "checkedin", tr("Ctrl+I"), {});
+    checkedIn_ =
+        command("checkedin", tr("Checked In"), "checkedin", tr("Ctrl+I"), [this] { frmCheckedIn::Open(this); });
     hideNames_ =
         command("hidenames", tr("Hide Patient Names"), "eye", tr("Ctrl+H"), [this] { ToggleHidePatientNames(); });
     hideNames_->setCheckable(true);
     day_ = command("day", tr("Day View"), "day", {}, [this] { changeview(0); });
     // Before the first view there is nothing to do them on.
-    for (QAction* action : {today_, previous_, next_, add_, print_, hideNames_, day_})
+    for (QAction* action : {today_, previous_, next_, add_, find_, print_, checkedIn_, hideNames_, day_})
         action->setEnabled(false);
 
     for (const ViewEntry& entry : ViewTable)

@@ -24,7 +24,9 @@ class ViewWindow : public QWidget {
     virtual void FollowMainWindow() {}
     /// The toolbar's commands; a view that lacks one leaves it.
     virtual void AddAppointment() {}
+    virtual void FindAppointment() {}
     virtual void PrintSchedule() {}
     [[nodiscard]] virtual bool CanAdd() const { return false; }
+    [[nodiscard]] virtual bool CanFind() const { return false; }
     [[nodiscard]] virtual bool CanPrint() const { return false; }
 };

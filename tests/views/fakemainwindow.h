@@ -20,6 +20,7 @@ class FakeMainWindow : public MainWindow {
     [[nodiscard]] bool TaskPaneShown() const override { return taskPaneShown_; }
     void ToggleHidePatientNames() override { asked << QStringLiteral("hide names"); }
     void SelectProvider() override { asked << QStringLiteral("provider"); }
+    void ProviderChosen() override { asked << QStringLiteral("provider chosen"); }
     void ShowPreferences() override { asked << QStringLiteral("preferences"); }
     void WritePanels() override {}
     void Leave() override { asked << QStringLiteral("leave"); }

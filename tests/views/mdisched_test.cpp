@@ -211,9 +211,19 @@ TEST_F(MainWindowTest, AViewThatIsNotInThisVersionIsSeenButSaysSo) {
     QTest::keyClick(window.get(), Qt::Key_2, Qt::ControlModifier);
     EXPECT_EQ(events(), QStringList());
     EXPECT_EQ(Session().CurrentView, 1);
+}
+
+TEST_F(MainWindowTest, TheToolbarOpensTheListOfCheckedInPatients) {
+    start();
+    button("cmdCheckedin").click();
+    QWidget* list = FindForm(QStringLiteral("frmCheckedIn"));
+    ASSERT_NE(list, nullptr);
+    list->close();
+}
+
+TEST_F(MainWindowTest, FindIsOfferedWhereTheViewCanFind) {
+    start();
     EXPECT_FALSE(button("cmdfind").isEnabled());
-    EXPECT_EQ(button("cmdfind").toolTip(), QStringLiteral("Find is not available in this version"));
-    EXPECT_FALSE(button("cmdCheckedin").isEnabled());
 }
 
 TEST_F(MainWindowTest, AllSchedulesAreOnlyForThoseWhoMaySeeThem) {
