@@ -10,6 +10,7 @@
 
 #include "people/frmsltpv.h"
 #include "platform/controls/ctlist.h"
+#include "platform/desktop/forms.h"
 #include "tests/views/mainwindowfixture.h"
 
 namespace {
