@@ -10,11 +10,13 @@ constexpr int PatienceMilliseconds = 60000;
 
 }  // namespace
 
-Desk::Desk(const QString& dataFolder, const QString& user, QDate date) {
+Desk::Desk(const QString& dataFolder, const QString& user, QDate date, const QString& display) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config_.path());
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), config_.path());
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("DISPLAY"), display);
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
+                       display.isEmpty() ? QStringLiteral("offscreen") : QStringLiteral("xcb"));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("remotehand"));
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(SVS_PLUGINS));
     program_.setProcessEnvironment(environment);

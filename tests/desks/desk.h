@@ -3,12 +3,12 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-/// One copy of the program, running off screen on a practice, and a hand inside it (RemoteHand) that a test leads. A
+/// One copy of the program, running on a practice, and a hand inside it (RemoteHand) that a test leads. A
 /// command that cannot be done fails the test.
 class Desk {
   public:
-    /// Starts the program for the user and waits for its main window.
-    Desk(const QString& dataFolder, const QString& user, QDate date);
+    /// Starts the program for the user, off screen or on an X display, and waits for its main window.
+    Desk(const QString& dataFolder, const QString& user, QDate date, const QString& display = {});
     ~Desk();
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;

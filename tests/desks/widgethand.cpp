@@ -182,6 +182,47 @@ QString answerBox(const QStringList& words) {
     return said;
 }
 
+QString placeText(const QWidget& widget, const QPoint& point) {
+    const QPoint global = widget.mapToGlobal(point);
+    return QStringLiteral("%1 %2").arg(global.x()).arg(global.y());
+}
+
+/// The middle of an item on the screen.
+QString itemPlace(const QStringList& words) {
+    ctMDay& day = calendar();
+    const int index = indexOfKey(words.at(1));
+    day.ScrollToItem(index);
+    return placeText(day, day.ItemRect(index).center());
+}
+
+/// The middle of the row of a minute.
+QString timePlace(const QStringList& words) {
+    ctMDay& day = calendar();
+    return placeText(day, day.CellRect(1, words.at(1).toInt()).center());
+}
+
+QString widgetPlace(const QStringList& words) {
+    const auto& widget = find<QWidget>(words.at(1));
+    return placeText(widget, widget.rect().center());
+}
+
+QString windowId(const QStringList&) {
+    const QWidget* window = front();
+    return window ? QString::number(window->winId()) : QString();
+}
+
+QString focusName(const QStringList&) {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus ? focus->objectName() : QString();
+}
+
+QString picture(const QStringList& words) {
+    QWidget* window = front();
+    if (window == nullptr || !window->grab().save(words.at(1)))
+        throw CannotObey(QStringLiteral("there is no picture to take"));
+    return {};
+}
+
 // The program is killed, as by a power cut, right after its n-th write from now.
 QString dieAfter(const QStringList& words) {
     Session().Connection.Observe([left = words.at(1).toInt()](const db::Write&) mutable {
@@ -218,6 +259,12 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("click"), click},
         {QStringLiteral("answer"), answerBox},
         {QStringLiteral("dieAfter"), dieAfter},
+        {QStringLiteral("itemPlace"), itemPlace},
+        {QStringLiteral("timePlace"), timePlace},
+        {QStringLiteral("widgetPlace"), widgetPlace},
+        {QStringLiteral("windowId"), windowId},
+        {QStringLiteral("focus"), focusName},
+        {QStringLiteral("picture"), picture},
         {QStringLiteral("text"), [](const QStringList& given) { return textOf(find<QWidget>(given.at(1))); }},
         {QStringLiteral("box"),
          [](const QStringList&) {

@@ -1,0 +1,165 @@
+#include "tests/desks/deskfixture.h"
+#include "tests/desks/deskperson.h"
+
+namespace {
+
+/// One front desk on a real display, worked by mouse and keyboard.
+class FrontDesk : public DeskFixture {
+  protected:
+    FrontDesk() {
+        for (
+            const char* statement :
+            {"Insert Into patient_info (id, last_name, first_name, archive, telephone_h, defaultCPT) Values ('10018', 'Åkesson', 'Bo', 0, '5551234567', '90834')",
+             "Insert Into incident_hx (patient_id, incident_nbr) Values ('10017', 1)",
+             "Insert Into session_types (sess_cpt_code, sess_cpt_name, sess_cpt_time) Values ('90834', 'Psychotherapy', 45)",
+             "Insert Into Locations (Location) Values ('Main Office')",
+             "Insert Into AptCategories (aptcategory, aptcategorycolor) Values ('Intake', 8438015)",
+             "Insert Into Events (Event) Values ('Staff meeting')",
+             "Insert Into availability (avail) Values ('Lunch')"})
+            connection.Execute(QString::fromUtf8(statement));
+        desk = openDesk(display.name());
+        person = std::make_unique<Person>(*desk, display.name());
+        person->turnTo("mdisched");
+    }
+
+    QString at(int minute) { return desk->tell("timePlace", QString::number(minute)); }
+    QString itemOf(const QString& key) { return desk->tell("itemPlace", key); }
+    QString newestKey() { return value(QStringLiteral("Select Max(nkeyid) from appointments")); }
+    qint64 status(const QString& key) {
+        return number(db::Sql("Select ncolor from appointments Where nkeyid = {}", db::Raw{key}));
+    }
+    /// Books a patient by keyboard from the selected time on.
+    void bookByKeyboard(const QString& letters) {
+        person->turnTo("frmnore");
+        person->type(letters);
+        person->press({QStringLiteral("Return")});
+    }
+
+    Display display;
+    std::unique_ptr<Desk> desk;
+    std::unique_ptr<Person> person;
+};
+
+}  // namespace
+
+TEST_F(FrontDesk, TheWholeDayGoesByMouseAndKeyboard) {
+    // Book a patient found by typing.
+    person->doubleClick(at(540));
+    person->turnTo("frmnore");
+    person->picture("editor-empty");
+    person->type(QStringLiteral("o'b"));
+    person->picture("editor-lookup");
+    person->press({QStringLiteral("Return")});
+    person->turnTo("mdisched");
+    const QString anna = newestKey();
+    EXPECT_EQ(value(QStringLiteral("Select cappttext from appointments")), QStringLiteral("O'Brien, Anna"));
+    EXPECT_EQ(times(anna).section(QLatin1Char('-'), 0, 0), QStringLiteral("540"));
+
+    // Book another in her way, and be warned.
+    person->click(at(660));
+    person->press({QStringLiteral("Return")});
+    person->turnTo("frmnore");
+    person->type(QStringLiteral("Åk"));
+    person->press({QStringLiteral("alt+s")});
+    desk->tell("replace", QStringLiteral("ctstart"), QStringLiteral("9"));
+    desk->tell("replace", QStringLiteral("ctend"), QStringLiteral("9:45"));
+    person->picture("editor-filled");
+    person->press({QStringLiteral("Return")});
+    person->turnTo("AppointmentConflict");
+    person->picture("conflict");
+    person->press({QStringLiteral("Escape")});
+    person->turnTo("frmnore");
+    desk->tell("replace", QStringLiteral("ctstart"), QStringLiteral("11"));
+    desk->tell("replace", QStringLiteral("ctend"), QStringLiteral("11:45"));
+    person->press({QStringLiteral("Return")});
+    person->turnTo("mdisched");
+    const QString bo = newestKey();
+    EXPECT_EQ(times(bo), QStringLiteral("660-705"));
+
+    // Drag the one, edit the other.
+    person->drag(itemOf(anna), at(840));
+    desk->await("mdisched");
+    EXPECT_GT(times(anna).section(QLatin1Char('-'), 0, 0).toInt(), 700);
+    person->doubleClick(itemOf(bo));
+    person->turnTo("frmnore");
+    desk->tell("replace", QStringLiteral("txtnotes"), QStringLiteral("bring the card"));
+    person->picture("editor-edit");
+    person->press({QStringLiteral("ctrl+Return")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(value(db::Sql("Select CapptNote from appointments Where nkeyid = {}", db::Raw{bo})),
+              QStringLiteral("90834  Psychotherapy|bring the card"));
+
+    // Check in, keep, miss, cancel.
+    person->click(itemOf(bo));
+    person->press({QStringLiteral("ctrl+i")});
+    person->turnTo("frmarrivalTime");
+    person->picture("arrival");
+    person->press({QStringLiteral("Return")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(status(bo), 0xFFFFFF);
+    person->press({QStringLiteral("ctrl+k")});
+    desk->await("mdisched");
+    EXPECT_EQ(status(bo), 0xC000);
+    person->click(itemOf(anna), 3);
+    person->turnTo("popup");
+    person->picture("popup");
+    person->press({QStringLiteral("m")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(status(anna), 0xC0);
+    person->picture("day");
+
+    // Delete.
+    person->click(itemOf(anna));
+    person->press({QStringLiteral("Delete")});
+    person->turnTo("box");
+    person->press({QStringLiteral("alt+y")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(times(anna), QStringLiteral("(none)"));
+}
+
+TEST_F(FrontDesk, APatientWhoIsNewIsAddedAndBooked) {
+    person->doubleClick(at(600));
+    person->turnTo("frmnore");
+    person->type(QStringLiteral("Novak, Eva"));
+    person->press({QStringLiteral("Return")});
+    person->turnTo("box");
+    person->press({QStringLiteral("alt+y")});
+    person->turnTo("frmnewpat");
+    person->picture("newpatient");
+    desk->tell("type", QStringLiteral("txtdob"), QStringLiteral("5/6/1990"));
+    desk->tell("choose", QStringLiteral("cboprovider"), QStringLiteral("Reed"));
+    desk->tell("choose", QStringLiteral("cbosex"), QStringLiteral("Female"));
+    person->press({QStringLiteral("alt+o")});
+    person->turnTo("frmnore");
+    EXPECT_EQ(desk->tell("text", QStringLiteral("txtpatients")), QStringLiteral("Novak, Eva"));
+    person->press({QStringLiteral("Return")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(value(QStringLiteral("Select cappttext from appointments")), QStringLiteral("Novak, Eva"));
+    EXPECT_EQ(number(QStringLiteral("Select Count(*) from incident_hx")), 2);
+}
+
+TEST_F(FrontDesk, TheOtherKindsAreBookedFromTheirMenus) {
+    struct Kind {
+        const char* keys;
+        const char* box;
+        const char* text;
+        const char* picture;
+    };
+    int hour = 9;
+    for (const Kind& kind : {Kind{"ctrl+shift+e", "cboevents", "Staff meeting", "editor-event"},
+                             Kind{"ctrl+shift+u", "cboavail", "Lunch", "editor-unavailable"},
+                             Kind{"ctrl+shift+t", "cbocats", "Intake", "editor-type"}}) {
+        person->click(at(60 * hour++));
+        person->press({QLatin1String(kind.keys)});
+        person->turnTo("frmnore");
+        person->type(QString::fromLatin1(kind.text).left(2));
+        EXPECT_EQ(desk->tell("text", QLatin1String(kind.box)), QLatin1String(kind.text));
+        person->picture(kind.picture);
+        person->press({QStringLiteral("Return")});
+        person->turnTo("mdisched");
+        EXPECT_EQ(value(db::Sql("Select cappttext from appointments Where nkeyid = {}", db::Raw{newestKey()})),
+                  QLatin1String(kind.text));
+    }
+    EXPECT_EQ(number(QStringLiteral("Select Count(*) from appointments Where ncolor in (16777088, 16744703, 8438015)")),
+              3);
+}
