@@ -4,7 +4,7 @@
 BUILD_PACKAGES="build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools
 libqt6svg6 libsqlite3-dev unixodbc-dev unixodbc tdsodbc libgtest-dev libbenchmark-dev fonts-dejavu-core"
 # Only the tests use these.
-TEST_PACKAGES="libsqliteodbc xvfb xdotool dbus-daemon"
+TEST_PACKAGES="libsqliteodbc xvfb xdotool dbus-daemon libical-dev"
 
 say() { printf '%s\n' "$*" >&2; }
 
