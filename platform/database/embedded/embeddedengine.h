@@ -24,7 +24,7 @@ class EmbeddedEngine final : public Engine {
     EmbeddedEngine(const QString& file, bool create, int openingTimeout = 5'000);
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
-    ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override;
+    ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows = 0) override;
     void begin() override;
     void commit() override;
     void rollback() override;
@@ -50,7 +50,8 @@ class EmbeddedEngine final : public Engine {
     bool step(const QString& text, Statement& prepared);
     qint64 run(const QString& text, const std::vector<Value>& bound);
     /// Nothing when another desk changed the columns of a table since they were looked up.
-    std::optional<ResultTable> readRows(const QString& text, Statement& prepared, const std::vector<Value>& bound, int mostRows);
+    std::optional<ResultTable> readRows(const QString& text, Statement& prepared, const std::vector<Value>& bound,
+                                        int mostRows);
     void forgetSchema();
     void runOwn(const char* sql);
     [[noreturn]] void fail(const QString& statement);

@@ -22,7 +22,7 @@ class Practice {
 
     /// The rows of a statement, fields joined by "|", null as "null".
     QStringList rows(const QString& statement, const std::vector<db::Value>& bound = {}) {
-        const db::ResultTable table = engine.query(statement, bound, 0);
+        const db::ResultTable table = engine.query(statement, bound);
         QStringList lines;
         for (int row = 0; row < table.rowCount(); ++row) {
             QStringList fields;
