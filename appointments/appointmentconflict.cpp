@@ -11,7 +11,7 @@
 namespace {
 
 constexpr int PlaceColumn = 5;
-constexpr int DateCharacters = 13;
+constexpr int DateCharacters = 16;
 constexpr int TimeCharacters = 12;
 constexpr int PlaceCharacters = 20;
 constexpr int FewestCharacters = 90;  // Of the list, so that a name can be read in what the other columns leave.

@@ -10,6 +10,7 @@
 #include "appointments/patientfiller.h"
 #include "appointments/patientsearch.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/formarea.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
@@ -30,7 +31,7 @@ frmspatnt::frmspatnt(QWidget* parent) : QDialog(parent) {
 }
 
 QSize frmspatnt::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 30};
+    return {fontMetrics().averageCharWidth() * 136, fontMetrics().height() * 30};
 }
 
 void frmspatnt::buildForm() {
@@ -48,10 +49,10 @@ void frmspatnt::buildForm() {
     ctList1->setAccessibleName(tr("List of patients"));
     ctList1->SetColumns({{QStringLiteral("Patient")},
                          {QStringLiteral("Account"), ListColumn::Kind::Text, 12},
-                         {QStringLiteral("Home Phone"), ListColumn::Kind::Text, 16},
+                         {QStringLiteral("Home Phone"), ListColumn::Kind::Text, 18},
                          {QStringLiteral("Work Phone"), ListColumn::Kind::Text, 21},
                          {QStringLiteral("CPT"), ListColumn::Kind::Text, 8},
-                         {QStringLiteral("Other Phone"), ListColumn::Kind::Text, 16},
+                         {QStringLiteral("Other Phone"), ListColumn::Kind::Text, 18},
                          {QStringLiteral("EMail"), ListColumn::Kind::Text, 22}});
     ctList1->SetHeader(1, Session().WordUsage);
     txtfind = named(new QLineEdit(this), "txtfind");
@@ -90,6 +91,7 @@ void frmspatnt::layOutForm() {
     column->addLayout(find);
     column->addWidget(ctList1, 1);
     column->addLayout(buttons);
+    FitToScreen(*this);
     txtfind->setFocus();
 }
 

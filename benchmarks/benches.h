@@ -4,6 +4,7 @@
 
 void RegisterBookingBenches();
 void RegisterLookUpBenches();
+void RegisterRecurrenceBenches();
 void RegisterDayBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();

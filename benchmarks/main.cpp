@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
     RegisterDayBenches();
     RegisterBookingBenches();
     RegisterLookUpBenches();
+    RegisterRecurrenceBenches();
     RegisterStartUpBenches();
     RegisterScrollBenches();
     RatioReporter reporter;

@@ -10,6 +10,7 @@
 #include "data/pipefields.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/datefield.h"
+#include "platform/controls/formarea.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -137,6 +138,7 @@ void frmfinda::layOutForm() {
     column->addLayout(find);
     column->addWidget(ctList1, 1);
     column->addLayout(buttons);
+    FitToScreen(*this);
     txtfind->setFocus();
 }
 

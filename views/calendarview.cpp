@@ -15,6 +15,7 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     bindInPlaceWork();
     bindLists();
     bindSearches();
+    bindSeries();
     registerOpenView();
 }
 

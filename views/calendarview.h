@@ -115,6 +115,7 @@ class CalendarView : public ViewWindow, public OpenView {
     // calendarview_commands.cpp
     void bindLists();
     void bindSearches();
+    void bindSeries();
     void searchOpening();
     void searchType();
 

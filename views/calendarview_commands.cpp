@@ -1,3 +1,4 @@
+#include "appointments/frmrecurappt.h"
 #include "people/frmapttypes.h"
 #include "people/frmcleg.h"
 #include "people/frmholidays.h"
@@ -40,6 +41,23 @@ void CalendarView::bindSearches() {
     menus_.Bind(QStringLiteral("mnuAFind"), [this] { FindAppointment(); });
     menus_.Bind(QStringLiteral("mnuASearchO"), [this] { searchOpening(); });
     menus_.Bind(QStringLiteral("mnuASearchT"), [this] { searchType(); });
+}
+
+void CalendarView::bindSeries() {
+    menus_.Bind(QStringLiteral("mnuARepeat"), [this] {
+        Session().IsNewAppt = false;
+        const std::optional<CalendarItem> item = SelectedItem();
+        if (!item || item->ItemKey.toInt() < 1) {
+            MsgBox(
+                QStringLiteral(
+                    "No appointment selected. First add or select an appointment and then perform Repeating function."),
+                ExclamationBox, QStringLiteral("Warning"));
+            return;
+        }
+        frmRecurAppt dialog(window());
+        ShowModal(dialog);
+        Reload();
+    });
 }
 
 void CalendarView::FindAppointment() {

@@ -7,6 +7,7 @@
 
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/ctnedit.h"
 #include "session/session.h"
 #include "tests/views/dayfixture.h"
 
@@ -104,4 +105,25 @@ TEST_F(DayCommands, TheSearchByTypeGoesToTheFirstFreeStretch) {
     command("mnuASearchT").trigger();
     EXPECT_EQ(main.Date(), QDate(2026, 4, 2));
     EXPECT_EQ(itemTexts(), QStringList{QStringLiteral("Intake")});
+}
+
+TEST_F(DayCommands, ASeriesOfTheSelectedAppointmentShowsAtOnce) {
+    add(anAppointment("Jones, Mary").at(9, 0).until(9, 50));
+    open();
+    select("Jones, Mary");
+    desk.expectForm("frmRecurAppt", [this](QDialog& form) {
+        in<ctNEdit>(form, "txtRecrMaxEvents").setValue(3);
+        in<QPushButton>(form, "cmdRecur0").click();
+    });
+    command("mnuARepeat").trigger();
+    EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from appointments")), 3);
+}
+
+TEST_F(DayCommands, RepeatingNeedsASelectedAppointment) {
+    open();
+    desk.expectBox(
+        QStringLiteral(
+            "No appointment selected. First add or select an appointment and then perform Repeating function."),
+        QStringLiteral("Warning"));
+    command("mnuARepeat").trigger();
 }

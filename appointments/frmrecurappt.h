@@ -1,0 +1,109 @@
+#pragma once
+
+#include <array>
+#include <QDialog>
+#include <vector>
+
+#include "data/recurrence.h"
+
+class QButtonGroup;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+class QStackedWidget;
+class ctDEdit;
+class ctNEdit;
+namespace db {
+class Recordset;
+}
+
+/// Turns the appointment that is selected in the open view into a series: the user chooses a pattern, and OK writes one
+/// row for each of its dates besides the appointment's own. Of the pattern itself nothing is kept but `repeating` and
+/// `repeating_ref`, the key of the first appointment. A line below the settings says what the series will be.
+class frmRecurAppt : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmRecurAppt(QWidget* parent = nullptr);
+
+    /// Reads the settings into the pattern; under "End After" the end date becomes the last date of the series.
+    void UIGetInfo();
+    /// Tells what is missing; true where nothing is.
+    [[nodiscard]] bool Validate();
+    /// Shows the dates, with a mark at those on which something is booked in the way.
+    void getSampleDates();
+    void createRecurApptList();
+    /// Whether the user wants a date left out, because something is booked in the way. Touching times count here, and
+    /// so does every kind of row. Throws db::DatabaseError.
+    [[nodiscard]] bool getconflict(QDate date) const;
+    [[nodiscard]] const RecurrencePattern& Pattern() const { return pattern_; }
+
+    QButtonGroup* radRecurrence = nullptr;
+    QStackedWidget* pages = nullptr;
+    ctDEdit* txtRecrStartDate = nullptr;
+    QButtonGroup* radEnd = nullptr;  ///< 0 End After, 1 End On.
+    ctNEdit* txtRecrMaxEvents = nullptr;
+    ctDEdit* txtRecrEndDate = nullptr;
+    QButtonGroup* radDaily = nullptr;  ///< 0 every n days, 1 every weekday.
+    ctNEdit* txtRecrDailyDays = nullptr;
+    ctNEdit* txtRecrWeeklyWeeks = nullptr;
+    std::array<QCheckBox*, 7> chkRecrWeekly{};   ///< Sunday first.
+    QButtonGroup* radMonthlyScaleInd = nullptr;  ///< 0 Day, 1 The.
+    ctNEdit* txtRecrMonthlyDay = nullptr;
+    std::array<ctNEdit*, 2> txtRecrMonthlyMonths{};
+    QComboBox* cmbRecrMonthlyScale = nullptr;
+    QComboBox* cmbRecrMonthlyWeekday = nullptr;
+    QButtonGroup* radYearlyScaleInd = nullptr;  ///< 0 Every, 1 The.
+    std::array<QComboBox*, 2> cmbRecrYearlyMonth{};
+    ctNEdit* txtRecrYearlyDay = nullptr;
+    QComboBox* cmbRecrYearlyScale = nullptr;
+    QComboBox* cmbRecrYearlyWeekday = nullptr;
+    QLabel* lblsource = nullptr;             ///< What is repeated.
+    QLabel* lblsentence = nullptr;           ///< What the series will be.
+    std::array<QPushButton*, 3> cmdRecur{};  ///< OK, Cancel, Sample Dates.
+
+  private:
+    struct Source {
+        int key = 0;
+        QDate date;
+        int start = 0;
+        int end = 0;
+        QString text;
+        QString location;
+        QString note;  ///< Service, note, patient id and account, joined by "|".
+    };
+    struct Room {
+        int id = 0;
+        QString text;  ///< Empty: the copies get no room.
+    };
+
+    // frmrecurappt_layout.cpp
+    void buildForm();
+    [[nodiscard]] QWidget* buildDaily();
+    [[nodiscard]] QWidget* buildWeekly();
+    [[nodiscard]] QWidget* buildMonthly();
+    [[nodiscard]] QWidget* buildYearly();
+    [[nodiscard]] QLayout* buildRange();
+    void layOutForm(QLayout* range);
+    void connectControls();
+
+    // frmrecurappt.cpp
+    [[nodiscard]] bool loadSource();
+    void presetPattern();
+    void UIComputeEndDate();
+    void readPattern();
+    void readEnd();
+    void describe();
+    void OK_Click();
+
+    // frmrecurappt_save.cpp
+    [[nodiscard]] bool collides(QDate date) const;
+    void SaveProviderApt(const std::vector<QDate>& dates);
+    [[nodiscard]] Room roomForCopies(int sourceKey) const;
+    void addCopies(db::Recordset& rows, const std::vector<QDate>& dates, int sourceKey, const Room& room);
+
+    Source source_;
+    RecurrencePattern pattern_;
+};
