@@ -9,13 +9,13 @@
 #include <QLocale>
 #include <QPushButton>
 
+#include "appointments/durationlabel.h"
 #include "appointments/patientalerts.h"
 #include "appointments/patientrows.h"
 #include "data/minutetime.h"
 #include "platform/calendar/colour.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
-#include "platform/controls/fieldflag.h"
 #include "platform/controls/formarea.h"
 #include "platform/controls/notefield.h"
 #include "platform/desktop/desktop.h"
@@ -25,15 +25,6 @@
 namespace {
 
 constexpr int HourMinutes = 60;
-
-QString durationText(int minutes) {
-    const int hours = minutes / HourMinutes;
-    if (hours == 0)
-        return QStringLiteral("%1 min").arg(minutes);
-    if (minutes % HourMinutes == 0)
-        return QStringLiteral("%1 h").arg(hours);
-    return QStringLiteral("%1 h %2 min").arg(hours).arg(minutes % HourMinutes);
-}
 
 }  // namespace
 
@@ -176,17 +167,7 @@ void frmnore::showWeekday() {
 }
 
 void frmnore::showDuration() {
-    const int start = ctstart->Time();
-    const int end = ctend->Time();
-    const bool backwards = start >= 0 && end >= 0 && end <= start;
-    QPalette palette = this->palette();
-    if (backwards)
-        palette.setColor(lblduration->foregroundRole(), FieldFlag::Colour(palette));
-    lblduration->setPalette(palette);
-    if (backwards)
-        lblduration->setText(tr("ends before it starts"));
-    else
-        lblduration->setText(start < 0 || end < 0 ? QString() : durationText(end - start));
+    lblduration->ShowTimes(ctstart->Time(), ctend->Time());
 }
 
 void frmnore::showCategoryColour() {

@@ -10,6 +10,7 @@
 #include "session/openview.h"
 
 class CompletingCombo;
+class DurationLabel;
 class NoteField;
 class PatientFiller;
 class QCheckBox;
@@ -91,7 +92,7 @@ class frmnore : public QDialog {
     QLabel* lblweekday = nullptr;
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
-    QLabel* lblduration = nullptr;  ///< How long the entry lasts, or that it ends before it starts.
+    DurationLabel* lblduration = nullptr;  ///< How long the entry lasts, or that it ends before it starts.
     QCheckBox* SSCheck1 = nullptr;
 
     // What: the rest of the patient page, below the time.
@@ -153,8 +154,6 @@ class frmnore : public QDialog {
     void loadPatientKind();
     void loadavail();
     void loadcats();
-    void loadevents();
-    void loadlocs();
     void loadroomslist();
     void loadsesstypes();
     void fillStatus();

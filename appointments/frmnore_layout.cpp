@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "appointments/durationlabel.h"
 #include "appointments/frmnore.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -209,10 +210,7 @@ QWidget* frmnore::buildWhen() {
     ctend = named(new ctDEdit(ctDEdit::Kind::Time, when), "ctend");
     ctend->setAccessibleName(tr("End"));
     ctend->setIsEnd(true);
-    lblduration = factLabel("lblduration", when);
-    lblduration->setForegroundRole(QPalette::PlaceholderText);
-    // Room for the longest hint, so that the row stands still while times are typed.
-    lblduration->setMinimumWidth(fontMetrics().horizontalAdvance(tr("ends before it starts")));
+    lblduration = new DurationLabel(when);
     SSCheck1 = named(new QCheckBox(tr("All Day E&vent"), when), "SSCheck1");
 
     auto* end = new QLabel(tr("&End:"), when);

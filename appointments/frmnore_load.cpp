@@ -8,6 +8,7 @@
 
 #include "appointments/alarmpreferences.h"
 #include "appointments/appointmentrows.h"
+#include "appointments/apptlists.h"
 #include "appointments/frmnore.h"
 #include "appointments/listicons.h"
 #include "appointments/patientrows.h"
@@ -33,17 +34,6 @@ constexpr int FacesheetAccountLabel = 2;
 constexpr int AccountColumn = 2;
 constexpr int LongestListItem = 50;
 constexpr int PendingIndex = 2;
-
-// Walks the rows of a list; a failure is told with the list's own text and leaves the list as long as it got.
-template <typename AddRow>
-void loadList(const char* statement, const QString& failure, AddRow&& addRow) {
-    try {
-        for (Recordset rows(QString::fromLatin1(statement), Session().Connection); !rows.Eof(); rows.MoveNext())
-            addRow(rows);
-    } catch (const db::DatabaseError& error) {
-        TellError(failure, error);
-    }
-}
 
 int numberIn(const Recordset& row, const char* column) {
     return static_cast<int>(row[column].integer());
@@ -121,15 +111,15 @@ void frmnore::loadKind() {
     SSCheck1->setEnabled(kind != apptkind::Patient);
     switch (kind) {
         case apptkind::Activity:
-            loadlocs();
-            loadevents();
+            LoadLocations(*cbolocation);
+            LoadEvents(*cboevents);
             loadroomslist();
             break;
         case apptkind::Unavailable:
             loadavail();
             break;
         case apptkind::TypeSlot:
-            loadlocs();
+            LoadLocations(*cbolocation);
             loadcats();
             loadroomslist();
             break;
@@ -140,7 +130,7 @@ void frmnore::loadKind() {
 
 void frmnore::loadPatientKind() {
     loadsesstypes();
-    loadlocs();
+    LoadLocations(*cbolocation);
     loadroomslist();
     loadcats();
     SetApptType(editedKey());
@@ -150,22 +140,12 @@ void frmnore::loadPatientKind() {
 }
 
 void frmnore::loadavail() {
-    loadList("Select * from availability Order by avail", QStringLiteral("Error loading availability items. "),
+    LoadList("Select * from availability Order by avail", QStringLiteral("Error loading availability items. "),
              [this](const Recordset& row) { cboavail->AddItem(row["avail"].text()); });
 }
 
-void frmnore::loadevents() {
-    loadList("Select * from events Order by event", QStringLiteral("Error loading events items. "),
-             [this](const Recordset& row) { cboevents->AddItem(row["event"].text()); });
-}
-
-void frmnore::loadlocs() {
-    loadList("Select * from locations Order by Location", QStringLiteral("Error loading locations. "),
-             [this](const Recordset& row) { cbolocation->AddItem(row["location"].text()); });
-}
-
 void frmnore::loadcats() {
-    loadList("Select * from AptCategories Order by AptCategory",
+    LoadList("Select * from AptCategories Order by AptCategory",
              QStringLiteral("Error loading appointment categories. "), [this](const Recordset& row) {
                  const QString name = row["aptcategory"].text();
                  const int colour = numberIn(row, "aptcategorycolor");
@@ -177,7 +157,7 @@ void frmnore::loadcats() {
 }
 
 void frmnore::loadsesstypes() {
-    loadList("Select * from session_types Order by sess_cpt_code", QStringLiteral("Error loading session types. "),
+    LoadList("Select * from session_types Order by sess_cpt_code", QStringLiteral("Error loading session types. "),
              [this](const Recordset& row) {
                  cbocpt->AddItem(row["sess_cpt_code"].text() + QStringLiteral("  ") + row["sess_cpt_name"].text(),
                                  numberIn(row, "sess_cpt_time"));
@@ -185,12 +165,7 @@ void frmnore::loadsesstypes() {
 }
 
 void frmnore::loadroomslist() {
-    loadList("Select * from rooms order by room", QStringLiteral("Error loading room list. "),
-             [this](const Recordset& row) {
-                 // An emptied box must not stand for a room without a name.
-                 if (const QString room = row["room"].text(); !room.isEmpty())
-                     cborooms->AddItem(room, numberIn(row, "roomid"));
-             });
+    LoadRooms(*cborooms);
     cborooms->setEnabled(cborooms->count() > 0);
     cmdrooms->setEnabled(cborooms->count() > 0);
 }

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "appointments/durationlabel.h"
 #include "appointments/frmalert.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -285,8 +286,7 @@ TEST_F(EditorFields, AnItemThatCannotBeAddedSaysSoAndStaysWithTheAppointment) {
     const QString why = database.refuse(QStringLiteral("Insert"), QStringLiteral("Events"));
     type(form->cboevents, QStringLiteral("Fire drill"));
     desk.expectBox(QStringLiteral("Event is not on the list. Do you want to add it?"), NotFound, Answer::Yes);
-    desk.expectBox(QStringLiteral("Error adding the item to the list. It is saved with the appointment. ") + why,
-                   QStringLiteral("Error"));
+    desk.expectBox(QStringLiteral("Error adding item to database. ") + why, QStringLiteral("Error"));
     press(form->cboevents, Qt::Key_Tab);
     clickOk();
     EXPECT_EQ(column("cappttext", newestKey()), QStringLiteral("Fire drill"));
