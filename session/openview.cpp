@@ -1,5 +1,6 @@
 #include "session/openview.h"
 
+#include "platform/desktop/desktop.h"
 #include "session/session.h"
 
 namespace {
@@ -18,6 +19,11 @@ BookedProvider sessionProvider() {
 OpenView::~OpenView() {
     if (registered() == this)
         registered() = nullptr;
+}
+
+QDate OpenView::ShownDate() const {
+    const std::optional<SelectedSlot> time = SelectedTime();
+    return time ? time->date : Today();
 }
 
 BookedProvider OpenView::Provider() const {

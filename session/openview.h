@@ -34,6 +34,8 @@ class OpenView {
     [[nodiscard]] virtual std::optional<CalendarItem> SelectedItem() const = 0;
     /// The selected range of time; nothing where none is selected.
     [[nodiscard]] virtual std::optional<SelectedSlot> SelectedTime() const = 0;
+    /// The date chosen in the main window; here that of the selected time, else today.
+    [[nodiscard]] virtual QDate ShownDate() const;
     /// The session's provider, unless the view has a choice of its own (all providers).
     [[nodiscard]] virtual BookedProvider Provider() const;
     /// Gives up the provisional selection of an appointment that is not made after all.

@@ -58,6 +58,7 @@ struct SessionValues {
     int ApptKind = 0;  ///< 1 patient appointment, 2 Activity/Event, 3 Unavailable Time, 4 appointment type.
     bool IsNewAppt = false;
     int CurrentApptKey = 0;
+    int ActivityKey = 0;  ///< The Activity that the Activity Scheduler edits; 0 for a new one.
     int CheckInKey = 0;  ///< The appointment being checked in; 0 after the user gave it up.
     int CurrentTaskId = 0;
     QString NewPatientId;  ///< The patient that frmnewpat saved; cleared by who opens it.

@@ -32,6 +32,7 @@ class CalendarView : public ViewWindow, public OpenView {
 
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
+    [[nodiscard]] QDate ShownDate() const override { return main_.Date(); }
     void DropSelection() override;
 
     /// Greys and hides the commands that the user's rights forbid. Who may not write can set no status and delete

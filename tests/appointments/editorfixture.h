@@ -15,11 +15,14 @@ class EditorsView : public OpenView {
     EditorsView() { registerOpenView(); }
 
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
-    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override { return std::nullopt; }
+    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override { return selectedTime; }
+    [[nodiscard]] QDate ShownDate() const override { return shownDate; }
     [[nodiscard]] BookedProvider Provider() const override;
     void DropSelection() override { selectionDropped = true; }
 
     int selectedKey = 0;
+    std::optional<SelectedSlot> selectedTime;
+    QDate shownDate{2026, 3, 11};
     std::optional<BookedProvider> chosenProvider;  ///< Of the all-providers view.
     bool selectionDropped = false;
 };

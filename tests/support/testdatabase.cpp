@@ -53,18 +53,24 @@ qint64 TestDatabase::number(const QString& statement) {
 }
 
 QString TestDatabase::refuse(const QString& operation, const QString& table) {
+    runInFile(QStringLiteral("Create Trigger refuse%1%2 Before %1 On %2 Begin Select Raise(Abort, 'Refused'); End")
+                  .arg(operation, table));
+    return QStringLiteral("The %1 statement conflicted with a CHECK constraint.").arg(operation.toUpper());
+}
+
+void TestDatabase::allow(const QString& operation, const QString& table) {
+    runInFile(QStringLiteral("Drop Trigger refuse%1%2").arg(operation, table));
+}
+
+// The system's dialect has no triggers: one is put into the file as any SQLite tool would.
+void TestDatabase::runInFile(const QString& statement) {
     if (!connectionText_.contains(folder_.path()))
         throw std::logic_error("This test needs the embedded database.");
-    const QString trigger =
-        QStringLiteral("Create Trigger refuse%1%2 Before %1 On %2 Begin Select Raise(Abort, 'Refused'); End")
-            .arg(operation, table);
-    // The system's dialect has no triggers: one is put into the file as any SQLite tool would.
     sqlite3* file = nullptr;
     sqlite3_open(folder_.filePath(QStringLiteral("test.db")).toUtf8().constData(), &file);
-    const int code = sqlite3_exec(file, trigger.toUtf8().constData(), nullptr, nullptr, nullptr);
+    const int code = sqlite3_exec(file, statement.toUtf8().constData(), nullptr, nullptr, nullptr);
     const std::string message = sqlite3_errmsg(file);
     sqlite3_close(file);
     if (code != SQLITE_OK)
         throw std::runtime_error(message);
-    return QStringLiteral("The %1 statement conflicted with a CHECK constraint.").arg(operation.toUpper());
 }

@@ -26,8 +26,12 @@ class TestDatabase {
     /// From now on the embedded database refuses every "Insert", "Update" or "Delete" on a table, a cursor's too; gives
     /// the reason that it will say. A server is left as it is, which throws std::logic_error.
     QString refuse(const QString& operation, const QString& table);
+    /// Takes that back.
+    void allow(const QString& operation, const QString& table);
 
   private:
+    void runInFile(const QString& statement);
+
     QTemporaryDir folder_;
     QString connectionText_;
     db::Connection connection_;

@@ -1,0 +1,253 @@
+#include "appointments/frmactsc.h"
+
+#include <QHash>
+#include <QLabel>
+#include <QListWidget>
+#include <QLocale>
+#include <QPushButton>
+
+#include "appointments/apptlists.h"
+#include "appointments/attendeelist.h"
+#include "appointments/durationlabel.h"
+#include "appointments/frmeconflict.h"
+#include "data/codes.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/formarea.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+constexpr int MostNames = 8;
+
+}  // namespace
+
+frmactsc::frmactsc(QWidget* parent) : QDialog(parent), key_(Session().ActivityKey) {
+    setObjectName(QStringLiteral("frmactsc"));
+    setWindowTitle(QStringLiteral("Activity Scheduler"));
+    buildForm();
+    connectFields();
+    load();
+    FitToScreen(*this);
+}
+
+// The focus leaves its field when the form goes, which must still find the whole form.
+frmactsc::~frmactsc() {
+    hide();
+}
+
+void frmactsc::SetSlot(const SelectedSlot& slot) {
+    ctDEditComp->setDate(slot.date);
+    ctstart->setTime(slot.start);
+    ctend->setTime(slot.end);
+    dirty = true;
+}
+
+void frmactsc::load() {
+    const BusyPointer busy;
+    ctDEditComp->setDateOrder(Session().DateOrder);
+    for (ctDEdit* time : {ctstart, ctend})
+        time->setTwentyFourHour(Session().MilitaryTime);
+    LoadEvents(*cboevents);
+    loadprovs();
+    LoadLocations(*cbolocation);
+    if (key_ == 0)
+        showNew();
+    else
+        LoadGroupEvent();
+    showAttendees();
+    eventTyped_ = false;
+    locationTyped_ = false;
+    attendeesChanged = false;
+    dirty = false;
+}
+
+void frmactsc::loadprovs() {
+    struct Provider {
+        QString id;
+        QString name;
+    };
+    QList<Provider> providers;
+    QHash<QString, int> bearers;
+    LoadList("Select id, prov_lastname from provider_info Where Archive = 0 Order by prov_lastname",
+             QStringLiteral("Error loading provider list. "), [&](const Recordset& row) {
+                 providers.append({row["id"].text(), row["prov_lastname"].text()});
+                 ++bearers[providers.back().name.toLower()];
+             });
+    for (const Provider& provider : providers) {
+        // Who bear the same name are told apart.
+        const bool alone = bearers.value(provider.name.toLower()) == 1 && !provider.name.isEmpty();
+        List1->AddProvider(provider.id,
+                           alone ? provider.name : QStringLiteral("%1 (%2)").arg(provider.name, provider.id).trimmed());
+    }
+}
+
+void frmactsc::LoadGroupEvent() {
+    try {
+        Recordset rows(
+            Sql("Select * from Appointments Inner Join AppointmentsEvents on appointments.nkeyid = appointmentsevents.nkeyid Where appointments.nkeyid = {}",
+                key_),
+            Session().Connection);
+        if (rows.Eof())
+            return;
+        const Event event = eventOf(rows);
+        cboevents->SetText(event.text);
+        cbolocation->SetText(event.location);
+        ctDEditComp->setDate(event.date);
+        ctstart->setTime(event.start);
+        ctend->setTime(event.end);
+        QStringList attendees;
+        for (; !rows.Eof(); rows.MoveNext())
+            attendees << rows[QStringLiteral("appointmentsevents.clinicianid")].text();
+        for (const QString& id : attendees)
+            showAttendee(id);
+        storedAttendees_ = attendees;
+        storedEvent_ = event;
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading appointment. "), error);
+    }
+}
+
+// Who has left the practice since is on no list, and would leave the Activity unseen with the next save.
+void frmactsc::showAttendee(const QString& id) {
+    if (List1->FindProvider(id) < 0) {
+        const Recordset provider(Sql("Select prov_lastname from provider_info Where id = '{}'", id),
+                                 Session().Connection);
+        const QString name = provider.Eof() ? QString() : provider["prov_lastname"].text();
+        List1->AddProvider(id, tr("%1 (no longer on the list)").arg(name.isEmpty() ? id : name));
+    }
+    List1->SelectProvider(List1->FindProvider(id));
+}
+
+void frmactsc::showNew() {
+    const OpenView* view = TheOpenView();
+    ctDEditComp->setDate(view != nullptr ? view->ShownDate() : Today());
+    if (const std::optional<SelectedSlot> slot = view != nullptr ? view->SelectedTime() : std::nullopt) {
+        ctDEditComp->setDate(slot->date);
+        ctstart->setTime(slot->start);
+        ctend->setTime(slot->end);
+    }
+}
+
+void frmactsc::showWeekday() {
+    const QDate date = ctDEditComp->Date();
+    lblweekday->setText(date.isValid() ? QLocale().dayName(date.dayOfWeek()) : QString());
+}
+
+void frmactsc::showAttendees() {
+    const QStringList names = List1->SelectedNames();
+    const int count = static_cast<int>(names.size());
+    if (count == 0) {
+        lblattendees->setText(tr("Nobody attends yet"));
+        return;
+    }
+    const QString number = count == 1 ? tr("1 attendee") : tr("%1 attendees").arg(count);
+    QString who = names.first(std::min(count, MostNames)).join(QStringLiteral(", "));
+    if (count > MostNames)
+        who += tr(" and %1 more").arg(count - MostNames);
+    lblattendees->setText(QStringLiteral("%1: %2").arg(number, who));
+}
+
+void frmactsc::showCut() {
+    QStringList hints;
+    if (cboevents->Text().size() > LongestText)
+        hints << tr("Only the first %1 characters of the event are kept.").arg(LongestText);
+    if (cbolocation->Text().size() > LongestLocation)
+        hints << tr("Only the first %1 characters of the location are kept.").arg(LongestLocation);
+    lblcut->setText(hints.join(QLatin1Char('\n')));
+}
+
+void frmactsc::leaveList(Qt::FocusReason reason) {
+    if (!PressesButton(reason))
+        offerUnknownItems();
+}
+
+void frmactsc::offerUnknownItems() {
+    if (eventTyped_) {
+        eventTyped_ = false;
+        OfferUnknownItem(*cboevents, GrowingList::Events);
+    }
+    if (locationTyped_) {
+        locationTyped_ = false;
+        OfferUnknownItem(*cbolocation, GrowingList::Locations);
+    }
+}
+
+// Enter and the Alt key do not leave the field in which the user stands.
+void frmactsc::settleFields() {
+    for (ctDEdit* field : {ctDEditComp, ctstart, ctend})
+        field->setText(field->Text());
+}
+
+bool frmactsc::refuse(const QString& message, QWidget* field, const QString& title) {
+    MsgBox(message, ExclamationBox, title);
+    field->setFocus();
+    return false;
+}
+
+QString frmactsc::ListedProviders() const {
+    QStringList quoted;
+    for (const QString& id : List1->SelectedIds())
+        quoted << Sql("'{}'", id);
+    return quoted.join(QStringLiteral(", "));
+}
+
+void frmactsc::busySearch() {
+    settleFields();
+    if (!searchIsComplete())
+        return;
+    try {
+        const QStringList names = busyNames();
+        if (names.isEmpty()) {
+            MsgBox(QStringLiteral("No conflicts found for selected attendees."), InformationBox, windowTitle());
+            return;
+        }
+        frmeConflict conflicts(this);
+        conflicts.List1->addItems(names);
+        ShowModal(conflicts);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error checking for conflicts. "), error);
+    }
+}
+
+bool frmactsc::searchIsComplete() {
+    if (ctDEditComp->Value() < FirstValidDate)
+        return refuse(QStringLiteral("Enter a valid date."), ctDEditComp);
+    if (ctstart->Value() == NoTime)
+        return refuse(QStringLiteral("Enter a start time"), ctstart);
+    if (ctend->Value() == NoTime)
+        return refuse(QStringLiteral("Enter a start time"), ctend);
+    if (ctstart->Time() >= ctend->Time())
+        return refuse(QStringLiteral("End time must be later than start time"), ctend);
+    if (List1->SelectedIds().isEmpty())
+        return refuse(QStringLiteral("Enter one or more providers to attend"), List1);
+    return true;
+}
+
+QStringList frmactsc::busyNames() const {
+    const BusyPointer busy;
+    const db::Raw ids{ListedProviders()};
+    const int start = ctstart->Time();
+    const int end = ctend->Time();
+    QStringList names;
+    for (
+        Recordset rows(
+            Sql("SELECT appointments.ClinicianId as [AptClId], appointmentsEvents.ClinicianId as [EvClId] FROM appointments LEFT JOIN appointmentsEvents ON appointments.nkeyid = appointmentsevents.nkeyid WHERE ((appointments.ClinicianID IN({}))  or  (appointmentsEvents.ClinicianID IN({}))) AND dapptdate = '{}' AND (({} BETWEEN nstarttime AND nendtime) OR ({} BETWEEN nstarttime AND nendtime) OR (nstarttime BETWEEN {} AND {}))",
+                ids, ids, ctDEditComp->Date(), start, end, start, end),
+            Session().Connection);
+        !rows.Eof(); rows.MoveNext()) {
+        const QString owner = rows["AptClId"].text();
+        const int row = List1->FindProvider(owner == QLatin1String(EventClinicianId) ? rows["EvClId"].text() : owner);
+        if (row >= 0)
+            names << List1->ProviderName(row);
+    }
+    return names;
+}

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <optional>
+#include <QDate>
+#include <QDialog>
+#include <QStringList>
+
+#include "session/openview.h"
+
+class AttendeeList;
+class CompletingCombo;
+class DurationLabel;
+class QLabel;
+class QPushButton;
+class ctDEdit;
+namespace db {
+class DatabaseError;
+class Recordset;
+}  // namespace db
+
+/// The Activity Scheduler: an Activity/Event that several providers attend, one row of `appointments` under the pseudo
+/// provider "~EVT" with a row of `AppointmentsEvents` for each attendee. The caller sets the session's ActivityKey, 0
+/// for a new one, makes the form, which loads itself, shows it modally, and reloads its view.
+///
+/// A new one is for the date of the open view, at the time selected there. What happened to an Activity meanwhile is
+/// not lost: an attendee who is on the provider list no more stays an attendee, shown as such, until the user takes
+/// them out; a row that another desk has changed is not written over. Where a save fails the form stays open with what
+/// was typed, and what was written stays; OK then completes the same row.
+class frmactsc : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmactsc(QWidget* parent = nullptr);
+    ~frmactsc() override;
+
+    /// Writes the times to which the Activity was dragged; a change like one that is typed.
+    void SetSlot(const SelectedSlot& slot);
+    /// Names in frmeConflict who is busy at the time that is entered. Touching times count, and the Activity itself too
+    /// if it was saved before. Whoever has two appointments in the way is named for each.
+    void busySearch();
+
+    /// The ids of the attendees for an IN list: "'REED', 'OBRIEN'".
+    [[nodiscard]] QString ListedProviders() const;
+
+    bool dirty = false;
+    bool attendeesChanged = false;
+
+    CompletingCombo* cboevents = nullptr;
+    ctDEdit* ctDEditComp = nullptr;  ///< With the calendar that drops from it.
+    QLabel* lblweekday = nullptr;
+    ctDEdit* ctstart = nullptr;
+    ctDEdit* ctend = nullptr;
+    DurationLabel* lblduration = nullptr;  ///< How long it lasts, or that it ends before it starts, which OK accepts.
+    CompletingCombo* cbolocation = nullptr;
+    QLabel* lblcut = nullptr;  ///< Which text is too long to be kept whole.
+    AttendeeList* List1 = nullptr;
+    QLabel* lblattendees = nullptr;  ///< Who attends, in words.
+    QPushButton* cmdbusy = nullptr;
+    QPushButton* cmdOk = nullptr;
+    QPushButton* cmdCancel = nullptr;
+
+  private:
+    static constexpr int FirstValidDate = 2;
+    static constexpr int NoTime = -1;
+    static constexpr int LongestText = 100;     ///< Of `cappttext`; more is cut by a save.
+    static constexpr int LongestLocation = 50;  ///< Of `CLOCATION`; likewise.
+
+    /// What a save writes, as the row was last read or written here.
+    struct Event {
+        int start = 0;
+        int end = 0;
+        QDate date;
+        QString text;
+        QString location;
+
+        friend bool operator==(const Event&, const Event&) = default;
+    };
+
+    // frmactsc_layout.cpp
+    void buildForm();
+    [[nodiscard]] QWidget* buildFields();
+    [[nodiscard]] QWidget* buildAttendees();
+    [[nodiscard]] QLayout* buildButtons();
+    void connectFields();
+
+    // frmactsc.cpp
+    void load();
+    void loadprovs();
+    void LoadGroupEvent();
+    void showAttendee(const QString& id);
+    void showNew();
+    void showWeekday();
+    void showAttendees();
+    void showCut();
+    void leaveList(Qt::FocusReason reason);
+    void offerUnknownItems();
+    void settleFields();
+    [[nodiscard]] QStringList busyNames() const;
+    [[nodiscard]] bool searchIsComplete();
+    bool refuse(const QString& message, QWidget* field, const QString& title = QStringLiteral("Missing Data"));
+
+    // frmactsc_save.cpp
+    void cmdOk_Click();
+    [[nodiscard]] bool isComplete();
+    /// Both are false where the form is to stay open, since the save failed for a reason that may pass.
+    [[nodiscard]] bool SaveNewEvent();
+    [[nodiscard]] bool SaveUpdateEvent();
+    [[nodiscard]] bool tellFailure(const db::DatabaseError& error);
+    void writeFields(db::Recordset& row) const;
+    void insertAttendees();
+    [[nodiscard]] static Event eventOf(const db::Recordset& row);
+    [[nodiscard]] bool attendeesStand() const;
+
+    int key_ = 0;  ///< Of the row; 0 while there is none.
+    std::optional<Event> storedEvent_;
+    QStringList storedAttendees_;  ///< Whom the database holds, as far as this form knows.
+    bool eventTyped_ = false;
+    bool locationTyped_ = false;
+};

@@ -1,0 +1,172 @@
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "appointments/attendeelist.h"
+#include "appointments/durationlabel.h"
+#include "appointments/frmactsc.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/formarea.h"
+#include "platform/theme/icon.h"
+#include "platform/theme/theme.h"
+
+namespace {
+
+constexpr int ListCharacters = 26;
+constexpr int ListLines = 8;
+constexpr int SummaryLines = 2;
+
+template <typename Widget>
+Widget* named(Widget* widget, const char* name) {
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+QLabel* fieldLabel(const QString& text, QWidget* field) {
+    auto* label = new QLabel(text, field->parentWidget());
+    label->setBuddy(field);
+    return label;
+}
+
+CompletingCombo* combo(const char* name, const QString& accessibleName, QWidget* parent) {
+    auto* box = named(new CompletingCombo(CompletingCombo::Entry::Free, parent), name);
+    box->setAccessibleName(accessibleName);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(22);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return box;
+}
+
+ctDEdit* edit(ctDEdit::Kind kind, const char* name, const QString& accessibleName, QWidget* parent) {
+    auto* field = named(new ctDEdit(kind, parent), name);
+    field->setAccessibleName(accessibleName);
+    return field;
+}
+
+QHBoxLayout* line(std::initializer_list<QWidget*> widgets) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Space(8));
+    for (QWidget* widget : widgets)
+        row->addWidget(widget);
+    row->setStretch(row->count() - 1, 1);
+    return row;
+}
+
+QPushButton* button(const QString& text, const char* name, QWidget* parent) {
+    auto* made = named(new QPushButton(text, parent), name);
+    made->setAutoDefault(false);
+    return made;
+}
+
+}  // namespace
+
+void frmactsc::buildForm() {
+    auto* halves = new QWidget(this);
+    auto* row = new QHBoxLayout(halves);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Space(24));
+    row->addWidget(buildFields(), 3);
+    row->addWidget(buildAttendees(), 2);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(12));
+    column->addWidget(new FormArea(halves, this), 1);
+    column->addLayout(buildButtons());
+}
+
+QWidget* frmactsc::buildFields() {
+    auto* fields = new QWidget(this);
+    cboevents = combo("cboevents", tr("Activity or event"), fields);
+    ctDEditComp = edit(ctDEdit::Kind::Date, "ctDEditComp", tr("Date"), fields);
+    lblweekday = named(new QLabel(fields), "lblweekday");
+    lblweekday->setForegroundRole(QPalette::PlaceholderText);
+    ctstart = edit(ctDEdit::Kind::Time, "ctstart", tr("Start"), fields);
+    ctend = edit(ctDEdit::Kind::Time, "ctend", tr("End"), fields);
+    ctend->setIsEnd(true);
+    lblduration = new DurationLabel(fields);
+    cbolocation = combo("cbolocation", tr("Location"), fields);
+    lblcut = named(new QLabel(fields), "lblcut");
+    lblcut->setWordWrap(true);
+    lblcut->setForegroundRole(QPalette::PlaceholderText);
+
+    auto* grid = new QGridLayout(fields);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(Space(8));
+    grid->setVerticalSpacing(Space(8));
+    grid->addWidget(fieldLabel(tr("Eve&nt:"), cboevents), 0, 0);
+    grid->addWidget(cboevents, 0, 1);
+    grid->addWidget(fieldLabel(tr("&Date:"), ctDEditComp), 1, 0);
+    grid->addLayout(line({ctDEditComp, lblweekday}), 1, 1);
+    grid->addWidget(fieldLabel(tr("&Start:"), ctstart), 2, 0);
+    grid->addLayout(line({ctstart, new QWidget(fields)}), 2, 1);
+    grid->addWidget(fieldLabel(tr("&End:"), ctend), 3, 0);
+    grid->addLayout(line({ctend, lblduration}), 3, 1);
+    grid->addWidget(fieldLabel(tr("&Location:"), cbolocation), 4, 0);
+    grid->addWidget(cbolocation, 4, 1);
+    grid->addWidget(lblcut, 5, 1, Qt::AlignTop);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(5, 1);
+    return fields;
+}
+
+QWidget* frmactsc::buildAttendees() {
+    auto* attendees = new QWidget(this);
+    List1 = named(new AttendeeList(attendees), "List1");
+    List1->setAccessibleName(tr("Attendees"));
+    List1->setMinimumSize(fontMetrics().averageCharWidth() * ListCharacters, fontMetrics().height() * ListLines);
+    lblattendees = named(new QLabel(attendees), "lblattendees");
+    lblattendees->setTextFormat(Qt::PlainText);
+    lblattendees->setWordWrap(true);
+    lblattendees->setAlignment(Qt::AlignTop);
+    // The line grows and shrinks with whom it names; the list above does not for the first few.
+    lblattendees->setMinimumHeight(fontMetrics().lineSpacing() * SummaryLines);
+    auto* column = new QVBoxLayout(attendees);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(Space(4));
+    column->addWidget(fieldLabel(tr("&Attendees:"), List1));
+    column->addWidget(List1, 1);
+    column->addWidget(lblattendees);
+    return attendees;
+}
+
+QLayout* frmactsc::buildButtons() {
+    cmdbusy = button(tr("&Busy Search"), "cmdbusy", this);
+    cmdbusy->setIcon(Icon("find"));
+    cmdbusy->setToolTip(tr("Show which attendees are taken at this time"));
+    cmdOk = button(tr("O&K"), "cmdOk", this);
+    cmdOk->setDefault(true);
+    cmdCancel = button(tr("Cancel"), "cmdCancel", this);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(Space(8));
+    buttons->addWidget(cmdbusy);
+    buttons->addStretch(1);
+    buttons->addWidget(cmdOk);
+    buttons->addWidget(cmdCancel);
+    return buttons;
+}
+
+void frmactsc::connectFields() {
+    const auto setDirty = [this] { dirty = true; };
+    for (const ctDEdit* field : {ctDEditComp, ctstart, ctend})
+        connect(field, &ctDEdit::Change, this, setDirty);
+    for (const CompletingCombo* box : {cboevents, cbolocation}) {
+        connect(box, &CompletingCombo::Change, this, setDirty);
+        connect(box, &CompletingCombo::Change, this, &frmactsc::showCut);
+        connect(box, &CompletingCombo::LostFocus, this, &frmactsc::leaveList);
+    }
+    connect(cboevents, &CompletingCombo::Change, this, [this] { eventTyped_ = true; });
+    connect(cbolocation, &CompletingCombo::Change, this, [this] { locationTyped_ = true; });
+    connect(ctDEditComp, &ctDEdit::Change, this, &frmactsc::showWeekday);
+    for (const ctDEdit* time : {ctstart, ctend})
+        connect(time, &ctDEdit::Change, this, [this] { lblduration->ShowTimes(ctstart->Time(), ctend->Time()); });
+    connect(List1, &QListWidget::itemSelectionChanged, this, [this] {
+        dirty = attendeesChanged = true;
+        showAttendees();
+    });
+    connect(cmdbusy, &QPushButton::clicked, this, &frmactsc::busySearch);
+    connect(cmdOk, &QPushButton::clicked, this, &frmactsc::cmdOk_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmactsc::reject);
+}

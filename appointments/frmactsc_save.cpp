@@ -1,0 +1,140 @@
+#include <QSet>
+
+#include "appointments/appointmentrows.h"
+#include "appointments/attendeelist.h"
+#include "appointments/frmactsc.h"
+#include "data/codes.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Lock;
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+void stamp(Recordset& row, const char* date, const char* user) {
+    row.Set(date, Now());
+    row.Set(user, Session().UID);
+}
+
+}  // namespace
+
+void frmactsc::cmdOk_Click() {
+    settleFields();
+    offerUnknownItems();
+    if (!isComplete())
+        return;
+    if (key_ != 0 && !dirty)
+        return accept();
+    if (key_ == 0 ? SaveNewEvent() : SaveUpdateEvent())
+        accept();
+}
+
+// Whether the end comes after the start is not asked here; the form shows it.
+bool frmactsc::isComplete() {
+    if (cboevents->Text().trimmed().isEmpty())
+        return refuse(QStringLiteral("Enter an activity or event."), cboevents, QStringLiteral("Missing Text"));
+    if (ctDEditComp->Value() < FirstValidDate)
+        return refuse(QStringLiteral("Enter a date."), ctDEditComp);
+    if (ctstart->Value() == NoTime)
+        return refuse(QStringLiteral("Enter a start time."), ctstart);
+    if (ctend->Value() == NoTime)
+        return refuse(QStringLiteral("Enter an end time."), ctend);
+    if (List1->SelectedIds().isEmpty())
+        return refuse(QStringLiteral("Enter one or more attendees."), List1);
+    return true;
+}
+
+bool frmactsc::SaveNewEvent() {
+    const BusyPointer busy;
+    try {
+        Recordset row(QStringLiteral("Select * from appointments where 0=1"), Session().Connection, Lock::Optimistic);
+        row.AddNew();
+        stamp(row, "createddate", "createduid");
+        writeFields(row);
+        row.Set("ncolor", ncolor::Activity);
+        row.Set("clinicianid", QString::fromLatin1(EventClinicianId));
+        row.Update();
+        key_ = static_cast<int>(row["nkeyid"].integer());
+        storedEvent_ = eventOf(row);
+        insertAttendees();
+        return true;
+    } catch (const db::DatabaseError& error) {
+        // Where only the attendees are missing, the next OK gives them to the row that is there.
+        dirty = attendeesChanged = true;
+        return tellFailure(error);
+    }
+}
+
+bool frmactsc::SaveUpdateEvent() {
+    const BusyPointer busy;
+    try {
+        Recordset row(Sql("Select * from appointments Where nkeyid = {}", key_), Session().Connection,
+                      Lock::Optimistic);
+        if (row.Eof()) {
+            MsgBox(QStringLiteral("Error saving appointment. Another user may have deleted this appointment. "),
+                   ErrorBox, QStringLiteral("Error"));
+            return true;
+        }
+        if (storedEvent_ != eventOf(row) || (attendeesChanged && !attendeesStand()))
+            throw db::RowChangedError();
+        writeFields(row);
+        if (attendeesChanged) {
+            Session().Connection.Execute(Sql("Delete from AppointmentsEvents Where nkeyid ={}", key_));
+            storedAttendees_.clear();
+            insertAttendees();
+        }
+        row.Update();
+        storedEvent_ = eventOf(row);
+    } catch (const db::DatabaseError& error) {
+        return tellFailure(error);
+    }
+    UpdateRoomTime(key_, storedEvent_->start, storedEvent_->end, storedEvent_->date, storedEvent_->text);
+    return true;
+}
+
+bool frmactsc::tellFailure(const db::DatabaseError& error) {
+    TellError(QStringLiteral("Error saving appointment. "), error);
+    // Another attempt would meet the other desk's change again.
+    return error.number == db::RowChanged;
+}
+
+void frmactsc::writeFields(Recordset& row) const {
+    const QString location = cbolocation->Text().trimmed().isEmpty() ? QString() : cbolocation->Text();
+    row.Set("nStartTime", ctstart->Time());
+    row.Set("nEndTime", ctend->Time());
+    row.Set("dapptdate", ctDEditComp->Date());
+    row.Set("cappttext", cboevents->Text().left(LongestText));
+    row.Set("CLOCATION", location.left(LongestLocation));
+    row.Set("BLOCATEICO", location.isEmpty() ? 0 : 1);
+    stamp(row, "lastmodifieddate", "lastmodifieduid");
+}
+
+void frmactsc::insertAttendees() {
+    for (const QString& id : List1->SelectedIds()) {
+        Session().Connection.Execute(
+            Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, '{}')", key_, id));
+        storedAttendees_ << id;
+    }
+}
+
+// Whether no other desk has changed the attendees that are about to be written anew.
+bool frmactsc::attendeesStand() const {
+    QSet<QString> now;
+    for (Recordset rows(Sql("Select * from AppointmentsEvents Where nkeyid = {}", key_), Session().Connection);
+         !rows.Eof(); rows.MoveNext())
+        now << rows["clinicianid"].text();
+    return now == QSet<QString>(storedAttendees_.begin(), storedAttendees_.end());
+}
+
+frmactsc::Event frmactsc::eventOf(const Recordset& row) {
+    return {static_cast<int>(row["nStartTime"].integer()), static_cast<int>(row["nEndTime"].integer()),
+            row["dapptdate"].date(), row["cappttext"].text(), row["CLOCATION"].text()};
+}

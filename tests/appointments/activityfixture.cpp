@@ -1,0 +1,93 @@
+#include "tests/appointments/activityfixture.h"
+
+#include <QPushButton>
+#include <QTest>
+
+#include "appointments/attendeelist.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+
+using db::Sql;
+
+ActivityFixture::ActivityFixture() {
+    provider(QStringLiteral("LANE"), QStringLiteral("Lane"));
+    provider(QStringLiteral("STONE"), QStringLiteral("Stone"));
+}
+
+frmactsc& ActivityFixture::openNewActivity() {
+    Session().ActivityKey = 0;
+    return show();
+}
+
+frmactsc& ActivityFixture::openActivity(int key) {
+    Session().ActivityKey = key;
+    return show();
+}
+
+frmactsc& ActivityFixture::show() {
+    scheduler = std::make_unique<frmactsc>();
+    scheduler->show();
+    scheduler->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(scheduler.get()));
+    return *scheduler;
+}
+
+int ActivityFixture::activity(const QStringList& attendees) {
+    const int key = appointment(
+        {.text = QStringLiteral("Staff Meeting"), .provider = QStringLiteral("~EVT"), .patient = QString()});
+    db::Connection& main = database.connection();
+    main.Execute(
+        Sql("Update appointments Set ncolor = 16777088, CLOCATION = 'Annex', BLOCATEICO = 1 Where nkeyid = {}", key));
+    for (const QString& id : attendees)
+        main.Execute(Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, '{}')", key, id));
+    return key;
+}
+
+frmactsc& ActivityFixture::openFilledActivity() {
+    frmactsc& dialog = openNewActivity();
+    type(dialog.cboevents, QStringLiteral("Staff Meeting"));
+    type(dialog.ctstart, QStringLiteral("9:00 AM"));
+    type(dialog.ctend, QStringLiteral("10:00 AM"));
+    clickProvider("Reed");
+    clickProvider("O'Brien");
+    return dialog;
+}
+
+void ActivityFixture::clickProvider(const char* name) {
+    AttendeeList& list = *scheduler->List1;
+    const int row = rowOf(name);
+    ASSERT_GE(row, 0) << name;
+    list.scrollToItem(list.item(row));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
+}
+
+void ActivityFixture::clickButton(QPushButton* button) {
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+int ActivityFixture::rowOf(const char* name) {
+    for (int row = 0; row < scheduler->List1->count(); ++row)
+        if (scheduler->List1->ProviderName(row) == QLatin1String(name))
+            return row;
+    return -1;
+}
+
+QString ActivityFixture::attendees(int key) {
+    QStringList ids;
+    for (db::Recordset rows(
+             Sql("Select clinicianid from AppointmentsEvents Where nkeyid = {} Order by clinicianid", key),
+             database.connection());
+         !rows.Eof(); rows.MoveNext())
+        ids << rows[0].text();
+    return ids.join(QLatin1Char(' '));
+}
+
+QString ActivityFixture::stored(int key) {
+    const db::Recordset row(Sql("Select * from appointments Where nkeyid = {}", key), database.connection());
+    if (row.Eof())
+        return QStringLiteral("(none)");
+    return QStringLiteral("%1-%2 %3 %4 @ %5")
+        .arg(row["nStartTime"].integer())
+        .arg(row["nEndTime"].integer())
+        .arg(row["dapptdate"].date().toString(Qt::ISODate), row["cappttext"].text(), row["CLOCATION"].text());
+}
