@@ -12,6 +12,7 @@
 #include "followup/checkintime.h"
 #include "followup/frmarrivaltime.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/formarea.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -58,6 +59,7 @@ frmCheckedIn::frmCheckedIn(QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Checked-In"));
     setAttribute(Qt::WA_DeleteOnClose);
     buildForm();
+    FitToScreen(*this);
     loadcheckedin();
     Timer1.setInterval(RefreshMilliseconds);
     connect(&Timer1, &QTimer::timeout, this, &frmCheckedIn::loadcheckedin);
@@ -81,7 +83,7 @@ void frmCheckedIn::ReloadIfOpen() {
 }
 
 QSize frmCheckedIn::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 86, fontMetrics().height() * 18};
+    return {fontMetrics().averageCharWidth() * 104, fontMetrics().height() * 18};
 }
 
 void frmCheckedIn::showEvent(QShowEvent* event) {
@@ -101,8 +103,8 @@ void frmCheckedIn::buildForm() {
     ctList1->setObjectName(QStringLiteral("ctList1"));
     ctList1->setAccessibleName(QStringLiteral("Checked-In"));
     ctList1->SetColumns({{QStringLiteral("Patient")},
-                         {QStringLiteral("Arrival Time"), ListColumn::Kind::Text, 20},
-                         {QStringLiteral("Apt Time"), ListColumn::Kind::Text, 22},
+                         {QStringLiteral("Arrival Time"), ListColumn::Kind::Text, 22},
+                         {QStringLiteral("Apt Time"), ListColumn::Kind::Text, 27},
                          {QStringLiteral("Provider"), ListColumn::Kind::Text, 16}});
     ctList1->SetHeader(1, Session().WordUsage);
     const auto button = [this](const char* name, const QString& text, const QIcon& icon) {

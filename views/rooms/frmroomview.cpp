@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/controls/formarea.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/theme/theme.h"
@@ -46,7 +47,8 @@ void frmRoomView::buildForm() {
     ctMDay1->setObjectName(QStringLiteral("ctMDay1"));
     ctMDay1->setAccessibleName(tr("Rooms"));
     ctMDay1->setReadOnly(true);
-    auto* hint = new QLabel(tr("The wanted time is shaded. Double-click free time, or click a heading, to choose a room."), this);
+    auto* hint = new QLabel(
+        tr("The wanted time is shaded. Double-click free time, or click a heading, to choose a room."), this);
     hint->setWordWrap(true);
     cmdselect = new QPushButton(tr("&Select Room"), this);
     cmdselect->setObjectName(QStringLiteral("cmdselect"));
@@ -65,6 +67,7 @@ void frmRoomView::buildForm() {
     column->setSpacing(Space(12));
     column->addWidget(ctMDay1, 1);
     column->addLayout(buttons);
+    FitToScreen(*this);
 
     const auto follow = [this] { cmdselect->setEnabled(selectedColumn() > 0); };
     connect(ctMDay1, &ctMDay::ItemSelected, this, follow);
