@@ -77,13 +77,16 @@ void frmarrivalTime::buildForm() {
 
 void frmarrivalTime::LoadCheckedinStatus() {
     int minutes = -1;
-    if (checksIn_)
-        db::Ignoring([&] {
+    if (checksIn_) {
+        try {
             const Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", Session().CheckInKey),
                                 Session().Connection);
             if (!row.Eof())
                 minutes = MinutesOfCheckIn(row["CheckInTime"].text());
-        });
+        } catch (const db::DatabaseError& error) {
+            TellError(QStringLiteral("Error reading arrival time. "), error);
+        }
+    }
     ctstart->setTime(minutes >= 0 ? minutes : minuteOfNow());
 }
 

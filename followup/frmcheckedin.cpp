@@ -182,8 +182,14 @@ void frmCheckedIn::correctArrival(int row) {
     if (!shown.isEmpty() && ShownCheckIn(arrival) == shown)
         return;
     try {
-        Session().Connection.Execute(
+        const qint64 found = Session().Connection.Execute(
             Sql("Update appointments Set Checkintime = '{}' Where nkeyid = {}", arrival, key.toLongLong()));
+        if (found == 0) {
+            MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
+                   ExclamationBox, QStringLiteral("Error"));
+            loadcheckedin();
+            return;
+        }
         // The timer may have read the list anew meanwhile.
         ctList1->SetCell(ctList1->FindItemData(key), ArrivalColumn, ShownCheckIn(arrival));
     } catch (const db::DatabaseError& error) {

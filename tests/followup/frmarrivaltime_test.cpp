@@ -72,6 +72,13 @@ TEST_F(ArrivalTime, ARowThatAnotherUserDeletedIsLeftToTheViewToTell) {
     EXPECT_EQ(form.result(), QDialog::Accepted);
 }
 
+TEST_F(ArrivalTime, AStoredTimeThatCannotBeReadIsTold) {
+    Session().CheckInKey = add({.arrival = QStringLiteral("03/11/26 08:50 AM")});
+    const QString why = loseDatabase();
+    desk.expectBox(QStringLiteral("Error reading arrival time. ") + why, QStringLiteral("Error"));
+    EXPECT_EQ(frmarrivalTime().Arrival(), 545);
+}
+
 TEST_F(ArrivalTime, AFailureIsToldAndTheFormStays) {
     Session().CheckInKey = add({});
     frmarrivalTime form;

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include "followup/frmarrivaltime.h"
@@ -123,6 +124,27 @@ TEST_F(CheckedInList, GivingTheCorrectionUpLeavesTheTime) {
     });
     Q_EMIT form.ctList1->RowActivated(0);
     EXPECT_EQ(arrivalOf(key), QStringLiteral("03/11/26 08:50 AM"));
+}
+
+TEST_F(CheckedInList, CorrectingARowThatAnotherUserDeletedTellsSoAndTakesItAway) {
+    add({.arrival = QStringLiteral("03/11/26 08:50 AM")});
+    frmCheckedIn form;
+    database.connection().Execute(QStringLiteral("Delete from appointments"));
+    expectArrival("8:50 AM", "8:45");
+    desk.expectBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
+                   QStringLiteral("Error"));
+    Q_EMIT form.ctList1->RowActivated(0);
+    EXPECT_EQ(form.ctList1->RowCount(), 0);
+}
+
+TEST_F(CheckedInList, ARefreshKeepsThePlaceOfALongList) {
+    for (int i = 0; i < 60; ++i)
+        add({.text = QStringLiteral("Patient %1").arg(i)});
+    frmCheckedIn form;
+    form.show();
+    form.ctList1->verticalScrollBar()->setValue(20);
+    form.cmdRefresh->click();
+    EXPECT_EQ(form.ctList1->verticalScrollBar()->value(), 20);
 }
 
 TEST_F(CheckedInList, WhoMayOnlyReadCorrectsNothing) {
