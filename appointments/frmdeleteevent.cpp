@@ -34,8 +34,6 @@ frmDeleteEvent::frmDeleteEvent(int key, const QString& attendee, QWidget* parent
         column->addWidget(optdelete[i]);
     }
     optdelete[0]->setChecked(true);
-    optdelete[2]->setEnabled(false);
-    optdelete[2]->setToolTip(tr("Not available in this version."));
 
     auto* ok = new QPushButton(QStringLiteral("&OK"), this);
     ok->setObjectName(QStringLiteral("Command1"));
@@ -53,6 +51,10 @@ frmDeleteEvent::frmDeleteEvent(int key, const QString& attendee, QWidget* parent
 }
 
 void frmDeleteEvent::deleteChosen() {
+    if (optdelete[2]->isChecked()) {
+        Tag = QString::fromLatin1(SelectedTag);
+        return accept();
+    }
     try {
         db::InTransaction(Session().Connection, [this] {
             if (optdelete[0]->isChecked())

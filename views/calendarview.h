@@ -97,6 +97,9 @@ class CalendarView : public ViewWindow, public OpenView {
     void suitEditing(int index);
     void popupOnEmptyTime(int index, const QPoint& place);
     void newappt(int kind);
+    void newActivity();
+    /// Opens the Activity Scheduler, for a new Activity where `key` is 0; one that was dragged shows its new times.
+    void scheduleActivity(int key, const std::optional<SelectedSlot>& draggedTo = std::nullopt);
     void selectAddedTo(const QSet<QString>& before);
     void editCommand();
     void editappt2(int index);

@@ -81,7 +81,10 @@ void CalendarView::deleteCommand() {
 void CalendarView::deleteActivity(int key) {
     frmDeleteEvent question(key, Provider().id, this);
     ShowModal(question);
-    Reload();
+    if (question.Tag == QLatin1String(frmDeleteEvent::SelectedTag))
+        scheduleActivity(key);
+    else
+        Reload();
 }
 
 void CalendarView::DeleteSelectedAppointment() {

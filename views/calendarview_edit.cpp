@@ -3,6 +3,7 @@
 #include <QSet>
 #include <QShortcut>
 
+#include "appointments/frmactsc.h"
 #include "appointments/frmnore.h"
 #include "data/codes.h"
 #include "platform/database/sql.h"
@@ -48,6 +49,7 @@ int kindOf(const CalendarItem& item, int apptType) {
 void CalendarView::bindEditing() {
     for (const NewCommand& command : newCommands)
         menus_.Bind(QLatin1String(command.name), [this, kind = command.kind] { newappt(kind); });
+    menus_.Bind(QStringLiteral("mnuVActivity"), [this] { newActivity(); });
     menus_.Bind(QStringLiteral("mnuAEdit"), [this] { editCommand(); });
     connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitEditing);
     connect(ctMDay1, &ctMDay::ItemActivated, this, &CalendarView::editCommand);
@@ -102,6 +104,24 @@ void CalendarView::newappt(int kind) {
     selectAddedTo(before);
 }
 
+void CalendarView::newActivity() {
+    if (!mayWrite())
+        return;
+    ctMDay1->CommitEdit();
+    const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
+    scheduleActivity(0);
+    selectAddedTo(before);
+}
+
+void CalendarView::scheduleActivity(int key, const std::optional<SelectedSlot>& draggedTo) {
+    Session().ActivityKey = key;
+    frmactsc scheduler(this);
+    if (draggedTo)
+        scheduler.SetSlot(*draggedTo);
+    ShowModal(scheduler);
+    Reload();
+}
+
 // What was just booked stands selected, unless another desk has booked too and nobody can tell which is which.
 void CalendarView::selectAddedTo(const QSet<QString>& before) {
     QStringList added;
@@ -152,8 +172,7 @@ void CalendarView::editappt(int index) {
         return;
     }
     if (kind == apptkind::Activity && isSharedActivity(item.ItemKey.toInt())) {
-        MsgBox(tr("This activity has several providers. It cannot be opened in this version."), InformationBox,
-               tr("Edit Appointment"));
+        scheduleActivity(item.ItemKey.toInt());
         return;
     }
     Session().ApptKind = kind;

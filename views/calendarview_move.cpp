@@ -98,9 +98,7 @@ void CalendarView::moveappt(int index) {
     }
     try {
         if (isSharedActivity(key)) {
-            putBack(item.ItemKey);
-            MsgBox(tr("This activity has several providers. It cannot be moved in this version."), InformationBox,
-                   tr("Move Activity"));
+            scheduleActivity(key, SelectedSlot{item.ItemDay, item.ItemStart, item.ItemEnd});
             return;
         }
         const int room = ApptRoomId(key);

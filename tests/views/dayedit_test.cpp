@@ -189,16 +189,6 @@ TEST_F(DayEdit, ARowThatCannotBeReadIsTold) {
     EXPECT_EQ(itemTexts(), QStringList{"Anna"});
 }
 
-TEST_F(DayEdit, AnActivityOfSeveralProvidersIsNotOpenedHere) {
-    const qint64 key = add(anAppointment("Staff meeting").of("~EVT").status(ncolor::Activity));
-    run(QStringLiteral("Insert Into appointmentsevents (nkeyid, clinicianid) Values(%1, 'REED')").arg(key));
-    openByHand();
-    select("Staff meeting");
-    desk.expectBox("This activity has several providers. It cannot be opened in this version.", "Edit Appointment");
-
-    this->key(Qt::Key_Return);
-}
-
 TEST_F(DayEdit, AGroupIsNotOpenedHere) {
     add(anAppointment("Anger").status(ncolor::Group));
     openByHand();

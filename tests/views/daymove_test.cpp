@@ -269,18 +269,6 @@ TEST_F(DayMove, WithoutARoomNobodyAsksForConflicts) {
     EXPECT_EQ(times(key), "660-720");
 }
 
-TEST_F(DayMove, AnActivityOfSeveralProvidersGoesBackToItsPlace) {
-    const qint64 key = add(anAppointment("Staff meeting").of("~EVT").status(ncolor::Activity).at(9, 0).until(10, 0));
-    run(QStringLiteral("Insert Into appointmentsevents (nkeyid, clinicianid) Values(%1, 'REED')").arg(key));
-    openByHand();
-    desk.expectBox("This activity has several providers. It cannot be moved in this version.", "Move Activity");
-
-    moveTo("Staff meeting", 660);
-
-    EXPECT_EQ(times(key), "540-600");
-    EXPECT_EQ(item("Staff meeting").ItemStart, 540);
-}
-
 TEST_F(DayMove, AnActivityOfOneProviderUnavailableTimeAndAGroupCanBeMoved) {
     const qint64 activity = add(anAppointment("Call").status(ncolor::Activity).at(9, 0).until(9, 30));
     const qint64 away = add(anAppointment("Away").status(ncolor::Unavailable).at(10, 0).until(10, 30));
