@@ -2,6 +2,8 @@
 
 #include <QStyledItemDelegate>
 
+#include "platform/theme/theme.h"
+
 namespace {
 
 constexpr int IdRole = Qt::UserRole;
@@ -10,6 +12,10 @@ constexpr int IdRole = Qt::UserRole;
 class CheckedDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, Space(8));
+    }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {

@@ -26,7 +26,7 @@ using db::Sql;
 
 namespace {
 
-constexpr int MostNames = 8;
+constexpr int MostNames = 4;
 
 }  // namespace
 

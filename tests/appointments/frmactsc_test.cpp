@@ -146,8 +146,7 @@ TEST_F(ActivityScheduler, ManyAttendeesAreCountedAndTheFirstNamed) {
         provider(QStringLiteral("P%1").arg(i), QStringLiteral("Aa%1").arg(i));
     const frmactsc& dialog = openNewActivity();
     dialog.List1->selectAll();
-    EXPECT_EQ(dialog.lblattendees->text(),
-              QStringLiteral("14 attendees: Aa0, Aa1, Aa2, Aa3, Aa4, Aa5, Aa6, Aa7 and 6 more"));
+    EXPECT_EQ(dialog.lblattendees->text(), QStringLiteral("14 attendees: Aa0, Aa1, Aa2, Aa3 and 10 more"));
 }
 
 TEST_F(ActivityScheduler, AnAttendeeWhoHasLeftThePracticeIsStillShown) {
