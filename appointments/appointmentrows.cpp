@@ -33,6 +33,12 @@ int ApptRoomId(int apptKey) {
     }
 }
 
+void BookRoom(int roomId, int apptKey, int start, int end, QDate date, const QString& text) {
+    Session().Connection.Execute(db::Sql(
+        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values({}, {}, '{}', '{}', {}, {})",
+        start, end, date, text, roomId, apptKey));
+}
+
 bool UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text) {
     if (apptKey < 1)
         return true;

@@ -12,6 +12,9 @@ bool SetApptStatus(int key, int code);
 /// saved and has no room, although the meetings that belong to no appointment carry apptid 0.
 [[nodiscard]] int ApptRoomId(int apptKey);
 
+/// Books a room for an appointment, from `start` to `end` in minutes since midnight. Throws db::DatabaseError.
+void BookRoom(int roomId, int apptKey, int start, int end, QDate date, const QString& text);
+
 /// Moves the first room booking of an appointment to another time, in minutes since midnight, and day, and gives it
 /// another text (its first 100 characters) where `text` is not empty. Without a booking, and for a key below 1, nothing
 /// is done. On a failure the user is told "Error saving room schedule. " with the reason, and the answer is false.

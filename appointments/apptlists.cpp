@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 
+#include "appointments/appointmentrows.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
@@ -63,6 +64,18 @@ void LoadRooms(CompletingCombo& box) {
                  if (const QString room = row["room"].text(); !room.isEmpty())
                      box.AddItem(room, static_cast<int>(row["roomid"].integer()));
              });
+}
+
+bool ShowBookedRoom(CompletingCombo& box, int apptKey) {
+    const int room = ApptRoomId(apptKey);
+    if (room > 0) {
+        if (box.FindItemData(room) < 0) {
+            box.AddItem(QCoreApplication::translate("ShowBookedRoom", "(no longer on the list)"), room);
+            box.setEnabled(true);
+        }
+        box.SetListIndex(box.FindItemData(room));
+    }
+    return room >= 0;
 }
 
 void OfferUnknownItem(CompletingCombo& box, GrowingList list) {

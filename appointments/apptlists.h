@@ -16,6 +16,9 @@ void LoadEvents(CompletingCombo& box);
 void LoadLocations(CompletingCombo& box);
 /// With RoomID as item data. A room without a name is left out: an emptied box must not stand for it.
 void LoadRooms(CompletingCombo& box);
+/// Selects the room that is booked for an appointment; one that is on no list any more is put on it, so that a save
+/// keeps it. False where the booking could not be read, which the user has been told: a save must then leave it alone.
+bool ShowBookedRoom(CompletingCombo& box, int apptKey);
 
 /// The lists that grow by what is typed in their combos.
 enum class GrowingList { Availability, Events, Locations };

@@ -9,6 +9,7 @@
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/formparts.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 
@@ -18,20 +19,8 @@ constexpr int ListCharacters = 26;
 constexpr int ListLines = 8;
 constexpr int SummaryLines = 2;
 
-template <typename Widget>
-Widget* named(Widget* widget, const char* name) {
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-QLabel* fieldLabel(const QString& text, QWidget* field) {
-    auto* label = new QLabel(text, field->parentWidget());
-    label->setBuddy(field);
-    return label;
-}
-
 CompletingCombo* combo(const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* box = named(new CompletingCombo(CompletingCombo::Entry::Free, parent), name);
+    auto* box = Named(new CompletingCombo(CompletingCombo::Entry::Free, parent), name);
     box->setAccessibleName(accessibleName);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(22);
@@ -40,7 +29,7 @@ CompletingCombo* combo(const char* name, const QString& accessibleName, QWidget*
 }
 
 ctDEdit* edit(ctDEdit::Kind kind, const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* field = named(new ctDEdit(kind, parent), name);
+    auto* field = Named(new ctDEdit(kind, parent), name);
     field->setAccessibleName(accessibleName);
     return field;
 }
@@ -52,12 +41,6 @@ QHBoxLayout* line(std::initializer_list<QWidget*> widgets) {
         row->addWidget(widget);
     row->setStretch(row->count() - 1, 1);
     return row;
-}
-
-QPushButton* button(const QString& text, const char* name, QWidget* parent) {
-    auto* made = named(new QPushButton(text, parent), name);
-    made->setAutoDefault(false);
-    return made;
 }
 
 }  // namespace
@@ -81,14 +64,14 @@ QWidget* frmactsc::buildFields() {
     auto* fields = new QWidget(this);
     cboevents = combo("cboevents", tr("Activity or event"), fields);
     ctDEditComp = edit(ctDEdit::Kind::Date, "ctDEditComp", tr("Date"), fields);
-    lblweekday = named(new QLabel(fields), "lblweekday");
+    lblweekday = Named(new QLabel(fields), "lblweekday");
     lblweekday->setForegroundRole(QPalette::PlaceholderText);
     ctstart = edit(ctDEdit::Kind::Time, "ctstart", tr("Start"), fields);
     ctend = edit(ctDEdit::Kind::Time, "ctend", tr("End"), fields);
     ctend->setIsEnd(true);
     lblduration = new DurationLabel(fields);
     cbolocation = combo("cbolocation", tr("Location"), fields);
-    lblcut = named(new QLabel(fields), "lblcut");
+    lblcut = Named(new QLabel(fields), "lblcut");
     lblcut->setWordWrap(true);
     lblcut->setForegroundRole(QPalette::PlaceholderText);
 
@@ -96,15 +79,15 @@ QWidget* frmactsc::buildFields() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(Space(8));
     grid->setVerticalSpacing(Space(8));
-    grid->addWidget(fieldLabel(tr("Eve&nt:"), cboevents), 0, 0);
+    grid->addWidget(FieldLabel(tr("Eve&nt:"), cboevents), 0, 0);
     grid->addWidget(cboevents, 0, 1);
-    grid->addWidget(fieldLabel(tr("&Date:"), ctDEditComp), 1, 0);
+    grid->addWidget(FieldLabel(tr("&Date:"), ctDEditComp), 1, 0);
     grid->addLayout(line({ctDEditComp, lblweekday}), 1, 1);
-    grid->addWidget(fieldLabel(tr("&Start:"), ctstart), 2, 0);
+    grid->addWidget(FieldLabel(tr("&Start:"), ctstart), 2, 0);
     grid->addLayout(line({ctstart, new QWidget(fields)}), 2, 1);
-    grid->addWidget(fieldLabel(tr("&End:"), ctend), 3, 0);
+    grid->addWidget(FieldLabel(tr("&End:"), ctend), 3, 0);
     grid->addLayout(line({ctend, lblduration}), 3, 1);
-    grid->addWidget(fieldLabel(tr("&Location:"), cbolocation), 4, 0);
+    grid->addWidget(FieldLabel(tr("&Location:"), cbolocation), 4, 0);
     grid->addWidget(cbolocation, 4, 1);
     grid->addWidget(lblcut, 5, 1, Qt::AlignTop);
     grid->setColumnStretch(1, 1);
@@ -114,10 +97,10 @@ QWidget* frmactsc::buildFields() {
 
 QWidget* frmactsc::buildAttendees() {
     auto* attendees = new QWidget(this);
-    List1 = named(new AttendeeList(attendees), "List1");
+    List1 = Named(new AttendeeList(attendees), "List1");
     List1->setAccessibleName(tr("Attendees"));
     List1->setMinimumSize(fontMetrics().averageCharWidth() * ListCharacters, fontMetrics().height() * ListLines);
-    lblattendees = named(new QLabel(attendees), "lblattendees");
+    lblattendees = Named(new QLabel(attendees), "lblattendees");
     lblattendees->setTextFormat(Qt::PlainText);
     lblattendees->setWordWrap(true);
     lblattendees->setAlignment(Qt::AlignTop);
@@ -126,19 +109,19 @@ QWidget* frmactsc::buildAttendees() {
     auto* column = new QVBoxLayout(attendees);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Space(4));
-    column->addWidget(fieldLabel(tr("&Attendees:"), List1));
+    column->addWidget(FieldLabel(tr("&Attendees:"), List1));
     column->addWidget(List1, 1);
     column->addWidget(lblattendees);
     return attendees;
 }
 
 QLayout* frmactsc::buildButtons() {
-    cmdbusy = button(tr("&Busy Search"), "cmdbusy", this);
+    cmdbusy = FormButton(tr("&Busy Search"), "cmdbusy", this);
     cmdbusy->setIcon(Icon("find"));
     cmdbusy->setToolTip(tr("Show which attendees are taken at this time"));
-    cmdOk = button(tr("O&K"), "cmdOk", this);
+    cmdOk = FormButton(tr("O&K"), "cmdOk", this);
     cmdOk->setDefault(true);
-    cmdCancel = button(tr("Cancel"), "cmdCancel", this);
+    cmdCancel = FormButton(tr("Cancel"), "cmdCancel", this);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Space(8));
     buttons->addWidget(cmdbusy);

@@ -23,11 +23,6 @@ constexpr int DateColumn = 2;
 constexpr int TimeColumn = 3;
 constexpr int TextColumn = 4;
 
-// The list joins its cells by ";" and shows one line a row.
-QString oneCell(QString text) {
-    return text.replace(u';', u',').simplified();
-}
-
 }  // namespace
 
 frmdelrepeat::frmdelrepeat(QWidget* parent) : QDialog(parent) {
@@ -85,9 +80,7 @@ QSize frmdelrepeat::sizeHint() const {
 
 void frmdelrepeat::AddAppointment(const Row& row) {
     const int added = ctList1->AddRow(
-        QStringList{QString::number(row.checked ? 1 : 0), oneCell(row.date), oneCell(row.time), oneCell(row.text)}.join(
-            u';'),
-        row.key);
+        JoinCells({QString::number(row.checked ? 1 : 0), row.date, row.time, row.text.simplified()}), row.key);
     if (row.isGroup)
         ctList1->SetItemText(added, QStringLiteral("G"));
     if (row.checked)

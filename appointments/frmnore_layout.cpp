@@ -16,6 +16,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/formparts.h"
 #include "platform/controls/notefield.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
@@ -34,21 +35,8 @@ void keepToOneLine(QLineEdit* box) {
     box->setValidator(new CharacterFilter([](QChar letter) { return letter != u'\n' && letter != u'\r'; }, box));
 }
 
-template <typename Widget>
-Widget* named(Widget* widget, const char* name) {
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-QLabel* fieldLabel(const QString& text, QWidget* field, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setBuddy(field);
-    label->setProperty("fieldLabel", true);
-    return label;
-}
-
 CompletingCombo* combo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* box = named(new CompletingCombo(entry, parent), name);
+    auto* box = Named(new CompletingCombo(entry, parent), name);
     box->setAccessibleName(accessibleName);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(14);
@@ -56,15 +44,9 @@ CompletingCombo* combo(CompletingCombo::Entry entry, const char* name, const QSt
     return box;
 }
 
-QPushButton* button(const QString& text, const char* name, QWidget* parent) {
-    auto* made = named(new QPushButton(text, parent), name);
-    made->setAutoDefault(false);
-    return made;
-}
-
 /// What is known about the patient: shown, never typed.
 QLabel* factLabel(const char* name, QWidget* parent) {
-    auto* label = named(new QLabel(parent), name);
+    auto* label = Named(new QLabel(parent), name);
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
@@ -118,22 +100,22 @@ void frmnore::buildForm() {
 }
 
 void frmnore::buildPatientPage() {
-    QWidget* page = fraappttype[0] = named(new QWidget(this), "fraappttype0");
-    txtpatients = named(new QLineEdit(page), "txtpatients");
+    QWidget* page = fraappttype[0] = Named(new QWidget(this), "fraappttype0");
+    txtpatients = Named(new QLineEdit(page), "txtpatients");
     txtpatients->setMaxLength(LongestName);
     keepToOneLine(txtpatients);
     txtpatients->setPlaceholderText(tr("Last name, first name"));
-    Label1 = named(fieldLabel({}, txtpatients, page), "Label1");
-    cmdpatients = named(new QToolButton(page), "cmdpatients");
+    Label1 = Named(FieldLabel({}, txtpatients), "Label1");
+    cmdpatients = Named(new QToolButton(page), "cmdpatients");
     cmdpatients->setIcon(Icon("down"));
     cmdpatients->setAccessibleName(tr("List of patients"));
     cmdpatients->setToolTip(tr("List of patients"));
-    cmdPatientList = button(tr("Look &Up..."), "cmdPatientList", page);
-    cmdnewpat = button({}, "cmdnewpat", page);
-    txtaccount = named(new QLineEdit(page), "txtaccount");
+    cmdPatientList = FormButton(tr("Look &Up..."), "cmdPatientList", page);
+    cmdnewpat = FormButton({}, "cmdnewpat", page);
+    txtaccount = Named(new QLineEdit(page), "txtaccount");
     txtaccount->setMaxLength(LongestAccount);
     keepToOneLine(txtaccount);
-    Label14 = named(fieldLabel({}, txtaccount, page), "Label14");
+    Label14 = Named(FieldLabel({}, txtaccount), "Label14");
     lblHPhone = factLabel("lblHPhone", page);
     lblwphone = factLabel("lblwphone", page);
     lblcphone = factLabel("lblcphone", page);
@@ -174,44 +156,44 @@ void frmnore::buildPatientPage() {
 void frmnore::buildOtherPages() {
     using Entry = CompletingCombo::Entry;
     const auto page = [this](int kind, const char* name) {
-        return fraappttype[static_cast<std::size_t>(kind)] = named(new QWidget(this), name);
+        return fraappttype[static_cast<std::size_t>(kind)] = Named(new QWidget(this), name);
     };
     QWidget* events = page(1, "fraappttype1");
     cboevents = combo(Entry::Free, "cboevents", tr("Event"), events);
     auto* grid = fieldGrid(events);
-    grid->addWidget(fieldLabel(tr("Eve&nt:"), cboevents, events), 0, 0);
+    grid->addWidget(FieldLabel(tr("Eve&nt:"), cboevents), 0, 0);
     grid->addWidget(cboevents, 0, 1);
 
     QWidget* unavailable = page(2, "fraappttype2");
     cboavail = combo(Entry::Free, "cboavail", tr("Unavailable for"), unavailable);
     grid = fieldGrid(unavailable);
-    grid->addWidget(fieldLabel(tr("Reaso&n:"), cboavail, unavailable), 0, 0);
+    grid->addWidget(FieldLabel(tr("Reaso&n:"), cboavail), 0, 0);
     grid->addWidget(cboavail, 0, 1);
 
     QWidget* categories = page(3, "fraappttype3");
     cbocats = combo(Entry::ListOnly, "cbocats", tr("Appointment type"), categories);
-    lblaptcolor = named(new QLabel(categories), "lblaptcolor");
+    lblaptcolor = Named(new QLabel(categories), "lblaptcolor");
     lblaptcolor->setFixedWidth(Space(24));
     lblaptcolor->setAutoFillBackground(true);
     lblaptcolor->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     grid = fieldGrid(categories);
-    grid->addWidget(fieldLabel(tr("T&ype:"), cbocats, categories), 0, 0);
+    grid->addWidget(FieldLabel(tr("T&ype:"), cbocats), 0, 0);
     grid->addWidget(cbocats, 0, 1);
     grid->addWidget(lblaptcolor, 0, 2);
 }
 
 QWidget* frmnore::buildWhen() {
     auto* when = new QWidget(this);
-    ctedate = named(new ctDEdit(ctDEdit::Kind::Date, when), "ctedate");
+    ctedate = Named(new ctDEdit(ctDEdit::Kind::Date, when), "ctedate");
     ctedate->setAccessibleName(tr("Date"));
-    lbldate = named(fieldLabel(tr("&Date:"), ctedate, when), "lbldate");
-    ctstart = named(new ctDEdit(ctDEdit::Kind::Time, when), "ctstart");
+    lbldate = Named(FieldLabel(tr("&Date:"), ctedate), "lbldate");
+    ctstart = Named(new ctDEdit(ctDEdit::Kind::Time, when), "ctstart");
     ctstart->setAccessibleName(tr("Start"));
-    ctend = named(new ctDEdit(ctDEdit::Kind::Time, when), "ctend");
+    ctend = Named(new ctDEdit(ctDEdit::Kind::Time, when), "ctend");
     ctend->setAccessibleName(tr("End"));
     ctend->setIsEnd(true);
     lblduration = new DurationLabel(when);
-    SSCheck1 = named(new QCheckBox(tr("All Day E&vent"), when), "SSCheck1");
+    SSCheck1 = Named(new QCheckBox(tr("All Day E&vent"), when), "SSCheck1");
 
     auto* end = new QLabel(tr("&End:"), when);
     end->setBuddy(ctend);
@@ -232,63 +214,63 @@ QWidget* frmnore::buildWhen() {
     dayOf->addWidget(ctedate);
     dayOf->addWidget(lblweekday, 1);
     grid->addLayout(dayOf, 0, 1);
-    grid->addWidget(fieldLabel(tr("&Start:"), ctstart, when), 1, 0);
+    grid->addWidget(FieldLabel(tr("&Start:"), ctstart), 1, 0);
     grid->addLayout(times, 1, 1);
     return when;
 }
 
 void frmnore::buildService() {
-    fraservice = named(new QWidget(this), "fraservice");
+    fraservice = Named(new QWidget(this), "fraservice");
     cbocpt = combo(CompletingCombo::Entry::Free, "cbocpt", tr("Service"), fraservice);
     cbocpt->SetForbidden(QStringLiteral(";|"));
     cboapttype = combo(CompletingCombo::Entry::ListOnly, "cboapttype", tr("Appointment type"), fraservice);
     auto* grid = fieldGrid(fraservice);
-    grid->addWidget(fieldLabel(tr("Se&rvice:"), cbocpt, fraservice), 0, 0);
+    grid->addWidget(FieldLabel(tr("Se&rvice:"), cbocpt), 0, 0);
     grid->addWidget(cbocpt, 0, 1);
-    grid->addWidget(fieldLabel(tr("T&ype:"), cboapttype, fraservice), 1, 0);
+    grid->addWidget(FieldLabel(tr("T&ype:"), cboapttype), 1, 0);
     grid->addWidget(cboapttype, 1, 1);
 }
 
 void frmnore::buildPlace() {
-    Frame1 = named(new QWidget(this), "Frame1");
+    Frame1 = Named(new QWidget(this), "Frame1");
     cbolocation = combo(CompletingCombo::Entry::Free, "cbolocation", tr("Location"), Frame1);
     cbolocation->SetForbidden(QStringLiteral(";|"));
     auto* grid = fieldGrid(Frame1);
-    grid->addWidget(fieldLabel(tr("&Location:"), cbolocation, Frame1), 0, 0);
+    grid->addWidget(FieldLabel(tr("&Location:"), cbolocation), 0, 0);
     grid->addWidget(cbolocation, 0, 1);
 
-    XPFrame201 = named(new QWidget(this), "XPFrame201");
+    XPFrame201 = Named(new QWidget(this), "XPFrame201");
     cborooms = combo(CompletingCombo::Entry::ListOnly, "cborooms", tr("Room"), XPFrame201);
-    cmdrooms = button(tr("&Browse..."), "cmdrooms", XPFrame201);
+    cmdrooms = FormButton(tr("&Browse..."), "cmdrooms", XPFrame201);
     cmdrooms->setToolTip(tr("Show which rooms are free"));
     grid = fieldGrid(XPFrame201);
-    grid->addWidget(fieldLabel(tr("Roo&m:"), cborooms, XPFrame201), 0, 0);
+    grid->addWidget(FieldLabel(tr("Roo&m:"), cborooms), 0, 0);
     grid->addWidget(cborooms, 0, 1);
     grid->addWidget(cmdrooms, 0, 2);
 }
 
 void frmnore::buildStatus() {
-    frastatus = named(new QWidget(this), "frastatus");
+    frastatus = Named(new QWidget(this), "frastatus");
     cbostatus = combo(CompletingCombo::Entry::ListOnly, "cbostatus", tr("Status"), frastatus);
     auto* grid = fieldGrid(frastatus);
-    grid->addWidget(fieldLabel(tr("S&tatus:"), cbostatus, frastatus), 0, 0);
+    grid->addWidget(FieldLabel(tr("S&tatus:"), cbostatus), 0, 0);
     grid->addWidget(cbostatus, 0, 1);
 }
 
 QWidget* frmnore::buildNote() {
     auto* note = new QWidget(this);
-    txtnotes = named(new NoteField(note), "txtnotes");
+    txtnotes = Named(new NoteField(note), "txtnotes");
     txtnotes->setAccessibleName(tr("Note"));
     txtnotes->setLines(NoteLines);
-    ckAlarm = named(new QCheckBox(tr("Set &Alarm"), note), "ckAlarm");
-    ckemail = named(new QCheckBox(tr("Send E-Ma&il Confirmation"), note), "ckemail");
+    ckAlarm = Named(new QCheckBox(tr("Set &Alarm"), note), "ckAlarm");
+    ckemail = Named(new QCheckBox(tr("Send E-Ma&il Confirmation"), note), "ckemail");
     auto* options = new QHBoxLayout;
     options->setSpacing(Space(16));
     options->addWidget(ckAlarm);
     options->addWidget(ckemail);
     options->addStretch(1);
     auto* grid = fieldGrid(note);
-    grid->addWidget(fieldLabel(tr("N&ote:"), txtnotes, note), 0, 0, Qt::AlignTop);
+    grid->addWidget(FieldLabel(tr("N&ote:"), txtnotes), 0, 0, Qt::AlignTop);
     grid->addWidget(txtnotes, 0, 1);
     grid->addLayout(options, 1, 1);
     return note;
@@ -299,7 +281,7 @@ void frmnore::alignLabels() {
     QList<QLabel*> labels;
     int widest = 0;
     for (QLabel* label : findChildren<QLabel*>())
-        if (label->property("fieldLabel").toBool() && label->isVisibleTo(this)) {
+        if (label->buddy() != nullptr && label->isVisibleTo(this)) {
             labels << label;
             widest = std::max(widest, label->sizeHint().width());
         }
@@ -333,11 +315,11 @@ void frmnore::orderFields() {
 }
 
 void frmnore::buildPatientList() {
-    auto* panel = named(new QFrame(this), "pnlpatlist");
+    auto* panel = Named(new QFrame(this), "pnlpatlist");
     pnlpatlist = panel;
     panel->setFrameShape(QFrame::StyledPanel);
     panel->setAutoFillBackground(true);
-    ctList1 = named(new ctList(panel), "ctList1");
+    ctList1 = Named(new ctList(panel), "ctList1");
     ctList1->setAccessibleName(tr("List of patients"));
     ctList1->SetColumns({{QStringLiteral("Name")},
                          {QStringLiteral("Acct #"), ListColumn::Kind::Text, 12},
@@ -346,13 +328,13 @@ void frmnore::buildPatientList() {
                          {QStringLiteral("CPT"), ListColumn::Kind::Text, 8},
                          {QStringLiteral("Other Phone"), ListColumn::Kind::Text, 15},
                          {QStringLiteral("Email"), ListColumn::Kind::Text, 20}});
-    txtfind = named(new QLineEdit(panel), "txtfind");
+    txtfind = Named(new QLineEdit(panel), "txtfind");
     txtfind->setPlaceholderText(tr("Part of a name"));
     auto* label = new QLabel(tr("&Find:"), panel);
     label->setBuddy(txtfind);
-    cmdfind = button(tr("Find"), "cmdfind", panel);
+    cmdfind = FormButton(tr("Find"), "cmdfind", panel);
     cmdfind->setEnabled(false);
-    cmdnew = button(tr("&New"), "cmdnew", panel);
+    cmdnew = FormButton(tr("&New"), "cmdnew", panel);
     auto* find = new QHBoxLayout;
     find->setSpacing(Space(8));
     find->addWidget(label);
@@ -385,9 +367,9 @@ QLayout* frmnore::buildButtons() {
         label->setForegroundRole(QPalette::PlaceholderText);
         history->addWidget(label);
     }
-    cmdOk = button(tr("O&K"), "cmdOk", this);
+    cmdOk = FormButton(tr("O&K"), "cmdOk", this);
     cmdOk->setDefault(true);
-    cmdCancel = button(tr("Cancel"), "cmdCancel", this);
+    cmdCancel = FormButton(tr("Cancel"), "cmdCancel", this);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Space(8));
     buttons->addLayout(history, 1);

@@ -133,7 +133,7 @@ void frmnore::loadPatientKind() {
     LoadLocations(*cbolocation);
     loadroomslist();
     loadcats();
-    SetApptType(editedKey());
+    SetApptType(EditedApptKey());
     fillStatus();
     if (Session().IsNewAppt)
         cbostatus->SetListIndex(PendingIndex);
@@ -267,14 +267,5 @@ void frmnore::showCategory(const Recordset& row) {
 }
 
 void frmnore::showRoom() {
-    const int room = ApptRoomId(Session().CurrentApptKey);
-    roomUnread_ = room < 0;
-    if (room < 1)
-        return;
-    // As with a type: a booked room that is on no list is kept.
-    if (cborooms->FindItemData(room) < 0) {
-        cborooms->AddItem(tr("(no longer on the list)"), room);
-        cborooms->setEnabled(true);
-    }
-    cborooms->SetListIndex(cborooms->FindItemData(room));
+    roomUnread_ = !ShowBookedRoom(*cborooms, Session().CurrentApptKey);
 }

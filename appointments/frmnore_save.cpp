@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
 #include "appointments/frmnore.h"
 #include "appointments/patientrows.h"
@@ -32,10 +33,6 @@ constexpr int UsualLeadMinutes = 10;
 constexpr int LongestPhoneCopy = 40;  // appointments.hphone and wphone
 constexpr int LongestAuditedText = 100;
 
-bool viewHasEditor(int view) {
-    return view == 1 || view == 2 || view == 4;
-}
-
 }  // namespace
 
 void frmnore::cmdOk_Click() {
@@ -53,8 +50,8 @@ void frmnore::cmdOk_Click() {
         return;
     settlePatient();
     const BookedProvider provider = ProviderOfView();
-    const int key = editedKey();
-    if (conflicts(key, provider.id) || !viewHasEditor(Session().CurrentView) || !timesAreValid())
+    const int key = EditedApptKey();
+    if (conflicts(key, provider.id) || !ViewHasEditor(Session().CurrentView) || !timesAreValid())
         return;
     if (saveappt(key, provider.id))
         sendConfirmation(provider.id);
@@ -85,7 +82,7 @@ bool frmnore::conflicts(int key, const QString& providerId) {
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    if (viewHasEditor(Session().CurrentView) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
+    if (ViewHasEditor(Session().CurrentView) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
         return true;
     return cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key);
 }
@@ -108,14 +105,6 @@ bool frmnore::refuse(const QString& message, QWidget* field) {
     if (field->isEnabled() && field->isVisible())
         field->setFocus();
     return false;
-}
-
-// The row that was loaded where the view has lost its selection meanwhile: a key of 0 would add the entry once more.
-int frmnore::editedKey() const {
-    if (Session().IsNewAppt)
-        return 0;
-    const int selected = SelectedItemKey(Session().CurrentView);
-    return selected > 0 ? selected : Session().CurrentApptKey;
 }
 
 QString frmnore::entryText() const {
@@ -223,9 +212,7 @@ void frmnore::insertRoom(int apptKey) {
         default:
             break;
     }
-    Session().Connection.Execute(Sql(
-        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values({}, {}, '{}', '{}', {}, {})",
-        ctstart->Time(), ctend->Time(), ctedate->Date(), text, cborooms->ItemData(), apptKey));
+    BookRoom(cborooms->ItemData(), apptKey, ctstart->Time(), ctend->Time(), ctedate->Date(), text);
 }
 
 void frmnore::auditSave(bool isNew) const {

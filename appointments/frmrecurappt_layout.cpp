@@ -13,6 +13,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/formparts.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
 
@@ -22,14 +23,8 @@ constexpr int MostEvents = 32767;
 constexpr int MostInterval = 5000;
 constexpr int MostDayOfMonth = 31;
 
-template <class Widget>
-Widget* named(Widget* widget, const QString& name) {
-    widget->setObjectName(name);
-    return widget;
-}
-
 ctNEdit* number(const char* name, const QString& what, int highest, QWidget* parent) {
-    auto* field = named(new ctNEdit(parent), QLatin1String(name));
+    auto* field = Named(new ctNEdit(parent), name);
     field->setRange(0, highest);
     field->setValue(1);
     field->setAccessibleName(what);
@@ -48,7 +43,7 @@ void addRow(QComboBox* combo, const QString& text, int itemData) {
 }
 
 QComboBox* scaleCombo(const char* name, QWidget* parent) {
-    auto* combo = named(new QComboBox(parent), QLatin1String(name));
+    auto* combo = Named(new QComboBox(parent), name);
     combo->setAccessibleName(QObject::tr("Which one"));
     const QStringList texts{QStringLiteral("First"), QStringLiteral("Second"), QStringLiteral("Third"),
                             QStringLiteral("Fourth"), QStringLiteral("Last")};
@@ -58,7 +53,7 @@ QComboBox* scaleCombo(const char* name, QWidget* parent) {
 }
 
 QComboBox* weekdayCombo(const char* name, QWidget* parent) {
-    auto* combo = named(new QComboBox(parent), QLatin1String(name));
+    auto* combo = Named(new QComboBox(parent), name);
     combo->setAccessibleName(QObject::tr("Weekday"));
     const QStringList texts{QStringLiteral("Sunday"),    QStringLiteral("Monday"),   QStringLiteral("Tuesday"),
                             QStringLiteral("Wednesday"), QStringLiteral("Thursday"), QStringLiteral("Friday"),
@@ -69,7 +64,7 @@ QComboBox* weekdayCombo(const char* name, QWidget* parent) {
 }
 
 QComboBox* monthCombo(const QString& name, QWidget* parent) {
-    auto* combo = named(new QComboBox(parent), name);
+    auto* combo = Named(new QComboBox(parent), name);
     combo->setAccessibleName(QObject::tr("Month"));
     for (int month = 1; month <= 12; ++month)
         addRow(combo, QLocale().standaloneMonthName(month), month);
@@ -107,12 +102,12 @@ QVBoxLayout* pageColumn(QWidget* page) {
 }  // namespace
 
 void frmRecurAppt::buildForm() {
-    lblsource = named(new QLabel(this), QStringLiteral("lblsource"));
+    lblsource = Named(new QLabel(this), "lblsource");
     lblsource->setFont(HeadingFont());
     lblsource->setWordWrap(true);
-    lblsentence = named(new QLabel(this), QStringLiteral("lblsentence"));
+    lblsentence = Named(new QLabel(this), "lblsentence");
     lblsentence->setWordWrap(true);
-    radRecurrence = named(new QButtonGroup(this), QStringLiteral("radRecurrence"));
+    radRecurrence = Named(new QButtonGroup(this), "radRecurrence");
     pages = new QStackedWidget(this);
     for (QWidget* page : {buildDaily(), buildWeekly(), buildMonthly(), buildYearly()})
         pages->addWidget(page);
@@ -121,7 +116,7 @@ void frmRecurAppt::buildForm() {
 
 QWidget* frmRecurAppt::buildDaily() {
     auto* page = new QWidget(this);
-    radDaily = named(new QButtonGroup(page), QStringLiteral("radDaily"));
+    radDaily = Named(new QButtonGroup(page), "radDaily");
     txtRecrDailyDays = number("txtRecrDailyDays", tr("Days between"), MostInterval, page);
     auto* column = pageColumn(page);
     column->addLayout((new Line(page))
@@ -151,7 +146,7 @@ QWidget* frmRecurAppt::buildWeekly() {
     days->setHorizontalSpacing(Space(16));
     for (int day = 0; day < 7; ++day) {
         QCheckBox*& box = chkRecrWeekly[static_cast<std::size_t>(day)];
-        box = named(new QCheckBox(texts[day], page),
+        box = Named(new QCheckBox(texts[day], page),
                     QStringLiteral("chkRecrWeekly%1Ind").arg(QLatin1String(shortNames[day])));
         days->addWidget(box, day / 4, day % 4);
     }
@@ -162,7 +157,7 @@ QWidget* frmRecurAppt::buildWeekly() {
 
 QWidget* frmRecurAppt::buildMonthly() {
     auto* page = new QWidget(this);
-    radMonthlyScaleInd = named(new QButtonGroup(page), QStringLiteral("radMonthlyScaleInd"));
+    radMonthlyScaleInd = Named(new QButtonGroup(page), "radMonthlyScaleInd");
     txtRecrMonthlyDay = number("txtRecrMonthlyDay", tr("Day of the month"), MostDayOfMonth, page);
     txtRecrMonthlyMonths = {number("txtRecrMonthlyMonths0", tr("Months between"), MostInterval, page),
                             number("txtRecrMonthlyMonths1", tr("Months between"), MostInterval, page)};
@@ -190,7 +185,7 @@ QWidget* frmRecurAppt::buildMonthly() {
 
 QWidget* frmRecurAppt::buildYearly() {
     auto* page = new QWidget(this);
-    radYearlyScaleInd = named(new QButtonGroup(page), QStringLiteral("radYearlyScaleInd"));
+    radYearlyScaleInd = Named(new QButtonGroup(page), "radYearlyScaleInd");
     cmbRecrYearlyMonth = {monthCombo(QStringLiteral("cmbRecrYearlyMonth0"), page),
                           monthCombo(QStringLiteral("cmbRecrYearlyMonth1"), page)};
     txtRecrYearlyDay = number("txtRecrYearlyDay", tr("Day of the month"), MostDayOfMonth, page);
@@ -215,14 +210,14 @@ QWidget* frmRecurAppt::buildYearly() {
 
 QLayout* frmRecurAppt::buildRange() {
     const auto date = [this](const char* name, const QString& what) {
-        auto* field = named(new ctDEdit(ctDEdit::Kind::Date, this), QLatin1String(name));
+        auto* field = Named(new ctDEdit(ctDEdit::Kind::Date, this), name);
         field->setDateOrder(Session().DateOrder);
         field->setAccessibleName(what);
         return field;
     };
     txtRecrStartDate = date("txtRecrStartDate", tr("Start date"));
     txtRecrEndDate = date("txtRecrEndDate", tr("End date"));
-    radEnd = named(new QButtonGroup(this), QStringLiteral("radEnd"));
+    radEnd = Named(new QButtonGroup(this), "radEnd");
     txtRecrMaxEvents = number("txtRecrMaxEvents", tr("Number of occurrences"), MostEvents, this);
     auto* start = new QLabel(tr("S&tart:"), this);
     start->setBuddy(txtRecrStartDate);
@@ -270,7 +265,7 @@ void frmRecurAppt::layOutForm(QLayout* range) {
     buttons->setSpacing(Space(8));
     for (std::size_t i = 0; i < cmdRecur.size(); ++i) {
         cmdRecur[i] =
-            named(new QPushButton(texts[static_cast<int>(i)], this), QStringLiteral("cmdRecur%1").arg(i == 2 ? 3 : i));
+            Named(new QPushButton(texts[static_cast<int>(i)], this), QStringLiteral("cmdRecur%1").arg(i == 2 ? 3 : i));
         cmdRecur[i]->setAutoDefault(false);
     }
     cmdRecur[0]->setDefault(true);

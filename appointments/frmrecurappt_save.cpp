@@ -132,8 +132,6 @@ void frmRecurAppt::addCopies(Recordset& rows, const std::vector<QDate>& dates, i
         rows.Update();
         const int key = static_cast<int>(rows["nkeyid"].integer());
         if (!room.text.isEmpty() && room.id >= 1)
-            Session().Connection.Execute(Sql(
-                "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values({}, {}, '{}', '{}', {}, {})",
-                source_.start, source_.end, SqlDate(date), room.text, room.id, key));
+            BookRoom(room.id, key, source_.start, source_.end, date, room.text);
     }
 }

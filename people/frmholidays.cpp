@@ -106,7 +106,7 @@ void frmholidays::loadholidays() {
         for (Recordset rows(QStringLiteral("Select * from Holidays Order by HolidayDate DESC"), Session().Connection);
              !rows.Eof(); rows.MoveNext()) {
             const QString name = rows["Holiday"].text();
-            QString line = QString(name).replace(u';', u',') + u';' + rows["HolidayDate"].date().toString(DateForm);
+            QString line = JoinCells({name, rows["HolidayDate"].date().toString(DateForm)});
             if (rows["HolidayRepeat"].integer() == 1)
                 line += QStringLiteral(";Y");
             ctList1->SetItemText(ctList1->AddRow(line, rows["HolidayID"].integer()), name);

@@ -18,10 +18,6 @@ namespace {
 
 constexpr int NameColumn = 1;
 
-QString listText(QString text) {
-    return text.replace(u';', u',');
-}
-
 }  // namespace
 
 frmsltpv::frmsltpv(QWidget* parent) : QDialog(parent) {
@@ -109,7 +105,7 @@ void frmsltpv::loadProviders() {
             Session().Connection);
         for (; !providers.Eof(); providers.MoveNext()) {
             const QString id = providers["id"].text();
-            const int row = List1->AddRow(listText(providers["prov_lastname"].text()) + u';' + listText(id), id);
+            const int row = List1->AddRow(JoinCells({providers["prov_lastname"].text(), id}), id);
             List1->SetItemText(row, providers["prov_lastname"].text());
         }
     });

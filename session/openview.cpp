@@ -38,12 +38,23 @@ OpenView* TheOpenView() {
     return registered();
 }
 
+bool ViewHasEditor(int view) {
+    return view == 1 || view == 2 || view == 4;
+}
+
 int SelectedItemKey(int view) {
     const OpenView* open = TheOpenView();
-    if (open == nullptr || (view != 1 && view != 2 && view != 4))
+    if (open == nullptr || !ViewHasEditor(view))
         return 0;
     const std::optional<CalendarItem> item = open->SelectedItem();
     return item ? item->ItemKey.toInt() : 0;
+}
+
+int EditedApptKey() {
+    if (Session().IsNewAppt)
+        return 0;
+    const int selected = SelectedItemKey(Session().CurrentView);
+    return selected > 0 ? selected : Session().CurrentApptKey;
 }
 
 BookedProvider ProviderOfView() {

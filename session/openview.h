@@ -49,9 +49,14 @@ class OpenView {
 /// The open view; null while there is none.
 [[nodiscard]] OpenView* TheOpenView();
 
-/// The `nkeyid` of the selected item in view 1 (day), 2 (week) or 4 (all providers); 0 for other views, without a view
-/// or without a selected item.
+/// Whether appointments are booked and edited in this view: 1 (day), 2 (week) and 4 (all providers).
+[[nodiscard]] bool ViewHasEditor(int view);
+/// The `nkeyid` of the selected item of a view that has the editor; 0 for other views, without a view or without a
+/// selected item.
 [[nodiscard]] int SelectedItemKey(int view);
+/// The `nkeyid` of the appointment that an editor is opened on, 0 for a new one. It is the selected item's, or the
+/// session's CurrentApptKey where the view has lost its selection: a key of 0 would add the appointment once more.
+[[nodiscard]] int EditedApptKey();
 
 /// The provider of the open view, or the session's where no view is open.
 [[nodiscard]] BookedProvider ProviderOfView();

@@ -10,7 +10,7 @@
 #include "views/viewmenus.h"
 #include "views/viewwindow.h"
 
-class frmnore;
+class QDialog;
 
 /// What the views on a `ctMDay` share: the calendar itself, the menus and what the user's rights leave of them, the
 /// hours and the grid from the preferences. A view states only its difference.
@@ -97,6 +97,10 @@ class CalendarView : public ViewWindow, public OpenView {
     void suitEditing(int index);
     void popupOnEmptyTime(int index, const QPoint& place);
     void newappt(int kind);
+    void newGroup();
+    /// Opens the editor on a new appointment of the kind at the selected time.
+    template <class Editor>
+    void addBy(int kind);
     void newActivity();
     /// Opens the Activity Scheduler, for a new Activity where `key` is 0; one that was dragged shows its new times.
     void scheduleActivity(int key, const std::optional<SelectedSlot>& draggedTo = std::nullopt);
@@ -104,7 +108,8 @@ class CalendarView : public ViewWindow, public OpenView {
     void editCommand();
     void editappt2(int index);
     void editappt(int index);
-    void showEditor(frmnore& editor);
+    void editgroup();
+    void showEditor(QDialog& editor);
 
     // calendarview_move.cpp
     void bindInPlaceWork();

@@ -4,6 +4,7 @@
 #include <QShortcut>
 
 #include "appointments/frmactsc.h"
+#include "appointments/frmgrptx.h"
 #include "appointments/frmnore.h"
 #include "data/codes.h"
 #include "platform/database/sql.h"
@@ -49,6 +50,7 @@ int kindOf(const CalendarItem& item, int apptType) {
 void CalendarView::bindEditing() {
     for (const NewCommand& command : newCommands)
         menus_.Bind(QLatin1String(command.name), [this, kind = command.kind] { newappt(kind); });
+    menus_.Bind(QStringLiteral("mnuASGroup"), [this] { newGroup(); });
     menus_.Bind(QStringLiteral("mnuVActivity"), [this] { newActivity(); });
     menus_.Bind(QStringLiteral("mnuAEdit"), [this] { editCommand(); });
     connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitEditing);
@@ -86,6 +88,15 @@ bool CalendarView::CanAdd() const {
 }
 
 void CalendarView::newappt(int kind) {
+    addBy<frmnore>(kind);
+}
+
+void CalendarView::newGroup() {
+    addBy<frmgrptx>(apptkind::Patient);
+}
+
+template <class Editor>
+void CalendarView::addBy(int kind) {
     if (!mayWrite())
         return;
     ctMDay1->CommitEdit();
@@ -98,7 +109,7 @@ void CalendarView::newappt(int kind) {
         return;
     }
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
-    frmnore editor(this);
+    Editor editor(this);
     editor.SetSlot(*slot);
     showEditor(editor);
     selectAddedTo(before);
@@ -167,10 +178,6 @@ void CalendarView::editappt2(int index) {
 void CalendarView::editappt(int index) {
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
     const int kind = kindOf(item, facts_.value(item.ItemKey).apptType);
-    if (kind == apptkind::Patient && item.ItemColor == ncolor::Group) {
-        MsgBox(tr("Group appointments cannot be opened in this version."), InformationBox, tr("Edit Appointment"));
-        return;
-    }
     if (kind == apptkind::Activity && isSharedActivity(item.ItemKey.toInt())) {
         scheduleActivity(item.ItemKey.toInt());
         return;
@@ -178,11 +185,18 @@ void CalendarView::editappt(int index) {
     Session().ApptKind = kind;
     Session().IsNewAppt = false;
     Session().CurrentApptKey = item.ItemKey.toInt();
+    if (kind == apptkind::Patient && item.ItemColor == ncolor::Group)
+        return editgroup();
     frmnore editor(this);
     showEditor(editor);
 }
 
-void CalendarView::showEditor(frmnore& editor) {
+void CalendarView::editgroup() {
+    frmgrptx editor(this);
+    showEditor(editor);
+}
+
+void CalendarView::showEditor(QDialog& editor) {
     ShowModal(editor);
     Session().IsNewAppt = false;
     Reload();

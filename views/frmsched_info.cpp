@@ -20,15 +20,6 @@ namespace {
 
 constexpr int longestWord = 2000;
 
-// The list joins its cells by ";" and shows one line a row.
-QString oneCell(QString value) {
-    value.replace(QLatin1Char(';'), QLatin1Char(','));
-    value.replace(QStringLiteral("\r\n"), QStringLiteral(","));
-    value.replace(QLatin1Char('\n'), QLatin1Char(','));
-    value.replace(QLatin1Char('\r'), QLatin1Char(','));
-    return value;
-}
-
 // The panel's word for a status; both cancellations read alike here.
 QString panelStatus(int code) {
     switch (code) {
@@ -87,7 +78,7 @@ void frmsched::showNote(const QString& note) {
 }
 
 void frmsched::addInfo(const QString& label, const QString& value) {
-    ctListInfo->AddRow(oneCell(label) + QLatin1Char(';') + oneCell(value));
+    ctListInfo->AddRow(JoinCells({label, value}));
 }
 
 void frmsched::addRoom(const QString& key) {

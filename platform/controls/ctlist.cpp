@@ -126,8 +126,9 @@ void ctList::keyPressEvent(QKeyEvent* event) {
         copySelection();
     } else if (row >= 0 && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         Q_EMIT RowActivated(row);
-    } else if (row >= 0 && event->key() == Qt::Key_Space && checkColumnForKey() > 0) {
-        flipCheck(row, checkColumnForKey());
+    } else if (const bool second = event->modifiers().testFlag(Qt::ShiftModifier);
+               row >= 0 && event->key() == Qt::Key_Space && checkColumnForKey(second) > 0) {
+        flipCheck(row, checkColumnForKey(second));
     } else {
         QTreeView::keyPressEvent(event);
         return;
@@ -225,11 +226,14 @@ void ctList::copySelection() const {
         QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
-int ctList::checkColumnForKey() const {
-    if (model_.isCheckColumn(currentIndex().column() + 1))
+int ctList::checkColumnForKey(bool second) const {
+    if (!second && model_.isCheckColumn(currentIndex().column() + 1))
         return currentIndex().column() + 1;
-    for (int column = 1; column <= ColumnCount(); ++column)
-        if (model_.isCheckColumn(column))
+    bool found = !second;
+    for (int column = 1; column <= ColumnCount(); ++column) {
+        if (model_.isCheckColumn(column) && found)
             return column;
+        found = found || model_.isCheckColumn(column);
+    }
     return 0;
 }

@@ -14,8 +14,8 @@
 /// check column is checked when its text is a number other than 0. A row or column that is not there is ignored by
 /// commands and answered with an empty value by questions.
 ///
-/// Keys: letters move to the next row that starts with what was typed, Space flips the row's check box, Enter activates
-/// the row, Ctrl+C copies the selected rows.
+/// Keys: letters move to the next row that starts with what was typed, Space flips the row's check box and Shift+Space
+/// its second one, Enter activates the row, Ctrl+C copies the selected rows.
 class ctList : public QTreeView {
     Q_OBJECT
 
@@ -91,7 +91,8 @@ class ctList : public QTreeView {
     void layOutColumns();
     void flipCheck(int row, int column);
     void copySelection() const;
-    [[nodiscard]] int checkColumnForKey() const;
+    /// The check column that Space, or with `second` Shift+Space, flips; 0 where there is none.
+    [[nodiscard]] int checkColumnForKey(bool second) const;
 
     ListModel model_;
     QPersistentModelIndex pressedCell_;

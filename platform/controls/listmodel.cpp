@@ -37,6 +37,16 @@ void ListModel::clear() {
     endResetModel();
 }
 
+QString JoinCells(const QStringList& cells) {
+    QStringList harmless;
+    for (QString cell : cells)
+        harmless << cell.replace(QLatin1String("\r\n"), QLatin1String(","))
+                        .replace(u'\n', u',')
+                        .replace(u'\r', u',')
+                        .replace(Separator, u',');
+    return harmless.join(Separator);
+}
+
 int ListModel::addRow(const QString& joinedCells) {
     const int position = rowCount();
     Row row{joinedCells, {}, {}, 0, false};

@@ -17,6 +17,10 @@ struct ListColumn {
     Qt::Alignment alignment = Qt::AlignLeft;
 };
 
+/// The cells of a row joined by ";", as lists are given their rows. What would part a cell in two becomes harmless: ";"
+/// and line ends become commas.
+[[nodiscard]] QString JoinCells(const QStringList& cells);
+
 /// The rows behind a ctList. A row keeps the text it was given, its cells joined by ";", and cells are cut out when
 /// they are looked at, so that a hundred thousand rows cost no more than their texts. Rows count from 0, columns from 1
 /// as the forms name them; column 0 exists only in the QModelIndex interface.

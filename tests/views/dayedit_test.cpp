@@ -189,15 +189,6 @@ TEST_F(DayEdit, ARowThatCannotBeReadIsTold) {
     EXPECT_EQ(itemTexts(), QStringList{"Anna"});
 }
 
-TEST_F(DayEdit, AGroupIsNotOpenedHere) {
-    add(anAppointment("Anger").status(ncolor::Group));
-    openByHand();
-    select("Anger");
-    desk.expectBox("Group appointments cannot be opened in this version.", "Edit Appointment");
-
-    this->key(Qt::Key_Return);
-}
-
 TEST_F(DayEdit, TheHolidayBannerIsNeverEdited) {
     run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Once', '2026/03/11', 0)");
     openByHand();

@@ -135,8 +135,8 @@ TEST_F(DayRights, TheCompanionsScheduleIsOnlyForThoseWithALink) {
 TEST_F(DayRights, ACommandThatIsNotThereYetSaysSoAndDoesNothing) {
     open();
 
-    EXPECT_FALSE(enabled("mnuASGroup"));
-    EXPECT_EQ(command("mnuASGroup").toolTip(), "Not available in this version.");
+    EXPECT_FALSE(enabled("mnuANote"));
+    EXPECT_EQ(command("mnuANote").toolTip(), "Not available in this version.");
 }
 
 TEST_F(DayRights, TheWordForAPatientStandsInTheCommand) {

@@ -1,0 +1,132 @@
+#include "appointments/frmgrptx.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+
+#include "appointments/apptlists.h"
+#include "data/pipefields.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "platform/controls/formarea.h"
+#include "platform/controls/notefield.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/busypointer.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Recordset;
+using db::Sql;
+
+frmgrptx::frmgrptx(QWidget* parent) : QDialog(parent), key_(EditedApptKey()) {
+    setObjectName(QStringLiteral("frmgrptx"));
+    setWindowTitle(Session().IsNewAppt ? QStringLiteral("New Group Appointment")
+                                       : QStringLiteral("Edit Group Appointment"));
+    buildForm();
+    connectFields();
+    connectMembers();
+    load();
+    FitToScreen(*this);
+}
+
+// The focus leaves its field when the form goes, which must still find the whole form.
+frmgrptx::~frmgrptx() {
+    hide();
+}
+
+void frmgrptx::SetSlot(const SelectedSlot& slot) {
+    ctedate->setDate(slot.date);
+    ctstart->setTime(slot.start);
+    ctend->setTime(slot.end);
+    dirty = false;
+}
+
+void frmgrptx::setmembers(int groupId) {
+    cbogroup->SetListIndex(cbogroup->FindItemData(groupId));
+}
+
+void frmgrptx::load() {
+    const BusyPointer busy;
+    ctedate->setDateOrder(Session().DateOrder);
+    for (ctDEdit* time : {ctstart, ctend})
+        time->setTwentyFourHour(Session().MilitaryTime);
+    cbolocation->SetMaxLength(LongestLocation);
+    loadgroups();
+    LoadLocations(*cbolocation);
+    LoadRooms(*cborooms);
+    cborooms->setEnabled(cborooms->count() > 0);
+    const bool dayStands = Session().CurrentView == 1;
+    for (QWidget* ofDate :
+         {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(lbldate), static_cast<QWidget*>(lblweekday)})
+        ofDate->setVisible(!dayStands);
+    if (!Session().IsNewAppt)
+        LoadAppointment();
+    showMembers();
+    locationTyped_ = false;
+    dirty = false;
+}
+
+void frmgrptx::loadgroups() {
+    LoadList("Select * from Groups Order by GroupName", QStringLiteral("Error loading groups. "),
+             [this](const Recordset& row) {
+                 if (const QString name = row["GroupName"].text(); !name.isEmpty())
+                     cbogroup->AddItem(name, static_cast<int>(row["GroupId"].integer()));
+             });
+}
+
+void frmgrptx::LoadAppointment() {
+    try {
+        const Recordset row(Sql("Select * from appointments Where nKeyId = {}", key_), Session().Connection);
+        if (row.Eof())
+            return;
+        showRow(row);
+        storedState_ = writtenState(row);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading appointment. "), error);
+        return;
+    }
+    roomUnread_ = !ShowBookedRoom(*cborooms, key_);
+    loadsavedmembers();
+}
+
+void frmgrptx::showRow(const Recordset& row) {
+    ctedate->setDate(row["dapptdate"].date());
+    ctstart->setTime(static_cast<int>(row["nStartTime"].integer()));
+    ctend->setTime(static_cast<int>(row["nEndTime"].integer()));
+    cbolocation->SetText(row["CLOCATION"].text());
+    txtnotes->setPlainText(GetPipeField(row["CapptNote"].text(), 2));
+    // A group that is on no list any more keeps its name; its members are still those of the appointment.
+    const QString group = row["cappttext"].text();
+    if (cbogroup->FindExact(group) < 0)
+        cbogroup->AddItem(group);
+    cbogroup->SetListIndex(cbogroup->FindExact(group));
+    membersOf_ = ctedate->Date();
+}
+
+void frmgrptx::showWeekday() {
+    const QDate date = ctedate->Date();
+    lblweekday->setText(date.isValid() ? QLocale().dayName(date.dayOfWeek()) : QString());
+}
+
+void frmgrptx::leaveLocation(Qt::FocusReason reason) {
+    if (!PressesButton(reason))
+        offerUnknownLocation();
+}
+
+void frmgrptx::offerUnknownLocation() {
+    if (!locationTyped_)
+        return;
+    locationTyped_ = false;
+    OfferUnknownItem(*cbolocation, GrowingList::Locations);
+}
+
+bool frmgrptx::okenabled() const {
+    return ctstart->Value() > FirstValidTime && ctend->Value() > FirstValidTime && ctList1->RowCount() > 0 &&
+           (Session().CurrentView != 2 || ctedate->Value() > FirstValidDate);
+}
+
+void frmgrptx::enableOk() {
+    cmdOk->setEnabled(okenabled());
+}

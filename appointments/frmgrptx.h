@@ -1,0 +1,143 @@
+#pragma once
+
+#include <optional>
+#include <QDate>
+#include <QDialog>
+#include <QMap>
+#include <QStringList>
+#include <vector>
+
+#include "platform/database/value.h"
+#include "session/openview.h"
+
+class CompletingCombo;
+class DurationLabel;
+class NoteField;
+class QLabel;
+class QPushButton;
+class ctDEdit;
+class ctList;
+namespace db {
+class Recordset;
+}  // namespace db
+
+/// The dialog of a group appointment: one row of `appointments`, and a row of `AppointmentsGroup` for each patient who
+/// was scheduled for it. The caller sets the session's ApptKind to Patient and IsNewAppt, makes the form, which loads
+/// itself, gives a new one its time by SetSlot, shows it modally, and reloads its view. The appointment to edit is the
+/// selected item of the open view, CurrentApptKey where it has lost it.
+///
+/// Choosing a group loads its members of the form's date. For an appointment that exists, those who are scheduled and
+/// who attended stay checked then; only Refresh Members forgets them. A save keeps what another desk did: where it has
+/// changed the row or its members meanwhile, the user is told and nothing is written. Where a save fails the form stays
+/// open with what was typed, and what was written stays; OK then completes the same row.
+class frmgrptx : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmgrptx(QWidget* parent = nullptr);
+    ~frmgrptx() override;
+
+    /// The date and times of a new group appointment.
+    void SetSlot(const SelectedSlot& slot);
+    /// Selects a group of the list by its key, without loading its members; a key that is on no list selects none.
+    void setmembers(int groupId);
+    /// Puts the group's members of the form's date on the list: those whose time in the group holds that date, by name.
+    /// Scheduled are all of a new appointment, none of an old one.
+    void loadmembers();
+    /// The names of who is scheduled, each followed by "; ".
+    [[nodiscard]] QString getgrpmembers() const;
+    /// Whether there is a time, and somebody on the list.
+    [[nodiscard]] bool okenabled() const;
+
+    bool dirty = false;
+
+    CompletingCombo* cbogroup = nullptr;
+    QLabel* lbldate = nullptr;
+    ctDEdit* ctedate = nullptr;
+    QLabel* lblweekday = nullptr;
+    ctDEdit* ctstart = nullptr;
+    ctDEdit* ctend = nullptr;
+    DurationLabel* lblduration = nullptr;
+    CompletingCombo* cbolocation = nullptr;
+    CompletingCombo* cborooms = nullptr;
+    NoteField* txtnotes = nullptr;
+    ctList* ctList1 = nullptr;
+    QLabel* lblmembers = nullptr;  ///< How many are scheduled and have attended, and what a save would leave out.
+    QPushButton* cmdLoadMembers = nullptr;
+    QPushButton* cmdkept = nullptr;
+    QPushButton* cmdOk = nullptr;
+    QPushButton* cmdCancel = nullptr;
+
+  private:
+    static constexpr int SchdColumn = 1;
+    static constexpr int NameColumn = 2;
+    static constexpr int KeptColumn = 3;
+    static constexpr int FirstValidTime = 1;
+    static constexpr int FirstValidDate = 2;
+    static constexpr int LongestLocation = 50;
+
+    /// Who is scheduled by the rows of `AppointmentsGroup`, by patient id, and whether they attended.
+    using Attendance = QMap<QString, bool>;
+    /// What a row of the list keeps of its patient, as its item text: {patient id}|{account}|{home phone}.
+    struct Mark {
+        QString patientId;
+        QString account;
+        QString homePhone;
+    };
+    struct Boxes {
+        bool scheduled = false;
+        bool kept = false;
+    };
+
+    // frmgrptx_layout.cpp
+    void buildForm();
+    [[nodiscard]] QWidget* buildFields();
+    [[nodiscard]] QWidget* buildMembers();
+    [[nodiscard]] QLayout* buildButtons();
+    void connectFields();
+    void connectMembers();
+
+    // frmgrptx.cpp
+    void load();
+    void loadgroups();
+    void LoadAppointment();
+    void showRow(const db::Recordset& row);
+    void showWeekday();
+    void leaveLocation(Qt::FocusReason reason);
+    void offerUnknownLocation();
+    void enableOk();
+
+    // frmgrptx_members.cpp
+    void chooseGroup();
+    void cmdLoadMembers_Click();
+    void cmdkept_Click();
+    void loadsavedmembers();
+    void loadgroupstatus();
+    [[nodiscard]] bool DeleteSavedMembers();
+    void addMember(const Mark& mark, const QString& name, const QString& homePhone, const QString& workPhone,
+                   Boxes boxes);
+    void showMembers();
+    [[nodiscard]] QString patientId(int row) const;
+    [[nodiscard]] static Attendance attendanceOf(int key);
+
+    // frmgrptx_save.cpp
+    void cmdOk_Click();
+    [[nodiscard]] bool timesAreValid();
+    bool refuse(const QString& message, QWidget* field);
+    /// Whether the appointment and its members are stored; the user has been told why they are not.
+    [[nodiscard]] bool saveappt(int key, const QString& providerId);
+    [[nodiscard]] bool conflicts(int key, const QString& providerId) const;
+    void writeFields(db::Recordset& row, bool isNew, const QString& providerId) const;
+    [[nodiscard]] bool savemembers(int key);
+    void audit() const;
+    [[nodiscard]] static std::vector<db::Value> writtenState(const db::Recordset& row);
+
+    int key_ = 0;         ///< Of the row, 0 while there is none.
+    bool added_ = false;  ///< The row was added by this form.
+    std::optional<std::vector<db::Value>> storedState_;
+    std::optional<Attendance> storedMembers_;  ///< What the database holds, as far as this form knows.
+    int groupOnList_ = 0;                      ///< Whose members stand on the list.
+    QDate membersOf_;                          ///< And for which date.
+    bool roomUnread_ = false;
+    bool locationTyped_ = false;
+};

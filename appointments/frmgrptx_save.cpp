@@ -1,0 +1,176 @@
+#include <array>
+
+#include "appointments/appointmentrows.h"
+#include "appointments/conflicts.h"
+#include "appointments/frmgrptx.h"
+#include "data/codes.h"
+#include "data/pipefields.h"
+#include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "platform/controls/notefield.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/database/transaction.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "session/audit.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+using db::Lock;
+using db::Recordset;
+using db::Sql;
+
+void frmgrptx::cmdOk_Click() {
+    // Enter and the Alt key do not leave the field in which the user stands.
+    for (ctDEdit* field : {ctedate, ctstart, ctend})
+        field->setText(field->Text());
+    const int group = groupOnList_;
+    for (CompletingCombo* box : {cbogroup, cborooms})
+        box->Settle();
+    offerUnknownLocation();
+    if (!dirty)
+        return accept();
+    // The members of a group that was only just typed are looked at before they are saved.
+    if (cbogroup->ListIndex() < 0 || group != groupOnList_ || !ViewHasEditor(Session().CurrentView) || !timesAreValid())
+        return;
+    if (saveappt(key_, ProviderOfView().id))
+        accept();
+}
+
+// A date that is none is refused in every view that shows it: an entry without a date would be on no calendar.
+bool frmgrptx::timesAreValid() {
+    if (ctstart->Value() < FirstValidTime)
+        return refuse(QStringLiteral("Enter valid start time."), ctstart);
+    if (ctend->Value() < FirstValidTime)
+        return refuse(QStringLiteral("Enter valid end time."), ctend);
+    if (ctstart->Time() >= ctend->Time())
+        return refuse(QStringLiteral("End time must be greater than start time"), ctstart);
+    if (Session().CurrentView != 1 && ctedate->Value() < FirstValidDate)
+        return refuse(QStringLiteral("Enter a valid date."), ctedate);
+    return true;
+}
+
+bool frmgrptx::refuse(const QString& message, QWidget* field) {
+    MsgBox(message, ExclamationBox, QStringLiteral("Missing Data"));
+    field->setFocus();
+    return false;
+}
+
+bool frmgrptx::conflicts(int key, const QString& providerId) const {
+    const QDate date = ctedate->Date();
+    const int start = ctstart->Time();
+    const int end = ctend->Time();
+    return CheckApptConflicts(key, date, start, end, {}, providerId) ||
+           (cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key));
+}
+
+bool frmgrptx::saveappt(int key, const QString& providerId) {
+    if (conflicts(key, providerId))
+        return false;
+    const BusyPointer busy;
+    try {
+        Recordset row(Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection, Lock::Optimistic);
+        const bool isNew = row.Eof();
+        if (!isNew && (storedState_ != writtenState(row) || storedMembers_ != attendanceOf(key)))
+            throw db::RowChangedError();
+        if (isNew)
+            row.AddNew();
+        writeFields(row, isNew, providerId);
+        if (!isNew && !(roomUnread_ && cborooms->ListIndex() < 0))
+            Session().Connection.Execute(Sql("Delete from roomschedule Where apptid = {}", key));
+        row.Update();
+        // From here on the row is there: another OK completes it.
+        if (isNew) {
+            key_ = static_cast<int>(row["nkeyid"].integer());
+            added_ = true;
+            storedMembers_ = Attendance();
+        }
+        storedState_ = writtenState(row);
+        if (cborooms->ListIndex() >= 0)
+            BookRoom(cborooms->ItemData(), key_, ctstart->Time(), ctend->Time(), ctedate->Date(), cbogroup->Text());
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error saving appointment. "), error);
+        // Another attempt would meet the other desk's change again.
+        return error.number == db::RowChanged;
+    }
+    if (!savemembers(key_))
+        return false;
+    audit();
+    return true;
+}
+
+void frmgrptx::writeFields(Recordset& row, bool isNew, const QString& providerId) const {
+    if (isNew) {
+        row.Set("createddate", Now());
+        row.Set("createduid", Session().UID);
+    }
+    const QString location = cbolocation->Text();
+    row.Set("nStartTime", ctstart->Time());
+    row.Set("nEndTime", ctend->Time());
+    row.Set("dapptdate", ctedate->Date());
+    row.Set("cappttext", cbogroup->Text());
+    row.Set("CLOCATION", location.left(LongestLocation));
+    row.Set("BLOCATEICO", location.isEmpty() ? 0 : 1);
+    row.Set("BremindIco", 0);
+    row.Set("BPrivateIco", 0);
+    row.Set("ncolor", ncolor::Group);
+    row.Set("BTentIco", 0);
+    row.Set("clinicianid", providerId);
+    row.Set("CapptNote", QLatin1Char('|') + txtnotes->StoredText() + QStringLiteral("|||"));
+    row.Set("lastmodifieddate", Now());
+    row.Set("lastmodifieduid", Session().UID);
+}
+
+std::vector<db::Value> frmgrptx::writtenState(const Recordset& row) {
+    static constexpr std::array columns{"nStartTime", "nEndTime",    "dapptdate", "cappttext",
+                                        "CLOCATION",  "clinicianid", "ncolor",    "CapptNote"};
+    std::vector<db::Value> state;
+    state.reserve(columns.size());
+    for (const char* column : columns)
+        state.push_back(row[column].value());
+    return state;
+}
+
+bool frmgrptx::savemembers(int key) {
+    db::Connection& connection = Session().Connection;
+    try {
+        Attendance saved;
+        db::InTransaction(connection, [&] {
+            connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyId = {}", key));
+            Recordset rows(QStringLiteral("Select * from AppointmentsGroup Where 0=1"), connection, Lock::Optimistic);
+            for (int row = 0; row < ctList1->RowCount(); ++row) {
+                if (!ctList1->Checked(row, SchdColumn))
+                    continue;
+                const QString mark = ctList1->ItemText(row);
+                const bool kept = ctList1->Checked(row, KeptColumn);
+                rows.AddNew();
+                rows.Set("nKeyId", key);
+                rows.Set("PatientId", GetPipeField(mark, 1));
+                rows.Set("PatientAcct", GetPipeField(mark, 2));
+                rows.Set("PatientName", ctList1->Cell(row, NameColumn));
+                rows.Set("Kept", kept ? 1 : 0);
+                rows.Set("GroupId", cbogroup->ItemData());
+                rows.Update();
+                saved.insert(patientId(row), kept);
+            }
+        });
+        storedMembers_ = saved;
+        return true;
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error saving group members. "), error);
+        return false;
+    }
+}
+
+void frmgrptx::audit() const {
+    const QString date = ctedate->Text();
+    const QString group = cbogroup->Text();
+    if (added_)
+        AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Add Appointment"), {},
+                 QStringLiteral("Added Group Appointment of %1 for %2").arg(date, group));
+    else
+        AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},
+                 QStringLiteral("Modified Group Appointment of %1 for %2").arg(date, group));
+}
