@@ -17,16 +17,16 @@
 
 namespace {
 
-constexpr int NoteLines = 4;
-constexpr int ListCharacters = 66;
-constexpr int ListLines = 14;
-constexpr int SummaryLines = 3;
+constexpr int NoteLines = 3;
+constexpr int ListCharacters = 40;
+constexpr int ListLines = 8;
+constexpr int SummaryLines = 2;
 
 CompletingCombo* combo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName, QWidget* parent) {
     auto* box = Named(new CompletingCombo(entry, parent), name);
     box->setAccessibleName(accessibleName);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(18);
+    box->setMinimumContentsLength(14);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return box;
 }
@@ -111,10 +111,10 @@ QWidget* frmgrptx::buildMembers() {
     ctList1 = Named(new ctList(members), "ctList1");
     ctList1->setAccessibleName(tr("Members"));
     ctList1->SetColumns({{QStringLiteral("Schd"), ListColumn::Kind::Check, 7, Qt::AlignHCenter},
-                         {QStringLiteral("Name")},
+                         {QStringLiteral("Name"), ListColumn::Kind::Text, 26},
                          {QStringLiteral("Kept"), ListColumn::Kind::Check, 7, Qt::AlignHCenter},
-                         {QStringLiteral("H Phone"), ListColumn::Kind::Text, 16},
-                         {QStringLiteral("W Phone"), ListColumn::Kind::Text, 16}});
+                         {QStringLiteral("H Phone"), ListColumn::Kind::Text, 20},
+                         {QStringLiteral("W Phone"), ListColumn::Kind::Text, 22}});
     ctList1->setMinimumSize(fontMetrics().averageCharWidth() * ListCharacters, fontMetrics().height() * ListLines);
     ctList1->setToolTip(tr("Space: scheduled. Shift+Space: kept."));
     lblmembers = Named(new QLabel(members), "lblmembers");

@@ -121,6 +121,10 @@ QSize ctList::sizeHint() const {
 }
 
 void ctList::keyPressEvent(QKeyEvent* event) {
+    // The first row has the focus in a list that was only just entered, but is not selected yet.
+    const bool worksOnRow = event->key() == Qt::Key_Space || event->key() == Qt::Key_Home;
+    if (worksOnRow && SelectedRow() < 0 && currentIndex().isValid())
+        SelectRow(currentIndex().row());
     const int row = SelectedRow();
     if (event->matches(QKeySequence::Copy)) {
         copySelection();

@@ -1,46 +1,4 @@
-#include "tests/desks/deskfixture.h"
-#include "tests/desks/deskperson.h"
-
-namespace {
-
-/// One front desk on a real display, worked by mouse and keyboard.
-class FrontDesk : public DeskFixture {
-  protected:
-    FrontDesk() {
-        for (
-            const char* statement :
-            {"Insert Into patient_info (id, last_name, first_name, archive, telephone_h, defaultCPT) Values ('10018', 'Åkesson', 'Bo', 0, '5551234567', '90834')",
-             "Insert Into incident_hx (patient_id, incident_nbr) Values ('10017', 1)",
-             "Insert Into session_types (sess_cpt_code, sess_cpt_name, sess_cpt_time) Values ('90834', 'Psychotherapy', 45)",
-             "Insert Into Locations (Location) Values ('Main Office')",
-             "Insert Into AptCategories (aptcategory, aptcategorycolor) Values ('Intake', 8438015)",
-             "Insert Into Events (Event) Values ('Staff meeting')",
-             "Insert Into availability (avail) Values ('Lunch')"})
-            connection.Execute(QString::fromUtf8(statement));
-        desk = openDesk(display.name());
-        person = std::make_unique<Person>(*desk, display.name());
-        person->turnTo("mdisched");
-    }
-
-    QString at(int minute) { return desk->tell("timePlace", QString::number(minute)); }
-    QString itemOf(const QString& key) { return desk->tell("itemPlace", key); }
-    QString newestKey() { return value(QStringLiteral("Select Max(nkeyid) from appointments")); }
-    qint64 status(const QString& key) {
-        return number(db::Sql("Select ncolor from appointments Where nkeyid = {}", db::Raw{key}));
-    }
-    /// Books a patient by keyboard from the selected time on.
-    void bookByKeyboard(const QString& letters) {
-        person->turnTo("frmnore");
-        person->type(letters);
-        person->press({QStringLiteral("Return")});
-    }
-
-    Display display;
-    std::unique_ptr<Desk> desk;
-    std::unique_ptr<Person> person;
-};
-
-}  // namespace
+#include "tests/desks/deskfront.h"
 
 TEST_F(FrontDesk, TheWholeDayGoesByMouseAndKeyboard) {
     // Book a patient found by typing.

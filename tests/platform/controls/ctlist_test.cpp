@@ -192,6 +192,32 @@ TEST_F(ListTest, SpaceFlipsTheBoxOfTheSelectedRow) {
     EXPECT_TRUE(list.Checked(2, Done));
 }
 
+TEST_F(ListTest, SpaceInAListThatWasOnlyJustEnteredFlipsTheBoxOfTheRowWithTheFocus) {
+    addTasks();
+    show();
+    list.selectionModel()->setCurrentIndex(list.model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    ASSERT_EQ(list.SelectedRow(), -1);
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(list.SelectedRow(), 0);
+    EXPECT_TRUE(list.Checked(0, Done));
+}
+
+TEST_F(ListTest, ShiftAndSpaceFlipTheSecondBoxWhereThereIsOne) {
+    list.SetColumns({{QStringLiteral("In"), ListColumn::Kind::Check},
+                     {QStringLiteral("Name")},
+                     {QStringLiteral("Came"), ListColumn::Kind::Check}});
+    list.AddRow(QStringLiteral("1;Ann;0"));
+    show();
+    list.SelectRow(0);
+    QTest::keyClick(&list, Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_TRUE(list.Checked(0, 1));
+    EXPECT_TRUE(list.Checked(0, 3));
+    addTasks();
+    list.SelectRow(1);
+    QTest::keyClick(&list, Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_FALSE(list.Checked(1, Done));
+}
+
 TEST_F(ListTest, SettingACheckByProgramTellsNobody) {
     addTasks();
     QSignalSpy checks(&list, &ctList::CheckChanged);
