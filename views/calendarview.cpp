@@ -1,5 +1,6 @@
 #include "views/calendarview.h"
 
+#include <algorithm>
 #include <QAction>
 
 #include "data/courtesycalls.h"
@@ -56,7 +57,15 @@ std::optional<CalendarItem> CalendarView::SelectedItem() const {
 std::optional<SelectedSlot> CalendarView::SelectedTime() const {
     if (ctMDay1->SelectedRange() < 0)
         return std::nullopt;
-    return SelectedSlot{ctMDay1->Date(), ctMDay1->SelStart(), ctMDay1->SelEnd()};
+    return SelectedSlot{dateOfColumn(ctMDay1->SelColumn()), ctMDay1->SelStart(), ctMDay1->SelEnd()};
+}
+
+QDate CalendarView::dateOfColumn(int /*column*/) const {
+    return ctMDay1->Date();
+}
+
+std::optional<BookedProvider> CalendarView::providerOfColumn(int /*column*/) const {
+    return std::nullopt;
 }
 
 void CalendarView::DropSelection() {
@@ -75,6 +84,62 @@ void CalendarView::setHours() {
     ctMDay1->setFirstTime(session.DayStartHour * 60);
     ctMDay1->setPrimeEnd(session.DayEndHour * 60);
     ctMDay1->setLastTime(session.DayEndHour * 60 - 1);
+}
+
+void CalendarView::beginLoad(QDate date, const QString& provider) {
+    const bool same = date == loadedDate_ && provider == loadedProvider_;
+    // Whoever hides the names wants none left in the details either.
+    const bool hidesNames = Session().HidePatientNames && !loadedNamesHidden_;
+    kept_ = {};
+    if (same)
+        kept_.topTime = ctMDay1->TopTime();
+    if (same && !hidesNames)
+        kept_.selectedKey = SelectedItem().value_or(CalendarItem()).ItemKey;
+    loadedDate_ = date;
+    loadedProvider_ = provider;
+    loadedNamesHidden_ = Session().HidePatientNames;
+    ctMDay1->setDate(date);
+    ctMDay1->ClearItems();
+    ctMDay1->setDayBackColor(SystemInfoColor);
+    ctMDay1->setDayHeaderColor(SystemInfoColor);
+    ctMDay1->setHolidayFlag(false);
+    facts_.clear();
+    setHours();
+}
+
+void CalendarView::endLoad() {
+    displayapptinfo(0);
+    ctMDay1->setTopTime(std::max(kept_.topTime.value_or(0), ctMDay1->FirstTime()));
+    if (const int index = kept_.selectedKey.isEmpty() ? 0 : ctMDay1->IndexOfKey(kept_.selectedKey); index > 0)
+        ctMDay1->setSelectedItem(index);
+}
+
+void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {
+    const ItemPainting painting = CalendarView::painting();
+    for (; !rows.Eof(); rows.MoveNext()) {
+        CalendarItem item = ItemFromAppointment(rows, painting);
+        if (facts_.contains(item.ItemKey))
+            continue;
+        if (const int start = std::max(item.ItemStart, 0); start < ctMDay1->FirstTime())
+            ctMDay1->setFirstTime(start);
+        if (!accept || accept(rows, item))
+            addAppointment(rows, std::move(item));
+    }
+}
+
+void CalendarView::shadeAround(const db::Recordset& hours, const std::function<void(int, int)>& shade) const {
+    const int first = ctMDay1->FirstTime();
+    const int last = ctMDay1->LastTime();
+    const int start = static_cast<int>(hours["starttime"].integer());
+    const int end = static_cast<int>(hours["endtime"].integer());
+    if (start <= 0) {
+        shade(first, last);
+        return;
+    }
+    if (start > first)
+        shade(first, start - 1);
+    if (end < last)
+        shade(end + 1, last);
 }
 
 int CalendarView::addItem(CalendarItem item) {

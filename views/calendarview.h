@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <QHash>
 
 #include "platform/calendar/ctmday.h"
@@ -62,10 +63,31 @@ class CalendarView : public ViewWindow, public OpenView {
         [[nodiscard]] bool StandsAs(const RowFacts& other) const;
     };
 
+    /// The date of a column, counted from 1; days as columns have one each.
+    [[nodiscard]] virtual QDate dateOfColumn(int column) const;
+    /// The provider of a column where providers stand as columns: what is dropped there becomes this provider's.
+    [[nodiscard]] virtual std::optional<BookedProvider> providerOfColumn(int column) const;
+
+    /// The name of a provider of such a column, by the id; the id where nobody knows it.
+    [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
+
     /// TimeInterval and TwentyFourHour from the preferences.
     void setGrid();
     /// PrimeStart, FirstTime, PrimeEnd and LastTime from the preferred hours, before the items that may widen them.
     void setHours();
+    /// Empties the calendar for a load of what stands under this date and, where the view has one, this provider. The
+    /// load ends by endLoad.
+    void beginLoad(QDate date, const QString& provider);
+    /// A reload of what was shown before keeps the place and the selected item, unless the names were hidden meanwhile;
+    /// anything else starts at its first minute.
+    void endLoad();
+    /// Whether an item of this row is to be shown; it may be changed before.
+    using Accept = std::function<bool(const db::Recordset& row, CalendarItem& item)>;
+    /// Adds an item for each row that is accepted. A row that a join gives more than once makes one item, and a row
+    /// that starts before the first hour widens the grid, accepted or not.
+    void addAppointments(db::Recordset rows, const Accept& accept = {});
+    /// Shades what lies outside a row of ProvSched; a null or no start shades the whole day.
+    void shadeAround(const db::Recordset& hours, const std::function<void(int from, int until)>& shade) const;
     /// Adds an item with all its attributes, locks included; returns its index.
     int addItem(CalendarItem item);
     /// Adds the item that was made of the row, and keeps what the commands need of the row.
@@ -86,6 +108,8 @@ class CalendarView : public ViewWindow, public OpenView {
 
     ctMDay* ctMDay1;
     QHash<QString, RowFacts> facts_;  ///< By ItemKey.
+
+    static constexpr int NonWorkingColor = 0x808080;  ///< Of the hours in which the provider does not work.
 
   private:
     void bindCommands();
@@ -157,4 +181,14 @@ class CalendarView : public ViewWindow, public OpenView {
     MainWindow& main_;
     ViewMenus menus_;
     QMenu* newPopup_ = nullptr;
+
+    QDate loadedDate_;
+    QString loadedProvider_;
+    bool loadedNamesHidden_ = false;
+    /// What endLoad puts back.
+    struct KeptPlace {
+        std::optional<int> topTime;
+        QString selectedKey;
+    };
+    KeptPlace kept_;
 };

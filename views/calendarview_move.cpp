@@ -124,17 +124,24 @@ void CalendarView::storeMove(const CalendarItem& item, int room) {
     }
     if (!facts_.value(item.ItemKey).StandsAs(factsOf(row, ItemFromAppointment(row, painting()))))
         throw db::RowChangedError();
-    const QString old =
+    QString old =
         QStringLiteral("%1 at %2").arg(ShortDateText(row["dapptdate"].date()), timeText(row["nStartTime"].integer()));
+    QString what = FirstCharacters(item.ItemText);
     stamp(row);
     row.Set("nStartTime", item.ItemStart);
     row.Set("nEndTime", item.ItemEnd);
     row.Set("dapptdate", item.ItemDay);
+    if (const std::optional<BookedProvider> provider = providerOfColumn(item.ItemColumn)) {
+        if (const QString before = row["clinicianid"].text(); before != provider->id) {
+            old += QStringLiteral(" with ") + nameOfProvider(before);
+            row.Set("clinicianid", provider->id);
+        }
+        what += QStringLiteral(" with ") + provider->name;
+    }
     row.Update();
     AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},
              QStringLiteral("Modified Appointment (%1) to %2 at %3 for %4")
-                 .arg(old, item.ItemDay.toString(QStringLiteral("MM/dd/yy")), timeText(item.ItemStart),
-                      FirstCharacters(item.ItemText)));
+                 .arg(old, item.ItemDay.toString(QStringLiteral("MM/dd/yy")), timeText(item.ItemStart), what));
     if (room > 0)
         UpdateRoomTime(key, item.ItemStart, item.ItemEnd, item.ItemDay, QString());
     showRow(row);

@@ -47,7 +47,6 @@ class frmsched : public CalendarView {
 
     // frmsched.cpp
     void bindDayCommands();
-    void loadAppointments(QDate date);
     void loadHoliday(QDate date);
 
     // frmsched_tasks.cpp
@@ -71,8 +70,5 @@ class frmsched : public CalendarView {
     QPlainTextEdit* txtnote = nullptr;
     ctList* ctList1 = nullptr;
 
-    QDate loadedDate_;
-    QString loadedProvider_;
-    bool loadedNamesHidden_ = false;
     QString tasksOf_;
 };
