@@ -1,7 +1,9 @@
 #include "app/viewfactories.h"
 
 #include "views/frmsched.h"
+#include "views/frmweekv.h"
 
 ViewFactories MakeViewFactories() {
-    return {{1, [](MainWindow& main) { return std::make_unique<frmsched>(main); }}};
+    return {{1, [](MainWindow& main) { return std::make_unique<frmsched>(main); }},
+            {2, [](MainWindow& main) { return std::make_unique<frmweekv>(main); }}};
 }

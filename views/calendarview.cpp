@@ -5,6 +5,7 @@
 
 #include "data/courtesycalls.h"
 #include "session/session.h"
+#include "views/viewtable.h"
 
 CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     : ViewWindow(parent), ctMDay1(new ctMDay(this)), main_(main), menus_(this) {
@@ -17,6 +18,7 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
     bindLists();
     bindSearches();
     bindSeries();
+    setGrid();
     registerOpenView();
 }
 
@@ -25,6 +27,7 @@ void CalendarView::bindCommands() {
     menus_.Bind(QStringLiteral("mnuFPrefs"), [this] { main_.ShowPreferences(); });
     menus_.Bind(QStringLiteral("mnuFExit"), [this] { main_.Leave(); });
     menus_.Bind(QStringLiteral("mnuVDay"), [this] { main_.changeview(0); });
+    menus_.Bind(QStringLiteral("mnuVWeek"), [this] { main_.changeview(1); });
     menus_.Bind(QStringLiteral("mnuVToday"), [this] { main_.GoToToday(); });
     menus_.Bind(QStringLiteral("mnuVPrevious"), [this] { main_.cycledate(0); });
     menus_.Bind(QStringLiteral("mnuVNext"), [this] { main_.cycledate(1); });
@@ -36,9 +39,23 @@ void CalendarView::bindCommands() {
     });
     // The word for a patient follows the practice.
     menus_.Command(QStringLiteral("mnuANPat")).setText(QStringLiteral("&%1...").arg(Session().WordUsage));
-    menus_.Command(QStringLiteral("mnuVDay")).setCheckable(true);
+    menus_.Allow(QStringLiteral("mnuFExport"), false);
+    menus_.Allow(QStringLiteral("mnuFsep4"), false);
+    menus_.Allow(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
+    menus_.Allow(QStringLiteral("mnuVAll"), Session().AllProviders);
+    connect(ctMDay1, &ctMDay::DayStepRequested, this,
+            [this](int direction) { main_.cycledate(direction < 0 ? 0 : 1); });
     menus_.Command(QStringLiteral("mnuVHidePats")).setCheckable(true);
     CalendarView::FollowMainWindow();
+}
+
+void CalendarView::showOpenView(const QString& command, int view) {
+    menus_.Command(command).setCheckable(true);
+    menus_.Command(command).setChecked(true);
+    const ViewEntry& entry = *FindView(view);
+    menus_.Command(QStringLiteral("mnuVPrevious"))
+        .setText(QStringLiteral("&%1\tAlt+Left").arg(QLatin1String(entry.previous)));
+    menus_.Command(QStringLiteral("mnuVNext")).setText(QStringLiteral("&%1\tAlt+Right").arg(QLatin1String(entry.next)));
 }
 
 void CalendarView::FollowMainWindow() {

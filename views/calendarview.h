@@ -71,6 +71,8 @@ class CalendarView : public ViewWindow, public OpenView {
     /// The name of a provider of such a column, by the id; the id where nobody knows it.
     [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
 
+    /// Ticks the command that opened this view, and names what a step goes over.
+    void showOpenView(const QString& command, int view);
     /// TimeInterval and TwentyFourHour from the preferences.
     void setGrid();
     /// PrimeStart, FirstTime, PrimeEnd and LastTime from the preferred hours, before the items that may widen them.

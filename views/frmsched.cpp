@@ -1,6 +1,6 @@
 #include "views/frmsched.h"
 
-#include <QAction>
+#include <QLocale>
 
 #include "data/codes.h"
 #include "data/holidays.h"
@@ -19,23 +19,12 @@ using db::SqlDate;
 frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, parent) {
     setObjectName(QStringLiteral("frmsched"));
     layOut();
-    bindDayCommands();
     bindTaskCommands();
-    setGrid();
+    showOpenView(QStringLiteral("mnuVDay"), 1);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
-    connect(ctMDay1, &ctMDay::DayStepRequested, this,
-            [this](int direction) { this->main().cycledate(direction < 0 ? 0 : 1); });
     LoadDayView();
     LoadToDo();
     setmenuaccess();
-}
-
-void frmsched::bindDayCommands() {
-    menus().Allow(QStringLiteral("mnuFExport"), false);
-    menus().Allow(QStringLiteral("mnuFsep4"), false);
-    menus().Allow(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
-    menus().Allow(QStringLiteral("mnuVAll"), Session().AllProviders);
-    menus().Command(QStringLiteral("mnuVDay")).setChecked(true);
 }
 
 QDate frmsched::Stepped(QDate from, int direction) const {
@@ -95,9 +84,6 @@ void frmsched::LoadWorkSchedule(QDate day) {
 }
 
 void frmsched::changedate(QDate date) {
-    static constexpr const char* months[] = {"January ",   "February ", "March ",    "April ",
-                                             "May ",       "June ",     "July ",     "August ",
-                                             "September ", "October ",  "November ", "December "};
-    main().ShowTitle(QLatin1String(months[date.month() - 1]) +
-                     QStringLiteral("%1, %2").arg(date.day()).arg(date.year()));
+    main().ShowTitle(
+        QStringLiteral("%1 %2, %3").arg(QLocale::c().monthName(date.month())).arg(date.day()).arg(date.year()));
 }

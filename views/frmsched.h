@@ -46,7 +46,6 @@ class frmsched : public CalendarView {
     void sharePanes();
 
     // frmsched.cpp
-    void bindDayCommands();
     void loadHoliday(QDate date);
 
     // frmsched_tasks.cpp

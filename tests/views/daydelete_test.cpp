@@ -197,7 +197,7 @@ TEST_F(DayDelete, IsNotOfferedForTheHolidayBanner) {
     run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Founders'' Day', '2026/03/11', 0)");
     add(anAppointment("Meeting without an appointment"));
     run("Insert Into roomschedule (apptid, croomid) Values(0, 1)");
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Founders' Day");
 
     EXPECT_FALSE(command("mnuADelete").isEnabled());
@@ -211,7 +211,7 @@ TEST_F(DayDelete, IsNotOfferedForTheHolidayBanner) {
 
 TEST_F(DayDelete, WithoutASelectionDoesNothing) {
     add(anAppointment("Anna"));
-    frmsched& view = open();
+    CalendarView& view = open();
 
     EXPECT_FALSE(command("mnuADelete").isEnabled());
     QTest::keyClick(&calendar(), Qt::Key_Delete);
@@ -239,7 +239,7 @@ TEST_F(DayDelete, OfAnUnfinishedAppointmentAsksAndLogsNothing) {
     Session().ALEnabled = true;
     const qint64 key = add(anAppointment("Half made"));
     book(key);
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Half made");
 
     Session().IsNewAppt = true;
@@ -254,7 +254,7 @@ TEST_F(DayDelete, OfAnUnfinishedAppointmentAsksAndLogsNothing) {
 TEST_F(DayDelete, OfAnUnfinishedAppointmentThatFailsIsToldAndLeavesIt) {
     const qint64 key = add(anAppointment("Half made"));
     book(key);
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Half made");
     const QString reason = database_.refuse(QStringLiteral("Delete"), QStringLiteral("roomschedule"));
 
@@ -270,7 +270,7 @@ TEST_F(DayDelete, OfAnUnfinishedAppointmentThatFailsIsToldAndLeavesIt) {
 TEST_F(DayDelete, OfAnUnfinishedAppointmentThatIsGoneAlreadyTakesItsRoom) {
     const qint64 key = add(anAppointment("Half made"));
     book(key);
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Half made");
     database_.connection().Execute(db::Sql("Delete from appointments Where nkeyid = {}", key));
 

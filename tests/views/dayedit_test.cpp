@@ -80,7 +80,7 @@ TEST_F(DayEdit, TheKindFollowsTheRow) {
     openByHand();
     const auto opensAs = [this](const AppointmentRow& row, int kind) {
         const qint64 key = add(row);
-        view_->LoadDayView();
+        day().LoadDayView();
         select(row.text.toUtf8());
         expectEditor(kind, key);
         this->key(Qt::Key_Return);

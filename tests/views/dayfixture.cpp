@@ -39,8 +39,8 @@ void DayFixture::run(const QString& statement) {
     Session().Connection.Execute(statement);
 }
 
-frmsched& DayFixture::open() {
-    view_ = std::make_unique<frmsched>(main);
+CalendarView& DayFixture::open() {
+    view_ = makeView();
     view_->resize(1000, 700);
     view_->show();
     QApplication::processEvents();

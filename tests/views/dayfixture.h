@@ -66,8 +66,11 @@ class DayFixture : public testing::Test {
 
     qint64 add(const AppointmentRow& row);
     void run(const QString& statement);
-    /// Opens the day view on the date of the main window, 1000 by 700 pixels.
-    frmsched& open();
+    /// Opens the view on the date of the main window, 1000 by 700 pixels.
+    CalendarView& open();
+    /// Which view it is; the day view unless a test is about another.
+    [[nodiscard]] virtual std::unique_ptr<CalendarView> makeView() { return std::make_unique<frmsched>(main); }
+    [[nodiscard]] frmsched& day() { return dynamic_cast<frmsched&>(*view_); }
 
     [[nodiscard]] ctMDay& calendar();
     [[nodiscard]] const CalendarItem& item(const char* text);
@@ -82,5 +85,5 @@ class DayFixture : public testing::Test {
     TestDatabase database_;
     ScriptedDesk desk;
     FakeMainWindow main{QDate(2026, 3, 11)};
-    std::unique_ptr<frmsched> view_;
+    std::unique_ptr<CalendarView> view_;
 };

@@ -148,7 +148,7 @@ TEST_F(DayRights, TheWordForAPatientStandsInTheCommand) {
 }
 
 TEST_F(DayRights, TheMenusHoldEveryCommandOnce) {
-    frmsched& view = open();
+    CalendarView& view = open();
     QMenuBar bar;
 
     view.FillMenus(bar);

@@ -59,7 +59,7 @@ TEST_P(DayPlainStatus, IsStoredShownAndTicked) {
 
 TEST_P(DayPlainStatus, LooksAsTheNextReloadShowsIt) {
     add(anAppointment("Anna").status(ncolor::Tentative).with("BTentIco", "1").with("appointment_type", "6723891"));
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Anna");
 
     choose(GetParam().command);
@@ -131,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(DayStatus, KeptSavesTheRowAndShowsIt) {
     const qint64 key = add(anAppointment("Anna").status(ncolor::Tentative).with("BTentIco", "1"));
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Anna");
 
     choose("mnuAKept");
@@ -241,7 +241,7 @@ TEST_F(DayStatus, ARowWithoutATextCanBeKept) {
 TEST_F(DayStatus, ThePictureOfACallGivesWayToTheStatusUntilTheNextReload) {
     run("Insert Into CourtesyCallCodes (CallService, CallCode, CallCategory) Values('CP', 'NA', 3)");
     add(anAppointment("Anna").status(ncolor::Pending).with("CourtesyCallStatus", "'NA'"));
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Anna");
     ASSERT_EQ(item("Anna").ItemStatusIcon, 5);
 
@@ -296,7 +296,7 @@ TEST_F(DayStatus, WhatIsNoPatientsAppointmentHasNone) {
 
 TEST_F(DayStatus, APatientInAColourWithoutAMeaningCanBeSettled) {
     add(anAppointment("Grey").status(ncolor::LegendTentative).with("patientid", "'10017'"));
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Grey");
 
     choose("mnuAMissed");

@@ -57,7 +57,7 @@ TEST_F(DayTasks, TheDueDateFollowsTheDateOrder) {
     EXPECT_EQ(rows(), QStringList{"0;Due;Medium;03/07/2026"});
 
     Session().DateOrder = 1;
-    view_->LoadToDo();
+    day().LoadToDo();
     EXPECT_EQ(rows(), QStringList{"0;Due;Medium;07/03/2026"});
 }
 
@@ -70,13 +70,13 @@ TEST_F(DayTasks, DoneTasksAreTickedAndCanBeHidden) {
     EXPECT_FALSE(list().Checked(1, 1));
 
     Session().TaskRollOver = true;
-    view_->LoadToDo();
+    day().LoadToDo();
     EXPECT_EQ(rows(), QStringList{"0;Open;Low;"});
 }
 
 TEST_F(DayTasks, DoneTasksLeaveTheListWhenThePreferencesHideThem) {
     addTask("Done", 1, "null", 1);
-    frmsched& view = open();
+    CalendarView& view = open();
 
     Session().TaskRollOver = true;
     view.ApplyPreferences();
@@ -96,7 +96,7 @@ TEST_F(DayTasks, ATaskWithNotesIsMarked) {
 
 TEST_F(DayTasks, TheListDoesNotChangeWithTheDateButWithTheProvider) {
     addTask("Reeds", 2);
-    frmsched& view = open();
+    CalendarView& view = open();
 
     main.SetDate(QDate(2026, 5, 1));
     view.Reload();

@@ -259,7 +259,7 @@ TEST_F(DayText, LeavingTheDayStoresWhatWasBeingTyped) {
     beginTyping("Meeting", QStringLiteral("Team"));
 
     main.SetDate(QDate(2026, 3, 12));
-    view_->LoadDayView();
+    day().LoadDayView();
 
     EXPECT_EQ(stored(key, "cappttext"), "Team");
     EXPECT_EQ(itemTexts(), QStringList());

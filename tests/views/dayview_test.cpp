@@ -79,7 +79,7 @@ TEST_F(DayView, ARepeatingHolidayOfAnotherYearShows) {
 
 TEST_F(DayView, TheDayAfterAHolidayHasItsUsualColours) {
     run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Founders'' Day', '2026/03/11', 0)");
-    frmsched& view = open();
+    CalendarView& view = open();
 
     main.SetDate(QDate(2026, 3, 12));
     view.Reload();
@@ -130,7 +130,7 @@ TEST_F(DayView, AmongRowsOfOneMinuteTheTypeSlotComesFirst) {
 TEST_F(DayView, AnotherDayIsReadWhenTheDateChanges) {
     add(anAppointment("Wednesday"));
     add(anAppointment("Thursday").on(QDate(2026, 3, 12)));
-    frmsched& view = open();
+    CalendarView& view = open();
 
     main.SetDate(QDate(2026, 3, 12));
     view.Reload();
@@ -143,7 +143,7 @@ TEST_F(DayView, AnotherDayIsReadWhenTheDateChanges) {
 TEST_F(DayView, AReloadKeepsThePlaceAndTheSelectedAppointment) {
     add(anAppointment("First").at(9, 0));
     add(anAppointment("Second").at(16, 0));
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Second");
     calendar().setTopTime(600);
     const int top = calendar().TopTime();
@@ -159,7 +159,7 @@ TEST_F(DayView, AReloadKeepsThePlaceAndTheSelectedAppointment) {
 
 TEST_F(DayView, AnAppointmentThatAnotherDeskDeletedLeavesTheDayAtTheNextReload) {
     const qint64 key = add(anAppointment("Gone"));
-    frmsched& view = open();
+    CalendarView& view = open();
     select("Gone");
 
     run(QStringLiteral("Delete from appointments Where nkeyid = %1").arg(key));
@@ -171,7 +171,7 @@ TEST_F(DayView, AnAppointmentThatAnotherDeskDeletedLeavesTheDayAtTheNextReload) 
 
 TEST_F(DayView, ALostDatabaseIsToldSoThatTheEmptyDayIsNotTakenForAFreeOne) {
     add(anAppointment("Was here"));
-    frmsched& view = open();
+    CalendarView& view = open();
 
     Session().Connection.Close();
     desk.expectBox(
@@ -240,7 +240,7 @@ TEST_F(DayView, TheGridFollowsThePreferences) {
 
 TEST_F(DayView, ChangedPreferencesKeepAnEarlyAppointmentInTheGrid) {
     add(anAppointment("Early bird").at(6, 30));
-    frmsched& view = open();
+    CalendarView& view = open();
 
     Session().DayStartHour = 9;
     Session().TimeUnit = 30;
@@ -252,7 +252,7 @@ TEST_F(DayView, ChangedPreferencesKeepAnEarlyAppointmentInTheGrid) {
 }
 
 TEST_F(DayView, ChangedPreferencesReadTheDayAgain) {
-    frmsched& view = open();
+    CalendarView& view = open();
     add(anAppointment("From another desk"));
 
     view.ApplyPreferences();

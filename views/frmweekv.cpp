@@ -1,0 +1,115 @@
+#include "views/frmweekv.h"
+
+#include <QLocale>
+#include <QVBoxLayout>
+
+#include "data/codes.h"
+#include "data/holidays.h"
+#include "data/recurrence.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "session/errorbox.h"
+#include "session/preferences.h"
+#include "session/session.h"
+#include "views/appointmentitem.h"
+
+using db::Ignoring;
+using db::Recordset;
+using db::Sql;
+using db::SqlDate;
+
+namespace {
+
+constexpr int DaysOfWeek = 7;
+constexpr int WorkingDays = 5;
+
+QDate mondayOf(QDate date) {
+    return date.addDays(1 - date.dayOfWeek());
+}
+
+}  // namespace
+
+frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, parent) {
+    setObjectName(QStringLiteral("frmweekv"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(ctMDay1);
+    // The tasks stand beside the day.
+    menus().Show(QStringLiteral("mnuToDo"), false);
+    showOpenView(QStringLiteral("mnuVWeek"), 2);
+    showDays();
+    loadmdayview();
+    setmenuaccess();
+}
+
+void frmweekv::showDays() {
+    const QString wanted = GetPreference(Session().SchedulerIni, QStringLiteral("WeekCols"),
+                                         QStringLiteral("SchedulerGeneral"), QString::fromLatin1(AllUsers));
+    ctMDay1->setDayColumns(wanted == QLatin1String("7") ? DaysOfWeek : WorkingDays);
+}
+
+void frmweekv::ApplyPreferences() {
+    showDays();
+    CalendarView::ApplyPreferences();
+}
+
+QDate frmweekv::Stepped(QDate from, int direction) const {
+    return mondayOf(from).addDays(DaysOfWeek * direction);
+}
+
+QDate frmweekv::dateOfColumn(int column) const {
+    return ctMDay1->Date().addDays(column - 1);
+}
+
+void frmweekv::loadmdayview() {
+    const QString& provider = Session().ProviderId;
+    beginLoad(mondayOf(main().Date()), provider);
+    const QDate first = ctMDay1->Date();
+    try {
+        // The eighth day has no column, and its rows no place.
+        addAppointments(
+            Recordset(
+                Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}') Order by NStartTime, appttype DESC",
+                    SqlDate(first), SqlDate(first.addDays(DaysOfWeek)), provider, provider),
+                Session().Connection),
+            [](const Recordset& row, const CalendarItem& /*item*/) { return !row["allday"].boolean(); });
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading schedule. "), error);
+    }
+    Ignoring([&] { loadHolidays(first); });
+    ctMDay1->ClearTimeRanges();
+    for (int day = 0; day < DaysOfWeek; ++day)
+        LoadWorkSchedule(first.addDays(day));
+    endLoad();
+    const QString caption =
+        QStringLiteral("Week of %1 %2, %3").arg(getmonth(first.month())).arg(first.day()).arg(first.year());
+    main().ShowDateText(caption);
+    main().ShowTitle(caption);
+}
+
+void frmweekv::loadHolidays(QDate first) {
+    for (int day = 0; day < DaysOfWeek; ++day) {
+        const QDate date = first.addDays(day);
+        if (const std::optional<QString> holiday = HolidayOn(Session().Connection, date)) {
+            ctMDay1->setHolidayFlag(true);
+            ctMDay1->setDayHeaderColor(ncolor::Holiday);
+            addItem(HolidayBanner(*holiday, date));
+        }
+    }
+}
+
+void frmweekv::LoadWorkSchedule(QDate date) {
+    Ignoring([&] {
+        const Recordset hours(Sql("Select * from ProvSched Where providerid = '{}' and workdayvalue = '{}'",
+                                  Session().ProviderId, WeekdayNumber(date)),
+                              Session().Connection);
+        if (!hours.Eof())
+            shadeAround(hours, [this, date](int from, int until) {
+                ctMDay1->AddTimeRange(from, until, NonWorkingColor, date);
+            });
+    });
+}
+
+QString frmweekv::getmonth(int month) {
+    return month < 1 || month > 12 ? QString() : QLocale::c().monthName(month);
+}
