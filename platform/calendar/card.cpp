@@ -85,6 +85,16 @@ QRect PaintGlyphs(QPainter& painter, QRect line, int room, const CalendarItem& i
     return line;
 }
 
+QString ShortenedTo(int width, const QString& text, const QFontMetrics& metrics) {
+    if (width >= metrics.averageCharWidth() * 6)
+        return metrics.elidedText(text, Qt::ElideRight, width);
+    // In a sliver three letters say more than one letter and dots.
+    QString letters = text.left(8);
+    while (!letters.isEmpty() && metrics.horizontalAdvance(letters) > width)
+        letters.chop(1);
+    return letters;
+}
+
 /// Draws a line of text from its left end, shortened to the line.
 void DrawLine(QPainter& painter, const QRect& line, const QString& text, const QFont& font, const QColor& color) {
     if (text.isEmpty())
@@ -92,9 +102,7 @@ void DrawLine(QPainter& painter, const QRect& line, const QString& text, const Q
     painter.setFont(font);
     painter.setPen(color);
     const QFontMetrics metrics = painter.fontMetrics();
-    // In a sliver three letters say more than one letter and dots.
-    const bool sliver = line.width() < metrics.averageCharWidth() * 6;
-    const QString shown = sliver ? text.left(8) : metrics.elidedText(text, Qt::ElideRight, line.width());
+    const QString shown = ShortenedTo(line.width(), text, metrics);
     // Drawing from a point spares the layout that drawing into a rectangle makes.
     painter.drawText(QPointF(line.left(), line.top() + (line.height() - metrics.height()) / 2.0 + metrics.ascent()),
                      shown);
@@ -122,7 +130,7 @@ class CardText {
         // A narrow card keeps its first line for the name and has its glyphs below, where there is height for that.
         const bool narrow = inner.width() < style_.icon * 7 && linesBelow >= 2;
         const int room =
-            narrow ? 0 : std::max(inner.width() - style_.icon * 3, inner.width() > style_.icon * 2 ? style_.icon : 0);
+            narrow ? 0 : std::max(inner.width() - style_.icon * 5, inner.width() > style_.icon * 2 ? style_.icon : 0);
         paintTitle(PaintGlyphs(painter_, line, room, item_, colors_.text, style_), linesBelow == 0);
         if (narrow) {
             const QRect bottom(inner.left(), line.bottom() + 1 + (linesBelow - 1) * style_.smallLine, inner.width(),
