@@ -5,6 +5,6 @@
 void RegisterBookingBenches();
 void RegisterLookUpBenches();
 void RegisterRecurrenceBenches();
-void RegisterDayBenches();
+void RegisterViewBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();

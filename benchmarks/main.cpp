@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
         if (pair.size() == 2)
             Practices().push_back({pair[0], pair[1]});
     }
-    RegisterDayBenches();
+    RegisterViewBenches();
     RegisterBookingBenches();
     RegisterLookUpBenches();
     RegisterRecurrenceBenches();

@@ -24,7 +24,9 @@ class FrontDesk : public DeskFixture {
         person->turnTo("mdisched");
     }
 
-    QString at(int minute) { return desk->tell("timePlace", QString::number(minute)); }
+    QString at(int minute, int column = 1) {
+        return desk->tell("timePlace", QString::number(minute), QString::number(column));
+    }
     QString itemOf(const QString& key) { return desk->tell("itemPlace", key); }
     QString newestKey() { return value(QStringLiteral("Select Max(nkeyid) from appointments")); }
     qint64 status(const QString& key) {

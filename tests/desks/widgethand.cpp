@@ -1,5 +1,6 @@
 #include "tests/desks/widgethand.h"
 
+#include <algorithm>
 #include <csignal>
 #include <functional>
 #include <QAbstractButton>
@@ -195,10 +196,11 @@ QString itemPlace(const QStringList& words) {
     return placeText(day, day.ItemRect(index).center());
 }
 
-/// The middle of the row of a minute.
+/// The middle of the row of a minute, in the first column unless another is given.
 QString timePlace(const QStringList& words) {
     ctMDay& day = calendar();
-    return placeText(day, day.CellRect(1, words.at(1).toInt()).center());
+    const int column = std::max(1, words.value(2).toInt());
+    return placeText(day, day.CellRect(column, words.at(1).toInt()).center());
 }
 
 QString widgetPlace(const QStringList& words) {

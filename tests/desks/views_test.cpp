@@ -1,0 +1,56 @@
+#include "tests/desks/deskfront.h"
+
+namespace {
+
+/// The calendars beside the day, worked by mouse and keyboard.
+class Views : public FrontDesk {
+  protected:
+    QString when(const QString& key) {
+        return value(db::Sql("Select dapptdate from appointments Where nkeyid = {}", db::Raw{key})).left(10) +
+               QLatin1Char(' ') + times(key).section(QLatin1Char('-'), 0, 0);
+    }
+};
+
+}  // namespace
+
+TEST_F(Views, OnTheWeekAnAppointmentIsDraggedToAnotherDayWithItsRoom) {
+    const QString anna = add(540, 600, QStringLiteral("O'Brien, Anna"));
+    connection.Execute(db::Sql(
+        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values (540, 600, '{}', 'Reed', 1, {})",
+        day, db::Raw{anna}));
+    connection.Execute(
+        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values (600, 1000, '2026/03/12', 'Training', 1, 0)");
+    person->press({QStringLiteral("ctrl+2")});
+    desk->await("mdisched");
+    EXPECT_TRUE(desk->tell("items").contains(QStringLiteral("O'Brien, Anna")));
+
+    // Thursday: the room is taken, and the question is declined.
+    person->drag(itemOf(anna), at(780, 4));
+    person->turnTo("AppointmentConflict");
+    person->picture("week-conflict");
+    person->press({QStringLiteral("Escape")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(when(anna), QStringLiteral("2026-03-11 540"));
+
+    // Friday: it goes.
+    person->drag(itemOf(anna), at(780, 5));
+    desk->await("mdisched");
+    EXPECT_TRUE(when(anna).startsWith(QStringLiteral("2026-03-13 7"))) << when(anna).toStdString();
+    EXPECT_EQ(value(QStringLiteral("Select nApptDate from roomschedule Where apptid > 0")).left(10),
+              QStringLiteral("2026-03-13"));
+    person->picture("week");
+
+    // A new one on Monday, by double click.
+    person->doubleClick(at(660, 1));
+    bookByKeyboard(QStringLiteral("o'b"));
+    person->turnTo("mdisched");
+    EXPECT_EQ(when(newestKey()), QStringLiteral("2026-03-09 660"));
+
+    // A week on, and back to the day.
+    person->press({QStringLiteral("alt+Right")});
+    desk->await("mdisched");
+    EXPECT_EQ(desk->tell("items"), QString());
+    person->press({QStringLiteral("ctrl+1")});
+    desk->await("mdisched");
+    EXPECT_EQ(desk->tell("items"), QString());
+}
