@@ -5,10 +5,9 @@
 
 #include "data/courtesycalls.h"
 #include "session/session.h"
-#include "views/viewtable.h"
 
 CalendarView::CalendarView(MainWindow& main, QWidget* parent)
-    : ViewWindow(parent), ctMDay1(new ctMDay(this)), main_(main), menus_(this) {
+    : MenuView(main, CalendarMenus(), parent), ctMDay1(new ctMDay(this)) {
     ctMDay1->setObjectName(QStringLiteral("ctMDay1"));
     bindCommands();
     bindStatusCommands();
@@ -23,20 +22,6 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
 }
 
 void CalendarView::bindCommands() {
-    menus_.Bind(QStringLiteral("mnuFSelect"), [this] { main_.SelectProvider(); });
-    menus_.Bind(QStringLiteral("mnuFPrefs"), [this] { main_.ShowPreferences(); });
-    menus_.Bind(QStringLiteral("mnuFExit"), [this] { main_.Leave(); });
-    menus_.Bind(QStringLiteral("mnuVDay"), [this] { main_.changeview(0); });
-    menus_.Bind(QStringLiteral("mnuVWeek"), [this] { main_.changeview(1); });
-    menus_.Bind(QStringLiteral("mnuVToday"), [this] { main_.GoToToday(); });
-    menus_.Bind(QStringLiteral("mnuVPrevious"), [this] { main_.cycledate(0); });
-    menus_.Bind(QStringLiteral("mnuVNext"), [this] { main_.cycledate(1); });
-    menus_.Bind(QStringLiteral("mnuVRefresh"), [this] { main_.cycledate(2); });
-    menus_.Bind(QStringLiteral("mnuVHidePats"), [this] { main_.ToggleHidePatientNames(); });
-    menus_.Bind(QStringLiteral("mnuVHideTP"), [this] {
-        main_.ToggleTaskPane();
-        FollowMainWindow();
-    });
     // The word for a patient follows the practice.
     menus_.Command(QStringLiteral("mnuANPat")).setText(QStringLiteral("&%1...").arg(Session().WordUsage));
     menus_.Allow(QStringLiteral("mnuFExport"), false);
@@ -45,23 +30,6 @@ void CalendarView::bindCommands() {
     menus_.Allow(QStringLiteral("mnuVAll"), Session().AllProviders);
     connect(ctMDay1, &ctMDay::DayStepRequested, this,
             [this](int direction) { main_.cycledate(direction < 0 ? 0 : 1); });
-    menus_.Command(QStringLiteral("mnuVHidePats")).setCheckable(true);
-    CalendarView::FollowMainWindow();
-}
-
-void CalendarView::showOpenView(const QString& command, int view) {
-    menus_.Command(command).setCheckable(true);
-    menus_.Command(command).setChecked(true);
-    const ViewEntry& entry = *FindView(view);
-    menus_.Command(QStringLiteral("mnuVPrevious"))
-        .setText(QStringLiteral("&%1\tAlt+Left").arg(QLatin1String(entry.previous)));
-    menus_.Command(QStringLiteral("mnuVNext")).setText(QStringLiteral("&%1\tAlt+Right").arg(QLatin1String(entry.next)));
-}
-
-void CalendarView::FollowMainWindow() {
-    menus_.Command(QStringLiteral("mnuVHidePats")).setChecked(Session().HidePatientNames);
-    menus_.Command(QStringLiteral("mnuVHideTP"))
-        .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("&Show Task Pane"));
 }
 
 std::optional<CalendarItem> CalendarView::SelectedItem() const {
@@ -87,10 +55,6 @@ std::optional<BookedProvider> CalendarView::providerOfColumn(int /*column*/) con
 
 void CalendarView::DropSelection() {
     ctMDay1->clearSelection();
-}
-
-void CalendarView::FillMenus(QMenuBar& bar) {
-    menus_.Fill(bar);
 }
 
 void CalendarView::displayapptinfo(int /*index*/) {}

@@ -7,23 +7,19 @@
 #include "platform/database/recordset.h"
 #include "session/openview.h"
 #include "views/appointmentitem.h"
-#include "views/mainwindow.h"
-#include "views/viewmenus.h"
-#include "views/viewwindow.h"
+#include "views/menuview.h"
 
 class QDialog;
 
-/// What the views on a `ctMDay` share: the calendar itself, the menus and what the user's rights leave of them, the
-/// hours and the grid from the preferences. A view states only its difference.
-class CalendarView : public ViewWindow, public OpenView {
+/// What the views on a `ctMDay` share: the calendar itself, the commands on appointments and what the user's rights
+/// leave of them, the hours and the grid from the preferences. A view states only its difference.
+class CalendarView : public MenuView, public OpenView {
     Q_OBJECT
 
   public:
     explicit CalendarView(MainWindow& main, QWidget* parent = nullptr);
 
-    void FillMenus(QMenuBar& menus) override;
     void ApplyPreferences() override;
-    void FollowMainWindow() override;
     /// A new patient appointment at the selected time.
     void AddAppointment() override;
     [[nodiscard]] bool CanAdd() const override;
@@ -71,8 +67,6 @@ class CalendarView : public ViewWindow, public OpenView {
     /// The name of a provider of such a column, by the id; the id where nobody knows it.
     [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
 
-    /// Ticks the command that opened this view, and names what a step goes over.
-    void showOpenView(const QString& command, int view);
     /// TimeInterval and TwentyFourHour from the preferences.
     void setGrid();
     /// PrimeStart, FirstTime, PrimeEnd and LastTime from the preferred hours, before the items that may widen them.
@@ -105,8 +99,6 @@ class CalendarView : public ViewWindow, public OpenView {
     /// told as an error and the view reads anew. The item then shows the row. Where another desk has moved the row
     /// meanwhile the view reads anew too: after this, find the item by its key.
     bool saveappt(int index);
-    [[nodiscard]] MainWindow& main() const { return main_; }
-    [[nodiscard]] ViewMenus& menus() { return menus_; }
 
     ctMDay* ctMDay1;
     QHash<QString, RowFacts> facts_;  ///< By ItemKey.
@@ -180,8 +172,6 @@ class CalendarView : public ViewWindow, public OpenView {
     void deleteRow(db::Recordset& row, int key);
     void removeItemsOf(int key);
 
-    MainWindow& main_;
-    ViewMenus menus_;
     QMenu* newPopup_ = nullptr;
 
     QDate loadedDate_;

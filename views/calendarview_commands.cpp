@@ -1,8 +1,6 @@
 #include "appointments/frmrecurappt.h"
 #include "people/frmapttypes.h"
-#include "people/frmcleg.h"
 #include "people/frmholidays.h"
-#include "people/frmlocs.h"
 #include "platform/desktop/desktop.h"
 #include "search/frmfinda.h"
 #include "search/frmfirstatype.h"
@@ -11,15 +9,6 @@
 #include "views/calendarview.h"
 
 void CalendarView::bindLists() {
-    const auto edits = [this](const char* command, PracticeList list) {
-        menus_.Bind(QLatin1String(command), [this, list] {
-            frmlocs dialog(list, window());
-            ShowModal(dialog);
-        });
-    };
-    edits("mnuFLoc", PracticeList::Locations);
-    edits("mnuFRoomList", PracticeList::Rooms);
-    edits("mnuFActList", PracticeList::Events);
     menus_.Bind(QStringLiteral("mnuFAtypes"), [this] {
         frmapttypes dialog(window());
         ShowModal(dialog);
@@ -30,10 +19,6 @@ void CalendarView::bindLists() {
         frmholidays dialog(window());
         ShowModal(dialog);
         Reload();
-    });
-    menus_.Bind(QStringLiteral("mnuVColor"), [this] {
-        frmcleg dialog(window());
-        ShowModal(dialog);
     });
 }
 

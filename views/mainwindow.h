@@ -30,6 +30,7 @@ class MainWindow {
     /// The session has another provider now: writes the panels, reloads the view and sounds the bell.
     virtual void ProviderChosen() = 0;
     virtual void ShowPreferences() = 0;
+    virtual void ShowHelp() = 0;
     /// The panels " User: ..." and " Schedule for: ..." from the session values.
     virtual void WritePanels() = 0;
     virtual void Leave() = 0;

@@ -193,9 +193,11 @@ void mdisched::cycledate(int direction) {
     if (view_ == nullptr)
         return;
     if (direction == 0 || direction == 1) {
-        if (Session().CurrentView != RoomView)
-            SetDate(view_->Stepped(Date(), direction == 0 ? -1 : 1));
-        reloadView();
+        const int step = direction == 0 ? -1 : 1;
+        if (!view_->StepOwnDate(step)) {
+            SetDate(view_->Stepped(Date(), step));
+            reloadView();
+        }
         playSound("/whoosh.wav");
         return;
     }
@@ -203,17 +205,19 @@ void mdisched::cycledate(int direction) {
 }
 
 void mdisched::GoToToday() {
-    if (Date() == Today()) {
+    if (view_ != nullptr && view_->ShownDay(Date()) == Today()) {
         ctDate1_->ShowMonth(Date());
         return;
     }
     SetDate(Today());
-    reloadView();
+    dateClicked();
 }
 
 void mdisched::dateClicked() {
-    if (ready_)
-        reloadView();
+    if (!ready_ || view_ == nullptr)
+        return;
+    const BusyPointer busy;
+    view_->ShowDate(Date());
 }
 
 void mdisched::reloadView() {
@@ -303,7 +307,7 @@ void mdisched::cyclePanes(int direction) {
     targets[static_cast<std::size_t>((at + direction + count) % count)]->setFocus(Qt::TabFocusReason);
 }
 
-void mdisched::showHelp() {
+void mdisched::ShowHelp() {
     if (!QFileInfo::exists(helpFile_) || !OpenWithShell(helpFile_))
         MsgBox(tr("The help file %1 could not be opened.").arg(QFileInfo(helpFile_).fileName()), InformationBox,
                windowTitle());

@@ -71,6 +71,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void SelectProvider() override;
     void ProviderChosen() override;
     void ShowPreferences() override;
+    void ShowHelp() override;
     void WritePanels() override;
     void Leave() override { close(); }
 
@@ -107,7 +108,6 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void dateClicked();
     void playSound(const char* fileName) const;
     void cyclePanes(int direction);
-    void showHelp();
 
     ViewFactories factories_;
     ViewWindow* view_ = nullptr;

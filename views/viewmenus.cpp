@@ -9,18 +9,9 @@
 
 namespace {
 
-enum class Kind { Menu, Submenu, EndSubmenu, Command, Separator };
+using Kind = MenuEntry::Kind;
 
-struct Entry {
-    Kind kind;
-    const char* name;
-    const char* text;
-    const char* icon;
-    const char* keys;
-};
-
-// A key behind a tab in the text is one that the main window or the calendar answers to; it is shown here, not claimed.
-constexpr Entry entries[] = {
+constexpr MenuEntry calendarMenus[] = {
     {Kind::Menu, "mnuFile", "&File", nullptr, nullptr},
     {Kind::Command, "mnuFSelect", "&Select Therapist...", "user", "Ctrl+L"},
     {Kind::Separator, "mnuFsep1", nullptr, nullptr, nullptr},
@@ -93,12 +84,19 @@ constexpr Entry entries[] = {
     {Kind::Separator, "mnuVsep3", nullptr, nullptr, nullptr},
     {Kind::Command, "mnuVHidePats", "Hide Patient &Names\tCtrl+H", "eyeoff", nullptr},
     {Kind::Command, "mnuVHideTP", "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
+
+    {Kind::Menu, "mnuHelp", "&Help", nullptr, nullptr},
+    {Kind::Command, "mnuHContents", "&Contents\tF1", "help", nullptr},
 };
 
 }  // namespace
 
-ViewMenus::ViewMenus(QObject* parent) : QObject(parent) {
-    for (const Entry& entry : entries) {
+std::span<const MenuEntry> CalendarMenus() {
+    return calendarMenus;
+}
+
+ViewMenus::ViewMenus(std::span<const MenuEntry> entries, QObject* parent) : QObject(parent), entries_(entries) {
+    for (const MenuEntry& entry : entries_) {
         if (entry.kind == Kind::EndSubmenu)
             continue;
         addCommand(entry.name, QString::fromUtf8(entry.text), entry.icon, entry.keys);
@@ -123,7 +121,7 @@ void ViewMenus::addCommand(const char* name, const QString& text, const char* ic
 void ViewMenus::Fill(QMenuBar& bar) {
     QWidget* menu = &bar;
     QWidget* target = &bar;
-    for (const Entry& entry : entries) {
+    for (const MenuEntry& entry : entries_) {
         if (entry.kind == Kind::EndSubmenu) {
             target = menu;
             continue;
@@ -181,7 +179,7 @@ QList<QAction*> ViewMenus::Entries(const QString& menu) const {
     QList<QAction*> found;
     bool inMenu = false;
     bool inSubmenu = false;
-    for (const Entry& entry : entries) {
+    for (const MenuEntry& entry : entries_) {
         if (entry.kind == Kind::Menu)
             inMenu = menu == QLatin1String(entry.name);
         else if (entry.kind == Kind::EndSubmenu)

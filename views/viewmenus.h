@@ -5,23 +5,41 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <span>
 
 class QAction;
 class QMenu;
 class QMenuBar;
 
-/// The commands of a calendar view, each found by its name (mnuAEdit). A command can be used when something is bound to
+/// One line of a view's menus, in the order of the menus.
+struct MenuEntry {
+    enum class Kind { Menu, Submenu, EndSubmenu, Command, Separator };
+    Kind kind;
+    const char* name;
+    /// A key behind a tab is one that the main window or the calendar answers to; it is shown here, not claimed.
+    const char* text;
+    const char* icon;
+    const char* keys;  ///< Of the command; null for none.
+};
+
+/// The menus of the views that appointments are worked on in: day and week.
+[[nodiscard]] std::span<const MenuEntry> CalendarMenus();
+
+/// The commands of a view, each found by its name (mnuAEdit). A command can be used when something is bound to
 /// it, the user's rights allow it and it suits what is selected; until then it stands greyed in its menu, with a tip
 /// that says why.
 class ViewMenus : public QObject {
     Q_OBJECT
 
   public:
-    explicit ViewMenus(QObject* parent = nullptr);
+    /// The entries outlive the menus.
+    explicit ViewMenus(std::span<const MenuEntry> entries, QObject* parent = nullptr);
 
     /// Fills an empty menu bar. May be called again for a new one.
     void Fill(QMenuBar& bar);
 
+    /// Whether this view has the command.
+    [[nodiscard]] bool Has(const QString& name) const { return commands_.contains(name); }
     [[nodiscard]] QAction& Command(const QString& name) const;
     /// Makes a command do something, and thereby available.
     void Bind(const QString& name, std::function<void()> run);
@@ -45,5 +63,6 @@ class ViewMenus : public QObject {
     void setBound(const QString& name);
     void refresh(const State& state);
 
+    std::span<const MenuEntry> entries_;
     QHash<QString, State> commands_;
 };

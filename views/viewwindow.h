@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QWidget>
 
 class QMenuBar;
@@ -18,6 +19,13 @@ class ViewWindow : public QWidget {
     virtual void Reload() = 0;
     /// One step back (-1) or forward (+1) from the view's date: the date the main window goes to.
     [[nodiscard]] virtual QDate Stepped(QDate from, int direction) const = 0;
+    /// The user chose this date in the month calendar.
+    virtual void ShowDate(QDate /*date*/) { Reload(); }
+    /// A view with a date of its own goes one step back or forward from it, and reads anew: true. The others follow the
+    /// main window's date.
+    virtual bool StepOwnDate(int /*direction*/) { return false; }
+    /// The day that the view shows while the main window has this date.
+    [[nodiscard]] virtual QDate ShownDay(QDate mainDate) const { return mainDate; }
     /// After the preferences changed: interval, hours and the 24-hour flag, then a reload.
     virtual void ApplyPreferences() = 0;
     /// The task pane or the patients' names were hidden or shown: captions and ticks of the menus follow.

@@ -156,7 +156,7 @@ TEST_F(DayRights, TheMenusHoldEveryCommandOnce) {
     QStringList titles;
     for (const QAction* action : bar.actions())
         titles << action->text();
-    EXPECT_EQ(titles, (QStringList{"&File", "&Appointments", "&Tasks", "&View"}));
+    EXPECT_EQ(titles, (QStringList{"&File", "&Appointments", "&Tasks", "&View", "&Help"}));
 }
 
 TEST_F(DayRights, TheTaskPaneCommandSaysWhatItWillDo) {

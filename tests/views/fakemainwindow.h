@@ -22,6 +22,7 @@ class FakeMainWindow : public MainWindow {
     void SelectProvider() override { asked << QStringLiteral("provider"); }
     void ProviderChosen() override { asked << QStringLiteral("provider chosen"); }
     void ShowPreferences() override { asked << QStringLiteral("preferences"); }
+    void ShowHelp() override { asked << QStringLiteral("help"); }
     void WritePanels() override {}
     void Leave() override { asked << QStringLiteral("leave"); }
 
