@@ -4,6 +4,7 @@
 #include <QCursor>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
@@ -93,6 +94,11 @@ bool realStartProgram(const QString& path, const QString& arguments, const QStri
     return false;
 }
 
+QString realChooseSaveFile(const QString& title, const QString& proposal, const QString& filter) {
+    const NormalPointer pointer;
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, proposal, filter);
+}
+
 }  // namespace
 
 DesktopSeams RealDesktop() {
@@ -102,7 +108,8 @@ DesktopSeams RealDesktop() {
             [] { return QRandomGenerator::global()->generateDouble(); },
             realPlaySound,
             [](const QString& target) { return QDesktopServices::openUrl(QUrl::fromUserInput(target)); },
-            realStartProgram};
+            realStartProgram,
+            realChooseSaveFile};
 }
 
 DesktopSeams& Desktop() {
@@ -116,6 +123,10 @@ Answer MsgBox(const QString& text, BoxStyle style, const QString& title) {
 
 int ShowModal(QDialog& form) {
     return Desktop().showModal(form);
+}
+
+QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter) {
+    return Desktop().chooseSaveFile(title, proposal, filter);
 }
 
 QDateTime Now() {

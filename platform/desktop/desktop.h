@@ -29,6 +29,10 @@ Answer MsgBox(const QString& text, BoxStyle style, const QString& title);
 /// Runs a form modally over the active window and returns its QDialog result.
 int ShowModal(QDialog& form);
 
+/// Asks for the file to write, with `proposal` as its path; `filter` is "PDF files (*.pdf)". Whether a file that is
+/// there may be replaced has been asked. Empty where the user gives up.
+QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter);
+
 /// Local wall-clock time of this computer.
 QDateTime Now();
 QDate Today();
@@ -52,6 +56,7 @@ struct DesktopSeams {
     std::function<void(const QString&)> playSound;
     std::function<bool(const QString&)> openWithShell;
     std::function<bool(const QString&, const QString&, const QString&)> startProgram;
+    std::function<QString(const QString& title, const QString& proposal, const QString& filter)> chooseSaveFile;
 };
 DesktopSeams& Desktop();
 /// What the program itself uses: real boxes, the real clock.

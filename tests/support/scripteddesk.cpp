@@ -19,6 +19,10 @@ ScriptedDesk::ScriptedDesk() : before_(Desktop()), now_(QDate(2026, 3, 11), QTim
         started << path + QLatin1Char(' ') + arguments;
         return true;
     };
+    seams.chooseSaveFile = [this](const QString&, const QString& proposal, const QString&) {
+        proposed << proposal;
+        return chosenFile;
+    };
 }
 
 ScriptedDesk::~ScriptedDesk() {

@@ -25,9 +25,11 @@ class ScriptedDesk {
     void expectForm(const char* className, std::function<void(QDialog&)> act);
     void setNow(const QDateTime& now) { now_ = now; }
 
-    QStringList sounds;   ///< Paths played.
-    QStringList opened;   ///< Handed to the desktop.
-    QStringList started;  ///< "program arguments" started.
+    QString chosenFile;    ///< What the user chooses when asked for a file to write; empty gives up.
+    QStringList proposed;  ///< Files proposed to the user then.
+    QStringList sounds;    ///< Paths played.
+    QStringList opened;    ///< Handed to the desktop.
+    QStringList started;   ///< "program arguments" started.
 
   private:
     struct Expected {

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/printing/printdocument.h"
+
+class QPainter;
+
+namespace printing {
+
+class TextRow;
+
+/// A stretch of a document's text on a page.
+struct Piece {
+    std::size_t block = 0;
+    int row = 0;  ///< Of a table; negative for its titles.
+    int firstLine = 0;
+    int lineCount = 0;
+    double top = 0;  ///< From the upper edge of the paper, in twips.
+    double height = 0;
+    friend bool operator==(const Piece&, const Piece&) = default;
+};
+
+/// A document divided into pages of one paper. It keeps a reference to the document, which must not change meanwhile.
+class PageLayout {
+  public:
+    /// Takes the document's own paper.
+    explicit PageLayout(const Document& document) : PageLayout(document, document.setup) {}
+    PageLayout(const Document& document, PageSetup setup);
+
+    /// At least 1: a document without text is an empty page.
+    [[nodiscard]] int pageCount() const { return static_cast<int>(pages_.size()); }
+    /// `page` counts from 0.
+    [[nodiscard]] const std::vector<Piece>& pieces(int page) const { return pages_[page]; }
+    /// Between the margins, in twips.
+    [[nodiscard]] QRectF body() const { return body_; }
+    [[nodiscard]] const PageSetup& setup() const { return setup_; }
+
+    /// Paints the page onto the paper's rectangle on the device, in the painter's coordinates.
+    void paintPage(QPainter& painter, int page, const QRectF& paper) const;
+
+  private:
+    void lay(std::size_t block, const Paragraph& paragraph);
+    void lay(std::size_t block, const Table& table);
+    void lay(std::size_t block, const Gap& gap);
+    void lay(std::size_t block, const PageBreak& pageBreak);
+    /// Room for what stands on each page must be left in margins that are too narrow for it.
+    void fitBody();
+    void beginPage();
+    /// Puts lines on the page at hand, on as many further pages as they need.
+    template <class TopOfPage>
+    void flow(std::size_t block, int row, const TextRow& text, TopOfPage topOfPage);
+    void place(std::size_t block, int row, const TextRow& text, int firstLine, int lines);
+    void paintMargin(QPainter& painter, const QString& text, int page, double top) const;
+    [[nodiscard]] double marginTextHeight() const;
+    [[nodiscard]] double room() const { return body_.bottom() - y_; }
+
+    const Document& document_;
+    PageSetup setup_;
+    QRectF body_;
+    std::vector<std::vector<Piece>> pages_;
+    double y_ = 0;
+};
+
+}  // namespace printing

@@ -1,0 +1,210 @@
+#include "platform/printing/printpreview.h"
+
+#include <algorithm>
+#include <QAction>
+#include <QDir>
+#include <QLabel>
+#include <QPainter>
+#include <QPrintPreviewWidget>
+#include <QRegularExpression>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "platform/printing/output.h"
+#include "platform/printing/pagelayout.h"
+#include "platform/printing/printerror.h"
+#include "platform/printing/printers.h"
+#include "platform/theme/icon.h"
+#include "platform/theme/theme.h"
+
+namespace {
+
+constexpr double ZoomStep = 1.25;
+constexpr double SmallestZoom = 0.1;
+constexpr double LargestZoom = 8;
+
+/// The document's title as a file in the user's documents; what a file's name cannot hold is a blank in it.
+QString proposedFile(const QString& title) {
+    static const QRegularExpression unfit(QStringLiteral("[\\\\/:*?\"<>|\\x00-\\x1f]+"));
+    const QString name = QString(title).replace(unfit, QStringLiteral(" ")).simplified();
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
+        .filePath((name.isEmpty() ? QStringLiteral("Document") : name) + QStringLiteral(".pdf"));
+}
+
+}  // namespace
+
+PrintPreview::PrintPreview(QWidget* parent) : QWidget(parent), paper_(QPrinter::HighResolution) {
+    paper_.setOutputFormat(QPrinter::PdfFormat);
+    pages_ = new QPrintPreviewWidget(&paper_, this);
+    pages_->setObjectName(QStringLiteral("pages"));
+    pages_->setAccessibleName(tr("Pages"));
+    buildToolBar();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(Space(4));
+    column->addWidget(toolBar_);
+    column->addWidget(pages_, 1);
+    connect(pages_, &QPrintPreviewWidget::paintRequested, this, &PrintPreview::paintPages);
+    connect(pages_, &QPrintPreviewWidget::previewChanged, this, &PrintPreview::followPage);
+}
+
+PrintPreview::~PrintPreview() = default;
+
+QAction* PrintPreview::command(const char* name, const QString& text, const char* icon, const QKeySequence& key) {
+    QAction* action = toolBar_->addAction(Icon(icon), text);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(key);
+    action->setToolTip(QStringLiteral("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
+    return action;
+}
+
+void PrintPreview::buildToolBar() {
+    toolBar_ = new QToolBar(this);
+    addPageCommands();
+    toolBar_->addSeparator();
+    addZoomCommands();
+    toolBar_->addSeparator();
+    across_ = command("cmdlandscape", tr("Landscape"), "landscape", tr("Ctrl+L"));
+    across_->setCheckable(true);
+    connect(across_, &QAction::triggered, this, &PrintPreview::turnPaper);
+}
+
+void PrintPreview::addPageCommands() {
+    first_ = command("cmdfirst", tr("First Page"), "first", tr("Ctrl+Home"));
+    previous_ = command("cmdprevious", tr("Previous Page"), "previous", tr("Ctrl+PgUp"));
+    txtpage_ = new QSpinBox(toolBar_);
+    txtpage_->setObjectName(QStringLiteral("txtpage"));
+    txtpage_->setAccessibleName(tr("Page"));
+    txtpage_->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    txtpage_->setKeyboardTracking(false);
+    txtpage_->setMinimum(1);
+    toolBar_->addWidget(txtpage_);
+    lblpages_ = new QLabel(toolBar_);
+    lblpages_->setObjectName(QStringLiteral("lblpages"));
+    lblpages_->setContentsMargins(Space(4), 0, Space(4), 0);
+    toolBar_->addWidget(lblpages_);
+    next_ = command("cmdnext", tr("Next Page"), "next", tr("Ctrl+PgDown"));
+    last_ = command("cmdlast", tr("Last Page"), "last", tr("Ctrl+End"));
+    connect(first_, &QAction::triggered, this, [this] { goTo(1); });
+    connect(previous_, &QAction::triggered, this, [this] { goTo(CurrentPage() - 1); });
+    connect(next_, &QAction::triggered, this, [this] { goTo(CurrentPage() + 1); });
+    connect(last_, &QAction::triggered, this, [this] { goTo(PageCount()); });
+    connect(txtpage_, &QSpinBox::valueChanged, this, &PrintPreview::goTo);
+}
+
+void PrintPreview::addZoomCommands() {
+    connect(command("cmdzoomout", tr("Smaller"), "zoomout", QKeySequence::ZoomOut), &QAction::triggered, this,
+            [this] { zoomBy(1 / ZoomStep); });
+    QAction* larger = command("cmdzoomin", tr("Larger"), "zoomin", QKeySequence::ZoomIn);
+    // The plus of most keyboards needs the shift key otherwise.
+    larger->setShortcuts({QKeySequence::ZoomIn, tr("Ctrl+=")});
+    connect(larger, &QAction::triggered, this, [this] { zoomBy(ZoomStep); });
+    connect(command("cmdfitwidth", tr("Page Width"), "fitwidth", tr("Ctrl+1")), &QAction::triggered, pages_,
+            &QPrintPreviewWidget::fitToWidth);
+    connect(command("cmdfitpage", tr("Whole Page"), "fitpage", tr("Ctrl+0")), &QAction::triggered, pages_,
+            &QPrintPreviewWidget::fitInView);
+}
+
+void PrintPreview::ShowDocument(const printing::Document& document) {
+    document_ = document;
+    layOut();
+    pages_->fitToWidth();
+    pages_->setCurrentPage(1);
+    followPage();
+}
+
+void PrintPreview::turnPaper(bool across) {
+    document_.setup.orientation = across ? QPageLayout::Landscape : QPageLayout::Portrait;
+    layOut();
+    followPage();
+}
+
+void PrintPreview::layOut() {
+    const BusyPointer busy;
+    laid_ = std::make_unique<printing::PageLayout>(document_);
+    across_->setChecked(document_.setup.orientation == QPageLayout::Landscape);
+    printing::GiveSetup(paper_, document_);
+    pages_->updatePreview();
+}
+
+void PrintPreview::paintPages(QPrinter* printer) const {
+    QPainter painter(printer);
+    for (int page = 0; page < PageCount(); ++page) {
+        if (page > 0)
+            printer->newPage();
+        laid_->paintPage(painter, page, QRectF(0, 0, printer->width(), printer->height()));
+    }
+}
+
+void PrintPreview::followPage() {
+    const int page = CurrentPage();
+    const int count = PageCount();
+    const QSignalBlocker quiet(txtpage_);
+    txtpage_->setMaximum(count);
+    txtpage_->setValue(page);
+    lblpages_->setText(tr("of %1").arg(count));
+    first_->setEnabled(page > 1);
+    previous_->setEnabled(page > 1);
+    next_->setEnabled(page < count);
+    last_->setEnabled(page < count);
+}
+
+void PrintPreview::goTo(int page) {
+    pages_->setCurrentPage(std::clamp(page, 1, PageCount()));
+    followPage();
+}
+
+void PrintPreview::zoomBy(double factor) {
+    pages_->setZoomFactor(std::clamp(Zoom() * factor, SmallestZoom, LargestZoom));
+}
+
+int PrintPreview::PageCount() const {
+    return laid_ ? laid_->pageCount() : 1;
+}
+
+int PrintPreview::CurrentPage() const {
+    return std::clamp(pages_->currentPage(), 1, PageCount());
+}
+
+double PrintPreview::Zoom() const {
+    return pages_->zoomFactor();
+}
+
+bool PrintPreview::Print() {
+    if (!Printers().anyInstalled()) {
+        MsgBox(tr("No printer is installed on this computer. You can save the document as a PDF file instead."),
+               InformationBox, tr("Print"));
+        return false;
+    }
+    QPrinter printer(QPrinter::HighResolution);
+    printing::GiveSetup(printer, document_);
+    if (!Printers().choose(printer, PageCount()))
+        return false;
+    try {
+        const BusyPointer busy;
+        printing::PrintOn(printer, document_, CurrentPage());
+        return true;
+    } catch (const PrintError& error) {
+        MsgBox(error.description(), ErrorBox, tr("Print"));
+        return false;
+    }
+}
+
+QString PrintPreview::SaveAsPdf() {
+    const QString path =
+        ChooseSaveFile(tr("Save as PDF"), proposedFile(document_.title), tr("PDF files (*.pdf);;All files (*)"));
+    if (path.isEmpty())
+        return {};
+    try {
+        const BusyPointer busy;
+        printing::SavePdf(document_, path);
+        return path;
+    } catch (const PrintError& error) {
+        MsgBox(error.description(), ErrorBox, tr("Save as PDF"));
+        return {};
+    }
+}

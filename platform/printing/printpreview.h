@@ -1,0 +1,72 @@
+#pragma once
+
+#include <memory>
+#include <QPrinter>
+#include <QWidget>
+
+#include "platform/printing/printdocument.h"
+
+class QAction;
+class QKeySequence;
+class QLabel;
+class QPrintPreviewWidget;
+class QSpinBox;
+class QToolBar;
+namespace printing {
+class PageLayout;
+}
+
+/// The pages of a document with the commands to look at them: first, previous, next and last page, a page by its
+/// number, larger, smaller, as wide as the window, the whole page, and the paper upright or across. A form puts its own
+/// buttons around it.
+///
+/// Keys: Ctrl+Home, Ctrl+Page Up, Ctrl+Page Down and Ctrl+End for the pages, Ctrl with plus, minus, 1 (width) and 0
+/// (whole page) for the size, Ctrl+L for the paper.
+class PrintPreview : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PrintPreview(QWidget* parent = nullptr);
+    ~PrintPreview() override;
+
+    /// Shows a document from its first page on.
+    void ShowDocument(const printing::Document& document);
+    /// Lets the user choose a printer and prints; tells what goes wrong, and that there is no printer. True when the
+    /// document has gone to the printer.
+    bool Print();
+    /// Lets the user choose a file and writes a PDF; tells what goes wrong. Empty where no file was written.
+    QString SaveAsPdf();
+
+    /// With the paper as the user turned it.
+    [[nodiscard]] const printing::Document& Document() const { return document_; }
+    [[nodiscard]] int PageCount() const;
+    /// Counts from 1.
+    [[nodiscard]] int CurrentPage() const;
+    /// 1 is the size on paper.
+    [[nodiscard]] double Zoom() const;
+
+  private:
+    void buildToolBar();
+    void addPageCommands();
+    void addZoomCommands();
+    QAction* command(const char* name, const QString& text, const char* icon, const QKeySequence& key);
+    void turnPaper(bool across);
+    void layOut();
+    void followPage();
+    void goTo(int page);
+    void zoomBy(double factor);
+    void paintPages(QPrinter* printer) const;
+
+    printing::Document document_;
+    QPrinter paper_;  ///< Only what the pages are painted for; nothing is printed on it.
+    QToolBar* toolBar_ = nullptr;
+    QPrintPreviewWidget* pages_ = nullptr;
+    QSpinBox* txtpage_ = nullptr;
+    QLabel* lblpages_ = nullptr;
+    QAction* first_ = nullptr;
+    QAction* previous_ = nullptr;
+    QAction* next_ = nullptr;
+    QAction* last_ = nullptr;
+    QAction* across_ = nullptr;
+    std::unique_ptr<printing::PageLayout> laid_;
+};
