@@ -1,9 +1,11 @@
 #include "app/viewfactories.h"
 
+#include "views/frmall.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 
 ViewFactories MakeViewFactories() {
     return {{1, [](MainWindow& main) { return std::make_unique<frmsched>(main); }},
-            {2, [](MainWindow& main) { return std::make_unique<frmweekv>(main); }}};
+            {2, [](MainWindow& main) { return std::make_unique<frmweekv>(main); }},
+            {4, [](MainWindow& main) { return std::make_unique<frmall>(main); }}};
 }

@@ -6,8 +6,8 @@
 #include "data/courtesycalls.h"
 #include "session/session.h"
 
-CalendarView::CalendarView(MainWindow& main, QWidget* parent)
-    : MenuView(main, CalendarMenus(), parent), ctMDay1(new ctMDay(this)) {
+CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent)
+    : MenuView(main, menus, parent), ctMDay1(new ctMDay(this)) {
     ctMDay1->setObjectName(QStringLiteral("ctMDay1"));
     bindCommands();
     bindStatusCommands();
@@ -23,7 +23,8 @@ CalendarView::CalendarView(MainWindow& main, QWidget* parent)
 
 void CalendarView::bindCommands() {
     // The word for a patient follows the practice.
-    menus_.Command(QStringLiteral("mnuANPat")).setText(QStringLiteral("&%1...").arg(Session().WordUsage));
+    QAction& newPatient = menus_.Command(QStringLiteral("mnuANPat"));
+    newPatient.setText(newPatient.text().replace(QLatin1String("Patient"), Session().WordUsage));
     menus_.Allow(QStringLiteral("mnuFExport"), false);
     menus_.Allow(QStringLiteral("mnuFsep4"), false);
     menus_.Allow(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());

@@ -17,7 +17,7 @@ class CalendarView : public MenuView, public OpenView {
     Q_OBJECT
 
   public:
-    explicit CalendarView(MainWindow& main, QWidget* parent = nullptr);
+    CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent);
 
     void ApplyPreferences() override;
     /// A new patient appointment at the selected time.

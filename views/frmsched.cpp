@@ -10,13 +10,14 @@
 #include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
 #include "session/session.h"
+#include "views/menutables.h"
 
 using db::Ignoring;
 using db::Recordset;
 using db::Sql;
 using db::SqlDate;
 
-frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, parent) {
+frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMenus(), parent) {
     setObjectName(QStringLiteral("frmsched"));
     layOut();
     bindTaskCommands();

@@ -12,6 +12,7 @@
 #include "session/preferences.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
+#include "views/menutables.h"
 
 using db::Ignoring;
 using db::Recordset;
@@ -29,13 +30,12 @@ QDate mondayOf(QDate date) {
 
 }  // namespace
 
-frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, parent) {
+frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekMenus(), parent) {
     setObjectName(QStringLiteral("frmweekv"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(ctMDay1);
-    // The tasks stand beside the day.
-    menus().Show(QStringLiteral("mnuToDo"), false);
+    setFocusProxy(ctMDay1);
     showOpenView(QStringLiteral("mnuVWeek"), 2);
     showDays();
     loadmdayview();

@@ -22,20 +22,19 @@ MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget
 
 void MenuView::bindAny(std::initializer_list<const char*> names, const std::function<void()>& run) {
     for (const char* name : names)
-        if (menus_.Has(QLatin1String(name)))
-            menus_.Bind(QLatin1String(name), run);
+        menus_.Bind(QLatin1String(name), run);
 }
 
 void MenuView::showAny(std::initializer_list<const char*> names, bool shown) {
     for (const char* name : names)
-        if (menus_.Has(QLatin1String(name)))
-            menus_.Show(QLatin1String(name), shown);
+        menus_.Show(QLatin1String(name), shown);
 }
 
 void MenuView::bindViews() {
     bindAny({"mnuVDay", "mnuDay"}, [this] { main_.changeview(0); });
     bindAny({"mnuVWeek", "mnuWeek"}, [this] { main_.changeview(1); });
     bindAny({"mnuVMonth", "mnuMonth"}, [this] { main_.changeview(2); });
+    bindAny({"mnuVAll", "mnuAll"}, [this] { main_.changeview(3); });
     bindAny({"mnuVRoom", "mnuRoom"}, [this] { main_.changeview(4); });
 }
 
@@ -49,8 +48,7 @@ void MenuView::bindSteps() {
         main_.ToggleTaskPane();
         FollowMainWindow();
     });
-    if (menus_.Has(QStringLiteral("mnuVHidePats")))
-        menus_.Command(QStringLiteral("mnuVHidePats")).setCheckable(true);
+    menus_.Command(QStringLiteral("mnuVHidePats")).setCheckable(true);
 }
 
 void MenuView::bindPracticeLists() {
@@ -75,8 +73,7 @@ void MenuView::FillMenus(QMenuBar& bar) {
 }
 
 void MenuView::FollowMainWindow() {
-    if (menus_.Has(QStringLiteral("mnuVHidePats")))
-        menus_.Command(QStringLiteral("mnuVHidePats")).setChecked(Session().HidePatientNames);
+    menus_.Command(QStringLiteral("mnuVHidePats")).setChecked(Session().HidePatientNames);
     menus_.Command(QStringLiteral("mnuVHideTP"))
         .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("&Show Task Pane"));
 }

@@ -11,35 +11,35 @@ class QAction;
 class QMenu;
 class QMenuBar;
 
-/// One line of a view's menus, in the order of the menus.
+/// One entry of a view's menus. Entries follow each other as they stand in the menus, a submenu's up to its end.
 struct MenuEntry {
     enum class Kind { Menu, Submenu, EndSubmenu, Command, Separator };
-    Kind kind;
-    const char* name;
-    /// A key behind a tab is one that the main window or the calendar answers to; it is shown here, not claimed.
-    const char* text;
-    const char* icon;
-    const char* keys;  ///< Of the command; null for none.
+
+    Kind kind = Kind::Command;
+    const char* name = nullptr;  ///< By which code finds the command: one name for what is the same in several views.
+    const char* text = nullptr;
+    const char* icon = nullptr;
+    /// Its key. A key behind a tab in the text is one that the main window or the calendar answers to: it is shown, not
+    /// claimed.
+    const char* keys = nullptr;
+    const char* ownName = nullptr;  ///< The command's object name, where the view has another than `name`.
 };
 
-/// The menus of the views that appointments are worked on in: day and week.
-[[nodiscard]] std::span<const MenuEntry> CalendarMenus();
-
-/// The commands of a view, each found by its name (mnuAEdit). A command can be used when something is bound to
+/// The commands of a calendar view, each found by its name (mnuAEdit). A command can be used when something is bound to
 /// it, the user's rights allow it and it suits what is selected; until then it stands greyed in its menu, with a tip
 /// that says why.
 class ViewMenus : public QObject {
     Q_OBJECT
 
   public:
-    /// The entries outlive the menus.
-    explicit ViewMenus(std::span<const MenuEntry> entries, QObject* parent = nullptr);
+    /// The table outlives the menus.
+    explicit ViewMenus(std::span<const MenuEntry> table, QObject* parent = nullptr);
 
     /// Fills an empty menu bar. May be called again for a new one.
     void Fill(QMenuBar& bar);
 
-    /// Whether this view has the command.
     [[nodiscard]] bool Has(const QString& name) const { return commands_.contains(name); }
+    /// A command that the view lacks is one that stands in no menu. What is said below of such a name is ignored.
     [[nodiscard]] QAction& Command(const QString& name) const;
     /// Makes a command do something, and thereby available.
     void Bind(const QString& name, std::function<void()> run);
@@ -59,10 +59,11 @@ class ViewMenus : public QObject {
         bool suits = true;
         QString why;
     };
-    void addCommand(const char* name, const QString& text, const char* icon, const char* keys);
+    void addCommand(const MenuEntry& entry);
     void setBound(const QString& name);
     void refresh(const State& state);
 
-    std::span<const MenuEntry> entries_;
+    std::span<const MenuEntry> table_;
     QHash<QString, State> commands_;
+    QAction* absent_;
 };

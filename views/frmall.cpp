@@ -1,0 +1,265 @@
+#include "views/frmall.h"
+
+#include <algorithm>
+#include <QAction>
+#include <QComboBox>
+#include <QHash>
+#include <QPushButton>
+
+#include "appointments/conflicts.h"
+#include "data/codes.h"
+#include "data/holidays.h"
+#include "data/pipefields.h"
+#include "data/recurrence.h"
+#include "platform/controls/ctlist.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
+#include "session/errorbox.h"
+#include "session/preferences.h"
+#include "session/session.h"
+#include "views/appointmentitem.h"
+#include "views/menutables.h"
+
+using db::Ignoring;
+using db::Recordset;
+using db::Sql;
+using db::SqlDate;
+
+namespace {
+
+constexpr int CheckColumn = 1;
+constexpr int DisciplineColumn = 3;
+constexpr int FewestColumns = 5;
+constexpr int MostColumns = 10;
+constexpr int AllDisciplines = 0;
+
+}  // namespace
+
+frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvidersMenus(), parent) {
+    setObjectName(QStringLiteral("frmall"));
+    layOut();
+    showOpenView(QStringLiteral("mnuVAll"), 4);
+    showColumns();
+    LoadProviders();
+    connectPanel();
+    loadmdayview();
+    setmenuaccess();
+}
+
+void frmall::connectPanel() {
+    QAction& display = menus().Command(QStringLiteral("mnuVDisplay"));
+    display.setCheckable(true);
+    display.setChecked(true);
+    menus().Bind(QStringLiteral("mnuVDisplay"), [this, &display] { panel_->setVisible(display.isChecked()); });
+    connect(cbodisc, &QComboBox::activated, this, &frmall::filter);
+    connect(ctList1, &ctList::CheckChanged, this, &frmall::checkProvider);
+    connect(cmdgo, &QPushButton::clicked, this, &frmall::goToProvider);
+    connect(ctMDay1, &ctMDay::ItemSelected, this, &frmall::displayapptinfo);
+    connect(ctMDay1, &ctMDay::RangeSelected, this, [this] { selectColumn(ctMDay1->SelColumn()); });
+    connect(ctMDay1, &ctMDay::HeadingClicked, this, &frmall::selectColumn);
+    connect(ctMDay1, &ctMDay::BeforeDrop, this, &frmall::askBeforeDrop);
+}
+
+void frmall::showColumns() {
+    const int wanted =
+        GetPreference({}, QStringLiteral("AllCols"), QStringLiteral("Scheduler"), QString::fromLatin1(AllUsers))
+            .toInt();
+    ctMDay1->setVisibleColumns(wanted < FewestColumns || wanted > MostColumns ? FewestColumns : wanted);
+}
+
+void frmall::ApplyPreferences() {
+    showColumns();
+    CalendarView::ApplyPreferences();
+}
+
+void frmall::LoadProviders() {
+    cbodisc->addItem(QStringLiteral("Show All"));
+    try {
+        for (
+            Recordset rows(
+                Sql("Select * from provider_info Where archive = 0 and ((ExcludeFromScheduler is  Null or ExcludeFromScheduler = 0) or id = '{}') Order by prov_lastname",
+                    Session().UID),
+                Session().Connection);
+            !rows.Eof(); rows.MoveNext()) {
+            const QString id = rows["Id"].text();
+            const QString name = rows["prov_lastname"].text();
+            const QString discipline = rows["discipline"].text();
+            const int row = ctList1->AddRow(JoinCells({QStringLiteral("1"), name, discipline}), id);
+            ctList1->SetItemText(row, name);
+            if (!discipline.isEmpty() && cbodisc->findText(discipline, Qt::MatchFixedString) < 0)
+                cbodisc->addItem(discipline);
+        }
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading provider list. "), error);
+    }
+    cbodisc->setCurrentIndex(AllDisciplines);
+    resetcols();
+}
+
+bool frmall::providerchecked(const QString& id) const {
+    return ctList1->Checked(ctList1->FindItemData(id), CheckColumn);
+}
+
+void frmall::resetcols() {
+    ctMDay1->ClearColumns();
+    List1.clear();
+    cboprovs->clear();
+    for (int row = 0; row < ctList1->RowCount(); ++row) {
+        if (!ctList1->Checked(row, CheckColumn))
+            continue;
+        const QString name = ctList1->ItemText(row);
+        ctMDay1->AddColumn(name);
+        List1.push_back(ctList1->ItemData(row).toString());
+        cboprovs->addItem(name);
+    }
+    cboprovs->setCurrentIndex(cboprovs->count() > 0 ? 0 : -1);
+    cmdgo->setEnabled(cboprovs->count() > 0);
+}
+
+void frmall::filter(int index) {
+    const QString discipline = cbodisc->itemText(index);
+    for (int row = 0; row < ctList1->RowCount(); ++row)
+        ctList1->SetChecked(row, CheckColumn,
+                            index == AllDisciplines ||
+                                ctList1->Cell(row, DisciplineColumn).compare(discipline, Qt::CaseInsensitive) == 0);
+    resetcols();
+    loadmdayview();
+}
+
+// The panel can never be empty by hand.
+void frmall::checkProvider(int row) {
+    for (int other = 0; other < ctList1->RowCount(); ++other)
+        if (ctList1->Checked(other, CheckColumn)) {
+            resetcols();
+            loadmdayview();
+            return;
+        }
+    ctList1->SetChecked(row, CheckColumn, true);
+}
+
+void frmall::loadmdayview() {
+    const QDate date = main().Date();
+    beginLoad(date, {});
+    QHash<QString, int> columns;
+    for (std::size_t i = 0; i < List1.size(); ++i)
+        columns.insert(List1[i].toLower(), static_cast<int>(i) + 1);
+    try {
+        addAppointments(
+            Recordset(
+                Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
+                    SqlDate(date)),
+                Session().Connection),
+            [&columns](const Recordset& row, CalendarItem& item) {
+                if (row["allday"].boolean())
+                    return false;
+                const auto column = columns.constFind(row["clinicianid"].text().toLower());
+                if (column == columns.cend())
+                    return false;
+                item.ItemColumn = *column;
+                return true;
+            });
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading schedule. "), error);
+    }
+    Ignoring([&] { loadHoliday(date); });
+    LoadWorkSchedule(date);
+    endLoad();
+    const QString caption = LongDateText(date);
+    main().ShowDateText(caption);
+    main().ShowTitle(caption);
+}
+
+void frmall::loadHoliday(QDate date) {
+    const std::optional<QString> holiday = HolidayOn(Session().Connection, date);
+    if (!holiday)
+        return;
+    ctMDay1->setHolidayFlag(true);
+    ctMDay1->setDayHeaderColor(ncolor::Holiday);
+    ctMDay1->setDayBackColor(ncolor::Holiday);
+    for (int column = 1; column <= static_cast<int>(List1.size()); ++column) {
+        CalendarItem banner = HolidayBanner(*holiday, date);
+        banner.ItemColumn = column;
+        addItem(banner);
+    }
+}
+
+void frmall::LoadWorkSchedule(QDate date) {
+    ctMDay1->ClearTimeRanges();
+    Ignoring([&] {
+        Recordset hours(Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date)),
+                        Session().Connection);
+        if (hours.RecordCount() < 2)
+            return;
+        for (std::size_t i = 0; i < List1.size(); ++i) {
+            hours.MoveFirst();
+            hours.Find(Sql("providerid = '{}'", List1[i]));
+            if (hours.Eof())
+                continue;
+            shadeAround(hours, [this, column = static_cast<int>(i) + 1](int from, int until) {
+                ctMDay1->AddTimeRange(from, until, NonWorkingColor, column);
+            });
+        }
+    });
+}
+
+void frmall::displayapptinfo(int index) {
+    if (index > 0)
+        selectColumn(ctMDay1->ColumnOfItem(index));
+}
+
+void frmall::selectColumn(int column) {
+    if (column >= 1 && column <= cboprovs->count())
+        cboprovs->setCurrentIndex(column - 1);
+}
+
+BookedProvider frmall::Provider() const {
+    return providerOfColumn(cboprovs->currentIndex() + 1).value_or(OpenView::Provider());
+}
+
+std::optional<BookedProvider> frmall::providerOfColumn(int column) const {
+    if (column < 1 || column > static_cast<int>(List1.size()))
+        return std::nullopt;
+    return BookedProvider{List1[static_cast<std::size_t>(column) - 1], ctMDay1->ColumnTitle(column)};
+}
+
+QString frmall::nameOfProvider(const QString& id) const {
+    const int row = ctList1->FindItemData(id);
+    return row < 0 ? id : ctList1->ItemText(row);
+}
+
+// The patient's other appointments are asked about, and those of the session's provider, whichever column it is.
+void frmall::askBeforeDrop(int index, const ItemPlace& place, bool* cancel) {
+    const CalendarItem item = std::as_const(*ctMDay1).Item(index);
+    const QString patient = GetPipeField(item.ItemNote, 3);
+    if (!*cancel && !patient.isEmpty())
+        *cancel = CheckApptConflicts(item.ItemKey.toInt(), main().Date(), place.start, place.end, patient,
+                                     Session().ProviderId);
+}
+
+void frmall::goToProvider() {
+    const std::optional<BookedProvider> chosen = providerOfColumn(cboprovs->currentIndex() + 1);
+    if (!chosen)
+        return;
+    // This view goes with the change to another.
+    MainWindow& window = main();
+    if (chosen->id == Session().ProviderId) {
+        window.changeview(0);
+        return;
+    }
+    bool known = false;
+    Ignoring([&] {
+        known = !Recordset(Sql("Select pswd_type_of_access from passwords Where pswd_user_id = '{}'", chosen->id),
+                           Session().Connection)
+                     .Eof();
+    });
+    if (!known) {
+        MsgBox(QStringLiteral("Error moving to selected provider. "), ErrorBox, QStringLiteral("Error"));
+        return;
+    }
+    Session().ProviderId = chosen->id;
+    Session().ProviderName = chosen->name;
+    window.changeview(0);
+    window.ProviderChosen();
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "views/viewmenus.h"
+
+// What stands in the menus of each view. A command that does the same in several views has one name in all of them.
+
+[[nodiscard]] std::span<const MenuEntry> DayMenus();
+/// The day's without the tasks, which stand beside the day alone.
+[[nodiscard]] std::span<const MenuEntry> WeekMenus();
+[[nodiscard]] std::span<const MenuEntry> AllProvidersMenus();
