@@ -17,3 +17,7 @@ QString CleanFieldText(const QString& text) {
     }
     return clean;
 }
+
+QString insertpipes(const QString& text) {
+    return QString(text).replace(QLatin1Char(';'), QLatin1Char('|'));
+}

@@ -6,6 +6,8 @@
 QString GetPipeField(const QString& text, int n);
 
 /// Makes free text safe for the formats that join fields by "|" or ";": a line feed becomes one blank; carriage
-/// returns,
-/// ";" and "|" are dropped.
+/// returns, ";" and "|" are dropped.
 QString CleanFieldText(const QString& text);
+
+/// A row of a list, whose cells are joined by ";", as the row of a printed table, whose cells are joined by "|".
+QString insertpipes(const QString& text);

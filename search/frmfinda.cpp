@@ -1,5 +1,7 @@
 #include "search/frmfinda.h"
 
+#include <QCheckBox>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -15,6 +17,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "platform/printing/vsprinter.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/characterfilter.h"
@@ -82,6 +85,7 @@ frmfinda::frmfinda(QWidget* parent) : QDialog(parent) {
     connect(cmdfind, &QPushButton::clicked, this, &frmfinda::cmdfind_Click);
     connect(ctList1, &ctList::RowActivated, this, &frmfinda::cmdgoto_Click);
     connect(cmdgoto, &QPushButton::clicked, this, &frmfinda::cmdgoto_Click);
+    connect(cmdprint, &QPushButton::clicked, this, &frmfinda::cmdprint_Click);
     connect(cmdclose, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -104,6 +108,9 @@ void frmfinda::buildForm() {
         return made;
     };
     cmdfind = button("cmdfind", tr("&Find"), Icon("find"), false);
+    ckselected = new QCheckBox(QStringLiteral("Print &Selected Items Only"), this);
+    ckselected->setObjectName(QStringLiteral("ckselected"));
+    cmdprint = button("cmdprint", tr("&Print..."), Icon("print"), false);
     cmdgoto = button("cmdgoto", tr("&Go To"), {}, false);
     cmdclose = button("cmdclose", tr("&Close"), {}, true);
     ctList1 = new ctList(this);
@@ -118,6 +125,7 @@ void frmfinda::buildForm() {
                          {QStringLiteral("Status"), ListColumn::Kind::Text, 14}});
     lblcount = new QLabel(this);
     lblcount->setObjectName(QStringLiteral("lblcount"));
+    allowResults(false);
 }
 
 void frmfinda::layOutForm() {
@@ -129,6 +137,9 @@ void frmfinda::layOutForm() {
     find->addWidget(cmdfind);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(lblcount, 1);
+    buttons->addWidget(ckselected);
+    buttons->addSpacing(Space(8));
+    buttons->addWidget(cmdprint);
     buttons->addWidget(cmdgoto);
     buttons->addWidget(cmdclose);
     auto* column = new QVBoxLayout(this);
@@ -142,9 +153,15 @@ void frmfinda::layOutForm() {
     txtfind->setFocus();
 }
 
+void frmfinda::allowResults(bool allowed) {
+    ckselected->setEnabled(allowed);
+    cmdprint->setEnabled(allowed);
+    cmdgoto->setEnabled(allowed);
+}
+
 void frmfinda::cmdfind_Click() {
     const BusyPointer busy;
-    cmdgoto->setEnabled(false);
+    allowResults(false);
     ctList1->Clear();
     lblcount->clear();
     try {
@@ -156,7 +173,7 @@ void frmfinda::cmdfind_Click() {
         return;
     lblcount->setText(tr("%n appointment(s)", nullptr, ctList1->RowCount()));
     ctList1->SelectRow(0);
-    cmdgoto->setEnabled(true);
+    allowResults(true);
     cmdgoto->setDefault(true);
     ctList1->setFocus();
 }
@@ -190,4 +207,22 @@ void frmfinda::cmdgoto_Click() {
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error finding appointments. "), error);
     }
+}
+
+void frmfinda::cmdprint_Click() {
+    if (ckselected->isChecked() && ctList1->SelectedRow() < 0) {
+        lblcount->setText(tr("Select the appointments to print."));
+        return;
+    }
+    QString body;
+    for (int row = 0; row < ctList1->RowCount(); ++row)
+        if (!ckselected->isChecked() || ctList1->selectionModel()->isRowSelected(row))
+            body += insertpipes(ctList1->RowText(row)) + u';';
+    VSPrinter vp;
+    vp.SetTitle(tr("Appointments"));
+    vp.SetFooter(QStringLiteral("||Page %d"));
+    vp.SetHeader(QStringLiteral("|Appointments|"));
+    vp.AddTable(QStringLiteral("2160|1300|1300|1300|2800|1440;"),
+                QStringLiteral("Description|Date|Start|End|Location|Status;"), body);
+    vp.Preview(this);
 }

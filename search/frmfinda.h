@@ -18,7 +18,8 @@ struct FoundAppointment {
 };
 
 /// Finds the appointments of the session's provider, past and future, by a text: one letter finds those that begin with
-/// it, a longer text those that hold it. The caller shows the form modally and goes to what Found tells.
+/// it, a longer text those that hold it. What was found can be printed. The caller shows the form modally and goes to
+/// what Found tells.
 class frmfinda : public QDialog {
     Q_OBJECT
 
@@ -32,6 +33,8 @@ class frmfinda : public QDialog {
     QPushButton* cmdfind = nullptr;
     ctList* ctList1 = nullptr;
     QLabel* lblcount = nullptr;
+    QCheckBox* ckselected = nullptr;
+    QPushButton* cmdprint = nullptr;
     QPushButton* cmdgoto = nullptr;
     QPushButton* cmdclose = nullptr;
 
@@ -42,7 +45,9 @@ class frmfinda : public QDialog {
     void layOutForm();
     void cmdfind_Click();
     void addHits();
+    void allowResults(bool allowed);
     void cmdgoto_Click();
+    void cmdprint_Click();
 
     std::optional<FoundAppointment> found_;
 };

@@ -53,6 +53,8 @@ class frmsched : public CalendarView {
     void tickTask(int row, bool done);
     void openTask(int taskId);
     void deleteTask();
+    void offerTaskPrint();
+    void printTasks();
 
     // frmsched_info.cpp
     void showNote(const QString& note);

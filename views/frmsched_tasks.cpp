@@ -1,11 +1,13 @@
 #include <QAction>
 #include <QMenu>
 
+#include "data/pipefields.h"
 #include "people/w_item.h"
 #include "platform/controls/ctlist.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "platform/printing/vsprinter.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 #include "views/frmsched.h"
@@ -45,6 +47,7 @@ void frmsched::bindTaskCommands() {
             openTask(selected());
     });
     menus().Bind(QStringLiteral("mnuTDelete"), [this] { deleteTask(); });
+    menus().Bind(QStringLiteral("mnuTPrint"), [this] { printTasks(); });
     ctList1->SetChecksEnabled(Session().ScreenAccess >= WriteAccess);
     if (Session().ScreenAccess < WriteAccess)
         return;
@@ -89,9 +92,30 @@ void frmsched::deleteTask() {
         if (!task.Eof())
             task.Delete();
         ctList1->RemoveRow(row);
+        offerTaskPrint();
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error deleting task. "), error);
     }
+}
+
+void frmsched::offerTaskPrint() {
+    menus().Suit(QStringLiteral("mnuTPrint"), ctList1->RowCount() > 0, tr("There are no tasks to print."));
+}
+
+void frmsched::printTasks() {
+    QString body;
+    for (int row = 0; row < ctList1->RowCount(); ++row) {
+        QStringList cells{ctList1->Checked(row, 1) ? tr("Yes") : QString()};
+        for (int column = 2; column <= ctList1->ColumnCount(); ++column)
+            cells << CleanFieldText(ctList1->Cell(row, column));
+        body += cells.join(u'|') + u';';
+    }
+    VSPrinter vp;
+    vp.SetTitle(tr("Tasks"));
+    vp.SetHeader(QStringLiteral("|To Do List - %1|").arg(CleanFieldText(Session().ProviderName)));
+    vp.SetFooter(QStringLiteral("||Page %d"));
+    vp.AddTable(QStringLiteral("720|6000|1300|1500;"), QStringLiteral("Done|Task|Priority|Complete by;"), body);
+    vp.Preview(this);
 }
 
 void frmsched::LoadToDo() {
@@ -119,4 +143,5 @@ void frmsched::LoadToDo() {
             ctList1->SetNoteMark(row, !tasks["Notes"].text().isEmpty());
         }
     });
+    offerTaskPrint();
 }

@@ -1,11 +1,15 @@
 #include "search/frmfinda.h"
 
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
 #include "platform/controls/ctlist.h"
+#include "platform/printing/printpreview.h"
 #include "tests/search/searchfixture.h"
 
 namespace {
@@ -23,7 +27,22 @@ class FindAppointments : public SearchFixture {
         QTest::keyClicks(form.txtfind, QString::fromUtf8(text));
         form.cmdfind->click();
     }
+    /// Presses Print and reads the rows of the table, titles first, that the preview holds.
+    QList<QStringList> printed(frmfinda& form) {
+        QList<QStringList> rows;
+        desk.expectForm("frmpreview", [&rows, this](QDialog& preview) {
+            document = preview.findChild<PrintPreview*>()->Document();
+            const auto& table = std::get<printing::Table>(document.blocks.at(0));
+            rows << table.titles;
+            for (const QStringList& row : table.rows)
+                rows << row;
+        });
+        form.cmdprint->click();
+        return rows;
+    }
     void expectNothing() { desk.expectBox(QStringLiteral("No Matching Records."), QStringLiteral("Find")); }
+
+    printing::Document document;  ///< The one printed last.
 };
 
 }  // namespace
@@ -127,6 +146,79 @@ TEST_F(FindAppointments, TextsWithLineEndsAndSemicolonsStandOnOneLine) {
     search(form, "Jones");
     EXPECT_EQ(form.ctList1->Cell(0, 1), QStringLiteral("Jones Maryx"));
     EXPECT_EQ(form.ctList1->Cell(0, 5), QStringLiteral("ab"));
+}
+
+TEST_F(FindAppointments, WhatWasFoundIsPrintedInATable) {
+    book({.text = QStringLiteral("O'Brien | Jones; Mary")});
+    book({.text = QStringLiteral("Jones, Jo"), .code = 0xC000, .date = QDate(2026, 3, 12)});
+    frmfinda form;
+    search(form, "Jones");
+    EXPECT_EQ(printed(form),
+              (QList<QStringList>{{"Description", "Date", "Start", "End", "Location", "Status"},
+                                  {"O'Brien  Jones Mary", "03/11/2026", "9:00 AM", "10:00 AM", "", "Pending"},
+                                  {"Jones, Jo", "03/12/2026", "9:00 AM", "10:00 AM", "", "Kept"}}));
+    EXPECT_EQ(document.header, QStringLiteral("|Appointments|"));
+    EXPECT_EQ(document.footer, QStringLiteral("||Page %d"));
+    EXPECT_EQ(std::get<printing::Table>(document.blocks[0]).widths,
+              (std::vector<int>{2160, 1300, 1300, 1300, 2800, 1440}));
+}
+
+TEST_F(FindAppointments, OnlyTheSelectedLinesArePrintedWhereThatIsChosen) {
+    for (const char* text : {"Jones, Ann", "Jones, Bea", "Jones, Cleo"})
+        book({.text = QString::fromLatin1(text)});
+    frmfinda form;
+    search(form, "Jones");
+    form.ckselected->setChecked(true);
+    form.ctList1->SelectRow(1);
+    EXPECT_EQ(printed(form).size(), 2);
+    EXPECT_EQ(printed(form)[1][0], QStringLiteral("Jones, Bea"));
+    form.ctList1->selectAll();
+    EXPECT_EQ(printed(form).size(), 4);
+    form.ctList1->SelectRow(-1);
+    form.cmdprint->click();
+    EXPECT_EQ(form.lblcount->text(), QStringLiteral("Select the appointments to print."));
+}
+
+TEST_F(FindAppointments, PrintingIsOfferedOnlyForHits) {
+    book({});
+    frmfinda form;
+    EXPECT_FALSE(form.cmdprint->isEnabled());
+    EXPECT_FALSE(form.ckselected->isEnabled());
+    search(form, "Jones");
+    EXPECT_TRUE(form.cmdprint->isEnabled());
+    EXPECT_TRUE(form.ckselected->isEnabled());
+    expectNothing();
+    search(form, "Nobody");
+    EXPECT_FALSE(form.cmdprint->isEnabled());
+    EXPECT_FALSE(form.ckselected->isEnabled());
+}
+
+TEST_F(FindAppointments, SignsThatStatementsGiveAMeaningAreSearchedForAsTheyStand) {
+    const char* const texts[] = {"100% sure", "a_b", "[x]", "back\\slash", "--", "'", "ÄÖ", "?"};
+    for (const char* text : texts)
+        book({.text = QString::fromUtf8(text)});
+    book({.text = QStringLiteral("plain")});
+    frmfinda form;
+    for (const char* text : {"0%", "a_", "[x", "k\\s", "--", "ÄÖ"}) {
+        search(form, text);
+        EXPECT_EQ(form.ctList1->RowCount(), 1) << text;
+    }
+    for (const char* text : {"'", "?", "["}) {
+        search(form, text);
+        EXPECT_EQ(form.ctList1->RowCount(), 1) << text;
+    }
+    for (const char* text : {"%", "_"}) {
+        expectNothing();
+        search(form, text);
+    }
+}
+
+TEST_F(FindAppointments, PastedTextLosesTheCharactersThatWouldBreakAList) {
+    frmfinda form;
+    QApplication::clipboard()->setText(QStringLiteral("a;b|c*d\"e"));
+    form.txtfind->setFocus();
+    form.txtfind->paste();
+    EXPECT_EQ(form.txtfind->text(), QStringLiteral("abcde"));
 }
 
 TEST_F(FindAppointments, AFailureIsTold) {

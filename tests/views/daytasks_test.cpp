@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "platform/printing/printpreview.h"
 #include "session/session.h"
 #include "tests/views/dayfixture.h"
 
@@ -188,4 +189,44 @@ TEST_F(DayTasks, WhoMayNotDeleteIsNotOfferedIt) {
     open();
     EXPECT_FALSE(command("mnuTDelete").isEnabled());
     EXPECT_TRUE(command("mnuTNew").isEnabled());
+}
+
+TEST_F(DayTasks, TheTasksArePrintedAsTheyAreListed) {
+    addTask("Call | the; school", 4, "'2026/03/07'");
+    addTask("Done", 1, "null", 1);
+    Session().ProviderName = QStringLiteral("Reed");
+    open();
+    desk.expectForm("frmpreview", [](QDialog& preview) {
+        const printing::Document& document = preview.findChild<PrintPreview*>()->Document();
+        EXPECT_EQ(document.header, QStringLiteral("|To Do List - Reed|"));
+        EXPECT_EQ(document.footer, QStringLiteral("||Page %d"));
+        const auto& table = std::get<printing::Table>(document.blocks.at(0));
+        EXPECT_EQ(table.titles, (QStringList{"Done", "Task", "Priority", "Complete by"}));
+        ASSERT_EQ(table.rows.size(), 2);
+        EXPECT_EQ(table.rows[0], (QStringList{"", "Call  the, school", "Urgent", "03/07/2026"}));
+        EXPECT_EQ(table.rows[1], (QStringList{"Yes", "Done", "Low", ""}));
+    });
+    command("mnuTPrint").trigger();
+}
+
+TEST_F(DayTasks, WithoutTasksThereIsNothingToPrint) {
+    addTask("Call", 2);
+    open();
+    EXPECT_TRUE(command("mnuTPrint").isEnabled());
+    list().SelectRow(0);
+    desk.expectBox(QStringLiteral("Are you sure you want to delete this item?"), QStringLiteral("Delete Item"),
+                   Answer::Yes);
+    command("mnuTDelete").trigger();
+    EXPECT_FALSE(command("mnuTPrint").isEnabled());
+}
+
+TEST_F(DayTasks, OneThatAnotherDeskDeletedCanStillBeTakenOffTheList) {
+    addTask("Call", 2);
+    open();
+    run(QStringLiteral("Delete from ToDo"));
+    list().SelectRow(0);
+    desk.expectBox(QStringLiteral("Are you sure you want to delete this item?"), QStringLiteral("Delete Item"),
+                   Answer::Yes);
+    command("mnuTDelete").trigger();
+    EXPECT_TRUE(rows().isEmpty());
 }
