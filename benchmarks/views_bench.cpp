@@ -10,6 +10,7 @@
 #include "platform/database/sql.h"
 #include "session/session.h"
 #include "tests/views/fakemainwindow.h"
+#include "views/frmall.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 
@@ -63,6 +64,13 @@ QStringList weekStatements(QDate date) {
     return statements;
 }
 
+QStringList allStatements(QDate date) {
+    return {
+        Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
+            SqlDate(date)),
+        holiday(date), Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date))};
+}
+
 template <class View>
 std::unique_ptr<ViewWindow> makeView(MainWindow& main) {
     return std::make_unique<View>(main);
@@ -72,6 +80,7 @@ const std::vector<ViewBench>& views() {
     static const std::vector<ViewBench> all{
         {"LoadDayView", makeView<frmsched>, dayStatements},
         {"Week", makeView<frmweekv>, weekStatements},
+        {"All providers", makeView<frmall>, allStatements},
     };
     return all;
 }

@@ -54,3 +54,23 @@ TEST_F(Views, OnTheWeekAnAppointmentIsDraggedToAnotherDayWithItsRoom) {
     desk->await("mdisched");
     EXPECT_EQ(desk->tell("items"), QString());
 }
+
+TEST_F(Views, AmongAllProvidersAnAppointmentIsDraggedToAnother) {
+    connection.Execute("Insert Into provider_info (id, prov_lastname, archive) Values ('LANE', 'Lane', 0)");
+    const QString anna = add(540, 600, QStringLiteral("O'Brien, Anna"));
+    person->press({QStringLiteral("ctrl+4")});
+    desk->await("mdisched");
+    ASSERT_EQ(desk->tell("text", QStringLiteral("cboprovs")), QStringLiteral("Lane"));
+    person->drag(itemOf(anna), at(660, 1));
+    desk->await("mdisched");
+    EXPECT_EQ(value(QStringLiteral("Select clinicianid from appointments")), QStringLiteral("LANE"));
+    EXPECT_EQ(desk->tell("text", QStringLiteral("cboprovs")), QStringLiteral("Lane"));
+    person->picture("all");
+
+    // A new one in Lane's column, by double click.
+    person->doubleClick(at(840, 1));
+    bookByKeyboard(QStringLiteral("o'b"));
+    person->turnTo("mdisched");
+    EXPECT_EQ(value(db::Sql("Select clinicianid from appointments Where nkeyid = {}", db::Raw{newestKey()})),
+              QStringLiteral("LANE"));
+}
