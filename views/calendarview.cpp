@@ -22,6 +22,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
 }
 
 void CalendarView::bindCommands() {
+    menus_.Bind(QStringLiteral("mnuFPrintS"), [this] { printS(); });
     // The word for a patient follows the practice.
     QAction& newPatient = menus_.Command(QStringLiteral("mnuANPat"));
     newPatient.setText(newPatient.text().replace(QLatin1String("Patient"), Session().WordUsage));
@@ -52,6 +53,20 @@ QDate CalendarView::dateOfColumn(int /*column*/) const {
 
 std::optional<BookedProvider> CalendarView::providerOfColumn(int /*column*/) const {
     return std::nullopt;
+}
+
+ScheduleSheet CalendarView::sheet() const {
+    ScheduleSheet sheet;
+    sheet.content = ctMDay1->Content();
+    sheet.title = SheetDate(ctMDay1->Date());
+    sheet.footer = Session().ProviderName;
+    sheet.columnsPerPage = static_cast<int>(sheet.content.columns.size());
+    return sheet;
+}
+
+void CalendarView::printS() {
+    ctMDay1->CommitEdit();
+    PrintedSheet(sheet()).Preview(window());
 }
 
 void CalendarView::DropSelection() {

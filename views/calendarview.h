@@ -8,6 +8,7 @@
 #include "session/openview.h"
 #include "views/appointmentitem.h"
 #include "views/menuview.h"
+#include "views/schedulesheet.h"
 
 class QDialog;
 
@@ -26,6 +27,8 @@ class CalendarView : public MenuView, public OpenView {
     /// Finds an appointment by its text and goes to it.
     void FindAppointment() override;
     [[nodiscard]] bool CanFind() const override { return true; }
+    /// Shows what the view holds as it will be on paper.
+    void PrintSchedule() override { printS(); }
 
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
@@ -66,6 +69,10 @@ class CalendarView : public MenuView, public OpenView {
 
     /// The name of a provider of such a column, by the id; the id where nobody knows it.
     [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
+
+    /// The view on paper: all its columns on one page, under its date.
+    [[nodiscard]] virtual ScheduleSheet sheet() const;
+    virtual void printS();
 
     /// TimeInterval and TwentyFourHour from the preferences.
     void setGrid();

@@ -34,6 +34,7 @@ constexpr int DisciplineColumn = 3;
 constexpr int FewestColumns = 5;
 constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
+constexpr int MostPrintedColumns = 9;
 
 }  // namespace
 
@@ -236,6 +237,15 @@ void frmall::askBeforeDrop(int index, const ItemPlace& place, bool* cancel) {
     if (!*cancel && !patient.isEmpty())
         *cancel = CheckApptConflicts(item.ItemKey.toInt(), main().Date(), place.start, place.end, patient,
                                      Session().ProviderId);
+}
+
+ScheduleSheet frmall::sheet() const {
+    ScheduleSheet sheet = CalendarView::sheet();
+    sheet.subtitle = QStringLiteral("Schedule - All Therapists");
+    sheet.footer.clear();
+    const int columns = PrintOption("AllViewCols").toInt();
+    sheet.columnsPerPage = columns < 1 || columns > MostPrintedColumns ? FewestColumns : columns;
+    return sheet;
 }
 
 void frmall::goToProvider() {

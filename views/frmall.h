@@ -43,6 +43,8 @@ class frmall : public CalendarView {
   protected:
     [[nodiscard]] std::optional<BookedProvider> providerOfColumn(int column) const override;
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
+    /// As many columns on a page as the print options say, five where they say nothing.
+    [[nodiscard]] ScheduleSheet sheet() const override;
 
   private:
     // frmall_layout.cpp

@@ -31,6 +31,7 @@ class frmsched : public CalendarView {
     void Reload() override;
     /// The tasks are read anew too: the preferences may hide the done ones.
     void ApplyPreferences() override;
+    [[nodiscard]] bool CanPrint() const override { return true; }
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
 
   protected:

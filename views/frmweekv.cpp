@@ -8,6 +8,7 @@
 #include "data/recurrence.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
 #include "session/preferences.h"
 #include "session/session.h"
@@ -108,6 +109,24 @@ void frmweekv::LoadWorkSchedule(QDate date) {
                 ctMDay1->AddTimeRange(from, until, NonWorkingColor, date);
             });
     });
+}
+
+ScheduleSheet frmweekv::sheet() const {
+    ScheduleSheet sheet = CalendarView::sheet();
+    const int days = PrintOption("PrintWeekends") == QLatin1String("1") ? DaysOfWeek : WorkingDays;
+    sheet.content.columns.clear();
+    for (int day = 0; day < days; ++day)
+        sheet.content.columns.push_back({{}, ctMDay1->Date().addDays(day)});
+    sheet.content.headingFormat = QStringLiteral("ddd M/d");
+    sheet.subtitle = QStringLiteral("Schedule - ") + Session().ProviderName;
+    sheet.columnsPerPage = days;
+    return sheet;
+}
+
+void frmweekv::printS() {
+    MsgBox(QStringLiteral("To print in Landscape mode, select Printer Properties from Print dialog window."),
+           InformationBox, QStringLiteral("Solvane"));
+    CalendarView::printS();
 }
 
 QString frmweekv::getmonth(int month) {

@@ -25,6 +25,9 @@ class frmweekv : public CalendarView {
 
   protected:
     [[nodiscard]] QDate dateOfColumn(int column) const override;
+    /// Five or seven days, as the print options say, however many are shown.
+    [[nodiscard]] ScheduleSheet sheet() const override;
+    void printS() override;
 
   private:
     void showDays();

@@ -115,6 +115,8 @@ class ctMDay : public QWidget {
     /// scrolling; the hours widen so that no item is left out. The style decides fonts and colours (PrintStyle).
     void paint(QPainter& painter, const QRectF& area, int firstColumn, int columnCount,
                const CalendarStyle& style) const;
+    /// What the calendar shows, for who paints it elsewhere and later (PaintPage).
+    [[nodiscard]] const CalendarContent& Content() const { return content_; }
 
     // Places in widget coordinates, for tests, popups and accessibility; empty when not on the control.
     [[nodiscard]] QRect ItemRect(int index) const;  ///< Of an item without room: the marker that counts it.

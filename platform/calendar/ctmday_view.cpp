@@ -6,6 +6,7 @@
 #include <QScrollBar>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/calendar/page.h"
 
 void ctMDay::invalidate() {
     dirty_ = true;
@@ -145,24 +146,7 @@ void ctMDay::paintEvent(QPaintEvent* event) {
 
 void ctMDay::paint(QPainter& painter, const QRectF& area, int firstColumn, int columnCount,
                    const CalendarStyle& style) const {
-    const int first = std::clamp(firstColumn, 1, std::max(ColumnCount(), 1));
-    const int count = std::min(columnCount, ColumnCount() - first + 1);
-    if (count < 1)
-        return;
-    const CalendarContent page = content_.pageOf(first, count);
-    GridWishes wishes;
-    wishes.area = area.toAlignedRect();
-    wishes.visibleColumns = count;
-    wishes.fitHeight = true;
-    const CalendarLayout rough = LayOut(page, 1);
-    const CalendarGrid roughGrid = FitGrid(page, rough, style, wishes);
-    const CalendarLayout placed = LayOut(page, MinMinutes(roughGrid.scale, style));
-    const CalendarGrid grid = FitGrid(page, placed, style, wishes);
-    painter.save();
-    painter.setClipRect(wishes.area, Qt::IntersectClip);
-    const CalendarState nothingSelected;
-    PaintCalendar({painter, page, placed, grid, nothingSelected, style}, wishes.area);
-    painter.restore();
+    PaintPage(painter, area, content_, firstColumn, columnCount, style);
 }
 
 QRect ctMDay::ItemRect(int index) const {

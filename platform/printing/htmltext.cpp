@@ -79,6 +79,11 @@ QString html(const PageBreak& /*pageBreak*/) {
     return QStringLiteral("<div style=\"page-break-before:always\"></div>\n");
 }
 
+// A picture is made for paper.
+QString html(const Figure& /*figure*/) {
+    return {};
+}
+
 }  // namespace
 
 QString HtmlText(const Document& document) {

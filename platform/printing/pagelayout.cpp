@@ -119,6 +119,14 @@ void PageLayout::lay(std::size_t /*block*/, const PageBreak& /*pageBreak*/) {
         beginPage();
 }
 
+// A picture with less than half a page left begins another.
+void PageLayout::lay(std::size_t block, const Figure& /*figure*/) {
+    if (room() < body_.height() / 2 && !pages_.back().empty())
+        beginPage();
+    pages_.back().push_back({block, 0, 0, 0, y_, room()});
+    y_ = body_.bottom();
+}
+
 void PageLayout::paintMargin(QPainter& painter, const QString& text, int page, double top) const {
     const QStringList parts = QString(text).replace(QStringLiteral("%d"), QString::number(page + 1)).split(u'|');
     const Qt::Alignment sides[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
@@ -141,8 +149,20 @@ void PageLayout::paintPage(QPainter& painter, int page, const QRectF& paper) con
         painter, document_.footer, page,
         std::min(size.height() - Edge, size.height() - (size.height() - body_.bottom() - marginText) / 2) - marginText);
     for (const Piece& piece : pages_[page])
-        rowOf(document_, piece, body_.width())
-            .paint(painter, {body_.left(), piece.top}, piece.firstLine, piece.lineCount);
+        if (const auto* figure = std::get_if<Figure>(&document_.blocks[piece.block]))
+            paintFigure(painter, *figure, piece);
+        else
+            rowOf(document_, piece, body_.width())
+                .paint(painter, {body_.left(), piece.top}, piece.firstLine, piece.lineCount);
+    painter.restore();
+}
+
+void PageLayout::paintFigure(QPainter& painter, const Figure& figure, const Piece& piece) const {
+    constexpr double TwipsPerDot = TwipsPerInch / 96.0;
+    painter.save();
+    painter.translate(body_.left(), piece.top);
+    painter.scale(TwipsPerDot, TwipsPerDot);
+    figure.paint(painter, QRectF(0, 0, body_.width() / TwipsPerDot, piece.height / TwipsPerDot));
     painter.restore();
 }
 

@@ -44,6 +44,7 @@ class PageLayout {
     void lay(std::size_t block, const Table& table);
     void lay(std::size_t block, const Gap& gap);
     void lay(std::size_t block, const PageBreak& pageBreak);
+    void lay(std::size_t block, const Figure& figure);
     /// Room for what stands on each page must be left in margins that are too narrow for it.
     void fitBody();
     void beginPage();
@@ -51,6 +52,7 @@ class PageLayout {
     template <class TopOfPage>
     void flow(std::size_t block, int row, const TextRow& text, TopOfPage topOfPage);
     void place(std::size_t block, int row, const TextRow& text, int firstLine, int lines);
+    void paintFigure(QPainter& painter, const Figure& figure, const Piece& piece) const;
     void paintMargin(QPainter& painter, const QString& text, int page, double top) const;
     [[nodiscard]] double marginTextHeight() const;
     [[nodiscard]] double room() const { return body_.bottom() - y_; }

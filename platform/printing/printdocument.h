@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <QColor>
 #include <QFont>
@@ -7,6 +8,8 @@
 #include <QStringList>
 #include <variant>
 #include <vector>
+
+class QPainter;
 
 /// A document for paper, as values. Lengths are in twips: 1440 to the inch, 20 to the point.
 namespace printing {
@@ -61,7 +64,13 @@ struct Gap {
 /// What follows begins a page.
 struct PageBreak {};
 
-using Block = std::variant<Paragraph, Table, Gap, PageBreak>;
+/// A picture that fills what is left of its page. It is painted as often as the page is looked at or printed, in dots
+/// of which there are 96 to the inch.
+struct Figure {
+    std::function<void(QPainter& painter, const QRectF& room)> paint;
+};
+
+using Block = std::variant<Paragraph, Table, Gap, PageBreak, Figure>;
 
 struct Document {
     QString title;   ///< What a print queue and the preview call it.

@@ -97,6 +97,10 @@ void VSPrinter::AddTable(const QString& format, const QString& header, const QSt
     document_.blocks.emplace_back(std::move(table));
 }
 
+void VSPrinter::AddFigure(std::function<void(QPainter& painter, const QRectF& room)> paint) {
+    document_.blocks.emplace_back(printing::Figure{std::move(paint)});
+}
+
 int VSPrinter::PageCount() const {
     return printing::PageLayout(document_).pageCount();
 }

@@ -62,6 +62,9 @@ class VSPrinter {
     /// std::invalid_argument.
     void AddTable(const QString& format, const QString& header, const QString& body, const TableLook& look = {});
 
+    /// A picture that fills what is left of the page; see printing::Figure.
+    void AddFigure(std::function<void(QPainter& painter, const QRectF& room)> paint);
+
     [[nodiscard]] const printing::Document& Document() const { return document_; }
     /// At least 1.
     [[nodiscard]] int PageCount() const;

@@ -1,0 +1,155 @@
+#include <QAction>
+#include <QDialog>
+#include <QPainter>
+
+#include "data/codes.h"
+#include "platform/printing/printpreview.h"
+#include "platform/printing/vsprinter.h"
+#include "session/preferences.h"
+#include "session/session.h"
+#include "tests/views/dayhand.h"
+#include "views/frmall.h"
+#include "views/frmweekv.h"
+
+namespace {
+
+enum class Which { Day, Week, All };
+
+/// The views of Wednesday, March 11, 2026, sent to paper.
+class PrintedViews : public DayHand {
+  protected:
+    PrintedViews() {
+        Session().AllProviders = true;
+        desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(10, 30)));
+        for (int i = 0; i < 12; ++i)
+            run(QStringLiteral("Insert Into provider_info (id, prov_lastname, archive) Values('P%1', 'Prov%1', 0)")
+                    .arg(i, 2, 10, QLatin1Char('0')));
+        Session().ProviderId = QStringLiteral("P00");
+        Session().ProviderName = QStringLiteral("Prov00");
+    }
+
+    std::unique_ptr<CalendarView> makeView() override {
+        if (which == Which::Week)
+            return std::make_unique<frmweekv>(main);
+        if (which == Which::All)
+            return std::make_unique<frmall>(main);
+        return std::make_unique<frmsched>(main);
+    }
+    void prefer(const char* key, const char* value) {
+        SetPreference(QString::fromLatin1(value), QString::fromLatin1(key), QStringLiteral("PrintLayout"));
+    }
+    /// Prints by the menu; gives the document that the preview shows.
+    printing::Document print() {
+        printing::Document document;
+        if (which == Which::Week)
+            desk.expectBox("To print in Landscape mode, select Printer Properties from Print dialog window.",
+                           "Solvane");
+        desk.expectForm("frmpreview", [&document](QDialog& preview) {
+            document = preview.findChild<PrintPreview*>()->Document();
+            preview.reject();
+        });
+        command("mnuFPrintS").trigger();
+        return document;
+    }
+    printing::Document printOf(Which view) {
+        which = view;
+        open();
+        return print();
+    }
+    static QStringList titles(const printing::Document& document) {
+        QStringList lines;
+        for (const printing::Block& block : document.blocks)
+            if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
+                lines << paragraph->text;
+        return lines;
+    }
+    static const printing::Paragraph& titleOf(const printing::Document& document) {
+        return std::get<printing::Paragraph>(document.blocks.at(0));
+    }
+    static int figures(const printing::Document& document) {
+        int count = 0;
+        for (const printing::Block& block : document.blocks)
+            count += std::holds_alternative<printing::Figure>(block) ? 1 : 0;
+        return count;
+    }
+
+    Which which = Which::Day;
+};
+
+}  // namespace
+
+TEST_F(PrintedViews, TheDayIsPrintedUnderItsDate) {
+    const printing::Document day = printOf(Which::Day);
+    EXPECT_EQ(titles(day), QStringList{"Wednesday  March 11, 2026"});
+    EXPECT_EQ(figures(day), 1);
+    EXPECT_EQ(day.footer, "Prov00||Page %d");
+    EXPECT_TRUE(view_->CanPrint());
+}
+
+TEST_F(PrintedViews, TheWeekIsPrintedAfterAWordAboutThePaper) {
+    const printing::Document week = printOf(Which::Week);
+    EXPECT_EQ(titles(week), (QStringList{"Monday  March 9, 2026", "Schedule - Prov00"}));
+    EXPECT_EQ(figures(week), 1);
+    EXPECT_FALSE(view_->CanPrint()) << "The toolbar prints the day.";
+}
+
+TEST_F(PrintedViews, TheWholePracticeIsPrintedFiveProvidersToAPage) {
+    const printing::Document all = printOf(Which::All);
+    EXPECT_EQ(titles(all).mid(0, 2), (QStringList{"Wednesday  March 11, 2026", "Schedule - All Therapists"}));
+    EXPECT_EQ(figures(all), 3);
+    EXPECT_EQ(all.footer, "||Page %d");
+}
+
+TEST_F(PrintedViews, TheColumnsOfAPageAreThoseOfThePrintOptions) {
+    prefer("AllViewCols", "9");
+    EXPECT_EQ(figures(printOf(Which::All)), 2);
+    prefer("AllViewCols", "10");
+    EXPECT_EQ(figures(print()), 3);
+    prefer("AllViewCols", "");
+    EXPECT_EQ(figures(print()), 3);
+}
+
+TEST_F(PrintedViews, TitlesHaveTheFontAndPlaceOfThePrintOptions) {
+    EXPECT_TRUE(titleOf(printOf(Which::Day)).font.families().contains("Arial"));
+    EXPECT_EQ(titleOf(print()).alignment, Qt::AlignLeft);
+    prefer("TitleFont", "Georgia");
+    prefer("TitleFontSize", "14");
+    prefer("TitleFontBold", "True");
+    prefer("TitleAlign", "2");
+    const printing::Paragraph title = titleOf(print());
+    EXPECT_EQ(title.font.families().value(0), "Georgia");
+    EXPECT_EQ(title.font.pointSizeF(), 14);
+    EXPECT_TRUE(title.font.bold());
+    EXPECT_EQ(title.alignment, Qt::AlignHCenter);
+    prefer("TitleFontSize", "900");
+    prefer("TitleAlign", "7");
+    EXPECT_EQ(titleOf(print()).font.pointSizeF(), 8.25);
+    EXPECT_EQ(titleOf(print()).alignment, Qt::AlignLeft);
+}
+
+TEST_F(PrintedViews, EveryPageIsPaintedWithWhatTheViewHolds) {
+    add(anAppointment("Anna").of("P00").status(ncolor::Pending));
+    for (const Which view : {Which::Day, Which::Week, Which::All}) {
+        const printing::Document document = printOf(view);
+        for (const printing::Block& block : document.blocks) {
+            const auto* figure = std::get_if<printing::Figure>(&block);
+            if (figure == nullptr)
+                continue;
+            QImage paper(700, 900, QImage::Format_RGB32);
+            paper.fill(Qt::white);
+            QPainter painter(&paper);
+            figure->paint(painter, QRectF(paper.rect()));
+            painter.end();
+            QImage blank(paper.size(), paper.format());
+            blank.fill(Qt::white);
+            EXPECT_NE(paper, blank);
+        }
+    }
+}
+
+TEST_F(PrintedViews, WithoutAColumnThereAreTheTitlesAlone) {
+    run("Delete from provider_info");
+    const printing::Document all = printOf(Which::All);
+    EXPECT_EQ(figures(all), 0);
+    EXPECT_EQ(titles(all).size(), 2);
+}
