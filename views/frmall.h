@@ -46,6 +46,9 @@ class frmall : public CalendarView {
     /// As many columns on a page as the print options say, five where they say nothing.
     [[nodiscard]] ScheduleSheet sheet() const override;
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     // frmall_layout.cpp
     void layOut();
@@ -62,6 +65,7 @@ class frmall : public CalendarView {
 
     std::vector<QString> List1;  ///< The provider's id of each column.
     QWidget* panel_ = nullptr;
+    bool sized_ = false;  ///< The view has had its first size.
     ctList* ctList1 = nullptr;
     QComboBox* cbodisc = nullptr;
     QComboBox* cboprovs = nullptr;

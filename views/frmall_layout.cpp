@@ -1,8 +1,10 @@
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formparts.h"
@@ -46,6 +48,15 @@ void frmall::layOut() {
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(splitter);
     setFocusProxy(ctMDay1);
+}
+
+// On a small screen the panel would leave the columns no room; its command shows it.
+void frmall::resizeEvent(QResizeEvent* event) {
+    CalendarView::resizeEvent(event);
+    if (!std::exchange(sized_, true) && width() < fontMetrics().averageCharWidth() * PanelCharacters * 3) {
+        panel_->hide();
+        menus().Command(QStringLiteral("mnuVDisplay")).setChecked(false);
+    }
 }
 
 QWidget* frmall::makePanel() {

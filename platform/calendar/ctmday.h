@@ -79,7 +79,8 @@ class ctMDay : public QWidget {
     void ClearColumns();
     int AddColumn(const QString& title);  ///< Returns its 1-based number.
     void setDayColumns(int count);        ///< Days as columns: column n stands for Date() + n - 1.
-    void setVisibleColumns(int count);    ///< So many share the width, further ones are scrolled to; 0: as many as fit.
+    /// So many share the width, further ones are scrolled to; fewer where none could be read. 0: as many as fit.
+    void setVisibleColumns(int count);
     /// QLocale date format of day headings, "ddd M/d"; empty: the control's own, which also depends on the width.
     void setHeadingFormat(const QString& format);
     [[nodiscard]] int ColumnCount() const;

@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QPushButton>
 
@@ -173,6 +174,17 @@ TEST_F(AllProviders, ThePanelIsHiddenAndShownByItsCommand) {
     open();
     command("mnuVDisplay").trigger();
     EXPECT_FALSE(panel().isVisible());
+    command("mnuVDisplay").trigger();
+    EXPECT_TRUE(panel().isVisible());
+}
+
+TEST_F(AllProviders, OnASmallScreenThePanelWaitsForItsCommand) {
+    view_ = makeView();
+    view_->resize(400, 300);
+    view_->show();
+    QApplication::processEvents();
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_FALSE(command("mnuVDisplay").isChecked());
     command("mnuVDisplay").trigger();
     EXPECT_TRUE(panel().isVisible());
 }
