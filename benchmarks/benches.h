@@ -8,3 +8,4 @@ void RegisterRecurrenceBenches();
 void RegisterViewBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();
+void RegisterSearchBenches();

@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
     RegisterRecurrenceBenches();
     RegisterStartUpBenches();
     RegisterScrollBenches();
+    RegisterSearchBenches();
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;

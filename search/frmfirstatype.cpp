@@ -28,7 +28,8 @@ using db::SqlDate;
 namespace {
 
 constexpr int GridMinutes = 5;
-constexpr int MostDigits = 4;
+constexpr int MostDigits = 5;  // More than a day has, so that no figure is dropped from what was meant.
+constexpr int DayMinutes = 1440;
 const QString Title = QStringLiteral("Solvane");
 
 bool hasRow(const QString& statement) {
@@ -175,6 +176,12 @@ void frmfirstatype::cmdsearch_Click() {
     if (length <= 0) {
         MsgBox(QStringLiteral("Enter length of time slot"), ExclamationBox, Title);
         txtlength->setFocus();
+        return;
+    }
+    if (length > DayMinutes) {
+        MsgBox(tr("A day has 1440 minutes. Enter a shorter length."), ExclamationBox, Title);
+        txtlength->setFocus();
+        txtlength->selectAll();
         return;
     }
     ctList1->Clear();

@@ -196,3 +196,12 @@ TEST_F(AppointmentTypes, AFailedSaveKeepsWhatWasTyped) {
     form.cmdsave->click();
     EXPECT_EQ(form.txttype->text(), QStringLiteral("Plain"));
 }
+
+TEST_F(AppointmentTypes, ANameWithAnApostropheIsStoredAsItStands) {
+    frmapttypes form;
+    edit(form, 0);
+    form.txttype->setText(QStringLiteral("Children's; a|b *\"x\""));
+    form.cmdsave->click();
+    EXPECT_EQ(database.text(QStringLiteral("Select aptcategory from AptCategories Where aptcategorycolor = 65296")),
+              QStringLiteral("Children's; a|b *\"x\""));
+}

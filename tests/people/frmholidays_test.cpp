@@ -100,3 +100,28 @@ TEST_F(Holidays, AFailureTellsWhatFailed) {
     add(form, QStringLiteral("Two"), QStringLiteral("1/2/2026"));
     EXPECT_EQ(form.txtholiday->text(), QStringLiteral("Two"));
 }
+
+TEST_F(Holidays, EveryCharacterOfANameIsKeptOnItsOwnRow) {
+    frmholidays form;
+    const QString name = QStringLiteral("St. Brigid's; a|b *\"x\"");
+    add(form, name, QStringLiteral("2/1/2026"));
+    EXPECT_EQ(database.text(QStringLiteral("Select Holiday from Holidays")), name);
+    ASSERT_EQ(form.ctList1->RowCount(), 1);
+    EXPECT_EQ(form.ctList1->ItemText(0), name);
+    EXPECT_EQ(form.ctList1->Cell(0, 2), QStringLiteral("02/01/2026"));
+}
+
+TEST_F(Holidays, ANameOfFiveHundredCharactersIsCutWhereTheDatabaseWouldRefuseIt) {
+    frmholidays form;
+    QTest::keyClicks(form.txtholiday, QString(500, u'x'));
+    form.ctDateCDrop->setText(QStringLiteral("2/1/2026"));
+    form.cmdadd->click();
+    EXPECT_EQ(database.text(QStringLiteral("Select Holiday from Holidays")).size(), 100);
+}
+
+TEST_F(Holidays, TheTwentyNinthOfFebruaryOfAYearWithoutOneIsRefused) {
+    frmholidays form;
+    desk.expectBox(QStringLiteral("Enter a valid date."), QStringLiteral("Missing Data"));
+    add(form, QStringLiteral("Leap day"), QStringLiteral("2/29/2026"), true);
+    EXPECT_EQ(form.ctList1->RowCount(), 0);
+}

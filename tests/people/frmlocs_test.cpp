@@ -144,3 +144,33 @@ TEST_F(PracticeLists, AWriteThatTheDatabaseRefusesIsToldAndKeepsWhatWasTyped) {
     form.cmdadd->click();
     EXPECT_EQ(form.txtlocation->text(), QStringLiteral("Green"));
 }
+
+TEST_F(PracticeLists, EveryCharacterOfANameIsKept) {
+    frmlocs form(PracticeList::Locations);
+    const QString name = QStringLiteral("O'Brien; a|b *\"x\" %_[ä]");
+    form.txtlocation->setText(name);
+    form.cmdadd->click();
+    EXPECT_EQ(database.text(QStringLiteral("Select Location from Locations")), name);
+    EXPECT_EQ(namesOf(form), QStringList{name});
+    form.List1->SelectRow(0);
+    EXPECT_EQ(form.txtlocation->text(), name);
+}
+
+TEST_F(PracticeLists, ALocationInUseCanBeDeletedAndItsAppointmentsKeepTheText) {
+    run(QStringLiteral("Insert Into Locations (Location) Values ('Main Office')"));
+    run(QStringLiteral("Insert Into appointments (cappttext, clocation) Values ('Jones', 'Main Office')"));
+    frmlocs form(PracticeList::Locations);
+    form.List1->SelectRow(0);
+    form.cmddelete->click();
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from Locations")), 0);
+    EXPECT_EQ(database.text(QStringLiteral("Select clocation from appointments")), QStringLiteral("Main Office"));
+}
+
+TEST_F(PracticeLists, DeletingAnEntryThatAnotherUserDeletedTakesItOffTheList) {
+    run(QStringLiteral("Insert Into Rooms (Room) Values ('Green')"));
+    frmlocs form(PracticeList::Rooms);
+    form.List1->SelectRow(0);
+    run(QStringLiteral("Delete from Rooms"));
+    form.cmddelete->click();
+    EXPECT_TRUE(namesOf(form).isEmpty());
+}

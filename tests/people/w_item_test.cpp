@@ -127,3 +127,23 @@ TEST_F(TaskDialog, AFailureWhileAddingIsToldAndKeepsTheText) {
     form.btnOK->click();
     EXPECT_EQ(form.result(), 0);
 }
+
+TEST_F(TaskDialog, ALongTaskIsKeptWhole) {
+    w_Item form;
+    form.txtTaskDesc->setText(QString(500, u'x'));
+    form.txtnotes->setPlainText(QStringLiteral("a;b|c*d\"e\n'").repeated(100));
+    form.btnOK->click();
+    EXPECT_EQ(database.text(QStringLiteral("Select ToDo from ToDo")).size(), 500);
+    EXPECT_EQ(database.text(QStringLiteral("Select Notes from ToDo")), QStringLiteral("a;b|c*d\"e\n'").repeated(100));
+}
+
+TEST_F(TaskDialog, TheTwentyNinthOfFebruaryIsADateInALeapYearOnly) {
+    w_Item form;
+    form.txtTaskDesc->setText(QStringLiteral("Call"));
+    form.ctDEditComp->setText(QStringLiteral("2/29/2027"));
+    desk.expectBox(QStringLiteral("Enter a valid date."), QStringLiteral("Warning"));
+    form.btnOK->click();
+    form.ctDEditComp->setText(QStringLiteral("2/29/2028"));
+    form.btnOK->click();
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from ToDo Where datedue = '2028/02/29'")), 1);
+}

@@ -221,6 +221,14 @@ TEST_F(FindAppointments, PastedTextLosesTheCharactersThatWouldBreakAList) {
     EXPECT_EQ(form.txtfind->text(), QStringLiteral("abcde"));
 }
 
+TEST_F(FindAppointments, ATextOfTenThousandCharactersFindsNothingAndBreaksNothing) {
+    book({});
+    frmfinda form;
+    form.txtfind->setText(QString(10000, u'\''));
+    expectNothing();
+    form.cmdfind->click();
+}
+
 TEST_F(FindAppointments, AFailureIsTold) {
     frmfinda form;
     const QString why = loseDatabase();

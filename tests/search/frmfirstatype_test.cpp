@@ -104,10 +104,33 @@ TEST_F(SearchByType, ALengthOfZeroIsRefused) {
     search(form, "0");
 }
 
-TEST_F(SearchByType, ALengthHasFourDigitsAtMost) {
+TEST_F(SearchByType, ALengthOfMoreThanADayIsRefused) {
+    block(540, 600);
     frmfirstatype form;
+    form.show();
     QTest::keyClicks(form.txtlength, QStringLiteral("10000"));
-    EXPECT_EQ(form.txtlength->text(), QStringLiteral("1000"));
+    EXPECT_EQ(form.txtlength->text(), QStringLiteral("10000"));
+    desk.expectBox(QStringLiteral("A day has 1440 minutes. Enter a shorter length."), QStringLiteral("Solvane"));
+    EXPECT_TRUE(search(form, "10000").isEmpty());
+    EXPECT_EQ(form.txtlength->selectedText(), QStringLiteral("10000"));
+    EXPECT_EQ(search(form, "1440").size(), 1);
+}
+
+TEST_F(SearchByType, AProviderWithAnApostropheIsSearchedAsWell) {
+    provider("O'B", "O'Brien");
+    book({.code = Intake, .provider = QStringLiteral("O'B"), .kind = 4});
+    frmfirstatype form;
+    form.cboProviders->setCurrentIndex(form.cboProviders->findData(QStringLiteral("O'B")));
+    EXPECT_EQ(search(form, "20").size(), 1);
+}
+
+TEST_F(SearchByType, AResultWhoseBlockHasVanishedStillLeadsToItsDate) {
+    block(540, 600, QDate(2026, 3, 12));
+    frmfirstatype form;
+    search(form, "20");
+    run(QStringLiteral("Delete from appointments"));
+    form.cmdgoto->click();
+    EXPECT_EQ(form.JumpDate(), QDate(2026, 3, 12));
 }
 
 TEST_F(SearchByType, CanBeStartedOnlyWithATypeAndALength) {
