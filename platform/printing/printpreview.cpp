@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <QAction>
 #include <QDir>
+#include <QEvent>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QLabel>
 #include <QPainter>
 #include <QPrintPreviewWidget>
@@ -42,6 +45,7 @@ PrintPreview::PrintPreview(QWidget* parent) : QWidget(parent), paper_(QPrinter::
     pages_ = new QPrintPreviewWidget(&paper_, this);
     pages_->setObjectName(QStringLiteral("pages"));
     pages_->setAccessibleName(tr("Pages"));
+    colourDesk();
     buildToolBar();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -53,6 +57,18 @@ PrintPreview::PrintPreview(QWidget* parent) : QWidget(parent), paper_(QPrinter::
 }
 
 PrintPreview::~PrintPreview() = default;
+
+void PrintPreview::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colourDesk();
+}
+
+void PrintPreview::colourDesk() {
+    // The preview's own is one grey for light and dark.
+    if (auto* desk = pages_->findChild<QGraphicsView*>())
+        desk->scene()->setBackgroundBrush(palette().color(QPalette::Mid));
+}
 
 QAction* PrintPreview::command(const char* name, const QString& text, const char* icon, const QKeySequence& key) {
     QAction* action = toolBar_->addAction(Icon(icon), text);

@@ -45,7 +45,11 @@ class PrintPreview : public QWidget {
     /// 1 is the size on paper.
     [[nodiscard]] double Zoom() const;
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
+    void colourDesk();
     void buildToolBar();
     void addPageCommands();
     void addZoomCommands();

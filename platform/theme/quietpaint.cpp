@@ -181,6 +181,8 @@ void comboBox(QPainter& painter, const QStyleOptionComboBox& option, const QRect
 void spinBox(QPainter& painter, const QStyleOptionSpinBox& option, const QRect& up, const QRect& down) {
     if (option.frame)
         fieldFrame(painter, option);
+    if (option.buttonSymbols == QAbstractSpinBox::NoButtons)
+        return;
     const auto draw = [&](const QRect& rect, QStyle::SubControl part, Qt::ArrowType arrow,
                           QAbstractSpinBox::StepEnabledFlag step) {
         const bool enabled = has(option, QStyle::State_Enabled) && option.stepEnabled.testFlag(step);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QToolButton>
@@ -20,6 +21,16 @@ bool isDefaultButton(const QStyleOption* option) {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     return button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton) &&
            !button->features.testFlag(QStyleOptionButton::Flat);
+}
+
+/// A drawing in another colour than that of the palette.
+QIcon inColour(const QIcon& icon, QSize size, const QColor& colour, double devicePixelRatio) {
+    QPixmap drawing = icon.pixmap(size, devicePixelRatio);
+    QPainter painter(&drawing);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRect(QPoint(), size), colour);
+    painter.end();
+    return drawing;
 }
 
 /// A text field within a combo or spin box leaves the frame to the box.
@@ -95,6 +106,9 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
             if (isDefaultButton(option) && option->state.testFlag(State_Enabled)) {
                 QStyleOptionButton label = *qstyleoption_cast<const QStyleOptionButton*>(option);
                 label.palette.setColor(QPalette::ButtonText, label.palette.color(QPalette::BrightText));
+                if (!label.icon.isNull())
+                    label.icon = inColour(label.icon, label.iconSize, label.palette.color(QPalette::BrightText),
+                                          painter->device()->devicePixelRatioF());
                 QProxyStyle::drawControl(element, &label, painter, widget);
                 return;
             }

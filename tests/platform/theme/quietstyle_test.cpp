@@ -2,12 +2,15 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QStyleOptionSlider>
 #include <QTest>
 
+#include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 
 namespace {
@@ -116,4 +119,23 @@ TEST_F(QuietStyleTest, TheSliderOfAVeryLongListStaysLargeEnoughToGrab) {
     option.pageStep = bar.pageStep();
     const QRect slider = bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
     EXPECT_GE(slider.height(), 24);
+}
+
+TEST_F(QuietStyleTest, ThePictureOnTheDefaultButtonHasTheColourOfItsText) {
+    QDialog form;
+    QPushButton button(Icon("print"), QString(), &form);
+    button.setDefault(true);
+    form.show();
+    EXPECT_FALSE(shows(pictureOf(button), colours.text));
+    button.setDefault(false);
+    button.setAutoDefault(false);
+    EXPECT_TRUE(shows(pictureOf(button), colours.text));
+}
+
+TEST_F(QuietStyleTest, ASpinBoxWithoutButtonsShowsNoArrows) {
+    QSpinBox box;
+    box.setSpecialValueText(QStringLiteral(" "));
+    EXPECT_TRUE(shows(pictureOf(box), colours.text));
+    box.setButtonSymbols(QAbstractSpinBox::NoButtons);
+    EXPECT_FALSE(shows(pictureOf(box), colours.text));
 }
