@@ -11,6 +11,8 @@
 #include "session/session.h"
 #include "tests/views/fakemainwindow.h"
 #include "views/frmall.h"
+#include "views/frmmtv.h"
+#include "views/frmrooms.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 
@@ -71,6 +73,17 @@ QStringList allStatements(QDate date) {
         holiday(date), Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date))};
 }
 
+QStringList monthStatements(QDate date) {
+    const QDate first(date.year(), date.month(), 1);
+    return {Sql(
+        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = 'REED' or appointmentsevents.clinicianid = 'REED')",
+        SqlDate(first), SqlDate(first.addDays(date.daysInMonth() - 1)))};
+}
+
+QStringList roomStatements(QDate date) {
+    return {Sql("Select * from roomschedule where nApptDate = '{}' AND croomid = 1", SqlDate(date))};
+}
+
 template <class View>
 std::unique_ptr<ViewWindow> makeView(MainWindow& main) {
     return std::make_unique<View>(main);
@@ -78,9 +91,9 @@ std::unique_ptr<ViewWindow> makeView(MainWindow& main) {
 
 const std::vector<ViewBench>& views() {
     static const std::vector<ViewBench> all{
-        {"LoadDayView", makeView<frmsched>, dayStatements},
-        {"Week", makeView<frmweekv>, weekStatements},
-        {"All providers", makeView<frmall>, allStatements},
+        {"LoadDayView", makeView<frmsched>, dayStatements}, {"Week", makeView<frmweekv>, weekStatements},
+        {"All providers", makeView<frmall>, allStatements}, {"Month", makeView<frmmtv>, monthStatements},
+        {"Room", makeView<frmrooms>, roomStatements},
     };
     return all;
 }
@@ -105,7 +118,7 @@ void ourView(benchmark::State& state, const Practice& practice, const ViewBench&
     int round = 0;
     for (auto _ : state) {
         main.SetDate(dayOf(round++));
-        view->Reload();
+        view->ShowDate(main.Date());
         view->render(&screen);
     }
 }

@@ -1,6 +1,7 @@
 #include "views/menutables.h"
 
 #include <initializer_list>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -134,6 +135,70 @@ Table helpMenu() {
     };
 }
 
+// The month and the rooms have fewer lists, and none but their own names for some.
+Table monthFileMenu() {
+    return {
+        {Kind::Menu, "mnuFile", "&File"},
+        {Kind::Command, "mnuFSelect", "&Select Therapist", "user", "Ctrl+L"},
+        {Kind::Separator, "mnuFsep1"},
+        {Kind::Command, "mnuFLoc", "&Locations...", "location"},
+        {Kind::Command, "mnuFRoomList", "&Rooms...", "rooms", nullptr, "mnuFRoom"},
+        {Kind::Command, "mnuFActList", "&Activities/Events...", "activity"},
+        {Kind::Separator, "mnuFsep2"},
+        {Kind::Command, "mnuFPrefs", "&Preferences...", "preferences", "Ctrl+,"},
+        {Kind::Separator, "mnuFsep3"},
+        {Kind::Command, "mnuFExit", "E&xit", "exit", "Ctrl+Q"},
+    };
+}
+
+Table monthViewMenu() {
+    Table menu = viewMenu();
+    for (MenuEntry& entry : menu)
+        if (std::string_view(entry.name) == "mnuVActivity")
+            entry.ownName = "mnuVAct";
+    return menu;
+}
+
+Table roomFileMenu() {
+    return {
+        {Kind::Menu, "mnuFile", "&File"}, {Kind::Command, "mnuFRoomList", "&Rooms...", "rooms", nullptr, "mnuRoomList"},
+        {Kind::Separator, "mnuFsep1"},    {Kind::Command, "mnuPrint", "&Print Schedule...", "print", "Ctrl+P"},
+        {Kind::Separator, "mnuFsep2"},    {Kind::Command, "mnuFExit", "E&xit", "exit", "Ctrl+Q"},
+    };
+}
+
+Table meetingMenu() {
+    return {
+        {Kind::Menu, "mnuMeeting", "&Meeting"},
+        {Kind::Command, "mnuNew", "&New...", "add", "Ctrl+N"},
+        {Kind::Command, "mnuEdit", "&Edit...", "edit", "Ctrl+E"},
+        {Kind::Command, "mnuDelete", "&Delete\tDel", "delete"},
+        {Kind::Separator, "mnuMsep1"},
+        {Kind::Command, "mnuFind", "&Find...", "find", "Ctrl+F"},
+    };
+}
+
+// The toolbar has no steps for the rooms, so the menu answers to their keys.
+Table roomViewMenu() {
+    return {
+        {Kind::Menu, "mnuView", "&View"},
+        {Kind::Command, "mnuVDay", "&Day View\tCtrl+1", "day", nullptr, "mnuDay"},
+        {Kind::Command, "mnuVWeek", "&Week View\tCtrl+2", "week", nullptr, "mnuWeek"},
+        {Kind::Command, "mnuVMonth", "&Month View\tCtrl+3", "month", nullptr, "mnuMonth"},
+        {Kind::Command, "mnuVAll", "&All Providers\tCtrl+4", "all", nullptr, "mnuAll"},
+        {Kind::Command, "mnuVRoom", "&Room Scheduler...\tCtrl+5", "rooms"},
+        {Kind::Command, "mnuVFH", "&Fernhall Scheduler\tCtrl+6", "companion"},
+        {Kind::Separator, "mnuVsep1"},
+        {Kind::Command, "mnuVToday", "&Today\tCtrl+T", "today"},
+        {Kind::Command, "mnuVPrevious", "&Previous Day", "previous", "Alt+Left"},
+        {Kind::Command, "mnuVNext", "&Next Day", "next", "Alt+Right"},
+        {Kind::Command, "mnuVRefresh", "Re&fresh", "refresh", "F5"},
+        {Kind::Separator, "mnuVsep2"},
+        {Kind::Command, "mnuVHidePats", "Hide Patient &Names\tCtrl+H", "eyeoff"},
+        {Kind::Command, "mnuVHideTP", "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
+    };
+}
+
 Table joined(std::initializer_list<Table> menus) {
     Table all;
     for (const Table& menu : menus)
@@ -159,5 +224,15 @@ std::span<const MenuEntry> AllProvidersMenus() {
                                        viewMenu(),
                                        {{Kind::Command, "mnuVDisplay", "Display &Providers", "user", "Ctrl+Shift+D"}},
                                        helpMenu()});
+    return menus;
+}
+
+std::span<const MenuEntry> MonthMenus() {
+    static const Table menus = joined({monthFileMenu(), monthViewMenu(), helpMenu()});
+    return menus;
+}
+
+std::span<const MenuEntry> RoomMenus() {
+    static const Table menus = joined({roomFileMenu(), meetingMenu(), roomViewMenu(), helpMenu()});
     return menus;
 }

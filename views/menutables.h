@@ -8,3 +8,6 @@
 /// The day's without the tasks, which stand beside the day alone.
 [[nodiscard]] std::span<const MenuEntry> WeekMenus();
 [[nodiscard]] std::span<const MenuEntry> AllProvidersMenus();
+/// To be read only: the lists, the views and help.
+[[nodiscard]] std::span<const MenuEntry> MonthMenus();
+[[nodiscard]] std::span<const MenuEntry> RoomMenus();

@@ -10,19 +10,14 @@
 
 MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget* parent)
     : ViewWindow(parent), main_(main), menus_(entries, this) {
-    bindAny({"mnuFSelect"}, [this] { main_.SelectProvider(); });
-    bindAny({"mnuFPrefs"}, [this] { main_.ShowPreferences(); });
-    bindAny({"mnuFExit"}, [this] { main_.Leave(); });
-    bindAny({"mnuHContents"}, [this] { main_.ShowHelp(); });
+    menus_.Bind(QStringLiteral("mnuFSelect"), [this] { main_.SelectProvider(); });
+    menus_.Bind(QStringLiteral("mnuFPrefs"), [this] { main_.ShowPreferences(); });
+    menus_.Bind(QStringLiteral("mnuFExit"), [this] { main_.Leave(); });
+    menus_.Bind(QStringLiteral("mnuHContents"), [this] { main_.ShowHelp(); });
     bindViews();
     bindSteps();
     bindPracticeLists();
     MenuView::FollowMainWindow();
-}
-
-void MenuView::bindAny(std::initializer_list<const char*> names, const std::function<void()>& run) {
-    for (const char* name : names)
-        menus_.Bind(QLatin1String(name), run);
 }
 
 void MenuView::showAny(std::initializer_list<const char*> names, bool shown) {
@@ -31,20 +26,20 @@ void MenuView::showAny(std::initializer_list<const char*> names, bool shown) {
 }
 
 void MenuView::bindViews() {
-    bindAny({"mnuVDay", "mnuDay"}, [this] { main_.changeview(0); });
-    bindAny({"mnuVWeek", "mnuWeek"}, [this] { main_.changeview(1); });
-    bindAny({"mnuVMonth", "mnuMonth"}, [this] { main_.changeview(2); });
-    bindAny({"mnuVAll", "mnuAll"}, [this] { main_.changeview(3); });
-    bindAny({"mnuVRoom", "mnuRoom"}, [this] { main_.changeview(4); });
+    menus_.Bind(QStringLiteral("mnuVDay"), [this] { main_.changeview(0); });
+    menus_.Bind(QStringLiteral("mnuVWeek"), [this] { main_.changeview(1); });
+    menus_.Bind(QStringLiteral("mnuVMonth"), [this] { main_.changeview(2); });
+    menus_.Bind(QStringLiteral("mnuVAll"), [this] { main_.changeview(3); });
+    menus_.Bind(QStringLiteral("mnuVRoom"), [this] { main_.changeview(4); });
 }
 
 void MenuView::bindSteps() {
-    bindAny({"mnuVToday"}, [this] { main_.GoToToday(); });
-    bindAny({"mnuVPrevious"}, [this] { main_.cycledate(0); });
-    bindAny({"mnuVNext"}, [this] { main_.cycledate(1); });
-    bindAny({"mnuVRefresh"}, [this] { main_.cycledate(2); });
-    bindAny({"mnuVHidePats"}, [this] { main_.ToggleHidePatientNames(); });
-    bindAny({"mnuVHideTP"}, [this] {
+    menus_.Bind(QStringLiteral("mnuVToday"), [this] { main_.GoToToday(); });
+    menus_.Bind(QStringLiteral("mnuVPrevious"), [this] { main_.cycledate(0); });
+    menus_.Bind(QStringLiteral("mnuVNext"), [this] { main_.cycledate(1); });
+    menus_.Bind(QStringLiteral("mnuVRefresh"), [this] { main_.cycledate(2); });
+    menus_.Bind(QStringLiteral("mnuVHidePats"), [this] { main_.ToggleHidePatientNames(); });
+    menus_.Bind(QStringLiteral("mnuVHideTP"), [this] {
         main_.ToggleTaskPane();
         FollowMainWindow();
     });
@@ -59,10 +54,10 @@ void MenuView::bindPracticeLists() {
             listsChanged();
         };
     };
-    bindAny({"mnuFLoc"}, edits(PracticeList::Locations));
-    bindAny({"mnuFRoomList", "mnuFRoom", "mnuRoomList"}, edits(PracticeList::Rooms));
-    bindAny({"mnuFActList"}, edits(PracticeList::Events));
-    bindAny({"mnuVColor"}, [this] {
+    menus_.Bind(QStringLiteral("mnuFLoc"), edits(PracticeList::Locations));
+    menus_.Bind(QStringLiteral("mnuFRoomList"), edits(PracticeList::Rooms));
+    menus_.Bind(QStringLiteral("mnuFActList"), edits(PracticeList::Events));
+    menus_.Bind(QStringLiteral("mnuVColor"), [this] {
         frmcleg dialog(window());
         ShowModal(dialog);
     });

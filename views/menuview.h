@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <initializer_list>
 
 #include "views/mainwindow.h"
@@ -19,8 +18,6 @@ class MenuView : public ViewWindow {
     void FollowMainWindow() override;
 
   protected:
-    /// Binds the command under that of these names which the view's menus hold: views differ in how they name a role.
-    void bindAny(std::initializer_list<const char*> names, const std::function<void()>& run);
     /// Shows or hides those of the commands that the view's menus hold.
     void showAny(std::initializer_list<const char*> names, bool shown);
     /// Ticks the command that opened this view, and names what a step goes over.

@@ -101,7 +101,7 @@ class ctMDay : public QWidget {
     void ScrollToItem(int index);
 
     // In-place text, also by F2 and a slow second click.
-    void EditItem(int index);
+    void EditItem(int index, const QString& typed = {});  ///< `typed` takes the place of the text that is edited.
     /// Commits an open in-place edit and delivers its TextEdited at once.
     void CommitEdit();
     [[nodiscard]] bool IsEditing() const;
@@ -150,6 +150,8 @@ class ctMDay : public QWidget {
     void ItemActivated(int index);
     /// (queued) Double click or Enter on empty time; the range is selected.
     void RangeActivated();
+    /// A letter was typed on a selected range: whoever makes an item of it edits it with this text.
+    void RangeTyped(const QString& text);
     /// (queued) Right mouse or Menu key; index 0: on empty time. A right click has selected what is under it.
     void PopupRequested(int index, const QPoint& globalPos);
     /// (queued) Delete was pressed on the selected item.

@@ -22,7 +22,7 @@ bool ctMDay::mayEdit(int index) {
     return !item.ItemTextLocked && item.ItemTextColor == TextColor::Normal;
 }
 
-void ctMDay::EditItem(int index) {
+void ctMDay::EditItem(int index, const QString& typed) {
     editTimer_.stop();
     if (!hasItem(index) || ColumnOfItem(index) == 0)
         return;
@@ -39,6 +39,8 @@ void ctMDay::EditItem(int index) {
     editor_->installEventFilter(this);
     placeEditor();
     editor_->selectAll();
+    if (!typed.isEmpty())
+        editor_->insert(typed);
     editor_->show();
     editor_->setFocus();
 }

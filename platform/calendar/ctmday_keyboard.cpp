@@ -42,7 +42,11 @@ void ctMDay::keyPressEvent(QKeyEvent* event) {
     } else if (control && event->key() == Qt::Key_0) {
         zoomAt(grid().body().center().y(), 1 / zoom_);
     } else if (!keyOnSelection(event) && !keyMovesItem(event) && !keyMovesCell(event)) {
-        QWidget::keyPressEvent(event);
+        const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+        if (plain && state_.range && !readOnly_ && !event->text().isEmpty() && event->text().front().isPrint())
+            Q_EMIT RangeTyped(event->text());
+        else
+            QWidget::keyPressEvent(event);
     }
 }
 

@@ -228,7 +228,7 @@ void ctWeek::keyPressEvent(QKeyEvent* event) {
         if (shown)
             select(day);
         else
-            Q_EMIT MonthStepRequested(day < selected_ ? -1 : 1);
+            Q_EMIT DayRequested(day);
     } else {
         QWidget::keyPressEvent(event);
     }

@@ -52,6 +52,8 @@ class ctWeek : public QWidget {
     void DaySelected(QDate day);
     /// Double click or Enter on a day.
     void DayActivated(QDate day);
+    /// An arrow key leads to a day of another month.
+    void DayRequested(QDate day);
     /// The wheel or a page key asks for the month before (-1) or after (+1).
     void MonthStepRequested(int direction);
 

@@ -182,6 +182,13 @@ Drawing MarkDrawing(Glyph glyph) {
             Line(d.shapes, {{8.6, 0.2}, {13.0, 2.6}, {8.8, 5.6}});
             d.shapes.closeSubpath();
             break;
+        case Glyph::Bound:
+            d.shapes.addRoundedRect(QRectF(2.8, 7.2, 10.4, 7.6), 1.4, 1.4);
+            d.lines.moveTo(5, 7.2);
+            d.lines.lineTo(5, 4.8);
+            d.lines.cubicTo(5, 0.6, 11, 0.6, 11, 4.8);
+            d.lines.lineTo(11, 7.2);
+            break;
         case Glyph::Holiday:
             Line(d.lines, {{3.4, 15}, {3.4, 1.6}});
             d.shapes.moveTo(3.4, 1.8);
@@ -273,6 +280,8 @@ void PaintGlyph(QPainter& painter, const QRectF& square, Glyph glyph, const QCol
 std::vector<Glyph> GlyphsOf(const CalendarItem& item) {
     std::vector<Glyph> glyphs;
     AddStatus(glyphs, item.ItemStatusMark);
+    if (item.ItemBound)
+        glyphs.push_back(Glyph::Bound);
     if (item.ItemTentativeIcon)
         glyphs.push_back(Glyph::Tentative);
     AddStatusIcon(glyphs, item.ItemStatusIcon);

@@ -25,6 +25,7 @@ enum class Glyph {
     Note,
     SessionNote,
     Series,
+    Bound,
     Charged,
     MessageLeft,
     NoAnswer,

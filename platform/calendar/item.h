@@ -52,6 +52,7 @@ struct CalendarItem {
     StatusMark ItemStatusMark = StatusMark::None;
     QString ItemStatusText;   ///< "Kept", "Missed" ...: in the tool tip and the accessible name.
     bool ItemBanner = false;  ///< Holiday marker: stands under the heading instead of covering the day.
+    bool ItemBound = false;   ///< Belongs to something that is changed elsewhere; a padlock tells it.
     bool ItemTextLocked = false;
     bool ItemMoveLocked = false;
 

@@ -123,6 +123,9 @@ void frmRoomView::loadRoomView() {
                                                rows["croomtext"].text(), rows["nkeyid"].text());
             CalendarItem& item = ctMDay1->Item(index);
             item.ItemColor = BookedColor;
+            // The text of an appointment's slot holds a name.
+            if (Session().HidePatientNames && rows["apptid"].integer() > 0)
+                item.ItemTextColor = TextColor::SameAsBackground;
             if (const int place = GetRoomPos(static_cast<int>(rows["croomid"].integer())); place > -1)
                 item.ItemColumn = place + 1;
             // A meeting before the day's first hour is in the way too.

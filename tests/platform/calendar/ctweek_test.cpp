@@ -143,14 +143,16 @@ TEST_F(MonthCalendar, TheArrowsWalkThroughTheDaysAndEnterOpensOne) {
     EXPECT_EQ(month.Date(), QDate(2026, 3, 1));
 }
 
-TEST_F(MonthCalendar, SteppingOverTheEndAsksForTheNextMonth) {
-    const QSignalSpy steps(&month, &ctWeek::MonthStepRequested);
+TEST_F(MonthCalendar, AnArrowOverTheEndAsksForTheNextDayAndAPageKeyForTheMonthBefore) {
+    QSignalSpy days(&month, &ctWeek::DayRequested);
+    QSignalSpy steps(&month, &ctWeek::MonthStepRequested);
     month.setDate(QDate(2026, 3, 31));
     QTest::keyClick(&month, Qt::Key_Right);
     QTest::keyClick(&month, Qt::Key_PageUp);
-    ASSERT_EQ(steps.size(), 2);
-    EXPECT_EQ(steps[0][0].toInt(), 1);
-    EXPECT_EQ(steps[1][0].toInt(), -1);
+    ASSERT_EQ(days.size(), 1);
+    EXPECT_EQ(days[0][0].toDate(), QDate(2026, 4, 1));
+    ASSERT_EQ(steps.size(), 1);
+    EXPECT_EQ(steps[0][0].toInt(), -1);
     EXPECT_EQ(month.Date(), QDate(2026, 3, 31));
 }
 

@@ -51,6 +51,16 @@ class RoomBrowser : public testing::Test {
     std::unique_ptr<frmRoomView> form;
 };
 
+TEST_F(RoomBrowser, HiddenNamesHideTheTextsOfAppointmentsOnly) {
+    booking(blue, 540, 600, QStringLiteral("Meeting"));
+    booking(blue, 600, 660, QStringLiteral("Anna O'Brien"));
+    database.connection().Execute(QStringLiteral("Update roomschedule Set apptid = 77 Where nStartTime = 600"));
+    Session().HidePatientNames = true;
+    const ctMDay& calendar = open();
+    EXPECT_EQ(calendar.Item(1).ItemTextColor, TextColor::Normal);
+    EXPECT_EQ(calendar.Item(2).ItemTextColor, TextColor::SameAsBackground);
+}
+
 }  // namespace
 
 TEST_F(RoomBrowser, ShowsEveryRoomByNameWithItsBookings) {

@@ -1,0 +1,671 @@
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "tests/views/practicefixture.h"
+#include "views/frmfroom.h"
+#include "views/frmroomappt.h"
+#include "views/frmrooms.h"
+
+namespace {
+
+constexpr char goneText[] = "Error saving. Another user may have deleted this assignment.";
+constexpr char refusedText[] =
+    "Unable to edit times or duration in Room Scheduler. This room slot is associated with a scheduled event or appointment.";
+
+/// The rooms Blue (1) and Green (2) on March 11, 2026.
+class RoomScheduler : public PracticeFixture {
+  protected:
+    RoomScheduler() {
+        Session().CurrentView = 5;
+        Session().AllProviders = true;
+        desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(10, 30)));
+        run("Insert Into rooms (Room) Values('Blue')");
+        run("Insert Into rooms (Room) Values('Green')");
+    }
+    frmrooms& open() {
+        view_ = std::make_unique<frmrooms>(main);
+        view_->resize(1000, 700);
+        view_->show();
+        view_->activateWindow();
+        calendar().setFocus();
+        settle();
+        return *view_;
+    }
+    [[nodiscard]] QWidget& openView() override { return *view_; }
+
+    int book(const char* text, int start = 540, int end = 600, int room = 1, int appt = 0,
+             const char* date = "2026/03/11") {
+        run(QStringLiteral(
+                "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values(%1, %2, '%3', '%4', %5, %6)")
+                .arg(start)
+                .arg(end)
+                .arg(QLatin1String(date), QString::fromUtf8(text).replace(QLatin1Char('\''), QStringLiteral("''")))
+                .arg(room)
+                .arg(appt));
+        return database_.text(QStringLiteral("Select Max(nKeyId) from roomschedule")).toInt();
+    }
+    [[nodiscard]] QString stored(int key, const char* column) {
+        return database_.text(
+            QStringLiteral("Select %1 from roomschedule Where nKeyId = %2").arg(QLatin1String(column)).arg(key));
+    }
+    [[nodiscard]] int bookings() { return database_.text(QStringLiteral("Select Count(*) from roomschedule")).toInt(); }
+    [[nodiscard]] QComboBox& rooms() { return *view_->findChild<QComboBox*>(QStringLiteral("cborooms")); }
+    [[nodiscard]] ctDEdit& date() { return *view_->findChild<ctDEdit*>(QStringLiteral("txtdate")); }
+    [[nodiscard]] QString hint() { return view_->findChild<QLabel*>(QStringLiteral("lblhint"))->text(); }
+    void chooseTime(int start, int end) { calendar().selectRange(1, start, end); }
+    void expectGone() { desk.expectBox(QLatin1String(goneText), QStringLiteral("Error")); }
+    void trigger(const char* name) {
+        command(name).trigger();
+        settle();
+    }
+
+    std::unique_ptr<frmrooms> view_;
+};
+
+TEST_F(RoomScheduler, ShowsOneRoomOnOneDay) {
+    book("Team meeting");
+    book("In the other room", 540, 600, 2);
+    book("Tomorrow", 540, 600, 1, 0, "2026/03/12");
+
+    open();
+
+    EXPECT_EQ(rooms().count(), 2);
+    EXPECT_EQ(rooms().currentText(), "Blue");
+    EXPECT_EQ(itemTexts(), QStringList{"Team meeting"});
+    EXPECT_EQ(main.dateText, "Wednesday, March 11, 2026");
+    EXPECT_EQ(date().Date(), QDate(2026, 3, 11));
+
+    rooms().setCurrentIndex(1);
+    EXPECT_EQ(itemTexts(), QStringList{"In the other room"});
+}
+
+TEST_F(RoomScheduler, TheRoomOfLastTimeOpens) {
+    open();
+    rooms().setCurrentIndex(1);
+    open();
+    EXPECT_EQ(rooms().currentText(), "Green");
+    run("Delete from rooms Where Room = 'Green'");
+    open();
+    EXPECT_EQ(rooms().currentText(), "Blue");
+}
+
+TEST_F(RoomScheduler, WithoutAnyRoomNothingCanBeBookedAndTheViewSaysWhy) {
+    run("Delete from rooms");
+    open();
+    EXPECT_FALSE(calendar().isEnabled());
+    EXPECT_FALSE(command("mnuPrint").isEnabled());
+    EXPECT_FALSE(command("mnuNew").isEnabled());
+    EXPECT_EQ(hint(), "There are no rooms yet. Add them by File, Rooms.");
+    view_->AddAppointment();
+    EXPECT_EQ(bookings(), 0);
+}
+
+TEST_F(RoomScheduler, ASlotOfAnAppointmentIsLockedMarkedAndRed) {
+    book("Anna O'Brien", 540, 600, 1, 77);
+    book("Meeting", 600, 660);
+    open();
+    const CalendarItem& bound = item("Anna O'Brien");
+    EXPECT_EQ(bound.ItemColor, 255);
+    EXPECT_TRUE(bound.ItemBound);
+    EXPECT_TRUE(bound.ItemMoveLocked);
+    EXPECT_TRUE(bound.ItemTextLocked);
+    EXPECT_FALSE(bound.ItemStatusText.isEmpty());
+    EXPECT_FALSE(item("Meeting").ItemBound);
+    EXPECT_NE(item("Meeting").ItemColor, 255);
+}
+
+TEST_F(RoomScheduler, HiddenNamesHideTheTextsOfAppointmentsOnly) {
+    Session().HidePatientNames = true;
+    book("Anna O'Brien", 540, 600, 1, 77);
+    book("Meeting", 600, 660);
+    open();
+    EXPECT_EQ(item("Anna O'Brien").ItemTextColor, TextColor::SameAsBackground);
+    EXPECT_EQ(item("Meeting").ItemTextColor, TextColor::Normal);
+}
+
+TEST_F(RoomScheduler, TypingOnASelectedTimeBooksAtOnceAndNamesTheMeeting) {
+    open();
+    chooseTime(600, 660);
+
+    QTest::keyClick(&calendar(), 'T');
+    EXPECT_EQ(database_.text(QStringLiteral("Select croomtext from roomschedule")), "New mtg.");
+    ASSERT_NE(editor(), nullptr);
+    QTest::keyClicks(editor(), QStringLiteral("eam"));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    settle();
+
+    const int stands = std::as_const(calendar()).Item(1).ItemKey.toInt();
+    EXPECT_EQ(stored(stands, "croomtext"), "Team");
+    EXPECT_EQ(stored(stands, "nStartTime"), "600");
+    EXPECT_EQ(stored(stands, "nEndTime"), "660");
+    EXPECT_EQ(stored(stands, "croomid"), "1");
+}
+
+TEST_F(RoomScheduler, EscapeLeavesTheTypedMeetingUnnamed) {
+    open();
+    chooseTime(600, 660);
+    QTest::keyClick(&calendar(), 'x');
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(itemTexts(), QStringList{"New mtg."});
+    EXPECT_EQ(bookings(), 1);
+}
+
+TEST_F(RoomScheduler, AMeetingThatCannotBeStoredIsToldAndNotShown) {
+    open();
+    chooseTime(600, 660);
+    const QString reason = database_.refuse(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
+    desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
+    QTest::keyClick(&calendar(), 'x');
+    settle();
+    EXPECT_EQ(calendar().ItemCount(), 0);
+}
+
+TEST_F(RoomScheduler, AMeetingTypedInTheGridIsOnTheShownDateAndOneOfTheDialogOnTheCalendarsDate) {
+    frmrooms& view = open();
+    date().setDate(QDate(2026, 3, 20));
+    settle();
+    EXPECT_EQ(calendar().Date(), QDate(2026, 3, 20));
+    chooseTime(600, 660);
+    QTest::keyClick(&calendar(), 'x');
+    settle();
+    EXPECT_EQ(database_.text(QStringLiteral("Select Count(*) from roomschedule Where nApptDate = '2026/03/20'")), "1");
+
+    calendar().CommitEdit();
+    chooseTime(700, 760);
+    desk.expectForm("frmRoomAppt", [](QDialog& form) {
+        auto& dialog = dynamic_cast<frmRoomAppt&>(form);
+        EXPECT_EQ(dialog.ctedate->Date(), QDate(2026, 3, 11));
+        dialog.txtsubject->setText(QStringLiteral("From the dialog"));
+        dialog.cmdOk->click();
+    });
+    view.AddAppointment();
+    EXPECT_EQ(database_.text(QStringLiteral("Select Count(*) from roomschedule Where nApptDate = '2026/03/11'")), "1");
+}
+
+TEST_F(RoomScheduler, AMeetingIsMovedAndSizedAtOnce) {
+    const int key = book("Meeting");
+    open();
+    moveTo("Meeting", 660);
+    EXPECT_EQ(stored(key, "nStartTime"), "660");
+    EXPECT_EQ(stored(key, "nEndTime"), "720");
+    sizeTo("Meeting", 780);
+    EXPECT_EQ(stored(key, "nStartTime"), "660");
+    EXPECT_EQ(stored(key, "nEndTime"), "780");
+}
+
+TEST_F(RoomScheduler, AMovedMeetingThatAnotherDeskDeletedIsToldAndLeaves) {
+    const int key = book("Meeting");
+    open();
+    otherDesk(QStringLiteral("Delete from roomschedule Where nKeyId = %1").arg(key));
+    expectGone();
+    moveTo("Meeting", 660);
+    EXPECT_EQ(calendar().ItemCount(), 0);
+}
+
+TEST_F(RoomScheduler, AMeetingThatAnotherDeskMovedIsNotMovedBackUnseen) {
+    const int key = book("Meeting");
+    open();
+    otherDesk(QStringLiteral("Update roomschedule Set nStartTime = 800, nEndTime = 860 Where nKeyId = %1").arg(key));
+    desk.expectBox(
+        QStringLiteral(
+            "Error saving room schedule. Row cannot be located for updating. Some values may have been changed since it was last read."),
+        QStringLiteral("Error"));
+    moveTo("Meeting", 660);
+    EXPECT_EQ(stored(key, "nStartTime"), "800");
+    EXPECT_EQ(item("Meeting").ItemStart, 800);
+}
+
+TEST_F(RoomScheduler, NamingAMeetingKeepsTheTimeThatAnotherDeskGaveIt) {
+    const int key = book("Meeting");
+    open();
+    otherDesk(QStringLiteral("Update roomschedule Set nStartTime = 500 Where nKeyId = %1").arg(key));
+    type("Meeting", QStringLiteral("Supervision"));
+    EXPECT_EQ(stored(key, "croomtext"), "Supervision");
+    EXPECT_EQ(stored(key, "nStartTime"), "500");
+}
+
+TEST_F(RoomScheduler, AMoveThatFailsPutsTheMeetingBack) {
+    const int key = book("Meeting");
+    open();
+    const QString reason = database_.refuse(QStringLiteral("Update"), QStringLiteral("roomschedule"));
+    desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
+    moveTo("Meeting", 660);
+    EXPECT_EQ(item("Meeting").ItemStart, 540);
+    EXPECT_EQ(stored(key, "nStartTime"), "540");
+}
+
+TEST_F(RoomScheduler, ASlotOfAnAppointmentRefusesAnotherTime) {
+    const int key = book("Anna", 540, 600, 1, 77);
+    open();
+    desk.expectBox(QLatin1String(refusedText), QStringLiteral("Room Scheduler"));
+    moveTo("Anna", 660);
+    EXPECT_EQ(stored(key, "nStartTime"), "540");
+    EXPECT_EQ(item("Anna").ItemStart, 540);
+}
+
+TEST_F(RoomScheduler, ATextIsStoredWhenItsEditEnds) {
+    const int key = book("Meeting");
+    open();
+    type("Meeting", QStringLiteral("D'Arcy; 50%"));
+    EXPECT_EQ(stored(key, "croomtext"), "D'Arcy; 50%");
+}
+
+TEST_F(RoomScheduler, AnEmptiedTextComesBack) {
+    const int key = book("Meeting");
+    open();
+    type("Meeting", QString());
+    EXPECT_EQ(itemTexts(), QStringList{"Meeting"});
+    EXPECT_EQ(stored(key, "croomtext"), "Meeting");
+}
+
+TEST_F(RoomScheduler, ATextOfAMeetingThatIsGoneIsTold) {
+    const int key = book("Meeting");
+    open();
+    otherDesk(QStringLiteral("Delete from roomschedule Where nKeyId = %1").arg(key));
+    expectGone();
+    type("Meeting", QStringLiteral("Other"));
+    EXPECT_EQ(calendar().ItemCount(), 0);
+}
+
+TEST_F(RoomScheduler, DeletingAsksAndDeletesTheSlotOfAnAppointmentToo) {
+    const qint64 appt = add(anAppointment("Anna"));
+    book("Anna", 540, 600, 1, static_cast<int>(appt));
+    open();
+    select("Anna");
+    desk.expectBox(QStringLiteral("Are you sure you want to delete this meeting?"), QStringLiteral("Delete Meeting"),
+                   Answer::No);
+    trigger("mnuDelete");
+    EXPECT_EQ(bookings(), 1);
+    desk.expectBox(QStringLiteral("Are you sure you want to delete this meeting?"), QStringLiteral("Delete Meeting"),
+                   Answer::Yes);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(bookings(), 0);
+    EXPECT_EQ(calendar().ItemCount(), 0);
+    EXPECT_EQ(database_.text(QStringLiteral("Select Count(*) from appointments")), "1");
+}
+
+TEST_F(RoomScheduler, DeletingWhatAnotherDeskDeletedJustTakesItAway) {
+    const int key = book("Meeting");
+    open();
+    select("Meeting");
+    otherDesk(QStringLiteral("Delete from roomschedule Where nKeyId = %1").arg(key));
+    desk.expectBox(QStringLiteral("Are you sure you want to delete this meeting?"), QStringLiteral("Delete Meeting"),
+                   Answer::Yes);
+    trigger("mnuDelete");
+    EXPECT_EQ(calendar().ItemCount(), 0);
+}
+
+TEST_F(RoomScheduler, ADeletionThatFailsKeepsTheMeeting) {
+    book("Meeting");
+    open();
+    select("Meeting");
+    const QString reason = database_.refuse(QStringLiteral("Delete"), QStringLiteral("roomschedule"));
+    desk.expectBox(QStringLiteral("Are you sure you want to delete this meeting?"), QStringLiteral("Delete Meeting"),
+                   Answer::Yes);
+    desk.expectBox(QStringLiteral("Error deleting room schedule. ") + reason, QStringLiteral("Error"));
+    trigger("mnuDelete");
+    EXPECT_EQ(itemTexts(), QStringList{"Meeting"});
+}
+
+TEST_F(RoomScheduler, OnlyTheHighestLevelDeletes) {
+    Session().ScreenAccess = 2;
+    book("Meeting");
+    open();
+    select("Meeting");
+    EXPECT_FALSE(command("mnuDelete").isEnabled());
+    key(Qt::Key_Delete);
+    view_->deleteappt();
+    EXPECT_EQ(bookings(), 1);
+}
+
+TEST_F(RoomScheduler, WhoMayOnlyReadChangesNothing) {
+    Session().ScreenAccess = 1;
+    const int stands = book("Meeting");
+    open();
+    moveTo("Meeting", 660);
+    EXPECT_EQ(stored(stands, "nStartTime"), "540");
+    chooseTime(700, 760);
+    QTest::keyClick(&calendar(), 'x');
+    key(Qt::Key_Return);
+    view_->editappt(1);
+    EXPECT_EQ(bookings(), 1);
+    EXPECT_FALSE(command("mnuNew").isEnabled());
+    EXPECT_FALSE(command("mnuEdit").isEnabled());
+    EXPECT_TRUE(command("mnuFind").isEnabled());
+}
+
+TEST_F(RoomScheduler, NewWithoutASelectedTimeIsTold) {
+    open();
+    desk.expectBox(QStringLiteral("No Appointment Time is Currently Selected"), QStringLiteral("Warning"));
+    trigger("mnuNew");
+}
+
+TEST_F(RoomScheduler, EditWithoutASelectedMeetingIsTold) {
+    open();
+    desk.expectBox(QStringLiteral("No appoinyment time is currently selected."), QStringLiteral("Warning"));
+    trigger("mnuEdit");
+}
+
+TEST_F(RoomScheduler, ADoubleClickOnFreeTimeAddsByTheDialogAndSelectsTheMeeting) {
+    open();
+    desk.expectForm("frmRoomAppt", [](QDialog& form) {
+        auto& dialog = dynamic_cast<frmRoomAppt&>(form);
+        EXPECT_EQ(dialog.lblRoom->text(), "Blue");
+        EXPECT_EQ(dialog.ctstart->Time(), 600);
+        EXPECT_TRUE(dialog.property("tag").toString().isEmpty());
+        dialog.txtsubject->setText(QStringLiteral("D'Arcy"));
+        dialog.cmdOk->click();
+    });
+    doubleClick(calendar().CellRect(1, 600).center());
+    EXPECT_EQ(itemTexts(), QStringList{"D'Arcy"});
+    EXPECT_EQ(calendar().SelectedItem(), 1);
+}
+
+TEST_F(RoomScheduler, ADoubleClickOnAMeetingEditsItAndOnASlotDoesNothing) {
+    const int stands = book("Meeting");
+    book("Anna", 660, 720, 1, 77);
+    open();
+    desk.expectForm("frmRoomAppt", [](QDialog& form) {
+        auto& dialog = dynamic_cast<frmRoomAppt&>(form);
+        EXPECT_EQ(dialog.property("tag").toString(), "EDIT");
+        EXPECT_EQ(dialog.txtsubject->text(), "Meeting");
+        dialog.ctend->setTime(630);
+        dialog.cmdOk->click();
+    });
+    doubleClick(rectOf("Meeting").center());
+    EXPECT_EQ(stored(stands, "nEndTime"), "630");
+    doubleClick(rectOf("Anna").center());
+    select("Anna");
+    EXPECT_FALSE(command("mnuEdit").isEnabled());
+}
+
+TEST_F(RoomScheduler, ADateTypedThereIsGoneTo) {
+    book("On Friday", 540, 600, 1, 0, "2026/03/13");
+    open();
+    date().setFocus();
+    date().selectAll();
+    QTest::keyClicks(&date(), QStringLiteral("3/13/26"));
+    EXPECT_EQ(calendar().Date(), QDate(2026, 3, 11)) << "Not before the date is finished.";
+    QTest::keyClick(&date(), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(itemTexts(), QStringList{"On Friday"});
+    EXPECT_EQ(main.dateText, "Friday, March 13, 2026");
+    EXPECT_EQ(main.Date(), QDate(2026, 3, 11)) << "The main window's calendar stays.";
+}
+
+TEST_F(RoomScheduler, NonsenseInTheDateKeepsTheDayThatIsShown) {
+    book("Meeting");
+    open();
+    date().setText(QStringLiteral("soon"));
+    QTest::keyClick(&date(), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(itemTexts(), QStringList{"Meeting"});
+}
+
+TEST_F(RoomScheduler, StepsGoByDaysFromTheShownDateAndBackToToday) {
+    frmrooms& view = open();
+    EXPECT_TRUE(view.StepOwnDate(1));
+    EXPECT_EQ(date().Date(), QDate(2026, 3, 12));
+    view.cycledate(0);
+    view.cycledate(0);
+    EXPECT_EQ(calendar().Date(), QDate(2026, 3, 10));
+    view.cycledate(2);
+    EXPECT_EQ(calendar().Date(), QDate(2026, 3, 11));
+    view.ShowDate(QDate(2026, 4, 1));
+    EXPECT_EQ(view.ShownDay(main.Date()), QDate(2026, 4, 1));
+}
+
+TEST_F(RoomScheduler, AReloadKeepsTheSelectedMeetingAndThePlace) {
+    book("Late", 960, 1020);
+    frmrooms& view = open();
+    select("Late");
+    calendar().setTopTime(700);
+    const int top = calendar().TopTime();
+    book("From another desk");
+    view.Reload();
+    EXPECT_EQ(calendar().TopTime(), top);
+    EXPECT_EQ(std::as_const(calendar()).Item(calendar().SelectedItem()).ItemText, "Late");
+    EXPECT_EQ(calendar().ItemCount(), 2);
+}
+
+TEST_F(RoomScheduler, AReloadStoresWhatIsBeingTyped) {
+    const int stands = book("Meeting");
+    frmrooms& view = open();
+    beginTyping("Meeting", QStringLiteral("Half typed"));
+    view.Reload();
+    EXPECT_EQ(stored(stands, "croomtext"), "Half typed");
+    EXPECT_EQ(itemTexts(), QStringList{"Half typed"});
+}
+
+TEST_F(RoomScheduler, AnEarlyMeetingWidensTheGrid) {
+    book("Early", 360, 420);
+    open();
+    EXPECT_EQ(calendar().FirstTime(), 360);
+}
+
+TEST_F(RoomScheduler, TheScaleIsOfFifteenOrSixtyMinutesElseOfThirty) {
+    open();
+    EXPECT_EQ(calendar().TimeInterval(), 15);
+    Session().TimeUnit = 60;
+    view_->ApplyPreferences();
+    EXPECT_EQ(calendar().TimeInterval(), 60);
+    Session().TimeUnit = 5;
+    view_->ApplyPreferences();
+    EXPECT_EQ(calendar().TimeInterval(), 30);
+}
+
+TEST_F(RoomScheduler, ALostDatabaseIsTold) {
+    book("Meeting");
+    frmrooms& view = open();
+    Session().Connection.Close();
+    desk.expectBox(
+        QStringLiteral(
+            "Error reading room schedule. The connection cannot be used to perform this operation. It is either closed or invalid in this context."),
+        QStringLiteral("Error"));
+    view.Reload();
+    EXPECT_EQ(calendar().ItemCount(), 0);
+}
+
+TEST_F(RoomScheduler, EditedRoomsAreReadAndTheChosenOneStays) {
+    open();
+    rooms().setCurrentIndex(1);
+    desk.expectForm("frmlocs", [this](QDialog& form) {
+        run("Insert Into rooms (Room) Values('Attic')");
+        form.reject();
+    });
+    trigger("mnuRoomList");
+    EXPECT_EQ(rooms().count(), 3);
+    EXPECT_EQ(rooms().currentText(), "Green");
+}
+
+TEST_F(RoomScheduler, ADayOfAThousandMeetingsAndRowsThatMakeNoSenseArePainted) {
+    Session().Connection.BeginTrans();
+    for (int i = 0; i < 1000; ++i)
+        book("Busy", 480 + i % 500, 540 + i % 500);
+    Session().Connection.CommitTrans();
+    book("Backwards", 700, 600);
+    book("Beyond", 1500, 1600);
+    run("Insert Into roomschedule (nApptDate, croomid) Values('2026/03/11', 1)");
+    open();
+    view_->grab();
+    EXPECT_EQ(calendar().ItemCount(), 1003);
+}
+
+TEST_F(RoomScheduler, TheCommandsAskTheMainWindow) {
+    open();
+    for (const char* name : {"mnuDay", "mnuWeek", "mnuMonth", "mnuVToday", "mnuVNext", "mnuHContents"})
+        command(name).trigger();
+    EXPECT_EQ(main.asked,
+              (QStringList{"changeview 0", "changeview 1", "changeview 2", "today", "cycledate 1", "help"}));
+}
+
+TEST_F(RoomScheduler, ThePopupOffersWhatIsUnderThePointer) {
+    book("Meeting");
+    open();
+    const auto offered = [this] {
+        QStringList names;
+        for (const QMenu* menu : view_->findChildren<QMenu*>(QStringLiteral("popup")))
+            for (const QAction* action : menu->actions())
+                names << action->objectName();
+        for (QMenu* menu : view_->findChildren<QMenu*>(QStringLiteral("popup")))
+            menu->close();
+        settle();
+        return names;
+    };
+    rightClick(rectOf("Meeting").center());
+    EXPECT_EQ(offered(), (QStringList{"mnuEdit", "mnuDelete"}));
+    rightClick(calendar().CellRect(1, 700).center());
+    EXPECT_EQ(offered(), QStringList{"mnuNew"});
+}
+
+TEST_F(RoomScheduler, FindListsBookingsOfAllRoomsAndGoesToOne) {
+    const int there = book("D'Arcy; review", 900, 960, 2, 0, "2026/05/06");
+    book("Another");
+    open();
+    desk.expectForm("frmfroom", [](QDialog& form) {
+        auto& find = dynamic_cast<frmfroom&>(form);
+        EXPECT_FALSE(find.cmdfind->isEnabled());
+        EXPECT_FALSE(find.cmdprint->isEnabled());
+        QTest::keyClicks(find.txtfind, QStringLiteral("\"D'*A;r|cy"));
+        EXPECT_EQ(find.txtfind->text(), "D'Arcy");
+        find.cmdfind->click();
+        ASSERT_EQ(find.ctList1->RowCount(), 1);
+        EXPECT_EQ(find.ctList1->SelectedRow(), 0);
+        EXPECT_EQ(find.ctList1->Cell(0, 2), "05/06/2026");
+        EXPECT_EQ(find.ctList1->Cell(0, 3), "3:00 PM");
+        EXPECT_EQ(find.ctList1->Cell(0, 4), "4:00 PM");
+        EXPECT_EQ(find.ctList1->Cell(0, 5), "Green");
+        find.cmdgoto->click();
+        EXPECT_EQ(find.result(), QDialog::Accepted);
+    });
+    trigger("mnuFind");
+    EXPECT_EQ(rooms().currentText(), "Green");
+    EXPECT_EQ(date().Date(), QDate(2026, 5, 6));
+    EXPECT_EQ(std::as_const(calendar()).Item(calendar().SelectedItem()).ItemKey, QString::number(there));
+}
+
+TEST_F(RoomScheduler, FindTakesWildcardsLiterallyAndTellsOfNoHit) {
+    book("100 percent");
+    open();
+    desk.expectForm("frmfroom", [this](QDialog& form) {
+        auto& find = dynamic_cast<frmfroom&>(form);
+        find.txtfind->setText(QStringLiteral("100%"));
+        desk.expectBox(QStringLiteral("No Matching Records."), QStringLiteral("Find"));
+        find.cmdfind->click();
+        EXPECT_EQ(find.ctList1->RowCount(), 0);
+        EXPECT_FALSE(find.cmdgoto->isEnabled());
+        EXPECT_EQ(find.txtfind->selectedText(), "100%");
+        form.reject();
+    });
+    trigger("mnuFind");
+}
+
+TEST_F(RoomScheduler, AFoundBookingThatIsGoneKeepsTheDialogOpen) {
+    const int there = book("Meeting");
+    open();
+    desk.expectForm("frmfroom", [this, there](QDialog& form) {
+        auto& find = dynamic_cast<frmfroom&>(form);
+        find.txtfind->setText(QStringLiteral("Meet"));
+        find.cmdfind->click();
+        otherDesk(QStringLiteral("Delete from roomschedule Where nKeyId = %1").arg(there));
+        find.cmdgoto->click();
+        EXPECT_FALSE(find.lblcount->text().isEmpty());
+        EXPECT_NE(find.result(), QDialog::Accepted);
+        form.reject();
+    });
+    trigger("mnuFind");
+}
+
+TEST_F(RoomScheduler, ABookingInARoomAddedSinceIsGoneTo) {
+    open();
+    run("Insert Into rooms (Room) Values('Attic')");
+    book("Upstairs", 540, 600, 3);
+    desk.expectForm("frmfroom", [](QDialog& form) {
+        auto& find = dynamic_cast<frmfroom&>(form);
+        find.txtfind->setText(QStringLiteral("Up"));
+        find.cmdfind->click();
+        Q_EMIT find.ctList1->RowActivated(0);
+    });
+    trigger("mnuFind");
+    EXPECT_EQ(rooms().currentText(), "Attic");
+}
+
+/// The dialog alone, on a new meeting in Blue from 9:00 to 10:00.
+class RoomDialog : public RoomScheduler {
+  protected:
+    RoomDialog() : dialog({0, 540, 600, QDate(2026, 3, 11), {}, {}, 1, false}, QStringLiteral("Blue")) {
+        dialog.txtsubject->setText(QStringLiteral("Meeting"));
+        dialog.show();
+    }
+    void expectComplaint(const char* text, const char* title = "Missing Data") {
+        desk.expectBox(QLatin1String(text), QLatin1String(title));
+        dialog.cmdOk->click();
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(bookings(), 0);
+    }
+    frmRoomAppt dialog;
+};
+
+TEST_F(RoomDialog, AsksForWhatIsMissingInItsOrder) {
+    dialog.ctedate->setText(QString());
+    dialog.ctend->setText(QString());
+    dialog.txtsubject->clear();
+    expectComplaint("Enter a valid date.");
+    dialog.ctedate->setDate(QDate(2026, 3, 11));
+    expectComplaint("Enter valid end time.");
+    dialog.ctend->setTime(0);
+    expectComplaint("Enter valid end time.");
+    dialog.ctend->setTime(540);
+    expectComplaint("End time must be greater than start time", "Invalid Data");
+    dialog.ctstart->setText(QString());
+    expectComplaint("Enter valid start time.");
+    dialog.ctstart->setTime(500);
+    expectComplaint("No Subject for appointment time entered.");
+    dialog.txtsubject->setText(QStringLiteral("Done"));
+    dialog.cmdOk->click();
+    EXPECT_EQ(bookings(), 1);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(RoomDialog, AMeetingMayLastUntilMidnight) {
+    dialog.ctend->setTime(1439);
+    dialog.ctend->stepBy(5);
+    EXPECT_EQ(dialog.ctend->Time(), 1440);
+    dialog.ctstart->setTime(1);
+    dialog.ctstart->stepBy(-5);
+    EXPECT_EQ(dialog.ctstart->Time(), 0);
+    dialog.cmdOk->click();
+    EXPECT_EQ(database_.text(QStringLiteral("Select nEndTime from roomschedule")), "1440");
+}
+
+TEST_F(RoomDialog, AFailureIsToldAndKeepsWhatWasTyped) {
+    const QString reason = database_.refuse(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
+    desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
+    dialog.cmdOk->click();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.txtsubject->text(), "Meeting");
+}
+
+TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedKeepsTheDialogOpen) {
+    const int stands = book("Old");
+    frmRoomAppt edit({stands, 540, 600, QDate(2026, 3, 11), QStringLiteral("Old"), {}, 1, false},
+                     QStringLiteral("Blue"));
+    edit.show();
+    otherDesk(QStringLiteral("Delete from roomschedule"));
+    edit.cmdOk->click();
+    EXPECT_FALSE(edit.isVisible()) << "Nothing was changed, nothing is written.";
+    edit.show();
+    edit.txtsubject->setText(QStringLiteral("New"));
+    expectGone();
+    edit.cmdOk->click();
+    EXPECT_TRUE(edit.isVisible());
+}
+
+}  // namespace

@@ -1,0 +1,171 @@
+#include "views/frmmtv.h"
+
+#include <QLocale>
+#include <QSet>
+#include <QVBoxLayout>
+
+#include "appointments/frmactsc.h"
+#include "data/codes.h"
+#include "data/minutetime.h"
+#include "platform/calendar/ctweek.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "search/frmfinda.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+#include "views/appointmentitem.h"
+#include "views/menutables.h"
+
+using db::Recordset;
+using db::Sql;
+using db::SqlDate;
+
+namespace {
+
+constexpr int DaysOfStep = 30;
+
+CalendarItem itemOf(const Recordset& row) {
+    const int code = static_cast<int>(row["ncolor"].integer());
+    CalendarItem item;
+    item.ItemKey = row["nkeyid"].text();
+    item.ItemText = row["cappttext"].text();
+    item.ItemStart = static_cast<int>(row["nStartTime"].integer());
+    item.ItemEnd = static_cast<int>(row["nEndTime"].integer());
+    item.ItemDay = row["dapptdate"].date();
+    item.ItemColor = code;
+    if (Session().HidePatientNames && IsPatientRow(code))
+        item.ItemTextColor = TextColor::SameAsBackground;
+    MarkStatus(item, code, static_cast<int>(row["appttype"].integer()));
+    return item;
+}
+
+}  // namespace
+
+int DaysInMonth(int month, int year) {
+    static constexpr int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (month < 1 || month > 12)
+        return 0;
+    return month == 2 && year % 4 == 0 ? 29 : days[month - 1];
+}
+
+frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(), parent), ctWeek1(new ctWeek(this)) {
+    setObjectName(QStringLiteral("frmmtv"));
+    ctWeek1->setObjectName(QStringLiteral("ctWeek1"));
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(ctWeek1);
+    setFocusProxy(ctWeek1);
+    bindMonthCommands();
+    bindCalendar();
+    setmenuaccess();
+    ctWeek1->setTwentyFourHour(Session().MilitaryTime);
+    LoadMonthView();
+}
+
+void frmmtv::bindMonthCommands() {
+    showOpenView(QStringLiteral("mnuVMonth"), 3);
+    menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
+    menus().Bind(QStringLiteral("mnuVActivity"), [this] {
+        Session().ActivityKey = 0;
+        frmactsc scheduler(this);
+        ShowModal(scheduler);
+        Reload();
+    });
+}
+
+void frmmtv::bindCalendar() {
+    ctWeek1->setTip([this](int index) { return tipOf(index); });
+    connect(ctWeek1, &ctWeek::DaySelected, this, &frmmtv::selectDay);
+    connect(ctWeek1, &ctWeek::DayRequested, this, &frmmtv::goTo);
+    connect(ctWeek1, &ctWeek::DayActivated, this, &frmmtv::openDay, Qt::QueuedConnection);
+    connect(ctWeek1, &ctWeek::MonthStepRequested, this,
+            [this](int direction) { this->main().cycledate(direction < 0 ? 0 : 1); });
+}
+
+void frmmtv::setmenuaccess() {
+    const SessionValues& session = Session();
+    showAny({"mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFsep2", "mnuVActivity"}, session.ScreenAccess >= 2);
+    showAny({"mnuFSelect", "mnuFsep1", "mnuVAll"}, session.AllProviders);
+}
+
+QDate frmmtv::Stepped(QDate from, int direction) const {
+    return from.addDays(qint64{direction} * DaysOfStep);
+}
+
+void frmmtv::ApplyPreferences() {
+    ctWeek1->setTwentyFourHour(Session().MilitaryTime);
+    Reload();
+}
+
+void frmmtv::LoadMonthView() {
+    const QDate date = main().Date();
+    List1.clear();
+    List2.clear();
+    ctWeek1->ClearItems();
+    ctWeek1->setDate(date);
+    const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
+    try {
+        addAppointments(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error reading appointments. "), error);
+    }
+    const QString month = QLocale().toString(date, QStringLiteral("MMMM"));
+    main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
+    main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));
+}
+
+// A counted 29th that the year lacks is the day after the 28th: the database takes no other date for it.
+void frmmtv::addAppointments(QDate first, int days) {
+    const QDate last = first.addDays(days - 1);
+    const QString& provider = Session().ProviderId;
+    QSet<QString> shown;
+    Recordset rows(
+        Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}')",
+            SqlDate(first), SqlDate(last), provider, provider),
+        Session().Connection);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        CalendarItem item = itemOf(rows);
+        // The join gives a row of the provider's own once for each further provider.
+        if (shown.contains(item.ItemKey))
+            continue;
+        shown.insert(item.ItemKey);
+        List1 << item.ItemText;
+        List2 << item.ItemKey;
+        ctWeek1->AddItem(std::move(item));
+    }
+}
+
+QString frmmtv::tipOf(int index) const {
+    if (index < 1 || index > List1.size())
+        return {};
+    const CalendarItem& item = ctWeek1->Item(index);
+    const bool military = Session().MilitaryTime;
+    const QString times =
+        QStringLiteral(" - %1 - %2")
+            .arg(MinutesToTimeText(item.ItemStart, military), MinutesToTimeText(item.ItemEnd, military));
+    return item.ItemTextColor == TextColor::Normal ? List1[index - 1] + times : times.mid(3);
+}
+
+// The days before and after the month can be chosen, too; the month that is shown stays until one of them is opened.
+void frmmtv::selectDay(QDate day) {
+    if (day.month() == ctWeek1->Month() && day.year() == ctWeek1->Year())
+        main().SetDate(day);
+}
+
+void frmmtv::goTo(QDate day) {
+    main().SetDate(day);
+    Reload();
+}
+
+void frmmtv::openDay(QDate day) {
+    main().SetDate(day);
+    main().changeview(0);
+}
+
+void frmmtv::FindAppointment() {
+    frmfinda dialog(window());
+    ShowModal(dialog);
+    if (dialog.Found())
+        goTo(dialog.Found()->date);
+}

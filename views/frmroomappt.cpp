@@ -1,0 +1,160 @@
+#include "views/frmroomappt.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "data/minutetime.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/formarea.h"
+#include "platform/desktop/desktop.h"
+#include "platform/theme/theme.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr int FirstDateValue = 100;  // Below it, a date field holds no date.
+constexpr int LongestSubject = 100;
+const QString Tag = QStringLiteral("EDIT");
+
+}  // namespace
+
+frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, const QString& roomName, QWidget* parent)
+    : QDialog(parent), meeting_(meeting) {
+    setObjectName(QStringLiteral("frmRoomAppt"));
+    setWindowTitle(QStringLiteral("Room Schedule"));
+    setProperty("tag", meeting.key > 0 ? Tag : QString());
+    buildForm(roomName);
+    layOutForm();
+    connect(cmdOk, &QPushButton::clicked, this, &frmRoomAppt::cmdOk_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmRoomAppt::buildForm(const QString& roomName) {
+    const SessionValues& session = Session();
+    lblRoom = new QLabel(roomName, this);
+    lblRoom->setObjectName(QStringLiteral("lblRoom"));
+    lblRoom->setTextFormat(Qt::PlainText);
+    lblRoom->setFont(HeadingFont(1));
+    ctedate = new ctDEdit(ctDEdit::Kind::Date, this);
+    ctedate->setObjectName(QStringLiteral("ctedate"));
+    ctedate->setDateOrder(session.DateOrder);
+    ctedate->setDate(meeting_.date);
+    const auto time = [&](const char* name, int minutes) {
+        auto* field = new ctDEdit(ctDEdit::Kind::Time, this);
+        field->setObjectName(QLatin1String(name));
+        field->setTwentyFourHour(session.MilitaryTime);
+        field->setRange(0, MinutesPerDay);
+        field->setTime(minutes);
+        return field;
+    };
+    ctstart = time("ctstart", meeting_.start);
+    ctend = time("ctend", meeting_.end);
+    ctend->setIsEnd(true);
+    txtsubject = new QLineEdit(meeting_.text, this);
+    txtsubject->setObjectName(QStringLiteral("txtsubject"));
+    txtsubject->setMaxLength(LongestSubject);
+    for (ctDEdit* field : {ctedate, ctstart, ctend})
+        field->setEnabled(!meeting_.bound);
+    cmdOk = new QPushButton(tr("&OK"), this);
+    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk->setDefault(true);
+    cmdCancel = new QPushButton(tr("&Cancel"), this);
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    cmdCancel->setAutoDefault(false);
+}
+
+void frmRoomAppt::layOutForm() {
+    auto* fields = new QWidget(this);
+    auto* form = new QFormLayout(fields);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setVerticalSpacing(Space(8));
+    form->addRow(tr("Room:"), lblRoom);
+    form->addRow(tr("S&ubject:"), txtsubject);
+    form->addRow(tr("&Date:"), ctedate);
+    form->addRow(tr("&Start:"), ctstart);
+    form->addRow(tr("&End:"), ctend);
+    for (QWidget* field :
+         {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(ctstart), static_cast<QWidget*>(ctend)})
+        field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    txtsubject->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdOk);
+    buttons->addWidget(cmdCancel);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(16));
+    column->addWidget(new FormArea(fields, this), 1);
+    column->addLayout(buttons);
+    FitToScreen(*this);
+    txtsubject->setFocus();
+    txtsubject->selectAll();
+}
+
+RoomMeeting frmRoomAppt::wanted() const {
+    RoomMeeting meeting = meeting_;
+    meeting.date = ctedate->Date();
+    meeting.start = ctstart->Time();
+    meeting.end = ctend->Time();
+    meeting.text = txtsubject->text();
+    return meeting;
+}
+
+bool frmRoomAppt::isComplete() {
+    struct Rule {
+        bool broken;
+        const char* title;
+        const char* message;
+        QWidget* field;
+    };
+    const Rule rules[] = {
+        {ctedate->Value() < FirstDateValue, "Missing Data", "Enter a valid date.", ctedate},
+        {ctend->Value() < 1, "Missing Data", "Enter valid end time.", ctend},
+        {ctstart->Value() < 0, "Missing Data", "Enter valid start time.", ctstart},
+        {ctstart->Value() >= ctend->Value(), "Invalid Data", "End time must be greater than start time", ctstart},
+        {txtsubject->text().trimmed().isEmpty(), "Missing Data", "No Subject for appointment time entered.",
+         txtsubject},
+    };
+    for (const Rule& rule : rules) {
+        if (!rule.broken)
+            continue;
+        MsgBox(QString::fromLatin1(rule.message), ExclamationBox, QString::fromLatin1(rule.title));
+        rule.field->setFocus();
+        return false;
+    }
+    return true;
+}
+
+void frmRoomAppt::cmdOk_Click() {
+    // A slot's times may be what no field shows; they are not asked about where they cannot be changed.
+    if (!meeting_.bound && !isComplete())
+        return;
+    try {
+        if (property("tag").toString().isEmpty())
+            SaveNew();
+        else
+            SaveUpdate();
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error saving room schedule. "), error);
+    }
+}
+
+void frmRoomAppt::SaveNew() {
+    savedKey_ = AddMeeting(wanted());
+    accept();
+}
+
+void frmRoomAppt::SaveUpdate() {
+    const RoomMeeting changed = wanted();
+    if (changed != meeting_ && !SaveMeeting(meeting_, changed)) {
+        MsgBox(QStringLiteral("Error saving. Another user may have deleted this assignment."), ErrorBox,
+               QStringLiteral("Error"));
+        return;
+    }
+    savedKey_ = meeting_.key;
+    accept();
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QDialog>
+
+#include "views/roommeeting.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class ctDEdit;
+
+/// One meeting in a room: its date, its times and what it is about. A new one is added by OK; the stored one that the
+/// form was given to edit (its tag is "EDIT" then) is changed by it. OK without a change writes nothing. The caller
+/// reads its room anew when the form was accepted.
+class frmRoomAppt : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// A meeting without a key is new. Date and times of one that an appointment owns cannot be changed here.
+    frmRoomAppt(const RoomMeeting& meeting, const QString& roomName, QWidget* parent = nullptr);
+
+    /// The key of the meeting that was added or changed; 0 before.
+    [[nodiscard]] int SavedKey() const { return savedKey_; }
+    [[nodiscard]] QDate SavedDate() const { return wanted().date; }
+
+    QLabel* lblRoom = nullptr;
+    ctDEdit* ctedate = nullptr;
+    ctDEdit* ctstart = nullptr;
+    ctDEdit* ctend = nullptr;
+    QLineEdit* txtsubject = nullptr;
+    QPushButton* cmdOk = nullptr;
+    QPushButton* cmdCancel = nullptr;
+
+    void SaveNew();
+    /// Leaves the form open where another desk has deleted the meeting: what was typed is not lost.
+    void SaveUpdate();
+
+  private:
+    void buildForm(const QString& roomName);
+    void layOutForm();
+    [[nodiscard]] RoomMeeting wanted() const;
+    [[nodiscard]] bool isComplete();
+    void cmdOk_Click();
+
+    RoomMeeting meeting_;
+    int savedKey_ = 0;
+};

@@ -1,0 +1,239 @@
+#include "views/frmrooms.h"
+
+#include <algorithm>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "platform/calendar/ctmday.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
+#include "platform/desktop/userstore.h"
+#include "platform/theme/icon.h"
+#include "platform/theme/theme.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+#include "views/menutables.h"
+
+using db::Recordset;
+using db::Sql;
+using db::SqlDate;
+
+namespace {
+
+constexpr int MeetingColor = 0xC0C000;
+constexpr int BoundColor = 255;  // red
+constexpr int DefaultInterval = 30;
+const QString LastRoom = QStringLiteral("frmrooms.room");
+
+}  // namespace
+
+frmrooms::frmrooms(MainWindow& main, QWidget* parent) : MenuView(main, RoomMenus(), parent), date_(main.Date()) {
+    setObjectName(QStringLiteral("frmrooms"));
+    setWindowTitle(QStringLiteral("Select Time and Type Meeting or Activity"));
+    layOut();
+    bindRoomCommands();
+    bindGrid();
+    setmenuaccess();
+    setGrid();
+    txtdate->setDate(date_);
+    loadroomslist();
+    connect(cborooms, &QComboBox::currentIndexChanged, this, &frmrooms::followRoom);
+    connect(txtdate, &ctDEdit::Change, this, [this] {
+        // While a date is being typed it is not read as what its first letters mean.
+        if (txtdate->Text() == DateFieldText(txtdate->Date(), static_cast<DateOrder>(Session().DateOrder)))
+            setDate(txtdate->Date());
+    });
+    connect(txtdate, &ctDEdit::editingFinished, this, [this] { setDate(txtdate->Date()); });
+}
+
+QPushButton* frmrooms::stepButton(const char* name, const QString& tip, const char* icon, int step) {
+    auto* button = new QPushButton(Icon(icon), QString(), this);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, step] { cycledate(step); });
+    return button;
+}
+
+void frmrooms::layOut() {
+    cborooms = new QComboBox(this);
+    cborooms->setObjectName(QStringLiteral("cborooms"));
+    cborooms->setMinimumContentsLength(20);
+    cborooms->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    cborooms->setMaxVisibleItems(20);
+    txtdate = new ctDEdit(ctDEdit::Kind::Date, this);
+    txtdate->setObjectName(QStringLiteral("txtdate"));
+    txtdate->setDateOrder(Session().DateOrder);
+    ctDays1 = new ctMDay(this);
+    ctDays1->setObjectName(QStringLiteral("ctDays1"));
+    ctDays1->setAccessibleName(tr("Room"));
+    lblhint_ = new QLabel(this);
+    lblhint_->setObjectName(QStringLiteral("lblhint"));
+    lblhint_->setWordWrap(true);
+    const auto labelled = [this](const QString& text, QWidget* field) {
+        auto* label = new QLabel(text, this);
+        label->setBuddy(field);
+        return label;
+    };
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(Space(12), Space(4), Space(12), Space(8));
+    bar->setSpacing(Space(8));
+    bar->addWidget(labelled(tr("Roo&m:"), cborooms));
+    bar->addWidget(cborooms);
+    bar->addSpacing(Space(8));
+    bar->addWidget(labelled(tr("Da&te:"), txtdate));
+    bar->addWidget(txtdate);
+    bar->addWidget(stepButton("cmdprevious", tr("Previous Day"), "previous", 0));
+    bar->addWidget(stepButton("cmdnext", tr("Next Day"), "next", 1));
+    bar->addSpacing(Space(8));
+    bar->addWidget(lblhint_, 1);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    whole->addLayout(bar);
+    whole->addWidget(ctDays1, 1);
+    setFocusProxy(ctDays1);
+}
+
+void frmrooms::setGrid() {
+    const SessionValues& session = Session();
+    const int unit = session.TimeUnit;
+    ctDays1->setTimeInterval(unit == 15 || unit == 60 ? unit : DefaultInterval);
+    ctDays1->setTwentyFourHour(session.MilitaryTime);
+    ctDays1->setReadOnly(session.ScreenAccess < 2);
+}
+
+void frmrooms::ApplyPreferences() {
+    setGrid();
+    Reload();
+}
+
+int frmrooms::roomId() const {
+    return cborooms->currentData().toInt();
+}
+
+void frmrooms::loadroomslist() {
+    const QSignalBlocker quiet(cborooms);
+    const int chosen = cborooms->count() > 0 ? roomId() : ReadUserSetting(LastRoom).toInt();
+    cborooms->clear();
+    try {
+        for (Recordset rows(QStringLiteral("Select * from Rooms"), Session().Connection); !rows.Eof(); rows.MoveNext())
+            cborooms->addItem(rows["Room"].text(), static_cast<int>(rows["RoomID"].integer()));
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading room list. "), error);
+    }
+    if (const int index = cborooms->findData(chosen); index >= 0)
+        cborooms->setCurrentIndex(index);
+    LoadRooms();
+}
+
+void frmrooms::listsChanged() {
+    loadroomslist();
+}
+
+void frmrooms::followRoom() {
+    WriteUserSetting(LastRoom, QString::number(roomId()));
+    LoadRooms();
+}
+
+void frmrooms::LoadRooms() {
+    const bool hasRoom = cborooms->currentIndex() >= 0;
+    const bool same = date_ == loadedDate_ && roomId() == loadedRoom_;
+    const int keptTop = ctDays1->TopTime();
+    // What is being typed is stored before its item goes.
+    ctDays1->CommitEdit();
+    const RoomMeeting* selected = meetingAt(ctDays1->SelectedItem());
+    const int keptKey = same && selected != nullptr ? selected->key : 0;
+    loadedDate_ = date_;
+    loadedRoom_ = roomId();
+
+    ctDays1->setDate(date_);
+    ctDays1->ClearItems();
+    rows_.clear();
+    ctDays1->setPrimeStart(Session().DayStartHour * 60);
+    ctDays1->setFirstTime(Session().DayStartHour * 60);
+    ctDays1->setPrimeEnd(Session().DayEndHour * 60);
+    ctDays1->setLastTime(Session().DayEndHour * 60 - 1);
+    ctDays1->setEnabled(hasRoom);
+    if (hasRoom) {
+        try {
+            addMeetings();
+        } catch (const db::DatabaseError& error) {
+            TellError(QStringLiteral("Error reading room schedule. "), error);
+        }
+    }
+    ctDays1->setTopTime(same ? std::max(keptTop, ctDays1->FirstTime()) : ctDays1->FirstTime());
+    if (const int index = ctDays1->IndexOfKey(QString::number(keptKey)); keptKey > 0 && index > 0)
+        ctDays1->setSelectedItem(index);
+    followSelection();
+    main().ShowDateText(LongDateText(date_));
+}
+
+void frmrooms::addMeetings() {
+    Recordset rows(Sql("Select * from roomschedule where nApptDate = '{}' AND croomid = {}", SqlDate(date_), roomId()),
+                   Session().Connection);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const RoomMeeting meeting = MeetingOf(rows);
+        // A meeting before the day's first hour is in the way too.
+        if (const int start = std::max(meeting.start, 0); start < ctDays1->FirstTime())
+            ctDays1->setFirstTime(start);
+        const QString key = QString::number(meeting.key);
+        showMeeting(ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, key), meeting);
+    }
+}
+
+void frmrooms::showMeeting(int index, const RoomMeeting& meeting) {
+    CalendarItem& item = ctDays1->Item(index);
+    rows_[item.ItemKey] = meeting;
+    item.ItemStart = meeting.start;
+    item.ItemEnd = meeting.end;
+    item.ItemText = meeting.text;
+    item.ItemNote = meeting.note;
+    item.ItemTip = meeting.note;
+    item.ItemNoteIcon = !meeting.note.isEmpty();
+    item.ItemColor = meeting.bound ? BoundColor : MeetingColor;
+    item.ItemBound = meeting.bound;
+    item.ItemTextLocked = item.ItemMoveLocked = meeting.bound;
+    if (!meeting.bound)
+        return;
+    item.ItemStatusText = tr("Belongs to an appointment or activity");
+    if (Session().HidePatientNames)
+        item.ItemTextColor = TextColor::SameAsBackground;
+}
+
+const RoomMeeting* frmrooms::meetingAt(int item) const {
+    const auto found = rows_.constFind(std::as_const(*ctDays1).Item(item).ItemKey);
+    return item < 1 || found == rows_.constEnd() ? nullptr : &*found;
+}
+
+void frmrooms::setDate(QDate date) {
+    if (!date.isValid() || date == date_)
+        return;
+    date_ = date;
+    LoadRooms();
+}
+
+void frmrooms::ShowDate(QDate date) {
+    if (date == date_)
+        LoadRooms();
+    txtdate->setDate(date);
+    setDate(date);
+}
+
+void frmrooms::cycledate(int step) {
+    ShowDate(step == 2 ? Today() : date_.addDays(step == 0 ? -1 : 1));
+}
+
+bool frmrooms::StepOwnDate(int direction) {
+    cycledate(direction < 0 ? 0 : 1);
+    return true;
+}
+
+QDate frmrooms::Stepped(QDate from, int /*direction*/) const {
+    return from;
+}

@@ -1,0 +1,217 @@
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QShortcut>
+
+#include "data/minutetime.h"
+#include "platform/calendar/ctmday.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
+#include "session/session.h"
+#include "views/frmfroom.h"
+#include "views/frmroomappt.h"
+#include "views/frmrooms.h"
+
+namespace {
+
+const QString NewMeetingText = QStringLiteral("New mtg.");
+
+bool mayWrite() {
+    return Session().ScreenAccess >= 2;
+}
+
+}  // namespace
+
+void frmrooms::bindRoomCommands() {
+    showOpenView(QStringLiteral("mnuVRoom"), 5);
+    menus().Command(QStringLiteral("mnuVPrevious")).setText(tr("&Previous Day"));
+    menus().Command(QStringLiteral("mnuVNext")).setText(tr("&Next Day"));
+    menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
+    menus().Bind(QStringLiteral("mnuNew"), [this] { AddAppointment(); });
+    menus().Bind(QStringLiteral("mnuEdit"), [this] {
+        if (ctDays1->SelectedItem() < 1)
+            MsgBox(QStringLiteral("No appoinyment time is currently selected."), ExclamationBox,
+                   QStringLiteral("Warning"));
+        else
+            editappt(ctDays1->SelectedItem());
+    });
+    menus().Bind(QStringLiteral("mnuDelete"), [this] { deleteappt(); });
+    menus().Bind(QStringLiteral("mnuFind"), [this] { FindAppointment(); });
+}
+
+void frmrooms::bindGrid() {
+    connect(ctDays1, &ctMDay::ItemSelected, this, &frmrooms::followSelection);
+    connect(ctDays1, &ctMDay::RangeSelected, this, &frmrooms::followSelection);
+    connect(ctDays1, &ctMDay::RangeActivated, this, &frmrooms::AddAppointment);
+    connect(ctDays1, &ctMDay::ItemActivated, this, &frmrooms::editappt);
+    connect(ctDays1, &ctMDay::RangeTyped, this, &frmrooms::typeMeeting);
+    connect(ctDays1, &ctMDay::ItemChanged, this, &frmrooms::moveMeeting);
+    connect(ctDays1, &ctMDay::TextEdited, this, &frmrooms::saveappt);
+    connect(ctDays1, &ctMDay::DeleteRequested, this, &frmrooms::deleteappt);
+    connect(ctDays1, &ctMDay::PopupRequested, this, &frmrooms::popup);
+    connect(ctDays1, &ctMDay::DayStepRequested, this, &frmrooms::StepOwnDate);
+    connect(ctDays1, &ctMDay::MoveRefused, this, [this](int item) {
+        if (const RoomMeeting* meeting = meetingAt(item); meeting == nullptr || !meeting->bound)
+            return;
+        MsgBox(
+            QStringLiteral(
+                "Unable to edit times or duration in Room Scheduler. This room slot is associated with a scheduled event or appointment."),
+            InformationBox, QStringLiteral("Room Scheduler"));
+    });
+    auto* insert = new QShortcut(QKeySequence(Qt::Key_Insert), ctDays1);
+    insert->setContext(Qt::WidgetShortcut);
+    connect(insert, &QShortcut::activated, this, &frmrooms::AddAppointment);
+}
+
+void frmrooms::setmenuaccess() {
+    menus().Allow(QStringLiteral("mnuNew"), mayWrite());
+    menus().Allow(QStringLiteral("mnuEdit"), mayWrite());
+    menus().Allow(QStringLiteral("mnuDelete"), Session().ScreenAccess == 3);
+    menus().Show(QStringLiteral("mnuFRoomList"), mayWrite());
+    menus().Show(QStringLiteral("mnuVAll"), Session().AllProviders);
+}
+
+void frmrooms::followSelection() {
+    const RoomMeeting* selected = meetingAt(ctDays1->SelectedItem());
+    const bool hasRoom = ctDays1->isEnabled();
+    menus().Suit(QStringLiteral("mnuNew"), hasRoom, tr("Choose a room first."));
+    menus().Suit(QStringLiteral("mnuPrint"), hasRoom, tr("Choose a room first."));
+    menus().Suit(QStringLiteral("mnuEdit"), selected == nullptr || !selected->bound,
+                 tr("This slot belongs to an appointment or activity. Change it there."));
+    menus().Suit(QStringLiteral("mnuDelete"), selected != nullptr, tr("Select a meeting first."));
+    if (!hasRoom)
+        lblhint_->setText(tr("There are no rooms yet. Add them by File, Rooms."));
+    else if (selected != nullptr && selected->bound)
+        lblhint_->setText(tr("This slot belongs to an appointment or activity and moves with it."));
+    else
+        lblhint_->setText(mayWrite() ? windowTitle() : QString());
+}
+
+bool frmrooms::CanAdd() const {
+    return mayWrite();
+}
+
+void frmrooms::AddAppointment() {
+    if (!mayWrite() || !ctDays1->isEnabled())
+        return;
+    ctDays1->CommitEdit();
+    if (ctDays1->SelectedRange() < 0) {
+        MsgBox(QStringLiteral("No Appointment Time is Currently Selected"), ExclamationBox, QStringLiteral("Warning"));
+        return;
+    }
+    showDialog({0, ctDays1->SelStart(), ctDays1->SelEnd(), main().Date(), {}, {}, roomId(), false});
+}
+
+// The slot of an appointment is changed with its appointment.
+void frmrooms::editappt(int item) {
+    ctDays1->CommitEdit();
+    const RoomMeeting* meeting = meetingAt(item);
+    if (meeting != nullptr && !meeting->bound && mayWrite())
+        showDialog(*meeting);
+}
+
+void frmrooms::showDialog(const RoomMeeting& meeting) {
+    frmRoomAppt dialog(meeting, cborooms->currentText(), window());
+    const bool saved = ShowModal(dialog) == QDialog::Accepted;
+    LoadRooms();
+    if (saved && dialog.SavedDate() == date_)
+        ctDays1->setSelectedItem(ctDays1->IndexOfKey(QString::number(dialog.SavedKey())));
+    ctDays1->setFocus();
+}
+
+void frmrooms::typeMeeting(const QString& text) {
+    if (!mayWrite())
+        return;
+    RoomMeeting meeting{0, ctDays1->SelStart(), ctDays1->SelEnd(), date_, NewMeetingText, {}, roomId(), false};
+    try {
+        meeting.key = AddMeeting(meeting);
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error saving room schedule. "), error);
+        return;
+    }
+    const int index = ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, QString::number(meeting.key));
+    showMeeting(index, meeting);
+    ctDays1->EditItem(index, text);
+}
+
+void frmrooms::moveMeeting(int index) {
+    const RoomMeeting* before = meetingAt(index);
+    if (before == nullptr)
+        return;
+    RoomMeeting wanted = *before;
+    const CalendarItem item = std::as_const(*ctDays1).Item(index);
+    wanted.start = item.ItemStart;
+    wanted.end = item.ItemEnd;
+    if (wanted.start < 0 || wanted.end > MinutesPerDay || wanted.start >= wanted.end) {
+        showMeeting(index, *before);
+        return;
+    }
+    save(index, wanted);
+}
+
+void frmrooms::saveappt(int index, const QString& textBefore) {
+    const RoomMeeting* before = meetingAt(index);
+    if (before == nullptr)
+        return;
+    RoomMeeting wanted = *before;
+    wanted.text = std::as_const(*ctDays1).Item(index).ItemText;
+    if (wanted.text.trimmed().isEmpty())
+        ctDays1->Item(index).ItemText = textBefore;
+    else
+        save(index, wanted);
+}
+
+void frmrooms::save(int index, const RoomMeeting& wanted) {
+    const RoomMeeting before = *meetingAt(index);
+    try {
+        if (SaveMeeting(before, wanted)) {
+            showMeeting(index, wanted);
+            return;
+        }
+        MsgBox(QStringLiteral("Error saving. Another user may have deleted this assignment."), ErrorBox,
+               QStringLiteral("Error"));
+        ctDays1->RemoveItem(index);
+        rows_.remove(QString::number(before.key));
+    } catch (const db::DatabaseError& error) {
+        showMeeting(index, before);
+        TellError(QStringLiteral("Error saving room schedule. "), error);
+        if (error.number == db::RowChanged)
+            LoadRooms();
+    }
+}
+
+void frmrooms::popup(int item, const QPoint& place) {
+    if (!mayWrite())
+        return;
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("popup"));
+    menu->setToolTipsVisible(true);
+    for (const char* name : {"mnuEdit", "mnuDelete", "mnuNew"})
+        if ((item > 0) != (name == QLatin1String("mnuNew")))
+            menu->addAction(&menus().Command(QLatin1String(name)));
+    connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
+    menu->popup(place);
+}
+
+void frmrooms::FindAppointment() {
+    frmfroom dialog(
+        [this](const FoundBooking& booking) { return goTo(booking.room, booking.date, booking.start, booking.key); },
+        window());
+    ShowModal(dialog);
+}
+
+bool frmrooms::goTo(int room, QDate date, int start, int key) {
+    if (cborooms->findData(room) < 0)
+        loadroomslist();
+    const int index = cborooms->findData(room);
+    if (index < 0)
+        return false;
+    cborooms->setCurrentIndex(index);
+    ShowDate(date);
+    ctDays1->setTopTime(start);
+    ctDays1->setSelectedItem(ctDays1->IndexOfKey(QString::number(key)));
+    ctDays1->setFocus();
+    return true;
+}
