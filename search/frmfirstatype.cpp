@@ -250,6 +250,10 @@ void frmfirstatype::cmdgoto_Click() {
         return;
     if (cboProviders->currentData().toString() != Session().ProviderId && !jumptoclinician())
         return;
+    jumptodate(row);
+}
+
+void frmfirstatype::jumptodate(int row) {
     jumpDate_ = ctList1->ItemData(row).toDate();
     accept();
 }

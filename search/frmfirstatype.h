@@ -55,6 +55,7 @@ class frmfirstatype : public QDialog {
     void cmdgoto_Click();
     /// Makes the chosen provider the session's; false where they have no logon, and the session keeps its own.
     [[nodiscard]] bool jumptoclinician();
+    void jumptodate(int row);
 
     QDate jumpDate_;
     bool providerChanged_ = false;

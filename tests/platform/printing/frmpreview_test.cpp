@@ -169,6 +169,16 @@ TEST_F(PreviewOfADocument, SavesAPdfUnderItsTitle) {
     EXPECT_EQ(form->lblstatus->text(), QStringLiteral("Saved as ") + desk.chosenFile);
 }
 
+TEST_F(PreviewOfADocument, WhatIsSavedAndPrintedIsTurnedAsTheUserTurnedIt) {
+    desk.chosenFile = folder.filePath(QStringLiteral("list.pdf"));
+    open();
+    command("cmdlandscape").trigger();
+    form->cmdsave->click();
+    form->cmdprint->click();
+    for (const QString& file : {desk.chosenFile, printed})
+        EXPECT_TRUE(FileBytes(file).contains("/MediaBox [0 0 792.000000 612.000000]")) << file.toStdString();
+}
+
 TEST_F(PreviewOfADocument, ASaveThatIsGivenUpWritesNothing) {
     open().cmdsave->click();
     EXPECT_TRUE(form->lblstatus->text().isEmpty());
