@@ -5,6 +5,7 @@
 
 #include "appointments/attendeelist.h"
 #include "appointments/durationlabel.h"
+#include "appointments/editorparts.h"
 #include "appointments/frmactsc.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -15,33 +16,10 @@
 
 namespace {
 
+constexpr int ComboCharacters = 22;
 constexpr int ListCharacters = 26;
 constexpr int ListLines = 8;
 constexpr int SummaryLines = 2;
-
-CompletingCombo* combo(const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* box = Named(new CompletingCombo(CompletingCombo::Entry::Free, parent), name);
-    box->setAccessibleName(accessibleName);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(22);
-    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    return box;
-}
-
-ctDEdit* edit(ctDEdit::Kind kind, const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* field = Named(new ctDEdit(kind, parent), name);
-    field->setAccessibleName(accessibleName);
-    return field;
-}
-
-QHBoxLayout* line(std::initializer_list<QWidget*> widgets) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(Space(8));
-    for (QWidget* widget : widgets)
-        row->addWidget(widget);
-    row->setStretch(row->count() - 1, 1);
-    return row;
-}
 
 }  // namespace
 
@@ -62,15 +40,16 @@ void frmactsc::buildForm() {
 
 QWidget* frmactsc::buildFields() {
     auto* fields = new QWidget(this);
-    cboevents = combo("cboevents", tr("Activity or event"), fields);
-    ctDEditComp = edit(ctDEdit::Kind::Date, "ctDEditComp", tr("Date"), fields);
+    cboevents =
+        EditorCombo(CompletingCombo::Entry::Free, "cboevents", tr("Activity or event"), ComboCharacters, fields);
+    ctDEditComp = EditorDate(ctDEdit::Kind::Date, "ctDEditComp", tr("Date"), fields);
     lblweekday = Named(new QLabel(fields), "lblweekday");
     lblweekday->setForegroundRole(QPalette::PlaceholderText);
-    ctstart = edit(ctDEdit::Kind::Time, "ctstart", tr("Start"), fields);
-    ctend = edit(ctDEdit::Kind::Time, "ctend", tr("End"), fields);
+    ctstart = EditorDate(ctDEdit::Kind::Time, "ctstart", tr("Start"), fields);
+    ctend = EditorDate(ctDEdit::Kind::Time, "ctend", tr("End"), fields);
     ctend->setIsEnd(true);
     lblduration = new DurationLabel(fields);
-    cbolocation = combo("cbolocation", tr("Location"), fields);
+    cbolocation = EditorCombo(CompletingCombo::Entry::Free, "cbolocation", tr("Location"), ComboCharacters, fields);
     lblcut = Named(new QLabel(fields), "lblcut");
     lblcut->setWordWrap(true);
     lblcut->setForegroundRole(QPalette::PlaceholderText);
@@ -82,11 +61,11 @@ QWidget* frmactsc::buildFields() {
     grid->addWidget(FieldLabel(tr("Eve&nt:"), cboevents), 0, 0);
     grid->addWidget(cboevents, 0, 1);
     grid->addWidget(FieldLabel(tr("&Date:"), ctDEditComp), 1, 0);
-    grid->addLayout(line({ctDEditComp, lblweekday}), 1, 1);
+    grid->addLayout(InARow({ctDEditComp, lblweekday}), 1, 1);
     grid->addWidget(FieldLabel(tr("&Start:"), ctstart), 2, 0);
-    grid->addLayout(line({ctstart, new QWidget(fields)}), 2, 1);
+    grid->addLayout(InARow({ctstart, new QWidget(fields)}), 2, 1);
     grid->addWidget(FieldLabel(tr("&End:"), ctend), 3, 0);
-    grid->addLayout(line({ctend, lblduration}), 3, 1);
+    grid->addLayout(InARow({ctend, lblduration}), 3, 1);
     grid->addWidget(FieldLabel(tr("&Location:"), cbolocation), 4, 0);
     grid->addWidget(cbolocation, 4, 1);
     grid->addWidget(lblcut, 5, 1, Qt::AlignTop);

@@ -122,8 +122,6 @@ class frmgrptx : public QDialog {
 
     // frmgrptx_save.cpp
     void cmdOk_Click();
-    [[nodiscard]] bool timesAreValid();
-    bool refuse(const QString& message, QWidget* field);
     /// Whether the appointment and its members are stored; the user has been told why they are not.
     [[nodiscard]] bool saveappt(int key, const QString& providerId);
     [[nodiscard]] bool conflicts(int key, const QString& providerId) const;

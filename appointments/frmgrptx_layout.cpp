@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "appointments/durationlabel.h"
+#include "appointments/editorparts.h"
 #include "appointments/frmgrptx.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -17,33 +18,11 @@
 
 namespace {
 
+constexpr int ComboCharacters = 14;
 constexpr int NoteLines = 3;
 constexpr int ListCharacters = 40;
 constexpr int ListLines = 8;
 constexpr int SummaryLines = 2;
-
-CompletingCombo* combo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* box = Named(new CompletingCombo(entry, parent), name);
-    box->setAccessibleName(accessibleName);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(14);
-    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    return box;
-}
-
-ctDEdit* edit(ctDEdit::Kind kind, const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* field = Named(new ctDEdit(kind, parent), name);
-    field->setAccessibleName(accessibleName);
-    return field;
-}
-
-QHBoxLayout* besideEachOther(QWidget* left, QWidget* right) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(Space(8));
-    row->addWidget(left);
-    row->addWidget(right, 1);
-    return row;
-}
 
 }  // namespace
 
@@ -67,17 +46,17 @@ void frmgrptx::buildForm() {
 QWidget* frmgrptx::buildFields() {
     using Entry = CompletingCombo::Entry;
     auto* fields = new QWidget(this);
-    cbogroup = combo(Entry::ListOnly, "cbogroup", tr("Group"), fields);
-    ctedate = edit(ctDEdit::Kind::Date, "ctedate", tr("Date"), fields);
+    cbogroup = EditorCombo(Entry::ListOnly, "cbogroup", tr("Group"), ComboCharacters, fields);
+    ctedate = EditorDate(ctDEdit::Kind::Date, "ctedate", tr("Date"), fields);
     lbldate = Named(FieldLabel(tr("&Date:"), ctedate), "lbldate");
     lblweekday = Named(new QLabel(fields), "lblweekday");
     lblweekday->setForegroundRole(QPalette::PlaceholderText);
-    ctstart = edit(ctDEdit::Kind::Time, "ctstart", tr("Start"), fields);
-    ctend = edit(ctDEdit::Kind::Time, "ctend", tr("End"), fields);
+    ctstart = EditorDate(ctDEdit::Kind::Time, "ctstart", tr("Start"), fields);
+    ctend = EditorDate(ctDEdit::Kind::Time, "ctend", tr("End"), fields);
     ctend->setIsEnd(true);
     lblduration = new DurationLabel(fields);
-    cbolocation = combo(Entry::Free, "cbolocation", tr("Location"), fields);
-    cborooms = combo(Entry::ListOnly, "cborooms", tr("Room"), fields);
+    cbolocation = EditorCombo(Entry::Free, "cbolocation", tr("Location"), ComboCharacters, fields);
+    cborooms = EditorCombo(Entry::ListOnly, "cborooms", tr("Room"), ComboCharacters, fields);
     txtnotes = Named(new NoteField(fields), "txtnotes");
     txtnotes->setAccessibleName(tr("Note"));
     txtnotes->setLines(NoteLines);
@@ -90,11 +69,11 @@ QWidget* frmgrptx::buildFields() {
     grid->addWidget(FieldLabel(tr("&Group:"), cbogroup), line, 0);
     grid->addWidget(cbogroup, line, 1);
     grid->addWidget(lbldate, ++line, 0);
-    grid->addLayout(besideEachOther(ctedate, lblweekday), line, 1);
+    grid->addLayout(InARow({ctedate, lblweekday}), line, 1);
     grid->addWidget(FieldLabel(tr("&Start:"), ctstart), ++line, 0);
-    grid->addLayout(besideEachOther(ctstart, new QWidget(fields)), line, 1);
+    grid->addLayout(InARow({ctstart, new QWidget(fields)}), line, 1);
     grid->addWidget(FieldLabel(tr("&End:"), ctend), ++line, 0);
-    grid->addLayout(besideEachOther(ctend, lblduration), line, 1);
+    grid->addLayout(InARow({ctend, lblduration}), line, 1);
     grid->addWidget(FieldLabel(tr("&Location:"), cbolocation), ++line, 0);
     grid->addWidget(cbolocation, line, 1);
     grid->addWidget(FieldLabel(tr("Roo&m:"), cborooms), ++line, 0);

@@ -2,6 +2,7 @@
 
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
+#include "appointments/editorparts.h"
 #include "appointments/frmgrptx.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
@@ -33,29 +34,11 @@ void frmgrptx::cmdOk_Click() {
     if (!dirty)
         return accept();
     // The members of a group that was only just typed are looked at before they are saved.
-    if (cbogroup->ListIndex() < 0 || group != groupOnList_ || !ViewHasEditor(Session().CurrentView) || !timesAreValid())
+    if (cbogroup->ListIndex() < 0 || group != groupOnList_ || !ViewHasEditor(Session().CurrentView) ||
+        !TimesAreValid(*ctstart, *ctend, *ctedate))
         return;
     if (saveappt(key_, ProviderOfView().id))
         accept();
-}
-
-// A date that is none is refused in every view that shows it: an entry without a date would be on no calendar.
-bool frmgrptx::timesAreValid() {
-    if (ctstart->Value() < FirstValidTime)
-        return refuse(QStringLiteral("Enter valid start time."), ctstart);
-    if (ctend->Value() < FirstValidTime)
-        return refuse(QStringLiteral("Enter valid end time."), ctend);
-    if (ctstart->Time() >= ctend->Time())
-        return refuse(QStringLiteral("End time must be greater than start time"), ctstart);
-    if (Session().CurrentView != 1 && ctedate->Value() < FirstValidDate)
-        return refuse(QStringLiteral("Enter a valid date."), ctedate);
-    return true;
-}
-
-bool frmgrptx::refuse(const QString& message, QWidget* field) {
-    MsgBox(message, ExclamationBox, QStringLiteral("Missing Data"));
-    field->setFocus();
-    return false;
 }
 
 bool frmgrptx::conflicts(int key, const QString& providerId) const {

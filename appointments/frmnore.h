@@ -180,8 +180,6 @@ class frmnore : public QDialog {
     void cmdOk_Click();
     [[nodiscard]] bool patientIsKnown();
     [[nodiscard]] bool conflicts(int key, const QString& providerId);
-    [[nodiscard]] bool timesAreValid();
-    [[nodiscard]] bool refuse(const QString& message, QWidget* field);
     [[nodiscard]] QString entryText() const;
     /// The current row of `appointments` in the columns that a save writes: two of them are equal when nobody has
     /// changed in between what a save would write over.

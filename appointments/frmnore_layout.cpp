@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "appointments/durationlabel.h"
+#include "appointments/editorparts.h"
 #include "appointments/frmnore.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -25,6 +26,7 @@
 
 namespace {
 
+constexpr int ComboCharacters = 14;
 constexpr int LongestName = 255;    // appointments.cappttext
 constexpr int LongestAccount = 50;  // appointments.PatientAcct
 constexpr int NoteLines = 4;
@@ -33,15 +35,6 @@ constexpr int PhoneCharacters = 16;
 // A name or a number is one line, whatever is pasted.
 void keepToOneLine(QLineEdit* box) {
     box->setValidator(new CharacterFilter([](QChar letter) { return letter != u'\n' && letter != u'\r'; }, box));
-}
-
-CompletingCombo* combo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName, QWidget* parent) {
-    auto* box = Named(new CompletingCombo(entry, parent), name);
-    box->setAccessibleName(accessibleName);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(14);
-    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    return box;
 }
 
 /// What is known about the patient: shown, never typed.
@@ -159,19 +152,19 @@ void frmnore::buildOtherPages() {
         return fraappttype[static_cast<std::size_t>(kind)] = Named(new QWidget(this), name);
     };
     QWidget* events = page(1, "fraappttype1");
-    cboevents = combo(Entry::Free, "cboevents", tr("Event"), events);
+    cboevents = EditorCombo(Entry::Free, "cboevents", tr("Event"), ComboCharacters, events);
     auto* grid = fieldGrid(events);
     grid->addWidget(FieldLabel(tr("Eve&nt:"), cboevents), 0, 0);
     grid->addWidget(cboevents, 0, 1);
 
     QWidget* unavailable = page(2, "fraappttype2");
-    cboavail = combo(Entry::Free, "cboavail", tr("Unavailable for"), unavailable);
+    cboavail = EditorCombo(Entry::Free, "cboavail", tr("Unavailable for"), ComboCharacters, unavailable);
     grid = fieldGrid(unavailable);
     grid->addWidget(FieldLabel(tr("Reaso&n:"), cboavail), 0, 0);
     grid->addWidget(cboavail, 0, 1);
 
     QWidget* categories = page(3, "fraappttype3");
-    cbocats = combo(Entry::ListOnly, "cbocats", tr("Appointment type"), categories);
+    cbocats = EditorCombo(Entry::ListOnly, "cbocats", tr("Appointment type"), ComboCharacters, categories);
     lblaptcolor = Named(new QLabel(categories), "lblaptcolor");
     lblaptcolor->setFixedWidth(Space(24));
     lblaptcolor->setAutoFillBackground(true);
@@ -221,9 +214,10 @@ QWidget* frmnore::buildWhen() {
 
 void frmnore::buildService() {
     fraservice = Named(new QWidget(this), "fraservice");
-    cbocpt = combo(CompletingCombo::Entry::Free, "cbocpt", tr("Service"), fraservice);
+    cbocpt = EditorCombo(CompletingCombo::Entry::Free, "cbocpt", tr("Service"), ComboCharacters, fraservice);
     cbocpt->SetForbidden(QStringLiteral(";|"));
-    cboapttype = combo(CompletingCombo::Entry::ListOnly, "cboapttype", tr("Appointment type"), fraservice);
+    cboapttype = EditorCombo(CompletingCombo::Entry::ListOnly, "cboapttype", tr("Appointment type"), ComboCharacters,
+                             fraservice);
     auto* grid = fieldGrid(fraservice);
     grid->addWidget(FieldLabel(tr("Se&rvice:"), cbocpt), 0, 0);
     grid->addWidget(cbocpt, 0, 1);
@@ -233,14 +227,14 @@ void frmnore::buildService() {
 
 void frmnore::buildPlace() {
     Frame1 = Named(new QWidget(this), "Frame1");
-    cbolocation = combo(CompletingCombo::Entry::Free, "cbolocation", tr("Location"), Frame1);
+    cbolocation = EditorCombo(CompletingCombo::Entry::Free, "cbolocation", tr("Location"), ComboCharacters, Frame1);
     cbolocation->SetForbidden(QStringLiteral(";|"));
     auto* grid = fieldGrid(Frame1);
     grid->addWidget(FieldLabel(tr("&Location:"), cbolocation), 0, 0);
     grid->addWidget(cbolocation, 0, 1);
 
     XPFrame201 = Named(new QWidget(this), "XPFrame201");
-    cborooms = combo(CompletingCombo::Entry::ListOnly, "cborooms", tr("Room"), XPFrame201);
+    cborooms = EditorCombo(CompletingCombo::Entry::ListOnly, "cborooms", tr("Room"), ComboCharacters, XPFrame201);
     cmdrooms = FormButton(tr("&Browse..."), "cmdrooms", XPFrame201);
     cmdrooms->setToolTip(tr("Show which rooms are free"));
     grid = fieldGrid(XPFrame201);
@@ -251,7 +245,7 @@ void frmnore::buildPlace() {
 
 void frmnore::buildStatus() {
     frastatus = Named(new QWidget(this), "frastatus");
-    cbostatus = combo(CompletingCombo::Entry::ListOnly, "cbostatus", tr("Status"), frastatus);
+    cbostatus = EditorCombo(CompletingCombo::Entry::ListOnly, "cbostatus", tr("Status"), ComboCharacters, frastatus);
     auto* grid = fieldGrid(frastatus);
     grid->addWidget(FieldLabel(tr("S&tatus:"), cbostatus), 0, 0);
     grid->addWidget(cbostatus, 0, 1);

@@ -7,6 +7,7 @@
 
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
+#include "appointments/editorparts.h"
 #include "appointments/frmnore.h"
 #include "appointments/patientrows.h"
 #include "data/codes.h"
@@ -27,8 +28,6 @@ using db::Sql;
 
 namespace {
 
-constexpr int FirstValidTime = 1;
-constexpr int FirstValidDate = 2;
 constexpr int UsualLeadMinutes = 10;
 constexpr int LongestPhoneCopy = 40;  // appointments.hphone and wphone
 constexpr int LongestAuditedText = 100;
@@ -51,7 +50,8 @@ void frmnore::cmdOk_Click() {
     settlePatient();
     const BookedProvider provider = ProviderOfView();
     const int key = EditedApptKey();
-    if (conflicts(key, provider.id) || !ViewHasEditor(Session().CurrentView) || !timesAreValid())
+    if (conflicts(key, provider.id) || !ViewHasEditor(Session().CurrentView) ||
+        !TimesAreValid(*ctstart, *ctend, *ctedate))
         return;
     if (saveappt(key, provider.id))
         sendConfirmation(provider.id);
@@ -85,26 +85,6 @@ bool frmnore::conflicts(int key, const QString& providerId) {
     if (ViewHasEditor(Session().CurrentView) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
         return true;
     return cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key);
-}
-
-// A date that is none is refused in every view that shows it: an entry without a date would be on no calendar.
-bool frmnore::timesAreValid() {
-    if (ctstart->Value() < FirstValidTime)
-        return refuse(QStringLiteral("Enter valid start time."), ctstart);
-    if (ctend->Value() < FirstValidTime)
-        return refuse(QStringLiteral("Enter valid end time."), ctend);
-    if (ctstart->Time() >= ctend->Time())
-        return refuse(QStringLiteral("End time must be greater than start time"), ctstart);
-    if (Session().CurrentView != 1 && ctedate->Value() < FirstValidDate)
-        return refuse(QStringLiteral("Enter a valid date."), ctedate);
-    return true;
-}
-
-bool frmnore::refuse(const QString& message, QWidget* field) {
-    MsgBox(message, ExclamationBox, QStringLiteral("Missing Data"));
-    if (field->isEnabled() && field->isVisible())
-        field->setFocus();
-    return false;
 }
 
 QString frmnore::entryText() const {

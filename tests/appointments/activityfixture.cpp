@@ -81,13 +81,3 @@ QString ActivityFixture::attendees(int key) {
         ids << rows[0].text();
     return ids.join(QLatin1Char(' '));
 }
-
-QString ActivityFixture::stored(int key) {
-    const db::Recordset row(Sql("Select * from appointments Where nkeyid = {}", key), database.connection());
-    if (row.Eof())
-        return QStringLiteral("(none)");
-    return QStringLiteral("%1-%2 %3 %4 @ %5")
-        .arg(row["nStartTime"].integer())
-        .arg(row["nEndTime"].integer())
-        .arg(row["dapptdate"].date().toString(Qt::ISODate), row["cappttext"].text(), row["CLOCATION"].text());
-}

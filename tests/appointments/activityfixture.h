@@ -24,8 +24,6 @@ class ActivityFixture : public EditorFixture {
     [[nodiscard]] int rowOf(const char* name);
     /// Whom the database holds as attendees, "LANE REED".
     [[nodiscard]] QString attendees(int key);
-    /// "nStartTime-nEndTime yyyy-MM-dd cappttext @ CLOCATION"
-    [[nodiscard]] QString stored(int key);
 
     std::unique_ptr<frmactsc> scheduler;
 

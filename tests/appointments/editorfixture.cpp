@@ -129,3 +129,13 @@ void EditorFixture::press(QWidget* field, Qt::Key key, Qt::KeyboardModifiers mod
 void EditorFixture::clickOk() {
     QTest::mouseClick(form->cmdOk, Qt::LeftButton);
 }
+
+QString EditorFixture::stored(int key) {
+    const db::Recordset row(Sql("Select * from appointments Where nkeyid = {}", key), database.connection());
+    if (row.Eof())
+        return QStringLiteral("(none)");
+    return QStringLiteral("%1-%2 %3 %4 @ %5")
+        .arg(row["nStartTime"].integer())
+        .arg(row["nEndTime"].integer())
+        .arg(row["dapptdate"].date().toString(Qt::ISODate), row["cappttext"].text(), row["CLOCATION"].text());
+}

@@ -43,6 +43,8 @@ class EditorFixture : public AppointmentFixture {
 
     /// One column of the row, as text; "(none)" without the row.
     QString column(const char* name, int key);
+    /// "nStartTime-nEndTime yyyy-MM-dd cappttext @ CLOCATION"
+    [[nodiscard]] QString stored(int key);
     [[nodiscard]] int rowCount(const char* table);
     [[nodiscard]] int newestKey();
     static void type(QWidget* field, const QString& text);

@@ -132,13 +132,3 @@ QString GroupFixture::members(int key) {
         lines << line(true, rows["PatientName"].text(), rows["Kept"].integer() == 1);
     return lines.join(QStringLiteral("; "));
 }
-
-QString GroupFixture::stored(int key) {
-    const db::Recordset row(Sql("Select * from appointments Where nkeyid = {}", key), database.connection());
-    if (row.Eof())
-        return QStringLiteral("(none)");
-    return QStringLiteral("%1-%2 %3 %4 @ %5")
-        .arg(row["nStartTime"].integer())
-        .arg(row["nEndTime"].integer())
-        .arg(row["dapptdate"].date().toString(Qt::ISODate), row["cappttext"].text(), row["CLOCATION"].text());
-}

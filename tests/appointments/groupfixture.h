@@ -31,8 +31,6 @@ class GroupFixture : public EditorFixture {
     [[nodiscard]] QString listed() const;
     /// The rows of the database in the same way; nobody who is not scheduled has one.
     [[nodiscard]] QString members(int key);
-    /// "nStartTime-nEndTime yyyy-MM-dd cappttext @ CLOCATION"
-    [[nodiscard]] QString stored(int key);
     void run(const QString& statement) { database.connection().Execute(statement); }
     void member(int group, const QString& patient, const QString& from, const QString& until = {});
 

@@ -1,0 +1,57 @@
+#include "appointments/editorparts.h"
+
+#include "platform/controls/formparts.h"
+#include "platform/desktop/desktop.h"
+#include "platform/theme/theme.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr int FirstValidTime = 1;
+constexpr int FirstValidDate = 2;
+
+bool refuse(const QString& message, QWidget& field) {
+    MsgBox(message, ExclamationBox, QStringLiteral("Missing Data"));
+    if (field.isEnabled() && field.isVisible())
+        field.setFocus();
+    return false;
+}
+
+}  // namespace
+
+CompletingCombo* EditorCombo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName,
+                             int characters, QWidget* parent) {
+    auto* box = Named(new CompletingCombo(entry, parent), name);
+    box->setAccessibleName(accessibleName);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(characters);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return box;
+}
+
+ctDEdit* EditorDate(ctDEdit::Kind kind, const char* name, const QString& accessibleName, QWidget* parent) {
+    auto* field = Named(new ctDEdit(kind, parent), name);
+    field->setAccessibleName(accessibleName);
+    return field;
+}
+
+QHBoxLayout* InARow(std::initializer_list<QWidget*> widgets) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Space(8));
+    for (QWidget* widget : widgets)
+        row->addWidget(widget);
+    row->setStretch(row->count() - 1, 1);
+    return row;
+}
+
+bool TimesAreValid(ctDEdit& start, ctDEdit& end, ctDEdit& date) {
+    if (start.Value() < FirstValidTime)
+        return refuse(QStringLiteral("Enter valid start time."), start);
+    if (end.Value() < FirstValidTime)
+        return refuse(QStringLiteral("Enter valid end time."), end);
+    if (start.Time() >= end.Time())
+        return refuse(QStringLiteral("End time must be greater than start time"), start);
+    if (Session().CurrentView != 1 && date.Value() < FirstValidDate)
+        return refuse(QStringLiteral("Enter a valid date."), date);
+    return true;
+}
