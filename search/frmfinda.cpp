@@ -20,6 +20,7 @@
 #include "platform/printing/vsprinter.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "search/listprint.h"
 #include "session/characterfilter.h"
 #include "session/errorbox.h"
 #include "session/session.h"
@@ -214,15 +215,12 @@ void frmfinda::cmdprint_Click() {
         lblcount->setText(tr("Select the appointments to print."));
         return;
     }
-    QString body;
-    for (int row = 0; row < ctList1->RowCount(); ++row)
-        if (!ckselected->isChecked() || ctList1->selectionModel()->isRowSelected(row))
-            body += insertpipes(ctList1->RowText(row)) + u';';
     VSPrinter vp;
     vp.SetTitle(tr("Appointments"));
     vp.SetFooter(QStringLiteral("||Page %d"));
     vp.SetHeader(QStringLiteral("|Appointments|"));
     vp.AddTable(QStringLiteral("2160|1300|1300|1300|2800|1440;"),
-                QStringLiteral("Description|Date|Start|End|Location|Status;"), body);
+                QStringLiteral("Description|Date|Start|End|Location|Status;"),
+                TableBody(*ctList1, ckselected->isChecked()));
     vp.Preview(this);
 }

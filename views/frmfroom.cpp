@@ -15,8 +15,10 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "platform/printing/vsprinter.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "search/listprint.h"
 #include "session/characterfilter.h"
 #include "session/errorbox.h"
 #include "session/session.h"
@@ -49,6 +51,7 @@ frmfroom::frmfroom(GoTo goTo, QWidget* parent) : QDialog(parent), goTo_(std::mov
     connect(cmdfind, &QPushButton::clicked, this, &frmfroom::cmdfind_Click);
     connect(ctList1, &ctList::RowActivated, this, &frmfroom::cmdgoto_Click);
     connect(cmdgoto, &QPushButton::clicked, this, &frmfroom::cmdgoto_Click);
+    connect(cmdprint, &QPushButton::clicked, this, &frmfroom::cmdprint_Click);
     connect(cmdclose, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -71,14 +74,12 @@ void frmfroom::buildForm() {
         return made;
     };
     cmdfind = button("cmdfind", tr("&Find"), Icon("find"), false);
-    cmdprint = button("cmdprint", tr("P&rint"), Icon("print"), false);
-    cmdprint->setToolTip(tr("Not available in this version."));
+    cmdprint = button("cmdprint", tr("P&rint..."), Icon("print"), false);
     cmdgoto = button("cmdgoto", tr("&Go To"), {}, false);
     cmdclose = button("cmdclose", tr("&Close"), {}, true);
     ckselected = new QCheckBox(QStringLiteral("Print &Selected Items Only"), this);
     ckselected->setObjectName(QStringLiteral("ckselected"));
     ckselected->setEnabled(false);
-    ckselected->setToolTip(cmdprint->toolTip());
     ctList1 = new ctList(this);
     ctList1->setObjectName(QStringLiteral("ctList1"));
     ctList1->setAccessibleName(tr("Bookings"));
@@ -122,7 +123,7 @@ void frmfroom::cmdfind_Click() {
     const BusyPointer busy;
     ctList1->Clear();
     lblcount->clear();
-    cmdgoto->setEnabled(false);
+    allowResults(false);
     try {
         addHits();
     } catch (const db::DatabaseError& error) {
@@ -132,9 +133,29 @@ void frmfroom::cmdfind_Click() {
         return;
     lblcount->setText(tr("%n booking(s)", nullptr, ctList1->RowCount()));
     ctList1->SelectRow(0);
-    cmdgoto->setEnabled(true);
+    allowResults(true);
     cmdgoto->setDefault(true);
     ctList1->setFocus();
+}
+
+void frmfroom::allowResults(bool allowed) {
+    ckselected->setEnabled(allowed);
+    cmdprint->setEnabled(allowed);
+    cmdgoto->setEnabled(allowed);
+}
+
+void frmfroom::cmdprint_Click() {
+    if (ckselected->isChecked() && ctList1->SelectedRow() < 0) {
+        lblcount->setText(tr("Select the bookings to print."));
+        return;
+    }
+    VSPrinter vp;
+    vp.SetTitle(QStringLiteral("Room Schedule"));
+    vp.SetHeader(QStringLiteral("|Room Schedule|"));
+    vp.SetFooter(QStringLiteral("||Page %d"));
+    vp.AddTable(QStringLiteral("2880|1440|1440|1440|2880;"), QStringLiteral("Description|Date|Start|End|Room;"),
+                TableBody(*ctList1, ckselected->isChecked()));
+    vp.Preview(this);
 }
 
 void frmfroom::addHits() {

@@ -45,6 +45,8 @@ class frmfroom : public QDialog {
     void cmdfind_Click();
     void addHits();
     void cmdgoto_Click();
+    void cmdprint_Click();
+    void allowResults(bool allowed);
 
     GoTo goTo_;
 };

@@ -39,6 +39,8 @@ class frmrooms : public MenuView {
     void saveappt(int item, const QString& textBefore);
     /// Deletes the selected item after a question, a slot that belongs to an appointment too; its appointment stays.
     void deleteappt();
+    /// The room's day on paper, through the preview.
+    void printS();
     void setmenuaccess();
 
     void Reload() override { LoadRooms(); }

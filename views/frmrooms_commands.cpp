@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QShortcut>
 
@@ -13,10 +14,13 @@
 #include "views/frmfroom.h"
 #include "views/frmroomappt.h"
 #include "views/frmrooms.h"
+#include "views/schedulesheet.h"
 
 namespace {
 
 const QString NewMeetingText = QStringLiteral("New mtg.");
+
+constexpr int DayFirst = 1;  ///< Of the session's DateOrder.
 
 bool mayWrite() {
     return Session().ScreenAccess >= 2;
@@ -39,6 +43,7 @@ void frmrooms::bindRoomCommands() {
     });
     menus().Bind(QStringLiteral("mnuDelete"), [this] { deleteappt(); });
     menus().Bind(QStringLiteral("mnuFind"), [this] { FindAppointment(); });
+    menus().Bind(QStringLiteral("mnuPrint"), [this] { printS(); });
 }
 
 void frmrooms::bindGrid() {
@@ -63,6 +68,16 @@ void frmrooms::bindGrid() {
     auto* insert = new QShortcut(QKeySequence(Qt::Key_Insert), ctDays1);
     insert->setContext(Qt::WidgetShortcut);
     connect(insert, &QShortcut::activated, this, &frmrooms::AddAppointment);
+}
+
+void frmrooms::printS() {
+    ctDays1->CommitEdit();
+    ScheduleSheet sheet;
+    sheet.content = ctDays1->Content();
+    sheet.title = Session().DateOrder == DayFirst ? QLocale().toString(date_, QStringLiteral("dddd, d MMMM yyyy"))
+                                                  : SheetDate(date_);
+    sheet.subtitle = QStringLiteral("Room Schedule - ") + cborooms->currentText();
+    PrintedSheet(sheet).Preview(window());
 }
 
 void frmrooms::setmenuaccess() {

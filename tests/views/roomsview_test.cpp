@@ -1,72 +1,18 @@
 #include <QAction>
-#include <QComboBox>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 
-#include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
-#include "tests/views/practicefixture.h"
-#include "views/frmfroom.h"
+#include "tests/views/roomsfixture.h"
 #include "views/frmroomappt.h"
-#include "views/frmrooms.h"
 
 namespace {
 
-constexpr char goneText[] = "Error saving. Another user may have deleted this assignment.";
 constexpr char refusedText[] =
     "Unable to edit times or duration in Room Scheduler. This room slot is associated with a scheduled event or appointment.";
 
-/// The rooms Blue (1) and Green (2) on March 11, 2026.
-class RoomScheduler : public PracticeFixture {
-  protected:
-    RoomScheduler() {
-        Session().CurrentView = 5;
-        Session().AllProviders = true;
-        desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(10, 30)));
-        run("Insert Into rooms (Room) Values('Blue')");
-        run("Insert Into rooms (Room) Values('Green')");
-    }
-    frmrooms& open() {
-        view_ = std::make_unique<frmrooms>(main);
-        view_->resize(1000, 700);
-        view_->show();
-        view_->activateWindow();
-        calendar().setFocus();
-        settle();
-        return *view_;
-    }
-    [[nodiscard]] QWidget& openView() override { return *view_; }
-
-    int book(const char* text, int start = 540, int end = 600, int room = 1, int appt = 0,
-             const char* date = "2026/03/11") {
-        run(QStringLiteral(
-                "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values(%1, %2, '%3', '%4', %5, %6)")
-                .arg(start)
-                .arg(end)
-                .arg(QLatin1String(date), QString::fromUtf8(text).replace(QLatin1Char('\''), QStringLiteral("''")))
-                .arg(room)
-                .arg(appt));
-        return database_.text(QStringLiteral("Select Max(nKeyId) from roomschedule")).toInt();
-    }
-    [[nodiscard]] QString stored(int key, const char* column) {
-        return database_.text(
-            QStringLiteral("Select %1 from roomschedule Where nKeyId = %2").arg(QLatin1String(column)).arg(key));
-    }
-    [[nodiscard]] int bookings() { return database_.text(QStringLiteral("Select Count(*) from roomschedule")).toInt(); }
-    [[nodiscard]] QComboBox& rooms() { return *view_->findChild<QComboBox*>(QStringLiteral("cborooms")); }
-    [[nodiscard]] ctDEdit& date() { return *view_->findChild<ctDEdit*>(QStringLiteral("txtdate")); }
-    [[nodiscard]] QString hint() { return view_->findChild<QLabel*>(QStringLiteral("lblhint"))->text(); }
-    void chooseTime(int start, int end) { calendar().selectRange(1, start, end); }
-    void expectGone() { desk.expectBox(QLatin1String(goneText), QStringLiteral("Error")); }
-    void trigger(const char* name) {
-        command(name).trigger();
-        settle();
-    }
-
-    std::unique_ptr<frmrooms> view_;
-};
+}  // namespace
 
 TEST_F(RoomScheduler, ShowsOneRoomOnOneDay) {
     book("Team meeting");
@@ -524,148 +470,3 @@ TEST_F(RoomScheduler, ThePopupOffersWhatIsUnderThePointer) {
     rightClick(calendar().CellRect(1, 700).center());
     EXPECT_EQ(offered(), QStringList{"mnuNew"});
 }
-
-TEST_F(RoomScheduler, FindListsBookingsOfAllRoomsAndGoesToOne) {
-    const int there = book("D'Arcy; review", 900, 960, 2, 0, "2026/05/06");
-    book("Another");
-    open();
-    desk.expectForm("frmfroom", [](QDialog& form) {
-        auto& find = dynamic_cast<frmfroom&>(form);
-        EXPECT_FALSE(find.cmdfind->isEnabled());
-        EXPECT_FALSE(find.cmdprint->isEnabled());
-        QTest::keyClicks(find.txtfind, QStringLiteral("\"D'*A;r|cy"));
-        EXPECT_EQ(find.txtfind->text(), "D'Arcy");
-        find.cmdfind->click();
-        ASSERT_EQ(find.ctList1->RowCount(), 1);
-        EXPECT_EQ(find.ctList1->SelectedRow(), 0);
-        EXPECT_EQ(find.ctList1->Cell(0, 2), "05/06/2026");
-        EXPECT_EQ(find.ctList1->Cell(0, 3), "3:00 PM");
-        EXPECT_EQ(find.ctList1->Cell(0, 4), "4:00 PM");
-        EXPECT_EQ(find.ctList1->Cell(0, 5), "Green");
-        find.cmdgoto->click();
-        EXPECT_EQ(find.result(), QDialog::Accepted);
-    });
-    trigger("mnuFind");
-    EXPECT_EQ(rooms().currentText(), "Green");
-    EXPECT_EQ(date().Date(), QDate(2026, 5, 6));
-    EXPECT_EQ(std::as_const(calendar()).Item(calendar().SelectedItem()).ItemKey, QString::number(there));
-}
-
-TEST_F(RoomScheduler, FindTakesWildcardsLiterallyAndTellsOfNoHit) {
-    book("100 percent");
-    open();
-    desk.expectForm("frmfroom", [this](QDialog& form) {
-        auto& find = dynamic_cast<frmfroom&>(form);
-        find.txtfind->setText(QStringLiteral("100%"));
-        desk.expectBox(QStringLiteral("No Matching Records."), QStringLiteral("Find"));
-        find.cmdfind->click();
-        EXPECT_EQ(find.ctList1->RowCount(), 0);
-        EXPECT_FALSE(find.cmdgoto->isEnabled());
-        EXPECT_EQ(find.txtfind->selectedText(), "100%");
-        form.reject();
-    });
-    trigger("mnuFind");
-}
-
-TEST_F(RoomScheduler, AFoundBookingThatIsGoneKeepsTheDialogOpen) {
-    const int there = book("Meeting");
-    open();
-    desk.expectForm("frmfroom", [this, there](QDialog& form) {
-        auto& find = dynamic_cast<frmfroom&>(form);
-        find.txtfind->setText(QStringLiteral("Meet"));
-        find.cmdfind->click();
-        otherDesk(QStringLiteral("Delete from roomschedule Where nKeyId = %1").arg(there));
-        find.cmdgoto->click();
-        EXPECT_FALSE(find.lblcount->text().isEmpty());
-        EXPECT_NE(find.result(), QDialog::Accepted);
-        form.reject();
-    });
-    trigger("mnuFind");
-}
-
-TEST_F(RoomScheduler, ABookingInARoomAddedSinceIsGoneTo) {
-    open();
-    run("Insert Into rooms (Room) Values('Attic')");
-    book("Upstairs", 540, 600, 3);
-    desk.expectForm("frmfroom", [](QDialog& form) {
-        auto& find = dynamic_cast<frmfroom&>(form);
-        find.txtfind->setText(QStringLiteral("Up"));
-        find.cmdfind->click();
-        Q_EMIT find.ctList1->RowActivated(0);
-    });
-    trigger("mnuFind");
-    EXPECT_EQ(rooms().currentText(), "Attic");
-}
-
-/// The dialog alone, on a new meeting in Blue from 9:00 to 10:00.
-class RoomDialog : public RoomScheduler {
-  protected:
-    RoomDialog() : dialog({0, 540, 600, QDate(2026, 3, 11), {}, {}, 1, false}, QStringLiteral("Blue")) {
-        dialog.txtsubject->setText(QStringLiteral("Meeting"));
-        dialog.show();
-    }
-    void expectComplaint(const char* text, const char* title = "Missing Data") {
-        desk.expectBox(QLatin1String(text), QLatin1String(title));
-        dialog.cmdOk->click();
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(bookings(), 0);
-    }
-    frmRoomAppt dialog;
-};
-
-TEST_F(RoomDialog, AsksForWhatIsMissingInItsOrder) {
-    dialog.ctedate->setText(QString());
-    dialog.ctend->setText(QString());
-    dialog.txtsubject->clear();
-    expectComplaint("Enter a valid date.");
-    dialog.ctedate->setDate(QDate(2026, 3, 11));
-    expectComplaint("Enter valid end time.");
-    dialog.ctend->setTime(0);
-    expectComplaint("Enter valid end time.");
-    dialog.ctend->setTime(540);
-    expectComplaint("End time must be greater than start time", "Invalid Data");
-    dialog.ctstart->setText(QString());
-    expectComplaint("Enter valid start time.");
-    dialog.ctstart->setTime(500);
-    expectComplaint("No Subject for appointment time entered.");
-    dialog.txtsubject->setText(QStringLiteral("Done"));
-    dialog.cmdOk->click();
-    EXPECT_EQ(bookings(), 1);
-    EXPECT_FALSE(dialog.isVisible());
-}
-
-TEST_F(RoomDialog, AMeetingMayLastUntilMidnight) {
-    dialog.ctend->setTime(1439);
-    dialog.ctend->stepBy(5);
-    EXPECT_EQ(dialog.ctend->Time(), 1440);
-    dialog.ctstart->setTime(1);
-    dialog.ctstart->stepBy(-5);
-    EXPECT_EQ(dialog.ctstart->Time(), 0);
-    dialog.cmdOk->click();
-    EXPECT_EQ(database_.text(QStringLiteral("Select nEndTime from roomschedule")), "1440");
-}
-
-TEST_F(RoomDialog, AFailureIsToldAndKeepsWhatWasTyped) {
-    const QString reason = database_.refuse(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
-    desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
-    dialog.cmdOk->click();
-    EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(dialog.txtsubject->text(), "Meeting");
-}
-
-TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedKeepsTheDialogOpen) {
-    const int stands = book("Old");
-    frmRoomAppt edit({stands, 540, 600, QDate(2026, 3, 11), QStringLiteral("Old"), {}, 1, false},
-                     QStringLiteral("Blue"));
-    edit.show();
-    otherDesk(QStringLiteral("Delete from roomschedule"));
-    edit.cmdOk->click();
-    EXPECT_FALSE(edit.isVisible()) << "Nothing was changed, nothing is written.";
-    edit.show();
-    edit.txtsubject->setText(QStringLiteral("New"));
-    expectGone();
-    edit.cmdOk->click();
-    EXPECT_TRUE(edit.isVisible());
-}
-
-}  // namespace
