@@ -68,6 +68,8 @@ int indexOfKey(const QString& key) {
 QString textOf(const QWidget& widget) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
         return label->text();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text();
     if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
         return line->text();
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
