@@ -74,3 +74,45 @@ TEST_F(Views, AmongAllProvidersAnAppointmentIsDraggedToAnother) {
     EXPECT_EQ(value(db::Sql("Select clinicianid from appointments Where nkeyid = {}", db::Raw{newestKey()})),
               QStringLiteral("LANE"));
 }
+
+TEST_F(Views, TheMonthIsWalkedByKeyboardAndOpensADay) {
+    const QString anna = add(540, 600, QStringLiteral("O'Brien, Anna"));
+    connection.Execute(db::Sql("Update appointments Set dapptdate = '2026/03/12' Where nkeyid = {}", db::Raw{anna}));
+    person->press({QStringLiteral("ctrl+3")});
+    desk->await("mdisched");
+    person->picture("month");
+    person->press({QStringLiteral("Right"), QStringLiteral("Return")});
+    desk->await("mdisched");
+    EXPECT_TRUE(desk->tell("items").startsWith(anna));
+
+    person->press({QStringLiteral("ctrl+3")});
+    desk->await("mdisched");
+    person->doubleClick(desk->tell("widgetPlace", QStringLiteral("ctWeek1")));
+    desk->await("mdisched");
+    EXPECT_TRUE(desk->tell("items").startsWith(anna)) << "Thursday, March 12, is the middle of that month's page.";
+}
+
+TEST_F(Views, AMeetingIsTypedIntoARoomDraggedAndDeleted) {
+    person->press({QStringLiteral("ctrl+5")});
+    desk->await("mdisched");
+    person->click(at(600));
+    person->type(QStringLiteral("Team"));
+    person->press({QStringLiteral("Return")});
+    desk->await("mdisched");
+    EXPECT_EQ(value(QStringLiteral("Select croomtext from roomschedule")), QStringLiteral("Team"));
+    EXPECT_EQ(number(QStringLiteral("Select nStartTime from roomschedule")), 600);
+
+    const QString key = value(QStringLiteral("Select nkeyid from roomschedule"));
+    // So soon after the first, a press in the same place would make a double click.
+    person->click(at(1020));
+    person->drag(itemOf(key), at(840));
+    desk->await("mdisched");
+    EXPECT_GT(number(QStringLiteral("Select nStartTime from roomschedule")), 780);
+    person->picture("rooms");
+
+    person->press({QStringLiteral("Delete")});
+    person->turnTo("box");
+    person->press({QStringLiteral("alt+y")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(number(QStringLiteral("Select Count(*) from roomschedule")), 0);
+}
