@@ -10,6 +10,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/formarea.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
 #include "session/session.h"
@@ -22,13 +23,16 @@ const QString Tag = QStringLiteral("EDIT");
 
 }  // namespace
 
-frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, const QString& roomName, QWidget* parent)
-    : QDialog(parent), meeting_(meeting) {
+frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent)
+    : QDialog(parent), meeting_(meeting), shown_(meeting) {
+    shown_.date = date;
     setObjectName(QStringLiteral("frmRoomAppt"));
     setWindowTitle(QStringLiteral("Room Schedule"));
     setProperty("tag", meeting.key > 0 ? Tag : QString());
     buildForm(roomName);
     layOutForm();
+    showMove();
+    connect(ctedate, &ctDEdit::Change, this, &frmRoomAppt::showMove);
     connect(cmdOk, &QPushButton::clicked, this, &frmRoomAppt::cmdOk_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -42,7 +46,10 @@ void frmRoomAppt::buildForm(const QString& roomName) {
     ctedate = new ctDEdit(ctDEdit::Kind::Date, this);
     ctedate->setObjectName(QStringLiteral("ctedate"));
     ctedate->setDateOrder(session.DateOrder);
-    ctedate->setDate(meeting_.date);
+    ctedate->setDate(shown_.date);
+    lblmoves = new QLabel(this);
+    lblmoves->setObjectName(QStringLiteral("lblmoves"));
+    lblmoves->setWordWrap(true);
     const auto time = [&](const char* name, int minutes) {
         auto* field = new ctDEdit(ctDEdit::Kind::Time, this);
         field->setObjectName(QLatin1String(name));
@@ -75,6 +82,7 @@ void frmRoomAppt::layOutForm() {
     form->addRow(tr("Room:"), lblRoom);
     form->addRow(tr("S&ubject:"), txtsubject);
     form->addRow(tr("&Date:"), ctedate);
+    form->addRow(lblmoves);
     form->addRow(tr("&Start:"), ctstart);
     form->addRow(tr("&End:"), ctend);
     for (QWidget* field :
@@ -93,6 +101,15 @@ void frmRoomAppt::layOutForm() {
     FitToScreen(*this);
     txtsubject->setFocus();
     txtsubject->selectAll();
+}
+
+void frmRoomAppt::showMove() {
+    const bool moves = meeting_.key > 0 && ctedate->Date().isValid() && ctedate->Date() != meeting_.date;
+    lblmoves->setText(
+        moves
+            ? tr("The meeting is on %1. Saving a change moves it to the date above.").arg(ShortDateText(meeting_.date))
+            : QString());
+    lblmoves->setVisible(moves);
 }
 
 RoomMeeting frmRoomAppt::wanted() const {
@@ -150,7 +167,7 @@ void frmRoomAppt::SaveNew() {
 
 void frmRoomAppt::SaveUpdate() {
     const RoomMeeting changed = wanted();
-    if (changed != meeting_ && !SaveMeeting(meeting_, changed)) {
+    if (changed != shown_ && !SaveMeeting(meeting_, changed)) {
         MsgBox(QStringLiteral("Error saving. Another user may have deleted this assignment."), ErrorBox,
                QStringLiteral("Error"));
         return;

@@ -16,8 +16,10 @@ class frmRoomAppt : public QDialog {
     Q_OBJECT
 
   public:
-    /// A meeting without a key is new. Date and times of one that an appointment owns cannot be changed here.
-    frmRoomAppt(const RoomMeeting& meeting, const QString& roomName, QWidget* parent = nullptr);
+    /// A meeting without a key is new. The form shows `date` for it, which for a stored one may be another than its
+    /// own: the form says so, and a change moves it there. Date and times of one that an appointment owns cannot be
+    /// changed here.
+    frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent = nullptr);
 
     /// The key of the meeting that was added or changed; 0 before.
     [[nodiscard]] int SavedKey() const { return savedKey_; }
@@ -25,6 +27,7 @@ class frmRoomAppt : public QDialog {
 
     QLabel* lblRoom = nullptr;
     ctDEdit* ctedate = nullptr;
+    QLabel* lblmoves = nullptr;  ///< From which day a change would take the meeting to the one that is shown.
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
     QLineEdit* txtsubject = nullptr;
@@ -38,10 +41,12 @@ class frmRoomAppt : public QDialog {
   private:
     void buildForm(const QString& roomName);
     void layOutForm();
+    void showMove();
     [[nodiscard]] RoomMeeting wanted() const;
     [[nodiscard]] bool isComplete();
     void cmdOk_Click();
 
-    RoomMeeting meeting_;
+    RoomMeeting meeting_;  ///< As it is stored.
+    RoomMeeting shown_;    ///< As the form showed it first.
     int savedKey_ = 0;
 };

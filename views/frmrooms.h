@@ -15,8 +15,8 @@ class ctMDay;
 /// appointment or an activity is shown, marked and locked, and moves with its owner.
 ///
 /// Typing on a selected time makes a meeting there at once ("New mtg.") and names it; dragging, sizing and naming one
-/// in the grid are stored at once, too. The dialog for a new meeting starts from the date of the main window's
-/// calendar, the grid books on the date that it shows. Whoever may only read can look and find.
+/// in the grid are stored at once, too. The dialog starts from the date of the main window's calendar, the grid
+/// books on the date that it shows. Whoever may only read can look and find.
 ///
 /// The room that a user looked at last is the one that opens next time. While patient names are hidden the texts of the
 /// slots of appointments are hidden here, as they hold names.

@@ -128,7 +128,7 @@ void frmrooms::editappt(int item) {
 }
 
 void frmrooms::showDialog(const RoomMeeting& meeting) {
-    frmRoomAppt dialog(meeting, cborooms->currentText(), window());
+    frmRoomAppt dialog(meeting, main().Date(), cborooms->currentText(), window());
     const bool saved = ShowModal(dialog) == QDialog::Accepted;
     LoadRooms();
     if (saved && dialog.SavedDate() == date_)

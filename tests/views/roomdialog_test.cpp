@@ -6,7 +6,8 @@
 /// The dialog alone, on a new meeting in Blue from 9:00 to 10:00.
 class RoomDialog : public RoomScheduler {
   protected:
-    RoomDialog() : dialog({0, 540, 600, QDate(2026, 3, 11), {}, {}, 1, false}, QStringLiteral("Blue")) {
+    RoomDialog()
+        : dialog({0, 540, 600, QDate(2026, 3, 11), {}, {}, 1, false}, QDate(2026, 3, 11), QStringLiteral("Blue")) {
         dialog.txtsubject->setText(QStringLiteral("Meeting"));
         dialog.show();
     }
@@ -61,7 +62,8 @@ TEST_F(RoomDialog, AFailureIsToldAndKeepsWhatWasTyped) {
 
 TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedKeepsTheDialogOpen) {
     const int stands = book("Old");
-    frmRoomAppt edit({stands, 540, 600, QDate(2026, 3, 11), QStringLiteral("Old"), {}, 1, false},
+    const QDate day(2026, 3, 11);
+    frmRoomAppt edit({stands, 540, 600, QDate(2026, 3, 11), QStringLiteral("Old"), {}, 1, false}, day,
                      QStringLiteral("Blue"));
     edit.show();
     otherDesk(QStringLiteral("Delete from roomschedule"));

@@ -470,3 +470,27 @@ TEST_F(RoomScheduler, ThePopupOffersWhatIsUnderThePointer) {
     rightClick(calendar().CellRect(1, 700).center());
     EXPECT_EQ(offered(), QStringList{"mnuNew"});
 }
+
+TEST_F(RoomScheduler, TheDialogOfAMeetingHasTheCalendarsDateAndSaysWhereTheMeetingIs) {
+    const int meeting = book("Team meeting", 540, 600, 1, 0, "2026/03/12");
+    open();
+    date().setDate(QDate(2026, 3, 12));
+    settle();
+    ASSERT_EQ(itemTexts(), QStringList{"Team meeting"});
+    const auto edit = [this](const QString& subject) {
+        calendar().setSelectedItem(1);
+        desk.expectForm("frmRoomAppt", [subject](QDialog& form) {
+            auto& dialog = dynamic_cast<frmRoomAppt&>(form);
+            EXPECT_EQ(dialog.ctedate->Date(), QDate(2026, 3, 11));
+            EXPECT_TRUE(dialog.lblmoves->text().contains("12"));
+            dialog.txtsubject->setText(subject);
+            dialog.cmdOk->click();
+        });
+        trigger("mnuEdit");
+    };
+    edit(QStringLiteral("Team meeting"));
+    EXPECT_EQ(stored(meeting, "nApptDate").left(10), "2026-03-12") << "Nothing was changed.";
+    edit(QStringLiteral("Retreat"));
+    EXPECT_EQ(stored(meeting, "croomtext"), "Retreat");
+    EXPECT_EQ(stored(meeting, "nApptDate").left(10), "2026-03-11");
+}
