@@ -172,7 +172,7 @@ void frmfinda::cmdfind_Click() {
     }
     if (ctList1->RowCount() == 0)
         return;
-    lblcount->setText(tr("%n appointment(s)", nullptr, ctList1->RowCount()));
+    lblcount->setText(ctList1->RowCount() == 1 ? tr("1 appointment") : tr("%1 appointments").arg(ctList1->RowCount()));
     ctList1->SelectRow(0);
     allowResults(true);
     cmdgoto->setDefault(true);

@@ -200,9 +200,10 @@ void frmfirstatype::cmdsearch_Click() {
     cmdstop->setEnabled(false);
     followFields();
     const int found = ctList1->RowCount();
-    lblcount->setText(stop_        ? tr("Stopped. %n opening(s) so far.", nullptr, found)
+    lblcount->setText(stop_        ? tr("Stopped. Openings so far: %1.").arg(found)
                       : found == 0 ? tr("No opening was found.")
-                                   : tr("%n opening(s)", nullptr, found));
+                      : found == 1 ? tr("1 opening")
+                                   : tr("%1 openings").arg(found));
     if (found == 0)
         return;
     cmdgoto->setEnabled(true);

@@ -134,7 +134,10 @@ void frmsavail::cmdsearch_Click() {
     lblcount->clear();
     try {
         listFree(busyProviders());
-        lblcount->setText(List1->count() == 0 ? tr("Nobody is free.") : tr("%n provider(s)", nullptr, List1->count()));
+        const int free = List1->count();
+        lblcount->setText(free == 0   ? tr("Nobody is free.")
+                          : free == 1 ? tr("1 provider")
+                                      : tr("%1 providers").arg(free));
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error searching availability. "), error);
     }

@@ -131,7 +131,7 @@ void frmfroom::cmdfind_Click() {
     }
     if (ctList1->RowCount() == 0)
         return;
-    lblcount->setText(tr("%n booking(s)", nullptr, ctList1->RowCount()));
+    lblcount->setText(ctList1->RowCount() == 1 ? tr("1 booking") : tr("%1 bookings").arg(ctList1->RowCount()));
     ctList1->SelectRow(0);
     allowResults(true);
     cmdgoto->setDefault(true);

@@ -158,6 +158,8 @@ void ctDate::keyPressEvent(QKeyEvent* event) {
         Q_EMIT DblClick(date_);
     } else if (const std::optional<QDate> date = dateForKey(*event)) {
         Choose(*date);
+    } else if (beginsDate(*event)) {
+        beginTyping(event->text());
     } else {
         event->ignore();
     }

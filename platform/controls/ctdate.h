@@ -6,11 +6,15 @@
 
 #include "platform/controls/datelayout.h"
 
+class FieldFlag;
+class QLineEdit;
+
 /// A month calendar with one selected date, today marked by a ring, weekends paler.
 ///
 /// A click or a key selects a date and raises Click; the wheel and the arrows beside the heading only turn the month.
 /// Keys: arrows step days and weeks, Page Up and Page Down months (with Ctrl years), Home and End go to the first and
-/// last day of the month, Enter raises Click for the selected date again.
+/// last day of the month, Enter raises Click for the selected date again. A date that is typed ("3/12", "today", "+2w")
+/// is gone to by Enter; Escape gives it up.
 class ctDate : public QWidget {
     Q_OBJECT
 
@@ -55,8 +59,15 @@ class ctDate : public QWidget {
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    // ctdate_type.cpp
+    [[nodiscard]] static bool beginsDate(const QKeyEvent& event);
+    void beginTyping(const QString& text);
+    void goToTyped();
+    void endTyping();
+
     void paintHeading(QPainter& painter) const;
     void paintDayNames(QPainter& painter) const;
     void paintDay(QPainter& painter, int position) const;
@@ -68,4 +79,6 @@ class ctDate : public QWidget {
     int dateOrder_ = 0;
     int wheelRest_ = 0;
     DateLayout::Hit hover_;
+    QLineEdit* typed_ = nullptr;  ///< While a date is being typed.
+    FieldFlag* flag_ = nullptr;   ///< Of that field.
 };

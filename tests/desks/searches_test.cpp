@@ -50,7 +50,7 @@ TEST_F(Searches, WhoIsFreeIsFoundAndBookedWith) {
     person->press({QStringLiteral("Return")});
     desk->await("frmsavail");
     person->picture("opening");
-    EXPECT_EQ(told("lblcount"), QStringLiteral("1 provider(s)"));
+    EXPECT_EQ(told("lblcount"), QStringLiteral("1 provider"));
     person->press({QStringLiteral("Tab"), QStringLiteral("Tab"), QStringLiteral("Down"), QStringLiteral("Home"),
                    QStringLiteral("alt+g")});
     person->turnTo("mdisched");

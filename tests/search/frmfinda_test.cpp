@@ -72,7 +72,7 @@ TEST_F(FindAppointments, CoversTheCurrentProviderAloneAtAllDatesTheEarliestFirst
     search(form, "Jones");
     ASSERT_EQ(form.ctList1->RowCount(), 2);
     EXPECT_EQ(form.ctList1->Cell(0, 2), QStringLiteral("01/02/2020"));
-    EXPECT_EQ(form.lblcount->text(), QStringLiteral("2 appointment(s)"));
+    EXPECT_EQ(form.lblcount->text(), QStringLiteral("2 appointments"));
 }
 
 TEST_F(FindAppointments, EachStatusHasItsWordAndTheStoredTentativeHasNone) {

@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -129,6 +130,42 @@ TEST_F(DateTest, TheArrowsTurnThePageAndLeaveTheSelection) {
     EXPECT_EQ(calendar.ShownMonth(), QDate(2026, 2, 1));
     EXPECT_EQ(calendar.Date(), March11);
     EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST_F(DateTest, ATypedDateIsGoneTo) {
+    desk.setNow(QDateTime(March11, QTime(9, 0)));
+    QSignalSpy clicks(&calendar, &ctDate::Click);
+    for (const auto& [typed, date] : {std::pair("4/2/2026", QDate(2026, 4, 2)), std::pair("today", March11),
+                                      std::pair("+2w", QDate(2026, 3, 25))}) {
+        QTest::keyClicks(&calendar, QString::fromLatin1(typed).left(1));
+        auto* field = calendar.findChild<QLineEdit*>(QStringLiteral("txtgoto"));
+        ASSERT_NE(field, nullptr) << typed;
+        QTest::keyClicks(field, QString::fromLatin1(typed).mid(1));
+        QTest::keyClick(field, Qt::Key_Return);
+        EXPECT_EQ(calendar.Date(), date) << typed;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(calendar.findChild<QLineEdit*>(), nullptr) << typed;
+    }
+    EXPECT_EQ(clicks.count(), 3);
+}
+
+TEST_F(DateTest, WhatIsTypedAndIsNoDateIsFlaggedAndEscapeGivesItUp) {
+    QTest::keyClicks(&calendar, QStringLiteral("9"));
+    auto* field = calendar.findChild<QLineEdit*>(QStringLiteral("txtgoto"));
+    ASSERT_NE(field, nullptr);
+    QTest::keyClicks(field, QStringLiteral("9/99"));
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(calendar.Date(), March11);
+    EXPECT_FALSE(field->accessibleDescription().isEmpty());
+    QTest::keyClick(field, Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(calendar.findChild<QLineEdit*>(), nullptr);
+}
+
+TEST_F(DateTest, KeysOfTheWindowBeginNoDate) {
+    QTest::keyClick(&calendar, Qt::Key_T, Qt::ControlModifier);
+    QTest::keyClick(&calendar, Qt::Key_Tab);
+    EXPECT_EQ(calendar.findChild<QLineEdit*>(), nullptr);
 }
 
 TEST_F(DateTest, TheHeadingLeadsBackToTheSelectedDate) {
