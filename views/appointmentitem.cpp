@@ -11,6 +11,10 @@ int intOf(const db::Recordset& row, const char* column) {
     return static_cast<int>(row[column].integer());
 }
 
+bool isAwaited(int code) {
+    return code == ncolor::Blank || code == ncolor::Pending || code == ncolor::Tentative;
+}
+
 }  // namespace
 
 void PaintByCode(CalendarItem& item, int code, int apptType, bool hidePatientNames) {
@@ -43,7 +47,7 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     MarkStatus(item, code, apptType);
 
     const QString callStatus = row["CourtesyCallStatus"].text();
-    if (!callStatus.isEmpty())
+    if (!callStatus.isEmpty() && (!painting.callsOfAwaitedOnly || isAwaited(code)))
         item.ItemStatusIcon = painting.callStatusIcon(callStatus);
     if (const int typeColor = intOf(row, "appointment_type"); typeColor > 0)
         item.ItemBackColor = typeColor;

@@ -11,6 +11,8 @@ struct ItemPainting {
     bool hidePatientNames = false;
     /// The picture of a courtesy-call code (GetCallStatusIcon); -1 for none.
     std::function<int(const QString& code)> callStatusIcon;
+    /// The picture of the call stands only on appointments that are still awaited: blank, pending and tentative ones.
+    bool callsOfAwaitedOnly = false;
 };
 
 /// The calendar item of the current row of "Select appointments.* ...". The row's status, kind and colour all lie in

@@ -164,12 +164,14 @@ bool CalendarView::RowFacts::StandsAs(const RowFacts& other) const {
     return BelongsAs(other) && stored.ItemStart == other.stored.ItemStart && stored.ItemEnd == other.stored.ItemEnd;
 }
 
-ItemPainting CalendarView::painting() {
-    return {Session().HidePatientNames, [icons = QHash<QString, int>()](const QString& code) mutable {
+ItemPainting CalendarView::painting() const {
+    return {Session().HidePatientNames,
+            [icons = QHash<QString, int>()](const QString& code) mutable {
                 if (!icons.contains(code))
                     icons[code] = GetCallStatusIcon(Session().Connection, code);
                 return icons[code];
-            }};
+            },
+            showsCallsOfAwaitedOnly()};
 }
 
 void CalendarView::setGrid() {

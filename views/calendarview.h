@@ -95,8 +95,10 @@ class CalendarView : public MenuView, public OpenView {
     int addItem(CalendarItem item);
     /// Adds the item that was made of the row, and keeps what the commands need of the row.
     int addAppointment(const db::Recordset& row, CalendarItem item);
+    /// Whether a courtesy call shows on appointments that are still awaited alone; the day view shows it on every row.
+    [[nodiscard]] virtual bool showsCallsOfAwaitedOnly() const { return false; }
     /// How the rows of one load are painted; each courtesy-call code is looked up once.
-    [[nodiscard]] static ItemPainting painting();
+    [[nodiscard]] ItemPainting painting() const;
 
     /// Stores what was changed on an item in place: its text by the user, its colour by a status command. False when it
     /// was not stored: the user has been told why (a text that was emptied comes back without a word), and the item is

@@ -1,6 +1,5 @@
 #include "views/frmall.h"
 
-#include <algorithm>
 #include <QAction>
 #include <QComboBox>
 #include <QHash>
@@ -56,10 +55,11 @@ void frmall::connectPanel() {
     menus().Bind(QStringLiteral("mnuVDisplay"), [this, &display] { panel_->setVisible(display.isChecked()); });
     connect(cbodisc, &QComboBox::activated, this, &frmall::filter);
     connect(ctList1, &ctList::CheckChanged, this, &frmall::checkProvider);
+    connect(cboprovs, &QComboBox::activated, this, [this](int index) { chooseColumn(index + 1); });
     connect(cmdgo, &QPushButton::clicked, this, &frmall::goToProvider);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmall::displayapptinfo);
     connect(ctMDay1, &ctMDay::RangeSelected, this, [this] { selectColumn(ctMDay1->SelColumn()); });
-    connect(ctMDay1, &ctMDay::HeadingClicked, this, &frmall::selectColumn);
+    connect(ctMDay1, &ctMDay::HeadingClicked, this, &frmall::chooseColumn);
     connect(ctMDay1, &ctMDay::BeforeDrop, this, &frmall::askBeforeDrop);
 }
 
@@ -161,10 +161,10 @@ void frmall::loadmdayview() {
                 item.ItemColumn = *column;
                 return true;
             });
+        loadHoliday(date);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading schedule. "), error);
     }
-    Ignoring([&] { loadHoliday(date); });
     LoadWorkSchedule(date);
     endLoad();
     const QString caption = LongDateText(date);
@@ -213,6 +213,17 @@ void frmall::displayapptinfo(int index) {
 void frmall::selectColumn(int column) {
     if (column >= 1 && column <= cboprovs->count())
         cboprovs->setCurrentIndex(column - 1);
+}
+
+// The selected time goes along to the chosen provider; an appointment of another provider is selected no more.
+void frmall::chooseColumn(int column) {
+    const int item = ctMDay1->SelectedItem();
+    if (item > 0 && ctMDay1->ColumnOfItem(item) != column)
+        ctMDay1->clearSelection();
+    else if (ctMDay1->SelectedRange() >= 0)
+        ctMDay1->selectRange(column, ctMDay1->SelStart(), ctMDay1->SelEnd());
+    selectColumn(column);
+    ctMDay1->ScrollToColumn(column);
 }
 
 BookedProvider frmall::Provider() const {

@@ -11,7 +11,8 @@ class ctList;
 /// The whole practice's day: every active provider is a column. The panel beside them says whose columns are shown.
 ///
 /// Column n of the calendar, List1[n - 1] and entry n - 1 of cboprovs always are the same provider. What is booked is
-/// booked for the provider who stands in cboprovs, which follows the column that the user works in. All-day entries and
+/// booked for the provider who stands in cboprovs, which follows the column that the user works in; what is selected
+/// follows cboprovs in turn, so that nobody's appointment is saved for another provider unseen. All-day entries and
 /// activities of several providers are shown on the day view alone.
 class frmall : public CalendarView {
     Q_OBJECT
@@ -25,8 +26,8 @@ class frmall : public CalendarView {
     [[nodiscard]] bool providerchecked(const QString& id) const;
     /// Makes the columns of the checked providers.
     void resetcols();
-    /// Reads the main window's date. Appointments that cannot be read are told, so that nobody books into a day that
-    /// only looks free.
+    /// Reads the main window's date. Appointments and holidays that cannot be read are told, so that nobody books into
+    /// a day that only looks free.
     void loadmdayview();
     /// Shades the time outside the providers' working hours. On a weekday for which the practice holds fewer than two
     /// rows of hours nothing is shaded.
@@ -43,10 +44,9 @@ class frmall : public CalendarView {
   protected:
     [[nodiscard]] std::optional<BookedProvider> providerOfColumn(int column) const override;
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
+    [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     /// As many columns on a page as the print options say, five where they say nothing.
     [[nodiscard]] ScheduleSheet sheet() const override;
-
-  protected:
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -60,6 +60,7 @@ class frmall : public CalendarView {
     void checkProvider(int row);
     void goToProvider();
     void selectColumn(int column);
+    void chooseColumn(int column);
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
     void loadHoliday(QDate date);
 

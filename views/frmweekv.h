@@ -25,6 +25,7 @@ class frmweekv : public CalendarView {
 
   protected:
     [[nodiscard]] QDate dateOfColumn(int column) const override;
+    [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     /// Five or seven days, as the print options say, however many are shown.
     [[nodiscard]] ScheduleSheet sheet() const override;
     void printS() override;

@@ -222,7 +222,7 @@ std::span<const MenuEntry> AllProvidersMenus() {
     static const Table menus = joined({fileMenu(),
                                        allAppointmentsMenu(),
                                        viewMenu(),
-                                       {{Kind::Command, "mnuVDisplay", "Display &Providers", "user", "Ctrl+Shift+D"}},
+                                       {{Kind::Command, "mnuVDisplay", "Display Pro&viders", "user", "Ctrl+Shift+D"}},
                                        helpMenu()});
     return menus;
 }

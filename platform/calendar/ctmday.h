@@ -99,6 +99,7 @@ class ctMDay : public QWidget {
     [[nodiscard]] int SelEnd() const;         ///< Minute at which the range ends.
     [[nodiscard]] int SelColumn() const;      ///< 1-based column of the range; 0: none.
     void ScrollToItem(int index);
+    void ScrollToColumn(int column);  ///< Sideways only.
 
     // In-place text, also by F2 and a slow second click.
     void EditItem(int index, const QString& typed = {});  ///< `typed` takes the place of the text that is edited.
@@ -206,6 +207,7 @@ class ctMDay : public QWidget {
     void fitInto(const QSize& size) const;
     void placeScrollBars(bool vertical, bool horizontal) const;
     void scrollTo(int x, int y);
+    [[nodiscard]] int scrollXFor(int column) const;
     void scrolled();
     void zoomAt(int y, double factor);
     void tick();

@@ -83,12 +83,6 @@ void ctMDay::ScrollToItem(int index) {
     if (column == 0)
         return;
     const QRect body = grid().body();
-    const QRect across = grid().columnRect(column);
-    int x = grid().scrollX;
-    if (across.left() < body.left() || across.width() > body.width())
-        x += across.left() - body.left();
-    else if (across.right() > body.right())
-        x += across.right() - body.right();
     int y = grid().scrollY;
     if (placed != nullptr) {
         const QRect card = grid().itemRect(*placed);
@@ -97,7 +91,20 @@ void ctMDay::ScrollToItem(int index) {
         else if (card.bottom() > body.bottom())
             y += card.bottom() - body.bottom();
     }
-    scrollTo(x, y);
+    scrollTo(scrollXFor(column), y);
+}
+
+void ctMDay::ScrollToColumn(int column) {
+    if (column >= 1 && column <= ColumnCount())
+        scrollTo(scrollXFor(column), grid().scrollY);
+}
+
+int ctMDay::scrollXFor(int column) const {
+    const QRect body = grid().body();
+    const QRect across = grid().columnRect(column);
+    if (across.left() < body.left() || across.width() > body.width())
+        return grid().scrollX + across.left() - body.left();
+    return grid().scrollX + std::max(0, across.right() - body.right());
 }
 
 QString ctMDay::SelectionText() const {
