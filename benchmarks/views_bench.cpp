@@ -27,6 +27,7 @@ struct ViewBench {
     std::function<std::unique_ptr<ViewWindow>(MainWindow&)> make;
     /// The statements of one load.
     std::function<QStringList(QDate)> statements;
+    int moreProviders = 0;  ///< Besides those of the practice; they share the appointments of the days walked.
 };
 
 constexpr int daysWalked = 60;
@@ -92,8 +93,8 @@ std::unique_ptr<ViewWindow> makeView(MainWindow& main) {
 const std::vector<ViewBench>& views() {
     static const std::vector<ViewBench> all{
         {"LoadDayView", makeView<frmsched>, dayStatements}, {"Week", makeView<frmweekv>, weekStatements},
-        {"All providers", makeView<frmall>, allStatements}, {"Month", makeView<frmmtv>, monthStatements},
-        {"Room", makeView<frmrooms>, roomStatements},
+        {"All providers", makeView<frmall>, allStatements}, {"100 providers", makeView<frmall>, allStatements, 86},
+        {"Month", makeView<frmmtv>, monthStatements},       {"Room", makeView<frmrooms>, roomStatements},
     };
     return all;
 }
@@ -106,9 +107,24 @@ void bareView(benchmark::State& state, const Practice& practice, const ViewBench
             bare.read(statement.toStdString());
 }
 
-// On a window of the size a front desk uses.
+void addProviders(int count) {
+    db::Connection& connection = Session().Connection;
+    for (int i = 0; i < count; ++i)
+        connection.Execute(
+            Sql("Insert Into provider_info (id, prov_lastname, archive) Values('B{}', 'Provider {}', 0)", i, i));
+    const QDate today = QDate::currentDate();
+    connection.Execute(Sql(
+        "Update appointments Set clinicianid = 'B' + Convert(varchar(9), nkeyid % {}) Where dapptdate >= '{}' and dapptdate <= '{}'",
+        count, SqlDate(today.addDays(-daysWalked)), SqlDate(today.addDays(daysWalked))));
+}
+
+// On a window of the size a front desk uses. The providers that were added are gone again at the end.
 void ourView(benchmark::State& state, const Practice& practice, const ViewBench& bench) {
     practice.openSession();
+    if (bench.moreProviders > 0) {
+        Session().Connection.BeginTrans();
+        addProviders(bench.moreProviders);
+    }
     FakeMainWindow main(QDate::currentDate());
     const std::unique_ptr<ViewWindow> view = bench.make(main);
     view->resize(1040, 680);
@@ -121,6 +137,8 @@ void ourView(benchmark::State& state, const Practice& practice, const ViewBench&
         view->ShowDate(main.Date());
         view->render(&screen);
     }
+    if (bench.moreProviders > 0)
+        Session().Connection.RollbackTrans();
 }
 
 }  // namespace
