@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -199,6 +200,18 @@ Table roomViewMenu() {
     };
 }
 
+/// The week calls some of the day's commands by names of its own.
+Table weekAppointmentsMenu() {
+    static constexpr std::pair<std::string_view, const char*> names[]{
+        {"mnuANPat", "mnuANewPat"}, {"mnuANEvent", "mnuANewEvent"}, {"mnuASType", "mnuASCat"}};
+    Table menu = appointmentsMenu();
+    for (MenuEntry& entry : menu)
+        for (const auto& [name, own] : names)
+            if (entry.name != nullptr && name == entry.name)
+                entry.ownName = own;
+    return menu;
+}
+
 Table joined(std::initializer_list<Table> menus) {
     Table all;
     for (const Table& menu : menus)
@@ -214,7 +227,7 @@ std::span<const MenuEntry> DayMenus() {
 }
 
 std::span<const MenuEntry> WeekMenus() {
-    static const Table menus = joined({fileMenu(), appointmentsMenu(), viewMenu(), helpMenu()});
+    static const Table menus = joined({fileMenu(), weekAppointmentsMenu(), viewMenu(), helpMenu()});
     return menus;
 }
 

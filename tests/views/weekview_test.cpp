@@ -220,7 +220,7 @@ TEST_F(WeekView, ANewAppointmentIsForTheDayOfItsColumn) {
 TEST_F(WeekView, WithoutASelectedColumnNothingIsAdded) {
     openByHand();
     view_->DropSelection();
-    for (const char* name : {"mnuANPat", "mnuASGroup", "mnuANEvent", "mnuASType", "mnuANAvail"}) {
+    for (const char* name : {"mnuANewPat", "mnuASGroup", "mnuANewEvent", "mnuASCat", "mnuANAvail"}) {
         desk.expectBox("No Appointment Time is Currently Selected", "Warning");
         command(name).trigger();
     }
