@@ -40,7 +40,6 @@ class frmapttypes : public QDialog {
 
     [[nodiscard]] QSize sizeHint() const override;
 
-  public Q_SLOTS:
     /// Escape first gives up what is being added or edited.
     void reject() override;
 

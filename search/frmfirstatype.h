@@ -39,7 +39,6 @@ class frmfirstatype : public QDialog {
     QPushButton* cmdgoto = nullptr;
     QPushButton* cmdclose = nullptr;
 
-  public Q_SLOTS:
     /// While a search runs, Escape and the window's button stop it; the form stays.
     void reject() override;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRectF>
 #include <vector>
 
 #include "platform/printing/printdocument.h"

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPageLayout>
+#include <QSizeF>
 #include <QStringList>
 #include <variant>
 #include <vector>

@@ -211,7 +211,7 @@ bool PrintPreview::Print() {
 }
 
 QString PrintPreview::SaveAsPdf() {
-    const QString path =
+    QString path =
         ChooseSaveFile(tr("Save as PDF"), proposedFile(document_.title), tr("PDF files (*.pdf);;All files (*)"));
     if (path.isEmpty())
         return {};
