@@ -2,13 +2,8 @@
 
 #include <functional>
 #include <QDate>
-#include <QDialog>
 
-class QCheckBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class ctList;
+#include "search/finddialog.h"
 
 /// Where a found booking stands.
 struct FoundBooking {
@@ -19,7 +14,7 @@ struct FoundBooking {
 };
 
 /// Finds bookings of every room by a text in their description, and goes to the one that the user chooses.
-class frmfroom : public QDialog {
+class frmfroom : public FindDialog {
     Q_OBJECT
 
   public:
@@ -28,25 +23,11 @@ class frmfroom : public QDialog {
 
     explicit frmfroom(GoTo goTo, QWidget* parent = nullptr);
 
-    QLineEdit* txtfind = nullptr;
-    QPushButton* cmdfind = nullptr;
-    ctList* ctList1 = nullptr;
-    QLabel* lblcount = nullptr;
-    QCheckBox* ckselected = nullptr;
-    QPushButton* cmdprint = nullptr;
-    QPushButton* cmdgoto = nullptr;
-    QPushButton* cmdclose = nullptr;
-
-    [[nodiscard]] QSize sizeHint() const override;
+  protected:
+    [[nodiscard]] QString statementFor(const QString& text) const override;
+    [[nodiscard]] QString listLine(const db::Recordset& row) const override;
+    void goTo(qint64 key) override;
 
   private:
-    void buildForm();
-    void layOutForm();
-    void cmdfind_Click();
-    void addHits();
-    void cmdgoto_Click();
-    void cmdprint_Click();
-    void allowResults(bool allowed);
-
     GoTo goTo_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "tests/desks/deskfixture.h"
@@ -27,6 +28,22 @@ class FrontDesk : public DeskFixture {
     QString at(int minute, int column = 1) {
         return desk->tell("timePlace", QString::number(minute), QString::number(column));
     }
+    /// Whether this comes true: what mouse and keys of the display bring about takes its time to reach the program.
+    bool soon(const std::function<bool()>& holds) {
+        for (int tries = 0; tries < 2000; ++tries) {
+            if (holds())
+                return true;
+            desk->tell("focus");
+        }
+        return false;
+    }
+    /// Waits until the view of this class is open.
+    void awaitView(const char* view) {
+        EXPECT_TRUE(soon([this, view] { return desk->tell("shows", QLatin1String(view)) == QLatin1String("yes"); }))
+            << view << " has not come.";
+    }
+    /// When an appointment begins, in minutes; 0 where there is none.
+    int startOf(const QString& key) { return times(key).section(QLatin1Char('-'), 0, 0).toInt(); }
     QString itemOf(const QString& key) { return desk->tell("itemPlace", key); }
     QString newestKey() { return value(QStringLiteral("Select Max(nkeyid) from appointments")); }
     qint64 status(const QString& key) {

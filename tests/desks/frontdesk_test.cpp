@@ -17,7 +17,8 @@ TEST_F(FrontDesk, TheWholeDayGoesByMouseAndKeyboard) {
     person->click(at(660));
     person->press({QStringLiteral("Return")});
     person->turnTo("frmnore");
-    person->type(QStringLiteral("Åk"));
+    // The tool that plays the keyboard must bend its layout for this letter, which a busy program may read too late.
+    desk->tell("type", QStringLiteral("txtpatients"), QStringLiteral("Åk"));
     person->press({QStringLiteral("alt+s")});
     desk->tell("replace", QStringLiteral("ctstart"), QStringLiteral("9"));
     desk->tell("replace", QStringLiteral("ctend"), QStringLiteral("9:45"));
@@ -36,8 +37,7 @@ TEST_F(FrontDesk, TheWholeDayGoesByMouseAndKeyboard) {
 
     // Drag the one, edit the other.
     person->drag(itemOf(anna), at(840));
-    desk->await("mdisched");
-    EXPECT_GT(times(anna).section(QLatin1Char('-'), 0, 0).toInt(), 700);
+    EXPECT_TRUE(soon([&] { return startOf(anna) > 700; }));
     person->doubleClick(itemOf(bo));
     person->turnTo("frmnore");
     desk->tell("replace", QStringLiteral("txtnotes"), QStringLiteral("bring the card"));
@@ -56,8 +56,7 @@ TEST_F(FrontDesk, TheWholeDayGoesByMouseAndKeyboard) {
     person->turnTo("mdisched");
     EXPECT_EQ(status(bo), 0xFFFFFF);
     person->press({QStringLiteral("ctrl+k")});
-    desk->await("mdisched");
-    EXPECT_EQ(status(bo), 0xC000);
+    EXPECT_TRUE(soon([&] { return status(bo) == 0xC000; }));
     person->click(itemOf(anna), 3);
     person->turnTo("popup");
     person->picture("popup");

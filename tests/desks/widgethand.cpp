@@ -51,7 +51,11 @@ QAction& findAction(const QString& name) {
 
 // Whatever its view calls it.
 ctMDay& calendar() {
-    return find<ctMDay>(QString());
+    const QWidget* window = front();
+    for (ctMDay* shown : window ? window->findChildren<ctMDay*>() : QList<ctMDay*>())
+        if (shown->isVisible())
+            return *shown;
+    throw CannotObey(QStringLiteral("there is no calendar in %1").arg(WindowInFront()));
 }
 
 // What opens a dialog must not hold up the answer.
@@ -211,6 +215,12 @@ QString widgetPlace(const QStringList& words) {
     return placeText(widget, widget.rect().center());
 }
 
+QString shows(const QStringList& words) {
+    const QWidget* window = front();
+    const QWidget* widget = window ? window->findChild<QWidget*>(words.at(1)) : nullptr;
+    return widget != nullptr && widget->isVisible() ? QStringLiteral("yes") : QStringLiteral("not");
+}
+
 QString windowId(const QStringList&) {
     const QWidget* window = front();
     return window ? QString::number(window->winId()) : QString();
@@ -267,6 +277,7 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("itemPlace"), itemPlace},
         {QStringLiteral("timePlace"), timePlace},
         {QStringLiteral("widgetPlace"), widgetPlace},
+        {QStringLiteral("shows"), shows},
         {QStringLiteral("windowId"), windowId},
         {QStringLiteral("focus"), focusName},
         {QStringLiteral("picture"), picture},
