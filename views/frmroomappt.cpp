@@ -37,6 +37,11 @@ frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& 
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
+// The focus leaves its field when the form goes, which must still find the whole form.
+frmRoomAppt::~frmRoomAppt() {
+    hide();
+}
+
 void frmRoomAppt::buildForm(const QString& roomName) {
     const SessionValues& session = Session();
     lblRoom = new QLabel(roomName, this);

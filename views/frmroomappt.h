@@ -20,6 +20,7 @@ class frmRoomAppt : public QDialog {
     /// own: the form says so, and a change moves it there. Date and times of one that an appointment owns cannot be
     /// changed here.
     frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent = nullptr);
+    ~frmRoomAppt() override;
 
     /// The key of the meeting that was added or changed; 0 before.
     [[nodiscard]] int SavedKey() const { return savedKey_; }

@@ -50,6 +50,11 @@ frmrooms::frmrooms(MainWindow& main, QWidget* parent) : MenuView(main, RoomMenus
     connect(txtdate, &ctDEdit::editingFinished, this, [this] { setDate(txtdate->Date()); });
 }
 
+// The focus leaves its field when the view goes, which must still find the whole view.
+frmrooms::~frmrooms() {
+    hide();
+}
+
 QPushButton* frmrooms::stepButton(const char* name, const QString& tip, const char* icon, int step) {
     auto* button = new QPushButton(Icon(icon), QString(), this);
     button->setObjectName(QLatin1String(name));

@@ -25,6 +25,7 @@ class frmrooms : public MenuView {
 
   public:
     explicit frmrooms(MainWindow& main, QWidget* parent = nullptr);
+    ~frmrooms() override;
 
     /// Reads the rooms; the chosen one stays chosen while it is there.
     void loadroomslist();
