@@ -17,6 +17,7 @@
 #include "data/codes.h"
 #include "platform/controls/ctdate.h"
 #include "platform/controls/cttaskpane.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/userstore.h"
@@ -291,6 +292,8 @@ void mdisched::cyclePanes(int direction) {
     };
     add(toolBar_, toolBar_->widgetForAction(today_));
     add(taskPane_, ctDate1_);
+    if (QWidget* first = notices_->FocusTarget())
+        add(notices_, first);
     if (view_ != nullptr)
         add(view_, view_->focusProxy() != nullptr ? view_->focusProxy() : view_);
     add(pnlsched_, pnlsched_);
@@ -318,7 +321,7 @@ void mdisched::closeEvent(QCloseEvent* event) {
         FormPosition(*this, FormMode::Set);
     if (!openingSize_ && TaskPaneShown() && ready_)
         WriteUserSetting(QString::fromLatin1(TaskPaneWidthSetting), QString::number(taskPane_->width()));
-    if (!unloadView()) {
+    if (!notices_->MayLeave() || !unloadView()) {
         event->ignore();
         return;
     }

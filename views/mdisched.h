@@ -12,6 +12,7 @@
 #include "views/mainwindow.h"
 #include "views/viewwindow.h"
 
+class NoticeBar;
 class QAction;
 class QLabel;
 class QSplitter;
@@ -25,6 +26,7 @@ class ctTaskPane;
 using ViewFactories = std::map<int, std::function<std::unique_ptr<ViewWindow>(MainWindow&)>>;
 
 /// The main window: toolbar, task pane with the month calendar, title, status panels, and one calendar view at a time.
+/// Between title and view stands what the user is told in passing (ShowNotice); it stays when the view is changed.
 ///
 /// Its keys: Ctrl+1 to Ctrl+6 the views, Ctrl+T today, Alt+Left and Alt+Right one step back and forward, F5 reload,
 /// Ctrl+N add, Ctrl+F find, Ctrl+P print, Ctrl+I check-in list, Ctrl+H hide names, Ctrl+L provider, Ctrl+, preferences,
@@ -123,6 +125,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     QSplitter* splitter_ = nullptr;
     QVBoxLayout* viewPlace_ = nullptr;
     QLabel* pnltitle_ = nullptr;
+    NoticeBar* notices_ = nullptr;
     QLabel* pnluser_ = nullptr;
     QToolButton* pnlsched_ = nullptr;
     QLabel* pnlaccess_ = nullptr;

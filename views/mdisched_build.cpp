@@ -10,6 +10,7 @@
 #include "followup/frmcheckedin.h"
 #include "platform/controls/ctdate.h"
 #include "platform/controls/cttaskpane.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/userstore.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
@@ -153,6 +154,12 @@ void mdisched::buildCentre() {
     pnltitle_->setFont(HeadingFont(2));
     pnltitle_->setContentsMargins(Space(12), Space(8), Space(12), Space(8));
     viewPlace_->addWidget(pnltitle_);
+    notices_ = new NoticeBar(right);
+    connect(notices_, &NoticeBar::FocusGivenBack, this, [this] {
+        if (view_ != nullptr)
+            view_->setFocus();
+    });
+    viewPlace_->addWidget(notices_);
 
     splitter_ = new QSplitter(Qt::Horizontal, this);
     splitter_->setObjectName(QStringLiteral("SSSplitter1"));

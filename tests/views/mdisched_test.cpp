@@ -10,6 +10,7 @@
 
 #include "people/frmsltpv.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/forms.h"
 #include "tests/views/mainwindowfixture.h"
 
@@ -527,6 +528,30 @@ TEST_F(MainWindowTest, F6GoesRoundThePanes) {
     EXPECT_TRUE(window->View()->hasFocus());
     QTest::keyClick(window.get(), Qt::Key_F6, Qt::ShiftModifier);
     EXPECT_TRUE(calendar().hasFocus());
+}
+
+TEST_F(MainWindowTest, ANoticeStandsBetweenTitleAndViewAndStaysWhenTheViewIsChanged) {
+    start();
+    const int before = window->View()->mapTo(window.get(), QPoint(0, 0)).y();
+    ShowNotice({QStringLiteral("The database is locked.")});
+    QApplication::processEvents();
+    auto& bar = the<NoticeBar>("noticebar");
+    EXPECT_GE(bar.mapTo(window.get(), QPoint(0, 0)).y(), the<QLabel>("pnltitle").mapTo(window.get(), QPoint(0, 0)).y());
+    EXPECT_EQ(window->View()->mapTo(window.get(), QPoint(0, 0)).y(), before + bar.height());
+    window->changeview(1);
+    EXPECT_TRUE(bar.isVisible());
+}
+
+TEST_F(MainWindowTest, F6ReachesTheNoticesAndEscapeGivesTheFocusBackToTheView) {
+    start();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ShowNotice({QStringLiteral("The database is locked.")});
+    window->View()->setFocus();
+    QTest::keyClick(window.get(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_TRUE(the<NoticeBar>("noticebar").isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(window->View()->hasFocus());
 }
 
 TEST_F(MainWindowTest, TabGoesWhereTheEyeGoes) {
