@@ -1,11 +1,33 @@
 #include "platform/database/connection.h"
 
+#include <algorithm>
+#include <atomic>
+#include <QLoggingCategory>
 #include <utility>
 
 #include "platform/database/connectiontext.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/statement.h"
 
 namespace db {
+
+namespace {
+
+Q_LOGGING_CATEGORY(tripLog, "svscheduler.trips", QtWarningMsg)
+
+std::atomic<qint64> trips{0};
+
+/// What is sent is told to whoever asked for it only: it holds the names of patients.
+void countTrip(const QString& sent) {
+    ++trips;
+    qCDebug(tripLog).noquote() << sent;
+}
+
+}  // namespace
+
+qint64 Connection::Trips() {
+    return trips;
+}
 
 Connection::~Connection() {
     Close();
@@ -23,6 +45,7 @@ void Connection::openEngine(const QString& connectionText, bool create) {
     if (engine_)
         throw DatabaseError(3705, QStringLiteral("Operation is not allowed when the object is open."));
     const ConnectionFields fields = ParseConnectionText(connectionText);
+    countTrip(QStringLiteral("(login)"));
     if (fields.contains(QStringLiteral("driver")))
         engine_ = OpenOdbc(connectionText);
     else if (const QString file = EmbeddedFile(fields); !file.isEmpty())
@@ -36,6 +59,8 @@ void Connection::Close() {
         Ignoring([this] { RollbackTrans(); });
     inTransaction_ = false;
     untold_.clear();
+    forgetRead();
+    described_.clear();
     engine_.reset();
 }
 
@@ -54,7 +79,7 @@ qint64 Connection::Execute(const QString& statement) {
 
 qint64 Connection::Execute(const QString& statement, const std::vector<Value>& bound) {
     RequireOneStatement(statement);
-    const qint64 rows = engine().execute(statement, bound);
+    const qint64 rows = send(statement, bound);
     if (const auto table = WrittenTable(statement))
         written({statement, *table, rows});
     return rows;
@@ -67,6 +92,8 @@ qint64 Connection::LastIdentity() {
 void Connection::BeginTrans() {
     if (inTransaction_)
         throw DatabaseError(-2147168237, QStringLiteral("Cannot start more transactions on this session."));
+    forgetRead();
+    countTrip(QStringLiteral("(begin)"));
     engine().begin();
     inTransaction_ = true;
 }
@@ -74,6 +101,8 @@ void Connection::BeginTrans() {
 void Connection::CommitTrans() {
     if (!inTransaction_)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
+    forgetRead();
+    countTrip(QStringLiteral("(commit)"));
     engine().commit();
     inTransaction_ = false;
     for (Write& write : std::exchange(untold_, {}))
@@ -83,9 +112,55 @@ void Connection::CommitTrans() {
 void Connection::RollbackTrans() {
     if (!inTransaction_)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
+    forgetRead();
+    countTrip(QStringLiteral("(rollback)"));
     engine().rollback();
     inTransaction_ = false;
     untold_.clear();
+}
+
+qint64 Connection::send(const QString& statement, const std::vector<Value>& bound) {
+    forgetRead();
+    countTrip(statement);
+    return engine().execute(statement, bound);
+}
+
+ResultTable Connection::read(const QString& statement, int mostRows) {
+    const ResultTable* known = mostRows == 0 ? readAlready(statement) : nullptr;
+    return known ? *known : query(statement, {}, mostRows);
+}
+
+ResultTable Connection::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
+    countTrip(statement);
+    return engine().query(statement, bound, mostRows);
+}
+
+std::vector<ResultTable> Connection::queryTogether(const QStringList& statements) {
+    if (!engine_ || statements.isEmpty())
+        return {};
+    countTrip(statements.join(QLatin1Char('\n')));
+    return engine_->queryTogether(statements);
+}
+
+const TableInfo& Connection::describe(const QString& table) {
+    if (const QString name = table.toLower(); !described_.contains(name)) {
+        countTrip(QStringLiteral("(columns of %1)").arg(table));
+        described_.insert(name);
+    }
+    return engine().describe(table);
+}
+
+const ResultTable* Connection::readAlready(const QString& statement) const {
+    for (const ReadTogether* together : together_) {
+        if (const auto found = together->read_.constFind(statement); found != together->read_.constEnd())
+            return &*found;
+    }
+    return nullptr;
+}
+
+void Connection::forgetRead() {
+    for (ReadTogether* together : std::as_const(together_))
+        together->read_.clear();
 }
 
 void Connection::written(Write write) {

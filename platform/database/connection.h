@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <QSet>
 #include <QString>
 #include <vector>
 
@@ -9,6 +10,8 @@
 #include "platform/database/error.h"
 
 namespace db {
+
+class ReadTogether;
 
 /// A write that went through, as an observer of the connection sees it.
 struct Write {
@@ -54,16 +57,36 @@ class Connection {
     /// after its commit.
     void Observe(std::function<void(const Write&)> observer) { observer_ = std::move(observer); }
 
+    /// How often the connections of this program asked a server since it started: every login, every statement, every
+    /// look into the catalogue, every begin and end of a transaction; statements that are read together count once. It
+    /// is the number of a SQL Server, where each costs the way there and back; the embedded engine counts alike. The
+    /// logging category "svscheduler.trips" tells each of them.
+    [[nodiscard]] static qint64 Trips();
+
   private:
     friend class Recordset;
+    friend class ReadTogether;
     Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
     void written(Write write);
     void openEngine(const QString& connectionText, bool create);
+    // The ways to the server.
+    qint64 send(const QString& statement, const std::vector<Value>& bound);
+    /// From what was read together, where the statement stands there, and all rows are wanted.
+    ResultTable read(const QString& statement, int mostRows);
+    ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0);
+    /// The tables of the statements before the first that failed; none while the connection is closed.
+    std::vector<ResultTable> queryTogether(const QStringList& statements);
+    const TableInfo& describe(const QString& table);
+    /// Nothing where the statement is none of those read together.
+    [[nodiscard]] const ResultTable* readAlready(const QString& statement) const;
+    void forgetRead();
 
     std::unique_ptr<Engine> engine_;
     std::function<void(const Write&)> observer_;
     bool inTransaction_ = false;
     std::vector<Write> untold_;  ///< Of the transaction that is open.
+    QList<ReadTogether*> together_;
+    QSet<QString> described_;  ///< The tables that the engine knows, in small letters.
 };
 
 }  // namespace db

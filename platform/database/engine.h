@@ -1,7 +1,7 @@
 #pragma once
 
 #include <memory>
-#include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "platform/database/resulttable.h"
@@ -38,6 +38,9 @@ class Engine {
     /// Runs one statement that gives rows and reads them whole, or no more than the first `mostRows` where that is
     /// above 0: the statement then stops there.
     virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0) = 0;
+    /// Runs several Selects, in one trip where the engine has trips, and gives the rows of those before the first that
+    /// fails. No failure of its own.
+    virtual std::vector<ResultTable> queryTogether(const QStringList& statements);
     virtual void begin() = 0;
     virtual void commit() = 0;
     /// No failure where a fault has ended the transaction already.

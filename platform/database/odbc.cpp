@@ -40,6 +40,7 @@ class OdbcEngine final : public Engine {
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
     ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override;
+    std::vector<ResultTable> queryTogether(const QStringList& statements) override;
     void begin() override;
     void commit() override { end(SQL_COMMIT); }
     void rollback() override { end(SQL_ROLLBACK); }
@@ -47,7 +48,8 @@ class OdbcEngine final : public Engine {
     qint64 lastIdentity() override;
 
   private:
-    void run(OdbcStatement& run, const QString& statement, const std::vector<Value>& bound) const;
+    void run(OdbcStatement& run, const QString& statement, const std::vector<Value>& bound);
+    void setUp();
     qint64 insertOnServer(const QString& statement, const std::vector<Value>& bound);
     void end(SQLSMALLINT how);
     void setAutocommit(SQLULEN on);
@@ -57,6 +59,7 @@ class OdbcEngine final : public Engine {
 
     OdbcHandle<SQL_HANDLE_DBC> connection_;
     bool sqlServer_ = false;
+    QString setUp_;  ///< Goes along with the first statement that reads, so that it costs no trip of its own.
     qint64 identity_ = 0;
     QHash<QString, TableInfo> tables_;
 };
@@ -73,7 +76,7 @@ OdbcEngine::OdbcEngine(const QString& odbcText) : connection_(environment()) {
                      .contains(QLatin1String("Microsoft SQL Server"));
     // A server may be set to tell no counts, by which a row that somebody else changed is noticed.
     if (sqlServer_)
-        execute(QStringLiteral("Set NoCount Off"), {});
+        setUp_ = QStringLiteral("Set NoCount Off\n");
 }
 
 OdbcEngine::~OdbcEngine() {
@@ -83,6 +86,7 @@ OdbcEngine::~OdbcEngine() {
 }
 
 qint64 OdbcEngine::execute(const QString& statement, const std::vector<Value>& bound) {
+    setUp();
     if (sqlServer_ && isInsert(statement))
         return insertOnServer(statement, bound);
     OdbcStatement sent(connection_.get());
@@ -104,6 +108,9 @@ qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Va
 }
 
 ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
+    // A statement with bound values is a procedure to the server, which takes settings back at its end.
+    if (!bound.empty())
+        setUp();
     OdbcStatement sent(connection_.get());
     run(sent, statement, bound);
     ResultTable rows = sent.rows(mostRows);
@@ -113,9 +120,32 @@ ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>
     return rows;
 }
 
-void OdbcEngine::run(OdbcStatement& sent, const QString& statement, const std::vector<Value>& bound) const {
+std::vector<ResultTable> OdbcEngine::queryTogether(const QStringList& statements) {
+    // Other drivers take one statement a call.
+    if (!sqlServer_)
+        return Engine::queryTogether(statements);
+    std::vector<ResultTable> tables;
+    const bool wentWell = Ignoring([&] {
+        OdbcStatement sent(connection_.get());
+        run(sent, statements.join(QLatin1Char('\n')), {});
+        sent.appendAllRows(tables);
+    });
+    // A result too many or too few, and nobody can say whose rows are whose.
+    if (wentWell && tables.size() != static_cast<std::size_t>(statements.size()))
+        tables.clear();
+    return tables;
+}
+
+void OdbcEngine::run(OdbcStatement& sent, const QString& statement, const std::vector<Value>& bound) {
     sent.bind(bound, sqlServer_);
-    sent.run(sqlServer_ ? WithServerTexts(statement) : statement);
+    sent.run(sqlServer_ ? setUp_ + WithServerTexts(statement) : statement);
+    setUp_.clear();
+}
+
+/// Before what cannot take it along.
+void OdbcEngine::setUp() {
+    if (!setUp_.isEmpty())
+        query(QString(), {}, 0);
 }
 
 void OdbcEngine::begin() {

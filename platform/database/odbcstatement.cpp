@@ -120,14 +120,11 @@ qint64 OdbcStatement::rowCount() const {
 }
 
 ResultTable OdbcStatement::rows(int most) {
-    SQLSMALLINT count = 0;
-    check(SQLNumResultCols(handle(), &count));
-    while (count == 0) {
+    while (columnCount() == 0) {
         const SQLRETURN more = SQLMoreResults(handle());
         check(more);
         if (more == SQL_NO_DATA)
             return ResultTable();
-        check(SQLNumResultCols(handle(), &count));
     }
     std::vector<SQLSMALLINT> types;
     ResultTable table(columns(types));
@@ -140,6 +137,14 @@ ResultTable OdbcStatement::rows(int most) {
             readCell(table, static_cast<SQLUSMALLINT>(i + 1), types[i]);
         if (table.rowCount() == most)
             return table;
+    }
+}
+
+void OdbcStatement::appendAllRows(std::vector<ResultTable>& tables) {
+    for (SQLRETURN more = SQL_SUCCESS; more != SQL_NO_DATA; check(more)) {
+        if (columnCount() > 0)
+            tables.push_back(rows());
+        more = SQLMoreResults(handle());
     }
 }
 
@@ -156,9 +161,14 @@ void OdbcStatement::check(SQLRETURN result) const {
         throw OdbcFailure(SQL_HANDLE_STMT, handle(), statement_);
 }
 
-std::vector<Column> OdbcStatement::columns(std::vector<SQLSMALLINT>& types) const {
+SQLSMALLINT OdbcStatement::columnCount() const {
     SQLSMALLINT count = 0;
     check(SQLNumResultCols(handle(), &count));
+    return count;
+}
+
+std::vector<Column> OdbcStatement::columns(std::vector<SQLSMALLINT>& types) const {
+    const SQLSMALLINT count = columnCount();
     std::vector<Column> columns;
     for (SQLUSMALLINT i = 1; i <= count; ++i) {
         SQLLEN type = 0;

@@ -25,6 +25,8 @@ class OdbcStatement {
     [[nodiscard]] qint64 rowCount() const;
     /// The rows of the first result that has columns, read whole or, where `most` is above 0, no more than so many.
     ResultTable rows(int most = 0);
+    /// Of every result that has columns; those before a failure have been appended when it is thrown.
+    void appendAllRows(std::vector<ResultTable>& tables);
     /// Takes what is left of the results, where a failure may still hide.
     void finish();
 
@@ -39,6 +41,7 @@ class OdbcStatement {
     void bindOne(SQLUSMALLINT place, Bound& bound, const Value& value, bool dateTimesAsText);
     void bindText(SQLUSMALLINT place, Bound& bound);
     void check(SQLRETURN result) const;
+    [[nodiscard]] SQLSMALLINT columnCount() const;
     [[nodiscard]] std::vector<Column> columns(std::vector<SQLSMALLINT>& types) const;
     void readCell(ResultTable& table, SQLUSMALLINT column, SQLSMALLINT type) const;
     void readBytes(ResultTable& table, SQLUSMALLINT column, SQLSMALLINT cType) const;

@@ -45,12 +45,13 @@ Source sourceNamed(const SelectShape& shape, const QString& name) {
 }
 
 /// The source of each column as the statement tells it; empty ones where the columns cannot be counted.
-std::vector<Source> sourcesOfColumns(const QString& statement, Engine& engine, std::size_t columnCount) {
+template <typename Describe>
+std::vector<Source> sourcesOfColumns(const QString& statement, std::size_t columnCount, const Describe& describe) {
     const SelectShape shape = ShapeOfSelect(statement);
     std::vector<Source> told;
     const auto appendAll = [&](const Source& source) {
         if (!source.table.isEmpty())
-            told.insert(told.end(), engine.describe(source.table).columns.size(), source);
+            told.insert(told.end(), describe(source.table).columns.size(), source);
     };
     for (const SelectShape::Item& item : shape.items) {
         if (!item.all)
@@ -74,7 +75,7 @@ QString singleTable(const QString& statement) {
 void Recordset::Open(const QString& statement, Connection& connection, Lock lock, int maxRecords) {
     Close();
     RequireOneStatement(statement);
-    table_ = connection.engine().query(statement, {}, maxRecords);
+    table_ = connection.read(statement, maxRecords);
     connection_ = &connection;
     statement_ = statement;
     if (lock == Lock::Optimistic)
@@ -182,7 +183,10 @@ int Recordset::columnIndex(QAnyStringView name) const {
 int Recordset::columnOfTable(const QString& table, const QString& name) const {
     const std::vector<Column>& columns = table_.columns();
     if (origins_.empty()) {
-        for (const Source& source : sourcesOfColumns(statement_, connection_->engine(), columns.size()))
+        const auto describe = [this](const QString& source) -> const TableInfo& {
+            return connection_->describe(source);
+        };
+        for (const Source& source : sourcesOfColumns(statement_, columns.size(), describe))
             origins_.push_back({source.alias, source.table});
     }
     const auto find = [&](const auto& isOfTable) {

@@ -121,7 +121,7 @@ void Recordset::dropChanges() {
 }
 
 const TableInfo& Recordset::base() const {
-    return connection_->engine().describe(baseTable_);
+    return connection_->describe(baseTable_);
 }
 
 const ColumnInfo* Recordset::baseColumn(int column) const {
@@ -163,11 +163,10 @@ void Recordset::insertRow() {
     bound.statement = QStringLiteral("Insert Into %1 (%2) Values (%3)")
                           .arg(bracketed(baseTable_), names.join(QLatin1String(", ")),
                                QStringList(names.size(), QStringLiteral("?")).join(QLatin1String(", ")));
-    Engine& engine = connection_->engine();
-    const qint64 rows = engine.execute(bound.statement, bound.values);
+    const qint64 rows = connection_->send(bound.statement, bound.values);
     const QString& identity = base().identityColumn;
     if (const int column = identity.isEmpty() ? -1 : columnIndex(identity); column >= 0)
-        table_.set(row_, column, engine.lastIdentity());
+        table_.set(row_, column, connection_->LastIdentity());
     adding_ = false;
     changes_.clear();
     // The row is written: what cannot be read back of it is no failure of the write.
@@ -190,7 +189,7 @@ void Recordset::updateRow(const std::vector<Change>& changed) {
 }
 
 qint64 Recordset::send(const Bound& bound) {
-    const qint64 rows = connection_->engine().execute(bound.statement, bound.values);
+    const qint64 rows = connection_->send(bound.statement, bound.values);
     if (rows == 0)
         throw RowChangedError(bound.statement);
     return rows;
@@ -207,7 +206,7 @@ void Recordset::rereadRow() {
     }
     Bound bound{QStringLiteral("Select %1 From %2").arg(names.join(QLatin1String(", ")), bracketed(baseTable_)), {}};
     locate(bound, Compare::Key);
-    const ResultTable read = connection_->engine().query(bound.statement, bound.values);
+    const ResultTable read = connection_->query(bound.statement, bound.values);
     if (read.rowCount() != 1)
         return;
     for (std::size_t i = 0; i < columns.size(); ++i)

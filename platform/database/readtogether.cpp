@@ -1,0 +1,29 @@
+#include "platform/database/readtogether.h"
+
+#include "platform/database/connection.h"
+#include "platform/database/statement.h"
+
+namespace db {
+
+ReadTogether::ReadTogether(Connection& connection, const QStringList& statements) : connection_(connection) {
+    QStringList wanted;
+    for (const QString& statement : statements) {
+        // One with a quote left open would take in what stands behind it.
+        const bool isWhole = Ignoring([&] { RequireOneStatement(statement); });
+        if (!isWhole || statement.isEmpty() || wanted.contains(statement) || connection.readAlready(statement))
+            continue;
+        if (!Tokens(statement).front().is(QLatin1String("Select")))
+            throw std::logic_error("Only a Select is read together with others: " + statement.toStdString());
+        wanted << statement;
+    }
+    std::vector<ResultTable> tables = connection.queryTogether(wanted);
+    for (std::size_t i = 0; i < tables.size(); ++i)
+        read_.insert(wanted[static_cast<qsizetype>(i)], std::move(tables[i]));
+    connection.together_.push_back(this);
+}
+
+ReadTogether::~ReadTogether() {
+    connection_.together_.removeOne(this);
+}
+
+}  // namespace db
