@@ -55,10 +55,8 @@ void Connection::openEngine(const QString& connectionText, bool create) {
 }
 
 void Connection::Close() {
-    if (inTransaction_)
+    if (transaction_ != Transaction::None)
         Ignoring([this] { RollbackTrans(); });
-    inTransaction_ = false;
-    untold_.clear();
     forgetRead();
     described_.clear();
     engine_.reset();
@@ -71,6 +69,36 @@ Engine& Connection::engine() {
             QStringLiteral(
                 "The connection cannot be used to perform this operation. It is either closed or invalid in this context."));
     return *engine_;
+}
+
+template <typename Step>
+auto Connection::atEngine(const QString& sent, Step&& step) {
+    requireWholeTransaction();
+    countTrip(sent);
+    try {
+        return step(engine());
+    } catch (const DatabaseError&) {
+        noteEndedTransaction();
+        throw;
+    }
+}
+
+void Connection::requireWholeTransaction() const {
+    if (transaction_ == Transaction::Ended)
+        throw DatabaseError(
+            3930,
+            QStringLiteral(
+                "The database has ended the transaction because of an error before. Nothing of the transaction is saved."));
+}
+
+void Connection::noteEndedTransaction() {
+    if (transaction_ != Transaction::Open)
+        return;
+    bool open = false;
+    countTrip(QStringLiteral("(transaction?)"));
+    Ignoring([&] { open = engine_->inTransaction(); });
+    if (!open)
+        transaction_ = Transaction::Ended;
 }
 
 qint64 Connection::Execute(const QString& statement) {
@@ -90,39 +118,34 @@ qint64 Connection::LastIdentity() {
 }
 
 void Connection::BeginTrans() {
-    if (inTransaction_)
+    if (transaction_ != Transaction::None)
         throw DatabaseError(-2147168237, QStringLiteral("Cannot start more transactions on this session."));
     forgetRead();
-    countTrip(QStringLiteral("(begin)"));
-    engine().begin();
-    inTransaction_ = true;
+    atEngine(QStringLiteral("(begin)"), [](Engine& engine) { engine.begin(); });
+    transaction_ = Transaction::Open;
 }
 
 void Connection::CommitTrans() {
-    if (!inTransaction_)
+    if (transaction_ == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
     forgetRead();
-    countTrip(QStringLiteral("(commit)"));
-    engine().commit();
-    inTransaction_ = false;
+    atEngine(QStringLiteral("(commit)"), [](Engine& engine) { engine.commit(); });
+    transaction_ = Transaction::None;
     for (Write& write : std::exchange(untold_, {}))
         written(std::move(write));
 }
 
 void Connection::RollbackTrans() {
-    if (!inTransaction_)
+    if (std::exchange(transaction_, Transaction::None) == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
     forgetRead();
-    countTrip(QStringLiteral("(rollback)"));
-    engine().rollback();
-    inTransaction_ = false;
     untold_.clear();
+    atEngine(QStringLiteral("(rollback)"), [](Engine& engine) { engine.rollback(); });
 }
 
 qint64 Connection::send(const QString& statement, const std::vector<Value>& bound) {
     forgetRead();
-    countTrip(statement);
-    return engine().execute(statement, bound);
+    return atEngine(statement, [&](Engine& engine) { return engine.execute(statement, bound); });
 }
 
 ResultTable Connection::read(const QString& statement, int mostRows) {
@@ -131,15 +154,17 @@ ResultTable Connection::read(const QString& statement, int mostRows) {
 }
 
 ResultTable Connection::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
-    countTrip(statement);
-    return engine().query(statement, bound, mostRows);
+    return atEngine(statement, [&](Engine& engine) { return engine.query(statement, bound, mostRows); });
 }
 
 std::vector<ResultTable> Connection::queryTogether(const QStringList& statements) {
     if (!engine_ || statements.isEmpty())
         return {};
-    countTrip(statements.join(QLatin1Char('\n')));
-    return engine_->queryTogether(statements);
+    std::vector<ResultTable> tables =
+        atEngine(statements.join(QLatin1Char('\n')), [&](Engine& engine) { return engine.queryTogether(statements); });
+    if (tables.size() < static_cast<std::size_t>(statements.size()))
+        noteEndedTransaction();
+    return tables;
 }
 
 const TableInfo& Connection::describe(const QString& table) {
@@ -166,7 +191,7 @@ void Connection::forgetRead() {
 void Connection::written(Write write) {
     if (!observer_)
         return;
-    if (inTransaction_)
+    if (transaction_ != Transaction::None)
         untold_.push_back(std::move(write));
     else
         observer_(write);

@@ -48,9 +48,13 @@ class Connection {
     qint64 Execute(const QString& statement, const std::vector<Value>& bound);
     /// The key that the database gave to the row inserted last on this connection.
     [[nodiscard]] qint64 LastIdentity();
-    /// One transaction at a time: a second BeginTrans is an error. A commit that fails leaves it open.
+    /// One transaction at a time: a second BeginTrans is an error. A commit that fails leaves it to be rolled back.
+    ///
+    /// Some faults make the database itself end the transaction (a deadlock, a text that is no number, a full disk).
+    /// Until RollbackTrans, every statement and the commit are then refused with 3930: they would be stored alone.
     void BeginTrans();
     void CommitTrans();
+    /// The transaction is over afterwards, even where the database refuses.
     void RollbackTrans();
 
     /// Every write, by Execute or by a Recordset, is told to the observer after it went through: those of a transaction
@@ -66,10 +70,16 @@ class Connection {
   private:
     friend class Recordset;
     friend class ReadTogether;
+    enum class Transaction { None, Open, Ended };  ///< Ended by the database, and not yet rolled back here.
+
     Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
     void written(Write write);
     void openEngine(const QString& connectionText, bool create);
-    // The ways to the server.
+    void requireWholeTransaction() const;
+    void noteEndedTransaction();
+    /// Every way to the server goes through here.
+    template <typename Step>
+    auto atEngine(const QString& sent, Step&& step);
     qint64 send(const QString& statement, const std::vector<Value>& bound);
     /// From what was read together, where the statement stands there, and all rows are wanted.
     ResultTable read(const QString& statement, int mostRows);
@@ -83,7 +93,7 @@ class Connection {
 
     std::unique_ptr<Engine> engine_;
     std::function<void(const Write&)> observer_;
-    bool inTransaction_ = false;
+    Transaction transaction_ = Transaction::None;
     std::vector<Write> untold_;  ///< Of the transaction that is open.
     QList<ReadTogether*> together_;
     QSet<QString> described_;  ///< The tables that the engine knows, in small letters.

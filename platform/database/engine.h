@@ -13,8 +13,8 @@ struct ColumnInfo {
     ColumnType type = ColumnType::Text;
     int maxLength = 0;  ///< Characters of a text column; 0 for no limit.
     bool nullable = true;
-    /// A value read from it equals itself when it is sent back: no reals, money, unlimited text, finer-than-millisecond
-    /// times.
+    /// A value read from it equals itself when it is sent back: no reals, money, unlimited text, times that are finer
+    /// than a three hundredth of a second.
     bool comparable = true;
 };
 
@@ -42,9 +42,12 @@ class Engine {
     /// fails. No failure of its own.
     virtual std::vector<ResultTable> queryTogether(const QStringList& statements);
     virtual void begin() = 0;
+    /// Fails where a fault has ended the transaction already.
     virtual void commit() = 0;
     /// No failure where a fault has ended the transaction already.
     virtual void rollback() = 0;
+    /// Whether the transaction is still open: a fault may have ended it. Asks the database.
+    [[nodiscard]] virtual bool inTransaction() = 0;
     /// From the schema, kept for the session. An unknown table is error 208.
     virtual const TableInfo& describe(const QString& table) = 0;
     /// The key that the last insert of this session was given.

@@ -42,8 +42,9 @@ class OdbcEngine final : public Engine {
     ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override;
     std::vector<ResultTable> queryTogether(const QStringList& statements) override;
     void begin() override;
-    void commit() override { end(SQL_COMMIT); }
-    void rollback() override { end(SQL_ROLLBACK); }
+    void commit() override;
+    void rollback() override;
+    [[nodiscard]] bool inTransaction() override;
     const TableInfo& describe(const QString& table) override;
     qint64 lastIdentity() override;
 
@@ -51,7 +52,7 @@ class OdbcEngine final : public Engine {
     void run(OdbcStatement& run, const QString& statement, const std::vector<Value>& bound);
     void setUp();
     qint64 insertOnServer(const QString& statement, const std::vector<Value>& bound);
-    void end(SQLSMALLINT how);
+    void endByDriver(SQLSMALLINT how);
     void setAutocommit(SQLULEN on);
     [[nodiscard]] TableInfo describeOnServer(const QString& table);
     [[nodiscard]] TableInfo describeByDriver(const QString& table) const;
@@ -148,11 +149,35 @@ void OdbcEngine::setUp() {
         query(QString(), {}, 0);
 }
 
+// A SQL Server ends a transaction by itself after some faults. The driver knows nothing of it: it would go on without
+// autocommit, so that everything written later would be lost. Plain statements leave the say to the server.
 void OdbcEngine::begin() {
-    setAutocommit(SQL_AUTOCOMMIT_OFF);
+    if (sqlServer_)
+        query(QStringLiteral("Begin Transaction"), {}, 0);
+    else
+        setAutocommit(SQL_AUTOCOMMIT_OFF);
 }
 
-void OdbcEngine::end(SQLSMALLINT how) {
+void OdbcEngine::commit() {
+    if (sqlServer_)
+        execute(QStringLiteral("Commit Transaction"), {});
+    else
+        endByDriver(SQL_COMMIT);
+}
+
+void OdbcEngine::rollback() {
+    if (sqlServer_)
+        execute(QStringLiteral("If @@TranCount > 0 Rollback Transaction"), {});
+    else
+        endByDriver(SQL_ROLLBACK);
+}
+
+/// Of another database nothing is known but what it was told.
+bool OdbcEngine::inTransaction() {
+    return !sqlServer_ || query(QStringLiteral("Select @@TranCount"), {}, 0).at(0, 0).integer() > 0;
+}
+
+void OdbcEngine::endByDriver(SQLSMALLINT how) {
     check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), how));
     setAutocommit(SQL_AUTOCOMMIT_ON);
 }
@@ -206,7 +231,7 @@ TableInfo OdbcEngine::describeOnServer(const QString& table) {
         if (texts.contains(type) && bytes > 0)
             column.maxLength = type.startsWith(QLatin1Char('n')) ? bytes / 2 : bytes;
         column.nullable = rows.at(row, 3).boolean();
-        const bool fineTime = type == QLatin1String("datetime2") && rows.at(row, 5).integer() > 3;
+        const bool fineTime = type == QLatin1String("datetime2") && rows.at(row, 5).integer() > 0;
         column.comparable = (types.contains(type) || texts.contains(type)) && !fineTime;
         if (rows.at(row, 4).boolean())
             info.identityColumn = column.name;

@@ -214,13 +214,13 @@ std::optional<ResultTable> EmbeddedEngine::readRows(const QString& text, Stateme
 }
 
 void EmbeddedEngine::begin() {
-    if (sqlite3_get_autocommit(handle_.get()) == 0)
+    if (inTransaction())
         throw DatabaseError(-2147168237, QStringLiteral("Only one transaction can be active on this session."));
     runOwn("Begin Immediate");
 }
 
 void EmbeddedEngine::commit() {
-    if (sqlite3_get_autocommit(handle_.get()) != 0)
+    if (!inTransaction())
         throw DatabaseError(3902,
                             QStringLiteral("The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."));
     runOwn("Commit");
@@ -228,10 +228,14 @@ void EmbeddedEngine::commit() {
 
 void EmbeddedEngine::rollback() {
     // SQLite may have ended the transaction itself, as when the disk was full.
-    if (sqlite3_get_autocommit(handle_.get()) == 0)
+    if (inTransaction())
         runOwn("Rollback");
     // A table made within the transaction is gone with it.
     forgetSchema();
+}
+
+bool EmbeddedEngine::inTransaction() {
+    return sqlite3_get_autocommit(handle_.get()) == 0;
 }
 
 const TableInfo& EmbeddedEngine::describe(const QString& table) {

@@ -28,6 +28,7 @@ class EmbeddedEngine final : public Engine {
     void begin() override;
     void commit() override;
     void rollback() override;
+    [[nodiscard]] bool inTransaction() override;
     const TableInfo& describe(const QString& table) override;
     qint64 lastIdentity() override;
 
