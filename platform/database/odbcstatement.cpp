@@ -17,8 +17,8 @@ QByteArray isoText(const SQL_TIMESTAMP_STRUCT& read) {
     const QDateTime moment(
         QDate(read.year, read.month, read.day),
         QTime(read.hour, read.minute, read.second, static_cast<int>(read.fraction / nanosecondsOfOne)));
-    if (const auto held = ToServerDateTime(moment))
-        return IsoText(*held);
+    if (const auto kept = ToServerDateTime(moment))
+        return IsoText(*kept);
     return moment.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")).toLatin1();
 }
 
@@ -33,6 +33,12 @@ SQL_TIMESTAMP_STRUCT timestamp(const QDateTime& moment) {
     bound.second = static_cast<SQLUSMALLINT>(moment.time().second());
     bound.fraction = static_cast<SQLUINTEGER>(moment.time().msec()) * nanosecondsOfOne;
     return bound;
+}
+
+/// As the server will keep it, so that what was sent equals what is read back; as it stands where no server takes it.
+QDateTime held(const QDateTime& moment) {
+    const auto kept = ToServerDateTime(moment);
+    return kept ? ToDateTime(*kept) : moment;
 }
 
 QString attribute(SQLHANDLE handle, SQLUSMALLINT column, SQLUSMALLINT field) {
@@ -89,10 +95,10 @@ void OdbcStatement::bindOne(SQLUSMALLINT place, Bound& bound, const Value& value
         bound.real = *number;
         bindAs(SQL_C_DOUBLE, SQL_DOUBLE, 15, 0, &bound.real);
     } else if (const auto* moment = std::get_if<QDateTime>(&value.data()); moment && dateTimesAsText) {
-        bound.text = moment->toString(QStringLiteral("yyyy-MM-ddThh:mm:ss.zzz"));
+        bound.text = held(*moment).toString(QStringLiteral("yyyy-MM-ddThh:mm:ss.zzz"));
         bindText(place, bound);
     } else if (moment) {
-        bound.moment = timestamp(*moment);
+        bound.moment = timestamp(held(*moment));
         bindAs(SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, 23, 3, &bound.moment);
     } else {
         bound.integer = value.integer();

@@ -346,3 +346,25 @@ TEST_P(DatabaseContract, ASecondStatementIsRefusedBeforeAnythingIsSent) {
     EXPECT_EQ(FailureOf([&] { connection_.Execute("Delete from Visits Where cappttext = 'x"); }).number, 105);
     EXPECT_EQ(count(), 1);
 }
+
+TEST_P(DatabaseContract, ARowAddedWithTheTimeOfTheClockCanBeChangedAtOnceAndIsFoundByThatTime) {
+    for (int milliseconds = 120; milliseconds < 130; ++milliseconds) {
+        const QDateTime moment(QDate(2026, 11, 18), QTime(10, 15, 30, milliseconds));
+        SCOPED_TRACE(milliseconds);
+        Recordset rows("Select * from Visits Where 0=1", connection_, Lock::Optimistic);
+        rows.AddNew();
+        rows.Set("dapptdate", moment);
+        rows.Update();
+        const QDateTime kept = rows["dapptdate"].dateTime();
+        EXPECT_LE(qAbs(kept.msecsTo(moment)), 2);
+        EXPECT_NO_THROW({
+            rows.Set("cappttext", "Ann");
+            rows.Update();
+        });
+        Recordset again("Select * from Visits Where cappttext = 'Ann'", connection_, Lock::Optimistic);
+        ASSERT_EQ(again.RecordCount(), 1);
+        EXPECT_EQ(again["dapptdate"].dateTime(), kept);
+        EXPECT_EQ(connection_.Execute("Update Visits Set cappttext = 'Bob' Where dapptdate = ?", {moment}), 1);
+        connection_.Execute("Delete from Visits");
+    }
+}
