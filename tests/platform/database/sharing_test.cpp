@@ -7,6 +7,7 @@
 #include "platform/database/connection.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "tests/support/testdatabase.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ class SharedFile : public testing::Test {
         return static_cast<int>(rows[0].integer());
     }
 
-    QTemporaryDir folder_;
+    QTemporaryDir folder_{TestFolderTemplate()};
     QString text_ = QStringLiteral("Data Source=%1;Initial Catalog=shared").arg(folder_.path());
     db::Connection connection_;
 };
@@ -44,7 +45,7 @@ class SharedFile : public testing::Test {
 
 TEST_F(SharedFile, SeveralDesksWriteAtOnceAndNothingIsLost) {
     constexpr int desks = 4;
-    constexpr int steps = 4'000;
+    constexpr int steps = 1'000;
     std::vector<std::unique_ptr<QProcess>> running;
     running.reserve(desks);
     for (int i = 0; i < desks; ++i)
