@@ -2,9 +2,10 @@
 
 # README.md tells what each package is for.
 BUILD_PACKAGES="build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools
-libqt6svg6 libsqlite3-dev unixodbc-dev unixodbc tdsodbc libgtest-dev libbenchmark-dev fonts-dejavu-core"
-# Only the tests use these.
-TEST_PACKAGES="libsqliteodbc xvfb xdotool dbus-daemon libical-dev"
+libqt6svg6 libsqlite3-dev unixodbc-dev unixodbc tdsodbc fonts-dejavu-core"
+# Only the tests use these, and only the benchmarks that one.
+TEST_PACKAGES="libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev"
+BENCH_PACKAGES="libbenchmark-dev"
 
 say() { printf '%s\n' "$*" >&2; }
 
@@ -31,19 +32,72 @@ install_packages() {
     say "Installing: $missing"
     $as_root apt-get update -qq >/dev/null || true
     # shellcheck disable=SC2086
-    if ! DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null; then
+    if ! { DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y -qq --no-install-recommends \
+        -o APT::Status-Fd=1 $missing | apt_progress; }; then
         say "Installing failed. 'apt-get install $missing' tells why."
         return 1
     fi
 }
 
-# build PRESET [TARGET...]: configures once and builds; the output is shown only when something fails.
+# Shows how far something is: lines "PERCENT TEXT" become one line that is written over on a terminal, and a line each
+# ten percent elsewhere.
+show_progress() {
+    local percent text last=-1 width
+    width=$(($(tput cols 2>/dev/null || echo 80) - 1))
+    while read -r percent text; do
+        if [ -t 2 ]; then
+            printf '\r\033[K%.*s' "$width" "  $percent % $text" >&2
+        elif [ $((percent / 10)) -ne "$last" ]; then
+            say "  $percent % $text"
+        fi
+        last=$((percent / 10))
+    done
+    if [ -t 2 ]; then printf '\r\033[K' >&2; fi
+}
+
+# What apt-get tells of itself ("dlstatus:1:12.5:Retrieving file 1 of 90") as progress; the download is the first half,
+# and what the packages print between is passed over.
+apt_progress() {
+    local kind package percent text
+    while IFS=: read -r kind package percent text; do
+        case "$kind" in
+            dlstatus) printf '%d downloading\n' "$((${percent%.*} / 2))" ;;
+            pmstatus) printf '%d %s\n' "$((50 + ${percent%.*} / 2))" "${text:-$package}" ;;
+        esac
+    done | show_progress
+}
+
+# What the build tells ("[12/345] Building ...") as progress; all of it goes to the file.
+build_progress() {
+    local line
+    while IFS= read -r line; do
+        printf '%s\n' "$line" >>"$1"
+        [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] &&
+            printf '%d (step %d of %d)\n' "$((BASH_REMATCH[1] * 100 / BASH_REMATCH[2]))" "${BASH_REMATCH[1]}" "${BASH_REMATCH[2]}"
+    done | show_progress
+}
+
+# configure PRESET [SVS_TESTS|SVS_BENCHMARKS]: makes the build folder, with the tests or the benchmarks where they are
+# asked for, so that the program alone needs none of their packages. A folder that has more than is asked for stays.
+configure() {
+    local preset=$1 part=${2:-} options="-DSVS_TESTS=OFF -DSVS_BENCHMARKS=OFF"
+    if [ -f "build/$preset/build.ninja" ]; then
+        [ -z "$part" ] && return 0
+        grep -qx "$part:BOOL=ON" "build/$preset/CMakeCache.txt" && return 0
+        options=""
+    fi
+    # shellcheck disable=SC2086
+    cmake --preset "$preset" $options ${part:+"-D$part=ON"}
+}
+
+# build PRESET PART [TARGET...]: configures what is asked for ("" for the program alone) and builds; shows how far it is,
+# and what the compiler says only when something fails.
 build() {
-    local preset=$1 log
-    shift
+    local preset=$1 part=$2 log
+    shift 2
     log=$(mktemp)
-    if { [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"; } >"$log" 2>&1 &&
-        cmake --build --preset "$preset" ${1:+--target "$@"} >"$log" 2>&1; then
+    if configure "$preset" "$part" >"$log" 2>&1 &&
+        cmake --build --preset "$preset" ${1:+--target "$@"} 2>&1 | build_progress "$log"; then
         rm -f "$log"
         return 0
     fi
