@@ -59,7 +59,7 @@ struct SessionValues {
     bool IsNewAppt = false;
     int CurrentApptKey = 0;
     int ActivityKey = 0;  ///< The Activity that the Activity Scheduler edits; 0 for a new one.
-    int CheckInKey = 0;  ///< The appointment being checked in; 0 after the user gave it up.
+    int CheckInKey = 0;   ///< The appointment being checked in; 0 after the user gave it up.
     int CurrentTaskId = 0;
     QString NewPatientId;  ///< The patient that frmnewpat saved; cleared by who opens it.
 };

@@ -67,8 +67,7 @@ TEST_F(GroupSave, ANewGroupAppointmentIsOneRowWithARowForEachScheduledMember) {
 TEST_F(GroupSave, ANewGroupAppointmentIsAudited) {
     openNewGroup(QStringLiteral("Anger"));
     ok();
-    EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")),
-              QStringLiteral("Add Appointment"));
+    EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")), QStringLiteral("Add Appointment"));
     EXPECT_EQ(database.text(QStringLiteral("Select LogDescription from AuditLog")),
               QStringLiteral("Added Group Appointment of %1 for Anger").arg(dialog->ctedate->Text()));
 }
@@ -106,8 +105,7 @@ TEST_F(GroupSave, AnEditWritesTheRowAndItsAttendance) {
     EXPECT_EQ(stored(key), QStringLiteral("570-660 2026-03-11 Anger @ Annex"));
     EXPECT_EQ(members(key), QStringLiteral("x Abel, Ann k; x Baker, Bo k"));
     EXPECT_EQ(column("lastmodifieduid", key), QStringLiteral("FRONT"));
-    EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")),
-              QStringLiteral("Modify Appointment"));
+    EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")), QStringLiteral("Modify Appointment"));
     EXPECT_EQ(database.text(QStringLiteral("Select LogDescription from AuditLog")),
               QStringLiteral("Modified Group Appointment of %1 for Anger").arg(dialog->ctedate->Text()));
 }
@@ -295,8 +293,7 @@ TEST_F(GroupSave, ARoomThatCannotBeBookedIsToldAndTheNextOkCompletesTheSameRow) 
     EXPECT_EQ(rowCount("appointments"), 1);
     EXPECT_EQ(rowCount("roomschedule"), 1);
     EXPECT_EQ(members(newestKey()), QStringLiteral("x Abel, Ann; x Baker, Bo"));
-    EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")),
-              QStringLiteral("Add Appointment"));
+    EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")), QStringLiteral("Add Appointment"));
 }
 
 TEST_F(GroupSave, MembersThatCannotBeAddedAreToldAndTheNextOkGivesThemToTheSameRow) {
