@@ -100,12 +100,12 @@ qint64 OdbcEngine::execute(const QString& statement, const std::vector<Value>& b
 /// The key that the server gave can be asked for in the statement's own batch alone.
 qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Value>& bound) {
     OdbcStatement sent(connection_.get());
-    run(sent, statement + QStringLiteral("\nSelect Cast(Scope_Identity() As bigint)"), bound);
-    const qint64 rows = sent.rowCount();
-    const ResultTable key = sent.rows();
+    // The driver tells no count where values are bound.
+    run(sent, statement + QStringLiteral("\nSelect Cast(Scope_Identity() As bigint), @@RowCount"), bound);
+    const ResultTable told = sent.rows();
     sent.finish();
-    identity_ = key.rowCount() == 0 ? 0 : key.at(0, 0).integer();
-    return rows;
+    identity_ = told.rowCount() == 0 ? 0 : told.at(0, 0).integer();
+    return told.rowCount() == 0 ? 0 : told.at(0, 1).integer();
 }
 
 ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <sqlite3.h>
 #include <stdexcept>
@@ -9,37 +10,45 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 
-namespace {
-
-void emptyServer(db::Connection& connection, SchemaScript script) {
-    if (ExistingSchemaTable(connection, script).isEmpty()) {
-        ApplySchema(connection, script);
-        return;
-    }
-    const QStringList tables = SchemaTables(script);
-    for (const QString& table : tables)
-        connection.Execute(db::Sql("Truncate Table {}", db::Raw{table}));
-}
-
-}  // namespace
-
 QString TestFolderTemplate() {
     const QString inMemory = QStringLiteral("/dev/shm");
     return (QFileInfo(inMemory).isWritable() ? inMemory : QDir::tempPath()) + QStringLiteral("/svs-test-XXXXXX");
 }
 
-TestDatabase::TestDatabase(SchemaScript script)
-    : folder_(TestFolderTemplate()),
-      connectionText_(qEnvironmentVariable(script == SchemaScript::Main ? "SVSCHEDULER_TEST_DATABASE"
-                                                                        : "SVSCHEDULER_TEST_COMPANION")) {
-    if (!connectionText_.isEmpty()) {
-        connection_.Open(connectionText_);
-        emptyServer(connection_, script);
+namespace {
+
+bool changesTables(const QString& statement) {
+    static const QRegularExpression change(QStringLiteral("^(Create|Alter|Drop) (Table|Index|Trigger (?!refuse))"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return change.match(statement).hasMatch();
+}
+
+}  // namespace
+
+TestDatabase::TestDatabase(SchemaScript script) : folder_(TestFolderTemplate()) {
+    const QString serverText =
+        qEnvironmentVariable(script == SchemaScript::Main ? "SVSCHEDULER_TEST_DATABASE" : "SVSCHEDULER_TEST_COMPANION");
+    if (!serverText.isEmpty()) {
+        server_.emplace(serverText, script, connection_);
+        connectionText_ = server_->connectionText();
+        connection_.Observe([this](const db::Write& write) {
+            if (changesTables(write.statement))
+                server_->setTablesChanged();
+        });
         return;
     }
     connectionText_ = QStringLiteral("Data Source=%1;Initial Catalog=test").arg(folder_.path());
     connection_.Create(connectionText_);
     ApplySchema(connection_, script);
+}
+
+TestDatabase::~TestDatabase() {
+    const auto takeBack = [this] {
+        for (const QString& trigger : std::as_const(triggers_))
+            connection_.Execute(db::Sql("Drop Trigger {}", db::Raw{trigger}));
+    };
+    if (server_ && !db::Ignoring(takeBack))
+        server_->setTablesChanged();
 }
 
 QString TestDatabase::text(const QString& statement) {
@@ -53,19 +62,33 @@ qint64 TestDatabase::number(const QString& statement) {
 }
 
 QString TestDatabase::refuse(const QString& operation, const QString& table) {
-    runInFile(QStringLiteral("Create Trigger refuse%1%2 Before %1 On %2 Begin Select Raise(Abort, 'Refused'); End")
-                  .arg(operation, table));
-    return QStringLiteral("The %1 statement conflicted with a CHECK constraint.").arg(operation.toUpper());
+    const QString reason =
+        QStringLiteral("The %1 statement conflicted with a CHECK constraint.").arg(operation.toUpper());
+    if (!server_) {
+        runInFile(QStringLiteral("Create Trigger refuse%1%2 Before %1 On %2 Begin Select Raise(Abort, 'Refused'); End")
+                      .arg(operation, table));
+        return reason;
+    }
+    connection_.Execute(
+        db::Sql("Create Trigger refuse{}{} On {} After {} As Begin RaisError('{}', 16, 1) Rollback Transaction End",
+                db::Raw{operation}, db::Raw{table}, db::Raw{table}, db::Raw{operation}, reason));
+    triggers_.append(QLatin1String("refuse") + operation + table);
+    return reason;
 }
 
 void TestDatabase::allow(const QString& operation, const QString& table) {
-    runInFile(QStringLiteral("Drop Trigger refuse%1%2").arg(operation, table));
+    const QString trigger = QLatin1String("refuse") + operation + table;
+    const QString statement = db::Sql("Drop Trigger {}", db::Raw{trigger});
+    if (!server_) {
+        runInFile(statement);
+        return;
+    }
+    connection_.Execute(statement);
+    triggers_.removeOne(trigger);
 }
 
-// The system's dialect has no triggers: one is put into the file as any SQLite tool would.
+// The embedded dialect has no triggers: one is put into the file as any SQLite tool would.
 void TestDatabase::runInFile(const QString& statement) {
-    if (!connectionText_.contains(folder_.path()))
-        throw std::logic_error("This test needs the embedded database.");
     sqlite3* file = nullptr;
     sqlite3_open(folder_.filePath(QStringLiteral("test.db")).toUtf8().constData(), &file);
     const int code = sqlite3_exec(file, statement.toUtf8().constData(), nullptr, nullptr, nullptr);

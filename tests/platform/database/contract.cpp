@@ -37,10 +37,19 @@ QString DatabaseContract::connectionText() const {
         case EngineKind::Server:
             break;
     }
-    return qEnvironmentVariable("SVSCHEDULER_TEST_DATABASE");
+    return server_->connectionText();
+}
+
+bool DatabaseContract::hasServerNumbers() {
+    if (GetParam() != EngineKind::Server)
+        return GetParam() != EngineKind::OtherOdbc;
+    const Recordset version("Select @@Version", connection_);
+    return version[0].text().startsWith(QLatin1String("Microsoft SQL Server"));
 }
 
 void DatabaseContract::SetUp() {
+    if (GetParam() == EngineKind::Server)
+        server_.emplace();
     connection_.Create(connectionText());
     for (const char* table : {"Visits", "VisitGuests"})
         db::Ignoring([&] { connection_.Execute(QStringLiteral("Drop Table %1").arg(table)); });

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "contract.h"
 
 using db::Lock;
@@ -218,21 +220,22 @@ TEST_P(DatabaseContract, ARefusedUpdateWritesNothingAndCanBeMended) {
 }
 
 TEST_P(DatabaseContract, WhatTheServerWouldRefuseIsRefusedWithItsNumber) {
-    if (!hasServerNumbers())
+    if (GetParam() == EngineKind::OtherOdbc)
         GTEST_SKIP() << "Another engine has other rules.";
     addVisit("Ann");
-    const auto updating = [&](const char* column, const db::Value& value) {
+    const auto expectRefused = [&](const char* column, const db::Value& value, std::initializer_list<int> numbers) {
         Recordset rows("Select * from Visits", connection_, Lock::Optimistic);
         rows.Set(column, value);
-        return FailureOf([&] { rows.Update(); }).number;
+        const int number = FailureOf([&] { rows.Update(); }).number;
+        EXPECT_NE(number, 0) << column;
+        EXPECT_TRUE(!hasServerNumbers() || std::count(numbers.begin(), numbers.end(), number) == 1)
+            << column << " " << number;
     };
-    EXPECT_EQ(updating("clinicianid", nullptr), 515);
-    const int tooLong = updating("cappttext", QString(101, 'x'));
-    EXPECT_TRUE(tooLong == 2628 || tooLong == 8152) << tooLong;
-    EXPECT_EQ(updating("dapptdate", "no date"), 241);
-    const int outOfRange = updating("dapptdate", QDate(1026, 3, 11));
-    EXPECT_TRUE(outOfRange == 241 || outOfRange == 242) << outOfRange;
-    EXPECT_EQ(updating("nStartTime", "soon"), 245);
+    expectRefused("clinicianid", nullptr, {515});
+    expectRefused("cappttext", QString(101, 'x'), {2628, 8152});
+    expectRefused("dapptdate", "no date", {241});
+    expectRefused("dapptdate", QDate(1026, 3, 11), {241, 242});
+    expectRefused("nStartTime", "soon", {245});
     EXPECT_EQ(count("cappttext = 'Ann'"), 1);
 }
 
