@@ -20,6 +20,7 @@
 #include "platform/controls/noticebar.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/opendialog.h"
 #include "platform/desktop/userstore.h"
 #include "platform/theme/icon.h"
 #include "session/formposition.h"
@@ -103,7 +104,8 @@ void mdisched::openView(int currentView) {
 bool mdisched::unloadView() {
     if (view_ == nullptr)
         return true;
-    if (!view_->close())
+    // What opened the dialog goes on with the view when it has closed.
+    if (OpenDialog::Any() || !view_->close())
         return false;
     viewPlace_->removeWidget(view_);
     view_->deleteLater();
@@ -317,6 +319,10 @@ void mdisched::ShowHelp() {
 }
 
 void mdisched::closeEvent(QCloseEvent* event) {
+    if (OpenDialog::Any()) {  // The end of the desktop's session asks even then.
+        event->ignore();
+        return;
+    }
     if (!openingSize_)
         FormPosition(*this, FormMode::Set);
     if (!openingSize_ && TaskPaneShown() && ready_)

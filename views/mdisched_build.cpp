@@ -46,7 +46,10 @@ mdisched::mdisched(ViewFactories factories) : factories_(std::move(factories)) {
 }
 
 mdisched::~mdisched() {
-    // The view asks its main window while it is being closed: it has to go first.
+    // The view asks its main window while it is being closed, and itself for what is being typed: it has to go first,
+    // and to be hidden while it is whole.
+    if (view_ != nullptr)
+        view_->hide();
     delete view_;
 }
 

@@ -12,6 +12,8 @@
 #include <QUrl>
 #include <vector>
 
+#include "platform/desktop/opendialog.h"
+
 namespace {
 
 QMessageBox::Icon iconOf(BoxStyle::Picture picture) {
@@ -118,14 +120,17 @@ DesktopSeams& Desktop() {
 }
 
 Answer MsgBox(const QString& text, BoxStyle style, const QString& title) {
+    const OpenDialog open;
     return Desktop().msgBox(text, style, title);
 }
 
 int ShowModal(QDialog& form) {
+    const OpenDialog open;
     return Desktop().showModal(form);
 }
 
 QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter) {
+    const OpenDialog open;
     return Desktop().chooseSaveFile(title, proposal, filter);
 }
 

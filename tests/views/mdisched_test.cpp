@@ -185,6 +185,36 @@ TEST_F(MainWindowTest, AViewThatKeepsUnsavedWorkStays) {
     log.refusesToClose = false;
 }
 
+TEST_F(MainWindowTest, TheViewStaysWhileADialogIsOpen) {
+    start();
+    events();
+    QDialog dialog;
+    desk.expectForm("QDialog", [this](QDialog&) {
+        window->changeview(1);
+        EXPECT_EQ(Session().CurrentView, 1);
+        EXPECT_EQ(pane().SelectedKey(), QStringLiteral("DAY"));
+        EXPECT_EQ(events(), QStringList());
+    });
+    ShowModal(dialog);
+    window->changeview(1);
+    EXPECT_EQ(Session().CurrentView, 2);
+}
+
+TEST_F(MainWindowTest, TheWindowStaysWhileADialogIsOpen) {
+    start();
+    Session().Connection.Create(QStringLiteral("Data Source=%1;Initial Catalog=any;").arg(folder.path()));
+    events();
+    QDialog dialog;
+    desk.expectForm("QDialog", [this](QDialog&) {
+        EXPECT_FALSE(window->close());
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_TRUE(Session().Connection.IsOpen());
+        EXPECT_EQ(events(), QStringList());
+    });
+    ShowModal(dialog);
+    EXPECT_TRUE(window->close());
+}
+
 TEST_F(MainWindowTest, AViewsOwnCommandMayReplaceTheView) {
     start();
     auto* command = window->findChild<QAction*>(QStringLiteral("mnuVWeek"));
