@@ -68,7 +68,7 @@ void frmmtv::bindMonthCommands() {
     menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
     menus().Bind(QStringLiteral("mnuVActivity"), [this] {
         Session().ActivityKey = 0;
-        frmactsc scheduler(this);
+        frmactsc scheduler(window());
         ShowModal(scheduler);
         Reload();
     });
@@ -78,7 +78,7 @@ void frmmtv::bindCalendar() {
     ctWeek1->setTip([this](int index) { return tipOf(index); });
     connect(ctWeek1, &ctWeek::DaySelected, this, &frmmtv::selectDay);
     connect(ctWeek1, &ctWeek::DayRequested, this, &frmmtv::goTo);
-    connect(ctWeek1, &ctWeek::DayActivated, this, &frmmtv::openDay, Qt::QueuedConnection);
+    connect(ctWeek1, &ctWeek::DayActivated, this, &frmmtv::openDay);
     connect(ctWeek1, &ctWeek::MonthStepRequested, this,
             [this](int direction) { this->main().cycledate(direction < 0 ? 0 : 1); });
 }

@@ -21,8 +21,9 @@ class QScrollBar;
 /// harmless: it reads as an empty item, and what is written to it is lost. Selecting an item and selecting a range of
 /// time exclude each other.
 ///
-/// Signals marked (queued) come after the mouse or key event that caused them has ended, so that a view may open boxes
-/// and dialogs, reload or remove items there. A test lets them through with QCoreApplication::processEvents().
+/// Signals marked (last) are the last thing that a mouse or key event does here, so that a view may open boxes and
+/// dialogs, reload or remove items there. They never wait for the next event: what was typed ahead while the program
+/// was busy finds what the event before it has opened. TextEdited alone waits, at most until CommitEdit.
 class ctMDay : public QWidget {
     Q_OBJECT
 
@@ -139,23 +140,23 @@ class ctMDay : public QWidget {
     void RangeSelected();
     /// Just before the item is edited in place, dragged, sized or moved by key: the view sets its locks now.
     void BeforeItemWork(int index);
-    /// (queued) The user wants the item there; set *cancel to leave it where it is. Boxes may be shown.
+    /// (last) The user wants the item there; set *cancel to leave it where it is. Boxes may be shown.
     void BeforeDrop(int index, const ItemPlace& place, bool* cancel);
-    /// (queued) The item was moved or sized and holds its new place; `old` is where it was.
+    /// (last) The item was moved or sized and holds its new place; `old` is where it was.
     void ItemChanged(int index, const ItemPlace& old);
-    /// (queued) A locked item was dragged or sized and stayed where it is.
+    /// (last) A locked item was dragged or sized and stayed where it is.
     void MoveRefused(int index);
-    /// (queued) In-place editing changed ItemText (at most 100 characters, possibly empty).
+    /// In-place editing changed ItemText (at most 100 characters, possibly empty).
     void TextEdited(int index, const QString& oldText);
-    /// (queued) Double click or Enter on an item.
+    /// (last) Double click or Enter on an item.
     void ItemActivated(int index);
-    /// (queued) Double click or Enter on empty time; the range is selected.
+    /// (last) Double click or Enter on empty time; the range is selected.
     void RangeActivated();
     /// A letter was typed on a selected range: whoever makes an item of it edits it with this text.
     void RangeTyped(const QString& text);
-    /// (queued) Right mouse or Menu key; index 0: on empty time. A right click has selected what is under it.
+    /// (last) Right mouse or Menu key; index 0: on empty time. A right click has selected what is under it.
     void PopupRequested(int index, const QPoint& globalPos);
-    /// (queued) Delete was pressed on the selected item.
+    /// (last) Delete was pressed on the selected item.
     void DeleteRequested(int index);
     void HeadingClicked(int column);
     /// Ctrl+Page Up (-1) and Ctrl+Page Down (+1).
@@ -190,7 +191,7 @@ class ctMDay : public QWidget {
         int anchorStart = 0;   ///< The row in which a range begins.
         int anchorEnd = 0;
     };
-    /// A signal that waits for the present event to end.
+    /// A signal that waits for its event to do the rest of its work.
     struct Report {
         enum class Kind { Drop, Refused, Text, Activated, RangeActivated, Popup, Delete };
         Kind kind = Kind::Activated;
@@ -224,8 +225,10 @@ class ctMDay : public QWidget {
     // Mouse.
     void pressLeft(QMouseEvent* event, const Hit& hit);
     void pressCell(const CellHit& cell, bool extend);
+    void rightClick(QPoint pos, QPoint globalPos);
     void showHover(const Hit& hit);
     void dragTo(QPoint pos);
+    [[nodiscard]] bool isUnder(QPoint globalPos) const;
     void extendRangeTo(QPoint pos);
     void autoScroll();
     void cancelGesture();
@@ -248,8 +251,9 @@ class ctMDay : public QWidget {
     void placeEditor() const;
     void closeEditor(bool commit);
 
-    // Queued signals.
+    // Signals at the end of an event.
     void report(Report::Kind kind, int index, const QString& text = {}, QPoint pos = {});
+    void reportText(int index, const QString& oldText);
     void reportDrop(int index, const ItemPlace& place);
     void deliverReports();
     void deliverTexts();

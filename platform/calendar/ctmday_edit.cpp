@@ -88,7 +88,7 @@ void ctMDay::closeEditor(bool commit) {
     if (old == text)
         return;
     item.ItemText = text;
-    report(Report::Kind::Text, editedItem_, old);
+    reportText(editedItem_, old);
 }
 
 bool ctMDay::eventFilter(QObject* watched, QEvent* event) {

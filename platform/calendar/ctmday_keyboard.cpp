@@ -48,6 +48,7 @@ void ctMDay::keyPressEvent(QKeyEvent* event) {
         else
             QWidget::keyPressEvent(event);
     }
+    deliverReports();
 }
 
 bool ctMDay::keyOnSelection(QKeyEvent* event) {

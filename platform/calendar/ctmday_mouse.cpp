@@ -104,7 +104,6 @@ bool ctMDay::beginDrag() {
     drag_.emplace(KindOf(hit.zone), hit.index, PlaceOf(std::as_const(*this).Item(hit.index), content_),
                   grid().minuteAt(from.y()));
     state_.draggedItem = hit.index;
-    setCursor(hit.zone == Zone::Body ? Qt::ClosedHandCursor : Qt::SizeVerCursor);
     QToolTip::hideText();
     return true;
 }
@@ -115,12 +114,21 @@ void ctMDay::dragTo(QPoint pos) {
     const int minute = grid().minuteAt(std::clamp(pos.y(), body.top(), body.bottom()));
     drag_->move(grid().columnAt(std::clamp(pos.x(), body.left(), body.right())), minute, content_);
     state_.ghost = drag_->place();
+    setCursor(!isUnder(mapToGlobal(pos))          ? Qt::ForbiddenCursor
+              : drag_->kind() == Drag::Kind::Move ? Qt::ClosedHandCursor
+                                                  : Qt::SizeVerCursor);
     update();
     const bool outside = !body.contains(pos);
     if (outside && !scrollTimer_.isActive())
         scrollTimer_.start();
     else if (!outside)
         scrollTimer_.stop();
+}
+
+// Neither another part of the window nor another window that lies over the calendar is a place to drop something.
+bool ctMDay::isUnder(QPoint globalPos) const {
+    const QWidget* there = QApplication::topLevelAt(globalPos);
+    return rect().contains(mapFromGlobal(globalPos)) && (there == nullptr || there == window());
 }
 
 void ctMDay::extendRangeTo(QPoint pos) {
@@ -160,7 +168,7 @@ void ctMDay::mouseReleaseEvent(QMouseEvent* event) {
     if (drag_) {
         const Drag drag = *drag_;
         drag_.reset();
-        if (drag.changes())
+        if (drag.changes() && isUnder(event->globalPosition().toPoint()))
             reportDrop(drag.index(), drag.place());  // The ghost stays until the view has answered.
         else
             cancelGesture();
@@ -176,6 +184,7 @@ void ctMDay::mouseReleaseEvent(QMouseEvent* event) {
         Q_EMIT RangeSelected();
     }
     showHover(hitAt(event->pos()));
+    deliverReports();
 }
 
 void ctMDay::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -196,6 +205,7 @@ void ctMDay::mouseDoubleClickEvent(QMouseEvent* event) {
     } else if (std::holds_alternative<MarkerHit>(hit) && state_.selectedItem > 0) {
         report(Report::Kind::Activated, state_.selectedItem);
     }
+    deliverReports();
 }
 
 void ctMDay::cancelGesture() {
@@ -259,12 +269,16 @@ void ctMDay::wheelEvent(QWheelEvent* event) {
 
 void ctMDay::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    if (event->reason() == QContextMenuEvent::Keyboard) {
+    if (event->reason() == QContextMenuEvent::Keyboard)
         report(Report::Kind::Popup, state_.selectedItem, {}, popupPlace());
-        return;
-    }
+    else
+        rightClick(event->pos(), event->globalPos());
+    deliverReports();
+}
+
+void ctMDay::rightClick(QPoint pos, QPoint globalPos) {
     cancelGesture();
-    const Hit hit = hitAt(event->pos());
+    const Hit hit = hitAt(pos);
     int index = 0;
     if (const auto* item = std::get_if<ItemHit>(&hit)) {
         index = item->index;
@@ -283,5 +297,5 @@ void ctMDay::contextMenuEvent(QContextMenuEvent* event) {
     } else {
         return;
     }
-    report(Report::Kind::Popup, index, {}, event->globalPos());
+    report(Report::Kind::Popup, index, {}, globalPos);
 }

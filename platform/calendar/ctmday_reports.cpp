@@ -4,10 +4,12 @@
 #include "platform/calendar/ctmday.h"
 
 void ctMDay::report(Report::Kind kind, int index, const QString& text, QPoint pos) {
-    // The Menu key may arrive as a key and as a context menu event: one popup.
-    if (kind == Report::Kind::Popup && !reports_.empty() && reports_.back().kind == kind)
-        return;
     reports_.push_back({kind, index, generation_, {}, text, pos});
+}
+
+void ctMDay::reportText(int index, const QString& oldText) {
+    report(Report::Kind::Text, index, oldText);
+    // An edit may end by a change of the focus, which is no time to open a box.
     QMetaObject::invokeMethod(this, &ctMDay::deliverReports, Qt::QueuedConnection);
 }
 
@@ -15,12 +17,10 @@ void ctMDay::reportDrop(int index, const ItemPlace& place) {
     state_.ghost = place;
     update();
     reports_.push_back({Report::Kind::Drop, index, generation_, place, {}, {}});
-    QMetaObject::invokeMethod(this, &ctMDay::deliverReports, Qt::QueuedConnection);
 }
 
 void ctMDay::deliverReports() {
-    // A view that answers with a dialog runs an event loop, in which later reports are delivered from here again; one
-    // that closes the calendar ends it all.
+    // Whoever answers may run a dialog's event loop or close the calendar.
     const QPointer<ctMDay> alive(this);
     while (alive && !reports_.empty()) {
         const Report next = reports_.front();

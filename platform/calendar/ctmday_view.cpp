@@ -226,5 +226,7 @@ void ctMDay::focusInEvent(QFocusEvent*) {
 void ctMDay::focusOutEvent(QFocusEvent*) {
     state_.focused = editor_ != nullptr;  // The editor is part of the calendar.
     editTimer_.stop();
+    if (press_)  // Its release goes to whoever has the focus now, a dialog perhaps.
+        cancelGesture();
     update();
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QContextMenuEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -66,19 +67,21 @@ TEST(CalendarMouse, AClickOnAnItemSelectsIt) {
     EXPECT_EQ(selected[0][0].toInt(), item);
 }
 
-TEST(CalendarMouse, DraggingAnItemMovesItByRowsAndReportsAfterTheGesture) {
+TEST(CalendarMouse, DraggingAnItemMovesItByRowsAndReportsWhenTheGestureIsOver) {
     CalendarUnderHand hand;
     const int item = hand.add(540, 590);
     QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    QObject::connect(&hand.calendar, &ctMDay::ItemChanged, &hand.calendar, [&] {
+        hand.moveTo(hand.freeAt(800));
+        EXPECT_NE(hand.calendar.cursor().shape(), Qt::ClosedHandCursor);
+    });
     const QPoint from = hand.middleOf(item);
     const QPoint to = from + QPoint(0, 4 * hand.rowHeight());
     hand.press(from);
     hand.moveTo(from + QPoint(0, 30));
     hand.moveTo(to);
+    EXPECT_EQ(changed.count(), 0);
     hand.release(to);
-    EXPECT_EQ(changed.count(), 0) << "inside the mouse handler";
-
-    hand.settle();
 
     ASSERT_EQ(changed.count(), 1);
     EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 600);
@@ -251,14 +254,105 @@ TEST(CalendarMouse, ACalendarClosedFromItsOwnReportIsNoHarm) {
     calendar->show();
     calendar->AddItem(540, 600, QDate(2026, 3, 11), "Anna", "1");
     calendar->setSelectedItem(1);
-    QObject::connect(calendar, &ctMDay::ItemActivated, [&] {
-        delete calendar;
-        calendar = nullptr;
+    const QPointer<ctMDay> alive(calendar);
+    QObject::connect(calendar, &ctMDay::ItemActivated, [calendar] {
+        calendar->hide();
+        calendar->deleteLater();
     });
     QTest::keyClick(calendar, Qt::Key_Return);
-    QTest::keyClick(calendar, Qt::Key_Delete);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(calendar, nullptr);
+    CalendarUnderHand::settle();
+    EXPECT_EQ(alive, nullptr);
+}
+
+TEST(CalendarMouse, AReleaseOutsideTheCalendarIsNoDrop) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint from = hand.middleOf(item);
+    const QPoint edge(from.x(), hand.calendar.ItemRect(item).bottom());
+    const QSize size = hand.calendar.size();
+    for (const QPoint grabbed : {from, edge})
+        for (const QPoint outside : {QPoint(from.x(), -20), QPoint(from.x(), size.height() + 5),
+                                     QPoint(-3, from.y() + 90), QPoint(size.width(), from.y() + 90)}) {
+            hand.press(grabbed);
+            hand.moveTo(grabbed + QPoint(0, 60));
+            EXPECT_NE(hand.calendar.cursor().shape(), Qt::ForbiddenCursor);
+            hand.moveTo(outside);
+            EXPECT_EQ(hand.calendar.cursor().shape(), Qt::ForbiddenCursor);
+            hand.release(outside);
+        }
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemEnd, 600);
+}
+
+TEST(CalendarMouse, AReleaseOnAWindowThatLiesOverTheCalendarIsNoDrop) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint from = hand.middleOf(item);
+    const QPoint to = from + QPoint(0, 120);
+    {
+        QWidget over(nullptr, Qt::Window | Qt::FramelessWindowHint);
+        over.setGeometry(QRect(hand.calendar.mapToGlobal(to) - QPoint(20, 20), QSize(40, 40)));
+        over.show();
+        hand.settle();
+        hand.drag(from, to);
+    }
+    EXPECT_EQ(changed.count(), 0);
+
+    hand.drag(from, to);
+    EXPECT_EQ(changed.count(), 1) << "Without it the calendar is under the pointer.";
+}
+
+TEST(CalendarMouse, ARangeDrawnBeyondTheEdgeStaysDrawn) {
+    CalendarUnderHand hand;
+    hand.press(hand.freeAt(600));
+    hand.moveTo(hand.freeAt(660));
+    hand.moveTo({hand.calendar.width() + 40, hand.freeAt(660).y()});
+    hand.release({hand.calendar.width() + 40, hand.freeAt(660).y()});
+    EXPECT_EQ(hand.calendar.SelStart(), 600);
+    EXPECT_EQ(hand.calendar.SelEnd(), 675);
+}
+
+TEST(CalendarMouse, AGestureEndsWhenADialogTakesTheFocus) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600);
+    QSignalSpy changed(&hand.calendar, &ctMDay::ItemChanged);
+    const QPoint from = hand.middleOf(item);
+    hand.press(from);
+    hand.moveTo(from + QPoint(0, 80));
+    hand.calendar.clearFocus();
+    hand.release(from + QPoint(0, 80));
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+}
+
+TEST(CalendarMouse, WhatIsTypedAheadFindsWhatTheEventBeforeItHasDone) {
+    CalendarUnderHand hand;
+    hand.add(540, 600, QStringLiteral("Anna"));
+    hand.add(660, 700, QStringLiteral("Bert"));
+    hand.calendar.setSelectedItem(1);
+    QStringList events;
+    const auto note = [&](const char* what) {
+        return [&events, what, &hand](int index) {
+            events << QStringLiteral("%1 %2, selected %3")
+                          .arg(QLatin1String(what))
+                          .arg(index)
+                          .arg(hand.calendar.SelectedItem());
+        };
+    };
+    QObject::connect(&hand.calendar, &ctMDay::DeleteRequested, &hand.calendar, note("delete"));
+    QObject::connect(&hand.calendar, &ctMDay::ItemActivated, &hand.calendar, note("open"));
+
+    // All in one go, as they come to a program that was busy.
+    QTest::keyClick(&hand.calendar, Qt::Key_Delete);
+    QTest::keyClick(&hand.calendar, Qt::Key_Down);
+    QTest::keyClick(&hand.calendar, Qt::Key_Return);
+    QTest::mouseDClick(&hand.calendar, Qt::LeftButton, {}, hand.middleOf(1));
+    QTest::keyClick(&hand.calendar, Qt::Key_Down);
+
+    EXPECT_EQ(events, (QStringList{"delete 1, selected 1", "open 2, selected 2", "open 1, selected 1"}));
 }
 
 TEST(CalendarMouse, ADoubleClickOpensAnItemOrFreeTime) {
