@@ -48,6 +48,7 @@ ctTaskPane::ctTaskPane(QWidget* parent) : QScrollArea(parent) {
     close->setToolTip(tr("Hide the task pane"));
     close->setAccessibleName(close->toolTip());
     close->setFocusPolicy(Qt::TabFocus);
+    close->installEventFilter(this);
     connect(close, &QToolButton::clicked, this, &ctTaskPane::CloseRequested);
     top->addWidget(close);
     layout_->addLayout(top);
@@ -182,21 +183,22 @@ QSize ctTaskPane::minimumSizeHint() const {
 }
 
 bool ctTaskPane::eventFilter(QObject* watched, QEvent* event) {
-    auto* widget = qobject_cast<QWidget*>(watched);
-    if (event->type() != QEvent::KeyPress || widget == nullptr)
+    // The scroll area watches its contents, too, which hear every key that a widget inside has no use for.
+    auto* button = qobject_cast<QToolButton*>(watched);
+    if (event->type() != QEvent::KeyPress || button == nullptr)
         return QScrollArea::eventFilter(watched, event);
     const auto* pressed = static_cast<QKeyEvent*>(event);
-    const Group* group = groupOf(widget);
+    const Group* group = groupOf(button);
     if (pressed->modifiers() != Qt::NoModifier && pressed->modifiers() != Qt::KeypadModifier)
         return false;
     switch (pressed->key()) {
         case Qt::Key_Up:
         case Qt::Key_Down:
-            moveFocus(widget, pressed->key() == Qt::Key_Up ? -1 : 1);
+            moveFocus(button, pressed->key() == Qt::Key_Up ? -1 : 1);
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            static_cast<QToolButton*>(widget)->click();
+            button->click();
             return true;
         case Qt::Key_Left:
         case Qt::Key_Right:

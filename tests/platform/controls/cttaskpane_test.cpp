@@ -126,3 +126,17 @@ TEST_F(TaskPaneTest, TheCrossAsksToCloseThePane) {
     pane.findChild<QToolButton*>(QStringLiteral("cmdClosePane"))->click();
     EXPECT_EQ(closes.count(), 1);
 }
+
+TEST_F(TaskPaneTest, EnterOnTheCrossAsksToCloseThePane) {
+    QSignalSpy closes(&pane, &ctTaskPane::CloseRequested);
+    QTest::keyClick(pane.findChild<QToolButton*>(QStringLiteral("cmdClosePane")), Qt::Key_Return);
+    EXPECT_EQ(closes.count(), 1);
+}
+
+TEST_F(TaskPaneTest, AKeyThatTheContentHasNoUseForPressesNothing) {
+    QSignalSpy chosen(&pane, &ctTaskPane::ItemChosen);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down, Qt::Key_Left})
+        QTest::keyClick(content, key);
+    EXPECT_EQ(chosen.count(), 0);
+    EXPECT_TRUE(pane.GroupExpanded(QStringLiteral("CAL")));
+}
