@@ -17,6 +17,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindLists();
     bindSearches();
     bindSeries();
+    makeItemPopup();
     setGrid();
     registerOpenView();
 }

@@ -168,6 +168,7 @@ class CalendarView : public MenuView, public OpenView {
     void showStatus(int index, int code);
 
     // calendarview_popup.cpp
+    void makeItemPopup();
     void popupOnItem(int index, const QPoint& place);
     void endPopup();
 
@@ -182,6 +183,7 @@ class CalendarView : public MenuView, public OpenView {
     void removeItemsOf(int key);
 
     QMenu* newPopup_ = nullptr;
+    QMenu* itemPopup_ = nullptr;
 
     QDate loadedDate_;
     QString loadedProvider_;

@@ -79,7 +79,7 @@ void CalendarView::deleteCommand() {
 }
 
 void CalendarView::deleteActivity(int key) {
-    frmDeleteEvent question(key, Provider().id, this);
+    frmDeleteEvent question(key, Provider().id, window());
     ShowModal(question);
     if (question.Tag == QLatin1String(frmDeleteEvent::SelectedTag))
         scheduleActivity(key);
@@ -133,7 +133,7 @@ bool CalendarView::deleteFromSeries(int key, int ref) {
     if (!listed)
         return false;
     std::stable_sort(members.begin(), members.end());
-    frmdelrepeat list(this);
+    frmdelrepeat list(window());
     for (const SeriesMember& member : members)
         list.AddAppointment(member.shown);
     ShowModal(list);

@@ -109,7 +109,7 @@ void CalendarView::addBy(int kind) {
         return;
     }
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
-    Editor editor(this);
+    Editor editor(window());
     editor.SetSlot(*slot);
     showEditor(editor);
     selectAddedTo(before);
@@ -126,7 +126,7 @@ void CalendarView::newActivity() {
 
 void CalendarView::scheduleActivity(int key, const std::optional<SelectedSlot>& draggedTo) {
     Session().ActivityKey = key;
-    frmactsc scheduler(this);
+    frmactsc scheduler(window());
     if (draggedTo)
         scheduler.SetSlot(*draggedTo);
     ShowModal(scheduler);
@@ -187,12 +187,12 @@ void CalendarView::editappt(int index) {
     Session().CurrentApptKey = item.ItemKey.toInt();
     if (kind == apptkind::Patient && item.ItemColor == ncolor::Group)
         return editgroup();
-    frmnore editor(this);
+    frmnore editor(window());
     showEditor(editor);
 }
 
 void CalendarView::editgroup() {
-    frmgrptx editor(this);
+    frmgrptx editor(window());
     showEditor(editor);
 }
 

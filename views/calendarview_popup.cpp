@@ -58,16 +58,19 @@ void CalendarView::popupOnItem(int index, const QPoint& place) {
     menus_.Show(QStringLiteral("mnuADelete"), item.ItemKey.toInt() > 0);
     tickStatus(QLatin1String(offer.tick));
 
-    auto* popup = new QMenu(this);
-    popup->setObjectName(QStringLiteral("popup"));
-    popup->setToolTipsVisible(true);
-    popup->addActions(menus_.Entries(QStringLiteral("mnuAppointments")));
-    popup->insertAction(&menus_.Command(QStringLiteral("mnuANote")), &menus_.Command(QStringLiteral("mnuFPrintA")));
-    connect(popup, &QMenu::aboutToHide, this, [this, popup] {
-        endPopup();
-        popup->deleteLater();
-    });
-    popup->popup(place);
+    itemPopup_->popup(place);
+}
+
+// One for all items: the menu that a command was chosen from is still at work while the command's dialog is open.
+void CalendarView::makeItemPopup() {
+    itemPopup_ = new QMenu(this);
+    itemPopup_->setObjectName(QStringLiteral("popup"));
+    itemPopup_->setToolTipsVisible(true);
+    itemPopup_->addActions(menus_.Entries(QStringLiteral("mnuAppointments")));
+    itemPopup_->insertAction(&menus_.Command(QStringLiteral("mnuANote")),
+                             &menus_.Command(QStringLiteral("mnuFPrintA")));
+    connect(itemPopup_, &QMenu::aboutToHide, this, &CalendarView::endPopup);
+    connect(ctMDay1, &ctMDay::PopupRequested, this, &CalendarView::popupOnItem);
 }
 
 void CalendarView::endPopup() {

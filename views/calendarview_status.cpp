@@ -37,7 +37,6 @@ void CalendarView::bindStatusCommands() {
     menus_.Bind(QStringLiteral("mnuATCancel"),
                 [this] { changeStatus(QLatin1String("mnuATCancel"), ncolor::TherapistCancelled); });
     connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitCommands);
-    connect(ctMDay1, &ctMDay::PopupRequested, this, &CalendarView::popupOnItem);
     suitCommands(0);
 }
 
@@ -94,7 +93,7 @@ void CalendarView::checkIn() {
         return;
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
     Session().CheckInKey = item.ItemKey.toInt();
-    frmarrivalTime arrival(this);
+    frmarrivalTime arrival(window());
     ShowModal(arrival);
     if (std::exchange(Session().CheckInKey, 0) < 1)
         return;

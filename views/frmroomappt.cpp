@@ -109,12 +109,11 @@ void frmRoomAppt::layOutForm() {
 }
 
 void frmRoomAppt::showMove() {
-    const bool moves = meeting_.key > 0 && ctedate->Date().isValid() && ctedate->Date() != meeting_.date;
-    lblmoves->setText(
-        moves
-            ? tr("The meeting is on %1. Saving a change moves it to the date above.").arg(ShortDateText(meeting_.date))
-            : QString());
-    lblmoves->setVisible(moves);
+    const bool elsewhere = ctedate->Date().isValid() && ctedate->Date() != meeting_.date;
+    const QString text = meeting_.key > 0 ? tr("The meeting is on %1. Saving a change moves it to the date above.")
+                                          : tr("The schedule shows %1. The meeting will be booked on the date above.");
+    lblmoves->setText(elsewhere ? text.arg(ShortDateText(meeting_.date)) : QString());
+    lblmoves->setVisible(elsewhere);
 }
 
 RoomMeeting frmRoomAppt::wanted() const {

@@ -16,9 +16,9 @@ class frmRoomAppt : public QDialog {
     Q_OBJECT
 
   public:
-    /// A meeting without a key is new. The form shows `date` for it, which for a stored one may be another than its
-    /// own: the form says so, and a change moves it there. Date and times of one that an appointment owns cannot be
-    /// changed here.
+    /// A meeting without a key is new, and its date the one that the schedule shows. The form shows `date`, which may
+    /// be another than the meeting's: the form says so, and is about to book it or, by a change, to move it there. Date
+    /// and times of one that an appointment owns cannot be changed here.
     frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent = nullptr);
     ~frmRoomAppt() override;
 
@@ -28,7 +28,7 @@ class frmRoomAppt : public QDialog {
 
     QLabel* lblRoom = nullptr;
     ctDEdit* ctedate = nullptr;
-    QLabel* lblmoves = nullptr;  ///< From which day a change would take the meeting to the one that is shown.
+    QLabel* lblmoves = nullptr;  ///< Which other day the meeting or its schedule is on.
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
     QLineEdit* txtsubject = nullptr;

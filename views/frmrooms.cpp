@@ -27,7 +27,31 @@ namespace {
 constexpr int MeetingColor = 0xC0C000;
 constexpr int BoundColor = 255;  // red
 constexpr int DefaultInterval = 30;
+constexpr int HintCharacters = 20;  ///< The least that a line of the hint holds.
 const QString LastRoom = QStringLiteral("frmrooms.room");
+
+/// What the user may do here. It has room for the longest of its texts at all times: where another text came while the
+/// user double-clicks, the second click would fall on another time of a grid that has moved.
+class Hint : public QLabel {
+  public:
+    Hint(QStringList texts, QWidget* parent) : QLabel(parent), texts_(std::move(texts)) {
+        setWordWrap(true);
+        setTextFormat(Qt::PlainText);
+    }
+    [[nodiscard]] int heightForWidth(int width) const override {
+        int height = 0;
+        for (const QString& text : texts_)
+            height = std::max(height, fontMetrics().boundingRect(0, 0, width, 0, Qt::TextWordWrap, text).height());
+        return height;
+    }
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return {fontMetrics().averageCharWidth() * HintCharacters, fontMetrics().height()};
+    }
+
+  private:
+    QStringList texts_;
+};
 
 }  // namespace
 
@@ -77,9 +101,8 @@ void frmrooms::layOut() {
     ctDays1 = new ctMDay(this);
     ctDays1->setObjectName(QStringLiteral("ctDays1"));
     ctDays1->setAccessibleName(tr("Room"));
-    lblhint_ = new QLabel(this);
+    lblhint_ = new Hint({windowTitle(), noRoomHint(), boundHint(), bookedElsewhereHint(date_)}, this);
     lblhint_->setObjectName(QStringLiteral("lblhint"));
-    lblhint_->setWordWrap(true);
     const auto labelled = [this](const QString& text, QWidget* field) {
         auto* label = new QLabel(text, this);
         label->setBuddy(field);

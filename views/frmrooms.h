@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QLabel;
+class QMenu;
 class QPushButton;
 class ctDEdit;
 class ctMDay;
@@ -68,6 +69,9 @@ class frmrooms : public MenuView {
     void setGrid();
     void followRoom();
     void followSelection();
+    [[nodiscard]] static QString noRoomHint();
+    [[nodiscard]] static QString boundHint();
+    [[nodiscard]] static QString bookedElsewhereHint(QDate day);
     void addMeetings();
     void showMeeting(int item, const RoomMeeting& meeting);
     [[nodiscard]] int roomId() const;
@@ -84,6 +88,7 @@ class frmrooms : public MenuView {
     ctDEdit* txtdate = nullptr;
     QLabel* lblhint_ = nullptr;
     ctMDay* ctDays1 = nullptr;
+    QMenu* popup_ = nullptr;
 
     QDate date_;                        ///< The last date that txtdate held.
     QHash<QString, RoomMeeting> rows_;  ///< By ItemKey.

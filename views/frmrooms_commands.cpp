@@ -9,6 +9,7 @@
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 #include "views/frmfroom.h"
@@ -47,6 +48,9 @@ void frmrooms::bindRoomCommands() {
 }
 
 void frmrooms::bindGrid() {
+    popup_ = new QMenu(this);
+    popup_->setObjectName(QStringLiteral("popup"));
+    popup_->setToolTipsVisible(true);
     connect(ctDays1, &ctMDay::ItemSelected, this, &frmrooms::followSelection);
     connect(ctDays1, &ctMDay::RangeSelected, this, &frmrooms::followSelection);
     connect(ctDays1, &ctMDay::RangeActivated, this, &frmrooms::AddAppointment);
@@ -97,11 +101,23 @@ void frmrooms::followSelection() {
                  tr("This slot belongs to an appointment or activity. Change it there."));
     menus().Suit(QStringLiteral("mnuDelete"), selected != nullptr, tr("Select a meeting first."));
     if (!hasRoom)
-        lblhint_->setText(tr("There are no rooms yet. Add them by File, Rooms."));
+        lblhint_->setText(noRoomHint());
     else if (selected != nullptr && selected->bound)
-        lblhint_->setText(tr("This slot belongs to an appointment or activity and moves with it."));
+        lblhint_->setText(boundHint());
     else
         lblhint_->setText(mayWrite() ? windowTitle() : QString());
+}
+
+QString frmrooms::noRoomHint() {
+    return tr("There are no rooms yet. Add them by File, Rooms.");
+}
+
+QString frmrooms::boundHint() {
+    return tr("This slot belongs to an appointment or activity and moves with it.");
+}
+
+QString frmrooms::bookedElsewhereHint(QDate day) {
+    return tr("The meeting was booked on %1, which is not the day shown here.").arg(ShortDateText(day));
 }
 
 bool frmrooms::CanAdd() const {
@@ -116,7 +132,7 @@ void frmrooms::AddAppointment() {
         MsgBox(QStringLiteral("No Appointment Time is Currently Selected"), ExclamationBox, QStringLiteral("Warning"));
         return;
     }
-    showDialog({0, ctDays1->SelStart(), ctDays1->SelEnd(), main().Date(), {}, {}, roomId(), false});
+    showDialog({0, ctDays1->SelStart(), ctDays1->SelEnd(), date_, {}, {}, roomId(), false});
 }
 
 // The slot of an appointment is changed with its appointment.
@@ -133,6 +149,8 @@ void frmrooms::showDialog(const RoomMeeting& meeting) {
     LoadRooms();
     if (saved && dialog.SavedDate() == date_)
         ctDays1->setSelectedItem(ctDays1->IndexOfKey(QString::number(dialog.SavedKey())));
+    else if (saved)
+        lblhint_->setText(bookedElsewhereHint(dialog.SavedDate()));
     ctDays1->setFocus();
 }
 
@@ -200,14 +218,11 @@ void frmrooms::save(int index, const RoomMeeting& wanted) {
 void frmrooms::popup(int item, const QPoint& place) {
     if (!mayWrite())
         return;
-    auto* menu = new QMenu(this);
-    menu->setObjectName(QStringLiteral("popup"));
-    menu->setToolTipsVisible(true);
+    popup_->clear();
     for (const char* name : {"mnuEdit", "mnuDelete", "mnuNew"})
         if ((item > 0) != (name == QLatin1String("mnuNew")))
-            menu->addAction(&menus().Command(QLatin1String(name)));
-    connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
-    menu->popup(place);
+            popup_->addAction(&menus().Command(QLatin1String(name)));
+    popup_->popup(place);
 }
 
 void frmrooms::FindAppointment() {

@@ -59,7 +59,7 @@ void frmsched::bindTaskCommands() {
 
 void frmsched::openTask(int taskId) {
     Session().CurrentTaskId = taskId;
-    w_Item dialog(this);
+    w_Item dialog(window());
     if (ShowModal(dialog) == QDialog::Accepted)
         LoadToDo();
 }
@@ -115,7 +115,7 @@ void frmsched::printTasks() {
     vp.SetHeader(QStringLiteral("|To Do List - %1|").arg(CleanFieldText(Session().ProviderName)));
     vp.SetFooter(QStringLiteral("||Page %d"));
     vp.AddTable(QStringLiteral("720|6000|1300|1500;"), QStringLiteral("Done|Task|Priority|Complete by;"), body);
-    vp.Preview(this);
+    vp.Preview(window());
 }
 
 void frmsched::LoadToDo() {

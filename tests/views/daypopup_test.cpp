@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTest>
 
 #include "data/codes.h"
@@ -209,4 +210,21 @@ TEST_F(DayPopup, StandsBesideTheMenusOfTheMenuBar) {
     ASSERT_NE(popup(), nullptr);
     EXPECT_TRUE(shown().contains(QStringLiteral("-mnuANew")));
     EXPECT_FALSE(shown().contains(QStringLiteral("mnuANPat"))) << "What stands in a submenu stays there.";
+}
+
+TEST_F(DayPopup, TheMenuLivesOnWhileTheDialogThatWasChosenFromItIsOpen) {
+    add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    for (int round = 1; round <= 10; ++round) {
+        rightClick("Anna");
+        ASSERT_NE(popup(), nullptr) << round;
+        const QPointer<QMenu> chosenFrom(popup());
+        desk.expectForm("frmnore", [&](QDialog&) {
+            settle();
+            EXPECT_FALSE(chosenFrom.isNull()) << "Qt still works in it.";
+        });
+        QTest::mouseClick(popup(), Qt::LeftButton, {}, popup()->actionGeometry(&command("mnuAEdit")).center());
+        settle();
+        EXPECT_EQ(popup(), nullptr);
+    }
 }

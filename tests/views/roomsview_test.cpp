@@ -494,3 +494,61 @@ TEST_F(RoomScheduler, TheDialogOfAMeetingHasTheCalendarsDateAndSaysWhereTheMeeti
     EXPECT_EQ(stored(meeting, "croomtext"), "Retreat");
     EXPECT_EQ(stored(meeting, "nApptDate").left(10), "2026-03-11");
 }
+
+TEST_F(RoomScheduler, AMeetingThatIsBookedOnAnotherDayThanTheOneShownSaysSo) {
+    open();
+    date().setDate(QDate(2026, 3, 12));
+    settle();
+    chooseTime(600, 660);
+    desk.expectForm("frmRoomAppt", [](QDialog& form) {
+        auto& dialog = dynamic_cast<frmRoomAppt&>(form);
+        EXPECT_EQ(dialog.ctedate->Date(), QDate(2026, 3, 11));
+        EXPECT_TRUE(dialog.lblmoves->isVisible());
+        EXPECT_TRUE(dialog.lblmoves->text().startsWith("The schedule shows 3/12"))
+            << dialog.lblmoves->text().toStdString();
+        dialog.ctedate->setDate(QDate(2026, 3, 12));
+        EXPECT_FALSE(dialog.lblmoves->isVisible());
+        dialog.ctedate->setDate(QDate(2026, 3, 11));
+        dialog.txtsubject->setText("Retreat");
+        dialog.cmdOk->click();
+    });
+    trigger("mnuNew");
+    EXPECT_EQ(database_.text("Select nApptDate from roomschedule").left(10), "2026-03-11");
+    EXPECT_TRUE(hint().startsWith("The meeting was booked on 3/11")) << hint().toStdString();
+
+    chooseTime(700, 760);
+    EXPECT_EQ(hint(), "The meeting was booked on 3/11/2026, which is not the day shown here.")
+        << "A selection by the program leaves it.";
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, calendar().CellRect(1, 800).center());
+    EXPECT_EQ(hint(), view_->windowTitle());
+}
+
+TEST_F(RoomScheduler, AMeetingOnTheDayShownSaysNothingOfDays) {
+    open();
+    chooseTime(600, 660);
+    desk.expectForm("frmRoomAppt", [](QDialog& form) {
+        auto& dialog = dynamic_cast<frmRoomAppt&>(form);
+        EXPECT_FALSE(dialog.lblmoves->isVisible());
+        dialog.txtsubject->setText("Retreat");
+        dialog.cmdOk->click();
+    });
+    trigger("mnuNew");
+    EXPECT_EQ(hint(), view_->windowTitle());
+}
+
+TEST_F(RoomScheduler, TheHintNeverMovesTheGridUnderThePointer) {
+    book("Anna", 540, 600, 1, 7);
+    book("Meeting", 660, 700);
+    open();
+    for (const int width : {1000, 760, 620, 480}) {
+        view_->resize(width, 700);
+        settle();
+        calendar().clearSelection();
+        const QPoint noon = calendar().mapTo(view_.get(), calendar().CellRect(1, 720).center());
+        for (const char* selected : {"Anna", "Meeting"}) {
+            select(selected);
+            settle();
+            EXPECT_EQ(calendar().mapTo(view_.get(), calendar().CellRect(1, 720).center()), noon) << width << selected;
+        }
+    }
+}
