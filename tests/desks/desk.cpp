@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <QDate>
 
 namespace {
@@ -67,6 +68,14 @@ void Desk::tellLast(const char* command, const QString& first) {
 void Desk::kill() {
     program_.kill();
     awaitDeath();
+}
+
+void Desk::stop() {
+    ::kill(static_cast<pid_t>(program_.processId()), SIGSTOP);
+}
+
+void Desk::goOn() {
+    ::kill(static_cast<pid_t>(program_.processId()), SIGCONT);
 }
 
 void Desk::awaitDeath() {

@@ -25,6 +25,9 @@ class Desk {
     /// Waits for the end of a program that dies.
     void awaitDeath();
     void kill();
+    /// The program is busy with something else until it goes on; what the person does meanwhile waits for it.
+    void stop();
+    void goOn();
 
   private:
     QTemporaryDir config_;

@@ -281,6 +281,7 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("windowId"), windowId},
         {QStringLiteral("focus"), focusName},
         {QStringLiteral("picture"), picture},
+        {QStringLiteral("front"), [](const QStringList&) { return WindowInFront(); }},
         {QStringLiteral("text"), [](const QStringList& given) { return textOf(find<QWidget>(given.at(1))); }},
         {QStringLiteral("box"),
          [](const QStringList&) {

@@ -1,0 +1,102 @@
+#include "tests/desks/deskfront.h"
+
+namespace {
+
+/// A quick person at a program that is busy for a moment, and one who does the same thing again and again.
+class QuickPerson : public FrontDesk {
+  protected:
+    /// Does this while the program is busy, so that all of it comes at once.
+    void whileBusy(const std::function<void()>& work) {
+        desk->stop();
+        work();
+        desk->goOn();
+    }
+    /// A right click, until the menu is there: without a window manager the display may take the focus away again just
+    /// after a dialog has closed, and the menu with it.
+    void openMenu(const QString& place) {
+        const auto isOpen = [this] { return desk->tell("front") == QLatin1String("popup"); };
+        for (int tries = 0; tries < 5 && !isOpen(); ++tries) {
+            person->click(place, 3);
+            for (int polls = 0; polls < 200 && !isOpen(); ++polls)
+                ;
+        }
+        ASSERT_TRUE(isOpen());
+    }
+    /// Closes the form in front, under which the main window has to be.
+    void closeOnly(const char* form) {
+        person->turnTo(form);
+        person->press({QStringLiteral("Escape")});
+        person->turnTo("mdisched");
+    }
+};
+
+}  // namespace
+
+TEST_F(QuickPerson, OpensTheSameAppointmentFromItsMenuTenTimes) {
+    const QString anna = add(540, 600, QStringLiteral("O'Brien, Anna"));
+    person->press({QStringLiteral("F5")});
+    for (int round = 1; round <= 10; ++round) {
+        openMenu(itemOf(anna));
+        person->press({QStringLiteral("Down"), QStringLiteral("Return")});
+        closeOnly("frmnore");
+    }
+}
+
+TEST_F(QuickPerson, OpensTheSameMeetingFromItsMenuTenTimes) {
+    connection.Execute(db::Sql(
+        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values (540, 600, '{}', 'Team', 1, 0)",
+        day));
+    person->press({QStringLiteral("ctrl+5")});
+    awaitView("frmrooms");
+    for (int round = 1; round <= 10; ++round) {
+        openMenu(itemOf(QStringLiteral("1")));
+        person->press({QStringLiteral("Down"), QStringLiteral("Return")});
+        closeOnly("frmRoomAppt");
+    }
+}
+
+TEST_F(QuickPerson, PressingEnterTwiceOpensOneEditor) {
+    const QString anna = add(540, 600, QStringLiteral("O'Brien, Anna"));
+    person->press({QStringLiteral("F5")});
+    person->click(itemOf(anna));
+    whileBusy([this] { person->press({QStringLiteral("Return"), QStringLiteral("Return")}); });
+    closeOnly("frmnore");
+    awaitView("frmsched");
+}
+
+TEST_F(QuickPerson, ADoubleClickBeforeAChangeOfTheViewOpensTheEditorOverItsOwnView) {
+    const QString anna = add(540, 600, QStringLiteral("O'Brien, Anna"));
+    person->press({QStringLiteral("F5")});
+    const QString place = itemOf(anna);
+    whileBusy([&] {
+        person->doubleClick(place);
+        person->press({QStringLiteral("ctrl+2")});
+    });
+    closeOnly("frmnore");
+    EXPECT_EQ(desk->tell("shows", QStringLiteral("frmsched")), QStringLiteral("yes"));
+}
+
+TEST_F(QuickPerson, DeletesTheAppointmentThatWasSelectedThen) {
+    const QString anna = add(540, 600, QStringLiteral("O'Brien, Anna"));
+    const QString bo = add(660, 700, QStringLiteral("Åkesson, Bo"));
+    person->press({QStringLiteral("F5")});
+    person->click(itemOf(anna));
+    whileBusy([this] { person->press({QStringLiteral("Delete"), QStringLiteral("Down")}); });
+    person->turnTo("box");
+    person->press({QStringLiteral("alt+y")});
+    person->turnTo("mdisched");
+    EXPECT_EQ(times(anna), QStringLiteral("(none)"));
+    EXPECT_EQ(times(bo), QStringLiteral("660-700"));
+}
+
+TEST_F(QuickPerson, ANewAppointmentAtOnceAfterGoKeepsTheViewThatItIsBookedIn) {
+    connection.Execute("Insert Into provider_info (id, prov_lastname, archive) Values ('LANE', 'Lane', 0)");
+    person->press({QStringLiteral("ctrl+4")});
+    awaitView("frmall");
+    for (int round = 1; round <= 3; ++round) {
+        person->click(at(660, 2));
+        whileBusy([this] { person->press({QStringLiteral("alt+g"), QStringLiteral("ctrl+n")}); });
+        closeOnly("frmnore");
+        EXPECT_EQ(desk->tell("shows", QStringLiteral("frmall")), QStringLiteral("yes"));
+    }
+}
