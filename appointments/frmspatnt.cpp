@@ -31,7 +31,7 @@ frmspatnt::frmspatnt(QWidget* parent) : QDialog(parent) {
 }
 
 QSize frmspatnt::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 136, fontMetrics().height() * 30};
+    return {fontMetrics().averageCharWidth() * 162, fontMetrics().height() * 30};
 }
 
 void frmspatnt::buildForm() {
@@ -47,13 +47,9 @@ void frmspatnt::buildForm() {
     };
     ctList1 = named(new ctList(this), "ctList1");
     ctList1->setAccessibleName(tr("List of patients"));
-    ctList1->SetColumns({{QStringLiteral("Patient")},
-                         {QStringLiteral("Account"), ListColumn::Kind::Text, 12},
-                         {QStringLiteral("Home Phone"), ListColumn::Kind::Text, 18},
-                         {QStringLiteral("Work Phone"), ListColumn::Kind::Text, 21},
-                         {QStringLiteral("CPT"), ListColumn::Kind::Text, 8},
-                         {QStringLiteral("Other Phone"), ListColumn::Kind::Text, 18},
-                         {QStringLiteral("EMail"), ListColumn::Kind::Text, 22}});
+    SetPatientColumns(*ctList1, {QStringLiteral("Patient"), QStringLiteral("Account"), QStringLiteral("Home Phone"),
+                                 QStringLiteral("Work Phone"), QStringLiteral("CPT"), QStringLiteral("Other Phone"),
+                                 QStringLiteral("EMail")});
     ctList1->SetHeader(1, Session().WordUsage);
     txtfind = named(new QLineEdit(this), "txtfind");
     txtfind->setPlaceholderText(tr("Part of a name"));
@@ -100,6 +96,7 @@ void frmspatnt::connectControls() {
         cmdfind->setEnabled(!text.isEmpty());
         cmdfind->setDefault(!text.isEmpty());
     });
+    PressOnEnter(*txtfind, *cmdfind);
     connect(cmdfind, &QPushButton::clicked, this, [this] {
         filler_->Finish();
         FindInPatientList(*ctList1, txtfind->text());

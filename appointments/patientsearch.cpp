@@ -1,7 +1,40 @@
 #include "appointments/patientsearch.h"
 
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
 #include "platform/controls/ctlist.h"
 #include "platform/desktop/desktop.h"
+
+namespace {
+
+class EnterKey : public QObject {
+  public:
+    EnterKey(QLineEdit& field, QPushButton& button) : QObject(&field), button_(button) {
+        field.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+            return false;
+        button_.click();
+        return true;
+    }
+
+  private:
+    QPushButton& button_;
+};
+
+}  // namespace
+
+void PressOnEnter(QLineEdit& field, QPushButton& button) {
+    new EnterKey(field, button);
+}
 
 void FindInPatientList(ctList& list, const QString& text) {
     for (int row = 0; row < list.RowCount() && !text.isEmpty(); ++row) {

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDateTime>
-#include <QHeaderView>
 #include <QKeyEvent>
 
 #include "platform/controls/listdelegate.h"
@@ -72,6 +71,12 @@ void ctList::SelectRow(int row) {
     const QModelIndex index = model_.index(row, model_.firstTextColumn() - 1);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
+}
+
+void ctList::StartAtRow(int row) {
+    SelectRow(row);
+    if (model_.has(row))
+        scrollTo(model_.index(row, 0), PositionAtTop);
 }
 
 void ctList::MakeVisible(int row) {

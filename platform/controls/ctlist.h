@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHeaderView>
 #include <QPersistentModelIndex>
 #include <QTreeView>
 #include <QVariant>
@@ -24,6 +25,8 @@ class ctList : public QTreeView {
 
     /// Replaces the columns and empties the list.
     void SetColumns(std::vector<ListColumn> columns);
+    /// Shows a column at another place, counted from 1 from the left; its number stays.
+    void PlaceColumn(int column, int place) { header()->moveSection(header()->visualIndex(column - 1), place - 1); }
     void SetHeader(int column, const QString& text) { model_.setHeader(column, text); }
     /// Lets the user order the rows by a click on a header; off at first, the order in which rows were added.
     void SetSortable(bool sortable);
@@ -47,6 +50,8 @@ class ctList : public QTreeView {
     void SetChecked(int row, int column, bool checked) { model_.setChecked(row, column, checked); }
     /// Selects the row alone and scrolls to it; -1 selects none.
     void SelectRow(int row);
+    /// SelectRow, with the row as the first in sight where enough rows follow it.
+    void StartAtRow(int row);
     void MakeVisible(int row);
 
     [[nodiscard]] int RowCount() const { return model_.rowCount(); }

@@ -82,6 +82,28 @@ TEST_F(SelectPatient, ANameThatIsNotThereIsTold) {
     picker.cmdfind->click();
 }
 
+TEST_F(SelectPatient, EnterInTheFindBoxFindsAndTakesNobody) {
+    frmspatnt picker;
+    picker.show();
+    for (const char* name : {"mary", "o'ne"}) {
+        type(picker.txtfind, QString::fromLatin1(name));
+        press(picker.txtfind, Qt::Key_Return);
+        // Once more, with a row that is selected by now.
+        picker.txtfind->setFocus();
+        press(picker.txtfind, Qt::Key_Return);
+        EXPECT_TRUE(picker.isVisible());
+        EXPECT_EQ(picker.ChosenId(), QString());
+    }
+    EXPECT_EQ(picker.ctList1->Cell(picker.ctList1->SelectedRow(), 1), QStringLiteral("O'Neil, Zoë"));
+}
+
+TEST_F(SelectPatient, TheBirthDateStandsBesideTheName) {
+    database.connection().Execute("Update patient_info Set birth_date = '1984/02/29' Where id = '10017'");
+    const frmspatnt picker;
+    EXPECT_EQ(picker.ctList1->Cell(0, 8), QStringLiteral("2/29/1984"));
+    EXPECT_EQ(picker.ctList1->header()->visualIndex(7), 1);
+}
+
 TEST_F(SelectPatient, TheEditorTakesTheSelectedPatientOver) {
     openNew(1);
     desk.expectForm("frmspatnt", [](QDialog& dialog) {
