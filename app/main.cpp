@@ -5,6 +5,7 @@
 #include "app/options.h"
 #include "app/screenshot.h"
 #include "app/viewfactories.h"
+#include "appointments/frmnore.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
 #include "session/startup.h"
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int Failed = 1;
 constexpr int BadUsage = 2;
+constexpr int QuickLookUpMilliseconds = 50;
 
 int refuse(const QString& why, int status) {
     std::fprintf(stderr, "svscheduler: %s\n", qUtf8Printable(why));
@@ -96,6 +98,7 @@ int start(int argc, char** argv, const AppOptions& options, ViewFactories factor
     QApplication::setApplicationVersion(QStringLiteral(SVS_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("svscheduler"));
     Theme::Install(options.mode);
+    frmnore::QuickLookUp = QuickLookUpMilliseconds;
     return run(options, std::move(factories));
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <QDate>
 #include <QDialog>
+#include <QTimer>
 #include <vector>
 
 #include "platform/database/value.h"
@@ -11,10 +12,12 @@
 
 class CompletingCombo;
 class DurationLabel;
+class MatchList;
 class NoteField;
 class PatientFiller;
 class QCheckBox;
 class QGroupBox;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -38,6 +41,10 @@ class frmnore : public QDialog {
 
   public:
     static constexpr int KindCount = 4;
+    /// Milliseconds that a look-up by a typed letter may take so that the next one is made with its key; without a
+    /// limit until the program sets one. After a slower one the keys that have come in the meantime are looked up
+    /// together.
+    static int QuickLookUp;
 
     explicit frmnore(QWidget* parent = nullptr);
     ~frmnore() override;
@@ -118,7 +125,9 @@ class frmnore : public QDialog {
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
 
-    // The pop-up list of patients.
+    MatchList* pnlmatches = nullptr;  ///< Who fits what is typed into txtpatients, where more than one does.
+
+    // The pop-up list of patients. While it is open OK is off: no key that is meant for the list saves.
     QWidget* pnlpatlist = nullptr;
     ctList* ctList1 = nullptr;
     QLineEdit* txtfind = nullptr;
@@ -191,7 +200,16 @@ class frmnore : public QDialog {
 
     // frmnore_lookup.cpp
     void connectLookUp();
+    void patientBoxEdited(const QString& text);
+    void settleLookUp();
     void LookupPatient(const QString& text);
+    /// What a key in the box of the patient's name does to the list of those who fit; whether it is done with.
+    bool keyForMatches(const QKeyEvent& key);
+    bool enterForMatches();
+    void saveByKey();
+    /// Whether it is done with.
+    bool eventOfPatientList(const QEvent& event);
+    void startPatientList();
     [[nodiscard]] bool leavesPatientBox(Qt::FocusReason reason) const;
     void leavePatientBox();
     void settlePatient();
@@ -218,6 +236,8 @@ class frmnore : public QDialog {
     QString patientTag_;
     QString settledTag_;      ///< The chosen patient whose alerts were shown.
     bool takesAway_ = false;  ///< The key being worked on takes characters away.
+    QTimer lookUpDue_;        ///< Runs while what was typed is still to be looked up.
+    bool lookUpIsSlow_ = false;
     PatientFiller* patientFiller_ = nullptr;
     QString emailTag_;         ///< The address that ckemail stands for.
     QDate authorizationDate_;  ///< The day for which lblAuthorization speaks.

@@ -13,6 +13,8 @@
 #include "appointments/durationlabel.h"
 #include "appointments/editorparts.h"
 #include "appointments/frmnore.h"
+#include "appointments/matchlist.h"
+#include "appointments/patientfiller.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
@@ -88,8 +90,9 @@ void frmnore::buildForm() {
     column->addWidget(new FormArea(fields, this), 1);
     column->addLayout(buildButtons());
     buildPatientList();
+    pnlmatches = new MatchList(*txtpatients, *this);
     auto* save = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), this);
-    connect(save, &QShortcut::activated, cmdOk, &QPushButton::click);
+    connect(save, &QShortcut::activated, this, &frmnore::saveByKey);
 }
 
 void frmnore::buildPatientPage() {
@@ -315,13 +318,9 @@ void frmnore::buildPatientList() {
     panel->setAutoFillBackground(true);
     ctList1 = Named(new ctList(panel), "ctList1");
     ctList1->setAccessibleName(tr("List of patients"));
-    ctList1->SetColumns({{QStringLiteral("Name")},
-                         {QStringLiteral("Acct #"), ListColumn::Kind::Text, 12},
-                         {QStringLiteral("Home Phone"), ListColumn::Kind::Text, 15},
-                         {QStringLiteral("Work Phone"), ListColumn::Kind::Text, 20},
-                         {QStringLiteral("CPT"), ListColumn::Kind::Text, 8},
-                         {QStringLiteral("Other Phone"), ListColumn::Kind::Text, 15},
-                         {QStringLiteral("Email"), ListColumn::Kind::Text, 20}});
+    SetPatientColumns(*ctList1, {QStringLiteral("Name"), QStringLiteral("Acct #"), QStringLiteral("Home Phone"),
+                                 QStringLiteral("Work Phone"), QStringLiteral("CPT"), QStringLiteral("Other Phone"),
+                                 QStringLiteral("Email")});
     txtfind = Named(new QLineEdit(panel), "txtfind");
     txtfind->setPlaceholderText(tr("Part of a name"));
     auto* label = new QLabel(tr("&Find:"), panel);
@@ -375,4 +374,5 @@ QLayout* frmnore::buildButtons() {
 void frmnore::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     placePatientList();
+    pnlmatches->PlaceBelowBox();
 }

@@ -1,5 +1,7 @@
 #include <initializer_list>
+#include <limits>
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +12,7 @@
 
 #include "appointments/frmnore.h"
 #include "appointments/frmspatnt.h"
+#include "appointments/matchlist.h"
 #include "appointments/patientalerts.h"
 #include "appointments/patientfiller.h"
 #include "appointments/patientlist.h"
@@ -31,16 +34,27 @@ bool takesAway(const QKeyEvent& event) {
            event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo);
 }
 
+bool isEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
 }  // namespace
+
+int frmnore::QuickLookUp = std::numeric_limits<int>::max();
 
 void frmnore::connectLookUp() {
     txtpatients->installEventFilter(this);
-    connect(txtpatients, &QLineEdit::textEdited, this, &frmnore::LookupPatient);
+    pnlpatlist->installEventFilter(this);
+    connect(pnlmatches, &MatchList::Clicked, this, &frmnore::takePatientOfId);
+    connect(txtpatients, &QLineEdit::textEdited, this, &frmnore::patientBoxEdited);
+    lookUpDue_.setSingleShot(true);
+    connect(&lookUpDue_, &QTimer::timeout, this, [this] { LookupPatient(txtpatients->text()); });
     connect(cmdpatients, &QToolButton::clicked, this, &frmnore::cmdpatients_Click);
     connect(cmdPatientList, &QPushButton::clicked, this, &frmnore::cmdPatientList_Click);
     connect(ctList1, &ctList::RowActivated, this, &frmnore::takeFromList);
     connect(txtfind, &QLineEdit::textChanged, this,
             [this](const QString& text) { cmdfind->setEnabled(!text.isEmpty()); });
+    PressOnEnter(*txtfind, *cmdfind);
     connect(cmdfind, &QPushButton::clicked, this, [this] {
         patientFiller_->Finish();
         FindInPatientList(*ctList1, txtfind->text());
@@ -51,13 +65,68 @@ void frmnore::connectLookUp() {
 }
 
 bool frmnore::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == txtpatients && event->type() == QEvent::KeyPress)
-        takesAway_ = takesAway(*static_cast<QKeyEvent*>(event));
-    if (watched == txtpatients && event->type() == QEvent::FocusOut &&
-        leavesPatientBox(static_cast<QFocusEvent*>(event)->reason()))
-        // What it says must wait until the focus has come to where it goes.
-        QTimer::singleShot(0, this, &frmnore::leavePatientBox);
+    if (watched == pnlpatlist && eventOfPatientList(*event))
+        return true;
+    if (watched == txtpatients && event->type() == QEvent::KeyPress) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        // A key that is no letter is for what the letters have brought about.
+        if (key.text().isEmpty() || !key.text().front().isPrint())
+            settleLookUp();
+        takesAway_ = takesAway(key);
+        if (keyForMatches(key))
+            return true;
+    }
+    if (watched == txtpatients && event->type() == QEvent::FocusOut) {
+        settleLookUp();
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason)
+            pnlmatches->Forget();
+        if (leavesPatientBox(reason))
+            // What it says must wait until the focus has come to where it goes.
+            QTimer::singleShot(0, this, &frmnore::leavePatientBox);
+    }
     return QDialog::eventFilter(watched, event);
+}
+
+bool frmnore::keyForMatches(const QKeyEvent& key) {
+    if (isEnter(key))
+        return enterForMatches();
+    if (key.key() == Qt::Key_Down)
+        pnlmatches->Ask();
+    if (pnlmatches->isVisible() && pnlmatches->MoveMark(key))
+        return true;
+    // Whoever marked another than the box holds meant that one.
+    if (key.key() == Qt::Key_Tab && pnlmatches->IsShown() && pnlmatches->MarkedId() != patientTag_)
+        takePatientOfId(pnlmatches->MarkedId());
+    return false;
+}
+
+// Where several fit, the first Enter takes one of them, and only the next one is for OK. Nobody is taken from a list
+// that came with this very key.
+bool frmnore::enterForMatches() {
+    const bool wasShown = pnlmatches->IsShown();
+    if (!pnlmatches->Ask())
+        return false;
+    if (wasShown)
+        takePatientOfId(pnlmatches->MarkedId());
+    return true;
+}
+
+void frmnore::saveByKey() {
+    if (!txtpatients->hasFocus() || !enterForMatches())
+        cmdOk->click();
+}
+
+// Enter that no part of the list has taken must not reach the form.
+bool frmnore::eventOfPatientList(const QEvent& event) {
+    if (event.type() == QEvent::Show || event.type() == QEvent::Hide)
+        cmdOk->setEnabled(event.type() == QEvent::Hide);
+    if (event.type() != QEvent::KeyPress || !isEnter(static_cast<const QKeyEvent&>(event)))
+        return false;
+    for (QPushButton* button : {cmdfind, cmdnew})
+        if (button->hasFocus())
+            button->click();
+    return true;
 }
 
 // Whether the user goes on to another field: not into another window, not to a button that ends the form or finds the
@@ -97,6 +166,26 @@ void frmnore::settlePatient() {
     ShowPatientAlerts(patientTag_, QString::fromLatin1(AppointmentAlert));
 }
 
+// On a slow line the letters come quicker than the answers: each look-up then takes all that have come until it starts,
+// and until it is made nobody is chosen.
+void frmnore::patientBoxEdited(const QString& text) {
+    lookUpDue_.stop();
+    if (!lookUpIsSlow_ || takesAway_) {
+        LookupPatient(text);
+        return;
+    }
+    pnlmatches->Forget();
+    showFacts({});
+    lookUpDue_.start(0);
+}
+
+void frmnore::settleLookUp() {
+    if (!lookUpDue_.isActive())
+        return;
+    lookUpDue_.stop();
+    LookupPatient(txtpatients->text());
+}
+
 // `text` is what the box holds after the user's edit: typed, pasted or composed. What stands left of the caret is
 // completed; taking characters away completes nothing, and leaves no patient chosen whose name is not there.
 void frmnore::LookupPatient(const QString& text) {
@@ -104,13 +193,17 @@ void frmnore::LookupPatient(const QString& text) {
     const QString typed = text.left(txtpatients->cursorPosition());
     std::optional<PatientFacts> patient;
     if (!takenAway && txtpatients->cursorPosition() > 0) {
+        QElapsedTimer clock;
+        clock.start();
         try {
             patient = FindPatient(typed);
         } catch (const db::DatabaseError& error) {
             TellError(QStringLiteral("Error reading patient list. "), error);
         }
+        lookUpIsSlow_ = clock.elapsed() > QuickLookUp;
     }
     if (!patient) {
+        pnlmatches->Forget();
         showFacts({});
         return;
     }
@@ -119,6 +212,7 @@ void frmnore::LookupPatient(const QString& text) {
     txtpatients->setSelection(static_cast<int>(patient->name.size()),
                               -static_cast<int>(patient->name.size() - typed.size()));
     showFacts(*patient);
+    pnlmatches->LookFor(typed);
 }
 
 void frmnore::showFacts(const PatientFacts& patient) {
@@ -137,6 +231,7 @@ void frmnore::takePatient(const PatientFacts& patient) {
     txtpatients->setText(patient.name);
     showFacts(patient);
     pnlpatlist->hide();
+    pnlmatches->Forget();
     settlePatient();
 }
 
@@ -162,11 +257,18 @@ void frmnore::cmdpatients_Click() {
 }
 
 void frmnore::showPatientList() {
+    settleLookUp();
     if (ctList1->RowCount() == 0)
         patientFiller_->loadpatients();
+    pnlmatches->Forget();
     placePatientList();
     pnlpatlist->show();
     ctList1->setFocus();
+    startPatientList();
+}
+
+void frmnore::startPatientList() {
+    patientFiller_->StartAt(patientTag_, txtpatients->text());
 }
 
 void frmnore::cmdPatientList_Click() {
@@ -209,6 +311,10 @@ bool frmnore::addPatient(const QString& lastName, const QString& firstName) {
 
 // Escape first closes the list.
 bool frmnore::closePatientList() {
+    if (pnlmatches->isVisible()) {
+        pnlmatches->Forget();
+        return true;
+    }
     if (!pnlpatlist->isVisible())
         return false;
     pnlpatlist->hide();

@@ -1,5 +1,6 @@
 #include "appointments/patientlist.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include "data/phone.h"
@@ -18,21 +19,30 @@ QString PatientFacts::ListRow() const {
     return cells.join(u';');
 }
 
+namespace {
+
+QString shownName(const Recordset& row) {
+    const QString name = row["last_name"].text().trimmed() + QStringLiteral(", ") + row["first_name"].text().trimmed();
+    const QString initial = row["middle_init"].text();
+    return initial.isEmpty() ? name : name + QLatin1Char(' ') + initial + QLatin1Char('.');
+}
+
+QString shownPhone(const Recordset& row, const char* column, const QString& format) {
+    const QString number = row[column].text().trimmed();
+    return number.isEmpty() ? QString() : FormatPhone(number, format);
+}
+
+}  // namespace
+
 PatientFacts PatientOf(const Recordset& row) {
     const QString phoneFormat = MaskToFormat(Session().PhoneMask);
-    const auto phone = [&row](const char* column, const QString& format) {
-        const QString number = row[column].text().trimmed();
-        return number.isEmpty() ? QString() : FormatPhone(number, format);
-    };
     PatientFacts facts;
     facts.id = row["id"].text();
-    facts.name = row["last_name"].text().trimmed() + QStringLiteral(", ") + row["first_name"].text().trimmed();
-    if (const QString initial = row["middle_init"].text(); !initial.isEmpty())
-        facts.name += QLatin1Char(' ') + initial + QLatin1Char('.');
+    facts.name = shownName(row);
     facts.account = row["acctnbr"].text();
-    facts.homePhone = phone("telephone_h", phoneFormat);
-    facts.workPhone = phone("telephone_b", WithExtension(phoneFormat));
-    facts.otherPhone = phone("Other_Phone", phoneFormat);
+    facts.homePhone = shownPhone(row, "telephone_h", phoneFormat);
+    facts.workPhone = shownPhone(row, "telephone_b", WithExtension(phoneFormat));
+    facts.otherPhone = shownPhone(row, "Other_Phone", phoneFormat);
     facts.cpt = row["defaultCPT"].text();
     facts.email = row["EmailAddress"].text();
     return facts;
@@ -73,12 +83,50 @@ std::optional<PatientFacts> firstOf(const QString& statement) {
     return PatientOf(rows);
 }
 
+// The same patients as the look-up's, in its order. The second arm of the union is where the whole name counts.
+QString matchesStatement(const QString& typed, int most) {
+    const QString pattern = LikeText(typed);
+    if (Session().AllProviders)
+        return Sql(
+            "Select Top {} id, last_name, first_name, middle_init, acctnbr, telephone_h, birth_date From patient_info Where archive = 0 And (last_name + ', ' + first_name Like '{}%' Or last_name + ', ' + first_name + ' ' + middle_init + '.' Like '{}%') Order by last_name, first_name, middle_init",
+            most, pattern, pattern);
+    const QString& provider = Session().ProviderId;
+    return Sql(
+        "Select Top {} id, last_name, first_name, middle_init, acctnbr, telephone_h, birth_date From (Select id, last_name, first_name, middle_init, acctnbr, telephone_h, birth_date From patient_info Inner Join incident_hx On patient_info.id = incident_hx.patient_id And patient_info.incident_nbr = incident_hx.incident_nbr Inner Join patientaccess On patient_info.id = patientaccess.patientid Where archive = 0 And patientaccess.providerid = '{}' And last_name Like '{}%' Union Select id, last_name, first_name, middle_init, acctnbr, telephone_h, birth_date From patient_info Inner Join incident_hx On patient_info.id = incident_hx.patient_id Where archive = 0 And patient_info.provider_id = '{}' And (last_name + ', ' + first_name Like '{}%' Or last_name + ', ' + first_name + ' ' + middle_init + '.' Like '{}%')) As fitting Order by last_name, first_name, middle_init",
+        most, provider, pattern, provider, pattern, pattern);
+}
+
+// "Jordan, Ed L." begins with "Jordan, Ed", and so do "Jordan, Ed M." and "Jordan, Edna": of these only who is shown as
+// it was typed.
+std::optional<PatientFacts> withInitial(const QString& typed) {
+    static const QRegularExpression nameWithInitial(QStringLiteral("^(.*,.*\\S) +(?:\\S\\.?)?$"));
+    const QRegularExpressionMatch name = nameWithInitial.match(typed);
+    if (!name.hasMatch())
+        return std::nullopt;
+    for (Recordset rows(lookUpStatement(name.captured(1)), Session().Connection); !rows.Eof(); rows.MoveNext())
+        if (shownName(rows).startsWith(typed, Qt::CaseInsensitive))
+            return PatientOf(rows);
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<PatientFacts> FindPatient(const QString& typed) {
     if (typed.isEmpty())
         return std::nullopt;
-    return firstOf(lookUpStatement(typed));
+    const std::optional<PatientFacts> found = firstOf(lookUpStatement(typed));
+    return found ? found : withInitial(typed);
+}
+
+std::vector<PatientMatch> MatchingPatients(const QString& typed, int most) {
+    std::vector<PatientMatch> matches;
+    if (typed.isEmpty())
+        return matches;
+    const QString phoneFormat = MaskToFormat(Session().PhoneMask);
+    for (Recordset rows(matchesStatement(typed, most), Session().Connection); !rows.Eof(); rows.MoveNext())
+        matches.push_back({rows["id"].text(), shownName(rows), rows["birth_date"].date(), rows["acctnbr"].text(),
+                           shownPhone(rows, "telephone_h", phoneFormat)});
+    return matches;
 }
 
 std::optional<PatientFacts> PatientOfId(const QString& id) {

@@ -121,14 +121,14 @@ TEST_F(EditorLoad, TheCaptionsSpeakOfClientsAndOfTheFacesheetsAccount) {
     EXPECT_EQ(form->ctList1->Header(2), QStringLiteral("Chart No."));
 }
 
-TEST_F(EditorLoad, ThePatientListHasItsSevenColumns) {
+TEST_F(EditorLoad, ThePatientListHasItsSevenColumnsAndTheBirthDate) {
     openNew(1);
     QStringList headers;
     for (int column = 1; column <= form->ctList1->ColumnCount(); ++column)
         headers << form->ctList1->Header(column);
     EXPECT_EQ(headers, (QStringList{QStringLiteral("Name"), QStringLiteral("Account #"), QStringLiteral("Home Phone"),
                                     QStringLiteral("Work Phone"), QStringLiteral("CPT"), QStringLiteral("Other Phone"),
-                                    QStringLiteral("Email")}));
+                                    QStringLiteral("Email"), QStringLiteral("Birth Date")}));
     EXPECT_FALSE(form->pnlpatlist->isVisible());
 }
 

@@ -1,3 +1,4 @@
+#include <array>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
@@ -7,7 +8,9 @@
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
+#include <utility>
 
+#include "appointments/matchlist.h"
 #include "people/frmnewpat.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -53,6 +56,25 @@ class PatientLookUp : public EditorFixture {
         database.connection().Execute(Sql(
             "Insert Into Patient_Alerts (patient_id, alert_type, Status, alert) Values ('{}', 'Appointment', 1, '{}')",
             patient, text));
+    }
+    /// Three namesakes beside the others.
+    void namesakes() {
+        for (const auto& [id, born, account] :
+             {std::array{"10041", "1950/01/02", "B-1"}, std::array{"10042", "1991/11/30", "B-2"},
+              std::array{"10043", "2004/07/09", "B-3"}})
+            database.connection().Execute(Sql(
+                "Insert Into patient_info (id, last_name, first_name, birth_date, acctnbr, telephone_h) Values ('{}', 'Brown', 'Ann', '{}', '{}', '5552{}')",
+                id, born, account, id));
+    }
+    [[nodiscard]] bool matchesAppear() const {
+        return QTest::qWaitFor([this] { return form->pnlmatches->isVisible(); });
+    }
+    /// The list of those who fit, each row's cells joined by " | ".
+    [[nodiscard]] QStringList matches() const {
+        QStringList rows;
+        for (int row = 0; row < form->pnlmatches->lstmatches->RowCount(); ++row)
+            rows << form->pnlmatches->lstmatches->RowText(row).replace(u';', QLatin1String(" | "));
+        return rows;
     }
     static void letQueuedWorkRun() { QApplication::processEvents(); }
     void leave() {
@@ -253,6 +275,27 @@ TEST_F(PatientLookUp, TheWholeOfABookingGoesByTheKeyboard) {
     EXPECT_EQ(column("patientid", newestKey()), QStringLiteral("10018"));
 }
 
+TEST_F(PatientLookUp, OnASlowLineTheLettersThatCameInTheMeantimeAreLookedUpTogether) {
+    const auto everyLookUpIsSlow = std::exchange(frmnore::QuickLookUp, -1);
+    QLineEdit& box = typed("j");
+    EXPECT_EQ(form->PatientTag(), QStringLiteral("10017"));
+    strike(box, QStringLiteral("or"));
+    EXPECT_EQ(box.text(), QStringLiteral("Jor"));
+    EXPECT_EQ(form->PatientTag(), QString());
+    letQueuedWorkRun();
+    EXPECT_EQ(box.text(), QStringLiteral("Jordan, Ed L."));
+    EXPECT_EQ(box.selectedText(), QStringLiteral("dan, Ed L."));
+
+    // Enter and Backspace do not come before the letters.
+    strike(box, QStringLiteral("d"));
+    press(&box, Qt::Key_Backspace);
+    EXPECT_EQ(box.text(), QStringLiteral("Jord"));
+    strike(box, QStringLiteral("a"));
+    press(&box, Qt::Key_Return);
+    EXPECT_EQ(column("patientid", newestKey()), QStringLiteral("10020"));
+    frmnore::QuickLookUp = everyLookUpIsSlow;
+}
+
 TEST_F(PatientLookUp, AFailingLookUpIsToldAndKeepsWhatWasTyped) {
     typed("");
     const QString why = loseDatabase();
@@ -297,6 +340,184 @@ TEST_F(PatientLookUp, APartOfANameIsFoundOnTheList) {
     type(form->txtfind, QStringLiteral("nobody"));
     desk.expectBox(QStringLiteral("Name not found."), QStringLiteral("Find"));
     form->cmdfind->click();
+}
+
+TEST_F(PatientLookUp, EnterInTheListsFindBoxFindsAndBooksNobody) {
+    typed("jon");
+    form->cmdpatients->click();
+    form->txtfind->setFocus();
+    press(form->txtfind, Qt::Key_Return);
+    EXPECT_TRUE(form->isVisible());
+    QTest::keyClicks(form->txtfind, QStringLiteral("smi"));
+    press(form->txtfind, Qt::Key_Return);
+    EXPECT_TRUE(form->ctList1->hasFocus());
+    EXPECT_EQ(form->ctList1->Cell(form->ctList1->SelectedRow(), 1), QStringLiteral("Smith, Zed"));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(rowCount("appointments"), 0);
+}
+
+TEST_F(PatientLookUp, NoKeyThatIsMeantForTheListSaves) {
+    typed("jon");
+    form->cmdpatients->click();
+    form->ctList1->SelectRow(-1);
+    const std::pair<QWidget*, QString> places[] = {{form->ctList1, QStringLiteral("list")},
+                                                   {form->txtfind, QStringLiteral("find")}};
+    for (const auto& [place, name] : places) {
+        place->setFocus();
+        press(place, Qt::Key_Return);
+        press(place, Qt::Key_Enter, Qt::KeypadModifier);
+        press(place, Qt::Key_Return, Qt::ControlModifier);
+        press(place, Qt::Key_K, Qt::AltModifier);
+        EXPECT_TRUE(form->isVisible()) << name.toStdString();
+        EXPECT_TRUE(form->pnlpatlist->isVisible()) << name.toStdString();
+    }
+    EXPECT_EQ(rowCount("appointments"), 0);
+    press(form->ctList1, Qt::Key_Escape);
+    EXPECT_TRUE(form->cmdOk->isEnabled());
+}
+
+TEST_F(PatientLookUp, TheListStartsAtWhatWasTyped) {
+    for (const auto& [text, name] :
+         {std::pair{"jor", "Jordan, Ed L."}, std::pair{"o'x", "O'Neil, Zoë"}, std::pair{"", ""}}) {
+        typed(text);
+        form->cmdpatients->click();
+        EXPECT_EQ(form->ctList1->Cell(form->ctList1->SelectedRow(), 1), QString::fromUtf8(name)) << text;
+    }
+}
+
+TEST_F(PatientLookUp, WhatTellsNamesakesApartIsInSightInTheList) {
+    namesakes();
+    typed("brown");
+    form->cmdpatients->click();
+    const ctList& list = *form->ctList1;
+    const int row = list.SelectedRow();
+    EXPECT_EQ(list.Cell(row, 8), QStringLiteral("1/2/1950"));
+    for (const int column : {1, 2, 3, 8}) {
+        const QModelIndex cell = list.model()->index(row, column - 1);
+        const QRect place = list.visualRect(cell);
+        EXPECT_TRUE(list.viewport()->rect().contains(place)) << column;
+        EXPECT_GE(place.width(), list.sizeHintForIndex(cell).width()) << column;
+    }
+    EXPECT_GE(list.columnWidth(0),
+              list.fontMetrics().horizontalAdvance(QStringLiteral("Abramowitz, Alexandra K.")) + 8);
+}
+
+TEST_F(PatientLookUp, SeveralWhoFitAreShownUnderTheFieldWithWhatTellsThemApart) {
+    namesakes();
+    typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    EXPECT_EQ(matches(), QStringList({QStringLiteral("Brown, Ann | 1/2/1950 | B-1 | (555) 210-041"),
+                                      QStringLiteral("Brown, Ann | 11/30/1991 | B-2 | (555) 210-042"),
+                                      QStringLiteral("Brown, Ann | 7/9/2004 | B-3 | (555) 210-043")}));
+    EXPECT_TRUE(form->txtpatients->hasFocus());
+    EXPECT_TRUE(form->txtpatients->accessibleDescription().contains(QStringLiteral("1/2/1950")));
+}
+
+TEST_F(PatientLookUp, EnterTakesTheMarkedNamesakeAndOnlyTheNextOneSaves) {
+    namesakes();
+    QLineEdit& box = typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    press(&box, Qt::Key_Down);
+    press(&box, Qt::Key_Return);
+    EXPECT_EQ(form->PatientTag(), QStringLiteral("10042"));
+    EXPECT_EQ(form->txtaccount->text(), QStringLiteral("B-2"));
+    EXPECT_FALSE(form->pnlmatches->isVisible());
+    EXPECT_EQ(rowCount("appointments"), 0);
+    press(&box, Qt::Key_Return);
+    EXPECT_EQ(column("patientid", newestKey()), QStringLiteral("10042"));
+}
+
+TEST_F(PatientLookUp, EnterRightBehindTheLettersShowsTheNamesakesInsteadOfSavingTheFirst) {
+    namesakes();
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
+        QLineEdit& box = typed("bro");
+        press(&box, Qt::Key_Return, modifier);
+        EXPECT_TRUE(form->pnlmatches->isVisible());
+        EXPECT_EQ(rowCount("appointments"), 0);
+    }
+}
+
+TEST_F(PatientLookUp, ANamesakeIsTakenByTheMouseToo) {
+    namesakes();
+    typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    const ctList& list = *form->pnlmatches->lstmatches;
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(2, 0)).center());
+    EXPECT_EQ(form->PatientTag(), QStringLiteral("10043"));
+    EXPECT_TRUE(form->txtpatients->hasFocus());
+}
+
+TEST_F(PatientLookUp, TabTakesTheMarkedNamesakeAlong) {
+    namesakes();
+    QLineEdit& box = typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    press(&box, Qt::Key_PageDown);
+    press(&box, Qt::Key_Tab);
+    letQueuedWorkRun();
+    EXPECT_EQ(form->PatientTag(), QStringLiteral("10043"));
+    EXPECT_FALSE(box.hasFocus());
+    EXPECT_FALSE(form->pnlmatches->isVisible());
+}
+
+TEST_F(PatientLookUp, EscapeFirstClosesTheListOfThoseWhoFit) {
+    namesakes();
+    QLineEdit& box = typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    press(&box, Qt::Key_Escape);
+    EXPECT_FALSE(form->pnlmatches->isVisible());
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->PatientTag(), QStringLiteral("10041"));
+}
+
+TEST_F(PatientLookUp, OneWhoFitsIsShownInTheFieldAlone) {
+    namesakes();
+    QLineEdit& box = typed("smi");
+    EXPECT_FALSE(form->pnlmatches->Ask());
+    press(&box, Qt::Key_Return);
+    EXPECT_EQ(column("patientid", newestKey()), QStringLiteral("10021"));
+}
+
+TEST_F(PatientLookUp, MoreThanTheListHoldsIsTold) {
+    for (int i = 0; i < 60; ++i)
+        person(qPrintable(QStringLiteral("C%1").arg(i)), "Crowd", qPrintable(QStringLiteral("A%1").arg(i, 2)));
+    typed("crowd");
+    ASSERT_TRUE(matchesAppear());
+    EXPECT_EQ(matches().size(), 50);
+    EXPECT_EQ(form->pnlmatches->lblmore->text(), QStringLiteral("More than 50 fit. Type more of the name."));
+    EXPECT_TRUE(form->pnlmatches->lblmore->isVisible());
+}
+
+TEST_F(PatientLookUp, TheNameIsFoundAsTheFormItselfShowsIt) {
+    person("10050", "Jordan", "Ed", "M");
+    person("10051", "Jordan", "Ed");
+    for (const auto& [text, id] : {std::pair{"Jordan, Ed L.", "10020"}, std::pair{"jordan, ed l", "10020"},
+                                   std::pair{"Jordan, Ed M.", "10050"}, std::pair{"Jordan, Ed X.", ""}}) {
+        typed(text);
+        EXPECT_EQ(form->PatientTag(), QLatin1String(id)) << text;
+    }
+}
+
+TEST_F(PatientLookUp, AFirstNameThatBeginsLikeAnInitialHidesNobody) {
+    person("10052", "Gray", "Mary Ann");
+    person("10053", "Gray", "Mary", "A");
+    typed("gray, mary a");
+    ASSERT_TRUE(matchesAppear());
+    EXPECT_EQ(matches(),
+              QStringList({QStringLiteral("Gray, Mary A. |  |  | "), QStringLiteral("Gray, Mary Ann |  |  | ")}));
+}
+
+TEST_F(PatientLookUp, WithoutTheRightTheListHoldsNoMoreThanTheLookUpFinds) {
+    namesakes();
+    Session().AllProviders = false;
+    run("Update patient_info Set provider_id = 'REED' Where id = '10041'");
+    run("Insert Into incident_hx (patient_id, incident_nbr) Values ('10041', 1)");
+    run("Insert Into incident_hx (patient_id, incident_nbr) Values ('10042', 1)");
+    run("Insert Into incident_hx (patient_id, incident_nbr) Values ('10043', 1)");
+    run("Insert Into patientaccess (patientid, providerid) Values ('10043', 'REED')");
+    typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    EXPECT_EQ(matches(), QStringList({QStringLiteral("Brown, Ann | 1/2/1950 | B-1 | (555) 210-041"),
+                                      QStringLiteral("Brown, Ann | 7/9/2004 | B-3 | (555) 210-043")}));
 }
 
 TEST_F(PatientLookUp, AListedPatientWhomAnotherUserDeletedIsTold) {
