@@ -11,7 +11,9 @@
 
 #include "appointments/frmslist.h"
 #include "appointments/recurrencetext.h"
+#include "appointments/seriesdates.h"
 #include "data/minutetime.h"
+#include "data/pipefields.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
@@ -19,6 +21,7 @@
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
+#include "session/errorbox.h"
 #include "session/openview.h"
 #include "session/session.h"
 
@@ -26,6 +29,7 @@ namespace {
 
 constexpr int FirstEvents = 2;
 constexpr int EndAfter = 0;
+constexpr int PatientPiece = 3;  // Of an item's note.
 
 int value(const ctNEdit* field) {
     return static_cast<int>(field->Value());
@@ -58,6 +62,9 @@ bool frmRecurAppt::loadSource() {
     lblsource->setText(
         QStringLiteral("%1, %2 - %3")
             .arg(source_.text, MinutesToTimeText(source_.start, military), MinutesToTimeText(source_.end, military)));
+    seriesdates->SetSource(
+        {source_.key, source_.start, source_.end, ProviderOfView().id, GetPipeField(source_.note, PatientPiece)},
+        source_.date);
     return source_.date.isValid() && !source_.text.isEmpty();
 }
 
@@ -160,9 +167,11 @@ void frmRecurAppt::describe() {
     pattern_.patternLoaded = true;
     UIGetInfo();
     const bool endless = pattern_.maxEvents == 0 && !pattern_.endDate.isValid();
+    const std::vector<QDate> dates = endless ? std::vector<QDate>() : BRGetDateStream(pattern_);
     lblsentence->setText(!pattern_.startDate.isValid() ? tr("Enter a start date.")
                          : endless                     ? tr("Enter when the series ends.")
-                                                       : DescribeSeries(pattern_, BRGetDateStream(pattern_)));
+                                                       : DescribeSeries(pattern_, dates, source_.date));
+    seriesdates->ShowDates(dates);
     pattern_.patternLoaded = loaded;
 }
 
@@ -216,12 +225,13 @@ void frmRecurAppt::getSampleDates() {
         UIGetInfo();
         const QString format =
             Session().DateOrder == 0 ? QStringLiteral("ddd MM/dd/yyyy") : QStringLiteral("ddd dd/MM/yyyy");
-        for (const QDate date : BRGetDateStream(pattern_)) {
-            bool booked = false;
-            // A preview goes on without its marks where the database cannot be asked.
-            db::Ignoring([&] { booked = date != source_.date && collides(date); });
-            sample.AddDate(QLocale::c().toString(date, format), booked);
-        }
+        const std::vector<QDate> dates = BRGetDateStream(pattern_);
+        seriesdates->ShowDates(dates);
+        seriesdates->Read();
+        for (const QDate date : dates)
+            sample.AddDate(QLocale::c().toString(date, format),
+                           date == source_.date ? tr("this appointment itself") : seriesdates->InTheWay(date).Text(),
+                           date != source_.date);
     }
     ShowModal(sample);
 }
@@ -234,5 +244,11 @@ void frmRecurAppt::createRecurApptList() {
                QStringLiteral("Solvane Scheduler"));
         return;
     }
-    SaveProviderApt(dates);
+    seriesdates->ShowDates(dates);
+    seriesdates->Read();
+    try {
+        SaveProviderApt(dates, askForCompanions());
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error opening database. "), error);
+    }
 }

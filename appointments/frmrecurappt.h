@@ -13,6 +13,7 @@ class QLabel;
 class QPushButton;
 class QRadioButton;
 class QStackedWidget;
+class SeriesDates;
 class ctDEdit;
 class ctNEdit;
 namespace db {
@@ -21,7 +22,8 @@ class Recordset;
 
 /// Turns the appointment that is selected in the open view into a series: the user chooses a pattern, and OK writes one
 /// row for each of its dates besides the appointment's own. Of the pattern itself nothing is kept but `repeating` and
-/// `repeating_ref`, the key of the first appointment. A line below the settings says what the series will be.
+/// `repeating_ref`, the key of the first appointment. A line below the settings says what the series will be, and a
+/// list shows its dates with what stands in their way; a date that is decided there is not asked for again.
 class frmRecurAppt : public QDialog {
     Q_OBJECT
 
@@ -62,6 +64,7 @@ class frmRecurAppt : public QDialog {
     QComboBox* cmbRecrYearlyWeekday = nullptr;
     QLabel* lblsource = nullptr;             ///< What is repeated.
     QLabel* lblsentence = nullptr;           ///< What the series will be.
+    SeriesDates* seriesdates = nullptr;      ///< The dates of the series.
     std::array<QPushButton*, 3> cmdRecur{};  ///< OK, Cancel, Sample Dates.
 
   private:
@@ -78,6 +81,8 @@ class frmRecurAppt : public QDialog {
         int id = 0;
         QString text;  ///< Empty: the copies get no room.
     };
+    /// Who comes to the appointment besides its provider and patient.
+    enum class Companions { None, Attendees, Members };
 
     // frmrecurappt_layout.cpp
     void buildForm();
@@ -98,11 +103,22 @@ class frmRecurAppt : public QDialog {
     void describe();
     void OK_Click();
 
-    // frmrecurappt_save.cpp
+    // frmrecurappt_ask.cpp
     [[nodiscard]] bool collides(QDate date) const;
-    void SaveProviderApt(const std::vector<QDate>& dates);
+    [[nodiscard]] bool isTakenElsewhere(QDate date, const Room& room) const;
+    /// Whether no copy is written on a date: it is the appointment's own, or the user does not want it.
+    [[nodiscard]] bool leavesOut(QDate date, const Room& room) const;
     [[nodiscard]] Room roomForCopies(int sourceKey) const;
-    void addCopies(db::Recordset& rows, const std::vector<QDate>& dates, int sourceKey, const Room& room);
+    /// Who goes along into the series, which the user is asked where there is anybody. Throws db::DatabaseError.
+    [[nodiscard]] Companions askForCompanions() const;
+    void tellMade(int made) const;
+
+    // frmrecurappt_save.cpp
+    void SaveProviderApt(const std::vector<QDate>& dates, Companions companions);
+    /// How many were written.
+    int addCopies(db::Recordset& rows, const std::vector<QDate>& dates, int sourceKey, const Room& room,
+                  Companions companions);
+    void copyCompanions(int copyKey, QDate date, Companions companions) const;
 
     Source source_;
     RecurrencePattern pattern_;

@@ -10,6 +10,7 @@
 #include <QStackedWidget>
 
 #include "appointments/frmrecurappt.h"
+#include "appointments/seriesdates.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
@@ -255,7 +256,8 @@ void frmRecurAppt::layOutForm(QLayout* range) {
     inner->addLayout(pattern);
     inner->addLayout(range);
     inner->addWidget(lblsentence);
-    inner->addStretch(1);
+    seriesdates = new SeriesDates(this);
+    inner->addWidget(seriesdates, 1);
     // The line grows and shrinks with what it says; the form does not.
     lblsentence->setMinimumHeight(fontMetrics().height() * 2);
     lblsentence->setAlignment(Qt::AlignTop);

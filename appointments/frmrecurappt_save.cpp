@@ -2,12 +2,10 @@
 #include "appointments/frmrecurappt.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
-#include "platform/controls/ctdedit.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
-#include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
 #include "session/openview.h"
 #include "session/session.h"
@@ -15,7 +13,6 @@
 using db::Lock;
 using db::Recordset;
 using db::Sql;
-using db::SqlDate;
 using db::Value;
 
 namespace {
@@ -38,23 +35,7 @@ CopyStatus copyStatus(int sourceColor) {
 
 }  // namespace
 
-// The dialog's own rule, not that of the booking screens.
-bool frmRecurAppt::collides(QDate date) const {
-    return !Recordset(
-                Sql("Select * from appointments Where ClinicianId = '{}' AND dapptdate = '{}' AND (({} BETWEEN nstarttime AND nendtime) OR ({} BETWEEN nstarttime AND nendtime) OR (nstarttime BETWEEN {} AND {}))",
-                    ProviderOfView().id, SqlDate(date), source_.start, source_.end, source_.start, source_.end),
-                Session().Connection)
-                .Eof();
-}
-
-bool frmRecurAppt::getconflict(QDate date) const {
-    return collides(date) &&
-           MsgBox(QStringLiteral("You have another appointment on %1 which conflicts with this one. Add anyway?")
-                      .arg(ShortDateText(date)),
-                  YesNoBox, QStringLiteral("Appointment Conflict")) != Answer::Yes;
-}
-
-void frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates) {
+void frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions companions) {
     const BusyPointer busy;
     Recordset rows;
     try {
@@ -80,35 +61,23 @@ void frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates) {
             rows.Set("repeating_ref", sourceKey);
             rows.Update();
         }
-        addCopies(rows, dates, sourceKey, roomForCopies(sourceKey));
+        tellMade(addCopies(rows, dates, sourceKey, roomForCopies(sourceKey), companions));
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error adding appointment. "), error);
     }
 }
 
-frmRecurAppt::Room frmRecurAppt::roomForCopies(int sourceKey) const {
-    Room room{ApptRoomId(sourceKey), {}};
-    if (room.id <= 0)
-        return room;
-    const Recordset name(Sql("Select room from rooms Where roomid = {}", room.id), Session().Connection);
-    const bool wanted =
-        MsgBox(
-            QStringLiteral(
-                "This appointment is associated with a Room. Do you want the room to be associated with all recurring appointments?"),
-            YesNoBox, QStringLiteral("Recurring Appointment")) == Answer::Yes;
-    if (wanted && !name.Eof())
-        room.text = name[0].text();
-    return room;
-}
-
-void frmRecurAppt::addCopies(Recordset& rows, const std::vector<QDate>& dates, int sourceKey, const Room& room) {
+int frmRecurAppt::addCopies(Recordset& rows, const std::vector<QDate>& dates, int sourceKey, const Room& room,
+                            Companions companions) {
     const Value appttype = rows["appttype"].value();
     const Value category = rows["appointment_type"].value();
     // The row's own code: what the calendar paints for a type slot is never stored.
     const CopyStatus status = copyStatus(static_cast<int>(rows["ncolor"].integer()));
-    const QString provider = ProviderOfView().id;
+    const QString provider =
+        companions == Companions::Attendees ? QString::fromLatin1(EventClinicianId) : ProviderOfView().id;
+    int made = 0;
     for (const QDate date : dates) {
-        if (date == txtRecrStartDate->Date() || getconflict(date))
+        if (leavesOut(date, room))
             continue;
         rows.AddNew();
         rows.Set("nStartTime", source_.start);
@@ -133,5 +102,21 @@ void frmRecurAppt::addCopies(Recordset& rows, const std::vector<QDate>& dates, i
         const int key = static_cast<int>(rows["nkeyid"].integer());
         if (!room.text.isEmpty() && room.id >= 1)
             BookRoom(room.id, key, source_.start, source_.end, date, room.text);
+        copyCompanions(key, date, companions);
+        ++made;
     }
+    return made;
+}
+
+// Nobody has come to a copy yet, and who has left the group by then does not come.
+void frmRecurAppt::copyCompanions(int copyKey, QDate date, Companions companions) const {
+    db::Connection& connection = Session().Connection;
+    if (companions == Companions::Attendees)
+        connection.Execute(Sql(
+            "Insert Into appointmentsevents (nkeyid, clinicianid) Select {}, clinicianid From appointmentsevents Where nkeyid = {}",
+            copyKey, source_.key));
+    if (companions == Companions::Members)
+        connection.Execute(Sql(
+            "Insert Into AppointmentsGroup (nKeyId, PatientId, PatientAcct, PatientName, Kept, GroupId) Select {}, PatientId, PatientAcct, PatientName, 0, GroupId From AppointmentsGroup Where nKeyId = {} And Not Exists (Select * From GroupMembers Where GroupMembers.GroupID = AppointmentsGroup.GroupId And GroupMembers.PatientID = AppointmentsGroup.PatientId And GroupMembers.enddate < '{}')",
+            copyKey, source_.key, date));
 }

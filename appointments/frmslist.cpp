@@ -25,8 +25,8 @@ frmslist::frmslist(QWidget* parent) : QDialog(parent) {
     resize(fontMetrics().averageCharWidth() * 46, fontMetrics().height() * 24);
 }
 
-void frmslist::AddDate(const QString& text, bool collides) {
-    auto* item = new QListWidgetItem(collides ? tr("%1   something is booked then").arg(text) : text, List1);
-    if (collides)
+void frmslist::AddDate(const QString& date, const QString& note, bool warns) {
+    auto* item = new QListWidgetItem(note.isEmpty() ? date : date + QStringLiteral("   ") + note, List1);
+    if (warns && !note.isEmpty())
         item->setIcon(Icon("warning"));
 }

@@ -4,14 +4,15 @@
 
 class QListWidget;
 
-/// A preview of dates. A date on which something is booked in the way carries a mark and says so.
+/// A preview of dates. A date with something in its way carries a mark and says what.
 class frmslist : public QDialog {
     Q_OBJECT
 
   public:
     explicit frmslist(QWidget* parent = nullptr);
 
-    void AddDate(const QString& text, bool collides);
+    /// `note` is what is to be said of the date, "" for nothing; `warns` marks a date with a note.
+    void AddDate(const QString& date, const QString& note, bool warns);
 
     QListWidget* List1 = nullptr;
 };

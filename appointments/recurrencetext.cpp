@@ -1,5 +1,6 @@
 #include "appointments/recurrencetext.h"
 
+#include <algorithm>
 #include <QLocale>
 #include <QObject>
 #include <QStringList>
@@ -70,11 +71,13 @@ QString rhythm(const RecurrencePattern& pattern) {
 
 }  // namespace
 
-QString DescribeSeries(const RecurrencePattern& pattern, const std::vector<QDate>& dates) {
+QString DescribeSeries(const RecurrencePattern& pattern, const std::vector<QDate>& dates, QDate own) {
     if (dates.empty())
         return tr("%1: no date fits.").arg(rhythm(pattern));
-    const int count = static_cast<int>(dates.size());
-    return QStringLiteral("%1, %2, %3")
+    const auto count = static_cast<int>(dates.size());
+    const int fresh = count - static_cast<int>(std::count(dates.begin(), dates.end(), own));
+    return QStringLiteral("%1, %2, %3: %4")
         .arg(rhythm(pattern), count == 1 ? tr("once") : tr("%1 times").arg(count),
-             tr("until %1").arg(QLocale::c().toString(dates.back(), QStringLiteral("d MMMM yyyy"))));
+             tr("until %1").arg(QLocale::c().toString(dates.back(), QStringLiteral("d MMMM yyyy"))),
+             fresh == 1 ? tr("1 new appointment") : tr("%1 new appointments").arg(fresh));
 }

@@ -1,0 +1,124 @@
+#include "appointments/seriesobstacles.h"
+
+#include "appointments/overlap.h"
+#include "data/codes.h"
+#include "data/minutetime.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "session/session.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+MinuteSpan timeOf(const Recordset& row) {
+    return {row["nStartTime"].real(), row["nEndTime"].real()};
+}
+
+QString withTime(const QString& what, MinuteSpan time) {
+    const bool military = Session().MilitaryTime;
+    return QStringLiteral("%1 %2 - %3")
+        .arg(what.simplified(), MinutesToTimeText(static_cast<int>(time.start), military),
+             MinutesToTimeText(static_cast<int>(time.end), military));
+}
+
+QString shownText(const Recordset& row) {
+    const bool hidden = Session().HidePatientNames && IsPatientRow(static_cast<int>(row["ncolor"].integer()));
+    return hidden ? QObject::tr("A patient") : row["cappttext"].text();
+}
+
+}  // namespace
+
+QString Obstacles::Text() const {
+    QStringList all = booked + elsewhere + room;
+    if (!holiday.isEmpty())
+        all << QObject::tr("Holiday: %1").arg(holiday);
+    return all.join(QStringLiteral("; "));
+}
+
+void SeriesObstacles::Read(QDate from, QDate to) {
+    from_ = to_ = QDate();
+    days_.clear();
+    readRoom();
+    readSchedules(from, to);
+    readBookings(from, to);
+    readHolidays();
+    from_ = from;
+    to_ = to;
+}
+
+Obstacles SeriesObstacles::On(QDate date) const {
+    const auto day = days_.find(date);
+    Obstacles found = day != days_.end() ? day->second : Obstacles();
+    for (const Holiday& holiday : holidays_)
+        if (holiday.date == date ||
+            (holiday.everyYear && holiday.date.month() == date.month() && holiday.date.day() == date.day()))
+            found.holiday = holiday.name;
+    return found;
+}
+
+void SeriesObstacles::readRoom() {
+    if (roomRead_)
+        return;
+    const Recordset room(
+        Sql("Select roomschedule.croomid, rooms.Room from appointments Inner Join roomschedule On roomschedule.apptid = Case When appointments.repeating = 1 And appointments.repeating_ref > 0 Then appointments.repeating_ref Else appointments.nkeyid End Inner Join rooms On rooms.roomid = roomschedule.croomid Where appointments.nkeyid = {}",
+            source_.key),
+        Session().Connection);
+    if (!room.Eof())
+        room_ = {static_cast<int>(room[0].integer()), room[1].text()};
+    roomRead_ = true;
+}
+
+// Each arm has an index of its own; touching times are sorted out below, except in the provider's own schedule.
+void SeriesObstacles::readSchedules(QDate from, QDate to) {
+    QString statement = Sql(
+        "Select nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, 0 As elsewhere, '' As lastname from appointments Where ClinicianId = '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {} Union All Select appointments.nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, 1 As elsewhere, '' As lastname from appointments Inner Join appointmentsevents On appointments.nkeyid = appointmentsevents.nkeyid Where appointmentsevents.clinicianid = '{}' And appointments.clinicianid <> '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {}",
+        source_.provider, from, to, source_.end, source_.start, source_.provider, source_.provider, from, to,
+        source_.end, source_.start);
+    if (!source_.patientId.isEmpty())
+        statement += Sql(
+            " Union All Select nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, 1 As elsewhere, prov_lastname As lastname from appointments Left Join provider_info On provider_info.id = appointments.clinicianid Where PatientId = '{}' And clinicianid <> '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {}",
+            source_.patientId, source_.provider, from, to, source_.end, source_.start);
+    const MinuteSpan proposed{static_cast<double>(source_.start), static_cast<double>(source_.end)};
+    for (Recordset rows(statement, Session().Connection); !rows.Eof(); rows.MoveNext()) {
+        const MinuteSpan time = timeOf(rows);
+        const bool elsewhere = rows["elsewhere"].integer() == 1;
+        if (rows["nkeyid"].integer() == source_.key || (elsewhere && !Overlaps(proposed, time)))
+            continue;
+        const QString provider = rows["lastname"].text();
+        const QString what =
+            provider.isEmpty() ? shownText(rows) : QObject::tr("%1 with %2").arg(shownText(rows), provider);
+        Obstacles& day = days_[rows["dapptdate"].date()];
+        (elsewhere ? day.elsewhere : day.booked) << withTime(what, time);
+    }
+}
+
+void SeriesObstacles::readBookings(QDate from, QDate to) {
+    if (room_.id <= 0)
+        return;
+    const MinuteSpan proposed{static_cast<double>(source_.start), static_cast<double>(source_.end)};
+    for (
+        Recordset rows(
+            Sql("Select nApptDate, nStartTime, nEndTime, croomtext, apptid from roomschedule Where croomid = {} And nApptDate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {}",
+                room_.id, from, to, source_.end, source_.start),
+            Session().Connection);
+        !rows.Eof(); rows.MoveNext()) {
+        const MinuteSpan time = timeOf(rows);
+        const qint64 appointment = rows["apptid"].integer();
+        if (appointment == source_.key || !Overlaps(proposed, time))
+            continue;
+        const QString who =
+            Session().HidePatientNames && appointment > 0 ? QObject::tr("booked") : rows["croomtext"].text();
+        days_[rows["nApptDate"].date()].room << QStringLiteral("%1: %2").arg(room_.name, withTime(who, time));
+    }
+}
+
+void SeriesObstacles::readHolidays() {
+    if (!holidays_.empty())
+        return;
+    for (Recordset rows(QStringLiteral("Select Holiday, HolidayDate, HolidayRepeat from Holidays"),
+                        Session().Connection);
+         !rows.Eof(); rows.MoveNext())
+        holidays_.push_back({rows["HolidayDate"].date(), rows["HolidayRepeat"].integer() == 1, rows["Holiday"].text()});
+}
