@@ -127,8 +127,12 @@ void ctMDay::dragTo(QPoint pos) {
 
 // Neither another part of the window nor another window that lies over the calendar is a place to drop something.
 bool ctMDay::isUnder(QPoint globalPos) const {
-    const QWidget* there = QApplication::topLevelAt(globalPos);
-    return rect().contains(mapFromGlobal(globalPos)) && (there == nullptr || there == window());
+    if (!rect().contains(mapFromGlobal(globalPos)))
+        return false;
+    // Wayland tells no window where the others are.
+    const bool knowsPlaces = !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    return !knowsPlaces || QApplication::topLevelAt(globalPos) == window() ||
+           QGuiApplication::screenAt(globalPos) == nullptr;
 }
 
 void ctMDay::extendRangeTo(QPoint pos) {
