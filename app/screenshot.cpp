@@ -10,9 +10,10 @@
 
 namespace {
 
-// What the off-screen platform cannot do is nothing to whoever wants a picture.
-void onlyGraveMessages(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
+// What the off-screen platform cannot do is nothing to whoever wants a picture. What the program itself says, it was
+// asked for.
+void onlyGraveMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg || qstrncmp(context.category, "svscheduler.", 12) == 0)
         std::fprintf(stderr, "%s\n", qUtf8Printable(message));
 }
 

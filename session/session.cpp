@@ -2,12 +2,21 @@
 
 #include <memory>
 
+#include "platform/database/readtogether.h"
+#include "platform/desktop/questions.h"
+
 namespace {
 
 std::unique_ptr<SessionValues>& holder() {
     static auto values = std::make_unique<SessionValues>();
     return values;
 }
+
+// Whoever is asked takes a while to answer, and other desks do not wait.
+const bool forgetsBeforeQuestions = [] {
+    BeforeQuestions(db::ReadTogether::ForgetAll);
+    return true;
+}();
 
 }  // namespace
 

@@ -17,10 +17,10 @@ Q_LOGGING_CATEGORY(tripLog, "svscheduler.trips", QtWarningMsg)
 
 std::atomic<qint64> trips{0};
 
-/// What is sent is told to whoever asked for it only: it holds the names of patients.
+/// What is sent is told to whoever asked for it only, since it holds the names of patients; a line for each trip.
 void countTrip(const QString& sent) {
     ++trips;
-    qCDebug(tripLog).noquote() << sent;
+    qCDebug(tripLog).noquote() << QString(sent).replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
 }  // namespace
@@ -120,7 +120,6 @@ qint64 Connection::LastIdentity() {
 void Connection::BeginTrans() {
     if (transaction_ != Transaction::None)
         throw DatabaseError(-2147168237, QStringLiteral("Cannot start more transactions on this session."));
-    forgetRead();
     atEngine(QStringLiteral("(begin)"), [](Engine& engine) { engine.begin(); });
     transaction_ = Transaction::Open;
 }
@@ -128,7 +127,6 @@ void Connection::BeginTrans() {
 void Connection::CommitTrans() {
     if (transaction_ == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
-    forgetRead();
     atEngine(QStringLiteral("(commit)"), [](Engine& engine) { engine.commit(); });
     transaction_ = Transaction::None;
     for (Write& write : std::exchange(untold_, {}))
@@ -138,13 +136,13 @@ void Connection::CommitTrans() {
 void Connection::RollbackTrans() {
     if (std::exchange(transaction_, Transaction::None) == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
-    forgetRead();
     untold_.clear();
     atEngine(QStringLiteral("(rollback)"), [](Engine& engine) { engine.rollback(); });
 }
 
 qint64 Connection::send(const QString& statement, const std::vector<Value>& bound) {
-    forgetRead();
+    for (ReadTogether* together : std::as_const(together_))
+        together->forgetWhatNames(WrittenTable(statement));
     return atEngine(statement, [&](Engine& engine) { return engine.execute(statement, bound); });
 }
 
@@ -160,8 +158,8 @@ ResultTable Connection::query(const QString& statement, const std::vector<Value>
 std::vector<ResultTable> Connection::queryTogether(const QStringList& statements) {
     if (!engine_ || statements.isEmpty())
         return {};
-    std::vector<ResultTable> tables =
-        atEngine(statements.join(QLatin1Char('\n')), [&](Engine& engine) { return engine.queryTogether(statements); });
+    std::vector<ResultTable> tables = atEngine(statements.join(QStringLiteral("; ")),
+                                               [&](Engine& engine) { return engine.queryTogether(statements); });
     if (tables.size() < static_cast<std::size_t>(statements.size()))
         noteEndedTransaction();
     return tables;
@@ -185,7 +183,7 @@ const ResultTable* Connection::readAlready(const QString& statement) const {
 
 void Connection::forgetRead() {
     for (ReadTogether* together : std::as_const(together_))
-        together->read_.clear();
+        together->forgetWhatNames({});
 }
 
 void Connection::written(Write write) {

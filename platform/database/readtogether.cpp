@@ -5,6 +5,15 @@
 
 namespace db {
 
+namespace {
+
+QList<ReadTogether*>& living() {
+    static QList<ReadTogether*> objects;
+    return objects;
+}
+
+}  // namespace
+
 ReadTogether::ReadTogether(Connection& connection, const QStringList& statements) : connection_(connection) {
     QStringList wanted;
     for (const QString& statement : statements) {
@@ -16,14 +25,26 @@ ReadTogether::ReadTogether(Connection& connection, const QStringList& statements
             throw std::logic_error("Only a Select is read together with others: " + statement.toStdString());
         wanted << statement;
     }
-    std::vector<ResultTable> tables = connection.queryTogether(wanted);
+    std::vector<ResultTable> tables;
+    Ignoring([&] { tables = connection.queryTogether(wanted); });
     for (std::size_t i = 0; i < tables.size(); ++i)
         read_.insert(wanted[static_cast<qsizetype>(i)], std::move(tables[i]));
     connection.together_.push_back(this);
+    living().push_back(this);
 }
 
 ReadTogether::~ReadTogether() {
     connection_.together_.removeOne(this);
+    living().removeOne(this);
+}
+
+void ReadTogether::ForgetAll() {
+    for (ReadTogether* together : std::as_const(living()))
+        together->forgetWhatNames({});
+}
+
+void ReadTogether::forgetWhatNames(const std::optional<QString>& table) {
+    read_.removeIf([&](const auto& read) { return !table || Names(read.key(), *table); });
 }
 
 }  // namespace db

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <QHash>
 #include <QStringList>
 
@@ -13,9 +14,8 @@ class Connection;
 /// for letter, takes the rows from here instead of asking again, as often as it is opened.
 ///
 /// What a Recordset tells does not change: a statement that fails, and those behind it, are not kept, so that each is
-/// sent again by its own Recordset, which gets the error that is its own. A write on the connection and the begin or
-/// end of a transaction empty it. It is for the reads of one load or one command, with no question to the user between
-/// them.
+/// sent again by its own Recordset, which gets the error that is its own. A write on the connection forgets what was
+/// read of its table. It is for the reads of one load or one command.
 class ReadTogether {
   public:
     /// Each statement is one Select, else std::logic_error; an empty one is left out, and so is one that an outer
@@ -25,8 +25,14 @@ class ReadTogether {
     ReadTogether(const ReadTogether&) = delete;
     ReadTogether& operator=(const ReadTogether&) = delete;
 
+    /// Before a question to the user: what was read is forgotten, on every connection, since it may be old when the
+    /// answer comes.
+    static void ForgetAll();
+
   private:
     friend class Connection;
+    /// Without a table all of it.
+    void forgetWhatNames(const std::optional<QString>& table);
 
     Connection& connection_;
     QHash<QString, ResultTable> read_;

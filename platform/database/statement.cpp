@@ -291,6 +291,13 @@ std::optional<QString> WrittenTable(const QString& statement) {
     return verb.is(QLatin1String("Insert")) ? table : resolved(table, at, end);
 }
 
+bool Names(const QString& statement, const QString& name) {
+    const std::vector<Token> tokens = Tokens(statement);
+    return std::any_of(tokens.begin(), tokens.end(), [&](const Token& token) {
+        return token.isName() && token.name().compare(name, Qt::CaseInsensitive) == 0;
+    });
+}
+
 SelectShape ShapeOfSelect(const QString& statement) {
     SelectShape shape;
     const std::vector<Token> tokens = Tokens(statement);

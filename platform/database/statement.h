@@ -28,6 +28,9 @@ void RequireOneStatement(const QString& statement);
 /// The table that an Insert, Update, Delete or a statement on the schema writes to; nothing for a statement that reads.
 std::optional<QString> WrittenTable(const QString& statement);
 
+/// Whether a name stands in a statement: as a table, a column or another name, outside texts.
+bool Names(const QString& statement, const QString& name);
+
 /// What a Select takes from where.
 struct SelectShape {
     struct Item {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/desktop/opendialog.h"
+#include "platform/desktop/questions.h"
 
 namespace {
 
@@ -119,13 +120,28 @@ DesktopSeams& Desktop() {
     return seams;
 }
 
+namespace {
+
+std::function<void()>& beforeQuestion() {
+    static std::function<void()> step = [] {};
+    return step;
+}
+
+}  // namespace
+
+void BeforeQuestions(std::function<void()> step) {
+    beforeQuestion() = std::move(step);
+}
+
 Answer MsgBox(const QString& text, BoxStyle style, const QString& title) {
     const OpenDialog open;
+    beforeQuestion()();
     return Desktop().msgBox(text, style, title);
 }
 
 int ShowModal(QDialog& form) {
     const OpenDialog open;
+    beforeQuestion()();
     return Desktop().showModal(form);
 }
 

@@ -29,6 +29,7 @@ class ProgramTest : public testing::Test {
                 environment.remove(QString::fromLatin1(name));
         if (!display.isEmpty())
             environment.insert(QStringLiteral("DISPLAY"), display);
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"), loggingRules);
         program.setProcessEnvironment(environment);
         program.start(QStringLiteral(SVS_PROGRAM), arguments);
         EXPECT_TRUE(program.waitForFinished(60000)) << "The program did not end.";
@@ -53,6 +54,7 @@ class ProgramTest : public testing::Test {
     [[nodiscard]] QString picture() const { return folder.filePath(QStringLiteral("window.png")); }
 
     QTemporaryDir folder;
+    QString loggingRules;
 };
 
 }  // namespace
@@ -107,6 +109,20 @@ TEST_F(ProgramTest, APictureOfAProvidersScheduleIsMadeWithoutADisplay) {
     EXPECT_EQ(made.status, 0);
     EXPECT_EQ(made.err, QString());
     EXPECT_EQ(QImage(picture()).size(), QSize(1000, 700));
+}
+
+TEST_F(ProgramTest, ItStartsToTheDayInFourTripsToTheServerAndToTheWeekInFive) {
+    makePractice();
+    loggingRules = QStringLiteral("svscheduler.trips.debug=true");
+    QStringList options{QStringLiteral("--data"), folder.path(), QStringLiteral("--screenshot"), picture()};
+    // The first start writes the user's reminder text.
+    run(options + QStringList{QStringLiteral("1|REED")}, false);
+    const Outcome day = run(options + QStringList{QStringLiteral("1|REED")}, false);
+    EXPECT_LE(day.err.count(QLatin1Char('\n')), 4) << day.err.toStdString();
+    const Outcome week =
+        run(options + QStringList{QStringLiteral("--view"), QStringLiteral("week"), QStringLiteral("1|REED")}, false);
+    EXPECT_LE(week.err.count(QLatin1Char('\n')), 5) << week.err.toStdString();
+    EXPECT_TRUE(week.err.contains(QLatin1String("(login)")));
 }
 
 TEST_F(ProgramTest, AnAdministratorsPictureShowsTheFirstProvider) {
