@@ -22,15 +22,23 @@ double numberOf(const QString& statement) {
 
 }  // namespace
 
+QString AlarmStatusStatement(const QString& userId) {
+    return db::Sql(
+        "Select UP_PD_Value from User_Preferences where UP_UserID = '{}' and UP_Pref_Category = 'Interfaces' and UP_Pref_Detail = 'ScheduleAlarm'",
+        userId);
+}
+
+QString AlarmTimeStatement(const QString& userId) {
+    return db::Sql(
+        "Select UP_PD_Value from User_Preferences where UP_UserID = '{}' and UP_Pref_Category = 'Interfaces' and UP_Pref_Detail = 'ScheduleAlarmTime'",
+        userId);
+}
+
 bool GetAlarmStatus(const QString& userId) {
-    return numberOf(db::Sql(
-               "Select UP_PD_Value from User_Preferences where UP_UserID = '{}' and UP_Pref_Category = 'Interfaces' and UP_Pref_Detail = 'ScheduleAlarm'",
-               userId)) == 1;
+    return numberOf(AlarmStatusStatement(userId)) == 1;
 }
 
 int GetAlarmTime(const QString& userId) {
-    const double minutes = numberOf(db::Sql(
-        "Select UP_PD_Value from User_Preferences where UP_UserID = '{}' and UP_Pref_Category = 'Interfaces' and UP_Pref_Detail = 'ScheduleAlarmTime'",
-        userId));
+    const double minutes = numberOf(AlarmTimeStatement(userId));
     return static_cast<int>(std::clamp(minutes, 0.0, double{MinutesPerDay}));
 }

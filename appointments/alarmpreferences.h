@@ -2,6 +2,10 @@
 
 #include <QString>
 
+/// The statements of the two preferences.
+[[nodiscard]] QString AlarmStatusStatement(const QString& userId);
+[[nodiscard]] QString AlarmTimeStatement(const QString& userId);
+
 /// Whether new appointments on the user's schedule begin with an alarm: the preference "ScheduleAlarm" is 1. False
 /// where it cannot be read.
 [[nodiscard]] bool GetAlarmStatus(const QString& userId);

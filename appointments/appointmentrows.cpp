@@ -20,12 +20,19 @@ bool SetApptStatus(int key, int code) {
     return changed != 0;
 }
 
+QString ApptRoomStatement(int apptKey) {
+    return apptKey < 1 ? QString() : db::Sql("Select croomid from roomschedule Where apptid = {}", apptKey);
+}
+
+QString RoomSlotStatement(int apptKey) {
+    return apptKey < 1 ? QString() : db::Sql("SELECT * From roomschedule Where apptid ={}", apptKey);
+}
+
 int ApptRoomId(int apptKey) {
     if (apptKey < 1)
         return 0;
     try {
-        const db::Recordset booking(db::Sql("Select croomid from roomschedule Where apptid = {}", apptKey),
-                                    Session().Connection);
+        const db::Recordset booking(ApptRoomStatement(apptKey), Session().Connection);
         return booking.Eof() ? 0 : static_cast<int>(booking["croomid"].integer());
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error reading room schedule. "), error);
@@ -43,8 +50,7 @@ bool UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& 
     if (apptKey < 1)
         return true;
     try {
-        db::Recordset booking(db::Sql("SELECT * From roomschedule Where apptid ={}", apptKey), Session().Connection,
-                              db::Lock::Optimistic);
+        db::Recordset booking(RoomSlotStatement(apptKey), Session().Connection, db::Lock::Optimistic);
         if (booking.Eof())
             return true;
         booking.Set("nStartTime", start);

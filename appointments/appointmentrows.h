@@ -7,6 +7,11 @@
 /// or of a failure; both answer false, so that a view need not show what was not stored.
 bool SetApptStatus(int key, int code);
 
+/// The statements that ApptRoomId and UpdateRoomTime read, for who reads them together with others; empty for a key
+/// below 1.
+[[nodiscard]] QString ApptRoomStatement(int apptKey);
+[[nodiscard]] QString RoomSlotStatement(int apptKey);
+
 /// The room booked for an appointment, 0 where there is none. -1 where that could not be read, which the user has been
 /// told: the caller must not take it for a booking that is not there. A key below 1 is an appointment that was never
 /// saved and has no room, although the meetings that belong to no appointment carry apptid 0.

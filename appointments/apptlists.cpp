@@ -49,21 +49,20 @@ void LoadList(const char* statement, const QString& failure, const std::function
 }
 
 void LoadEvents(CompletingCombo& box) {
-    LoadList("Select * from events Order by event", QStringLiteral("Error loading events items. "),
+    LoadList(EventsStatement, QStringLiteral("Error loading events items. "),
              [&box](const Recordset& row) { box.AddItem(row["event"].text()); });
 }
 
 void LoadLocations(CompletingCombo& box) {
-    LoadList("Select * from locations Order by Location", QStringLiteral("Error loading locations. "),
+    LoadList(LocationsStatement, QStringLiteral("Error loading locations. "),
              [&box](const Recordset& row) { box.AddItem(row["location"].text()); });
 }
 
 void LoadRooms(CompletingCombo& box) {
-    LoadList("Select * from rooms order by room", QStringLiteral("Error loading room list. "),
-             [&box](const Recordset& row) {
-                 if (const QString room = row["room"].text(); !room.isEmpty())
-                     box.AddItem(room, static_cast<int>(row["roomid"].integer()));
-             });
+    LoadList(RoomsStatement, QStringLiteral("Error loading room list. "), [&box](const Recordset& row) {
+        if (const QString room = row["room"].text(); !room.isEmpty())
+            box.AddItem(room, static_cast<int>(row["roomid"].integer()));
+    });
 }
 
 bool ShowBookedRoom(CompletingCombo& box, int apptKey) {

@@ -10,6 +10,11 @@ class CompletingCombo;
 // The lists that the editors of appointments share. Each is read once, as its form opens; a failure shows the list's
 // own text with the reason, and the form goes on with what it has.
 
+// The statements of the lists, for a form that reads them together.
+inline constexpr char EventsStatement[] = "Select * from events Order by event";
+inline constexpr char LocationsStatement[] = "Select * from locations Order by Location";
+inline constexpr char RoomsStatement[] = "Select * from rooms order by room";
+
 /// Reads a list row by row.
 void LoadList(const char* statement, const QString& failure, const std::function<void(const db::Recordset&)>& addRow);
 void LoadEvents(CompletingCombo& box);

@@ -1,7 +1,6 @@
 #include "appointments/conflicts.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <tuple>
 
@@ -9,6 +8,7 @@
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "platform/controls/ctlist.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -40,7 +40,10 @@ class ProviderNames {
     std::map<QString, QString> names_;
 };
 
-QString apptStatement(int key, QDate date, double s, double e, const QString& patientId, const QString& providerId) {
+}  // namespace
+
+QString ApptConflictStatement(int key, QDate date, double s, double e, const QString& patientId,
+                              const QString& providerId) {
     QString ofProvider = Sql(
         "Select dapptdate, nstarttime, nendtime, cappttext, clinicianid from appointments Where nKeyid <> {} AND appttype <> 4  And Clinicianid = '{}' AND DApptDate = '{}'  And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {})) ",
         key, providerId, date, s, e, s, e);
@@ -51,7 +54,7 @@ QString apptStatement(int key, QDate date, double s, double e, const QString& pa
                key, patientId, date, s, e, s, e);
 }
 
-std::array<QString, 3> roomStatements(int key, QDate date, double s, double e, int roomId, int byAppointment) {
+QStringList RoomConflictStatements(int key, QDate date, double s, double e, int roomId, int byAppointment) {
     if (byAppointment != 0)
         return {
             Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND apptid <> {} AND nApptDate = '{}' And {} Between nstarttime and (nendtime - .1)",
@@ -68,6 +71,8 @@ std::array<QString, 3> roomStatements(int key, QDate date, double s, double e, i
         Sql("Select * from roomschedule Inner Join rooms On roomschedule.croomid = rooms.roomid Where croomid = {} AND nKeyid <> {} AND nApptDate = '{}' And (nstarttime + .1) Between {} And {}",
             roomId, key, date, s, e)};
 }
+
+namespace {
 
 // The statements leave the order open.
 void sortByTime(std::vector<Conflict>& conflicts) {
@@ -138,7 +143,7 @@ std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, doubl
                                         const QString& providerId) {
     std::vector<Conflict> conflicts;
     ProviderNames names;
-    Recordset rows(apptStatement(key, date, start, end, patientId, providerId), Session().Connection);
+    Recordset rows(ApptConflictStatement(key, date, start, end, patientId, providerId), Session().Connection);
     for (; !rows.Eof(); rows.MoveNext())
         conflicts.push_back(
             {rows["dapptdate"].date(), timeOf(rows), rows["cappttext"].text(), names[rows["clinicianid"].text()]});
@@ -148,7 +153,9 @@ std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, doubl
 
 std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment) {
     std::vector<Conflict> conflicts;
-    for (const QString& statement : roomStatements(key, date, start, end, roomId, byAppointment)) {
+    const QStringList statements = RoomConflictStatements(key, date, start, end, roomId, byAppointment);
+    const db::ReadTogether together(Session().Connection, statements);
+    for (const QString& statement : statements) {
         Recordset rows(statement, Session().Connection);
         for (; !rows.Eof(); rows.MoveNext())
             conflicts.push_back(

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QDate>
-#include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "appointments/overlap.h"
@@ -28,6 +28,12 @@ struct Conflict {
 /// not looked for, nor after these those that lie within. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, double end, int roomId,
                                                       int byAppointment);
+
+/// The statements by which the searches below look for conflicts, for who makes both and reads them together.
+[[nodiscard]] QString ApptConflictStatement(int key, QDate date, double start, double end, const QString& patientId,
+                                            const QString& providerId);
+[[nodiscard]] QStringList RoomConflictStatements(int key, QDate date, double start, double end, int roomId,
+                                                 int byAppointment);
 
 /// Shows the conflicts of a proposed appointment, if any, in the dialog AppointmentConflict. True when the caller must
 /// stop its save: the user chose to reschedule, or closed the dialog without choosing, so that nothing is booked by

@@ -14,6 +14,7 @@
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/formarea.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -27,6 +28,8 @@ using db::Sql;
 namespace {
 
 constexpr int MostNames = 4;
+constexpr char ProvidersStatement[] =
+    "Select id, prov_lastname from provider_info Where Archive = 0 Order by prov_lastname";
 
 }  // namespace
 
@@ -53,6 +56,7 @@ void frmactsc::SetSlot(const SelectedSlot& slot) {
 
 void frmactsc::load() {
     const BusyPointer busy;
+    const db::ReadTogether together(Session().Connection, loadStatements());
     ctDEditComp->setDateOrder(Session().DateOrder);
     for (ctDEdit* time : {ctstart, ctend})
         time->setTwentyFourHour(Session().MilitaryTime);
@@ -70,6 +74,19 @@ void frmactsc::load() {
     dirty = false;
 }
 
+QString frmactsc::eventStatement(int key) {
+    return Sql(
+        "Select * from Appointments Inner Join AppointmentsEvents on appointments.nkeyid = appointmentsevents.nkeyid Where appointments.nkeyid = {}",
+        key);
+}
+
+QStringList frmactsc::loadStatements() const {
+    QStringList statements{EventsStatement, ProvidersStatement, LocationsStatement};
+    if (key_ != 0)
+        statements << eventStatement(key_);
+    return statements;
+}
+
 void frmactsc::loadprovs() {
     struct Provider {
         QString id;
@@ -77,11 +94,10 @@ void frmactsc::loadprovs() {
     };
     QList<Provider> providers;
     QHash<QString, int> bearers;
-    LoadList("Select id, prov_lastname from provider_info Where Archive = 0 Order by prov_lastname",
-             QStringLiteral("Error loading provider list. "), [&](const Recordset& row) {
-                 providers.append({row["id"].text(), row["prov_lastname"].text()});
-                 ++bearers[providers.back().name.toLower()];
-             });
+    LoadList(ProvidersStatement, QStringLiteral("Error loading provider list. "), [&](const Recordset& row) {
+        providers.append({row["id"].text(), row["prov_lastname"].text()});
+        ++bearers[providers.back().name.toLower()];
+    });
     for (const Provider& provider : providers) {
         // Who bear the same name are told apart.
         const bool alone = bearers.value(provider.name.toLower()) == 1 && !provider.name.isEmpty();
@@ -92,10 +108,7 @@ void frmactsc::loadprovs() {
 
 void frmactsc::LoadGroupEvent() {
     try {
-        Recordset rows(
-            Sql("Select * from Appointments Inner Join AppointmentsEvents on appointments.nkeyid = appointmentsevents.nkeyid Where appointments.nkeyid = {}",
-                key_),
-            Session().Connection);
+        Recordset rows(eventStatement(key_), Session().Connection);
         if (rows.Eof())
             return;
         const Event event = eventOf(rows);

@@ -85,6 +85,9 @@ class frmactsc : public QDialog {
 
     // frmactsc.cpp
     void load();
+    [[nodiscard]] QStringList loadStatements() const;
+    [[nodiscard]] static QString eventStatement(int key);
+    [[nodiscard]] static QString attendeesStatement(int key);
     void loadprovs();
     void LoadGroupEvent();
     void showAttendee(const QString& id);

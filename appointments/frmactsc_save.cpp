@@ -6,6 +6,7 @@
 #include "data/codes.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -75,9 +76,11 @@ bool frmactsc::SaveNewEvent() {
 
 bool frmactsc::SaveUpdateEvent() {
     const BusyPointer busy;
+    const QString statement = Sql("Select * from appointments Where nkeyid = {}", key_);
+    const db::ReadTogether together(Session().Connection,
+                                    {statement, attendeesStatement(key_), RoomSlotStatement(key_)});
     try {
-        Recordset row(Sql("Select * from appointments Where nkeyid = {}", key_), Session().Connection,
-                      Lock::Optimistic);
+        Recordset row(statement, Session().Connection, Lock::Optimistic);
         if (row.Eof()) {
             MsgBox(QStringLiteral("Error saving appointment. Another user may have deleted this appointment. "),
                    ErrorBox, QStringLiteral("Error"));
@@ -125,11 +128,14 @@ void frmactsc::insertAttendees() {
     }
 }
 
+QString frmactsc::attendeesStatement(int key) {
+    return Sql("Select * from AppointmentsEvents Where nkeyid = {}", key);
+}
+
 // Whether no other desk has changed the attendees that are about to be written anew.
 bool frmactsc::attendeesStand() const {
     QSet<QString> now;
-    for (Recordset rows(Sql("Select * from AppointmentsEvents Where nkeyid = {}", key_), Session().Connection);
-         !rows.Eof(); rows.MoveNext())
+    for (Recordset rows(attendeesStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext())
         now << rows["clinicianid"].text();
     return now == QSet<QString>(storedAttendees_.begin(), storedAttendees_.end());
 }

@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QPushButton>
 
+#include "appointments/appointmentrows.h"
 #include "appointments/apptlists.h"
 #include "data/pipefields.h"
 #include "platform/controls/completingcombo.h"
@@ -11,6 +12,7 @@
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formarea.h"
 #include "platform/controls/notefield.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -19,6 +21,12 @@
 
 using db::Recordset;
 using db::Sql;
+
+namespace {
+
+constexpr char GroupsStatement[] = "Select * from Groups Order by GroupName";
+
+}  // namespace
 
 frmgrptx::frmgrptx(QWidget* parent) : QDialog(parent), key_(EditedApptKey()) {
     setObjectName(QStringLiteral("frmgrptx"));
@@ -49,6 +57,7 @@ void frmgrptx::setmembers(int groupId) {
 
 void frmgrptx::load() {
     const BusyPointer busy;
+    const db::ReadTogether together(Session().Connection, loadStatements());
     ctedate->setDateOrder(Session().DateOrder);
     for (ctDEdit* time : {ctstart, ctend})
         time->setTwentyFourHour(Session().MilitaryTime);
@@ -68,17 +77,28 @@ void frmgrptx::load() {
     dirty = false;
 }
 
+QString frmgrptx::rowStatement(int key) {
+    return Sql("Select * from appointments Where nKeyId = {}", key);
+}
+
+QStringList frmgrptx::loadStatements() const {
+    QStringList statements{GroupsStatement, LocationsStatement, RoomsStatement};
+    if (!Session().IsNewAppt)
+        statements << rowStatement(key_) << ApptRoomStatement(key_) << savedPhonesStatement(key_)
+                   << savedMembersStatement(key_);
+    return statements;
+}
+
 void frmgrptx::loadgroups() {
-    LoadList("Select * from Groups Order by GroupName", QStringLiteral("Error loading groups. "),
-             [this](const Recordset& row) {
-                 if (const QString name = row["GroupName"].text(); !name.isEmpty())
-                     cbogroup->AddItem(name, static_cast<int>(row["GroupId"].integer()));
-             });
+    LoadList(GroupsStatement, QStringLiteral("Error loading groups. "), [this](const Recordset& row) {
+        if (const QString name = row["GroupName"].text(); !name.isEmpty())
+            cbogroup->AddItem(name, static_cast<int>(row["GroupId"].integer()));
+    });
 }
 
 void frmgrptx::LoadAppointment() {
     try {
-        const Recordset row(Sql("Select * from appointments Where nKeyId = {}", key_), Session().Connection);
+        const Recordset row(rowStatement(key_), Session().Connection);
         if (row.Eof())
             return;
         showRow(row);

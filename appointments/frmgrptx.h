@@ -99,6 +99,7 @@ class frmgrptx : public QDialog {
 
     // frmgrptx.cpp
     void load();
+    [[nodiscard]] QStringList loadStatements() const;
     void loadgroups();
     void LoadAppointment();
     void showRow(const db::Recordset& row);
@@ -125,6 +126,11 @@ class frmgrptx : public QDialog {
     /// Whether the appointment and its members are stored; the user has been told why they are not.
     [[nodiscard]] bool saveappt(int key, const QString& providerId);
     [[nodiscard]] bool conflicts(int key, const QString& providerId) const;
+    [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
+    [[nodiscard]] static QString rowStatement(int key);
+    [[nodiscard]] static QString savedMembersStatement(int key);
+    [[nodiscard]] static QString savedPhonesStatement(int key);
+    [[nodiscard]] static QString attendanceStatement(int key);
     void writeFields(db::Recordset& row, bool isNew, const QString& providerId) const;
     [[nodiscard]] bool savemembers(int key);
     void audit() const;

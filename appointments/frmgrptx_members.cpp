@@ -80,7 +80,17 @@ void frmgrptx::loadmembers() {
     showMembers();
 }
 
+QString frmgrptx::savedMembersStatement(int key) {
+    return Sql("Select * from AppointmentsGroup Where nKeyId = {} Order by PatientName", key);
+}
+
 // The telephones are the patients' of today, read at once for all of them.
+QString frmgrptx::savedPhonesStatement(int key) {
+    return Sql(
+        "Select id, telephone_h, telephone_b from patient_info Where id In (Select PatientId from AppointmentsGroup Where nKeyId = {})",
+        key);
+}
+
 void frmgrptx::loadsavedmembers() {
     const PhoneFormats formats;
     try {
@@ -89,18 +99,11 @@ void frmgrptx::loadsavedmembers() {
             QString work;
         };
         QHash<QString, Phones> phones;
-        for (
-            Recordset rows(
-                Sql("Select id, telephone_h, telephone_b from patient_info Where id In (Select PatientId from AppointmentsGroup Where nKeyId = {})",
-                    key_),
-                Session().Connection);
-            !rows.Eof(); rows.MoveNext())
+        for (Recordset rows(savedPhonesStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext())
             phones.insert(rows["id"].text().toLower(), {FormatPhone(rows["telephone_h"].text(), formats.home),
                                                         FormatPhone(rows["telephone_b"].text(), formats.work)});
         Attendance saved;
-        for (Recordset rows(Sql("Select * from AppointmentsGroup Where nKeyId = {} Order by PatientName", key_),
-                            Session().Connection);
-             !rows.Eof(); rows.MoveNext()) {
+        for (Recordset rows(savedMembersStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString id = rows["PatientId"].text();
             const bool kept = rows["kept"].integer() == 1;
             const Phones phone = phones.value(id.toLower());
@@ -136,10 +139,13 @@ void frmgrptx::loadgroupstatus() {
     }
 }
 
+QString frmgrptx::attendanceStatement(int key) {
+    return Sql("Select * from AppointmentsGroup Where nKeyId = {}", key);
+}
+
 frmgrptx::Attendance frmgrptx::attendanceOf(int key) {
     Attendance attendance;
-    for (Recordset rows(Sql("Select * from AppointmentsGroup Where nKeyId = {}", key), Session().Connection);
-         !rows.Eof(); rows.MoveNext())
+    for (Recordset rows(attendanceStatement(key), Session().Connection); !rows.Eof(); rows.MoveNext())
         attendance.insert(rows["PatientId"].text(), rows["kept"].integer() == 1);
     return attendance;
 }

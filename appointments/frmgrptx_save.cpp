@@ -10,6 +10,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/notefield.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
@@ -49,12 +50,24 @@ bool frmgrptx::conflicts(int key, const QString& providerId) const {
            (cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key));
 }
 
+QStringList frmgrptx::savingStatements(int key, const QString& providerId) const {
+    const QDate date = ctedate->Date();
+    const int start = ctstart->Time();
+    const int end = ctend->Time();
+    QStringList statements{ApptConflictStatement(key, date, start, end, {}, providerId), rowStatement(key),
+                           attendanceStatement(key)};
+    if (cborooms->ListIndex() >= 0)
+        statements << RoomConflictStatements(key, date, start, end, cborooms->ItemData(), key);
+    return statements;
+}
+
 bool frmgrptx::saveappt(int key, const QString& providerId) {
+    const db::ReadTogether together(Session().Connection, savingStatements(key, providerId));
     if (conflicts(key, providerId))
         return false;
     const BusyPointer busy;
     try {
-        Recordset row(Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection, Lock::Optimistic);
+        Recordset row(rowStatement(key), Session().Connection, Lock::Optimistic);
         const bool isNew = row.Eof();
         if (!isNew && (storedState_ != writtenState(row) || storedMembers_ != attendanceOf(key)))
             throw db::RowChangedError();

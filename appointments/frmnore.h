@@ -157,6 +157,8 @@ class frmnore : public QDialog {
 
     // frmnore_load.cpp
     void load();
+    [[nodiscard]] static QStringList loadStatements();
+    [[nodiscard]] static QString rowStatement(int key);
     void showFormats();
     void showCaptions();
     void loadKind();
@@ -188,6 +190,7 @@ class frmnore : public QDialog {
     // frmnore_save.cpp
     void cmdOk_Click();
     [[nodiscard]] bool patientIsKnown();
+    [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
     [[nodiscard]] bool conflicts(int key, const QString& providerId);
     [[nodiscard]] QString entryText() const;
     /// The current row of `appointments` in the columns that a save writes: two of them are equal when nobody has

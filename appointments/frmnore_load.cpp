@@ -18,6 +18,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/notefield.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -45,10 +46,36 @@ QString momentText(const QDateTime& moment) {
     return ShortDateText(moment.date()) + u' ' + QLocale().toString(moment.time(), QLocale::ShortFormat);
 }
 
+constexpr char AvailabilityStatement[] = "Select * from availability Order by avail";
+constexpr char CategoriesStatement[] = "Select * from AptCategories Order by AptCategory";
+constexpr char SessionTypesStatement[] = "Select * from session_types Order by sess_cpt_code";
+
+QString facesheetStatement(int id) {
+    return Sql("Select * from facesheet Where FacesheetId = {}", id);
+}
+
+QString typeStatement(int key) {
+    return Sql("Select Appointment_Type from appointments Where Appointment_Type is not null and nkeyid = {}", key);
+}
+
+QStringList statementsOfKind(int kind) {
+    switch (kind) {
+        case apptkind::Activity:
+            return {LocationsStatement, EventsStatement, RoomsStatement};
+        case apptkind::Unavailable:
+            return {AvailabilityStatement};
+        case apptkind::TypeSlot:
+            return {LocationsStatement, CategoriesStatement, RoomsStatement};
+        default:
+            return {SessionTypesStatement, LocationsStatement, RoomsStatement, CategoriesStatement,
+                    typeStatement(EditedApptKey())};
+    }
+}
+
 QString facesheetLabel(int id) {
     QString label;
     db::Ignoring([&] {
-        const Recordset item(Sql("Select * from facesheet Where FacesheetId = {}", id), Session().Connection);
+        const Recordset item(facesheetStatement(id), Session().Connection);
         if (!item.Eof())
             label = item["facesheetitem"].text();
     });
@@ -60,6 +87,7 @@ QString facesheetLabel(int id) {
 // The order of the steps is fixed: which list was read last decides which error is told first.
 void frmnore::load() {
     const BusyPointer busy;
+    const db::ReadTogether together(Session().Connection, loadStatements());
     showFormats();
     showCaptions();
     for (CompletingCombo* box : {cbolocation, cboevents, cboavail})
@@ -81,6 +109,20 @@ void frmnore::load() {
     availOrEventTyped_ = false;
     locationTyped_ = false;
     dirty = false;
+}
+
+QString frmnore::rowStatement(int key) {
+    return Sql("Select * from appointments Where nKeyId = {}", key);
+}
+
+QStringList frmnore::loadStatements() {
+    const QString& provider = Session().ProviderId;
+    QStringList statements = statementsOfKind(Session().ApptKind)
+                             << facesheetStatement(FacesheetAccountLabel) << AlarmStatusStatement(provider)
+                             << AlarmTimeStatement(provider);
+    if (const int key = Session().CurrentApptKey; !Session().IsNewAppt)
+        statements << rowStatement(key) << ApptRoomStatement(key);
+    return statements;
 }
 
 void frmnore::showFormats() {
@@ -140,13 +182,13 @@ void frmnore::loadPatientKind() {
 }
 
 void frmnore::loadavail() {
-    LoadList("Select * from availability Order by avail", QStringLiteral("Error loading availability items. "),
+    LoadList(AvailabilityStatement, QStringLiteral("Error loading availability items. "),
              [this](const Recordset& row) { cboavail->AddItem(row["avail"].text()); });
 }
 
 void frmnore::loadcats() {
-    LoadList("Select * from AptCategories Order by AptCategory",
-             QStringLiteral("Error loading appointment categories. "), [this](const Recordset& row) {
+    LoadList(CategoriesStatement, QStringLiteral("Error loading appointment categories. "),
+             [this](const Recordset& row) {
                  const QString name = row["aptcategory"].text();
                  const int colour = numberIn(row, "aptcategorycolor");
                  if (name.isEmpty())
@@ -157,11 +199,10 @@ void frmnore::loadcats() {
 }
 
 void frmnore::loadsesstypes() {
-    LoadList("Select * from session_types Order by sess_cpt_code", QStringLiteral("Error loading session types. "),
-             [this](const Recordset& row) {
-                 cbocpt->AddItem(row["sess_cpt_code"].text() + QStringLiteral("  ") + row["sess_cpt_name"].text(),
-                                 numberIn(row, "sess_cpt_time"));
-             });
+    LoadList(SessionTypesStatement, QStringLiteral("Error loading session types. "), [this](const Recordset& row) {
+        cbocpt->AddItem(row["sess_cpt_code"].text() + QStringLiteral("  ") + row["sess_cpt_name"].text(),
+                        numberIn(row, "sess_cpt_time"));
+    });
 }
 
 void frmnore::loadroomslist() {
@@ -181,9 +222,7 @@ void frmnore::SetApptType(int key) {
     if (cboapttype->count() == 0)
         return;
     try {
-        const Recordset row(
-            Sql("Select Appointment_Type from appointments Where Appointment_Type is not null and nkeyid = {}", key),
-            Session().Connection);
+        const Recordset row(typeStatement(key), Session().Connection);
         if (!row.Eof())
             cboapttype->SetListIndex(cboapttype->FindItemData(numberIn(row, "Appointment_Type")));
     } catch (const db::DatabaseError& error) {
@@ -192,20 +231,22 @@ void frmnore::SetApptType(int key) {
 }
 
 void frmnore::LoadAppointment() {
+    const bool ofPatient = Session().ApptKind == apptkind::Patient;
     try {
-        const Recordset row(Sql("Select * from appointments Where nKeyId = {}", Session().CurrentApptKey),
-                            Session().Connection);
+        const Recordset row(rowStatement(Session().CurrentApptKey), Session().Connection);
         if (row.Eof())
             return;
+        const db::ReadTogether patient(
+            Session().Connection,
+            ofPatient ? ShownPatientStatements(row["patientid"].text(), row["dapptdate"].date()) : QStringList());
         showRow(row);
         loadedState_ = writtenState(row);
+        showRoom();
+        if (ofPatient)
+            showAuthorization();
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment. "), error);
-        return;
     }
-    showRoom();
-    if (Session().ApptKind == apptkind::Patient)
-        showAuthorization();
 }
 
 void frmnore::showRow(const Recordset& row) {

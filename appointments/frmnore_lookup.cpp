@@ -16,11 +16,13 @@
 #include "appointments/patientalerts.h"
 #include "appointments/patientfiller.h"
 #include "appointments/patientlist.h"
+#include "appointments/patientrows.h"
 #include "appointments/patientsearch.h"
 #include "people/frmnewpat.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
+#include "platform/database/readtogether.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
 #include "session/session.h"
@@ -162,6 +164,9 @@ void frmnore::settlePatient() {
     if (txtpatients->isReadOnly() || patientTag_.isEmpty() || patientTag_ == settledTag_)
         return;
     settledTag_ = patientTag_;
+    const db::ReadTogether together(Session().Connection,
+                                    {AuthInfoStatement(patientTag_, ctedate->Date()),
+                                     PatientAlertStatement(patientTag_, QString::fromLatin1(AppointmentAlert))});
     PatientChosen();
     ShowPatientAlerts(patientTag_, QString::fromLatin1(AppointmentAlert));
 }

@@ -15,6 +15,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/notefield.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -45,11 +46,12 @@ void frmnore::cmdOk_Click() {
         return accept();
     if (entryText().trimmed().isEmpty())
         return;
+    const BookedProvider provider = ProviderOfView();
+    const int key = EditedApptKey();
+    const db::ReadTogether together(Session().Connection, savingStatements(key, provider.id));
     if (Session().ApptKind == apptkind::Patient && !patientIsKnown())
         return;
     settlePatient();
-    const BookedProvider provider = ProviderOfView();
-    const int key = EditedApptKey();
     if (conflicts(key, provider.id) || !ViewHasEditor(Session().CurrentView) ||
         !TimesAreValid(*ctstart, *ctend, *ctedate))
         return;
@@ -77,6 +79,18 @@ bool frmnore::patientIsKnown() {
     return false;
 }
 
+QStringList frmnore::savingStatements(int key, const QString& providerId) const {
+    const QDate date = ctedate->Date();
+    const int start = ctstart->Time();
+    const int end = ctend->Time();
+    QStringList statements{ApptConflictStatement(key, date, start, end, patientTag_, providerId), rowStatement(key)};
+    if (Session().ApptKind == apptkind::Patient)
+        statements << PatientStatement(patientTag_);
+    if (cborooms->ListIndex() >= 0)
+        statements << RoomConflictStatements(key, date, start, end, cborooms->ItemData(), key);
+    return statements;
+}
+
 // The conflicts are asked before the times are checked: the order is fixed.
 bool frmnore::conflicts(int key, const QString& providerId) {
     const QDate date = ctedate->Date();
@@ -97,8 +111,7 @@ QString frmnore::entryText() const {
 bool frmnore::saveappt(int key, const QString& providerId) {
     const BusyPointer busy;
     try {
-        Recordset row(Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection,
-                      db::Lock::Optimistic);
+        Recordset row(rowStatement(key), Session().Connection, db::Lock::Optimistic);
         const bool isNew = row.Eof();
         if (!isNew && loadedState_ != writtenState(row))
             throw db::RowChangedError();

@@ -16,16 +16,18 @@ bool holdsToday(QDate begin, QDate end) {
 }
 
 QString alertText(const QString& patientId, const QString& alertType) {
-    const db::Recordset alert(
-        db::Sql("Select * from Patient_Alerts where patient_id = '{}' and alert_type = '{}' and Status = 1", patientId,
-                alertType),
-        Session().Connection);
+    const db::Recordset alert(PatientAlertStatement(patientId, alertType), Session().Connection);
     if (alert.Eof() || !holdsToday(alert["BeginDate"].date(), alert["EndDate"].date()))
         return {};
     return alert["alert"].text().trimmed();
 }
 
 }  // namespace
+
+QString PatientAlertStatement(const QString& patientId, const QString& alertType) {
+    return db::Sql("Select * from Patient_Alerts where patient_id = '{}' and alert_type = '{}' and Status = 1",
+                   patientId, alertType);
+}
 
 void ShowPatientAlerts(const QString& patientId, const QString& alertType) {
     if (patientId.isEmpty())

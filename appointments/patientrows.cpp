@@ -20,6 +20,25 @@ QString fieldStatement(const QString& patientId, const QString& field) {
 
 }  // namespace
 
+QString PatientStatement(const QString& patientId) {
+    return Sql("Select * from patient_info where id = '{}'", patientId);
+}
+
+QString AuthInfoStatement(const QString& patientId, QDate date) {
+    return Sql(
+        "Select sess_remaining, cpt_allowed from authorizations Where patient_id = '{}' AND sess_remaining > 0 AND authoriz_active = 0 AND (start_date <= '{}' AND end_date >= '{}')",
+        patientId, date, date);
+}
+
+QStringList ShownPatientStatements(const QString& patientId, QDate date) {
+    if (patientId.isEmpty())
+        return {};
+    QStringList statements{AuthInfoStatement(patientId, date)};
+    for (const char* field : {"telephone_h", "telephone_b", "Other_Phone", "EmailAddress"})
+        statements << fieldStatement(patientId, QString::fromLatin1(field));
+    return statements;
+}
+
 QString PatientFieldText(const QString& patientId, const QString& field) {
     QString value;
     db::Ignoring([&] {
@@ -48,7 +67,7 @@ QString checkForEmailAddress(const QString& patientId) {
 
 bool patientinDB(const QString& patientId) {
     try {
-        return !Recordset(Sql("Select * from patient_info where id = '{}'", patientId), Session().Connection).Eof();
+        return !Recordset(PatientStatement(patientId), Session().Connection).Eof();
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error reading patient list. "), error);
         return false;
@@ -57,10 +76,7 @@ bool patientinDB(const QString& patientId) {
 
 QString GetAuthInfo(const QString& patientId, QDate date) {
     try {
-        const Recordset authorization(
-            Sql("Select sess_remaining, cpt_allowed from authorizations Where patient_id = '{}' AND sess_remaining > 0 AND authoriz_active = 0 AND (start_date <= '{}' AND end_date >= '{}')",
-                patientId, date, date),
-            Session().Connection);
+        const Recordset authorization(AuthInfoStatement(patientId, date), Session().Connection);
         if (authorization.Eof())
             return QStringLiteral("No current active authorizations found for patient.");
         return authorization["sess_remaining"].text() + QStringLiteral(" sessions remaining in current authorization");

@@ -1,7 +1,13 @@
 #pragma once
 
 #include <QDate>
-#include <QString>
+#include <QStringList>
+
+// The statements that the routines below read, for who reads several together.
+[[nodiscard]] QString PatientStatement(const QString& patientId);
+[[nodiscard]] QString AuthInfoStatement(const QString& patientId, QDate date);
+/// All that the editor shows of a patient on a date: telephones, e-mail address, authorization; none without a patient.
+[[nodiscard]] QStringList ShownPatientStatements(const QString& patientId, QDate date);
 
 /// One column of a patient's record; "" without a patient or a value, and where it cannot be read. "telephone_h",
 /// "telephone_b" (with room for an extension) and "Other_Phone" come in the form of the practice's telephone mask, the

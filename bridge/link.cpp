@@ -1,5 +1,6 @@
 #include "bridge/link.h"
 
+#include "data/settings.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/credentials.h"
@@ -32,7 +33,7 @@ QString paired(db::Connection& main, const QString& statement) {
 
 QString GetFHConnectionString(db::Connection& main, const QString& iniPath) {
     try {
-        const db::Recordset settings("Select * from settings", main);
+        const db::Recordset settings(SettingsStatement(), main);
         if (settings.Eof())
             return {};
         const QString server = settings["FHServer"].text();
@@ -48,7 +49,7 @@ QString GetFHConnectionString(db::Connection& main, const QString& iniPath) {
 FHLinkSettings GetFHLinkSettings(db::Connection& main) {
     FHLinkSettings link;
     db::Ignoring([&] {
-        const db::Recordset settings("Select * from settings", main);
+        const db::Recordset settings(SettingsStatement(), main);
         if (settings.Eof())
             return;
         link.FHAutoExport = isOne(settings["FHAutoExport"]);

@@ -24,14 +24,24 @@ int pictureOf(qint64 category) {
 
 }  // namespace
 
+QString CallIconStatement(const QString& code) {
+    if (code.isEmpty())
+        return {};
+    return db::Sql("Select CallCategory from CourtesyCallCodes Where CallService = 'CP' and CallCode = '{}'", code);
+}
+
+QString CallTextStatement(const QString& code) {
+    if (code.isEmpty())
+        return {};
+    return db::Sql("Select CallDescription from CourtesyCallCodes Where CallService = 'CP' and CallCode = '{}'", code);
+}
+
 int GetCallStatusIcon(db::Connection& main, const QString& code) {
     int picture = NoPicture;
     if (code.isEmpty())
         return picture;
     db::Ignoring([&] {
-        const db::Recordset call(
-            db::Sql("Select CallCategory from CourtesyCallCodes Where CallService = 'CP' and CallCode = '{}'", code),
-            main);
+        const db::Recordset call(CallIconStatement(code), main);
         if (!call.Eof())
             picture = pictureOf(call[0].integer());
     });
@@ -43,9 +53,7 @@ QString GetCallStatusText(db::Connection& main, const QString& code) {
     if (code.isEmpty())
         return description;
     db::Ignoring([&] {
-        const db::Recordset call(
-            db::Sql("Select CallDescription from CourtesyCallCodes Where CallService = 'CP' and CallCode = '{}'", code),
-            main);
+        const db::Recordset call(CallTextStatement(code), main);
         if (!call.Eof())
             description = call[0].text();
     });

@@ -13,6 +13,7 @@
 #include "followup/frmarrivaltime.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formarea.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -43,11 +44,14 @@ QString statementOfToday() {
         ncolor::CheckedIn, session.UID, SqlDate(Today()));
 }
 
+QString providersStatement() {
+    return QStringLiteral("Select id, prov_lastname from provider_info");
+}
+
 /// The surnames of all providers by id, archived ones too: one read instead of one for each line.
 QHash<QString, QString> providerNames() {
     QHash<QString, QString> names;
-    for (Recordset rows(QStringLiteral("Select id, prov_lastname from provider_info"), Session().Connection);
-         !rows.Eof(); rows.MoveNext())
+    for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
         names[rows["id"].text().toUpper()] = rows["prov_lastname"].text();
     return names;
 }
@@ -148,6 +152,7 @@ void frmCheckedIn::loadcheckedin() {
 }
 
 void frmCheckedIn::readRows() {
+    const db::ReadTogether together(Session().Connection, {statementOfToday(), providersStatement()});
     Recordset rows(statementOfToday(), Session().Connection);
     const QHash<QString, QString> names = providerNames();
     ctList1->Clear();

@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "data/settings.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -11,7 +12,7 @@
 void GetALSettings() {
     Session().ALEnabled = false;
     try {
-        const db::Recordset settings("Select * from settings", Session().Connection);
+        const db::Recordset settings(SettingsStatement(), Session().Connection);
         if (!settings.Eof())
             Session().ALEnabled = settings["ALEnabled"].real() == 1;
     } catch (const db::DatabaseError& error) {

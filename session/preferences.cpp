@@ -17,17 +17,6 @@ QString userOr(const QString& user) {
     return user.isEmpty() ? Session().UID : user;
 }
 
-QString preferenceStatement(const QString& detail, const QString& category, const QString& fallbackUser,
-                            const QString& user) {
-    const QString condition = fallbackUser.trimmed().isEmpty()
-                                  ? db::Sql("(UP_UserID = '{}') ", user)
-                                  : db::Sql("(UP_UserID = '{}' OR UP_UserID = '{}') ", user, fallbackUser);
-    const QString detailTest = detail.trimmed().isEmpty() ? QString() : db::Sql(" AND UP_Pref_Detail = '{}' ", detail);
-    return db::Sql(
-        "Select UP_Pref_Category, UP_Pref_Detail, UP_PD_Value from User_Preferences Where {} AND UP_Pref_Category = '{}'{} AND UP_DateDeleted is NULL Order by UP_UserID Desc, UP_OrderBy ",
-        db::Raw{condition}, category, db::Raw{detailTest});
-}
-
 QString schedulerPreference(const char* detail) {
     return GetPreference(Session().SchedulerIni, QString::fromLatin1(detail), SchedulerGeneral,
                          QString::fromLatin1(AllUsers));
@@ -66,12 +55,23 @@ void readReminderText() {
 
 }  // namespace
 
+QString PreferenceStatement(const QString& detail, const QString& category, const QString& fallbackUser,
+                            const QString& user) {
+    const QString condition = fallbackUser.trimmed().isEmpty()
+                                  ? db::Sql("(UP_UserID = '{}') ", userOr(user))
+                                  : db::Sql("(UP_UserID = '{}' OR UP_UserID = '{}') ", userOr(user), fallbackUser);
+    const QString detailTest = detail.trimmed().isEmpty() ? QString() : db::Sql(" AND UP_Pref_Detail = '{}' ", detail);
+    return db::Sql(
+        "Select UP_Pref_Category, UP_Pref_Detail, UP_PD_Value from User_Preferences Where {} AND UP_Pref_Category = '{}'{} AND UP_DateDeleted is NULL Order by UP_UserID Desc, UP_OrderBy ",
+        db::Raw{condition}, category, db::Raw{detailTest});
+}
+
 QString GetPreference(const QString& defaultIni, const QString& detail, const QString& category,
                       const QString& fallbackUser, const QString& user) {
     QString value;
     bool found = false;
     db::Ignoring([&] {
-        const db::Recordset preferences(preferenceStatement(detail, category, fallbackUser, userOr(user)),
+        const db::Recordset preferences(PreferenceStatement(detail, category, fallbackUser, user),
                                         Session().Connection);
         if (preferences.Eof())
             return;
@@ -100,6 +100,14 @@ bool SetPreference(const QString& value, const QString& detail, const QString& c
                 unescaped, Session().UID, row[0].integer()));
         }
     });
+}
+
+QStringList IniSettingsStatements() {
+    QStringList statements;
+    for (const char* detail :
+         {"StartTime", "EndTime", "ShowNonPrime", "TaskRollOver", "TimeUnit", "MilitaryTime", "eMailReminder"})
+        statements << PreferenceStatement(QString::fromLatin1(detail), SchedulerGeneral, QString::fromLatin1(AllUsers));
+    return statements;
 }
 
 void getiniSettings() {

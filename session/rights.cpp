@@ -32,14 +32,16 @@ void NormalizeScreenAccess() {
     }
 }
 
+QString ProviderNameStatement(const QString& userId) {
+    return db::Sql("Select * from provider_info, passwords Where Id = pswd_user_id AND Id = '{}'", userId);
+}
+
 void getprovname() {
     SessionValues& session = Session();
     session.UserName.clear();
     session.ScreenAccess = 0;
     db::Ignoring([&] {
-        const db::Recordset user(
-            db::Sql("Select * from provider_info, passwords Where Id = pswd_user_id AND Id = '{}'", session.UID),
-            session.Connection);
+        const db::Recordset user(ProviderNameStatement(session.UID), session.Connection);
         if (user.Eof())
             return;
         session.UserName = user["prov_lastname"].text();

@@ -9,6 +9,9 @@
 /// 6 the levels 1 to 3 with all providers; other values change nothing.
 void NormalizeScreenAccess();
 
+/// The statement that getprovname reads for a user.
+[[nodiscard]] QString ProviderNameStatement(const QString& userId);
+
 /// Reads name and access of the user in the session's UID; nobody of that id leaves UserName empty and ScreenAccess 0.
 void getprovname();
 

@@ -7,6 +7,8 @@
 #include "bridge/link.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
+#include "data/settings.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
@@ -98,19 +100,25 @@ void connect() {
     }
 }
 
+QString phoneMaskStatement() {
+    return QStringLiteral("Select * from facesheet Where FacesheetId = 3");
+}
+
 void readPhoneMask() {
     db::Ignoring([] {
-        const db::Recordset mask("Select * from facesheet Where FacesheetId = 3", Session().Connection);
+        const db::Recordset mask(phoneMaskStatement(), Session().Connection);
         if (!mask.Eof())
             Session().PhoneMask = mask["facesheetmask"].text();
     });
 }
 
+QString notesAccessStatement() {
+    return db::Sql("Select pswd_screen_access from passwords where pswd_user_id = '{}'", Session().UID);
+}
+
 void readNotesAccess() {
     db::Ignoring([] {
-        const db::Recordset user(
-            db::Sql("Select pswd_screen_access from passwords where pswd_user_id = '{}'", Session().UID),
-            Session().Connection);
+        const db::Recordset user(notesAccessStatement(), Session().Connection);
         if (!user.Eof())
             Session().NotesAccess = AccessDigit(user[0].text(), 6);
     });
@@ -145,12 +153,13 @@ bool takeProviderFromCommandLine() {
     return true;
 }
 
-bool takeUserFromCommandLine(const QString& commandLine, StartUpWindow& window) {
+void readCommandLine(const QString& commandLine) {
+    Session().UID = GetPipeField(commandLine, 2);
+    Session().UserType = static_cast<int>(db::Value(GetPipeField(commandLine, 1)).integer());
+}
+
+bool takeAdministrator(StartUpWindow& window) {
     SessionValues& session = Session();
-    session.UID = GetPipeField(commandLine, 2);
-    session.UserType = static_cast<int>(db::Value(GetPipeField(commandLine, 1)).integer());
-    if (session.UserType != SystemAdministrator)
-        return takeProviderFromCommandLine();
     session.UserName = QStringLiteral("System Administrator");
     session.ScreenAccess = 3;
     session.AllProviders = true;
@@ -169,9 +178,13 @@ bool askForUser(StartUpWindow& window) {
     return true;
 }
 
+QString wordUsageStatement() {
+    return QStringLiteral("Select wordusage from settings");
+}
+
 void readWordUsage() {
     try {
-        const db::Recordset settings("Select wordusage from settings", Session().Connection);
+        const db::Recordset settings(wordUsageStatement(), Session().Connection);
         if (!settings.Eof())
             Session().WordUsage = settings[0].text();
     } catch (const db::DatabaseError& error) {
@@ -197,6 +210,11 @@ void openCompanionLink() {
         session.FHDatabaseId.clear();
 }
 
+QString interfaceStatement(const char* detail) {
+    return PreferenceStatement(QString::fromLatin1(detail), QStringLiteral("Interface"), {},
+                               QString::fromLatin1(AllUsers));
+}
+
 QString interfacePreference(const char* detail) {
     return GetPreference(Session().SchedulerIni, QString::fromLatin1(detail), QStringLiteral("Interface"), {},
                          QString::fromLatin1(AllUsers));
@@ -211,10 +229,14 @@ void readInterfacePreferences() {
     session.InterfaceFontName = name.isEmpty() ? QStringLiteral("Arial") : name;
 }
 
+QString firstViewStatement() {
+    return QStringLiteral("Select UseFHSchedView from Settings");
+}
+
 bool companionOpensFirst() {
     bool wanted = false;
     db::Ignoring([&] {
-        const db::Recordset settings("Select UseFHSchedView from Settings", Session().Connection);
+        const db::Recordset settings(firstViewStatement(), Session().Connection);
         wanted = !settings.Eof() && settings[0].text().trimmed().toDouble() == 1;
     });
     return wanted && Session().FHProviderId >= 1;
@@ -244,18 +266,29 @@ bool prepare(const StartUpOptions& options, StartUpWindow& window) {
         return false;
     window.ShowDateText(LongDateText(Today()));
     connect();
-    GetALSettings();
-    session.SoundEffects = false;
-    readPhoneMask();
-    window.ShowMainWindow();
     return true;
 }
 
-bool identify(const QString& commandLine, StartUpWindow& window) {
-    return commandLine.isEmpty() ? askForUser(window) : takeUserFromCommandLine(commandLine, window);
+QStringList settingsStatements() {
+    return {SettingsStatement(), phoneMaskStatement()};
+}
+
+void readSettings(StartUpWindow& window) {
+    const db::ReadTogether together(Session().Connection, settingsStatements());
+    GetALSettings();
+    Session().SoundEffects = false;
+    readPhoneMask();
+    window.ShowMainWindow();
+}
+
+QStringList finishStatements() {
+    return IniSettingsStatements() << wordUsageStatement() << SettingsStatement() << firstViewStatement()
+                                   << interfaceStatement("Sizing") << interfaceStatement("FontSize")
+                                   << interfaceStatement("FontName");
 }
 
 void finish(StartUpWindow& window) {
+    const db::ReadTogether together(Session().Connection, finishStatements());
     getiniSettings();
     window.setmenuaccess();
     readWordUsage();
@@ -269,11 +302,30 @@ void finish(StartUpWindow& window) {
     openFirstView(window);
 }
 
+// Nobody is asked anything: all that is to be read is known before the first of it.
+bool startForProvider(StartUpWindow& window) {
+    const db::ReadTogether together(Session().Connection, settingsStatements()
+                                                              << ProviderNameStatement(Session().UID)
+                                                              << notesAccessStatement() << finishStatements());
+    readSettings(window);
+    if (!takeProviderFromCommandLine())
+        return false;
+    finish(window);
+    return true;
+}
+
 }  // namespace
 
 bool StartUp(const QString& commandLine, const StartUpOptions& options, StartUpWindow& window) {
     const BusyPointer busy;
-    if (!prepare(options, window) || !identify(commandLine, window))
+    if (!prepare(options, window))
+        return false;
+    if (!commandLine.isEmpty())
+        readCommandLine(commandLine);
+    if (!commandLine.isEmpty() && Session().UserType != SystemAdministrator)
+        return startForProvider(window);
+    readSettings(window);
+    if (!(commandLine.isEmpty() ? askForUser(window) : takeAdministrator(window)))
         return false;
     finish(window);
     return true;

@@ -4,6 +4,7 @@
 #include <QAction>
 
 #include "data/courtesycalls.h"
+#include "platform/database/readtogether.h"
 #include "session/session.h"
 
 CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent)
@@ -93,6 +94,7 @@ void CalendarView::beginLoad(QDate date, const QString& provider) {
         kept_.topTime = ctMDay1->TopTime();
     if (same && !hidesNames)
         kept_.selectedKey = SelectedItem().value_or(CalendarItem()).ItemKey;
+    callIcons_.clear();
     loadedDate_ = date;
     loadedProvider_ = provider;
     loadedNamesHidden_ = Session().HidePatientNames;
@@ -105,6 +107,21 @@ void CalendarView::beginLoad(QDate date, const QString& provider) {
     setHours();
 }
 
+QStringList CalendarView::callStatements() const {
+    QStringList statements;
+    for (const QString& code : callCodes_)
+        statements << CallIconStatement(code);
+    return statements;
+}
+
+QStringList CalendarView::statementsOfLoad(QDate date, const QString& provider) const {
+    QStringList statements = callStatements();
+    if (const std::optional<CalendarItem> selected = SelectedItem();
+        selected && date == loadedDate_ && provider == loadedProvider_)
+        statements += detailStatements(*selected);
+    return statements;
+}
+
 void CalendarView::endLoad() {
     displayapptinfo(0);
     ctMDay1->setTopTime(std::max(kept_.topTime.value_or(0), ctMDay1->FirstTime()));
@@ -113,6 +130,10 @@ void CalendarView::endLoad() {
 }
 
 void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {
+    for (; !rows.Eof(); rows.MoveNext())
+        callCodes_.insert(rows["CourtesyCallStatus"].text());
+    rows.MoveFirst();
+    const db::ReadTogether calls(Session().Connection, callStatements());
     const ItemPainting painting = CalendarView::painting();
     for (; !rows.Eof(); rows.MoveNext()) {
         CalendarItem item = ItemFromAppointment(rows, painting);
@@ -167,10 +188,10 @@ bool CalendarView::RowFacts::StandsAs(const RowFacts& other) const {
 
 ItemPainting CalendarView::painting() const {
     return {Session().HidePatientNames,
-            [icons = QHash<QString, int>()](const QString& code) mutable {
-                if (!icons.contains(code))
-                    icons[code] = GetCallStatusIcon(Session().Connection, code);
-                return icons[code];
+            [this](const QString& code) {
+                if (!callIcons_.contains(code))
+                    callIcons_[code] = GetCallStatusIcon(Session().Connection, code);
+                return callIcons_[code];
             },
             showsCallsOfAwaitedOnly()};
 }

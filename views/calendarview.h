@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <QHash>
+#include <QSet>
 
 #include "platform/calendar/ctmday.h"
 #include "platform/database/recordset.h"
@@ -81,6 +82,12 @@ class CalendarView : public MenuView, public OpenView {
     /// Empties the calendar for a load of what stands under this date and, where the view has one, this provider. The
     /// load ends by endLoad.
     void beginLoad(QDate date, const QString& provider);
+    /// What a load of this date and provider will ask for besides the view's own rows, as far as that is known before
+    /// it begins: the pictures of the calls that were met before and, when it is a reload, the details of the selected
+    /// item.
+    [[nodiscard]] QStringList statementsOfLoad(QDate date, const QString& provider) const;
+    /// The statements by which displayapptinfo fills the details of an item.
+    [[nodiscard]] virtual QStringList detailStatements(const CalendarItem& /*item*/) const { return {}; }
     /// A reload of what was shown before keeps the place and the selected item, unless the names were hidden meanwhile;
     /// anything else starts at its first minute.
     void endLoad();
@@ -97,7 +104,7 @@ class CalendarView : public MenuView, public OpenView {
     int addAppointment(const db::Recordset& row, CalendarItem item);
     /// Whether a courtesy call shows on appointments that are still awaited alone; the day view shows it on every row.
     [[nodiscard]] virtual bool showsCallsOfAwaitedOnly() const { return false; }
-    /// How the rows of one load are painted; each courtesy-call code is looked up once.
+    /// How the rows of one load are painted; each courtesy-call code is looked up once a load.
     [[nodiscard]] ItemPainting painting() const;
 
     /// Stores what was changed on an item in place: its text by the user, its colour by a status command. False when it
@@ -143,6 +150,8 @@ class CalendarView : public MenuView, public OpenView {
     void lockItem(int index);
     void moveappt(int index);
     void storeMove(const CalendarItem& item, int room);
+    /// What a save of an item in place reads, and the details that are shown behind it.
+    [[nodiscard]] QStringList savingStatements(const CalendarItem& item) const;
     [[nodiscard]] static bool isSharedActivity(int key);
     void showRow(const db::Recordset& row);
     void putBack(const QString& key);
@@ -194,4 +203,7 @@ class CalendarView : public MenuView, public OpenView {
         QString selectedKey;
     };
     KeptPlace kept_;
+    mutable QHash<QString, int> callIcons_;  ///< By code, since the load began.
+    QSet<QString> callCodes_;                ///< Met in any load.
+    [[nodiscard]] QStringList callStatements() const;
 };

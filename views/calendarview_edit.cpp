@@ -6,7 +6,10 @@
 #include "appointments/frmactsc.h"
 #include "appointments/frmgrptx.h"
 #include "appointments/frmnore.h"
+#include "appointments/patientrows.h"
 #include "data/codes.h"
+#include "data/pipefields.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
@@ -150,11 +153,15 @@ void CalendarView::editCommand() {
 }
 
 void CalendarView::editappt2(int index) {
-    const int key = std::as_const(*ctMDay1).Item(index).ItemKey.toInt();
+    const CalendarItem item = std::as_const(*ctMDay1).Item(index);
+    const int key = item.ItemKey.toInt();
     if (key < 1)
         return;
+    const QString statement = Sql("Select * from appointments Where nKeyid = {}", key);
+    const db::ReadTogether together(Session().Connection,
+                                    ShownPatientStatements(GetPipeField(item.ItemNote, 3), item.ItemDay) << statement);
     try {
-        const Recordset row(Sql("Select * from appointments Where nKeyid = {}", key), Session().Connection);
+        const Recordset row(statement, Session().Connection);
         if (row.Eof()) {
             MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
                    ExclamationBox, QStringLiteral("Appointment not found"));

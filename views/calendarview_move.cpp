@@ -2,6 +2,7 @@
 #include "appointments/conflicts.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
@@ -21,8 +22,16 @@ QString timeText(qint64 minutes) {
     return MinutesToTimeText(static_cast<int>(minutes), Session().MilitaryTime);
 }
 
+QString rowStatement(int key) {
+    return Sql("Select * from appointments Where nKeyId = {}", key);
+}
+
 Recordset rowOf(int key) {
-    return {Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection, Lock::Optimistic};
+    return {rowStatement(key), Session().Connection, Lock::Optimistic};
+}
+
+QString attendeesStatement(int key) {
+    return Sql("Select * from AppointmentsEvents Where nkeyid = {}", key);
 }
 
 void stamp(Recordset& row) {
@@ -53,6 +62,11 @@ void CalendarView::lockItem(int index) {
     item.ItemMoveLocked = whole;
 }
 
+QStringList CalendarView::savingStatements(const CalendarItem& item) const {
+    const int key = item.ItemKey.toInt();
+    return detailStatements(item) << rowStatement(key) << RoomSlotStatement(key);
+}
+
 bool CalendarView::saveappt(int index) {
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
     const int key = item.ItemKey.toInt();
@@ -64,6 +78,7 @@ bool CalendarView::saveappt(int index) {
         ctMDay1->Item(index).ItemText = before.stored.ItemText;
         return false;
     }
+    const db::ReadTogether together(Session().Connection, savingStatements(item));
     try {
         Recordset row = rowOf(key);
         if (row.Eof()) {
@@ -96,6 +111,8 @@ void CalendarView::moveappt(int index) {
                ExclamationBox, tr("Move Appointment"));
         return;
     }
+    const db::ReadTogether together(Session().Connection, savingStatements(item)
+                                                              << attendeesStatement(key) << ApptRoomStatement(key));
     try {
         if (isSharedActivity(key)) {
             scheduleActivity(key, SelectedSlot{item.ItemDay, item.ItemStart, item.ItemEnd});
@@ -149,7 +166,7 @@ void CalendarView::storeMove(const CalendarItem& item, int room) {
 }
 
 bool CalendarView::isSharedActivity(int key) {
-    return !Recordset(Sql("Select * from AppointmentsEvents Where nkeyid = {}", key), Session().Connection).Eof();
+    return !Recordset(attendeesStatement(key), Session().Connection).Eof();
 }
 
 void CalendarView::showRow(const Recordset& row) {

@@ -6,6 +6,7 @@
 #include "data/pipefields.h"
 #include "followup/frmarrivaltime.h"
 #include "followup/frmcheckedin.h"
+#include "platform/database/readtogether.h"
 #include "platform/desktop/desktop.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
@@ -112,6 +113,7 @@ void CalendarView::keepAppointment() {
 // view anew.
 void CalendarView::saveStatus(int index, QLatin1String command, int code) {
     const QString key = std::as_const(*ctMDay1).Item(index).ItemKey;
+    const db::ReadTogether together(Session().Connection, savingStatements(std::as_const(*ctMDay1).Item(index)));
     showStatus(index, code);
     ctMDay1->Item(index).ItemTentativeIcon = false;
     const bool saved = saveappt(index);

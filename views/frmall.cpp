@@ -11,6 +11,7 @@
 #include "data/pipefields.h"
 #include "data/recurrence.h"
 #include "platform/controls/ctlist.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -22,9 +23,9 @@
 #include "views/menutables.h"
 
 using db::Ignoring;
+using db::ReadTogether;
 using db::Recordset;
 using db::Sql;
-using db::SqlDate;
 
 namespace {
 
@@ -35,12 +36,33 @@ constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
 constexpr int MostPrintedColumns = 9;
 
+QString providersStatement() {
+    return Sql(
+        "Select * from provider_info Where archive = 0 and ((ExcludeFromScheduler is  Null or ExcludeFromScheduler = 0) or id = '{}') Order by prov_lastname",
+        Session().UID);
+}
+
+QString appointmentsStatement(QDate date) {
+    return Sql(
+        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
+        date);
+}
+
+QString hoursStatement(QDate date) {
+    return Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date));
+}
+
+QString columnsStatement() {
+    return PreferenceStatement(QStringLiteral("AllCols"), QStringLiteral("Scheduler"), QString::fromLatin1(AllUsers));
+}
+
 }  // namespace
 
 frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvidersMenus(), parent) {
     setObjectName(QStringLiteral("frmall"));
     layOut();
     showOpenView(QStringLiteral("mnuVAll"), 4);
+    const ReadTogether together(Session().Connection, dayStatements() << providersStatement() << columnsStatement());
     showColumns();
     LoadProviders();
     connectPanel();
@@ -78,12 +100,7 @@ void frmall::ApplyPreferences() {
 void frmall::LoadProviders() {
     cbodisc->addItem(QStringLiteral("Show All"));
     try {
-        for (
-            Recordset rows(
-                Sql("Select * from provider_info Where archive = 0 and ((ExcludeFromScheduler is  Null or ExcludeFromScheduler = 0) or id = '{}') Order by prov_lastname",
-                    Session().UID),
-                Session().Connection);
-            !rows.Eof(); rows.MoveNext()) {
+        for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString id = rows["Id"].text();
             const QString name = rows["prov_lastname"].text();
             const QString discipline = rows["discipline"].text();
@@ -140,27 +157,29 @@ void frmall::checkProvider(int row) {
     ctList1->SetChecked(row, CheckColumn, true);
 }
 
+QStringList frmall::dayStatements() const {
+    const QDate date = main().Date();
+    return statementsOfLoad(date, {}) << appointmentsStatement(date) << HolidayStatement(date) << hoursStatement(date);
+}
+
 void frmall::loadmdayview() {
     const QDate date = main().Date();
+    const ReadTogether together(Session().Connection, dayStatements());
     beginLoad(date, {});
     QHash<QString, int> columns;
     for (std::size_t i = 0; i < List1.size(); ++i)
         columns.insert(List1[i].toLower(), static_cast<int>(i) + 1);
     try {
-        addAppointments(
-            Recordset(
-                Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
-                    SqlDate(date)),
-                Session().Connection),
-            [&columns](const Recordset& row, CalendarItem& item) {
-                if (row["allday"].boolean())
-                    return false;
-                const auto column = columns.constFind(row["clinicianid"].text().toLower());
-                if (column == columns.cend())
-                    return false;
-                item.ItemColumn = *column;
-                return true;
-            });
+        addAppointments(Recordset(appointmentsStatement(date), Session().Connection),
+                        [&columns](const Recordset& row, CalendarItem& item) {
+                            if (row["allday"].boolean())
+                                return false;
+                            const auto column = columns.constFind(row["clinicianid"].text().toLower());
+                            if (column == columns.cend())
+                                return false;
+                            item.ItemColumn = *column;
+                            return true;
+                        });
         loadHoliday(date);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading schedule. "), error);
@@ -189,8 +208,7 @@ void frmall::loadHoliday(QDate date) {
 void frmall::LoadWorkSchedule(QDate date) {
     ctMDay1->ClearTimeRanges();
     Ignoring([&] {
-        Recordset hours(Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date)),
-                        Session().Connection);
+        Recordset hours(hoursStatement(date), Session().Connection);
         if (hours.RecordCount() < 2)
             return;
         for (std::size_t i = 0; i < List1.size(); ++i) {

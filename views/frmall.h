@@ -62,6 +62,7 @@ class frmall : public CalendarView {
     void selectColumn(int column);
     void chooseColumn(int column);
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
+    [[nodiscard]] QStringList dayStatements() const;
     void loadHoliday(QDate date);
 
     std::vector<QString> List1;  ///< The provider's id of each column.

@@ -8,6 +8,7 @@
 
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
@@ -20,7 +21,6 @@
 
 using db::Recordset;
 using db::Sql;
-using db::SqlDate;
 
 namespace {
 
@@ -52,6 +52,14 @@ class Hint : public QLabel {
   private:
     QStringList texts_;
 };
+
+QString roomsStatement() {
+    return QStringLiteral("Select * from Rooms");
+}
+
+QString bookingsStatement(QDate date, int room) {
+    return Sql("Select * from roomschedule where nApptDate = '{}' AND croomid = {}", date, room);
+}
 
 }  // namespace
 
@@ -149,8 +157,10 @@ void frmrooms::loadroomslist() {
     const QSignalBlocker quiet(cborooms);
     const int chosen = cborooms->count() > 0 ? roomId() : ReadUserSetting(LastRoom).toInt();
     cborooms->clear();
+    // Most likely the chosen room is still on the list.
+    const db::ReadTogether together(Session().Connection, {roomsStatement(), bookingsStatement(date_, chosen)});
     try {
-        for (Recordset rows(QStringLiteral("Select * from Rooms"), Session().Connection); !rows.Eof(); rows.MoveNext())
+        for (Recordset rows(roomsStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
             cborooms->addItem(rows["Room"].text(), static_cast<int>(rows["RoomID"].integer()));
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading room list. "), error);
@@ -203,8 +213,7 @@ void frmrooms::LoadRooms() {
 }
 
 void frmrooms::addMeetings() {
-    Recordset rows(Sql("Select * from roomschedule where nApptDate = '{}' AND croomid = {}", SqlDate(date_), roomId()),
-                   Session().Connection);
+    Recordset rows(bookingsStatement(date_, roomId()), Session().Connection);
     for (; !rows.Eof(); rows.MoveNext()) {
         const RoomMeeting meeting = MeetingOf(rows);
         // A meeting before the day's first hour is in the way too.

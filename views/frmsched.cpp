@@ -5,6 +5,7 @@
 #include "data/codes.h"
 #include "data/holidays.h"
 #include "data/recurrence.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
@@ -13,9 +14,25 @@
 #include "views/menutables.h"
 
 using db::Ignoring;
+using db::ReadTogether;
 using db::Recordset;
 using db::Sql;
-using db::SqlDate;
+
+namespace {
+
+QString appointmentsStatement(QDate date) {
+    const QString& provider = Session().ProviderId;
+    return Sql(
+        "SELECT appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid WHERE dapptdate = '{}' and (appointments.clinicianid = '{}' or appointmentsevents.clinicianid = '{}') Order by NStartTime, appttype DESC",
+        date, provider, provider);
+}
+
+QString hoursStatement(QDate date) {
+    return Sql("Select * from ProvSched Where providerid = '{}' and workdayvalue = {}", Session().ProviderId,
+               WeekdayNumber(date));
+}
+
+}  // namespace
 
 frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMenus(), parent) {
     setObjectName(QStringLiteral("frmsched"));
@@ -23,6 +40,7 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     bindTaskCommands();
     showOpenView(QStringLiteral("mnuVDay"), 1);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
+    const ReadTogether together(Session().Connection, dayStatements() << tasksStatement());
     LoadDayView();
     LoadToDo();
     setmenuaccess();
@@ -33,6 +51,7 @@ QDate frmsched::Stepped(QDate from, int direction) const {
 }
 
 void frmsched::Reload() {
+    const ReadTogether together(Session().Connection, dayStatements() << tasksStatement());
     LoadDayView();
     // The tasks belong to the provider, not to the day.
     if (tasksOf_ != Session().ProviderId)
@@ -44,15 +63,18 @@ void frmsched::ApplyPreferences() {
     LoadToDo();
 }
 
+QStringList frmsched::dayStatements() const {
+    const QDate date = main().Date();
+    return statementsOfLoad(date, Session().ProviderId)
+           << appointmentsStatement(date) << HolidayStatement(date) << hoursStatement(date);
+}
+
 void frmsched::LoadDayView() {
     const QDate date = main().Date();
-    const QString& provider = Session().ProviderId;
-    beginLoad(date, provider);
+    const ReadTogether together(Session().Connection, dayStatements());
+    beginLoad(date, Session().ProviderId);
     try {
-        addAppointments(Recordset(
-            Sql("SELECT appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid WHERE dapptdate = '{}' and (appointments.clinicianid = '{}' or appointmentsevents.clinicianid = '{}') Order by NStartTime, appttype DESC",
-                SqlDate(date), provider, provider),
-            Session().Connection));
+        addAppointments(Recordset(appointmentsStatement(date), Session().Connection));
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error reading appointments. "), error);
     }
@@ -76,9 +98,7 @@ void frmsched::loadHoliday(QDate date) {
 void frmsched::LoadWorkSchedule(QDate day) {
     ctMDay1->ClearTimeRanges();
     Ignoring([&] {
-        const Recordset hours(Sql("Select * from ProvSched Where providerid = '{}' and workdayvalue = {}",
-                                  Session().ProviderId, WeekdayNumber(day)),
-                              Session().Connection);
+        const Recordset hours(hoursStatement(day), Session().Connection);
         if (!hours.Eof())
             shadeAround(hours, [this](int from, int until) { ctMDay1->AddTimeRange(from, until, NonWorkingColor); });
     });

@@ -47,10 +47,12 @@ class frmsched : public CalendarView {
     void sharePanes();
 
     // frmsched.cpp
+    [[nodiscard]] QStringList dayStatements() const;
     void loadHoliday(QDate date);
 
     // frmsched_tasks.cpp
     void bindTaskCommands();
+    [[nodiscard]] static QString tasksStatement();
     void tickTask(int row, bool done);
     void openTask(int taskId);
     void deleteTask();
@@ -58,12 +60,13 @@ class frmsched : public CalendarView {
     void printTasks();
 
     // frmsched_info.cpp
+    [[nodiscard]] QStringList detailStatements(const CalendarItem& item) const override;
     void showNote(const QString& note);
     void addInfo(const QString& label, const QString& value);
     void addRoom(const QString& key);
     void addContacts(const CalendarItem& item, const RowFacts& facts);
     void getgroumembers(const QString& key);
-    [[nodiscard]] QString patientField(const QString& patientId, const QString& field, QString* otherPhoneType) const;
+    [[nodiscard]] QString patientField(const QString& patientId, const char* field, QString* otherPhoneType) const;
 
     QSplitter* SSSplitter1 = nullptr;
     QSplitter* sidePanes_ = nullptr;

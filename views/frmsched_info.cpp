@@ -6,6 +6,7 @@
 #include "data/phone.h"
 #include "data/pipefields.h"
 #include "platform/controls/ctlist.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
@@ -41,7 +42,39 @@ QString panelStatus(int code) {
     }
 }
 
+QString roomStatement(const QString& key) {
+    return Sql(
+        "Select * from roomschedule Inner Join rooms on roomschedule.croomid = rooms.roomid Where roomschedule.apptid = {}",
+        key.toLongLong());
+}
+
+QString contactStatement(const QString& patientId, const char* field) {
+    return Sql("Select {} , Other_Phone_Type from Patient_info Where id = '{}'", Raw{QString::fromLatin1(field)},
+               patientId);
+}
+
+QString membersStatement(const QString& key) {
+    return Sql("Select * from AppointmentsGroup Where nKeyId = {} Order by PatientName", key.toLongLong());
+}
+
+bool hasContacts(const CalendarItem& item, int apptType) {
+    return apptType != ApptTypeSlot && IsPatientRow(item.ItemColor);
+}
+
 }  // namespace
+
+QStringList frmsched::detailStatements(const CalendarItem& item) const {
+    const RowFacts facts = facts_.value(item.ItemKey);
+    QStringList statements{roomStatement(item.ItemKey)};
+    if (hasContacts(item, facts.apptType)) {
+        for (const char* field : {"telephone_h", "telephone_b", "Other_Phone", "EmailAddress", "PreferredContactMode"})
+            statements << contactStatement(GetPipeField(item.ItemNote, 3), field);
+        statements << CallTextStatement(facts.callStatus);
+    }
+    if (item.ItemColor == ncolor::Group)
+        statements << membersStatement(item.ItemKey);
+    return statements;
+}
 
 void frmsched::displayapptinfo(int index) {
     ctListInfo->Clear();
@@ -53,6 +86,7 @@ void frmsched::displayapptinfo(int index) {
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
     const RowFacts facts = facts_.value(item.ItemKey);
     const bool military = Session().MilitaryTime;
+    const db::ReadTogether together(Session().Connection, detailStatements(item));
 
     addInfo(QStringLiteral("Appointment"), item.ItemText);
     addInfo(QStringLiteral("Time"), QStringLiteral("%1 - %2").arg(MinutesToTimeText(item.ItemStart, military),
@@ -64,7 +98,7 @@ void frmsched::displayapptinfo(int index) {
     Ignoring([&] { addRoom(item.ItemKey); });
     if (const QString note = GetPipeField(item.ItemNote, 2); !note.isEmpty())
         showNote(note);
-    if (facts.apptType != ApptTypeSlot && IsPatientRow(item.ItemColor))
+    if (hasContacts(item, facts.apptType))
         addContacts(item, facts);
     if (item.ItemColor == ncolor::Group)
         Ignoring([&] { getgroumembers(item.ItemKey); });
@@ -82,10 +116,7 @@ void frmsched::addInfo(const QString& label, const QString& value) {
 }
 
 void frmsched::addRoom(const QString& key) {
-    const Recordset booked(
-        Sql("Select * from roomschedule Inner Join rooms on roomschedule.croomid = rooms.roomid Where roomschedule.apptid = {}",
-            key.toLongLong()),
-        Session().Connection);
+    const Recordset booked(roomStatement(key), Session().Connection);
     addInfo(QStringLiteral("Room"), booked.Eof() ? QString() : booked["room"].text());
 }
 
@@ -94,28 +125,24 @@ void frmsched::addContacts(const CalendarItem& item, const RowFacts& facts) {
     const QString phoneFormat = MaskToFormat(Session().PhoneMask);
     QString otherPhoneType;
     addInfo(QStringLiteral("Home Phone"),
-            FormatPhone(patientField(patientId, QStringLiteral("telephone_h"), &otherPhoneType), phoneFormat));
+            FormatPhone(patientField(patientId, "telephone_h", &otherPhoneType), phoneFormat));
     addInfo(QStringLiteral("Work Phone"),
-            FormatPhone(patientField(patientId, QStringLiteral("telephone_b"), &otherPhoneType),
-                        WithExtension(phoneFormat)));
+            FormatPhone(patientField(patientId, "telephone_b", &otherPhoneType), WithExtension(phoneFormat)));
     if (!otherPhoneType.isEmpty())
-        addInfo(otherPhoneType,
-                FormatPhone(patientField(patientId, QStringLiteral("Other_Phone"), &otherPhoneType), phoneFormat));
-    addInfo(QStringLiteral("E-Mail"), patientField(patientId, QStringLiteral("EmailAddress"), &otherPhoneType));
+        addInfo(otherPhoneType, FormatPhone(patientField(patientId, "Other_Phone", &otherPhoneType), phoneFormat));
+    addInfo(QStringLiteral("E-Mail"), patientField(patientId, "EmailAddress", &otherPhoneType));
     addInfo(QStringLiteral("Preferred Contact Method"),
-            patientField(patientId, QStringLiteral("PreferredContactMode"), &otherPhoneType));
+            patientField(patientId, "PreferredContactMode", &otherPhoneType));
     if (!facts.callStatus.isEmpty())
         addInfo(QStringLiteral("Courtesy Call Status"), GetCallStatusText(Session().Connection, facts.callStatus));
     if (const QString status = panelStatus(item.ItemColor); !status.isEmpty())
         addInfo(QStringLiteral("Status"), status);
 }
 
-QString frmsched::patientField(const QString& patientId, const QString& field, QString* otherPhoneType) const {
+QString frmsched::patientField(const QString& patientId, const char* field, QString* otherPhoneType) const {
     QString value;
     Ignoring([&] {
-        const Recordset patient(
-            Sql("Select {} , Other_Phone_Type from Patient_info Where id = '{}'", Raw{field}, patientId),
-            Session().Connection);
+        const Recordset patient(contactStatement(patientId, field), Session().Connection);
         if (patient.Eof())
             return;
         value = patient[0].text();
@@ -127,8 +154,7 @@ QString frmsched::patientField(const QString& patientId, const QString& field, Q
 // The members stand under one label; attendance is told behind the name.
 void frmsched::getgroumembers(const QString& key) {
     QString label = QStringLiteral("Members");
-    Recordset members(Sql("Select * from AppointmentsGroup Where nKeyId = {} Order by PatientName", key.toLongLong()),
-                      Session().Connection);
+    Recordset members(membersStatement(key), Session().Connection);
     for (; !members.Eof(); members.MoveNext()) {
         const QString name = members["PatientName"].text();
         addInfo(label, members["Kept"].integer() == 1 ? name + QStringLiteral(" (Kept)") : name);

@@ -118,17 +118,20 @@ void frmsched::printTasks() {
     vp.Preview(window());
 }
 
+QString frmsched::tasksStatement() {
+    const QString& provider = Session().ProviderId;
+    return Session().TaskRollOver
+               ? Sql("Select * from ToDo Where Completed = 0 AND ClinicianId = '{}' Order by Priority DESC", provider)
+               : Sql("Select * from ToDo Where ClinicianId = '{}' Order by Priority DESC", provider);
+}
+
 void frmsched::LoadToDo() {
     tasksOf_ = Session().ProviderId;
     ctList1->Clear();
     Ignoring([&] {
-        const QString statement =
-            Session().TaskRollOver
-                ? Sql("Select * from ToDo Where Completed = 0 AND ClinicianId = '{}' Order by Priority DESC", tasksOf_)
-                : Sql("Select * from ToDo Where ClinicianId = '{}' Order by Priority DESC", tasksOf_);
         const QString dateFormat =
             Session().DateOrder != 0 ? QStringLiteral("dd/MM/yyyy") : QStringLiteral("MM/dd/yyyy");
-        for (Recordset tasks(statement, Session().Connection); !tasks.Eof(); tasks.MoveNext()) {
+        for (Recordset tasks(tasksStatement(), Session().Connection); !tasks.Eof(); tasks.MoveNext()) {
             const QString word = priorityWord(tasks["Priority"].integer());
             if (word.isEmpty())
                 continue;

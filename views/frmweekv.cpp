@@ -6,6 +6,7 @@
 #include "data/codes.h"
 #include "data/holidays.h"
 #include "data/recurrence.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -16,9 +17,9 @@
 #include "views/menutables.h"
 
 using db::Ignoring;
+using db::ReadTogether;
 using db::Recordset;
 using db::Sql;
-using db::SqlDate;
 
 namespace {
 
@@ -27,6 +28,24 @@ constexpr int WorkingDays = 5;
 
 QDate mondayOf(QDate date) {
     return date.addDays(1 - date.dayOfWeek());
+}
+
+// The eighth day has no column, and its rows no place.
+QString appointmentsStatement(QDate first) {
+    const QString& provider = Session().ProviderId;
+    return Sql(
+        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}') Order by NStartTime, appttype DESC",
+        first, first.addDays(DaysOfWeek), provider, provider);
+}
+
+QString hoursStatement(QDate date) {
+    return Sql("Select * from ProvSched Where providerid = '{}' and workdayvalue = '{}'", Session().ProviderId,
+               WeekdayNumber(date));
+}
+
+QString columnsStatement() {
+    return PreferenceStatement(QStringLiteral("WeekCols"), QStringLiteral("SchedulerGeneral"),
+                               QString::fromLatin1(AllUsers));
 }
 
 }  // namespace
@@ -38,6 +57,8 @@ frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekM
     column->addWidget(ctMDay1);
     setFocusProxy(ctMDay1);
     showOpenView(QStringLiteral("mnuVWeek"), 2);
+    const ReadTogether together(Session().Connection, weekStatements(mondayOf(this->main().Date()))
+                                                          << columnsStatement());
     showDays();
     loadmdayview();
     setmenuaccess();
@@ -62,18 +83,20 @@ QDate frmweekv::dateOfColumn(int column) const {
     return ctMDay1->Date().addDays(column - 1);
 }
 
+QStringList frmweekv::weekStatements(QDate first) const {
+    QStringList statements = statementsOfLoad(first, Session().ProviderId) << appointmentsStatement(first);
+    for (int day = 0; day < DaysOfWeek; ++day)
+        statements << HolidayStatement(first.addDays(day)) << hoursStatement(first.addDays(day));
+    return statements;
+}
+
 void frmweekv::loadmdayview() {
-    const QString& provider = Session().ProviderId;
-    beginLoad(mondayOf(main().Date()), provider);
-    const QDate first = ctMDay1->Date();
+    const QDate first = mondayOf(main().Date());
+    const ReadTogether together(Session().Connection, weekStatements(first));
+    beginLoad(first, Session().ProviderId);
     try {
-        // The eighth day has no column, and its rows no place.
-        addAppointments(
-            Recordset(
-                Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}') Order by NStartTime, appttype DESC",
-                    SqlDate(first), SqlDate(first.addDays(DaysOfWeek)), provider, provider),
-                Session().Connection),
-            [](const Recordset& row, const CalendarItem& /*item*/) { return !row["allday"].boolean(); });
+        addAppointments(Recordset(appointmentsStatement(first), Session().Connection),
+                        [](const Recordset& row, const CalendarItem& /*item*/) { return !row["allday"].boolean(); });
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading schedule. "), error);
     }
@@ -101,9 +124,7 @@ void frmweekv::loadHolidays(QDate first) {
 
 void frmweekv::LoadWorkSchedule(QDate date) {
     Ignoring([&] {
-        const Recordset hours(Sql("Select * from ProvSched Where providerid = '{}' and workdayvalue = '{}'",
-                                  Session().ProviderId, WeekdayNumber(date)),
-                              Session().Connection);
+        const Recordset hours(hoursStatement(date), Session().Connection);
         if (!hours.Eof())
             shadeAround(hours, [this, date](int from, int until) {
                 ctMDay1->AddTimeRange(from, until, NonWorkingColor, date);

@@ -32,5 +32,6 @@ class frmweekv : public CalendarView {
 
   private:
     void showDays();
+    [[nodiscard]] QStringList weekStatements(QDate first) const;
     void loadHolidays(QDate first);
 };

@@ -7,6 +7,7 @@
 
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/formarea.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/theme/theme.h"
@@ -15,13 +16,20 @@
 
 using db::Recordset;
 using db::Sql;
-using db::SqlDate;
 
 namespace {
 
 constexpr int WantedColor = 0xFF0000;  // blue
 constexpr int BookedColor = 0xC0C000;
 constexpr int MinutesAbove = 60;
+
+QString roomsStatement() {
+    return QStringLiteral("Select * from rooms Order by Room");
+}
+
+QString bookingsStatement(QDate date) {
+    return Sql("Select * from roomschedule where nApptDate = '{}' Order by croomid", date);
+}
 
 }  // namespace
 
@@ -31,6 +39,7 @@ frmRoomView::frmRoomView(const SelectedSlot& wanted, const QString& dateText, QW
     setWindowTitle(QStringLiteral("Room Schedule for ") + dateText);
     buildForm();
     setGrid();
+    const db::ReadTogether together(Session().Connection, {roomsStatement(), bookingsStatement(wanted_.date)});
     LoadRooms();
     resetcols();
     loadRoomView();
@@ -92,8 +101,7 @@ void frmRoomView::setGrid() {
 void frmRoomView::LoadRooms() {
     rooms_.clear();
     try {
-        for (Recordset rows(QStringLiteral("Select * from rooms Order by Room"), Session().Connection); !rows.Eof();
-             rows.MoveNext())
+        for (Recordset rows(roomsStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
             rooms_.push_back({static_cast<int>(rows["RoomID"].integer()), rows["Room"].text()});
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading room list. "), error);
@@ -114,10 +122,7 @@ void frmRoomView::resetcols() {
 void frmRoomView::loadRoomView() {
     ctMDay1->ClearItems();
     try {
-        for (Recordset rows(
-                 Sql("Select * from roomschedule where nApptDate = '{}' Order by croomid", SqlDate(wanted_.date)),
-                 Session().Connection);
-             !rows.Eof(); rows.MoveNext()) {
+        for (Recordset rows(bookingsStatement(wanted_.date), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const int start = static_cast<int>(rows["nStartTime"].integer());
             const int index = ctMDay1->AddItem(start, static_cast<int>(rows["nEndTime"].integer()), QDate(),
                                                rows["croomtext"].text(), rows["nkeyid"].text());
