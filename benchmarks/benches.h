@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+struct Practice;
+
 void RegisterBookingBenches();
 void RegisterLookUpBenches();
 void RegisterRecurrenceBenches();
@@ -9,3 +11,6 @@ void RegisterViewBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();
 void RegisterSearchBenches();
+
+/// How often each action asks a server, in a table of its own: a number that the engine has no part in.
+void PrintTrips(const Practice& practice);

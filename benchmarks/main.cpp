@@ -25,5 +25,7 @@ int main(int argc, char** argv) {
     RegisterSearchBenches();
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    if (!Practices().empty())
+        PrintTrips(Practices().front());
     return 0;
 }
