@@ -1,11 +1,12 @@
 #include <QAction>
+#include <QComboBox>
 #include <QDialog>
 #include <QPushButton>
 
 #include "appointments/frmnore.h"
 #include "data/codes.h"
 #include "platform/calendar/ctweek.h"
-#include "platform/controls/completingcombo.h"
+#include "platform/controls/notefield.h"
 #include "tests/support/triplog.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
@@ -150,9 +151,9 @@ TEST_F(Trips, ASavedEditIsSevenBesidesItsEditor) {
     warmUp();
     select("Anna");
     desk.expectForm("frmnore", [](QDialog& form) {
-        static_cast<frmnore&>(form).cbolocation->SetText("Annex");
+        static_cast<frmnore&>(form).txtnotes->setPlainText("Bring the forms");
         EXPECT_TRUE(TakesAtMost(7, [&] { form.findChild<QPushButton*>("cmdOk")->click(); }));
     });
     trigger("mnuAEdit");
-    EXPECT_EQ(stored(anna, "CLOCATION"), "Annex");
+    EXPECT_EQ(stored(anna, "CapptNote"), "90834|Bring the forms");
 }
