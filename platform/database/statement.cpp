@@ -230,8 +230,10 @@ QString resolved(const QString& name, Cursor at, Cursor end) {
 
 /// "Create Table t", "Drop Table t", "Create Unique Index i On t".
 QString schemaTable(Cursor at, Cursor end) {
-    const bool index = std::any_of(at, end, [](const Token& token) { return token.is(QLatin1String("Index")); });
-    const QLatin1String before(index ? "On" : "Table");
+    const bool hangsOnTable = std::any_of(at, end, [](const Token& token) {
+        return isAny(token, {"Index", "Trigger"});
+    });
+    const QLatin1String before(hangsOnTable ? "On" : "Table");
     at = std::find_if(at, end, [&](const Token& token) { return token.is(before); });
     if (at == end)
         return {};

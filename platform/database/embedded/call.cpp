@@ -11,7 +11,7 @@ namespace db::embedded {
 namespace {
 
 enum class Gives { Same, Text, Integer, Real, DateTime };
-enum class Takes { Any, Number, DatePart };
+enum class Takes { Any, Number, DatePart, Rows };
 
 struct KnownFunction {
     std::string_view name;
@@ -23,38 +23,54 @@ struct KnownFunction {
 };
 
 // Round keeps its first argument's type, as the aggregates do; Avg of whole numbers is cut to one.
-constexpr std::array<KnownFunction, 30> functions = {{
+constexpr auto functions = std::to_array<KnownFunction>({
     {"getdate", "getdate", 0, 0, Gives::DateTime},
     {"len", "len", 1, 1, Gives::Integer},
     {"day", "day", 1, 1, Gives::Integer},
     {"month", "month", 1, 1, Gives::Integer},
     {"year", "year", 1, 1, Gives::Integer},
     {"datepart", "datepart", 2, 2, Gives::Integer, Takes::DatePart},
+    {"datename", "datename", 2, 2, Gives::Text, Takes::DatePart},
     {"dateadd", "dateadd", 3, 3, Gives::DateTime, Takes::DatePart},
     {"datediff", "datediff", 3, 3, Gives::Integer, Takes::DatePart},
+    {"isdate", "isdate", 1, 1, Gives::Integer},
     {"upper", "upper", 1, 1, Gives::Text},
     {"lower", "lower", 1, 1, Gives::Text},
     {"rtrim", "rtrim", 1, 1, Gives::Text},
     {"ltrim", "ltrim", 1, 1, Gives::Text},
+    {"trim", "trim", 1, 1, Gives::Text},
     {"left", "\"left\"", 2, 2, Gives::Text},
     {"right", "\"right\"", 2, 2, Gives::Text},
     {"substring", "substring", 3, 3, Gives::Text},
     {"charindex", "charindex", 2, 3, Gives::Integer},
+    {"patindex", "patindex", 2, 2, Gives::Integer},
+    {"replace", "svs_replace", 3, 3, Gives::Text},
+    {"stuff", "stuff", 4, 4, Gives::Text},
+    {"replicate", "replicate", 2, 2, Gives::Text},
+    {"reverse", "reverse", 1, 1, Gives::Text},
+    {"char", "svs_char", 1, 1, Gives::Text},
+    {"nchar", "svs_char", 1, 1, Gives::Text},
+    {"ascii", "ascii", 1, 1, Gives::Integer},
+    {"unicode", "ascii", 1, 1, Gives::Integer},
     {"abs", "abs", 1, 1, Gives::Same, Takes::Number},
-    {"round", "round", 2, 2, Gives::Same, Takes::Number},
+    {"sign", "sign", 1, 1, Gives::Same, Takes::Number},
+    {"round", "svs_round", 2, 3, Gives::Same, Takes::Number},
+    {"power", "svs_power", 2, 2, Gives::Same, Takes::Number},
+    {"sqrt", "svs_sqrt", 1, 1, Gives::Real, Takes::Number},
     {"floor", "floor", 1, 1, Gives::Same, Takes::Number},
     {"ceiling", "ceil", 1, 1, Gives::Same, Takes::Number},
+    {"isnumeric", "isnumeric", 1, 1, Gives::Integer},
     {"isnull", "coalesce", 2, 2, Gives::Same},
     {"coalesce", "coalesce", 2, 99, Gives::Same},
     {"nullif", "nullif", 2, 2, Gives::Same},
-    {"count", "count", 1, 1, Gives::Integer},
-    {"sum", "sum", 1, 1, Gives::Same, Takes::Number},
-    {"avg", "avg", 1, 1, Gives::Same, Takes::Number},
-    {"min", "min", 1, 1, Gives::Same},
-    {"max", "max", 1, 1, Gives::Same},
+    {"count", "count", 1, 1, Gives::Integer, Takes::Rows},
+    {"sum", "sum", 1, 1, Gives::Same, Takes::Rows},
+    {"avg", "avg", 1, 1, Gives::Same, Takes::Rows},
+    {"min", "min", 1, 1, Gives::Same, Takes::Rows},
+    {"max", "max", 1, 1, Gives::Same, Takes::Rows},
     {"scope_identity", "last_insert_rowid", 0, 0, Gives::Integer},
     {"datalength", "length", 1, 1, Gives::Integer},
-}};
+});
 
 const KnownFunction& functionOf(const std::string& name) {
     const auto* found = std::find_if(functions.begin(), functions.end(),
@@ -121,21 +137,99 @@ void checkCount(const KnownFunction& function, std::size_t count) {
             QStringLiteral("The %1 function requires %2 argument(s).").arg(ToQt(function.name)).arg(function.least));
 }
 
-/// Count(*), and Count, Sum and the others of Distinct.
-std::optional<Expression> readAggregate(Context& context, const KnownFunction& function) {
+/// What stands within an aggregate is not bound to Group By.
+class WithinAggregate {
+  public:
+    explicit WithinAggregate(const Context& context) : grouping_(context.scope ? context.scope->grouping : nullptr) {
+        if (!grouping_)
+            return;
+        grouping_->aggregated = true;
+        ++grouping_->aggregateDepth;
+    }
+    ~WithinAggregate() {
+        if (grouping_)
+            --grouping_->aggregateDepth;
+    }
+    WithinAggregate(const WithinAggregate&) = delete;
+    WithinAggregate& operator=(const WithinAggregate&) = delete;
+
+  private:
+    Grouping* grouping_;
+};
+
+/// The sum of whole numbers is of their type, that of money has its decimals.
+Expression totalled(const KnownFunction& function, Expression total, const Expression& argument) {
+    const bool money = argument.type.name == "money" || argument.type.name == "smallmoney";
+    if (function.name == "sum")
+        return money ? Converted(argument.type, total, "0") : CheckedWhole(std::move(total), argument, {});
+    if (function.name == "avg" && total.kind == Kind::Integer)
+        total.sql = "CAST(" + total.sql + " AS INTEGER)";
+    return function.name == "avg" && money ? Converted(argument.type, total, "0") : total;
+}
+
+/// Count(*), and Count, Sum and the others, of Distinct too.
+Expression readAggregate(Context& context, const KnownFunction& function) {
     TokenReader& in = context.in;
+    const WithinAggregate within(context);
     if (function.name == "count" && in.acceptOperator("*")) {
         in.expectOperator(")");
-        return Expression{.sql = "count(*)", .kind = Kind::Integer};
+        return {.sql = "count(*)", .kind = Kind::Integer};
     }
-    if (!in.acceptWord("distinct")) {
+    const bool distinct = in.acceptWord("distinct");
+    if (!distinct)
         in.acceptWord("all");
-        return {};
-    }
-    const Expression argument = ReadExpression(context);
+    if (in.atOperator(")"))
+        checkCount(function, 0);
+    Expression argument = ReadExpression(context);
+    if (in.atOperator(","))
+        checkCount(function, 2);
     in.expectOperator(")");
-    const Kind kind = function.gives == Gives::Integer ? Kind::Integer : argument.kind;
-    return Expression{.sql = std::string(function.sqlite) + "(DISTINCT " + Collated(argument) + ")", .kind = kind};
+    const bool adds = function.name == "sum" || function.name == "avg";
+    if (adds && argument.kind == Kind::Text)
+        argument.sql = "svs_cast(" + argument.sql + ", 'float')";
+    const Kind own = adds && argument.kind == Kind::Bit ? Kind::Integer : argument.kind;
+    Expression total{
+        .sql = std::string(function.sqlite) + (distinct ? "(DISTINCT " + Collated(argument) : "(" + argument.sql) + ")",
+        .kind = function.gives == Gives::Integer ? Kind::Integer : own,
+        .type = function.gives == Gives::Integer ? SqlType() : argument.type};
+    return totalled(function, std::move(total), argument);
+}
+
+/// IsNull has the type of what it looks at, with its length.
+Expression isNull(std::vector<Expression> arguments) {
+    Expression& looked = arguments[0];
+    Expression& otherwise = arguments[1];
+    if (looked.type.kind != Kind::Unknown)
+        otherwise = Converted(looked.type, otherwise, "0");
+    else if (looked.kind != Kind::Null)
+        otherwise = Converted(otherwise, looked.kind);
+    const Kind kind = looked.kind == Kind::Null ? otherwise.kind : looked.kind;
+    return {.sql = "coalesce(" + argumentList(arguments) + ")", .kind = kind, .type = looked.type};
+}
+
+/// IIf(condition, value, value), a Case in short.
+Expression readIif(Context& context) {
+    const std::string condition = ReadCondition(context).sql;
+    context.in.expectOperator(",");
+    Expression then = ReadExpression(context);
+    context.in.expectOperator(",");
+    Expression otherwise = ReadExpression(context);
+    context.in.expectOperator(")");
+    const Kind kind = CommonKind(then.kind, otherwise.kind);
+    return {.sql = "CASE WHEN " + condition + " THEN " + Converted(std::move(then), kind).sql + " ELSE " +
+                   Converted(std::move(otherwise), kind).sql + " END",
+            .kind = kind};
+}
+
+/// Concat takes any number of values and null for "".
+Expression readConcat(Context& context) {
+    std::string list;
+    do {
+        const Expression value = ReadExpression(context);
+        list.append(list.empty() ? "" : " || ").append("coalesce(" + AsText(value) + ", '')");
+    } while (context.in.acceptOperator(","));
+    context.in.expectOperator(")");
+    return {.sql = "(" + list + ")", .kind = Kind::Text};
 }
 
 }  // namespace
@@ -145,23 +239,26 @@ Expression ReadCall(Context& context, const std::string& name) {
         return ReadConvert(context);
     if (SameName(name, "cast"))
         return ReadCast(context);
+    if (SameName(name, "iif"))
+        return readIif(context);
+    if (SameName(name, "concat"))
+        return readConcat(context);
     const KnownFunction& function = functionOf(name);
-    if (auto aggregate = readAggregate(context, function))
-        return *aggregate;
+    if (function.takes == Takes::Rows)
+        return readAggregate(context, function);
     std::vector<Expression> arguments = readArguments(context, function);
     checkCount(function, arguments.size());
     if (function.takes == Takes::Number && arguments.front().kind == Kind::Text)
-        arguments.front().sql = "svs_cast(" + arguments.front().sql + ", 'float')";
-    if (function.name == "isnull" && arguments.front().kind == Kind::Text)
-        arguments[1].sql = AsText(arguments[1]);
-    else if (function.name == "isnull" || function.name == "coalesce" || function.name == "nullif")
+        arguments.front() = {.sql = "svs_cast(" + arguments.front().sql + ", 'float')", .kind = Kind::Real};
+    if (function.name == "isnull")
+        return isNull(std::move(arguments));
+    if (function.name == "coalesce" || function.name == "nullif")
         for (std::size_t i = 1; i < arguments.size(); ++i)
             MakeComparable(arguments.front(), arguments[i]);
+    if (function.name == "round" && arguments.size() == 2)
+        arguments.push_back({.sql = "0"});
     const Kind kind = kindOf(function, arguments);
     std::string sql = std::string(function.sqlite) + "(" + argumentList(arguments) + ")";
-    const bool cut = kind == Kind::Integer && (function.name == "avg" || function.name == "round");
-    if (cut)
-        sql = "CAST(" + sql + " AS INTEGER)";
     return {.sql = std::move(sql), .kind = kind};
 }
 
@@ -192,15 +289,6 @@ SqlType ReadType(TokenReader& in, int lengthLeftOut) {
 
 namespace {
 
-Expression converted(const SqlType& type, const Expression& value, const std::string& style) {
-    const std::string length = std::to_string(type.maxLength);
-    if (type.kind != Kind::Text)
-        return {.sql = "svs_cast(" + value.sql + ", " + QuotedText(DeclaredType(type)) + ")", .kind = type.kind};
-    if (value.kind == Kind::DateTime)
-        return {.sql = "svs_date_text(" + value.sql + ", " + style + ", " + length + ")", .kind = Kind::Text};
-    return {.sql = "svs_cast_text(" + value.sql + ", " + length + ")", .kind = Kind::Text};
-}
-
 constexpr int convertedLength = 30;
 
 }  // namespace
@@ -213,7 +301,7 @@ Expression ReadConvert(Context& context) {
     if (context.in.acceptOperator(","))
         style = ReadExpression(context).sql;
     context.in.expectOperator(")");
-    return converted(type, value, style);
+    return Converted(type, value, style);
 }
 
 Expression ReadCast(Context& context) {
@@ -221,7 +309,7 @@ Expression ReadCast(Context& context) {
     context.in.expectWord("as");
     const SqlType type = ReadType(context.in, convertedLength);
     context.in.expectOperator(")");
-    return converted(type, value, "0");
+    return Converted(type, value, "0");
 }
 
 Expression ReadCase(Context& context) {
@@ -232,7 +320,8 @@ Expression ReadCase(Context& context) {
         subject = ReadExpression(context);
         sql += " " + subject->sql;
     }
-    Kind kind = Kind::Unknown;
+    std::vector<std::string> whens;
+    std::vector<Expression> values;
     while (in.acceptWord("when")) {
         Expression when = subject ? ReadExpression(context) : ReadCondition(context);
         if (subject) {
@@ -240,18 +329,19 @@ Expression ReadCase(Context& context) {
             MakeComparable(compared, when);
         }
         in.expectWord("then");
-        const Expression then = ReadExpression(context);
-        kind = CommonKind(kind, then.kind);
-        sql += " WHEN " + when.sql + " THEN " + then.sql;
+        whens.push_back(when.sql);
+        values.push_back(ReadExpression(context));
     }
-    if (kind == Kind::Unknown && !in.atWord("else") && !in.atWord("end"))
+    if (whens.empty())
         in.fail();
-    if (in.acceptWord("else")) {
-        const Expression otherwise = ReadExpression(context);
-        kind = CommonKind(kind, otherwise.kind);
-        sql += " ELSE " + otherwise.sql;
-    }
+    if (in.acceptWord("else"))
+        values.push_back(ReadExpression(context));
     in.expectWord("end");
+    Kind kind = Kind::Unknown;
+    for (const Expression& value : values)
+        kind = CommonKind(kind, value.kind);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        sql += (i < whens.size() ? " WHEN " + whens[i] + " THEN " : " ELSE ") + Converted(values[i], kind).sql;
     return {.sql = sql + " END", .kind = kind};
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "platform/database/embedded/expression.h"
@@ -142,7 +143,58 @@ Expression Plus(Expression left, Expression right) {
     }
     MakeComparable(left, right);
     const Kind kind = CommonKind(Kind::Integer, CommonKind(left.kind, right.kind));
-    return {.sql = "(" + left.sql + " + " + right.sql + ")", .kind = kind};
+    return CheckedWhole({.sql = "(" + left.sql + " + " + right.sql + ")", .kind = kind}, left, right);
+}
+
+Expression CheckedWhole(Expression result, const Expression& left, const Expression& right) {
+    if (result.kind != Kind::Integer)
+        return result;
+    const auto rank = [](const Expression& operand) {
+        static constexpr std::array<std::string_view, 4> types = {"tinyint", "smallint", "int", "bigint"};
+        const auto* known = std::find(types.begin(), types.end(), operand.type.name);
+        return known == types.end() ? std::size_t{2} : static_cast<std::size_t>(known - types.begin());
+    };
+    static constexpr std::array<const char*, 4> names = {"tinyint", "smallint", "int", "bigint"};
+    const char* name = names[std::max(rank(left), rank(right))];
+    result.type = *MakeType(name);
+    if (result.type.name != "bigint")
+        result.sql = "svs_int(" + result.sql + ", " + QuotedText(name) + ")";
+    return result;
+}
+
+Expression Converted(Expression value, Kind kind) {
+    if (value.kind == kind || value.kind == Kind::Null || value.kind == Kind::Unknown)
+        return value;
+    if (kind == Kind::DateTime)
+        return {.sql = "svs_datetime(" + value.sql + ")", .kind = kind};
+    if (kind == Kind::Text)
+        return {.sql = AsText(value), .kind = kind};
+    if (value.kind != Kind::Text)
+        return value;
+    const char* type = kind == Kind::Real ? ", 'float')" : kind == Kind::Bit ? ", 'bit')" : ", 'int')";
+    return {.sql = "svs_cast(" + value.sql + type, .kind = kind};
+}
+
+Expression Converted(const SqlType& type, const Expression& value, const std::string& style) {
+    Expression result{.kind = type.kind, .type = type};
+    const bool number = type.kind == Kind::Bit || type.kind == Kind::Integer || type.kind == Kind::Real;
+    const bool money = value.type.name == "money" || value.type.name == "smallmoney";
+    const bool filled = type.name == "char" || type.name == "nchar";
+    const std::string length = std::to_string(filled ? -type.maxLength : type.maxLength);
+    if (number && value.kind == Kind::DateTime)
+        result.sql = "svs_cast(" + std::string(type.kind == Kind::Real ? "" : "svs_round(") + "svs_days(" + value.sql +
+                     ")" + (type.kind == Kind::Real ? "" : ", 0, 0)") + ", " + QuotedText(DeclaredType(type)) + ")";
+    else if (type.kind == Kind::DateTime && value.kind == Kind::Text && style != "0")
+        result.sql = "svs_date_read(" + value.sql + ", " + style + ")";
+    else if (type.kind != Kind::Text)
+        result.sql = "svs_cast(" + value.sql + ", " + QuotedText(DeclaredType(type)) + ")";
+    else if (value.kind == Kind::DateTime)
+        result.sql = "svs_cast_text(svs_date_text(" + value.sql + ", " + style + ", 0), " + length + ")";
+    else if (money)
+        result.sql = "svs_cast_text(svs_money_text(" + value.sql + ", " + style + "), " + length + ")";
+    else
+        result.sql = "svs_cast_text(" + value.sql + ", " + length + ")";
+    return result;
 }
 
 Expression Like(const Context& context, Expression left, const Expression& pattern, const std::string& escape,

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <QLocale>
+#include <QRegularExpression>
 
 #include "platform/database/datetext.h"
 #include "platform/database/embedded/functioncall.h"
@@ -20,21 +21,37 @@ struct PartName {
     Part part;
 };
 
-constexpr std::array<PartName, 28> partNames = {{
-    {"year", Part::Year},       {"yy", Part::Year},
-    {"yyyy", Part::Year},       {"quarter", Part::Quarter},
-    {"qq", Part::Quarter},      {"q", Part::Quarter},
-    {"month", Part::Month},     {"mm", Part::Month},
-    {"m", Part::Month},         {"dayofyear", Part::DayOfYear},
-    {"dy", Part::DayOfYear},    {"y", Part::DayOfYear},
-    {"day", Part::Day},         {"dd", Part::Day},
-    {"d", Part::Day},           {"week", Part::Week},
-    {"wk", Part::Week},         {"ww", Part::Week},
-    {"weekday", Part::Weekday}, {"dw", Part::Weekday},
-    {"hour", Part::Hour},       {"hh", Part::Hour},
-    {"minute", Part::Minute},   {"mi", Part::Minute},
-    {"n", Part::Minute},        {"second", Part::Second},
-    {"ss", Part::Second},       {"millisecond", Part::Millisecond},
+constexpr std::array<PartName, 30> partNames = {{
+    {"year", Part::Year},
+    {"yy", Part::Year},
+    {"yyyy", Part::Year},
+    {"quarter", Part::Quarter},
+    {"qq", Part::Quarter},
+    {"q", Part::Quarter},
+    {"month", Part::Month},
+    {"mm", Part::Month},
+    {"m", Part::Month},
+    {"dayofyear", Part::DayOfYear},
+    {"dy", Part::DayOfYear},
+    {"y", Part::DayOfYear},
+    {"day", Part::Day},
+    {"dd", Part::Day},
+    {"d", Part::Day},
+    {"week", Part::Week},
+    {"wk", Part::Week},
+    {"ww", Part::Week},
+    {"weekday", Part::Weekday},
+    {"dw", Part::Weekday},
+    {"hour", Part::Hour},
+    {"hh", Part::Hour},
+    {"minute", Part::Minute},
+    {"mi", Part::Minute},
+    {"n", Part::Minute},
+    {"second", Part::Second},
+    {"ss", Part::Second},
+    {"s", Part::Second},
+    {"millisecond", Part::Millisecond},
+    {"ms", Part::Millisecond},
 }};
 
 Part partOf(std::string_view name) {
@@ -58,6 +75,12 @@ void giveMoment(const FunctionCall& call, const QDateTime& moment) {
     if (!stored)
         throw DatabaseError(517, QStringLiteral("Adding a value to a 'datetime' column caused an overflow."));
     call.give(std::string_view(IsoText(*stored).toStdString()));
+}
+
+double daysOf(const QDateTime& moment) {
+    constexpr double millisecondsPerDay = 86'400'000;
+    return static_cast<double>(moment.date().toJulianDay() - ServerEpochJulianDay) +
+           moment.time().msecsSinceStartOfDay() / millisecondsPerDay;
 }
 
 /// Weeks and weekdays begin on Sunday.
@@ -150,8 +173,8 @@ qint64 boundaries(Part part, const QDateTime& moment) {
     return 0;
 }
 
-/// "Mar 11 2026  9:05AM": day and hour are padded with a blank to two places.
-QString defaultText(const QDateTime& moment) {
+/// "Mar 11 2026  9:05AM": day and hour are padded with a blank to two places. `minutes` is what follows the hour.
+QString defaultText(const QDateTime& moment, const char* minutes) {
     const QTime time = moment.time();
     const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
     return QStringLiteral("%1 %2 %3 %4:%5%6")
@@ -159,7 +182,7 @@ QString defaultText(const QDateTime& moment) {
         .arg(moment.date().day(), 2)
         .arg(moment.date().year())
         .arg(hour, 2)
-        .arg(time.minute(), 2, 10, QLatin1Char('0'))
+        .arg(time.toString(QString::fromLatin1(minutes)))
         .arg(time.hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM"));
 }
 
@@ -168,22 +191,45 @@ QString styledText(const QDateTime& moment, qint64 style) {
         int style;
         const char* format;
     };
-    static constexpr std::array<StyleFormat, 20> formats = {{
-        {1, "MM/dd/yy"},     {2, "yy.MM.dd"},
-        {3, "dd/MM/yy"},     {4, "dd.MM.yy"},
-        {5, "dd-MM-yy"},     {8, "HH:mm:ss"},
-        {10, "MM-dd-yy"},    {11, "yy/MM/dd"},
-        {12, "yyMMdd"},      {20, "yyyy-MM-dd HH:mm:ss"},
-        {23, "yyyy-MM-dd"},  {21, "yyyy-MM-dd HH:mm:ss.zzz"},
-        {101, "MM/dd/yyyy"}, {102, "yyyy.MM.dd"},
-        {103, "dd/MM/yyyy"}, {104, "dd.MM.yyyy"},
-        {105, "dd-MM-yyyy"}, {110, "MM-dd-yyyy"},
-        {111, "yyyy/MM/dd"}, {112, "yyyyMMdd"},
+    static constexpr std::array<StyleFormat, 27> formats = {{
+        {1, "MM/dd/yy"},
+        {2, "yy.MM.dd"},
+        {3, "dd/MM/yy"},
+        {4, "dd.MM.yy"},
+        {5, "dd-MM-yy"},
+        {6, "dd MMM yy"},
+        {7, "MMM dd, yy"},
+        {8, "HH:mm:ss"},
+        {10, "MM-dd-yy"},
+        {11, "yy/MM/dd"},
+        {12, "yyMMdd"},
+        {13, "dd MMM yyyy HH:mm:ss:zzz"},
+        {14, "HH:mm:ss:zzz"},
+        {20, "yyyy-MM-dd HH:mm:ss"},
+        {21, "yyyy-MM-dd HH:mm:ss.zzz"},
+        {23, "yyyy-MM-dd"},
+        {101, "MM/dd/yyyy"},
+        {102, "yyyy.MM.dd"},
+        {103, "dd/MM/yyyy"},
+        {104, "dd.MM.yyyy"},
+        {105, "dd-MM-yyyy"},
+        {106, "dd MMM yyyy"},
+        {107, "MMM dd, yyyy"},
+        {110, "MM-dd-yyyy"},
+        {111, "yyyy/MM/dd"},
+        {112, "yyyyMMdd"},
+        {126, "yyyy-MM-ddTHH:mm:ss.zzz"},
     }};
     if (style == 0 || style == 100)
-        return defaultText(moment);
+        return defaultText(moment, "mm");
+    if (style == 9 || style == 109)
+        return defaultText(moment, "mm:ss:zzz");
+    // Without a fraction where there is none.
+    if (style == 126 && moment.time().msec() == 0)
+        return QLocale::c().toString(moment, QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
     // Styles of times and ISO forms are the same with and without the hundred.
-    const qint64 same = style == 108 ? 8 : style == 120 ? 20 : style == 121 ? 21 : style;
+    static constexpr std::array<qint64, 5> doubled = {108, 113, 114, 120, 121};
+    const qint64 same = std::find(doubled.begin(), doubled.end(), style) == doubled.end() ? style : style - 100;
     const auto* found =
         std::find_if(formats.begin(), formats.end(), [same](const StyleFormat& each) { return each.style == same; });
     if (found == formats.end())
@@ -217,7 +263,49 @@ void DateAdd(const FunctionCall& call) {
 
 void DateDiff(const FunctionCall& call) {
     const Part part = partOf(call.text(0));
-    call.give(boundaries(part, momentOf(call, 2)) - boundaries(part, momentOf(call, 1)));
+    const qint64 difference = boundaries(part, momentOf(call, 2)) - boundaries(part, momentOf(call, 1));
+    if (difference != static_cast<qint32>(difference))
+        throw DatabaseError(
+            535,
+            QStringLiteral(
+                "The datediff function resulted in an overflow. The number of dateparts separating two date/time instances is too large. Try to use datediff with a less precise datepart."));
+    call.give(difference);
+}
+
+void DateName(const FunctionCall& call) {
+    const Part part = partOf(call.text(0));
+    const QDateTime moment = momentOf(call, 1);
+    QString name = QString::number(partValue(part, moment));
+    if (part == Part::Month)
+        name = QLocale::c().monthName(moment.date().month());
+    else if (part == Part::Weekday)
+        name = QLocale::c().dayName(moment.date().dayOfWeek());
+    call.give(std::string_view(name.toStdString()));
+}
+
+void IsDate(const FunctionCall& call) {
+    const std::string_view text = call.isNull(0) ? std::string_view() : call.text(0);
+    const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
+    call.give(qint64{!text.empty() && ReadDateTime(bytes).has_value()});
+}
+
+void DaysOf(const FunctionCall& call) {
+    call.give(daysOf(momentOf(call, 0)));
+}
+
+void DateMinus(const FunctionCall& call) {
+    call.give(std::string_view(DateTimeFromNumber(daysOf(momentOf(call, 0)) - daysOf(momentOf(call, 1)))));
+}
+
+void StyledMoment(const FunctionCall& call) {
+    static const QRegularExpression numbers(QStringLiteral(R"(^\s*(\d{1,2})([/.-])(\d{1,2})\2(\d{4}|\d{2})\b(.*)$)"));
+    static constexpr std::array<qint64, 6> dayFirst = {3, 4, 5, 103, 104, 105};
+    QString text = ToQt(call.text(0));
+    const QRegularExpressionMatch match = numbers.match(text);
+    if (match.hasMatch() && std::find(dayFirst.begin(), dayFirst.end(), call.integer(1)) != dayFirst.end())
+        text = QStringLiteral("%1/%2/%3%4")
+                   .arg(match.captured(3), match.captured(1), match.captured(4), match.captured(5));
+    call.give(std::string_view(DateTimeFromText(text.toStdString())));
 }
 
 void ToMoment(const FunctionCall& call) {

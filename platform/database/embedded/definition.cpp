@@ -282,12 +282,36 @@ std::string readIndex(Context& context, bool unique) {
            QuotedName(table->name) + " (" + columns + ")";
 }
 
+/// One event, an optional If and one statement. SQLite runs a trigger for each row, of which "inserted" is a table.
+std::string readTrigger(Context& context) {
+    TokenReader& in = context.in;
+    const std::string name = in.expectName();
+    in.expectWord("on");
+    context.written = context.catalog.table(ReadTableName(in));
+    if (!in.acceptWord("for"))
+        in.expectWord("after");
+    const std::string event = in.acceptWord("insert") ? "INSERT" : (in.expectWord("update"), "UPDATE");
+    in.expectWord("as");
+    // The embedded engine counts no rows of a trigger.
+    if (in.acceptWord("set")) {
+        in.expectWord("nocount");
+        in.expectWord("on");
+    }
+    const std::string condition = in.acceptWord("if") ? " WHEN " + ReadCondition(context).sql : std::string();
+    const std::string statement =
+        in.acceptWord("delete") ? ReadDelete(context) : (in.expectWord("update"), ReadUpdate(context));
+    return "CREATE TRIGGER " + QuotedName(name) + " AFTER " + event + " ON " + QuotedName(context.written->name) +
+           condition + " BEGIN " + statement + "; END";
+}
+
 }  // namespace
 
 std::string ReadCreate(Context& context) {
     TokenReader& in = context.in;
     if (in.acceptWord("table"))
         return TableReader(context).readTable();
+    if (in.acceptWord("trigger"))
+        return readTrigger(context);
     const bool unique = in.acceptWord("unique");
     if (!in.acceptWord("clustered"))
         in.acceptWord("nonclustered");
@@ -304,6 +328,8 @@ std::string ReadDrop(Context& context) {
     TokenReader& in = context.in;
     if (in.acceptWord("table"))
         return "DROP TABLE " + QuotedName(context.catalog.table(ReadTableName(in))->name);
+    if (in.acceptWord("trigger"))
+        return "DROP TRIGGER " + QuotedName(in.expectName());
     in.expectWord("index");
     std::string first = in.expectName();
     if (in.acceptOperator("."))

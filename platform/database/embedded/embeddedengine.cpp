@@ -7,6 +7,7 @@
 #include "platform/database/embedded/functioncall.h"
 #include "platform/database/embedded/names.h"
 #include "platform/database/embedded/store.h"
+#include "platform/database/embedded/textorder.h"
 #include "platform/database/error.h"
 
 namespace db::embedded {
@@ -140,13 +141,32 @@ void EmbeddedEngine::configure() {
     sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(handle_.get(), SQLITE_LIMIT_ATTACHED, 0);
     runOwn("Select count(*) From sqlite_master");
-    if (sqlite3_db_readonly(handle_.get(), "main") == 0)
+    if (sqlite3_db_readonly(handle_.get(), "main") == 0) {
         runOwn("Pragma journal_mode = WAL");
+        renewTextIndexes();
+    }
     // What was saved is on the disk, also when the power fails a moment later.
     runOwn("Pragma synchronous = FULL");
     runOwn("Pragma foreign_keys = ON");
     runOwn("Pragma cache_size = -20000");
     runOwn("Pragma temp_store = MEMORY");
+}
+
+/// An index in another order of texts would hide rows. The file's own number tells the order that its indexes are in.
+void EmbeddedEngine::renewTextIndexes() {
+    const auto isOld = [this] {
+        const auto version = Prepare(handle_.get(), "Pragma user_version");
+        return sqlite3_step(version.get()) == SQLITE_ROW && sqlite3_column_int(version.get(), 0) < TextOrderVersion;
+    };
+    if (!isOld())
+        return;
+    runOwn("Begin Immediate");
+    // Another desk may have been first.
+    if (isOld()) {
+        runOwn("Reindex SVS_TEXT");
+        runOwn(("Pragma user_version = " + std::to_string(TextOrderVersion)).c_str());
+    }
+    runOwn("Commit");
 }
 
 void EmbeddedEngine::registerStore() {

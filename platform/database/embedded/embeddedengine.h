@@ -57,6 +57,7 @@ class EmbeddedEngine final : public Engine {
     void runOwn(const char* sql);
     [[noreturn]] void fail(const QString& statement);
     void registerStore();
+    void renewTextIndexes();
 
     QString database_;
     FunctionState state_;

@@ -29,9 +29,22 @@ void requireCondition(const Context& context, const Expression& expression) {
                 .arg(ToQt(context.in.peek().text)));
 }
 
+/// SQLite divides by zero to null and cuts what it takes the rest of to whole numbers; where neither can happen, its
+/// own operator stays.
+Expression quotient(const std::string& op, const Expression& a, const Expression& b, Kind kind) {
+    const bool nonZero = b.form == Expression::Form::Number && b.name.find_first_of("123456789") != std::string::npos;
+    const bool whole = kind == Kind::Integer;
+    if (nonZero && (op == "/" || whole) && b.name.front() != '-')
+        return {.sql = "(" + a.sql + " " + op + " " + b.sql + ")", .kind = kind};
+    const std::string function = op == "/" ? "svs_divide(" : "svs_modulo(";
+    return {.sql = function + a.sql + ", " + b.sql + ")", .kind = kind};
+}
+
 Expression arithmetic(const std::string& op, const Expression& left, const Expression& right) {
     Expression a = left;
     Expression b = right;
+    if (op == "-" && left.kind == Kind::DateTime && (right.kind == Kind::DateTime || right.kind == Kind::Text))
+        return {.sql = "svs_date_minus(" + left.sql + ", " + right.sql + ")", .kind = Kind::DateTime};
     if (op == "-" && left.kind == Kind::DateTime)
         return {.sql = "svs_date_plus(" + left.sql + ", -(" + right.sql + "))", .kind = Kind::DateTime};
     // A text among numbers becomes one; MakeComparable knows how.
@@ -44,7 +57,10 @@ Expression arithmetic(const std::string& op, const Expression& left, const Expre
     const Kind kind = unknown ? Kind::Unknown : CommonKind(Kind::Integer, CommonKind(a.kind, b.kind));
     if (op == "^")
         return {.sql = "((" + a.sql + " | " + b.sql + ") - (" + a.sql + " & " + b.sql + "))", .kind = kind};
-    return {.sql = "(" + a.sql + " " + op + " " + b.sql + ")", .kind = kind};
+    if (op == "/" || op == "%")
+        return quotient(op, a, b, kind);
+    Expression result{.sql = "(" + a.sql + " " + op + " " + b.sql + ")", .kind = kind};
+    return op == "-" || op == "*" ? CheckedWhole(std::move(result), a, b) : result;
 }
 
 Expression readUnary(Context& context) {
@@ -62,8 +78,10 @@ Expression readUnary(Context& context) {
         operand.sql = operand.name;
         return operand;
     }
+    if (operand.kind == Kind::Text)
+        throw DatabaseError(8117, QStringLiteral("Operand data type nvarchar is invalid for minus operator."));
     // The blank keeps two minus signs from beginning a comment.
-    return {.sql = std::string(minus ? "(- " : "(~ ") + operand.sql + ")", .kind = operand.kind};
+    return {.sql = std::string(minus ? "(- " : "(~ ") + operand.sql + ")", .kind = operand.kind, .type = operand.type};
 }
 
 Expression readProduct(Context& context) {

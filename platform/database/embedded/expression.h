@@ -17,10 +17,18 @@ struct Source {
     std::shared_ptr<const Table> table;  ///< Of a query: its columns, without a name.
 };
 
+/// What the items of a query name outside of its aggregates, which Group By has rules for.
+struct Grouping {
+    std::vector<std::string> columns = {};  ///< As SQLite text, since they were taken last.
+    int aggregateDepth = 0;
+    bool aggregated = false;  ///< An aggregate was met.
+};
+
 /// The tables whose columns an expression may name, and those around it where it stands in an inner query.
 struct Scope {
     std::vector<Source> sources = {};
     const Scope* outer = nullptr;
+    Grouping* grouping = nullptr;  ///< Of a query; none for a statement that writes.
 };
 
 struct Context {
@@ -28,7 +36,8 @@ struct Context {
     Catalog& catalog;
     std::vector<BoundPlace>& parameters;
     const Scope* scope = nullptr;
-    bool negated = false;  ///< Inside Not, where unknown and false differ.
+    bool negated = false;                            ///< Inside Not, where unknown and false differ.
+    std::shared_ptr<const Table> written = nullptr;  ///< In a trigger: the table whose new row "inserted" is.
 };
 
 struct Expression {
@@ -37,6 +46,7 @@ struct Expression {
     // Every member has its empty value here, so that a result names only what it fills.
     std::string sql = {};
     Kind kind = Kind::Unknown;
+    SqlType type = {};  ///< Where a column or a conversion tells it; its kind is Unknown else.
     Form form = Form::Other;
     bool condition = false;              ///< True or false, which is no value in T-SQL.
     std::string name = {};               ///< A column as the statement names it, or what a literal holds.
@@ -78,6 +88,12 @@ void MakeComparable(Expression& left, Expression& right);
 Kind CommonKind(Kind a, Kind b);
 /// As SQLite text of the value as a text.
 std::string AsText(const Expression& expression);
+/// The value as one of that kind when the statement runs; a failure is one of the row's, as on the server.
+Expression Converted(Expression value, Kind kind);
+/// The same for a type, by a style of Convert, as SQLite text.
+Expression Converted(const SqlType& type, const Expression& value, const std::string& style);
+/// The result of whole numbers' arithmetic, which must fit the type of the two.
+Expression CheckedWhole(Expression result, const Expression& left, const Expression& right);
 /// With the collation of text where it has none of its own.
 std::string Collated(const Expression& expression);
 

@@ -64,6 +64,10 @@ Fault statementFault(const QString& message) {
         return {208, QStringLiteral("Invalid object name '%1'.").arg(name)};
     if (message.startsWith(QStringLiteral("no such column")))
         return {207, QStringLiteral("Invalid column name '%1'.").arg(name)};
+    if (message.startsWith(QStringLiteral("trigger ")) && message.endsWith(QStringLiteral(" already exists")))
+        return {
+            2714,
+            QStringLiteral("There is already an object named '%1' in the database.").arg(message.section(u'"', 1, 1))};
     if (message.contains(QStringLiteral("integer overflow")))
         return {8115, QStringLiteral("Arithmetic overflow error converting expression to data type bigint.")};
     if (message.startsWith(QStringLiteral("misuse of aggregate")))

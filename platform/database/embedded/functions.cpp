@@ -8,6 +8,8 @@
 #include "platform/database/embedded/functioncall.h"
 #include "platform/database/embedded/like.h"
 #include "platform/database/embedded/names.h"
+#include "platform/database/embedded/numberfunctions.h"
+#include "platform/database/embedded/textfunctions.h"
 #include "platform/database/embedded/textorder.h"
 
 namespace db::embedded {
@@ -38,11 +40,6 @@ int collate(void*, int sizeA, const void* a, int sizeB, const void* b) {
                    {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
 }
 
-void giveQt(const FunctionCall& call, const QString& text) {
-    const QByteArray utf8 = text.toUtf8();
-    call.give(std::string_view(utf8.data(), static_cast<std::size_t>(utf8.size())));
-}
-
 void getDate(const FunctionCall& call) {
     auto* state = static_cast<FunctionState*>(sqlite3_user_data(call.context()));
     std::string moment = state ? state->now : std::string();
@@ -51,39 +48,6 @@ void getDate(const FunctionCall& call) {
     if (state)
         state->now = moment;
     call.give(std::string_view(moment));
-}
-
-void len(const FunctionCall& call) {
-    call.give(qint64{ToQt(WithoutTrailingBlanks(call.text(0))).size()});
-}
-
-void upper(const FunctionCall& call) {
-    giveQt(call, ToQt(call.text(0)).toUpper());
-}
-
-void lower(const FunctionCall& call) {
-    giveQt(call, ToQt(call.text(0)).toLower());
-}
-
-void left(const FunctionCall& call) {
-    giveQt(call, ToQt(call.text(0)).left(std::max<qint64>(call.integer(1), 0)));
-}
-
-void right(const FunctionCall& call) {
-    giveQt(call, ToQt(call.text(0)).right(std::max<qint64>(call.integer(1), 0)));
-}
-
-/// Counted from 1; a start before the text shortens the length, as on the server.
-void substring(const FunctionCall& call) {
-    const qint64 start = call.integer(1) - 1;
-    const qint64 end = start + std::max<qint64>(call.integer(2), 0);
-    const qint64 from = std::max<qint64>(start, 0);
-    giveQt(call, end > from ? ToQt(call.text(0)).mid(from, end - from) : QString());
-}
-
-void charIndex(const FunctionCall& call) {
-    const qint64 from = call.count() > 2 ? std::max<qint64>(call.integer(2) - 1, 0) : 0;
-    call.give(qint64{ToQt(call.text(1)).indexOf(ToQt(call.text(0)), from, Qt::CaseInsensitive) + 1});
 }
 
 /// svs_like(pattern, escape, part, ...): whether the parts, one after another, match.
@@ -142,13 +106,6 @@ void cast(const FunctionCall& call) {
     call.give(StoredCell(none, column, call.cell(0)));
 }
 
-/// svs_cast_text(value, length): Convert and Cast to text, cut to the length where that is above 0.
-void castText(const FunctionCall& call) {
-    const QString text = call.type(0) == SQLITE_FLOAT ? NumberText(call.real(0)) : ToQt(call.text(0));
-    const auto length = static_cast<qsizetype>(call.integer(1));
-    giveQt(call, length > 0 ? text.left(length) : text);
-}
-
 struct Definition {
     const char* name;
     int arguments;
@@ -159,14 +116,34 @@ constexpr int always = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
 int registerFunctions(sqlite3* database, FunctionState* state) {
     static constexpr std::array definitions = {
-        Definition{"len", 1, invokeUnlessNull<len>},
-        Definition{"upper", 1, invokeUnlessNull<upper>},
-        Definition{"lower", 1, invokeUnlessNull<lower>},
-        Definition{"left", 2, invokeUnlessNull<left>},
-        Definition{"right", 2, invokeUnlessNull<right>},
-        Definition{"substring", 3, invokeUnlessNull<substring>},
-        Definition{"charindex", 2, invokeUnlessNull<charIndex>},
-        Definition{"charindex", 3, invokeUnlessNull<charIndex>},
+        Definition{"len", 1, invokeUnlessNull<Length>},
+        Definition{"upper", 1, invokeUnlessNull<Upper>},
+        Definition{"lower", 1, invokeUnlessNull<Lower>},
+        Definition{"left", 2, invokeUnlessNull<Left>},
+        Definition{"right", 2, invokeUnlessNull<Right>},
+        Definition{"substring", 3, invokeUnlessNull<Substring>},
+        Definition{"charindex", 2, invokeUnlessNull<CharIndex>},
+        Definition{"charindex", 3, invokeUnlessNull<CharIndex>},
+        Definition{"patindex", 2, invokeUnlessNull<PatIndex>},
+        Definition{"svs_replace", 3, invokeUnlessNull<Replace>},
+        Definition{"stuff", 4, invoke<Stuff>},
+        Definition{"replicate", 2, invokeUnlessNull<Replicate>},
+        Definition{"reverse", 1, invokeUnlessNull<Reverse>},
+        Definition{"svs_char", 1, invokeUnlessNull<Character>},
+        Definition{"ascii", 1, invokeUnlessNull<CodeOf>},
+        Definition{"svs_divide", 2, invokeUnlessNull<Divide>},
+        Definition{"svs_modulo", 2, invokeUnlessNull<Modulo>},
+        Definition{"svs_int", 2, invokeUnlessNull<CheckedWhole>},
+        Definition{"svs_round", 3, invokeUnlessNull<Round>},
+        Definition{"svs_power", 2, invokeUnlessNull<Power>},
+        Definition{"svs_sqrt", 1, invokeUnlessNull<SquareRoot>},
+        Definition{"svs_money_text", 2, invokeUnlessNull<MoneyToText>},
+        Definition{"isnumeric", 1, invoke<IsNumeric>},
+        Definition{"isdate", 1, invoke<IsDate>},
+        Definition{"datename", 2, invokeUnlessNull<DateName>},
+        Definition{"svs_days", 1, invokeUnlessNull<DaysOf>},
+        Definition{"svs_date_read", 2, invokeUnlessNull<StyledMoment>},
+        Definition{"svs_date_minus", 2, invokeUnlessNull<DateMinus>},
         Definition{"day", 1, invokeUnlessNull<DayOf>},
         Definition{"month", 1, invokeUnlessNull<MonthOf>},
         Definition{"year", 1, invokeUnlessNull<YearOf>},
@@ -179,7 +156,7 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"svs_like", -1, invokeUnlessNull<like>},
         Definition{"svs_add", 2, invokeUnlessNull<add>},
         Definition{"svs_cast", 2, invokeUnlessNull<cast>},
-        Definition{"svs_cast_text", 2, invokeUnlessNull<castText>},
+        Definition{"svs_cast_text", 2, invokeUnlessNull<CastText>},
     };
     for (const Definition& each : definitions)
         if (const int code = sqlite3_create_function_v2(database, each.name, each.arguments, always, state, each.body,

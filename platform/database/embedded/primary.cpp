@@ -14,6 +14,7 @@ using Form = Expression::Form;
 Expression found(const Source& source, const TableColumn& column, const std::string& written) {
     return {.sql = QuotedName(source.name) + "." + QuotedName(column.name),
             .kind = column.type.kind,
+            .type = column.type,
             .form = Form::Column,
             .name = written,
             .table = source.table->name};
@@ -21,7 +22,14 @@ Expression found(const Source& source, const TableColumn& column, const std::str
 
 Expression number(const std::string& digits) {
     const bool whole = digits.find_first_of(".eE") == std::string::npos;
-    return {.sql = digits, .kind = whole ? Kind::Integer : Kind::Real, .form = Form::Number, .name = digits};
+    // What no int holds is of a wider type.
+    constexpr std::size_t digitsOfInt = 10;
+    const bool wide = digits.size() > digitsOfInt || (digits.size() == digitsOfInt && digits > "2147483647");
+    return {.sql = digits,
+            .kind = whole ? Kind::Integer : Kind::Real,
+            .type = whole && wide ? *MakeType("bigint") : SqlType(),
+            .form = Form::Number,
+            .name = digits};
 }
 
 Expression readParentheses(Context& context) {
@@ -118,8 +126,11 @@ Expression ColumnExpression(const Context& context, const std::string& qualifier
         }
         if (hits.size() > 1)
             throw DatabaseError(209, QStringLiteral("Ambiguous column name '%1'.").arg(ToQt(name)));
-        if (!hits.empty())
+        if (!hits.empty()) {
+            if (scope->grouping && scope->grouping->aggregateDepth == 0)
+                scope->grouping->columns.push_back(hits.front().sql);
             return hits.front();
+        }
     }
     if (!qualifier.empty() && !tableKnown)
         throw DatabaseError(

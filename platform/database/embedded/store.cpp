@@ -1,7 +1,9 @@
 #include "platform/database/embedded/store.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "platform/database/datetext.h"
@@ -62,11 +64,19 @@ bool readWhole(std::string_view text, Number& number) {
     return read.ec == std::errc() && read.ptr == text.data() + text.size();
 }
 
+/// Money is read with its sign and the commas between thousands.
+std::string withoutCurrency(const std::string& text) {
+    std::string plain;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(plain), [](char c) { return c != ','; });
+    if (const std::size_t sign = plain.find('$'); sign != std::string::npos && plain.size() > 1)
+        plain.erase(sign, 1);
+    return plain;
+}
+
 double rounded(double number, const SqlType& type) {
     if (type.scale < 0)
         return number;
-    const double factor = std::pow(10.0, type.scale);
-    const double result = std::round(number * factor) / factor;
+    const double result = RoundedNumber(number, type.scale);
     if (type.precision > 0 && std::fabs(result) >= std::pow(10.0, type.precision - type.scale))
         throw DatabaseError(8115, QStringLiteral("Arithmetic overflow error converting numeric to data type numeric."));
     return result;
@@ -166,8 +176,18 @@ Cell StoredCell(const Table& table, const TableColumn& column, Cell value) {
     return value;
 }
 
+double RoundedNumber(double number, int decimals) {
+    // What a decimal half may lack in binary.
+    constexpr double slack = 1e-9;
+    const double factor = std::pow(10.0, decimals);
+    return std::copysign(std::floor(std::fabs(number) * factor + 0.5 + slack) / factor, number);
+}
+
 Cell NumberFromText(const std::string& text, const SqlType& type) {
-    const std::string_view digits = trimmed(text);
+    std::string plain;
+    if (type.name == "money" || type.name == "smallmoney")
+        plain = withoutCurrency(text);
+    const std::string_view digits = trimmed(plain.empty() ? text : plain);
     if (type.kind == Kind::Real) {
         double number = 0;
         if (!digits.empty() && !readWhole(digits, number))

@@ -18,6 +18,9 @@ Cell ToCell(const Value& value);
 /// that is too long, 241 for no date, 245 for a text that is no number, 220 or 8115 for a number out of range.
 Cell StoredCell(const Table& table, const TableColumn& column, Cell value);
 
+/// To the decimals, a half away from zero as its decimal digits tell, though no binary number holds it exactly.
+double RoundedNumber(double number, int decimals);
+
 /// A text as a number of that kind, "" being 0. Throws 245 (or 8114 for a real).
 Cell NumberFromText(const std::string& text, const SqlType& type);
 /// Throws 241 for what is no date.

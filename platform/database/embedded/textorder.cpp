@@ -5,6 +5,7 @@
 #include <cstring>
 #include <QChar>
 #include <QString>
+#include <utility>
 
 #include "platform/database/datetext.h"
 
@@ -12,15 +13,54 @@ namespace db::embedded {
 
 namespace {
 
-constexpr std::array<unsigned char, 128> makeLowerAscii() {
-    std::array<unsigned char, 128> table{};
-    for (unsigned char c = 0; c < 128; ++c)
+constexpr char32_t asciiEnd = 128;
+
+constexpr std::array<unsigned char, asciiEnd> makeLowerAscii() {
+    std::array<unsigned char, asciiEnd> table{};
+    for (unsigned char c = 0; c < asciiEnd; ++c)
         table[c] = c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c + ('a' - 'A')) : c;
     return table;
 }
-constexpr std::array<unsigned char, 128> lowerAscii = makeLowerAscii();
+constexpr std::array<unsigned char, asciiEnd> lowerAscii = makeLowerAscii();
 
-/// The letter that a folded character is an accented form of, else itself.
+/// The place of each ASCII character: what steers, the blank, marks in the order of Unicode's collation, digits,
+/// letters without their case.
+constexpr std::array<unsigned char, asciiEnd> makeAsciiPlaces() {
+    constexpr std::string_view marks = " _-,;:!?.'\"()[]{}@*/\\&#%`^+<=>|~$";
+    std::array<unsigned char, asciiEnd> places{};
+    unsigned char place = 0;
+    for (unsigned char c = 0; c < ' '; ++c)
+        places[c] = place++;
+    places[asciiEnd - 1] = place++;
+    for (const char mark : marks)
+        places[static_cast<unsigned char>(mark)] = place++;
+    for (unsigned char c = '0'; c <= '9'; ++c)
+        places[c] = place++;
+    for (unsigned char c = 'a'; c <= 'z'; ++c) {
+        places[c] = place;
+        places[c - ('a' - 'A')] = place++;
+    }
+    return places;
+}
+constexpr std::array<unsigned char, asciiEnd> asciiPlaces = makeAsciiPlaces();
+
+/// Marks beyond ASCII stand between its marks and the digits, letters beyond the Latin ones behind z.
+char32_t placeOf(char32_t character) {
+    constexpr char32_t beyondMarks = 0x200000;
+    if (character < asciiEnd) {
+        const char32_t place = asciiPlaces[character];
+        return place < asciiPlaces['0'] ? place : beyondMarks + place;
+    }
+    const bool mark = QChar::isPunct(character) || QChar::isSymbol(character);
+    return mark ? asciiEnd + character : beyondMarks + asciiEnd + character;
+}
+
+/// The letters that a folded character stands for in the order, two for a ligature, else itself.
+struct Bases {
+    char32_t first;
+    char32_t second;  ///< 0 where there is none.
+};
+
 char32_t withoutAccent(char32_t character) {
     constexpr char32_t firstAccented = 0xC0;
     constexpr char32_t lastAccented = 0x24F;
@@ -40,22 +80,64 @@ char32_t withoutAccent(char32_t character) {
     return character < firstAccented || character > lastAccented ? character : table[character - firstAccented];
 }
 
-int compareBeyondAscii(std::string_view a, std::string_view b) {
-    int accents = 0;
-    while (!a.empty() && !b.empty()) {
-        const char32_t x = FoldCharacter(TakeCharacter(a));
-        const char32_t y = FoldCharacter(TakeCharacter(b));
-        if (x == y)
-            continue;
-        const char32_t baseX = withoutAccent(x);
-        const char32_t baseY = withoutAccent(y);
-        if (baseX != baseY)
-            return baseX < baseY ? -1 : 1;
-        if (accents == 0)
-            accents = x < y ? -1 : 1;
+Bases basesOf(char32_t folded) {
+    switch (folded) {
+        case U'\u00E6':
+            return {U'a', U'e'};
+        case U'\u0153':
+            return {U'o', U'e'};
+        case U'\u00DF':
+            return {U's', U's'};
+        case U'\u00F8':
+            return {U'o', 0};
+        case U'\u0142':
+            return {U'l', 0};
+        case U'\u0111':
+            return {U'd', 0};
+        default:
+            return {withoutAccent(folded), 0};
     }
-    if (a.empty() != b.empty())
-        return a.empty() ? -1 : 1;
+}
+
+/// A text letter by letter, ligatures taken apart.
+class BaseReader {
+  public:
+    explicit BaseReader(std::string_view text) : rest_(text) {}
+
+    [[nodiscard]] bool atEnd() const { return rest_.empty() && waiting_ == 0; }
+
+    char32_t next() {
+        if (waiting_ != 0)
+            return std::exchange(waiting_, 0);
+        written_ = FoldCharacter(TakeCharacter(rest_));
+        const Bases bases = basesOf(written_);
+        waiting_ = bases.second;
+        return bases.first;
+    }
+
+    /// The character that the letter taken last came from.
+    [[nodiscard]] char32_t written() const { return written_; }
+
+  private:
+    std::string_view rest_;
+    char32_t waiting_ = 0;
+    char32_t written_ = 0;
+};
+
+int compareBeyondAscii(std::string_view a, std::string_view b) {
+    BaseReader x(a);
+    BaseReader y(b);
+    int accents = 0;
+    while (!x.atEnd() && !y.atEnd()) {
+        const char32_t placeX = placeOf(x.next());
+        const char32_t placeY = placeOf(y.next());
+        if (placeX != placeY)
+            return placeX < placeY ? -1 : 1;
+        if (accents == 0 && x.written() != y.written())
+            accents = x.written() < y.written() ? -1 : 1;
+    }
+    if (x.atEnd() != y.atEnd())
+        return x.atEnd() ? -1 : 1;
     return accents;
 }
 
@@ -160,8 +242,8 @@ int CompareTexts(std::string_view a, std::string_view b) {
                 --i;
             return compareBeyondAscii(a.substr(i), b.substr(i));
         }
-        if (lowerAscii[x] != lowerAscii[y])
-            return lowerAscii[x] < lowerAscii[y] ? -1 : 1;
+        if (asciiPlaces[x] != asciiPlaces[y])
+            return asciiPlaces[x] < asciiPlaces[y] ? -1 : 1;
     }
     if (a.size() == b.size())
         return 0;

@@ -1,5 +1,6 @@
 #include "platform/database/embedded/write.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "platform/database/embedded/names.h"
@@ -56,6 +57,15 @@ std::string storedValue(Context& context, const TableHandle& table, const TableC
     return stored(*table, column, value.sql);
 }
 
+void refuseSecond(const std::vector<const TableColumn*>& columns, const TableColumn& column) {
+    if (std::find(columns.begin(), columns.end(), &column) != columns.end())
+        throw DatabaseError(
+            264,
+            QStringLiteral(
+                "The column name '%1' is specified more than once in the SET clause or column list of an INSERT. A column cannot be assigned more than one value in the same clause.")
+                .arg(ToQt(column.name)));
+}
+
 std::vector<const TableColumn*> allButIdentity(const Table& table) {
     std::vector<const TableColumn*> columns;
     for (const TableColumn& column : table.columns)
@@ -78,6 +88,7 @@ std::vector<const TableColumn*> readTargets(Context& context, const Table& table
                 QStringLiteral(
                     "Cannot insert explicit value for identity column in table '%1' when IDENTITY_INSERT is set to OFF.")
                     .arg(ToQt(table.name)));
+        refuseSecond(columns, column);
         columns.push_back(&column);
     } while (in.acceptOperator(","));
     in.expectOperator(")");
@@ -188,8 +199,11 @@ std::string ReadUpdate(Context& context) {
     context.scope = &scope;
     in.expectWord("set");
     std::string changes;
+    std::vector<const TableColumn*> changed;
     do {
         const TableColumn& column = requireColumn(*table, ReadTableName(in));
+        refuseSecond(changed, column);
+        changed.push_back(&column);
         if (column.identity)
             throw DatabaseError(8102, QStringLiteral("Cannot update identity column '%1'.").arg(ToQt(column.name)));
         in.expectOperator("=");

@@ -72,6 +72,25 @@ Insert Into children Values (1, 1, 5, 'a')
     EXPECT_EQ(practice.one("Select Count(*) from children"), "0");
 }
 
+TEST(Definitions, ATriggerMendsWhatIsWrittenAndIsNotCounted) {
+    Practice practice(R"(
+Create Table a (k int identity(1,1) not null primary key, n int null, t nvarchar(10) null)
+Create Trigger a_added On a After Insert As Set NoCount On If Exists (Select k from inserted Where n Is Null) Update a Set n = 7 Where k In (Select k from inserted)
+Create Trigger a_changed On a For Update As Update a Set t = 'too big' Where k In (Select i.k from inserted i Where i.n > 50)
+Insert Into a (n) Values (Null), (5)
+)");
+    EXPECT_EQ(practice.rows("Select k, n from a Order by k"), (QStringList{"1|7", "2|5"}));
+    EXPECT_EQ(practice.engine.lastIdentity(), 2);
+    EXPECT_EQ(practice.engine.execute("Update a Set n = 51 Where k = 2", {}), 1);
+    EXPECT_EQ(practice.rows("Select t from a Order by k"), (QStringList{"null", "too big"}));
+    EXPECT_EQ(practice.failureNumber("Create Trigger a_added On a After Insert As Delete from a"), 2714);
+    practice.run("Drop Trigger a_added");
+    practice.run("Insert Into a (n) Values (Null)");
+    EXPECT_EQ(practice.one("Select n from a Where k = 3"), "null");
+    EXPECT_EQ(practice.failureNumber("Create Trigger a_gone On a After Delete As Delete from a"), 102);
+    EXPECT_EQ(practice.failureNumber("Select * from inserted"), 208);
+}
+
 TEST(Definitions, DefaultsAreConvertedToTheirColumns) {
     Practice practice(
         "Create Table a (x int, day datetime default '3/11/2026', n int default '', code nvarchar(3) default 'abc', neg int default -5, par int default (7))\nInsert Into a (x) Values (1)");

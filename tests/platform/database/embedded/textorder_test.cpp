@@ -1,6 +1,9 @@
 #include "platform/database/embedded/textorder.h"
 
+#include <sqlite3.h>
 #include <algorithm>
+#include <array>
+#include <QTemporaryDir>
 #include <random>
 
 #include "tests/platform/database/embedded/practice.h"
@@ -26,8 +29,56 @@ TEST(TextOrder, AccentsCountBetweenWordsThatAreOtherwiseTheSame) {
     std::vector<std::string> names = {"Zimmer",  "Étienne", "Ewald", "etienne", "Estelle", "Ångström",
                                       "Andrews", "Øst",     "Zoë",   "Zoe",     "Zoea"};
     std::sort(names.begin(), names.end(), [](const auto& a, const auto& b) { return CompareTexts(a, b) < 0; });
-    EXPECT_EQ(names, (std::vector<std::string>{"Andrews", "Ångström", "Estelle", "etienne", "Étienne", "Ewald",
-                                               "Zimmer", "Zoe", "Zoë", "Zoea", "Øst"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"Andrews", "Ångström", "Estelle", "etienne", "Étienne", "Ewald", "Øst",
+                                               "Zimmer", "Zoe", "Zoë", "Zoea"}));
+}
+
+TEST(TextOrder, MarksStandBeforeDigitsAndDigitsBeforeLetters) {
+    std::vector<std::string> texts = {"Abel",    "~EVT",  "1st",     "_x", "€uro", "",
+                                      "O'Brien", "Oakes", "O Neill", "10", "2"};
+    std::sort(texts.begin(), texts.end(), [](const auto& a, const auto& b) { return CompareTexts(a, b) < 0; });
+    EXPECT_EQ(texts, (std::vector<std::string>{"", "_x", "~EVT", "€uro", "10", "1st", "2", "Abel", "O Neill", "O'Brien",
+                                               "Oakes"}));
+}
+
+TEST(TextOrder, LigaturesStandBesideTheirLetters) {
+    for (const auto& [before, between, after] : {std::array{"ae", "æ", "af"}, std::array{"ss", "ß", "st"},
+                                                 std::array{"l", "ł", "m"}, std::array{"oe", "œ", "of"}}) {
+        EXPECT_LT(CompareTexts(before, between), 0) << between;
+        EXPECT_LT(CompareTexts(between, after), 0) << between;
+    }
+}
+
+/// A file as a version with another order of texts left it.
+void orderByBytes(const QString& file) {
+    sqlite3* raw = nullptr;
+    sqlite3_open(file.toUtf8().constData(), &raw);
+    const auto bytes = [](void*, int sizeA, const void* a, int sizeB, const void* b) {
+        return std::string_view(static_cast<const char*>(a), static_cast<std::size_t>(sizeA))
+            .compare({static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
+    };
+    sqlite3_create_collation(raw, "SVS_TEXT", SQLITE_UTF8, nullptr, bytes);
+    EXPECT_EQ(sqlite3_exec(raw, "Reindex; Pragma user_version = 0", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(raw);
+}
+
+TEST(TextOrder, AFileInAnOlderOrderIsPutInOrderWhenItIsOpened) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("old.db"));
+    const auto rows = [&] {
+        db::embedded::EmbeddedEngine engine(file, false);
+        return engine.query("Select t from a Where t > '9' And t < 'c' Order by t", {}, 0).rowCount();
+    };
+    {
+        db::embedded::EmbeddedEngine engine(file, true);
+        engine.execute("Create Table a (t nvarchar(20))", {});
+        engine.execute("Create Index a_t On a (t)", {});
+        engine.execute("Insert Into a Values ('~x'), ('B'), ('a'), ('Z'), ('1')", {});
+    }
+    ASSERT_EQ(rows(), 2);
+    orderByBytes(file);
+    EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(rows(), 2);
 }
 
 TEST(TextOrder, ALetterThatBeginsWithTheSameBytesIsAnotherLetter) {

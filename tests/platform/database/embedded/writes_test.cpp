@@ -80,7 +80,7 @@ TEST_F(Writes, NumbersAreReadFromTextsAndCutToWholeOnes) {
     EXPECT_EQ(stored("ratio", "2.5e1"), "25");
     EXPECT_EQ(stored("ratio", ""), "0");
     EXPECT_EQ(stored("cost", "12.34567"), "12.3457");
-    EXPECT_EQ(stored("share", 1.005), "1");
+    EXPECT_EQ(stored("share", 1.005), "1.01");
     EXPECT_EQ(stored("share", "123.456"), "123.46");
 }
 
