@@ -72,3 +72,19 @@ void ApplySchema(db::Connection& connection, SchemaScript script) {
             connection.Execute(statement);
     });
 }
+
+qint64 MendAppointments(db::Connection& connection) {
+    static const QRegularExpression createTrigger(QStringLiteral("^Create Trigger (\\w+) "));
+    const QStringList triggers = SchemaStatements(SchemaScript::Main).filter(createTrigger);
+    for (const QString& trigger : triggers) {
+        const QString name = createTrigger.match(trigger).captured(1);
+        db::Ignoring([&] { connection.Execute(db::Sql("Drop Trigger {}", db::Raw{name})); });
+    }
+    qint64 mended = 0;
+    db::InTransaction(connection, [&] {
+        for (const QString& trigger : triggers)
+            connection.Execute(trigger);
+        mended = connection.Execute("Update appointments Set appttype = 0 Where appttype Is Null");
+    });
+    return mended;
+}

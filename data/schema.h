@@ -19,3 +19,8 @@ enum class SchemaScript { Main, Companion };
 /// Creates all tables and indexes of a script in the open, empty database. It is done whole or not at all: the first
 /// failing statement throws its DatabaseError and leaves nothing behind.
 void ApplySchema(db::Connection& connection, SchemaScript script);
+
+/// For a main database that has its tables, since an earlier version or another program made them: makes the triggers
+/// of the script anew and gives each appointment without `appttype` the 0 of an ordinary one. Returns how many those
+/// were. It is done whole or not at all, and leaves the tables themselves alone.
+qint64 MendAppointments(db::Connection& connection);

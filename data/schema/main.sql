@@ -4,6 +4,9 @@
 -- Columns that a test of the form "x <> value" or "x = 0" reads default to 0, since such a test drops a row that holds
 -- null. Free text has no limit; names and keys have. The first six columns of appointments and its column 15 (from 0)
 -- are read by place and keep it.
+--
+-- appttype besides is never null, whatever another program writes into it: the two triggers of appointments make such a
+-- row an ordinary one (0). A column that refuses null would stop that program.
 
 Create Table appointments (
     nkeyid int identity(1,1) not null primary key,
@@ -47,6 +50,16 @@ GO
 Create Index appointments_series On appointments (repeating_ref)
 GO
 Create Index appointments_category On appointments (appointment_type)
+GO
+Create Trigger appointments_added On appointments After Insert As
+    Set NoCount On
+    If Exists (Select nkeyid from inserted Where appttype Is Null)
+        Update appointments Set appttype = 0 Where nkeyid In (Select nkeyid from inserted Where appttype Is Null)
+GO
+Create Trigger appointments_changed On appointments After Update As
+    Set NoCount On
+    If Exists (Select nkeyid from inserted Where appttype Is Null)
+        Update appointments Set appttype = 0 Where nkeyid In (Select nkeyid from inserted Where appttype Is Null)
 GO
 Create Table appointmentsevents (
     nkeyid int not null,

@@ -1,4 +1,4 @@
-// svscheduler-schema: creates the tables of the main and of the companion database.
+// svscheduler-schema: creates the tables of the main and of the companion database, and mends those of a practice.
 
 #include "data/connectionargument.h"
 #include "data/schema.h"
@@ -18,11 +18,23 @@ bool complain(const QString& text) {
     return false;
 }
 
+/// The tables of a practice that works already.
+bool mend(db::Connection& connection) {
+    const qint64 mended = MendAppointments(connection);
+    say(QStringLiteral("The main database has its tables already, and they were left as they are."));
+    say(QStringLiteral(
+            "Appointments without a type (appttype null): %1. They count as ordinary ones now, as will each that another program writes.")
+            .arg(mended));
+    return true;
+}
+
 bool apply(SchemaScript script, const QString& name, const QString& connectionText) {
     try {
         db::Connection connection;
         connection.Create(connectionText);
         const QString existing = ExistingSchemaTable(connection, script);
+        if (existing == QLatin1String("appointments"))
+            return mend(connection);
         if (!existing.isEmpty())
             return complain(
                 QStringLiteral(
@@ -53,7 +65,7 @@ int main(int argc, char** argv) {
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
-        "Creates the tables of SVScheduler in an empty database.\n\n"
+        "Creates the tables of SVScheduler in an empty database. In a main database that has them already, appointments without a type are made ordinary ones, now and from now on.\n\n"
         "TEXT is a connection text, as in\n"
         "  \"Data Source=db.practice.example;Initial Catalog=Solvane;User Id=SVMaster;\" for a SQL Server, where the database exists, or\n"
         "  \"Data Source=/srv/practice;Initial Catalog=practice;\" for an embedded database, whose file is made when it is not there.\n"

@@ -5,8 +5,19 @@
 #include <QSet>
 
 #include "platform/database/recordset.h"
+#include "tests/support/testdatabase.h"
 
 namespace {
+
+/// What another program may do to appointments, row by row: leave the type out, say null, take it away.
+void writeWithoutType(db::Connection& program) {
+    program.Execute("Insert Into appointments (cappttext) Values ('left out')");
+    program.Execute("Insert Into appointments (cappttext, appttype) Values ('null', Null), ('too', Null)");
+    program.Execute("Insert Into appointments (cappttext, appttype) Values ('slot', 4)");
+    EXPECT_EQ(program.LastIdentity(), 4);
+    program.Execute("Insert Into appointments (cappttext, appttype) Values ('taken away', 4)");
+    EXPECT_EQ(program.Execute("Update appointments Set appttype = Null Where cappttext = 'taken away'"), 1);
+}
 
 db::Connection& create(db::Connection& connection) {
     connection.Create(QStringLiteral("Data Source=:memory:;"));
@@ -75,6 +86,27 @@ TEST(Schema, ARowThatNamesOnlyItsTimesIsFoundByTestsThatANullWouldFail) {
                               "Select * from patient_info Where Archive = 0"};
     for (const char* find : finds)
         EXPECT_EQ(db::Recordset(find, connection).RecordCount(), 1) << find;
+}
+
+TEST(Schema, AnAppointmentThatAnotherProgramWritesWithoutATypeIsAnOrdinaryOne) {
+    TestDatabase practice;
+    writeWithoutType(practice.connection());
+    EXPECT_EQ(practice.number("Select Count(*) from appointments Where appttype = 0"), 4);
+    EXPECT_EQ(practice.text("Select cappttext from appointments Where appttype = 4"), "slot");
+}
+
+TEST(Schema, APracticeThatIsMendedHasNoAppointmentsWithoutATypeAnyMore) {
+    TestDatabase practice;
+    db::Connection& connection = practice.connection();
+    connection.Execute("Drop Trigger appointments_added");
+    connection.Execute("Drop Trigger appointments_changed");
+    writeWithoutType(connection);
+    EXPECT_EQ(practice.number("Select Count(*) from appointments Where appttype Is Null"), 3);
+    EXPECT_EQ(MendAppointments(connection), 3);
+    EXPECT_EQ(practice.number("Select Count(*) from appointments Where appttype = 0"), 4);
+    EXPECT_EQ(MendAppointments(connection), 0);
+    connection.Execute("Insert Into appointments (cappttext, appttype) Values ('later', Null)");
+    EXPECT_EQ(practice.number("Select appttype from appointments Where cappttext = 'later'"), 0);
 }
 
 TEST(Schema, NoTwoTablesOrIndexesOfAScriptShareAName) {

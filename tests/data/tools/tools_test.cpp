@@ -37,7 +37,24 @@ TEST(SchemaTool, CreatesBothDatabasesAndRefusesToDoItTwice) {
     EXPECT_TRUE(QFile::exists(folder.filePath("companion.db")));
     const Outcome again = call(SCHEMA_TOOL, both);
     EXPECT_EQ(again.code, 1);
-    EXPECT_TRUE(again.err.contains("already has the table appointments; nothing was changed"));
+    EXPECT_TRUE(again.err.contains("already has the table ClientTransactions; nothing was changed"));
+}
+
+TEST(SchemaTool, MendsTheAppointmentsOfAPracticeThatWorksAlreadyAndTellsHowMany) {
+    const QTemporaryDir folder;
+    const QStringList main{"--main", text(folder, "practice")};
+    ASSERT_EQ(call(SCHEMA_TOOL, main).code, 0);
+    db::Connection practice;
+    practice.Open(text(folder, "practice"));
+    practice.Execute("Drop Trigger appointments_added");
+    practice.Execute("Insert Into appointments (cappttext, appttype) Values ('old', Null), ('older', Null)");
+    const Outcome outcome = call(SCHEMA_TOOL, main);
+    EXPECT_EQ(outcome.code, 0) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.out.contains("without a type (appttype null): 2.")) << outcome.out.toStdString();
+    practice.Execute("Insert Into appointments (cappttext, appttype) Values ('new', Null)");
+    const db::Recordset rows("Select * from appointments Where appttype = 0", practice);
+    EXPECT_EQ(rows.RecordCount(), 3);
+    EXPECT_TRUE(call(SCHEMA_TOOL, main).out.contains("(appttype null): 0."));
 }
 
 TEST(SchemaTool, TellsWhatItWantsAndWhatItCannotOpen) {
