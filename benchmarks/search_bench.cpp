@@ -87,7 +87,7 @@ void ourOpenings(benchmark::State& state, const Practice& practice) {
         form.cmdsearch->click();
         benchmark::DoNotOptimize(form.grab());
     }
-    if (form.List1->count() == 0)
+    if (form.List1->RowCount() == 0)
         state.SkipWithError("nobody was free");
 }
 

@@ -17,6 +17,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "search/attendance.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
@@ -74,6 +75,7 @@ frmfirstatype::frmfirstatype(QWidget* parent) : QDialog(parent) {
     loadtypes();
     loadprovs();
     followFields();
+    connect(cboProviders, &QComboBox::currentIndexChanged, this, &frmfirstatype::dropResults);
     connect(cboatypes, &QComboBox::currentIndexChanged, this, &frmfirstatype::followFields);
     connect(txtlength, &QLineEdit::textChanged, this, &frmfirstatype::followFields);
     connect(cmdsearch, &QPushButton::clicked, this, &frmfirstatype::cmdsearch_Click);
@@ -108,9 +110,10 @@ void frmfirstatype::buildForm() {
     cmdclose = button("cmdclose", tr("&Close"), {});
     ctList1 = named(new ctList(this), "ctList1");
     ctList1->setAccessibleName(tr("Free time"));
-    ctList1->SetColumns({{QStringLiteral("Date")},
-                         {QStringLiteral("Start Time"), ListColumn::Kind::Text, 16},
-                         {QStringLiteral("End Time"), ListColumn::Kind::Text, 16}});
+    ctList1->SetColumns({{QStringLiteral("Date"), ListColumn::Kind::Text, 22},
+                         {QStringLiteral("Start Time"), ListColumn::Kind::Text, 14},
+                         {QStringLiteral("End Time"), ListColumn::Kind::Text, 14},
+                         {tr("Attends")}});
     lblcount = named(new QLabel(this), "lblcount");
 }
 
@@ -136,7 +139,7 @@ void frmfirstatype::layOutForm() {
     column->addLayout(fields);
     column->addWidget(ctList1, 1);
     column->addLayout(buttons);
-    resize(fontMetrics().averageCharWidth() * 74, fontMetrics().height() * 26);
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 26);
     txtlength->setAccessibleName(QStringLiteral("Length (in minutes):"));
     txtlength->setFocus();
 }
@@ -167,7 +170,15 @@ void frmfirstatype::loadprovs() {
     cboProviders->setCurrentIndex(cboProviders->findData(Session().ProviderId));
 }
 
+// What is listed is the other provider's, and would be gone to as this one's.
+void frmfirstatype::dropResults() {
+    ctList1->Clear();
+    lblcount->clear();
+    cmdgoto->setEnabled(false);
+}
+
 void frmfirstatype::followFields() {
+    cboProviders->setEnabled(!searching_);
     cmdsearch->setEnabled(!searching_ && cboatypes->currentIndex() >= 0 && !txtlength->text().isEmpty());
 }
 
@@ -216,6 +227,7 @@ void frmfirstatype::search(int length, const QString& provider) {
         QApplication::processEvents();
         return stop_;
     };
+    const std::vector<Attendance> attendances = AttendancesOf(provider, Today());
     for (
         Recordset blocks(
             Sql("Select * from appointments Where dapptdate >= '{}' AND clinicianid = '{}' AND ncolor = {} Order by dapptdate",
@@ -226,16 +238,16 @@ void frmfirstatype::search(int length, const QString& provider) {
         const int start = static_cast<int>(blocks["nstarttime"].integer());
         const int end = static_cast<int>(blocks["nendtime"].integer());
         if (const std::optional<int> free = firstFree(date, start, end, length, provider, stopped))
-            addResult(date, *free, length);
+            addResult(date, *free, length, AttendanceText(attendances, provider, date, *free, *free + length));
     }
 }
 
-void frmfirstatype::addResult(QDate date, int start, int length) {
+void frmfirstatype::addResult(QDate date, int start, int length, const QString& attends) {
     const bool military = Session().MilitaryTime;
-    ctList1->AddRow(QStringList{QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")),
-                                MinutesToTimeText(start, military), MinutesToTimeText(start + length, military)}
-                        .join(u';'),
-                    date);
+    ctList1->AddRow(
+        JoinCells({QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")), MinutesToTimeText(start, military),
+                   MinutesToTimeText(start + length, military), attends}),
+        date);
 }
 
 void frmfirstatype::reject() {

@@ -16,7 +16,10 @@ class ctList;
 /// Looks through the blocks of time that a provider has set aside for an appointment type, from today on, for the first
 /// free stretch of a length: one for each block, on a grid of five minutes from the block's start. The first try of a
 /// block is not tested against the block's end, so that a block shorter than the length, but of at least five minutes,
-/// can give a stretch that runs past it. Work schedules play no part.
+/// can give a stretch that runs past it. Work schedules play no part. A shared activity that the provider attends is in
+/// the way of none; what of them falls into a stretch stands beside it.
+///
+/// The openings are those of the chosen provider: choosing another one empties the list.
 ///
 /// Going to a result puts the provider into the session, where another one was chosen, and the date into JumpDate.
 class frmfirstatype : public QDialog {
@@ -50,7 +53,8 @@ class frmfirstatype : public QDialog {
     void followFields();
     void cmdsearch_Click();
     void search(int length, const QString& provider);
-    void addResult(QDate date, int start, int length);
+    void addResult(QDate date, int start, int length, const QString& attends);
+    void dropResults();
     void cmdgoto_Click();
     /// Makes the chosen provider the session's; false where they have no logon, and the session keeps its own.
     [[nodiscard]] bool jumptoclinician();

@@ -2,17 +2,18 @@
 
 #include <algorithm>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "search/attendance.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
@@ -38,8 +39,8 @@ frmsavail::frmsavail(QWidget* parent) : QDialog(parent) {
     buildForm();
     layOutForm();
     connect(cmdsearch, &QPushButton::clicked, this, &frmsavail::cmdsearch_Click);
-    connect(List1, &QListWidget::currentRowChanged, this, [this](int row) { cmdgoto->setEnabled(row >= 0); });
-    connect(List1, &QListWidget::itemActivated, this, &frmsavail::cmdgoto_Click);
+    connect(List1, &ctList::SelectionChanged, this, [this] { cmdgoto->setEnabled(List1->SelectedRow() >= 0); });
+    connect(List1, &ctList::RowActivated, this, &frmsavail::cmdgoto_Click);
     connect(cmdgoto, &QPushButton::clicked, this, &frmsavail::cmdgoto_Click);
     connect(cmdclose, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -69,8 +70,12 @@ void frmsavail::buildForm() {
     cmdgoto = button("cmdgoto", tr("&Go To"), {});
     cmdgoto->setEnabled(false);
     cmdclose = button("cmdclose", tr("&Close"), {});
-    List1 = new QListWidget(this);
+    List1 = new ctList(this);
     List1->setObjectName(QStringLiteral("List1"));
+    List1->setAccessibleName(QStringLiteral("Providers Available at above Date/Time"));
+    List1->SetColumns({{QStringLiteral("Provider"), ListColumn::Kind::Text, 24},
+                       {tr("User Id"), ListColumn::Kind::Text, 14},
+                       {tr("Attends")}});
     lblcount = new QLabel(this);
     lblcount->setObjectName(QStringLiteral("lblcount"));
 }
@@ -104,7 +109,7 @@ void frmsavail::layOutForm() {
     column->addWidget(label(QStringLiteral("Providers Available at above Date/Time"), List1));
     column->addWidget(List1, 1);
     column->addLayout(buttons);
-    resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 24);
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 24);
     ctdate->setFocus();
 }
 
@@ -130,11 +135,11 @@ void frmsavail::cmdsearch_Click() {
         return;
     const BusyPointer busy;
     cmdgoto->setEnabled(false);
-    List1->clear();
+    List1->Clear();
     lblcount->clear();
     try {
         listFree(busyProviders());
-        const int free = List1->count();
+        const int free = List1->RowCount();
         lblcount->setText(free == 0   ? tr("Nobody is free.")
                           : free == 1 ? tr("1 provider")
                                       : tr("%1 providers").arg(free));
@@ -160,24 +165,26 @@ QStringList frmsavail::busyProviders() const {
 }
 
 void frmsavail::listFree(const QStringList& busy) {
+    const std::vector<Attendance> attendances = AttendancesOn(ctdate->Date());
     for (Recordset rows(QStringLiteral("Select id, prov_lastname, archive from provider_info Order by prov_lastname"),
                         Session().Connection);
          !rows.Eof(); rows.MoveNext()) {
         const QString id = rows["id"].text();
         if (isBusy(id, busy) || rows["archive"].integer() != 0)
             continue;
-        auto* item = new QListWidgetItem(rows["prov_lastname"].text(), List1);
-        item->setData(Qt::UserRole, id);
-        item->setToolTip(id);
+        const QString name = rows["prov_lastname"].text();
+        const int row = List1->AddRow(
+            JoinCells({name, id, AttendanceText(attendances, id, ctdate->Date(), ctstart->Time(), ctend->Time())}), id);
+        List1->SetItemText(row, name);
     }
 }
 
 void frmsavail::cmdgoto_Click() {
-    const QListWidgetItem* chosen = List1->currentItem();
-    if (chosen == nullptr)
+    const int row = List1->SelectedRow();
+    if (row < 0)
         return;
-    Session().ProviderId = chosen->data(Qt::UserRole).toString();
-    Session().ProviderName = chosen->text();
+    Session().ProviderId = List1->ItemData(row).toString();
+    Session().ProviderName = List1->ItemText(row);
     jumpDate_ = ctdate->Date();
     accept();
 }

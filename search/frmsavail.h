@@ -5,13 +5,14 @@
 #include <QStringList>
 
 class QLabel;
-class QListWidget;
 class QPushButton;
 class ctDEdit;
+class ctList;
 
 /// Asks who is free on one date between two times. Whatever a provider has booked there makes them busy: cancelled and
 /// missed appointments, activities, unavailable time and type slots too; a booking that only touches the window does
-/// not. Work schedules play no part.
+/// not. Work schedules play no part. A shared activity makes none of those who attend it busy: each is listed, with the
+/// activity beside the name.
 ///
 /// Going to a provider puts id and name into the session and the date into JumpDate; closing leaves JumpDate invalid,
 /// which leads the caller to today.
@@ -27,7 +28,7 @@ class frmsavail : public QDialog {
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
     QPushButton* cmdsearch = nullptr;
-    QListWidget* List1 = nullptr;  ///< Surnames of the free providers.
+    ctList* List1 = nullptr;  ///< The free providers: surname, id, and what they attend at that time.
     QLabel* lblcount = nullptr;
     QPushButton* cmdgoto = nullptr;
     QPushButton* cmdclose = nullptr;

@@ -38,7 +38,7 @@ class SearchByType : public SearchFixture {
 TEST_F(SearchByType, AnEmptyBlockGivesItsStart) {
     block(540, 600);
     frmfirstatype form;
-    EXPECT_EQ(search(form, "60"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:00 AM;10:00 AM")});
+    EXPECT_EQ(search(form, "60"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:00 AM;10:00 AM;")});
     EXPECT_TRUE(form.cmdgoto->isEnabled());
     EXPECT_EQ(form.ctList1->SelectedRow(), 0);
 }
@@ -47,7 +47,7 @@ TEST_F(SearchByType, ABookingOverTheStartIsSteppedPastByFiveMinutes) {
     block(540, 660);
     book({.start = 540, .end = 568});
     frmfirstatype form;
-    EXPECT_EQ(search(form, "30"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:30 AM;10:00 AM")});
+    EXPECT_EQ(search(form, "30"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:30 AM;10:00 AM;")});
 }
 
 TEST_F(SearchByType, BackToBackBookingsLeaveTheTimeBetweenFree) {
@@ -55,14 +55,14 @@ TEST_F(SearchByType, BackToBackBookingsLeaveTheTimeBetweenFree) {
     book({.start = 540, .end = 570});
     book({.start = 600, .end = 660});
     frmfirstatype form;
-    EXPECT_EQ(search(form, "30"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:30 AM;10:00 AM")});
+    EXPECT_EQ(search(form, "30"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:30 AM;10:00 AM;")});
     EXPECT_TRUE(search(form, "35").isEmpty());
 }
 
 TEST_F(SearchByType, ABlockShorterThanTheLengthGivesItsFirstTryAllTheSame) {
     block(540, 570);
     frmfirstatype form;
-    EXPECT_EQ(search(form, "60"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:00 AM;10:00 AM")});
+    EXPECT_EQ(search(form, "60"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:00 AM;10:00 AM;")});
 }
 
 TEST_F(SearchByType, ABlockOfLessThanFiveMinutesGivesNothing) {
@@ -191,6 +191,40 @@ TEST_F(SearchByType, ALongSearchCanBeStoppedAndKeepsWhatItHasFound) {
     EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(form.lblcount->text().startsWith(QStringLiteral("Stopped."))) << form.lblcount->text().toStdString();
     EXPECT_TRUE(form.cmdsearch->isEnabled());
+}
+
+TEST_F(SearchByType, ASharedActivityInTheOpeningIsToldBesideIt) {
+    block(720, 780);
+    block(720, 780, QDate(2026, 3, 12));
+    share(book({.start = 690, .end = 750, .text = QStringLiteral("Staff Meeting"), .provider = QStringLiteral("~EVT")}),
+          "REED");
+    share(book({.start = 720, .end = 780, .text = QStringLiteral("Training"), .provider = QStringLiteral("~EVT")}),
+          "OBRIEN");
+    frmfirstatype form;
+    EXPECT_EQ(search(form, "30"),
+              (QStringList{QStringLiteral("Wed, Mar 11, 2026;12:00 Noon;12:30 PM;in Staff Meeting 11:30 - 12:30"),
+                           QStringLiteral("Thu, Mar 12, 2026;12:00 Noon;12:30 PM;")}));
+}
+
+TEST_F(SearchByType, AnotherProviderEmptiesTheListOfOpenings) {
+    block(540, 600);
+    frmfirstatype form;
+    search(form, "20");
+    form.cboProviders->setCurrentIndex(form.cboProviders->findData(QStringLiteral("OBRIEN")));
+    EXPECT_EQ(form.ctList1->RowCount(), 0);
+    EXPECT_FALSE(form.cmdgoto->isEnabled());
+    EXPECT_EQ(form.lblcount->text(), QString());
+}
+
+TEST_F(SearchByType, WhileASearchRunsTheProviderStays) {
+    for (int i = 0; i < 20; ++i)
+        block(540, 600, day.addDays(i));
+    frmfirstatype form;
+    bool offered = true;
+    QTimer::singleShot(0, &form, [&] { offered = form.cboProviders->isEnabled(); });
+    search(form, "20");
+    EXPECT_FALSE(offered);
+    EXPECT_TRUE(form.cboProviders->isEnabled());
 }
 
 TEST_F(SearchByType, AFailureIsTold) {

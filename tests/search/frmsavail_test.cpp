@@ -1,9 +1,9 @@
 #include "search/frmsavail.h"
 
-#include <QListWidget>
 #include <QPushButton>
 
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
 #include "tests/search/searchfixture.h"
 
 namespace {
@@ -15,8 +15,8 @@ class SearchByOpening : public SearchFixture {
         form.ctend->setTime(end);
         form.cmdsearch->click();
         QStringList names;
-        for (int row = 0; row < form.List1->count(); ++row)
-            names << form.List1->item(row)->text();
+        for (int row = 0; row < form.List1->RowCount(); ++row)
+            names << form.List1->Cell(row, 1);
         return names;
     }
     const QStringList both{QStringLiteral("O'Brien"), QStringLiteral("Reed")};
@@ -61,6 +61,32 @@ TEST_F(SearchByOpening, AnArchivedProviderIsNeverListed) {
     EXPECT_EQ(freeIn(form, 550, 560), both);
 }
 
+TEST_F(SearchByOpening, WhoAttendsASharedActivityIsListedWithTheActivityBesideTheName) {
+    share(book({.start = 720, .end = 780, .text = QStringLiteral("Staff Meeting"), .provider = QStringLiteral("~EVT")}),
+          "Reed");
+    share(book({.start = 750, .end = 810, .text = QStringLiteral("Training"), .provider = QStringLiteral("~EVT")}),
+          "REED");
+    frmsavail form;
+    EXPECT_EQ(freeIn(form, 730, 760), both);
+    EXPECT_EQ(form.List1->Cell(0, 3), QString());
+    EXPECT_EQ(form.List1->Cell(1, 3), QStringLiteral("in Staff Meeting 12:00 - 1:00, in Training 12:30 - 1:30"));
+    freeIn(form, 780, 840);
+    EXPECT_EQ(form.List1->Cell(1, 3), QStringLiteral("in Training 12:30 - 1:30"));
+    form.ctdate->setDate(day.addDays(1));
+    freeIn(form, 730, 760);
+    EXPECT_EQ(form.List1->Cell(1, 3), QString());
+}
+
+TEST_F(SearchByOpening, InTwentyFourHoursTheActivityIsToldInThemToo) {
+    Session().MilitaryTime = true;
+    share(
+        book({.start = 720, .end = 780, .text = QStringLiteral("Staff; Meeting"), .provider = QStringLiteral("~EVT")}),
+        "REED");
+    frmsavail form;
+    freeIn(form, 730, 760);
+    EXPECT_EQ(form.List1->Cell(1, 3), QStringLiteral("in Staff, Meeting 12:00 - 13:00"));
+}
+
 TEST_F(SearchByOpening, StartsOnTodayWithEmptyTimes) {
     const frmsavail form;
     EXPECT_EQ(form.ctdate->Date(), day);
@@ -89,7 +115,7 @@ TEST_F(SearchByOpening, GoingToAProviderTakesThemAndTheDate) {
     frmsavail form;
     freeIn(form, 550, 560);
     EXPECT_FALSE(form.cmdgoto->isEnabled());
-    form.List1->setCurrentRow(0);
+    form.List1->SelectRow(0);
     form.cmdgoto->click();
     EXPECT_EQ(form.result(), QDialog::Accepted);
     EXPECT_EQ(Session().ProviderId, QStringLiteral("OBRIEN"));

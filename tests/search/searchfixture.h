@@ -42,6 +42,10 @@ class SearchFixture : public testing::Test {
         database.connection().Execute(
             db::Sql("Insert Into passwords (pswd_user_id, pswd_type_of_access) Values ('{}', 1)", id));
     }
+    /// The provider attends the activity with that key.
+    void share(qint64 key, const char* attendee) {
+        run(db::Sql("Insert Into appointmentsevents (nkeyid, clinicianid) Values ({}, '{}')", key, attendee));
+    }
     void run(const QString& statement) { database.connection().Execute(statement); }
     /// What a closed connection says.
     QString loseDatabase() {

@@ -2,7 +2,6 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 
 #include "platform/controls/ctdedit.h"
@@ -73,7 +72,7 @@ TEST_F(DayCommands, TheSearchForAnOpeningBringsTheChosenProvidersDay) {
         in<ctDEdit>(form, "ctstart").setTime(600);
         in<ctDEdit>(form, "ctend").setTime(660);
         in<QPushButton>(form, "cmdsearch").click();
-        in<QListWidget>(form, "List1").setCurrentRow(0);
+        in<ctList>(form, "List1").SelectRow(0);
         in<QPushButton>(form, "cmdgoto").click();
     });
     command("mnuASearchO").trigger();
