@@ -129,7 +129,7 @@ class Writer {
         if (!arrived || booking.date != today_)
             return {};
         const QTime time = QTime(0, 0).addSecs((booking.start - random_.between(2, 14)) * 60);
-        return usText(QDateTime(booking.date, time), "MM/dd/yy hh:mm AP");
+        return usText(QDateTime(booking.date, time, Qt::UTC), "MM/dd/yy hh:mm AP");
     }
 
     int addAppointment(const Booking& booking, int noteId) {
@@ -236,7 +236,7 @@ class Writer {
         const Patient& patient = *patientOf(booking);
         const Provider& provider = *providerOf(booking);
         const bool isSigned = random_.chance(70);
-        const QDateTime written(booking.date, QTime(17, 0).addSecs(random_.between(0, 119) * 60));
+        const QDateTime written(booking.date, QTime(17, 0).addSecs(random_.between(0, 119) * 60), Qt::UTC);
         sessions_.add({stype, DisplayName(patient.person), patient.id, booking.date, provider.id, 1,
                        practice_.services[static_cast<std::size_t>(booking.service)].code, sessionTime(booking.start),
                        sessionTime(booking.end), booking.end - booking.start, booking.location, "Outpatient", written,
@@ -256,16 +256,17 @@ class Writer {
                                                "Child care fell through."};
         const Patient& patient = *patientOf(booking);
         sessions_.add({stype, DisplayName(patient.person), patient.id, booking.date, providerOf(booking)->id, 1, "", "",
-                       "", nullptr, booking.location, "", QDateTime(booking.date, QTime(17, 30)), nullptr, nullptr});
+                       "", nullptr, booking.location, "", QDateTime(booking.date, QTime(17, 30), Qt::UTC), nullptr,
+                       nullptr});
         const int id = sessions_.key();
         missed_.add({id, random_.pick(Reasons)});
         return id;
     }
 
     void addAudit(const Booking& booking, const QString& user, QDate made) {
-        const QDateTime time(made, QTime(8, 0).addSecs(random_.between(0, 599) * 60));
+        const QDateTime time(made, QTime(8, 0).addSecs(random_.between(0, 599) * 60), Qt::UTC);
         const QString text = QStringLiteral("Added Appointment on %1 at %2 for %3")
-                                 .arg(usText(QDateTime(booking.date, QTime(0, 0)), "MM/dd/yyyy"),
+                                 .arg(usText(QDateTime(booking.date, QTime(0, 0), Qt::UTC), "MM/dd/yyyy"),
                                       MinutesToTimeText(booking.start, false), textOf(booking));
         audit_.add({user, usText(time, "yyyy/MM/dd hh:mm:ss AP"), "Scheduler", text, "Add Appointment", "-",
                     user.toLower(), "DESK-" + QString::number(random_.between(1, 4))});

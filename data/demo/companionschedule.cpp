@@ -29,7 +29,7 @@ int apptStatus(int color, Random& random) {
 }
 
 QDateTime at(QDate date, int minutes) {
-    return QDateTime(date, QTime(0, 0)).addSecs(qint64{60} * minutes);
+    return QDateTime(date, QTime(0, 0), Qt::UTC).addSecs(qint64{60} * minutes);
 }
 
 class TransactionRows {

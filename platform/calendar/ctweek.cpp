@@ -1,5 +1,6 @@
 #include "platform/calendar/ctweek.h"
 
+#include <algorithm>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLocale>
@@ -13,6 +14,7 @@ namespace {
 
 constexpr int WheelStep = 120;
 constexpr int MostSpokenItems = 20;
+constexpr int Hour = 3'600'000;  // Milliseconds.
 
 }  // namespace
 
@@ -151,11 +153,12 @@ void ctWeek::hideEvent(QHideEvent*) {
     midnight_.stop();
 }
 
-// Today moves on while the month is left open overnight.
+// Today moves on while the month is left open overnight. The clocks may be changed before that: they are read each
+// hour.
 void ctWeek::waitForMidnight() {
     const QDateTime now = clock_();
-    const QDateTime next = now.date().addDays(1).startOfDay();
-    midnight_.start(static_cast<int>(now.msecsTo(next)) + 1);
+    const int left = 24 * Hour - now.time().msecsSinceStartOfDay();
+    midnight_.start(std::min(left + 1, Hour));
 }
 
 void ctWeek::mousePressEvent(QMouseEvent* event) {

@@ -271,7 +271,7 @@ QByteArray IsoText(const ServerDateTime& moment) {
 }
 
 QDateTime ToDateTime(const ServerDateTime& moment) {
-    return {QDate::fromJulianDay(moment.julianDay), QTime::fromMSecsSinceStartOfDay(moment.milliseconds)};
+    return {QDate::fromJulianDay(moment.julianDay), QTime::fromMSecsSinceStartOfDay(moment.milliseconds), Qt::UTC};
 }
 
 }  // namespace db

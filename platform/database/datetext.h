@@ -30,6 +30,6 @@ std::optional<ServerDateTime> ToServerDateTime(const QDateTime& moment);
 /// so that the texts sort as the moments do.
 QByteArray IsoText(const ServerDateTime& moment);
 
-QDateTime ToDateTime(const ServerDateTime& moment);
+QDateTime ToDateTime(const ServerDateTime& moment);  ///< As if in UTC, where no hour is left out.
 
 }  // namespace db

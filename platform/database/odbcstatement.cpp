@@ -16,7 +16,7 @@ QByteArray isoText(const SQL_TIMESTAMP_STRUCT& read) {
     constexpr unsigned nanosecondsOfOne = 1'000'000;
     const QDateTime moment(
         QDate(read.year, read.month, read.day),
-        QTime(read.hour, read.minute, read.second, static_cast<int>(read.fraction / nanosecondsOfOne)));
+        QTime(read.hour, read.minute, read.second, static_cast<int>(read.fraction / nanosecondsOfOne)), Qt::UTC);
     if (const auto kept = ToServerDateTime(moment))
         return IsoText(*kept);
     return moment.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")).toLatin1();

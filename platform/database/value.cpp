@@ -38,12 +38,14 @@ QString NumberText(double number) {
 
 Value::Value(QDate v) {
     if (v.isValid())
-        data_ = QDateTime(v, QTime(0, 0));
+        data_ = QDateTime(v, QTime(0, 0), Qt::UTC);
 }
 
 Value::Value(QDateTime v) {
-    if (v.isValid())
-        data_ = std::move(v);
+    if (!v.isValid())
+        return;
+    v = QDateTime(v.date(), v.time(), Qt::UTC);
+    data_ = std::move(v);
 }
 
 QString Value::text() const {

@@ -28,7 +28,7 @@ class Value {
     Value(const char* utf8) : data_(QString::fromUtf8(utf8)) {}
     Value(const QString& v) : data_(v) {}
     Value(QDate v);      ///< A date with no time of day; an invalid date is null.
-    Value(QDateTime v);  ///< Local wall-clock time, no zone; an invalid one is null.
+    Value(QDateTime v);  ///< Its wall clock, kept as if in UTC: no zone lacks the moment. Null where invalid.
 
     [[nodiscard]] bool isNull() const { return std::holds_alternative<std::monostate>(data_); }
     [[nodiscard]] QString text() const;  ///< Date-times as yyyy-MM-dd hh:mm:ss, booleans as 1 or 0.

@@ -151,7 +151,8 @@ QString ChooseSaveFile(const QString& title, const QString& proposal, const QStr
 }
 
 QDateTime Now() {
-    return Desktop().now();
+    const QDateTime now = Desktop().now();
+    return {now.date(), now.time(), Qt::UTC};
 }
 
 QDate Today() {

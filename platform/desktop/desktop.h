@@ -33,7 +33,7 @@ int ShowModal(QDialog& form);
 /// there may be replaced has been asked. Empty where the user gives up.
 QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter);
 
-/// Local wall-clock time of this computer.
+/// Local wall-clock time of this computer, kept as if in UTC: reckoning with it meets no change of clocks.
 QDateTime Now();
 QDate Today();
 

@@ -1,4 +1,5 @@
 #include "contract.h"
+#include "tests/support/timezone.h"
 
 using db::Lock;
 using db::Recordset;
@@ -93,13 +94,35 @@ TEST_P(DatabaseContract, EveryKindOfValueComesBackAsItWasWritten) {
     rows.Set("fee", 120.25);
     rows.Update();
     const Recordset read("Select * from Visits", connection_);
-    EXPECT_EQ(read["dapptdate"].dateTime(), QDateTime(QDate(2026, 3, 11), QTime(14, 5, 7)));
+    EXPECT_EQ(read["dapptdate"].dateTime(), QDateTime(QDate(2026, 3, 11), QTime(14, 5, 7), Qt::UTC));
     EXPECT_EQ(read["dapptdate"].date(), QDate(2026, 3, 11));
     EXPECT_EQ(read["nStartTime"].integer(), 845);
     EXPECT_EQ(read["cappttext"].text(), QString::fromUtf8("Zoë O'Brien"));
     EXPECT_TRUE(read["kept"].boolean());
     EXPECT_DOUBLE_EQ(read["fee"].real(), 120.25);
     EXPECT_TRUE(read["notes"].isNull());
+}
+
+TEST_P(DatabaseContract, ADayOnWhichTheClocksGoForwardIsThatDayWithEveryMinuteOfIt) {
+    for (const ZoneOfTest& zone : zonesOfTest) {
+        const InTimeZone there(zone);
+        for (const QTime time : {QTime(0, 0), QTime(0, 30), QTime(2, 30)}) {
+            connection_.Execute("Delete From Visits");
+            Recordset add("Select * from Visits Where 0=1", connection_, Lock::Optimistic);
+            add.AddNew();
+            add.Set("dapptdate", time.hour() == 0 && time.minute() == 0
+                                     ? db::Value(zone.change)
+                                     : db::Value(QDateTime(zone.change, time, Qt::UTC)));
+            add.Update();
+            Recordset rows("Select * from Visits", connection_, Lock::Optimistic);
+            ASSERT_FALSE(rows.Eof());
+            EXPECT_EQ(rows["dapptdate"].date(), zone.change) << zone.name;
+            EXPECT_EQ(rows["dapptdate"].dateTime().time(), time) << zone.name;
+            EXPECT_EQ(rows["dapptdate"].value().date(), zone.change) << zone.name;
+            rows.Set("cappttext", "Ann");
+            rows.Update();
+        }
+    }
 }
 
 TEST_P(DatabaseContract, ADateWrittenIntoAStatementIsThatDay) {

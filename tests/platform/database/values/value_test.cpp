@@ -45,7 +45,7 @@ TEST(Value, TruthIsANumberOtherThanZeroOrTheWord) {
 
 TEST(Value, DatesAreReadFromAnyOfTheirTexts) {
     EXPECT_EQ(Value("2026/03/11").date(), QDate(2026, 3, 11));
-    EXPECT_EQ(Value("03/11/26 9:05 AM").dateTime(), QDateTime(QDate(2026, 3, 11), QTime(9, 5)));
+    EXPECT_EQ(Value("03/11/26 9:05 AM").dateTime(), QDateTime(QDate(2026, 3, 11), QTime(9, 5), Qt::UTC));
     EXPECT_FALSE(Value("").date().isValid());
     EXPECT_FALSE(Value("soon").dateTime().isValid());
     EXPECT_EQ(Value(QDate(2026, 3, 11)).text(), "2026-03-11 00:00:00");
