@@ -1,7 +1,12 @@
 #include "platform/desktop/localefacts.h"
 
 int DateOrderOf(const QLocale& locale) {
-    for (const QChar c : locale.dateFormat(QLocale::ShortFormat)) {
+    const QString format = locale.dateFormat(QLocale::ShortFormat);
+    // Where nobody chose a locale it is "C". It spells the month, "11 Mar 2026", and so says nothing of dates in
+    // figures.
+    if (format == QLocale::c().dateFormat(QLocale::ShortFormat))
+        return 0;
+    for (const QChar c : format) {
         switch (c.unicode()) {
             case u'M':
                 return 0;

@@ -4,7 +4,7 @@
 #include <QLocale>
 #include <QString>
 
-/// The order of the locale's short date: 0 month first, 1 day first, 2 year first.
+/// The order of the locale's short date: 0 month first (also where none was chosen), 1 day first, 2 year first.
 [[nodiscard]] int DateOrderOf(const QLocale& locale);
 /// "Long Date": "Wednesday, March 11, 2026" in the default locale.
 [[nodiscard]] QString LongDateText(QDate date);

@@ -11,7 +11,8 @@ constexpr int PatienceMilliseconds = 60000;
 
 }  // namespace
 
-Desk::Desk(const QString& dataFolder, const QString& user, QDate date, const QString& display) {
+Desk::Desk(const QString& dataFolder, const QString& user, QDate date, const QString& display,
+           const QStringList& locale) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config_.path());
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), config_.path());
@@ -20,6 +21,10 @@ Desk::Desk(const QString& dataFolder, const QString& user, QDate date, const QSt
                        display.isEmpty() ? QStringLiteral("offscreen") : QStringLiteral("xcb"));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("remotehand"));
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(SVS_PLUGINS));
+    for (const char* name : {"LANG", "LANGUAGE", "LC_ALL", "LC_TIME"})
+        environment.remove(QString::fromLatin1(name));
+    for (const QString& variable : locale)
+        environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
     program_.setProcessEnvironment(environment);
     program_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program_.start(QStringLiteral(SVS_PROGRAM),

@@ -56,6 +56,10 @@ TEST(LocaleFacts, TheOrderOfTheShortDateIsTheLocales) {
     EXPECT_EQ(DateOrderOf(QLocale(QLocale::Swedish, QLocale::Sweden)), 2);
 }
 
+TEST(LocaleFacts, WhereNoLocaleWasChosenTheMonthComesFirst) {
+    EXPECT_EQ(DateOrderOf(QLocale::c()), 0);
+}
+
 TEST(LocaleFacts, DatesReadAsTheUserKnowsThem) {
     EXPECT_EQ(LongDateText(QDate(2026, 3, 11)), "Wednesday, March 11, 2026");
     EXPECT_EQ(ShortDateText(QDate(2026, 3, 11)), "3/11/2026");
