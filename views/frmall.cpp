@@ -259,13 +259,21 @@ QString frmall::nameOfProvider(const QString& id) const {
     return row < 0 ? id : ctList1->ItemText(row);
 }
 
-// The patient's other appointments are asked about, and those of the session's provider, whichever column it is.
+// The patient's other appointments are asked about, and those of the session's provider, whichever column it is; then
+// those of the provider who stands there.
 void frmall::askBeforeDrop(int index, const ItemPlace& place, bool* cancel) {
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
     const QString patient = GetPipeField(item.ItemNote, 3);
+    const QString& own = Session().ProviderId;
+    const auto conflicts = [&](const QString& patientId, const QString& providerId) {
+        return CheckApptConflicts(item.ItemKey.toInt(), main().Date(), place.start, place.end, patientId, providerId);
+    };
     if (!*cancel && !patient.isEmpty())
-        *cancel = CheckApptConflicts(item.ItemKey.toInt(), main().Date(), place.start, place.end, patient,
-                                     Session().ProviderId);
+        *cancel = conflicts(patient, own);
+    const QString there = providerOfColumn(place.column).value_or(BookedProvider()).id;
+    const bool asked = !patient.isEmpty() && there.compare(own, Qt::CaseInsensitive) == 0;
+    if (!*cancel && !asked && !there.isEmpty())
+        *cancel = conflicts({}, there);
 }
 
 ScheduleSheet frmall::sheet() const {

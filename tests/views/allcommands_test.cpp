@@ -91,7 +91,60 @@ TEST_F(AllProviders, ADropInTheWayOfTheSessionsProviderIsAskedAboutAndRefused) {
     EXPECT_EQ(columnOf("Anna"), 2);
 }
 
-TEST_F(AllProviders, ADropOfWhatNamesNoPatientIsNotAskedAbout) {
+TEST_F(AllProviders, ADropOnTheOtherProvidersBookedTimeIsAskedAboutAndRefused) {
+    const qint64 key = add(anAppointment("Anna").of("LANE").at(9, 0).until(9, 50).with("patientid", "'P1'"));
+    add(anAppointment("Of Baker").of("BAKER").at(11, 0).until(12, 0));
+    openByHand();
+    desk.expectForm("AppointmentConflict", [](QDialog& form) {
+        const auto* list = form.findChild<ctList*>();
+        EXPECT_EQ(list->RowCount(), 1);
+        EXPECT_EQ(list->Cell(0, 4), "Of Baker");
+        EXPECT_EQ(list->Cell(0, 5), "Baker");
+        form.reject();
+    });
+
+    dragTo("Anna", 1, 660);
+
+    EXPECT_EQ(times(key), "LANE 540-590");
+    EXPECT_EQ(columnOf("Anna"), 2);
+}
+
+TEST_F(AllProviders, TheOtherProvidersBookedTimeIsTakenWhereTheConflictIsAccepted) {
+    const qint64 key = add(anAppointment("Anna").of("LANE").at(9, 0).until(9, 50).with("patientid", "'P1'"));
+    add(anAppointment("Of Baker").of("BAKER").at(11, 0).until(12, 0));
+    openByHand();
+    desk.expectForm("AppointmentConflict",
+                    [](QDialog& form) { form.findChild<QPushButton*>(QStringLiteral("cmdaccept"))->click(); });
+
+    dragTo("Anna", 1, 660);
+
+    EXPECT_EQ(times(key), "BAKER 660-710");
+}
+
+TEST_F(AllProviders, ADropAmongTheSessionsProvidersBookingsIsAskedAboutOnce) {
+    const qint64 key = add(anAppointment("Anna").of("LANE").at(9, 0).until(9, 50).with("patientid", "'P1'"));
+    add(anAppointment("Of Reed").of("REED").at(11, 0).until(12, 0));
+    openByHand();
+    desk.expectForm("AppointmentConflict",
+                    [](QDialog& form) { form.findChild<QPushButton*>(QStringLiteral("cmdaccept"))->click(); });
+
+    dragTo("Anna", 3, 660);
+
+    EXPECT_EQ(times(key), "REED 660-710");
+}
+
+TEST_F(AllProviders, UnavailableTimeOnBookedTimeIsAskedAboutToo) {
+    const qint64 key = add(anAppointment("Lunch").of("LANE").status(ncolor::Unavailable).at(9, 0).until(9, 50));
+    add(anAppointment("Of Baker").of("BAKER").at(11, 0).until(12, 0));
+    openByHand();
+    desk.expectForm("AppointmentConflict", [](QDialog& form) { form.reject(); });
+
+    dragTo("Lunch", 1, 660);
+
+    EXPECT_EQ(times(key), "LANE 540-590");
+}
+
+TEST_F(AllProviders, WhatNamesNoPatientIsNotAskedAboutTheSessionsProvider) {
     const qint64 key = add(anAppointment("Lunch").of("LANE").status(ncolor::Unavailable).at(9, 0).until(9, 50));
     add(anAppointment("Of Reed").of("REED").at(11, 0).until(12, 0));
     openByHand();
