@@ -4,6 +4,7 @@
 
 #include "data/codes.h"
 #include "data/minutetime.h"
+#include "data/namedpatients.h"
 #include "data/pipefields.h"
 #include "platform/controls/datefield.h"
 #include "platform/database/sql.h"
@@ -75,12 +76,19 @@ QString frmfinda::listLine(const Recordset& row) const {
         .join(u';');
 }
 
+void frmfinda::nameHits(Recordset& rows) {
+    for (int line = 0; !rows.Eof(); rows.MoveNext(), ++line)
+        if (NamesPatient(static_cast<int>(rows["ncolor"].integer()), !rows["patientid"].text().isEmpty()))
+            ctList1->NameCell(line, DescriptionColumn);
+}
+
 void frmfinda::goTo(qint64 key) {
     const Recordset hit(Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection);
     if (hit.Eof() || !hit["dapptdate"].date().isValid()) {
         lblcount->setText(tr("This appointment is not there any more. Another user may have deleted it."));
         return;
     }
-    found_ = {hit["nkeyid"].text(), hit["dapptdate"].date(), static_cast<int>(hit["nstarttime"].integer())};
+    found_ = {hit["nkeyid"].text(), hit["dapptdate"].date(), static_cast<int>(hit["nstarttime"].integer()),
+              hit["allday"].boolean()};
     accept();
 }

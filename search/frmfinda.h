@@ -10,6 +10,7 @@ struct FoundAppointment {
     QString key;
     QDate date;
     int start = 0;  ///< Minutes since midnight.
+    bool allDay = false;
 };
 
 /// Finds the appointments of the session's provider, past and future, by a text: one letter finds those that begin with
@@ -27,6 +28,7 @@ class frmfinda : public FindDialog {
   protected:
     [[nodiscard]] QString statementFor(const QString& text) const override;
     [[nodiscard]] QString listLine(const db::Recordset& row) const override;
+    void nameHits(db::Recordset& rows) override;
     void goTo(qint64 key) override;
 
   private:

@@ -5,6 +5,7 @@
 
 #include "data/courtesycalls.h"
 #include "platform/database/readtogether.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 
 CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent)
@@ -20,6 +21,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindSeries();
     makeItemPopup();
     setGrid();
+    FollowHiddenNames(this, [this](bool hidden) { hideNames(hidden); });
     registerOpenView();
 }
 
@@ -34,6 +36,11 @@ void CalendarView::bindCommands() {
     menus_.Allow(QStringLiteral("mnuVAll"), Session().AllProviders);
     connect(ctMDay1, &ctMDay::DayStepRequested, this,
             [this](int direction) { main_.cycledate(direction < 0 ? 0 : 1); });
+}
+
+void CalendarView::hideNames(bool hidden) {
+    for (int index = 1; index <= ctMDay1->ItemCount(); ++index)
+        HideName(ctMDay1->Item(index), hidden);
 }
 
 std::optional<CalendarItem> CalendarView::SelectedItem() const {
@@ -87,17 +94,12 @@ void CalendarView::setHours() {
 
 void CalendarView::beginLoad(QDate date, const QString& provider) {
     const bool same = date == loadedDate_ && provider == loadedProvider_;
-    // Whoever hides the names wants none left in the details either.
-    const bool hidesNames = Session().HidePatientNames && !loadedNamesHidden_;
     kept_ = {};
     if (same)
-        kept_.topTime = ctMDay1->TopTime();
-    if (same && !hidesNames)
-        kept_.selectedKey = SelectedItem().value_or(CalendarItem()).ItemKey;
+        kept_ = {ctMDay1->TopTime(), SelectedItem().value_or(CalendarItem()).ItemKey};
     callIcons_.clear();
     loadedDate_ = date;
     loadedProvider_ = provider;
-    loadedNamesHidden_ = Session().HidePatientNames;
     ctMDay1->setDate(date);
     ctMDay1->ClearItems();
     ctMDay1->setDayBackColor(SystemInfoColor);
@@ -125,7 +127,8 @@ QStringList CalendarView::statementsOfLoad(QDate date, const QString& provider) 
 void CalendarView::endLoad() {
     displayapptinfo(0);
     ctMDay1->setTopTime(std::max(kept_.topTime.value_or(0), ctMDay1->FirstTime()));
-    if (const int index = kept_.selectedKey.isEmpty() ? 0 : ctMDay1->IndexOfKey(kept_.selectedKey); index > 0)
+    const int index = kept_.selectedKey.isEmpty() ? 0 : ctMDay1->IndexOfKey(kept_.selectedKey);
+    if (ctMDay1->ColumnOfItem(index) > 0)
         ctMDay1->setSelectedItem(index);
 }
 

@@ -71,6 +71,13 @@ class CalendarView : public MenuView, public OpenView {
     /// The name of a provider of such a column, by the id; the id where nobody knows it.
     [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
 
+    /// Brings the column of the session's provider into sight, where providers stand as columns.
+    virtual void followProvider() {}
+    /// Selects an appointment that was found and scrolls to it; where the view cannot show it, tells why.
+    void showFound(const FoundAppointment& found);
+    /// Why the view does not show an appointment that is there; "" where it would.
+    [[nodiscard]] virtual QString whyUnseen(const FoundAppointment& found) const;
+
     /// The view on paper: all its columns on one page, under its date.
     [[nodiscard]] virtual ScheduleSheet sheet() const;
     virtual void printS();
@@ -88,8 +95,8 @@ class CalendarView : public MenuView, public OpenView {
     [[nodiscard]] QStringList statementsOfLoad(QDate date, const QString& provider) const;
     /// The statements by which displayapptinfo fills the details of an item.
     [[nodiscard]] virtual QStringList detailStatements(const CalendarItem& /*item*/) const { return {}; }
-    /// A reload of what was shown before keeps the place and the selected item, unless the names were hidden meanwhile;
-    /// anything else starts at its first minute.
+    /// A reload of what was shown before keeps the place and the selected item; anything else starts at its first
+    /// minute.
     void endLoad();
     /// Whether an item of this row is to be shown; it may be changed before.
     using Accept = std::function<bool(const db::Recordset& row, CalendarItem& item)>;
@@ -123,6 +130,7 @@ class CalendarView : public MenuView, public OpenView {
 
   private:
     void bindCommands();
+    void hideNames(bool hidden);
 
     [[nodiscard]] static RowFacts factsOf(const db::Recordset& row, const CalendarItem& item);
 
@@ -161,6 +169,7 @@ class CalendarView : public MenuView, public OpenView {
     void bindLists();
     void bindSearches();
     void bindSeries();
+    void tellUnseen(const FoundAppointment& found);
     void searchOpening();
     void searchType();
 
@@ -196,7 +205,6 @@ class CalendarView : public MenuView, public OpenView {
 
     QDate loadedDate_;
     QString loadedProvider_;
-    bool loadedNamesHidden_ = false;
     /// What endLoad puts back.
     struct KeptPlace {
         std::optional<int> topTime;

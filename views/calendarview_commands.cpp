@@ -1,6 +1,7 @@
 #include "appointments/frmrecurappt.h"
 #include "people/frmapttypes.h"
 #include "people/frmholidays.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/desktop.h"
 #include "search/frmfinda.h"
 #include "search/frmfirstatype.h"
@@ -50,12 +51,38 @@ void CalendarView::FindAppointment() {
     ShowModal(dialog);
     if (!dialog.Found())
         return;
-    const FoundAppointment found = *dialog.Found();
-    main_.SetDate(found.date);
+    main_.SetDate(dialog.Found()->date);
     Reload();
+    followProvider();
+    showFound(*dialog.Found());
+}
+
+// What is not seen is not selected either, nor is what was selected before: the next command would work on it unseen.
+void CalendarView::showFound(const FoundAppointment& found) {
+    const int index = ctMDay1->IndexOfKey(found.key);
     ctMDay1->setTopTime(found.start);
-    ctMDay1->setSelectedItem(ctMDay1->IndexOfKey(found.key));
+    DropNotice(FoundNotice);
+    if (ctMDay1->ColumnOfItem(index) > 0) {
+        ctMDay1->setSelectedItem(index);
+        ctMDay1->ScrollToItem(index);
+    } else {
+        ctMDay1->clearSelection();
+        tellUnseen(found);
+    }
     ctMDay1->setFocus();
+}
+
+QString CalendarView::whyUnseen(const FoundAppointment& /*found*/) const {
+    return {};
+}
+
+void CalendarView::tellUnseen(const FoundAppointment& found) {
+    Notice notice{whyUnseen(found), Notice::Kind::Caution, {}, FoundNotice};
+    if (notice.text.isEmpty())
+        notice.text = tr("The appointment that was found is not there any more. Another user may have deleted it.");
+    else
+        notice.actions = {{tr("Open Day"), [&main = main_, found] { main.OpenFound(found); }}};
+    ShowNotice(std::move(notice));
 }
 
 // Whoever closes the search without a choice is brought to today: the search is about what is still to come.
@@ -68,6 +95,8 @@ void CalendarView::searchOpening() {
         main_.ProviderChosen();
     else
         Reload();
+    if (dialog.JumpDate().isValid())
+        followProvider();
 }
 
 void CalendarView::searchType() {
@@ -80,4 +109,5 @@ void CalendarView::searchType() {
         main_.ProviderChosen();
     else
         Reload();
+    followProvider();
 }

@@ -1,5 +1,6 @@
 #include "views/frmall.h"
 
+#include <algorithm>
 #include <QAction>
 #include <QComboBox>
 #include <QHash>
@@ -11,6 +12,7 @@
 #include "data/pipefields.h"
 #include "data/recurrence.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -242,6 +244,42 @@ void frmall::chooseColumn(int column) {
         ctMDay1->selectRange(column, ctMDay1->SelStart(), ctMDay1->SelEnd());
     selectColumn(column);
     ctMDay1->ScrollToColumn(column);
+}
+
+int frmall::columnOf(const QString& provider) const {
+    const auto found = std::find_if(List1.begin(), List1.end(), [&provider](const QString& id) {
+        return id.compare(provider, Qt::CaseInsensitive) == 0;
+    });
+    return found == List1.end() ? 0 : static_cast<int>(found - List1.begin()) + 1;
+}
+
+// A provider who is not checked gets a column; one who is not on the panel can have none.
+void frmall::followProvider() {
+    const QString& provider = Session().ProviderId;
+    for (int row = 0; row < ctList1->RowCount() && columnOf(provider) == 0; ++row) {
+        if (ctList1->ItemData(row).toString().compare(provider, Qt::CaseInsensitive) != 0)
+            continue;
+        ctList1->SetChecked(row, CheckColumn, true);
+        resetcols();
+        loadmdayview();
+    }
+    if (const int column = columnOf(provider); column > 0) {
+        chooseColumn(column);
+        return;
+    }
+    Notice notice{
+        tr("%1 has no column here: not among the providers that this view shows.").arg(Session().ProviderName)};
+    notice.subject = FoundNotice;
+    ShowNotice(std::move(notice));
+}
+
+QString frmall::whyUnseen(const FoundAppointment& found) const {
+    if (columnOf(Session().ProviderId) == 0)
+        return tr("The appointment that was found is of %1, who is not among the providers that this view shows.")
+            .arg(Session().ProviderName);
+    if (found.allDay)
+        return tr("The appointment that was found lasts all day. This view does not show such entries.");
+    return {};
 }
 
 BookedProvider frmall::Provider() const {

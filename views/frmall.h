@@ -47,6 +47,8 @@ class frmall : public CalendarView {
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     /// As many columns on a page as the print options say, five where they say nothing.
     [[nodiscard]] ScheduleSheet sheet() const override;
+    void followProvider() override;
+    [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -60,6 +62,7 @@ class frmall : public CalendarView {
     void checkProvider(int row);
     void goToProvider();
     void selectColumn(int column);
+    [[nodiscard]] int columnOf(const QString& provider) const;
     void chooseColumn(int column);
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
     [[nodiscard]] QStringList dayStatements() const;

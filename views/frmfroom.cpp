@@ -1,10 +1,13 @@
 #include "views/frmfroom.h"
 
 #include <QLabel>
+#include <vector>
 
 #include "data/minutetime.h"
+#include "data/namedpatients.h"
 #include "data/pipefields.h"
 #include "platform/controls/datefield.h"
+#include "platform/database/error.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
 
@@ -42,6 +45,18 @@ QString frmfroom::listLine(const Recordset& row) const {
         .join(u';');
 }
 
+void frmfroom::nameHits(Recordset& rows) {
+    std::vector<qint64> owners;
+    for (; !rows.Eof(); rows.MoveNext())
+        owners.push_back(rows["apptid"].integer());
+    // A slot counts as a patient's where nobody can tell whose it is.
+    QSet<qint64> others;
+    db::Ignoring([&] { others = KeysWithoutPatient(Session().Connection, {owners.begin(), owners.end()}); });
+    for (std::size_t line = 0; line < owners.size(); ++line)
+        if (owners[line] > 0 && !others.contains(owners[line]))
+            ctList1->NameCell(static_cast<int>(line), DescriptionColumn);
+}
+
 void frmfroom::goTo(qint64 key) {
     const Recordset hit(Sql("Select * from roomschedule, rooms Where croomid = roomid AND nKeyId = {}", key),
                         Session().Connection);
@@ -49,9 +64,10 @@ void frmfroom::goTo(qint64 key) {
         lblcount->setText(tr("This booking is not there any more. Another user may have deleted it or its room."));
         return;
     }
-    if (goTo_({static_cast<int>(hit["nkeyid"].integer()), static_cast<int>(hit["roomid"].integer()),
-               hit["napptdate"].date(), static_cast<int>(hit["nstarttime"].integer())}))
+    const QString obstacle =
+        goTo_({static_cast<int>(hit["nkeyid"].integer()), static_cast<int>(hit["roomid"].integer()),
+               hit["napptdate"].date(), static_cast<int>(hit["nstarttime"].integer())});
+    lblcount->setText(obstacle);
+    if (obstacle.isEmpty())
         accept();
-    else
-        lblcount->setText(tr("This booking's room is not in the list of rooms."));
 }

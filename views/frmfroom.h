@@ -18,14 +18,15 @@ class frmfroom : public FindDialog {
     Q_OBJECT
 
   public:
-    /// Shows a booking; false where its room is not in the list of rooms.
-    using GoTo = std::function<bool(const FoundBooking& booking)>;
+    /// Shows a booking; what keeps it from that, "" where it is shown.
+    using GoTo = std::function<QString(const FoundBooking& booking)>;
 
     explicit frmfroom(GoTo goTo, QWidget* parent = nullptr);
 
   protected:
     [[nodiscard]] QString statementFor(const QString& text) const override;
     [[nodiscard]] QString listLine(const db::Recordset& row) const override;
+    void nameHits(db::Recordset& rows) override;
     void goTo(qint64 key) override;
 
   private:

@@ -8,9 +8,11 @@
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "platform/calendar/ctweek.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
 #include "search/frmfinda.h"
 #include "session/errorbox.h"
 #include "session/session.h"
@@ -34,8 +36,8 @@ CalendarItem itemOf(const Recordset& row) {
     item.ItemEnd = static_cast<int>(row["nEndTime"].integer());
     item.ItemDay = row["dapptdate"].date();
     item.ItemColor = code;
-    if (Session().HidePatientNames && IsPatientRow(code))
-        item.ItemTextColor = TextColor::SameAsBackground;
+    item.ItemNote = QStringLiteral("||") + row["patientid"].text();
+    HideName(item, Session().HidePatientNames);
     MarkStatus(item, code, static_cast<int>(row["appttype"].integer()));
     return item;
 }
@@ -76,6 +78,8 @@ void frmmtv::bindMonthCommands() {
 
 void frmmtv::bindCalendar() {
     ctWeek1->setTip([this](int index) { return tipOf(index); });
+    FollowHiddenNames(
+        this, [this](bool hidden) { ctWeek1->ChangeItems([hidden](CalendarItem& item) { HideName(item, hidden); }); });
     connect(ctWeek1, &ctWeek::DaySelected, this, &frmmtv::selectDay);
     connect(ctWeek1, &ctWeek::DayRequested, this, &frmmtv::goTo);
     connect(ctWeek1, &ctWeek::DayActivated, this, &frmmtv::openDay);
@@ -166,6 +170,15 @@ void frmmtv::openDay(QDate day) {
 void frmmtv::FindAppointment() {
     frmfinda dialog(window());
     ShowModal(dialog);
-    if (dialog.Found())
-        goTo(dialog.Found()->date);
+    if (!dialog.Found())
+        return;
+    const FoundAppointment found = *dialog.Found();
+    goTo(found.date);
+    main().LeaveFound(found);
+    // A day of the month has no room for all its appointments, nor for the time of each.
+    ShowNotice({tr("The appointment that was found is on %1, at %2.")
+                    .arg(LongDateText(found.date), MinutesToTimeText(found.start, Session().MilitaryTime)),
+                Notice::Kind::Information,
+                {{tr("Open Day"), [&window = main(), found] { window.OpenFound(found); }}},
+                FoundNotice});
 }

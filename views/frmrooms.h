@@ -10,6 +10,7 @@ class QLabel;
 class QMenu;
 class QPushButton;
 class ctDEdit;
+struct FoundBooking;
 class ctMDay;
 
 /// The room scheduler: one room, one day. Meetings are booked here without an appointment; a slot that belongs to an
@@ -20,7 +21,7 @@ class ctMDay;
 /// books on the date that it shows. Whoever may only read can look and find.
 ///
 /// The room that a user looked at last is the one that opens next time. While patient names are hidden the texts of the
-/// slots of appointments are hidden here, as they hold names.
+/// slots of patients' appointments are hidden here, as they hold names.
 class frmrooms : public MenuView {
     Q_OBJECT
 
@@ -73,6 +74,7 @@ class frmrooms : public MenuView {
     [[nodiscard]] static QString boundHint();
     [[nodiscard]] static QString bookedElsewhereHint(QDate day);
     void addMeetings();
+    void hideNames(bool hidden);
     void showMeeting(int item, const RoomMeeting& meeting);
     [[nodiscard]] int roomId() const;
     [[nodiscard]] const RoomMeeting* meetingAt(int item) const;
@@ -82,7 +84,7 @@ class frmrooms : public MenuView {
     void save(int item, const RoomMeeting& wanted);
     void showDialog(const RoomMeeting& meeting);
     void popup(int item, const QPoint& place);
-    [[nodiscard]] bool goTo(int room, QDate date, int start, int key);
+    [[nodiscard]] QString goTo(const FoundBooking& booking);
 
     QComboBox* cborooms = nullptr;
     ctDEdit* txtdate = nullptr;

@@ -226,22 +226,24 @@ void frmrooms::popup(int item, const QPoint& place) {
 }
 
 void frmrooms::FindAppointment() {
-    frmfroom dialog(
-        [this](const FoundBooking& booking) { return goTo(booking.room, booking.date, booking.start, booking.key); },
-        window());
+    frmfroom dialog([this](const FoundBooking& booking) { return goTo(booking); }, window());
     ShowModal(dialog);
 }
 
-bool frmrooms::goTo(int room, QDate date, int start, int key) {
-    if (cborooms->findData(room) < 0)
+QString frmrooms::goTo(const FoundBooking& booking) {
+    if (cborooms->findData(booking.room) < 0)
         loadroomslist();
-    const int index = cborooms->findData(room);
-    if (index < 0)
-        return false;
-    cborooms->setCurrentIndex(index);
-    ShowDate(date);
-    ctDays1->setTopTime(start);
-    ctDays1->setSelectedItem(ctDays1->IndexOfKey(QString::number(key)));
+    const int place = cborooms->findData(booking.room);
+    if (place < 0)
+        return tr("This booking's room is not in the list of rooms.");
+    cborooms->setCurrentIndex(place);
+    ShowDate(booking.date);
+    const int index = ctDays1->IndexOfKey(QString::number(booking.key));
+    ctDays1->setTopTime(booking.start);
+    ctDays1->clearSelection();
+    ctDays1->setSelectedItem(index);
+    ctDays1->ScrollToItem(index);
+    followSelection();
     ctDays1->setFocus();
-    return true;
+    return index > 0 ? QString() : tr("This booking is not there any more. Another user may have deleted it.");
 }

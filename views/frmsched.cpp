@@ -40,6 +40,8 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     bindTaskCommands();
     showOpenView(QStringLiteral("mnuVDay"), 1);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
+    FollowHiddenNames(ctListInfo);
+    FollowHiddenNames(this, [this](bool) { showNote(note_); });
     const ReadTogether together(Session().Connection, dayStatements() << tasksStatement());
     LoadDayView();
     LoadToDo();
@@ -83,6 +85,8 @@ void frmsched::LoadDayView() {
     endLoad();
     main().ShowDateText(LongDateText(date));
     changedate(date);
+    if (const std::optional<FoundAppointment> found = main().TakeFound(date))
+        showFound(*found);
 }
 
 void frmsched::loadHoliday(QDate date) {

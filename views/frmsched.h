@@ -73,6 +73,8 @@ class frmsched : public CalendarView {
     bool panesChosen_ = false;  ///< The user has put the splitter somewhere.
     ctList* ctListInfo = nullptr;
     QPlainTextEdit* txtnote = nullptr;
+    QString note_;                 ///< Of the selected appointment.
+    bool tellsOfPatient_ = false;  ///< Its details are hidden with the patients' names.
     ctList* ctList1 = nullptr;
 
     QString tasksOf_;

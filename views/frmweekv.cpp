@@ -132,6 +132,15 @@ void frmweekv::LoadWorkSchedule(QDate date) {
     });
 }
 
+QString frmweekv::whyUnseen(const FoundAppointment& found) const {
+    if (found.allDay)
+        return tr("The appointment that was found lasts all day. The week does not show such entries.");
+    if (found.date < ctMDay1->Date() || found.date >= ctMDay1->Date().addDays(ctMDay1->ColumnCount()))
+        return tr("The appointment that was found is on %1, which the week of five days does not show.")
+            .arg(QLocale().toString(found.date, QLocale::LongFormat));
+    return {};
+}
+
 ScheduleSheet frmweekv::sheet() const {
     ScheduleSheet sheet = CalendarView::sheet();
     const int days = PrintOption("PrintWeekends") == QLatin1String("1") ? DaysOfWeek : WorkingDays;

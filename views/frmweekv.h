@@ -29,6 +29,7 @@ class frmweekv : public CalendarView {
     /// Five or seven days, as the print options say, however many are shown.
     [[nodiscard]] ScheduleSheet sheet() const override;
     void printS() override;
+    [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;
 
   private:
     void showDays();

@@ -1,7 +1,14 @@
 #pragma once
 
+#include <optional>
 #include <QDate>
 #include <QString>
+#include <utility>
+
+#include "search/frmfinda.h"
+
+/// The subject of the notices about where a search has led (ShowNotice).
+inline const QString FoundNotice = QStringLiteral("found");
 
 /// What a calendar view and its menus ask of the main window that holds them.
 class MainWindow {
@@ -34,4 +41,23 @@ class MainWindow {
     /// The panels " User: ..." and " Schedule for: ..." from the session values.
     virtual void WritePanels() = 0;
     virtual void Leave() = 0;
+
+    /// Find went to this appointment; the day view shows it when it comes to its date.
+    void LeaveFound(const FoundAppointment& found) { found_ = found; }
+    /// What was left, if it is of this date; it is shown once, and any other date forgets it.
+    [[nodiscard]] std::optional<FoundAppointment> TakeFound(QDate date) {
+        const std::optional<FoundAppointment> found = std::exchange(found_, std::nullopt);
+        return found && found->date == date ? found : std::nullopt;
+    }
+    /// Opens the day of an appointment that was found, and shows it there.
+    void OpenFound(const FoundAppointment& found) {
+        LeaveFound(found);
+        SetDate(found.date);
+        changeview(0);
+        // The day may have been open.
+        cycledate(2);
+    }
+
+  private:
+    std::optional<FoundAppointment> found_;
 };
