@@ -149,13 +149,13 @@ TEST_F(Statements, DatePartsAreReadFromDatesAndTexts) {
 }
 
 TEST_F(Statements, GetDateIsOneMomentInAStatement) {
-    const QDateTime before = QDateTime::currentDateTime().addMSecs(-4);
+    const QDateTime before = db::Value(QDateTime::currentDateTime()).dateTime().addMSecs(-4);
     const auto table = practice.engine.query("Select GetDate(), getdate() From appointments", {});
     ASSERT_EQ(table.rowCount(), 2);
     EXPECT_EQ(table.columns()[0].type, db::ColumnType::DateTime);
     EXPECT_EQ(table.at(0, 0).dateTime(), table.at(1, 1).dateTime());
     EXPECT_GE(table.at(0, 0).dateTime(), before);
-    EXPECT_LE(table.at(0, 0).dateTime(), QDateTime::currentDateTime().addMSecs(4));
+    EXPECT_LE(table.at(0, 0).dateTime(), db::Value(QDateTime::currentDateTime()).dateTime().addMSecs(4));
 }
 
 TEST_F(Statements, InnerQueriesSeeTheTablesAround) {

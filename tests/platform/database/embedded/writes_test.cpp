@@ -177,7 +177,7 @@ TEST_F(Writes, TheDatabaseNumbersAnIdentity) {
 }
 
 TEST_F(Writes, ColumnsLeftOutTakeTheirDefaults) {
-    const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
+    const QDateTime before = db::Value(QDateTime::currentDateTime()).dateTime().addSecs(-1);
     practice.run("Insert Into things Default Values");
     const auto table = practice.engine.query("Select code, yes, number, made from things", {});
     EXPECT_EQ(table.at(0, 0).text(), "");

@@ -71,7 +71,7 @@ TEST(DateText, StoredTextsSortAsTheirMoments) {
 }
 
 TEST(DateText, AMomentComesBackAsItWas) {
-    const QDateTime moment(QDate(2026, 3, 11), QTime(9, 5, 6, 250));
+    const QDateTime moment(QDate(2026, 3, 11), QTime(9, 5, 6, 250), Qt::UTC);
     EXPECT_EQ(db::ToDateTime(*db::ToServerDateTime(moment)), moment);
     EXPECT_FALSE(db::ToServerDateTime(QDateTime()));
 }

@@ -58,7 +58,7 @@ TEST(ResultTable, TheColumnSaysWhatAValueIs) {
 }
 
 TEST(ResultTable, DateTimesComeBackToTheSecond) {
-    const QDateTime moment(QDate(2026, 3, 11), QTime(9, 5, 30));
+    const QDateTime moment(QDate(2026, 3, 11), QTime(9, 5, 30), Qt::UTC);
     const ResultTable table = oneRow(ColumnType::DateTime, moment);
     EXPECT_EQ(table.at(0, 0).dateTime(), moment);
     EXPECT_EQ(table.at(0, 0).date(), moment.date());
