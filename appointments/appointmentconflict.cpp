@@ -7,6 +7,7 @@
 #include "appointments/notice.h"
 #include "platform/controls/ctlist.h"
 #include "platform/theme/theme.h"
+#include "session/hiddennames.h"
 
 namespace {
 
@@ -25,10 +26,18 @@ AppointmentConflict::AppointmentConflict(QWidget* parent) : QDialog(parent) {
     buildControls();
     layOutForm();
     cmdreschedule->setFocus();
-    connect(ctList1, &ctList::SelectionChanged, this,
-            [this] { lbllength->setText(ctList1->ItemText(ctList1->SelectedRow())); });
+    connect(ctList1, &ctList::SelectionChanged, this, &AppointmentConflict::tellLength);
+    FollowHiddenNames(ctList1);
+    FollowHiddenNames(this, [this](bool) { tellLength(); });
     connect(cmdaccept, &QPushButton::clicked, this, &AppointmentConflict::cmdaccept_Click);
     connect(cmdreschedule, &QPushButton::clicked, this, &AppointmentConflict::cmdreschedule_Click);
+}
+
+void AppointmentConflict::tellLength() {
+    const int row = ctList1->SelectedRow();
+    const QString text = ctList1->ShownCell(row, TextColumn);
+    const QString who = (text.isEmpty() ? ctList1->ShownCell(row, PlaceColumn) : text).simplified();
+    lbllength->setText(row < 0 ? QString() : QStringLiteral("%1: %2").arg(who, ctList1->ItemText(row)));
 }
 
 void AppointmentConflict::ShowAsRoomConflict() {

@@ -7,8 +7,8 @@ class QPushButton;
 class ctList;
 
 /// The list of what a proposed time conflicts with, and the choice to accept the conflict or to reschedule. The caller
-/// fills ctList1 with rows of the five columns, shows the form modally and reads `tag`. Under the list stands the text
-/// item of the selected row: who is in the way and for how long.
+/// fills ctList1 with rows of the five columns, shows the form modally and reads `tag`. Under the list stands who is in
+/// the way in the selected row, with its text item: for how long.
 ///
 /// Closing the dialog in any other way, by Escape or the window's own button, is rescheduling, and rescheduling is what
 /// Enter does first: nothing is booked by accident.
@@ -22,6 +22,8 @@ class AppointmentConflict : public QDialog {
     void ShowAsRoomConflict();
     [[nodiscard]] QSize sizeHint() const override;
 
+    static constexpr int TextColumn = 4;
+
     QString tag = QStringLiteral("N");  ///< "Y" once the user has accepted the conflict.
 
     ctList* ctList1 = nullptr;
@@ -34,6 +36,7 @@ class AppointmentConflict : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
+    void tellLength();
     void buildControls();
     void layOutForm();
     void cmdaccept_Click();

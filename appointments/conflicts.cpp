@@ -6,6 +6,7 @@
 
 #include "appointments/appointmentconflict.h"
 #include "data/minutetime.h"
+#include "data/namedpatients.h"
 #include "data/pipefields.h"
 #include "platform/controls/ctlist.h"
 #include "platform/database/readtogether.h"
@@ -81,6 +82,25 @@ void sortByTime(std::vector<Conflict>& conflicts) {
     });
 }
 
+// The statement tells nobody's kind: what is called as an activity, a group or unavailable time of that day names
+// nobody.
+void nameTexts(std::vector<Conflict>& conflicts, QDate date) {
+    if (conflicts.empty())
+        return;
+    QSet<QString> others;
+    db::Ignoring([&] { others = TextsWithoutPatient(Session().Connection, date); });
+    for (Conflict& conflict : conflicts)
+        conflict.namesPatient = !others.contains(conflict.text);
+}
+
+// A room is booked in the name of the appointment that owns the slot.
+void nameSlots(std::vector<Conflict>& conflicts, const std::vector<qint64>& owners) {
+    QSet<qint64> others;
+    db::Ignoring([&] { others = KeysWithoutPatient(Session().Connection, {owners.begin(), owners.end()}); });
+    for (std::size_t i = 0; i < conflicts.size(); ++i)
+        conflicts[i].namesPatient = owners[i] > 0 && !others.contains(owners[i]);
+}
+
 MinuteSpan timeOf(const Recordset& row) {
     return {row["nstarttime"].real(), row["nendtime"].real()};
 }
@@ -93,16 +113,15 @@ QString minutesText(double minutes) {
     return minutes == 1 ? QStringLiteral("1 minute") : QStringLiteral("%1 minutes").arg(minutes);
 }
 
-// Who is in the way and for how long, for the row that is selected in the dialog.
+// For how long it is in the way, for the row that is selected in the dialog.
 QString lengthText(const Conflict& conflict, MinuteSpan proposed) {
-    const QString who = (conflict.text.isEmpty() ? conflict.place : conflict.text).simplified();
     const QString length = minutesText(conflict.time.end - conflict.time.start);
     const double shared = MinutesInCommon(proposed, conflict.time);
     if (shared <= 0)
-        return QStringLiteral("%1: %2.").arg(who, length);
+        return QStringLiteral("%1.").arg(length);
     if (shared == conflict.time.end - conflict.time.start)
-        return QStringLiteral("%1: %2, all in the new time.").arg(who, length);
-    return QStringLiteral("%1: %2, %3 of them in the new time.").arg(who, length, QString::number(shared));
+        return QStringLiteral("%1, all in the new time.").arg(length);
+    return QStringLiteral("%1, %2 of them in the new time.").arg(length, QString::number(shared));
 }
 
 void addRows(AppointmentConflict& form, const std::vector<Conflict>& conflicts, MinuteSpan proposed) {
@@ -112,6 +131,8 @@ void addRows(AppointmentConflict& form, const std::vector<Conflict>& conflicts, 
                                 CleanFieldText(conflict.place)};
         const int row = form.ctList1->AddRow(cells.join(QLatin1Char(';')));
         form.ctList1->SetItemText(row, lengthText(conflict, proposed));
+        if (conflict.namesPatient)
+            form.ctList1->NameCell(row, AppointmentConflict::TextColumn);
     }
 }
 
@@ -148,6 +169,7 @@ std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, doubl
         conflicts.push_back(
             {rows["dapptdate"].date(), timeOf(rows), rows["cappttext"].text(), names[rows["clinicianid"].text()]});
     sortByTime(conflicts);
+    nameTexts(conflicts, date);
     return conflicts;
 }
 
@@ -157,9 +179,13 @@ std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, doubl
     const db::ReadTogether together(Session().Connection, statements);
     for (const QString& statement : statements) {
         Recordset rows(statement, Session().Connection);
-        for (; !rows.Eof(); rows.MoveNext())
+        std::vector<qint64> owners;
+        for (; !rows.Eof(); rows.MoveNext()) {
             conflicts.push_back(
                 {rows["nApptDate"].date(), timeOf(rows), rows["croomtext"].text(), rows["Room"].text()});
+            owners.push_back(rows["apptid"].integer());
+        }
+        nameSlots(conflicts, owners);
         if (!conflicts.empty())
             break;
     }

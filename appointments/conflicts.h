@@ -10,8 +10,9 @@
 struct Conflict {
     QDate date;
     MinuteSpan time;
-    QString text;   ///< Who or what is booked.
-    QString place;  ///< The provider's last name, or the room.
+    QString text;               ///< Who or what is booked.
+    QString place;              ///< The provider's last name, or the room.
+    bool namesPatient = false;  ///< The text may be a patient's name.
 };
 
 /// What the provider has booked on `date` in conflict with `start` to `end` (minutes since midnight) and, where

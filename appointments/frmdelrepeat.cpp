@@ -11,6 +11,7 @@
 #include "platform/theme/theme.h"
 #include "session/audit.h"
 #include "session/errorbox.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 
 using db::Ignoring;
@@ -31,6 +32,7 @@ frmdelrepeat::frmdelrepeat(QWidget* parent) : QDialog(parent) {
     ctList1 = new ctList(this);
     ctList1->setObjectName(QStringLiteral("ctList1"));
     ctList1->setAccessibleName(tr("Appointments of the series"));
+    FollowHiddenNames(ctList1);
     ctList1->SetColumns({{QString(), ListColumn::Kind::Check, 4, Qt::AlignCenter},
                          {QStringLiteral("Date"), ListColumn::Kind::Text, 14},
                          {QStringLiteral("Time"), ListColumn::Kind::Text, 12},
@@ -83,6 +85,8 @@ void frmdelrepeat::AddAppointment(const Row& row) {
         JoinCells({QString::number(row.checked ? 1 : 0), row.date, row.time, row.text.simplified()}), row.key);
     if (row.isGroup)
         ctList1->SetItemText(added, QStringLiteral("G"));
+    if (row.namesPatient)
+        ctList1->NameCell(added, TextColumn);
     if (row.checked)
         ctList1->SelectRow(added);
     allowOk();

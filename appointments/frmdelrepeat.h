@@ -23,6 +23,7 @@ class frmdelrepeat : public QDialog {
         QString text;
         bool isGroup = false;
         bool checked = false;
+        bool namesPatient = false;  ///< The text does.
     };
     void AddAppointment(const Row& row);
     /// Checks or unchecks every row.

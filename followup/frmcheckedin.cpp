@@ -22,6 +22,7 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/formposition.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -31,6 +32,7 @@ using db::SqlDate;
 namespace {
 
 constexpr int RefreshMilliseconds = 60000;
+constexpr int PatientColumn = 1;
 constexpr int ArrivalColumn = 2;
 constexpr int WriteAccess = 2;
 
@@ -110,7 +112,8 @@ void frmCheckedIn::buildForm() {
                          {QStringLiteral("Arrival Time"), ListColumn::Kind::Text, 22},
                          {QStringLiteral("Apt Time"), ListColumn::Kind::Text, 27},
                          {QStringLiteral("Provider"), ListColumn::Kind::Text, 16}});
-    ctList1->SetHeader(1, Session().WordUsage);
+    ctList1->SetHeader(PatientColumn, Session().WordUsage);
+    FollowHiddenNames(ctList1);
     const auto button = [this](const char* name, const QString& text, const QIcon& icon) {
         auto* made = new QPushButton(icon, text, this);
         made->setObjectName(QLatin1String(name));
@@ -168,6 +171,7 @@ void frmCheckedIn::readRows() {
                                 .join(u';'),
                             rows["nkeyid"].integer());
         ctList1->SetItemText(row, provider);
+        ctList1->NameCell(row, PatientColumn);
     }
 }
 

@@ -17,6 +17,7 @@
 #include "platform/theme/theme.h"
 #include "session/characterfilter.h"
 #include "session/errorbox.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -60,6 +61,7 @@ void FindDialog::buildForm(std::vector<ListColumn> columns) {
     ctList1->SetColumns(std::move(columns));
     lblcount = Named(new QLabel(this), "lblcount");
     lblcount->setWordWrap(true);
+    FollowHiddenNames(ctList1);
     allowResults(false);
 }
 
@@ -123,6 +125,8 @@ void FindDialog::addHits() {
     }
     for (; !rows.Eof(); rows.MoveNext())
         ctList1->AddRow(listLine(rows), rows["nkeyid"].integer());
+    rows.MoveFirst();
+    nameHits(rows);
 }
 
 void FindDialog::cmdgoto_Click() {
@@ -145,7 +149,7 @@ void FindDialog::cmdprint_Click() {
     QString body;
     for (int row = 0; row < ctList1->RowCount(); ++row)
         if (!selectedOnly || ctList1->selectionModel()->isRowSelected(row))
-            body += insertpipes(ctList1->RowText(row)) + u';';
+            body += insertpipes(ctList1->ShownRowText(row)) + u';';
     VSPrinter vp;
     vp.SetTitle(GetPipeField(texts_.header, 2));
     vp.SetHeader(texts_.header);

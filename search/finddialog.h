@@ -46,9 +46,14 @@ class FindDialog : public QDialog {
     [[nodiscard]] virtual QString statementFor(const QString& text) const = 0;
     /// A row as the list shows it, its cells joined by ";".
     [[nodiscard]] virtual QString listLine(const db::Recordset& row) const = 0;
+    /// The rows were all listed: the description of those that name a patient is to be hidden with the names
+    /// (ctList::NameCell). May throw db::DatabaseError.
+    virtual void nameHits(db::Recordset& rows) = 0;
     /// Goes to the row with this key, and accepts the form; or says in lblcount why it cannot. May throw
     /// db::DatabaseError.
     virtual void goTo(qint64 key) = 0;
+
+    static constexpr int DescriptionColumn = 1;
 
   private:
     void buildForm(std::vector<ListColumn> columns);

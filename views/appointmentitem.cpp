@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "data/codes.h"
+#include "data/namedpatients.h"
 #include "data/pipefields.h"
 
 namespace {
@@ -17,10 +18,9 @@ bool isAwaited(int code) {
 
 }  // namespace
 
-void PaintByCode(CalendarItem& item, int code, int apptType, bool hidePatientNames) {
+void PaintByCode(CalendarItem& item, int code, int apptType) {
     if (IsPatientRow(code)) {
         item.ItemColor = code;
-        item.ItemTextColor = hidePatientNames ? TextColor::SameAsBackground : TextColor::Normal;
         if (code == ncolor::CheckedIn)
             item.ItemStatusIcon = 3;
         return;
@@ -33,6 +33,14 @@ void PaintByCode(CalendarItem& item, int code, int apptType, bool hidePatientNam
         item.ItemColor = ncolor::AppointmentType;
 }
 
+bool NamesPatient(const CalendarItem& item) {
+    return NamesPatient(item.ItemColor, !GetPipeField(item.ItemNote, 3).isEmpty());
+}
+
+void HideName(CalendarItem& item, bool hidden) {
+    item.ItemTextColor = hidden && NamesPatient(item) ? TextColor::SameAsBackground : TextColor::Normal;
+}
+
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting) {
     const int code = intOf(row, "ncolor");
     const int apptType = intOf(row, "appttype");
@@ -43,7 +51,7 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     item.ItemEnd = intOf(row, "nEndTime");
     item.ItemDay = row["dapptdate"].date();
     item.ItemTentativeIcon = row["BTentIco"].boolean();
-    PaintByCode(item, code, apptType, painting.hidePatientNames);
+    PaintByCode(item, code, apptType);
     MarkStatus(item, code, apptType);
 
     const QString callStatus = row["CourtesyCallStatus"].text();
@@ -58,6 +66,7 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     item.ItemNote =
         QStringList{GetPipeField(note, 1), item.ItemTip, row["patientid"].text(), row["PatientAcct"].text()}.join(
             QLatin1Char('|'));
+    HideName(item, painting.hidePatientNames);
     item.ItemNoteIcon = !item.ItemTip.isEmpty();
     item.ItemLocationIcon = row["BLOCATEICO"].boolean();
     item.ItemLocation = row["CLOCATION"].text();

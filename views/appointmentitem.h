@@ -5,6 +5,7 @@
 
 #include "platform/calendar/item.h"
 #include "platform/database/recordset.h"
+#include "session/hiddennames.h"
 
 /// What a view decides about all its items.
 struct ItemPainting {
@@ -19,8 +20,13 @@ struct ItemPainting {
 /// `ncolor`; nulls anywhere give a plain item.
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting);
 
-/// The colours of an item by its `ncolor` and `appttype`, and whether a hidden patient name hides this row's text.
-void PaintByCode(CalendarItem& item, int code, int apptType, bool hidePatientNames);
+/// The colours of an item by its `ncolor` and `appttype`.
+void PaintByCode(CalendarItem& item, int code, int apptType);
+
+/// Whether the item's text is a patient's name, by its ItemColor and ItemNote.
+[[nodiscard]] bool NamesPatient(const CalendarItem& item);
+/// Hides or shows the text where it is a patient's name.
+void HideName(CalendarItem& item, bool hidden);
 
 /// The banner of a holiday: key "0", from midnight to 11:59 PM, in the holiday colour.
 CalendarItem HolidayBanner(const QString& holiday, QDate day);

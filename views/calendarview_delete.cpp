@@ -7,6 +7,7 @@
 #include "appointments/frmdelrepeat.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
+#include "data/namedpatients.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
 #include "platform/desktop/desktop.h"
@@ -45,7 +46,8 @@ SeriesMember memberOf(const Recordset& row, int chosenKey) {
     return {date,
             start,
             {key, ShortDateText(date), MinutesToTimeText(start, Session().MilitaryTime), row["cappttext"].text(),
-             row["Ncolor"].integer() == ncolor::Group, key == chosenKey}};
+             row["Ncolor"].integer() == ncolor::Group, key == chosenKey,
+             NamesPatient(static_cast<int>(row["Ncolor"].integer()), !row["patientid"].text().isEmpty())}};
 }
 
 }  // namespace

@@ -188,6 +188,7 @@ void CalendarView::putBack(const QString& key) {
     if (index < 1 || !facts_.contains(key))
         return;
     ctMDay1->Item(index) = facts_[key].stored;
+    HideName(ctMDay1->Item(index), Session().HidePatientNames);
     lockItem(index);
 }
 

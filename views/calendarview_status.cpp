@@ -128,7 +128,8 @@ void CalendarView::showStatus(int index, int code) {
     CalendarItem& item = ctMDay1->Item(index);
     if (!IsPatientRow(item.ItemColor) && item.ItemBackColor == item.ItemColor)
         item.ItemBackColor.reset();
-    PaintByCode(item, code, 0, Session().HidePatientNames);
+    PaintByCode(item, code, 0);
+    HideName(item, Session().HidePatientNames);
     MarkStatus(item, code, 0);
     item.ItemStatusIcon = code == ncolor::CheckedIn ? 3 : 0;
     lockItem(index);

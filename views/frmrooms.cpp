@@ -18,6 +18,7 @@
 #include "session/errorbox.h"
 #include "session/session.h"
 #include "views/menutables.h"
+#include "views/rooms/slotnames.h"
 
 using db::Recordset;
 using db::Sql;
@@ -72,6 +73,7 @@ frmrooms::frmrooms(MainWindow& main, QWidget* parent) : MenuView(main, RoomMenus
     setmenuaccess();
     setGrid();
     txtdate->setDate(date_);
+    FollowHiddenNames(this, [this](bool hidden) { hideNames(hidden); });
     loadroomslist();
     connect(cborooms, &QComboBox::currentIndexChanged, this, &frmrooms::followRoom);
     connect(txtdate, &ctDEdit::Change, this, [this] {
@@ -222,6 +224,7 @@ void frmrooms::addMeetings() {
         const QString key = QString::number(meeting.key);
         showMeeting(ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, key), meeting);
     }
+    hideNames(Session().HidePatientNames);
 }
 
 void frmrooms::showMeeting(int index, const RoomMeeting& meeting) {
@@ -236,11 +239,15 @@ void frmrooms::showMeeting(int index, const RoomMeeting& meeting) {
     item.ItemColor = meeting.bound ? BoundColor : MeetingColor;
     item.ItemBound = meeting.bound;
     item.ItemTextLocked = item.ItemMoveLocked = meeting.bound;
-    if (!meeting.bound)
-        return;
-    item.ItemStatusText = tr("Belongs to an appointment or activity");
-    if (Session().HidePatientNames)
-        item.ItemTextColor = TextColor::SameAsBackground;
+    if (meeting.bound)
+        item.ItemStatusText = tr("Belongs to an appointment or activity");
+}
+
+void frmrooms::hideNames(bool hidden) {
+    std::vector<qint64> owners;
+    for (int index = 1; index <= ctDays1->ItemCount(); ++index)
+        owners.push_back(rows_.value(std::as_const(*ctDays1).Item(index).ItemKey).owner);
+    HideSlotNames(*ctDays1, owners, hidden);
 }
 
 const RoomMeeting* frmrooms::meetingAt(int item) const {

@@ -9,6 +9,7 @@
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 #include "views/frmsched.h"
 
@@ -20,6 +21,7 @@ using db::Sql;
 namespace {
 
 constexpr int longestWord = 2000;
+constexpr int ValueColumn = 2;
 
 // The panel's word for a status; both cancellations read alike here.
 QString panelStatus(int code) {
@@ -61,6 +63,18 @@ bool hasContacts(const CalendarItem& item, int apptType) {
     return apptType != ApptTypeSlot && IsPatientRow(item.ItemColor);
 }
 
+// Whose appointment it is stays untold; what else is told of it betrays nobody.
+bool betraysPatient(const QString& label) {
+    static const QStringList harmless{QStringLiteral("Time"),
+                                      QStringLiteral("Length"),
+                                      QStringLiteral("Service"),
+                                      QStringLiteral("Room"),
+                                      QStringLiteral("Preferred Contact Method"),
+                                      QStringLiteral("Courtesy Call Status"),
+                                      QStringLiteral("Status")};
+    return !harmless.contains(label);
+}
+
 }  // namespace
 
 QStringList frmsched::detailStatements(const CalendarItem& item) const {
@@ -78,7 +92,7 @@ QStringList frmsched::detailStatements(const CalendarItem& item) const {
 
 void frmsched::displayapptinfo(int index) {
     ctListInfo->Clear();
-    txtnote->setPlainText(QStringLiteral("Appointment Note"));
+    showNote({});
     if (index < 1) {
         ctListInfo->AddRow(QStringLiteral(";No Appointment Selected"));
         return;
@@ -88,6 +102,7 @@ void frmsched::displayapptinfo(int index) {
     const bool military = Session().MilitaryTime;
     const db::ReadTogether together(Session().Connection, detailStatements(item));
 
+    tellsOfPatient_ = NamesPatient(item);
     addInfo(QStringLiteral("Appointment"), item.ItemText);
     addInfo(QStringLiteral("Time"), QStringLiteral("%1 - %2").arg(MinutesToTimeText(item.ItemStart, military),
                                                                   MinutesToTimeText(item.ItemEnd, military)));
@@ -100,19 +115,27 @@ void frmsched::displayapptinfo(int index) {
         showNote(note);
     if (hasContacts(item, facts.apptType))
         addContacts(item, facts);
-    if (item.ItemColor == ncolor::Group)
+    if (item.ItemColor == ncolor::Group) {
+        tellsOfPatient_ = true;
         Ignoring([&] { getgroumembers(item.ItemKey); });
+        tellsOfPatient_ = false;
+    }
 }
 
 void frmsched::showNote(const QString& note) {
     // Looking for the words of an endless one takes seconds; where nobody set a blank, lines break anywhere.
     const bool endless = note.size() > longestWord && !note.left(longestWord).contains(QLatin1Char(' '));
     txtnote->setWordWrapMode(endless ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    txtnote->setPlainText(QStringLiteral("Appointment Note") + QLatin1Char('\n') + note);
+    note_ = note;
+    const QString caption = QStringLiteral("Appointment Note");
+    const QString shown = tellsOfPatient_ ? ShownName(note) : note;
+    txtnote->setPlainText(shown.isEmpty() ? caption : caption + QLatin1Char('\n') + shown);
 }
 
 void frmsched::addInfo(const QString& label, const QString& value) {
-    ctListInfo->AddRow(JoinCells({label, value}));
+    const int row = ctListInfo->AddRow(JoinCells({label, value}));
+    if (tellsOfPatient_ && betraysPatient(label))
+        ctListInfo->NameCell(row, ValueColumn);
 }
 
 void frmsched::addRoom(const QString& key) {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -24,6 +25,7 @@
 #include "platform/desktop/userstore.h"
 #include "platform/theme/icon.h"
 #include "session/formposition.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 #include "views/frmaopts.h"
 #include "views/viewtable.h"
@@ -245,13 +247,28 @@ bool mdisched::TaskPaneShown() const {
 }
 
 void mdisched::ToggleHidePatientNames() {
-    Session().HidePatientNames = !Session().HidePatientNames;
+    SetNamesHidden(!Session().HidePatientNames);
     hideNames_->setChecked(Session().HidePatientNames);
     hideNames_->setIcon(Icon(Session().HidePatientNames ? "eyeoff" : "eye"));
     if (view_ != nullptr)
         view_->FollowMainWindow();
-    if (Session().CurrentView == DayView || Session().CurrentView == CompanionView)
+    // Under a dialog the view stays as the dialog found it; what it shows has changed with the switch.
+    if (QApplication::activeModalWidget() == nullptr &&
+        (Session().CurrentView == DayView || Session().CurrentView == CompanionView))
         reloadView();
+}
+
+// The command's key is dead while another window is in front, where names stand as well.
+bool mdisched::eventFilter(QObject* watched, QEvent* event) {
+    const bool inFront = QApplication::activeWindow() == this && QApplication::activeModalWidget() == nullptr;
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType() || inFront ||
+        QApplication::activePopupWidget() != nullptr)
+        return QMainWindow::eventFilter(watched, event);
+    const QKeySequence pressed(static_cast<QKeyEvent*>(event)->keyCombination());
+    if (pressed != keys_[hideNames_] || !hideNames_->isEnabled())
+        return QMainWindow::eventFilter(watched, event);
+    ToggleHidePatientNames();
+    return true;
 }
 
 void mdisched::SelectProvider() {

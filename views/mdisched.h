@@ -30,7 +30,8 @@ using ViewFactories = std::map<int, std::function<std::unique_ptr<ViewWindow>(Ma
 ///
 /// Its keys: Ctrl+1 to Ctrl+6 the views, Ctrl+T today, Alt+Left and Alt+Right one step back and forward, F5 reload,
 /// Ctrl+N add, Ctrl+F find, Ctrl+P print, Ctrl+I check-in list, Ctrl+H hide names, Ctrl+L provider, Ctrl+, preferences,
-/// F9 task pane, F6 and Shift+F6 from pane to pane, F1 help, Ctrl+Q leave. A menu item of the open view that carries
+/// F9 task pane, F6 and Shift+F6 from pane to pane, F1 help, Ctrl+Q leave. Names are hidden from every window of the
+/// program, a dialog in front too. A menu item of the open view that carries
 /// one of these keys takes it over.
 class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     Q_OBJECT
@@ -83,6 +84,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     // Building, once.

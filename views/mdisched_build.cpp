@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QScreen>
 #include <QSplitter>
@@ -91,6 +92,7 @@ void mdisched::buildActions() {
     hideNames_ =
         command("hidenames", tr("Hide Patient Names"), "eye", tr("Ctrl+H"), [this] { ToggleHidePatientNames(); });
     hideNames_->setCheckable(true);
+    qApp->installEventFilter(this);
     day_ = command("day", tr("Day View"), "day", {}, [this] { changeview(0); });
     // Before the first view there is nothing to do them on.
     for (QAction* action : {today_, previous_, next_, add_, find_, print_, checkedIn_, hideNames_, day_})

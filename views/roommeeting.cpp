@@ -39,8 +39,9 @@ constexpr SavedField savedFields[] = {
 
 RoomMeeting MeetingOf(const Recordset& row) {
     const auto number = [&row](const char* column) { return static_cast<int>(row[column].integer()); };
-    return {number("nKeyId"),        number("nStartTime"),    number("nEndTime"), row["nApptDate"].date(),
-            row["croomtext"].text(), row["CroomNOTE"].text(), number("croomid"),  number("apptid") > 0};
+    return {number("nKeyId"),        number("nStartTime"),    number("nEndTime"),
+            row["nApptDate"].date(), row["croomtext"].text(), row["CroomNOTE"].text(),
+            number("croomid"),       number("apptid") > 0,    row["apptid"].integer()};
 }
 
 int AddMeeting(const RoomMeeting& meeting) {

@@ -15,6 +15,7 @@ struct RoomMeeting {
     QString note;
     int room = 0;
     bool bound = false;  ///< An appointment owns it.
+    qint64 owner = 0;    ///< The key of that appointment.
 
     friend bool operator==(const RoomMeeting&, const RoomMeeting&) = default;
 };

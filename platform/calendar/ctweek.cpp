@@ -116,6 +116,13 @@ QString ctWeek::SelectionText() const {
     return said.join(QStringLiteral(", "));
 }
 
+void ctWeek::ChangeItems(const std::function<void(CalendarItem&)>& change) {
+    for (CalendarItem& item : items_)
+        change(item);
+    setAccessibleDescription(SelectionText());
+    invalidate();
+}
+
 void ctWeek::select(QDate day) {
     if (day == selected_ || !day.isValid())
         return;

@@ -33,6 +33,9 @@ class ctWeek : public QWidget {
     /// Adds an item and returns its index.
     int AddItem(CalendarItem item);
 
+    /// Changes all items alike, as when texts are hidden.
+    void ChangeItems(const std::function<void(CalendarItem& item)>& change);
+
     [[nodiscard]] QDate Date() const { return selected_; }
     [[nodiscard]] int Month() const { return grid_.month.month(); }
     [[nodiscard]] int Year() const { return grid_.month.year(); }

@@ -88,6 +88,13 @@ QString ctList::Header(int column) const {
     return model_.headerData(column - 1, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
+QString ctList::ShownRowText(int row) const {
+    QStringList cells;
+    for (int column = 1; column <= ColumnCount() && row < RowCount(); ++column)
+        cells << ShownCell(row, column);
+    return cells.join(QLatin1Char(';'));
+}
+
 int ctList::SelectedRow() const {
     const QModelIndex current = currentIndex();
     if (current.isValid() && selectionModel()->isRowSelected(current.row()))
@@ -228,7 +235,7 @@ void ctList::copySelection() const {
         QStringList cells;
         for (int column = 1; column <= ColumnCount(); ++column)
             if (!model_.isCheckColumn(column))
-                cells << Cell(row, column);
+                cells << ShownCell(row, column);
         lines << cells.join(QLatin1Char('\t'));
     }
     if (!lines.isEmpty())

@@ -46,6 +46,11 @@ class ctList : public QTreeView {
     void SetItemData(int row, const QVariant& itemData) { model_.setRowData(row, itemData); }
     void SetItemText(int row, const QString& text) { model_.setItemText(row, text); }
     void SetNoteMark(int row, bool marked) { model_.setNoteMark(row, marked); }
+    /// The cell names a patient, or tells of one what is nobody else's business: it is hidden with the names.
+    void NameCell(int row, int column) { model_.nameCell(row, column); }
+    /// Hides or shows what NameCell has marked, in the list and in what is copied from it; off at first. Cell and
+    /// RowText go on telling what the list holds.
+    void SetNamesHidden(bool hidden) { model_.setNamesHidden(hidden); }
     /// Raises no CheckChanged.
     void SetChecked(int row, int column, bool checked) { model_.setChecked(row, column, checked); }
     /// Selects the row alone and scrolls to it; -1 selects none.
@@ -60,6 +65,10 @@ class ctList : public QTreeView {
     /// The row as it was added, with the cells set since.
     [[nodiscard]] QString RowText(int row) const { return model_.rowText(row); }
     [[nodiscard]] QString Cell(int row, int column) const { return model_.cell(row, column); }
+    /// The cell as the user sees it.
+    [[nodiscard]] QString ShownCell(int row, int column) const { return model_.shownCell(row, column); }
+    /// The row as the user sees it, its cells joined by ";".
+    [[nodiscard]] QString ShownRowText(int row) const;
     [[nodiscard]] QVariant ItemData(int row) const { return model_.rowData(row); }
     [[nodiscard]] QString ItemText(int row) const { return model_.itemText(row); }
     [[nodiscard]] bool NoteMark(int row) const { return model_.noteMark(row); }

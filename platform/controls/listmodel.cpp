@@ -37,6 +37,10 @@ void ListModel::clear() {
     endResetModel();
 }
 
+QString HiddenNameText() {
+    return QStringLiteral("(hidden)");
+}
+
 QString JoinCells(const QStringList& cells) {
     QStringList harmless;
     for (QString cell : cells)
@@ -49,7 +53,7 @@ QString JoinCells(const QStringList& cells) {
 
 int ListModel::addRow(const QString& joinedCells) {
     const int position = rowCount();
-    Row row{joinedCells, {}, {}, 0, false};
+    Row row{joinedCells, {}, {}, 0, 0, false};
     for (int column = 1; column <= columnCount(); ++column)
         if (isCheckColumn(column) && cellView(row, column).toInt() != 0)
             row.checks |= columnBit(column);
@@ -110,6 +114,21 @@ void ListModel::setChecksEnabled(bool enabled) {
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
+void ListModel::nameCell(int row, int column) {
+    if (!has(row))
+        return;
+    rows_[static_cast<std::size_t>(row)].names |= columnBit(column);
+    changed(row);
+}
+
+void ListModel::setNamesHidden(bool hidden) {
+    if (hidden == namesHidden_)
+        return;
+    namesHidden_ = hidden;
+    if (!rows_.empty())
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
 void ListModel::sort(int modelColumn, Qt::SortOrder order) {
     if (modelColumn < 0 || modelColumn >= columnCount() || rows_.empty())
         return;
@@ -152,6 +171,14 @@ QString ListModel::rowText(int row) const {
 
 QString ListModel::cell(int row, int column) const {
     return has(row) ? cellView(rows_[static_cast<std::size_t>(row)], column).toString() : QString();
+}
+
+// An empty cell has nothing to hide.
+QString ListModel::shownCell(int row, int column) const {
+    QString text = cell(row, column);
+    const bool hidden = namesHidden_ && has(row) && !text.isEmpty() &&
+                        (rows_[static_cast<std::size_t>(row)].names & columnBit(column)) != 0;
+    return hidden ? HiddenNameText() : text;
 }
 
 bool ListModel::checked(int row, int column) const {
@@ -201,13 +228,13 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const bool check = isCheckColumn(column);
     switch (role) {
         case Qt::DisplayRole:
-            return check || isColorColumn(column) ? QVariant() : cell(index.row(), column);
+            return check || isColorColumn(column) ? QVariant() : shownCell(index.row(), column);
         case Qt::DecorationRole:
             return isColorColumn(column) ? QVariant(QColor(cell(index.row(), column))) : QVariant();
         case Qt::CheckStateRole:
             return check ? QVariant(checked(index.row(), column) ? Qt::Checked : Qt::Unchecked) : QVariant();
         case Qt::AccessibleTextRole:
-            return check ? columns_[static_cast<std::size_t>(index.column())].header : cell(index.row(), column);
+            return check ? columns_[static_cast<std::size_t>(index.column())].header : shownCell(index.row(), column);
         case Qt::TextAlignmentRole:
             return QVariant(columns_[static_cast<std::size_t>(index.column())].alignment | Qt::AlignVCenter);
         case NoteMarkRole:

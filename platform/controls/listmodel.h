@@ -17,6 +17,9 @@ struct ListColumn {
     Qt::Alignment alignment = Qt::AlignLeft;
 };
 
+/// What stands where a hidden name, or what would betray it, is listed.
+[[nodiscard]] QString HiddenNameText();
+
 /// The cells of a row joined by ";", as lists are given their rows. What would part a cell in two becomes harmless: ";"
 /// and line ends become commas.
 [[nodiscard]] QString JoinCells(const QStringList& cells);
@@ -43,6 +46,8 @@ class ListModel : public QAbstractTableModel {
     void setItemText(int row, const QString& text);
     void setNoteMark(int row, bool marked);
     void setChecksEnabled(bool enabled);
+    void nameCell(int row, int column);
+    void setNamesHidden(bool hidden);
     void sort(int modelColumn, Qt::SortOrder order) override;
 
     [[nodiscard]] const std::vector<ListColumn>& columns() const { return columns_; }
@@ -52,6 +57,7 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] int firstTextColumn() const;
     [[nodiscard]] QString rowText(int row) const;
     [[nodiscard]] QString cell(int row, int column) const;
+    [[nodiscard]] QString shownCell(int row, int column) const;
     [[nodiscard]] bool checked(int row, int column) const;
     [[nodiscard]] QVariant rowData(int row) const;
     [[nodiscard]] QString itemText(int row) const;
@@ -77,6 +83,7 @@ class ListModel : public QAbstractTableModel {
         QString itemText;
         QVariant itemData;
         quint32 checks = 0;  ///< Bit n for column n + 1.
+        quint32 names = 0;   ///< The same.
         bool noteMark = false;
     };
 
@@ -86,4 +93,5 @@ class ListModel : public QAbstractTableModel {
     std::vector<ListColumn> columns_;
     std::vector<Row> rows_;
     bool checksEnabled_ = true;
+    bool namesHidden_ = false;
 };

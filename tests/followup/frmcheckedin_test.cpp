@@ -9,6 +9,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "platform/desktop/forms.h"
+#include "session/hiddennames.h"
 #include "tests/followup/checkinfixture.h"
 
 namespace {
@@ -42,6 +43,18 @@ TEST_F(CheckedInList, ShowsTodaysCheckedInPatientsWithTheirProvider) {
     EXPECT_EQ(rowsOf(form), QStringList{QStringLiteral("O'Brien, Anna;03/11/26 8:50 AM;3/11/2026 9:00 AM;Reed")});
     EXPECT_EQ(form.ctList1->Header(1), QStringLiteral("Client"));
     EXPECT_EQ(form.lblstatus->text(), QStringLiteral("As of 9:05 AM"));
+}
+
+TEST_F(CheckedInList, HidesTheNamesWhileItIsOpenAndShowsThemAgain) {
+    add({});
+    frmCheckedIn form;
+    SetNamesHidden(true);
+    EXPECT_EQ(form.ctList1->ShownCell(0, 1), QStringLiteral("(hidden)"));
+    EXPECT_EQ(form.ctList1->ShownCell(0, 4), QStringLiteral("Reed"));
+    form.loadcheckedin();
+    EXPECT_EQ(form.ctList1->ShownCell(0, 1), QStringLiteral("(hidden)"));
+    SetNamesHidden(false);
+    EXPECT_EQ(form.ctList1->ShownCell(0, 1), QStringLiteral("O'Brien, Anna"));
 }
 
 TEST_F(CheckedInList, APatientWithoutAnArrivalTimeShowsAnEmptyColumn) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -380,6 +381,21 @@ TEST_F(MainWindowTest, AReadOnlyUserCannotAdd) {
     log.canAdd = false;
     start();
     EXPECT_FALSE(button("cmdadd").isEnabled());
+}
+
+TEST_F(MainWindowTest, NamesAreHiddenFromAnotherWindowWhileTheViewStaysAsItIs) {
+    start();
+    QDialog other(window.get());
+    other.setModal(true);
+    other.show();
+    QApplication::processEvents();
+    events();
+    QTest::keyClick(&other, Qt::Key_H, Qt::ControlModifier);
+    EXPECT_TRUE(Session().HidePatientNames);
+    EXPECT_TRUE(button("btnHidePats").isChecked());
+    EXPECT_EQ(events(), QStringList{QStringLiteral("follow 1")});
+    QTest::keyClick(&other, Qt::Key_H, Qt::ControlModifier);
+    EXPECT_FALSE(Session().HidePatientNames);
 }
 
 TEST_F(MainWindowTest, HidingNamesReloadsTheDayAndTheCompanionOnly) {

@@ -12,7 +12,9 @@
 #include "platform/database/sql.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
+#include "views/rooms/slotnames.h"
 
 using db::Recordset;
 using db::Sql;
@@ -43,6 +45,7 @@ frmRoomView::frmRoomView(const SelectedSlot& wanted, const QString& dateText, QW
     LoadRooms();
     resetcols();
     loadRoomView();
+    FollowHiddenNames(this, [this](bool hidden) { HideSlotNames(*ctMDay1, owners_, hidden); });
     const int first = ctMDay1->FirstTime();
     ctMDay1->setTopTime(wanted_.start - MinutesAbove >= first ? wanted_.start - MinutesAbove : first);
 }
@@ -121,6 +124,7 @@ void frmRoomView::resetcols() {
 
 void frmRoomView::loadRoomView() {
     ctMDay1->ClearItems();
+    owners_.clear();
     try {
         for (Recordset rows(bookingsStatement(wanted_.date), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const int start = static_cast<int>(rows["nStartTime"].integer());
@@ -128,9 +132,7 @@ void frmRoomView::loadRoomView() {
                                                rows["croomtext"].text(), rows["nkeyid"].text());
             CalendarItem& item = ctMDay1->Item(index);
             item.ItemColor = BookedColor;
-            // The text of an appointment's slot holds a name.
-            if (Session().HidePatientNames && rows["apptid"].integer() > 0)
-                item.ItemTextColor = TextColor::SameAsBackground;
+            owners_.push_back(rows["apptid"].integer());
             if (const int place = GetRoomPos(static_cast<int>(rows["croomid"].integer())); place > -1)
                 item.ItemColumn = place + 1;
             // A meeting before the day's first hour is in the way too.

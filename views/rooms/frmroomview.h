@@ -49,5 +49,6 @@ class frmRoomView : public QDialog {
 
     SelectedSlot wanted_;
     std::vector<Room> rooms_;
+    std::vector<qint64> owners_;  ///< The appointment of each item; 0 for a meeting.
     int chosenRoom_ = 0;
 };

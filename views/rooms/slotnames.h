@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-#include "session/hiddennames.h"
 #include <vector>
+#include "session/hiddennames.h"
 
 class ctMDay;
 

@@ -320,6 +320,24 @@ TEST_F(ListTest, CopyTakesTheSelectedRowWithoutItsCheckBoxes) {
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Call the bank\tHigh"));
 }
 
+TEST_F(ListTest, WhatNamesAPatientIsHiddenInTheListTheCopyAndForTheScreenReader) {
+    addTasks();
+    show();
+    list.NameCell(0, Task);
+    list.SetNamesHidden(true);
+    EXPECT_EQ(list.ShownRowText(0), QStringLiteral("0;(hidden);High"));
+    EXPECT_EQ(list.RowText(0), QStringLiteral("0;Call the bank;High"));
+    EXPECT_EQ(list.ShownCell(1, Task), QStringLiteral("Answer letters"));
+    EXPECT_EQ(list.model()->index(0, Task - 1).data(Qt::DisplayRole).toString(), QStringLiteral("(hidden)"));
+    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&list);
+    EXPECT_EQ(access->tableInterface()->cellAt(0, Task - 1)->text(QAccessible::Name), QStringLiteral("(hidden)"));
+    list.SelectRow(0);
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("(hidden)\tHigh"));
+    list.SetNamesHidden(false);
+    EXPECT_EQ(list.ShownCell(0, Task), QStringLiteral("Call the bank"));
+}
+
 TEST_F(ListTest, AScreenReaderReadsCellsAndCheckBoxes) {
     addTasks();
     show();
