@@ -99,13 +99,20 @@ TEST_F(QuickPerson, DeletesTheAppointmentThatWasSelectedThen) {
     EXPECT_EQ(times(bo), QStringLiteral("660-700"));
 }
 
-TEST_F(QuickPerson, ANewAppointmentAtOnceAfterGoKeepsTheViewThatItIsBookedIn) {
+// Go clicks a tenth of a second after its letter: the new appointment comes before that or after it, as the machine has
+// time. Either way it is for the view that is open when its editor has gone, and never for one that went under it.
+TEST_F(QuickPerson, ANewAppointmentAtOnceAfterGoLeavesNoViewUnderItsEditor) {
     connection.Execute("Insert Into provider_info (id, prov_lastname, archive) Values ('LANE', 'Lane', 0)");
-    goToView("4", "frmall");
+    const auto isInFront = [this](const char* window) { return desk->tell("front") == QLatin1String(window); };
+    const auto isShown = [this](const char* view) {
+        return desk->tell("shows", QLatin1String(view)) == QLatin1String("yes");
+    };
     for (int round = 1; round <= 3; ++round) {
+        goToView("4", "frmall");
         person->click(at(660, 2));
         whileBusy([this] { person->press({QStringLiteral("alt+g"), QStringLiteral("ctrl+n")}); });
-        closeOnly("frmnore");
-        EXPECT_EQ(desk->tell("shows", QStringLiteral("frmall")), QStringLiteral("yes"));
+        ASSERT_TRUE(soon([&] { return isInFront("frmnore") || isInFront("box"); }));
+        closeOnly(isInFront("frmnore") ? "frmnore" : "box");
+        EXPECT_NE(isShown("frmall"), isShown("frmsched"));
     }
 }
