@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <atomic>
 #include <QLoggingCategory>
+#include <QScopedValueRollback>
 #include <utility>
 
 #include "platform/database/connectiontext.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/statement.h"
+#include "platform/database/waiting.h"
 
 namespace db {
 
@@ -23,6 +25,21 @@ void countTrip(const QString& sent) {
     qCDebug(tripLog).noquote() << QString(sent).replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
+std::unique_ptr<Engine> engineFor(const QString& connectionText, bool create) {
+    countTrip(QStringLiteral("(login)"));
+    const ConnectionFields fields = ParseConnectionText(connectionText);
+    if (fields.contains(QStringLiteral("driver")))
+        return OpenOdbc(connectionText);
+    if (const QString file = EmbeddedFile(fields); !file.isEmpty())
+        return OpenEmbedded(file, create);
+    return OpenOdbc(SqlServerText(fields, InstalledOdbcDrivers()));
+}
+
+/// Whether it only asks, so that it may be sent twice.
+bool isQuestion(const QString& statement) {
+    return statement.trimmed().startsWith(QLatin1String("Select "), Qt::CaseInsensitive);
+}
+
 }  // namespace
 
 qint64 Connection::Trips() {
@@ -34,24 +51,18 @@ Connection::~Connection() {
 }
 
 void Connection::Open(const QString& connectionText) {
-    openEngine(connectionText, false);
+    open(connectionText, false);
 }
 
 void Connection::Create(const QString& connectionText) {
-    openEngine(connectionText, true);
+    open(connectionText, true);
 }
 
-void Connection::openEngine(const QString& connectionText, bool create) {
-    if (engine_)
+void Connection::open(const QString& connectionText, bool create) {
+    if (IsOpen())
         throw DatabaseError(3705, QStringLiteral("Operation is not allowed when the object is open."));
-    const ConnectionFields fields = ParseConnectionText(connectionText);
-    countTrip(QStringLiteral("(login)"));
-    if (fields.contains(QStringLiteral("driver")))
-        engine_ = OpenOdbc(connectionText);
-    else if (const QString file = EmbeddedFile(fields); !file.isEmpty())
-        engine_ = OpenEmbedded(file, create);
-    else
-        engine_ = OpenOdbc(SqlServerText(fields, InstalledOdbcDrivers()));
+    engine_ = engineFor(connectionText, create);
+    text_ = connectionText;
 }
 
 void Connection::Close() {
@@ -60,30 +71,59 @@ void Connection::Close() {
     forgetRead();
     described_.clear();
     engine_.reset();
+    text_.clear();
+    refusal_.reset();
 }
 
 Engine& Connection::engine() {
-    if (!engine_)
+    if (!IsOpen())
         throw DatabaseError(
             3709,
             QStringLiteral(
                 "The connection cannot be used to perform this operation. It is either closed or invalid in this context."));
+    if (!engine_)
+        openAnew();
     return *engine_;
 }
 
-template <typename Step>
-auto Connection::atEngine(const QString& sent, Step&& step) {
-    requireWholeTransaction();
-    countTrip(sent);
+// A host that is away may take seconds to be found so. What a routine does next is refused at once for as long again.
+void Connection::openAnew() {
+    constexpr qint64 noticeable = 500;
+    if (refusal_ && sinceRefusal_.elapsed() < refusedFor_)
+        throw DatabaseError(*refusal_);
+    QElapsedTimer took;
+    took.start();
     try {
-        return step(engine());
-    } catch (const DatabaseError&) {
-        noteEndedTransaction();
-        throw;
+        engine_ = engineFor(text_, false);
+        refusal_.reset();
+    } catch (const DatabaseError& error) {
+        refusal_ = DatabaseError(error.number, error.description, {}, QString::fromLatin1(LinkFailureState));
+        refusedFor_ = took.elapsed() < noticeable ? 0 : took.elapsed();
+        sinceRefusal_.start();
+        throw DatabaseError(*refusal_);
     }
 }
 
-void Connection::requireWholeTransaction() const {
+template <typename Step>
+auto Connection::atEngine(const QString& sent, Cut cut, Step&& step) {
+    requireUsable();
+    Engine& used = engine();
+    const QScopedValueRollback<bool> underWay(busy_, true);
+    countTrip(sent);
+    try {
+        return step(used);
+    } catch (const DatabaseError& error) {
+        noteEndedTransaction();
+        if (const Link link = engine_->link(); link == Link::Whole || !letGoOf(link, cut, error))
+            throw;
+    }
+    countTrip(sent);
+    return step(engine());
+}
+
+void Connection::requireUsable() const {
+    if (busy_)
+        throw DatabaseError(3711, QStringLiteral("Operation cannot be performed while executing asynchronously."));
     if (transaction_ == Transaction::Ended)
         throw DatabaseError(
             3930,
@@ -95,10 +135,31 @@ void Connection::noteEndedTransaction() {
     if (transaction_ != Transaction::Open)
         return;
     bool open = false;
-    countTrip(QStringLiteral("(transaction?)"));
-    Ignoring([&] { open = engine_->inTransaction(); });
+    if (engine_->link() == Link::Whole) {
+        countTrip(QStringLiteral("(transaction?)"));
+        Ignoring([&] { open = engine_->inTransaction(); });
+    }
     if (!open)
         transaction_ = Transaction::Ended;
+}
+
+bool Connection::letGoOf(Link link, Cut cut, const DatabaseError& error) {
+    const bool inTransaction = transaction_ != Transaction::None;
+    described_.clear();
+    engine_.reset();
+    if (link == Link::Replaced)
+        return false;
+    const bool inTheDark = cut == Cut::InTheDark;
+    if (error.number == GivenUp)
+        throw GivenUpError(inTheDark);
+    if (cut == Cut::Repeat && !inTransaction)
+        return true;
+    const QString lost =
+        inTheDark
+            ? QStringLiteral(
+                  "The connection to the database broke off. Look whether the change is there before you make it again.")
+            : QStringLiteral("The connection to the database broke off. Nothing of it is saved.");
+    throw DatabaseError(LinkFailure, lost, error.statement, QString::fromLatin1(LinkFailureState));
 }
 
 qint64 Connection::Execute(const QString& statement) {
@@ -120,14 +181,14 @@ qint64 Connection::LastIdentity() {
 void Connection::BeginTrans() {
     if (transaction_ != Transaction::None)
         throw DatabaseError(-2147168237, QStringLiteral("Cannot start more transactions on this session."));
-    atEngine(QStringLiteral("(begin)"), [](Engine& engine) { engine.begin(); });
+    atEngine(QStringLiteral("(begin)"), Cut::Repeat, [](Engine& engine) { engine.begin(); });
     transaction_ = Transaction::Open;
 }
 
 void Connection::CommitTrans() {
     if (transaction_ == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
-    atEngine(QStringLiteral("(commit)"), [](Engine& engine) { engine.commit(); });
+    atEngine(QStringLiteral("(commit)"), Cut::InTheDark, [](Engine& engine) { engine.commit(); });
     transaction_ = Transaction::None;
     for (Write& write : std::exchange(untold_, {}))
         written(std::move(write));
@@ -137,13 +198,27 @@ void Connection::RollbackTrans() {
     if (std::exchange(transaction_, Transaction::None) == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
     untold_.clear();
-    atEngine(QStringLiteral("(rollback)"), [](Engine& engine) { engine.rollback(); });
+    // A link that broke off has taken the transaction with it.
+    if (!engine_)
+        return;
+    try {
+        countTrip(QStringLiteral("(rollback)"));
+        engine_->rollback();
+    } catch (const DatabaseError&) {
+        // What nobody can roll back goes with its link.
+        const bool wasWhole = engine_->link() == Link::Whole;
+        described_.clear();
+        engine_.reset();
+        if (wasWhole)
+            throw;
+    }
 }
 
 qint64 Connection::send(const QString& statement, const std::vector<Value>& bound) {
     for (ReadTogether* together : std::as_const(together_))
         together->forgetWhatNames(WrittenTable(statement));
-    return atEngine(statement, [&](Engine& engine) { return engine.execute(statement, bound); });
+    const Cut cut = transaction_ == Transaction::None ? Cut::InTheDark : Cut::NothingDone;
+    return atEngine(statement, cut, [&](Engine& engine) { return engine.execute(statement, bound); });
 }
 
 ResultTable Connection::read(const QString& statement, int mostRows) {
@@ -152,13 +227,16 @@ ResultTable Connection::read(const QString& statement, int mostRows) {
 }
 
 ResultTable Connection::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
-    return atEngine(statement, [&](Engine& engine) { return engine.query(statement, bound, mostRows); });
+    const Cut cut = isQuestion(statement)               ? Cut::Repeat
+                    : transaction_ == Transaction::None ? Cut::InTheDark
+                                                        : Cut::NothingDone;
+    return atEngine(statement, cut, [&](Engine& engine) { return engine.query(statement, bound, mostRows); });
 }
 
 std::vector<ResultTable> Connection::queryTogether(const QStringList& statements) {
-    if (!engine_ || statements.isEmpty())
+    if (!engine_ || busy_ || transaction_ == Transaction::Ended || statements.isEmpty())
         return {};
-    std::vector<ResultTable> tables = atEngine(statements.join(QStringLiteral("; ")),
+    std::vector<ResultTable> tables = atEngine(statements.join(QStringLiteral("; ")), Cut::Repeat,
                                                [&](Engine& engine) { return engine.queryTogether(statements); });
     if (tables.size() < static_cast<std::size_t>(statements.size()))
         noteEndedTransaction();
@@ -166,11 +244,13 @@ std::vector<ResultTable> Connection::queryTogether(const QStringList& statements
 }
 
 const TableInfo& Connection::describe(const QString& table) {
-    if (const QString name = table.toLower(); !described_.contains(name)) {
-        countTrip(QStringLiteral("(columns of %1)").arg(table));
-        described_.insert(name);
-    }
-    return engine().describe(table);
+    const QString name = table.toLower();
+    if (described_.contains(name))
+        return engine().describe(table);
+    const TableInfo* info = atEngine(QStringLiteral("(columns of %1)").arg(table), Cut::Repeat,
+                                     [&](Engine& engine) { return &engine.describe(table); });
+    described_.insert(name);
+    return *info;
 }
 
 const ResultTable* Connection::readAlready(const QString& statement) const {

@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <QElapsedTimer>
 #include <QSet>
 #include <QString>
 #include <vector>
@@ -27,6 +29,16 @@ struct Write {
 /// Catalog (".db" is added when the name has no ending). Data Source ":memory:" is a private database that lives as
 /// long as the connection. Anything else is a SQL Server host ("host", "host\instance", "host,port") reached through
 /// ODBC. A text with "Driver=" goes to ODBC as it stands.
+///
+/// It stays open when its link breaks off (the server was started anew, the embedded file was replaced). Outside a
+/// transaction a read, or the begin of a transaction, then makes the link anew without a word and goes on; an embedded
+/// file that is no longer the same is told once first. A write that was under way fails, since nobody can tell whether
+/// it was carried out: it is never sent again. A transaction that was under way is lost whole. What comes next makes
+/// the link anew, or fails as Open would. All these errors are such that IsLinkFailure() knows. A Recordset stays
+/// usable.
+///
+/// While a statement waits, the user may be shown that (ShowWaiting); until it has ended every other call is refused
+/// with 3711.
 class Connection {
   public:
     Connection() = default;
@@ -40,7 +52,7 @@ class Connection {
     void Create(const QString& connectionText);
     /// A transaction that is open is rolled back.
     void Close();
-    [[nodiscard]] bool IsOpen() const { return engine_ != nullptr; }
+    [[nodiscard]] bool IsOpen() const { return !text_.isEmpty(); }
 
     /// Sends one statement and returns the number of rows affected. A second one behind a semicolon is refused.
     qint64 Execute(const QString& statement);
@@ -71,15 +83,24 @@ class Connection {
     friend class Recordset;
     friend class ReadTogether;
     enum class Transaction { None, Open, Ended };  ///< Ended by the database, and not yet rolled back here.
+    /// What may be done with a step whose link was cut.
+    enum class Cut {
+        Repeat,     ///< It changes nothing: it may be sent on a new link.
+        InTheDark,  ///< It may have been carried out, or not.
+        NothingDone
+    };
 
     Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
     void written(Write write);
-    void openEngine(const QString& connectionText, bool create);
-    void requireWholeTransaction() const;
+    void open(const QString& connectionText, bool create);
+    void openAnew();
+    void requireUsable() const;
     void noteEndedTransaction();
     /// Every way to the server goes through here.
     template <typename Step>
-    auto atEngine(const QString& sent, Step&& step);
+    auto atEngine(const QString& sent, Cut cut, Step&& step);
+    /// Lets go of a link that is not whole. True where the step may be sent again; the error then stays unsaid.
+    bool letGoOf(Link link, Cut cut, const DatabaseError& error);
     qint64 send(const QString& statement, const std::vector<Value>& bound);
     /// From what was read together, where the statement stands there, and all rows are wanted.
     ResultTable read(const QString& statement, int mostRows);
@@ -91,7 +112,12 @@ class Connection {
     [[nodiscard]] const ResultTable* readAlready(const QString& statement) const;
     void forgetRead();
 
-    std::unique_ptr<Engine> engine_;
+    QString text_;                    ///< As it was opened.
+    std::unique_ptr<Engine> engine_;  ///< Null while the link is broken.
+    bool busy_ = false;               ///< A statement is under way.
+    std::optional<DatabaseError> refusal_;
+    QElapsedTimer sinceRefusal_;
+    qint64 refusedFor_ = 0;  ///< Milliseconds from then on, in which it is not tried again.
     std::function<void(const Write&)> observer_;
     Transaction transaction_ = Transaction::None;
     std::vector<Write> untold_;  ///< Of the transaction that is open.

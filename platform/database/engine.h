@@ -25,6 +25,13 @@ struct TableInfo {
     QString identityColumn;  ///< Assigned by the database; empty where there is none.
 };
 
+/// How an engine's way to its database is.
+enum class Link {
+    Whole,
+    Cut,      ///< The connection broke off. It can be made anew without a word where nothing was under way.
+    Replaced  ///< The database is no longer the one that was opened. The user has to know.
+};
+
 /// One open database session. Every failure is a DatabaseError with the server's number for the fault.
 class Engine {
   public:
@@ -48,6 +55,8 @@ class Engine {
     virtual void rollback() = 0;
     /// Whether the transaction is still open: a fault may have ended it. Asks the database.
     [[nodiscard]] virtual bool inTransaction() = 0;
+    /// As it is known after a failure; asks nobody. A session whose link is not whole is of no more use.
+    [[nodiscard]] virtual Link link() = 0;
     /// From the schema, kept for the session. An unknown table is error 208.
     virtual const TableInfo& describe(const QString& table) = 0;
     /// The key that the last insert of this session was given.

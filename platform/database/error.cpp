@@ -11,6 +11,10 @@ DatabaseError::DatabaseError(int errorNumber, QString errorDescription, QString 
       sqlState(std::move(state)),
       utf8_(description.toUtf8()) {}
 
+bool IsLinkFailure(const DatabaseError& error) {
+    return error.sqlState.startsWith(QLatin1String("08"));
+}
+
 DatabaseError RowChangedError(QString failedStatement) {
     return {
         RowChanged,

@@ -29,6 +29,13 @@ inline constexpr int RowChanged = -2147217864;
 /// That error, with the cursor service's own words.
 [[nodiscard]] DatabaseError RowChangedError(QString failedStatement = {});
 
+/// The server's number and the SQLSTATE for a connection that broke off.
+inline constexpr int LinkFailure = 11;
+inline constexpr const char* LinkFailureState = "08S01";
+
+/// Whether it failed for want of a connection, whatever was asked of the database.
+[[nodiscard]] bool IsLinkFailure(const DatabaseError& error);
+
 /// Where the system reads on after a failure: runs one step, swallows a DatabaseError and tells whether it went well.
 template <typename Step>
 bool Ignoring(Step&& step) {

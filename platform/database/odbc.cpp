@@ -1,7 +1,7 @@
 #include <array>
 #include <QHash>
 
-#include "platform/database/engine.h"
+#include "platform/database/backgroundengine.h"
 #include "platform/database/error.h"
 #include "platform/database/odbcstatement.h"
 #include "platform/database/statement.h"
@@ -13,17 +13,21 @@ namespace {
 /// Seconds that a server may take to answer at the door.
 constexpr SQLULEN loginTimeoutSeconds = 5;
 
+/// A wait for a lock is cut into pieces of this length. After each the statement is known not to have been carried out.
+constexpr int lockPieceMilliseconds = 2'000;
+
 SQLPOINTER asPointer(SQLULEN number) {
     return reinterpret_cast<SQLPOINTER>(number);
 }
 
-/// The environment, of which a program needs one.
+/// The environment, of which a program needs one. It stays until the program's very end, since a thread that waits for
+/// a server in vain may still use it then.
 SQLHANDLE environment() {
-    static const OdbcHandle<SQL_HANDLE_ENV> handle(SQL_NULL_HANDLE);
+    static const auto* handle = new OdbcHandle<SQL_HANDLE_ENV>(SQL_NULL_HANDLE);
     static const SQLRETURN version =
-        SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, asPointer(SQL_OV_ODBC3), SQL_IS_UINTEGER);
+        SQLSetEnvAttr(handle->get(), SQL_ATTR_ODBC_VERSION, asPointer(SQL_OV_ODBC3), SQL_IS_UINTEGER);
     Q_UNUSED(version);
-    return handle.get();
+    return handle->get();
 }
 
 bool isInsert(const QString& statement) {
@@ -33,7 +37,7 @@ bool isInsert(const QString& statement) {
 }  // namespace
 
 /// A database behind an ODBC driver: a SQL Server, or one that takes the same statements.
-class OdbcEngine final : public Engine {
+class OdbcEngine final : public CancellableEngine {
   public:
     explicit OdbcEngine(const QString& odbcText);
     ~OdbcEngine() override;
@@ -45,6 +49,8 @@ class OdbcEngine final : public Engine {
     void commit() override;
     void rollback() override;
     [[nodiscard]] bool inTransaction() override;
+    [[nodiscard]] Link link() override;
+    void cancel() override { running_.cancel(); }
     const TableInfo& describe(const QString& table) override;
     qint64 lastIdentity() override;
 
@@ -59,6 +65,7 @@ class OdbcEngine final : public Engine {
     void check(SQLRETURN result) const;
 
     OdbcHandle<SQL_HANDLE_DBC> connection_;
+    mutable RunningStatement running_;
     bool sqlServer_ = false;
     QString setUp_;  ///< Goes along with the first statement that reads, so that it costs no trip of its own.
     qint64 identity_ = 0;
@@ -77,7 +84,7 @@ OdbcEngine::OdbcEngine(const QString& odbcText) : connection_(environment()) {
                      .contains(QLatin1String("Microsoft SQL Server"));
     // A server may be set to tell no counts, by which a row that somebody else changed is noticed.
     if (sqlServer_)
-        setUp_ = QStringLiteral("Set NoCount Off\n");
+        setUp_ = QStringLiteral("Set NoCount Off Set Lock_Timeout %1\n").arg(lockPieceMilliseconds);
 }
 
 OdbcEngine::~OdbcEngine() {
@@ -90,7 +97,7 @@ qint64 OdbcEngine::execute(const QString& statement, const std::vector<Value>& b
     setUp();
     if (sqlServer_ && isInsert(statement))
         return insertOnServer(statement, bound);
-    OdbcStatement sent(connection_.get());
+    OdbcStatement sent(connection_.get(), running_);
     run(sent, statement, bound);
     const qint64 rows = sent.rowCount();
     sent.finish();
@@ -99,7 +106,7 @@ qint64 OdbcEngine::execute(const QString& statement, const std::vector<Value>& b
 
 /// The key that the server gave can be asked for in the statement's own batch alone.
 qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Value>& bound) {
-    OdbcStatement sent(connection_.get());
+    OdbcStatement sent(connection_.get(), running_);
     // The driver tells no count where values are bound.
     run(sent, statement + QStringLiteral("\nSelect Cast(Scope_Identity() As bigint), @@RowCount"), bound);
     const ResultTable told = sent.rows();
@@ -112,7 +119,7 @@ ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>
     // A statement with bound values is a procedure to the server, which takes settings back at its end.
     if (!bound.empty())
         setUp();
-    OdbcStatement sent(connection_.get());
+    OdbcStatement sent(connection_.get(), running_);
     run(sent, statement, bound);
     ResultTable rows = sent.rows(mostRows);
     // What lies behind the wanted rows is not worth reading.
@@ -127,7 +134,7 @@ std::vector<ResultTable> OdbcEngine::queryTogether(const QStringList& statements
         return Engine::queryTogether(statements);
     std::vector<ResultTable> tables;
     const bool wentWell = Ignoring([&] {
-        OdbcStatement sent(connection_.get());
+        OdbcStatement sent(connection_.get(), running_);
         run(sent, statements.join(QLatin1Char('\n')), {});
         sent.appendAllRows(tables);
     });
@@ -175,6 +182,12 @@ void OdbcEngine::rollback() {
 /// Of another database nothing is known but what it was told.
 bool OdbcEngine::inTransaction() {
     return !sqlServer_ || query(QStringLiteral("Select @@TranCount"), {}, 0).at(0, 0).integer() > 0;
+}
+
+Link OdbcEngine::link() {
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    SQLGetConnectAttrW(connection_.get(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr);
+    return dead == SQL_CD_TRUE ? Link::Cut : Link::Whole;
 }
 
 void OdbcEngine::endByDriver(SQLSMALLINT how) {
@@ -245,7 +258,7 @@ TableInfo OdbcEngine::describeOnServer(const QString& table) {
 /// What any driver tells. Where a table's key is one whole number, the database is taken to assign it.
 TableInfo OdbcEngine::describeByDriver(const QString& table) const {
     TableInfo info;
-    OdbcStatement columns(connection_.get());
+    OdbcStatement columns(connection_.get(), running_);
     const auto length = static_cast<SQLSMALLINT>(table.size());
     check(SQLColumnsW(columns.handle(), nullptr, 0, nullptr, 0, WideText(table), length, nullptr, 0));
     const ResultTable told = columns.rows();
@@ -257,7 +270,7 @@ TableInfo OdbcEngine::describeByDriver(const QString& table) const {
         column.nullable = told.at(row, 10).integer() != SQL_NO_NULLS;
         info.columns.push_back(std::move(column));
     }
-    OdbcStatement keys(connection_.get());
+    OdbcStatement keys(connection_.get(), running_);
     check(SQLPrimaryKeysW(keys.handle(), nullptr, 0, nullptr, 0, WideText(table), length));
     const ResultTable key = keys.rows();
     for (int row = 0; row < key.rowCount(); ++row)
@@ -280,7 +293,7 @@ void OdbcEngine::check(SQLRETURN result) const {
 }
 
 std::unique_ptr<Engine> OpenOdbc(const QString& odbcText) {
-    return std::make_unique<OdbcEngine>(odbcText);
+    return InBackground(std::make_unique<OdbcEngine>(odbcText));
 }
 
 }  // namespace db

@@ -75,6 +75,22 @@ ColumnType OdbcColumnType(SQLSMALLINT type) {
     }
 }
 
+void RunningStatement::cancel() {
+    const std::lock_guard lock(mutex_);
+    if (handle_ != SQL_NULL_HANDLE)
+        SQLCancel(handle_);
+}
+
+OdbcStatement::OdbcStatement(SQLHANDLE connection, RunningStatement& running) : handle_(connection), running_(running) {
+    const std::lock_guard lock(running_.mutex_);
+    running_.handle_ = handle();
+}
+
+OdbcStatement::~OdbcStatement() {
+    const std::lock_guard lock(running_.mutex_);
+    running_.handle_ = SQL_NULL_HANDLE;
+}
+
 void OdbcStatement::bind(const std::vector<Value>& values, bool dateTimesAsText) {
     bound_.resize(values.size());
     for (std::size_t i = 0; i < values.size(); ++i)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include "platform/database/odbchandle.h"
@@ -11,10 +12,24 @@ namespace db {
 /// By the type's number in the ODBC interface.
 ColumnType OdbcColumnType(SQLSMALLINT type);
 
+/// The statement that a connection is at work on, for a thread that wants it cancelled.
+class RunningStatement {
+  public:
+    void cancel();
+
+  private:
+    friend class OdbcStatement;
+    std::mutex mutex_;
+    SQLHANDLE handle_ = SQL_NULL_HANDLE;
+};
+
 /// One run of one statement on an ODBC connection.
 class OdbcStatement {
   public:
-    explicit OdbcStatement(SQLHANDLE connection) : handle_(connection) {}
+    OdbcStatement(SQLHANDLE connection, RunningStatement& running);
+    ~OdbcStatement();
+    OdbcStatement(const OdbcStatement&) = delete;
+    OdbcStatement& operator=(const OdbcStatement&) = delete;
 
     [[nodiscard]] SQLHANDLE handle() const { return handle_.get(); }
 
@@ -47,6 +62,7 @@ class OdbcStatement {
     void readBytes(ResultTable& table, SQLUSMALLINT column, SQLSMALLINT cType) const;
 
     OdbcHandle<SQL_HANDLE_STMT> handle_;
+    RunningStatement& running_;
     QString statement_;
     std::vector<Bound> bound_;
 };

@@ -1,7 +1,9 @@
 #include "platform/database/embedded/embeddedengine.h"
 
 #include <algorithm>
+#include <chrono>
 #include <QFileInfo>
+#include <thread>
 
 #include "platform/database/embedded/faults.h"
 #include "platform/database/embedded/functioncall.h"
@@ -14,7 +16,6 @@ namespace db::embedded {
 
 namespace {
 
-constexpr int lockTimeoutMilliseconds = 30'000;
 constexpr std::size_t keptStatements = 128;
 
 DatabaseHandle openHandle(const QString& file, bool create, const QString& database) {
@@ -122,8 +123,10 @@ void store(sqlite3_context* context, int count, sqlite3_value** arguments) {
 EmbeddedEngine::EmbeddedEngine(const QString& file, bool create, int openingTimeout)
     : database_(QFileInfo(file).completeBaseName()),
       handle_(openHandle(file, create, database_)),
-      catalog_(handle_.get()) {
+      catalog_(handle_.get()),
+      file_(handle_.get(), file) {
     sqlite3_extended_result_codes(handle_.get(), 1);
+    sqlite3_busy_handler(handle_.get(), &EmbeddedEngine::waitForLock, this);
     setLockTimeout(openingTimeout);
     RegisterDialect(handle_.get(), &state_);
     registerStore();
@@ -132,7 +135,8 @@ EmbeddedEngine::EmbeddedEngine(const QString& file, bool create, int openingTime
     } catch (const DatabaseError&) {
         throw OpeningFault(sqlite3_extended_errcode(handle_.get()), database_);
     }
-    setLockTimeout(lockTimeoutMilliseconds);
+    requireWholeFile();  // The files beside it are there now.
+    setLockTimeout(LockTimeoutMilliseconds);
 }
 
 /// The first read of the file is here, so that a damaged one is found when it is opened.
@@ -175,15 +179,56 @@ void EmbeddedEngine::registerStore() {
                                nullptr, nullptr, [](void* old) { delete static_cast<StoreState*>(old); });
 }
 
-void EmbeddedEngine::setLockTimeout(int milliseconds) {
-    sqlite3_busy_timeout(handle_.get(), milliseconds);
+void EmbeddedEngine::requireWholeFile() {
+    // Who has been told may have passed over it.
+    if (link_ == Link::Replaced)
+        throw ReplacedDatabase(database_);
+    const OpenFile::State state = file_.look();
+    if (state == OpenFile::State::Whole)
+        return;
+    link_ = Link::Replaced;
+    if (inTransaction())
+        sqlite3_exec(handle_.get(), "Rollback", nullptr, nullptr, nullptr);
+    // What the desks have saved lies in the log that somebody removed: it is still open here, and goes into the file.
+    if (state == OpenFile::State::LogMissing)
+        sqlite3_wal_checkpoint_v2(handle_.get(), nullptr, SQLITE_CHECKPOINT_FULL, nullptr, nullptr);
+    // By closing SQLite would delete the log of the name, which may be another file's by now.
+    sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    throw ReplacedDatabase(database_);
+}
+
+int EmbeddedEngine::waitForLock(void* engine, int count) {
+    return static_cast<EmbeddedEngine*>(engine)->waitsOn(count == 0) ? 1 : 0;
+}
+
+bool EmbeddedEngine::waitsOn(bool anew) {
+    constexpr std::chrono::milliseconds pause(5);
+    if (anew || !wait_) {
+        sinceWait_.start();
+        wait_.emplace();
+    }
+    const qint64 elapsed = sinceWait_.elapsed();
+    if (elapsed >= lockTimeout_)
+        return false;
+    std::this_thread::sleep_for(pause);
+    givenUp_ = !wait_->goesOn(elapsed);
+    return !givenUp_;
+}
+
+int EmbeddedEngine::waited(int code) {
+    constexpr int primary = 0xFF;
+    wait_.reset();
+    givenUp_ = givenUp_ && (code & primary) == SQLITE_BUSY;
+    return code;
 }
 
 qint64 EmbeddedEngine::execute(const QString& statement, const std::vector<Value>& bound) {
+    requireWholeFile();
     return naming(statement, [&] { return run(statement, bound); });
 }
 
 ResultTable EmbeddedEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
+    requireWholeFile();
     return naming(statement, [&] {
         if (prepare(statement).translation.kind != Translation::Kind::Rows) {
             run(statement, bound);
@@ -236,6 +281,7 @@ std::optional<ResultTable> EmbeddedEngine::readRows(const QString& text, Stateme
 void EmbeddedEngine::begin() {
     if (inTransaction())
         throw DatabaseError(-2147168237, QStringLiteral("Only one transaction can be active on this session."));
+    requireWholeFile();
     runOwn("Begin Immediate");
 }
 
@@ -243,6 +289,7 @@ void EmbeddedEngine::commit() {
     if (!inTransaction())
         throw DatabaseError(3902,
                             QStringLiteral("The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."));
+    requireWholeFile();
     runOwn("Commit");
 }
 
@@ -345,7 +392,7 @@ void EmbeddedEngine::bind(Statement& prepared, const std::vector<Value>& bound) 
 }
 
 bool EmbeddedEngine::step(const QString& text, Statement& prepared) {
-    const int code = sqlite3_step(prepared.handle.get());
+    const int code = waited(sqlite3_step(prepared.handle.get()));
     if (code == SQLITE_ROW)
         return true;
     // The next statement has a moment of its own.
@@ -363,11 +410,13 @@ void EmbeddedEngine::forgetSchema() {
 }
 
 void EmbeddedEngine::runOwn(const char* sql) {
-    if (sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (waited(sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr)) != SQLITE_OK)
         fail(QString::fromLatin1(sql));
 }
 
 void EmbeddedEngine::fail(const QString& statement) {
+    if (std::exchange(givenUp_, false))
+        throw GivenUpError(false);
     const int fault = std::exchange(state_.fault, 0);
     throw FaultOf(handle_.get(), fault, database_, statement);
 }

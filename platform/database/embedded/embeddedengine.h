@@ -2,21 +2,28 @@
 
 #include <list>
 #include <optional>
+#include <QElapsedTimer>
 #include <QHash>
 #include <unordered_map>
 
 #include "platform/database/embedded/catalog.h"
 #include "platform/database/embedded/functions.h"
+#include "platform/database/embedded/openfile.h"
 #include "platform/database/embedded/sqlitehandle.h"
 #include "platform/database/embedded/translate.h"
 #include "platform/database/engine.h"
+#include "platform/database/waiting.h"
 
 namespace db::embedded {
 
 /// One session on a SQLite file that takes the system's T-SQL.
 ///
-/// Readers never wait; a writer waits for another desk's write up to the lock timeout and then fails with 1222. A
-/// transaction that is open when the session ends is rolled back.
+/// Readers never wait; a writer waits for another desk's write up to the lock timeout and then fails with 1222. A wait
+/// that has become long is shown by ShowWaiting(), and ends when the user gives up. A transaction that is open when the
+/// session ends is rolled back.
+///
+/// Before each statement the file is looked at: once it is no longer the one that was opened, nothing is read or
+/// written any more.
 class EmbeddedEngine final : public Engine {
   public:
     /// A file that another program locks is waited for `openingTimeout` milliseconds, so that whoever starts the
@@ -29,10 +36,11 @@ class EmbeddedEngine final : public Engine {
     void commit() override;
     void rollback() override;
     [[nodiscard]] bool inTransaction() override;
+    [[nodiscard]] Link link() override { return link_; }
     const TableInfo& describe(const QString& table) override;
     qint64 lastIdentity() override;
 
-    void setLockTimeout(int milliseconds);
+    void setLockTimeout(int milliseconds) { lockTimeout_ = milliseconds; }
     /// What SQLite is asked, for tests of the translation and of the use of indexes.
     [[nodiscard]] QString explain(const QString& statement);
 
@@ -54,6 +62,11 @@ class EmbeddedEngine final : public Engine {
     std::optional<ResultTable> readRows(const QString& text, Statement& prepared, const std::vector<Value>& bound,
                                         int mostRows);
     void forgetSchema();
+    void requireWholeFile();
+    static int waitForLock(void* engine, int count);
+    bool waitsOn(bool anew);
+    /// What SQLite answered, at the end of any wait.
+    int waited(int code);
     void runOwn(const char* sql);
     [[noreturn]] void fail(const QString& statement);
     void registerStore();
@@ -63,6 +76,12 @@ class EmbeddedEngine final : public Engine {
     FunctionState state_;
     DatabaseHandle handle_;
     Catalog catalog_;
+    OpenFile file_;
+    Link link_ = Link::Whole;
+    int lockTimeout_ = 0;  ///< Milliseconds.
+    QElapsedTimer sinceWait_;
+    std::optional<ShownWait> wait_;  ///< While a statement waits for a lock.
+    bool givenUp_ = false;
     std::list<CachedStatement> statements_;  ///< The one used last stands first.
     QHash<QString, std::list<CachedStatement>::iterator> byText_;
     std::unordered_map<std::string, TableInfo> described_;

@@ -149,4 +149,14 @@ DatabaseError MissingDatabase(const QString& database) {
             QStringLiteral("Cannot open database \"%1\" requested by the login. The login failed.").arg(database)};
 }
 
+DatabaseError ReplacedDatabase(const QString& database) {
+    return {
+        LinkFailure,
+        QStringLiteral(
+            "The file of the database \"%1\" was moved, deleted or replaced while it was open. Nothing is saved until it is opened again.")
+            .arg(database),
+        {},
+        QString::fromLatin1(LinkFailureState)};
+}
+
 }  // namespace db::embedded

@@ -18,4 +18,7 @@ DatabaseError OpeningFault(int code, const QString& database);
 /// 4060, for a file that is not there.
 DatabaseError MissingDatabase(const QString& database);
 
+/// For a file that is no longer the one that was opened.
+DatabaseError ReplacedDatabase(const QString& database);
+
 }  // namespace db::embedded

@@ -110,10 +110,13 @@ QString fromUtf16(const QByteArray& bytes) {
 
 }  // namespace
 
-ServerDouble::ServerDouble(std::vector<Message> messages, const QString& answer)
+ServerDouble::ServerDouble(std::vector<Message> messages, const QString& answer, int port)
     : messages_(std::move(messages)), answer_(answer) {
     listener_ = socket(AF_INET, SOCK_STREAM, 0);
+    const int again = 1;
+    setsockopt(listener_, SOL_SOCKET, SO_REUSEADDR, &again, sizeof(again));
     sockaddr_in address{};
+    address.sin_port = htons(static_cast<in_port_t>(port));
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof(address);
@@ -127,6 +130,7 @@ ServerDouble::ServerDouble(std::vector<Message> messages, const QString& answer)
 ServerDouble::~ServerDouble() {
     ending_ = true;
     shutdown(listener_, SHUT_RDWR);
+    cutAll();
     thread_.join();
     close(listener_);
 }
@@ -141,7 +145,13 @@ void ServerDouble::serve() {
             silent.push_back(caller);
             continue;
         }
+        {
+            const std::lock_guard lock(mutex_);
+            caller_ = caller;
+        }
         converse(caller);
+        const std::lock_guard lock(mutex_);
+        caller_ = -1;
         close(caller);
     }
     for (const int caller : silent)
@@ -155,6 +165,8 @@ void ServerDouble::converse(int caller) {
             return;
         const auto length = qFromBigEndian<quint16>(header.constData() + 2);
         const QByteArray packet = replyTo(header[0], receive(caller, length - headerSize));
+        if (packet.isNull())
+            return;
         send(caller, packet.constData(), static_cast<std::size_t>(packet.size()), MSG_NOSIGNAL);
     }
 }
@@ -165,16 +177,40 @@ QByteArray ServerDouble::replyTo(char type, const QByteArray& body) {
         return preloginReply();
     if (type == loginRequest) {
         readLogin(body);
+        ++logins_;
         return messages_.empty() ? welcome() : refusal(messages_);
     }
     received_ += body;
+    if (const auto rule = ruleFor(body)) {
+        if (rule->kind == Rule::Refuse)
+            return refusal({rule->message});
+        return rule->kind == Rule::Cut ? QByteArray() : QByteArray("");
+    }
     const bool ofProcedure = type == procedureRequest;
     return body.contains(utf16("Select")) ? oneRow(answer_, ofProcedure) : reply(counted(ofProcedure, 1));
 }
 
-bool ServerDouble::received(const QString& text) const {
+int ServerDouble::timesReceived(const QString& text) const {
     const std::lock_guard lock(mutex_);
-    return received_.contains(utf16(text));
+    return static_cast<int>(received_.count(utf16(text)));
+}
+
+void ServerDouble::set(const QString& text, const Rule& rule) {
+    const std::lock_guard lock(mutex_);
+    rules_.emplace_back(utf16(text), rule);
+}
+
+std::optional<ServerDouble::Rule> ServerDouble::ruleFor(const QByteArray& body) const {
+    for (const auto& [text, rule] : rules_)
+        if (body.contains(text))
+            return rule;
+    return std::nullopt;
+}
+
+void ServerDouble::cutAll() {
+    const std::lock_guard lock(mutex_);
+    if (caller_ >= 0)
+        shutdown(caller_, SHUT_RDWR);
 }
 
 void ServerDouble::readLogin(const QByteArray& login) {

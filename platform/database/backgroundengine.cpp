@@ -1,0 +1,201 @@
+#include "platform/database/backgroundengine.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <QElapsedTimer>
+#include <thread>
+
+#include "platform/database/waiting.h"
+
+namespace db {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+/// How often a shown wait looks whether the user has given up.
+constexpr milliseconds betweenLooks{15};
+/// How long an engine that was asked to give up may take to answer; a lock is let go within its time-out.
+constexpr int cancelMilliseconds = 4'000;
+
+/// What the two threads share. It belongs to both, so that a thread that never gets its answer can be left to itself.
+struct Shared {
+    explicit Shared(std::unique_ptr<CancellableEngine> of) : engine(std::move(of)) {}
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::unique_ptr<CancellableEngine> engine;
+    std::function<void()> job;  ///< Empty while the engine has nothing to do.
+    bool ending = false;
+};
+
+void serve(const std::shared_ptr<Shared>& shared) {
+    std::unique_lock lock(shared->mutex);
+    for (;;) {
+        shared->changed.wait(lock, [&] { return shared->job || shared->ending; });
+        if (!shared->job)
+            break;
+        lock.unlock();
+        shared->job();
+        lock.lock();
+        shared->job = nullptr;
+        shared->changed.notify_all();
+    }
+    lock.unlock();
+    shared->engine.reset();
+}
+
+bool isLockTimeout(const DatabaseError& error) {
+    constexpr int lockRequestTimeOut = 1222;
+    return error.number == lockRequestTimeOut ||
+           error.description.contains(QLatin1String("lock timeout"), Qt::CaseInsensitive);
+}
+
+class BackgroundEngine final : public Engine {
+  public:
+    explicit BackgroundEngine(std::unique_ptr<CancellableEngine> engine)
+        : shared_(std::make_shared<Shared>(std::move(engine))), thread_([shared = shared_] { serve(shared); }) {}
+    ~BackgroundEngine() override;
+
+    qint64 execute(const QString& statement, const std::vector<Value>& bound) override {
+        return answerOf<qint64>([=](Engine& engine) { return engine.execute(statement, bound); });
+    }
+    ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override {
+        return answerOf<ResultTable>([=](Engine& engine) { return engine.query(statement, bound, mostRows); });
+    }
+    std::vector<ResultTable> queryTogether(const QStringList& statements) override {
+        return answerOf<std::vector<ResultTable>>([=](Engine& engine) { return engine.queryTogether(statements); });
+    }
+    void begin() override {
+        answerOf<bool>([](Engine& engine) { return engine.begin(), true; });
+        begun_ = true;
+    }
+    void commit() override {
+        answerOf<bool>([](Engine& engine) { return engine.commit(), true; });
+        begun_ = false;
+    }
+    void rollback() override {
+        begun_ = false;
+        answerOf<bool>([](Engine& engine) { return engine.rollback(), true; });
+    }
+    bool inTransaction() override {
+        return answerOf<bool>([](Engine& engine) { return engine.inTransaction(); });
+    }
+    Link link() override { return leftAlone_ ? Link::Cut : shared_->engine->link(); }
+    const TableInfo& describe(const QString& table) override {
+        return *answerOf<const TableInfo*>([=](Engine& engine) { return &engine.describe(table); });
+    }
+    qint64 lastIdentity() override {
+        return answerOf<qint64>([](Engine& engine) { return engine.lastIdentity(); });
+    }
+
+  private:
+    /// The answer is the threads' common property too: one that comes too late finds its place.
+    template <typename Answer>
+    struct Outcome {
+        Answer answer{};
+        std::exception_ptr failure;
+    };
+    template <typename Answer>
+    Answer answerOf(const std::function<Answer(Engine&)>& step);
+    template <typename Answer>
+    Answer once(const std::function<Answer(Engine&)>& step, const QElapsedTimer& since, ShownWait& shown);
+    void start(std::function<void()> job);
+    [[nodiscard]] bool answersWithin(milliseconds time);
+    /// False when the user gave up.
+    bool wait(const QElapsedTimer& since, ShownWait& shown);
+
+    std::shared_ptr<Shared> shared_;
+    std::thread thread_;
+    bool begun_ = false;
+    bool leftAlone_ = false;
+};
+
+BackgroundEngine::~BackgroundEngine() {
+    {
+        const std::lock_guard lock(shared_->mutex);
+        shared_->ending = true;
+    }
+    shared_->changed.notify_all();
+    if (leftAlone_)
+        thread_.detach();
+    else
+        thread_.join();
+}
+
+// The server waits for a lock in short pieces, after each of which it is certain that nothing was done: so a wait can
+// be given up with a server, too, that does not listen while it waits.
+template <typename Answer>
+Answer BackgroundEngine::answerOf(const std::function<Answer(Engine&)>& step) {
+    QElapsedTimer since;
+    since.start();
+    ShownWait shown;
+    for (;;) {
+        try {
+            return once(step, since, shown);
+        } catch (const DatabaseError& error) {
+            if (!isLockTimeout(error) || since.elapsed() > LockTimeoutMilliseconds)
+                throw;
+            if (!shown.goesOn(since.elapsed()))
+                throw GivenUpError(false);
+            // Where the server has ended the transaction besides, the statement would be stored alone.
+            if (begun_ && !inTransaction())
+                throw;
+        }
+    }
+}
+
+template <typename Answer>
+Answer BackgroundEngine::once(const std::function<Answer(Engine&)>& step, const QElapsedTimer& since,
+                              ShownWait& shown) {
+    auto outcome = std::make_shared<Outcome<Answer>>();
+    start([outcome, step, engine = shared_->engine.get()] {
+        try {
+            outcome->answer = step(*engine);
+        } catch (...) {
+            outcome->failure = std::current_exception();
+        }
+    });
+    const bool waited = wait(since, shown);
+    if (leftAlone_)
+        throw GivenUpError(true);
+    if (!outcome->failure)
+        return std::move(outcome->answer);
+    // A statement that failed because it was cancelled, for whatever reason the database gives.
+    if (!waited)
+        throw GivenUpError(false);
+    std::rethrow_exception(outcome->failure);
+}
+
+void BackgroundEngine::start(std::function<void()> job) {
+    {
+        const std::lock_guard lock(shared_->mutex);
+        shared_->job = std::move(job);
+    }
+    shared_->changed.notify_all();
+}
+
+bool BackgroundEngine::answersWithin(milliseconds time) {
+    std::unique_lock lock(shared_->mutex);
+    return shared_->changed.wait_for(lock, time, [this] { return !shared_->job; });
+}
+
+bool BackgroundEngine::wait(const QElapsedTimer& since, ShownWait& shown) {
+    if (answersWithin(milliseconds(qMax<qint64>(0, UnnoticedWaitMilliseconds - since.elapsed()))))
+        return true;
+    while (shown.goesOn(since.elapsed()))
+        if (answersWithin(betweenLooks))
+            return true;
+    shared_->engine->cancel();
+    leftAlone_ = !answersWithin(milliseconds(cancelMilliseconds));
+    return false;
+}
+
+}  // namespace
+
+std::unique_ptr<Engine> InBackground(std::unique_ptr<CancellableEngine> engine) {
+    return std::make_unique<BackgroundEngine>(std::move(engine));
+}
+
+}  // namespace db

@@ -1,0 +1,43 @@
+#include "platform/database/waiting.h"
+
+#include <atomic>
+
+namespace db {
+
+namespace {
+
+std::atomic<bool> gaveUp{false};
+
+}  // namespace
+
+std::function<std::unique_ptr<Waiting>()>& ShowWaiting() {
+    static std::function<std::unique_ptr<Waiting>()> show;
+    return show;
+}
+
+void AskAboutWaitsAgain() {
+    gaveUp = false;
+}
+
+DatabaseError GivenUpError(bool mayBeSaved) {
+    return {
+        GivenUp,
+        mayBeSaved
+            ? QStringLiteral(
+                  "The wait for the database was given up, and it did not answer. Look whether the change is there before you make it again.")
+            : QStringLiteral("The wait for the database was given up. Nothing of it was saved.")};
+}
+
+bool ShownWait::goesOn(qint64 elapsed) {
+    if (elapsed < UnnoticedWaitMilliseconds)
+        return true;
+    if (gaveUp)
+        return false;
+    if (!asked_ && ShowWaiting())
+        shown_ = ShowWaiting()();
+    asked_ = true;
+    gaveUp = shown_ && !shown_->GoesOn();
+    return !gaveUp;
+}
+
+}  // namespace db
