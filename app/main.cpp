@@ -7,6 +7,7 @@
 #include "app/viewfactories.h"
 #include "appointments/frmnore.h"
 #include "platform/theme/theme.h"
+#include "session/databasewait.h"
 #include "session/session.h"
 #include "session/startup.h"
 #include "views/mdisched.h"
@@ -99,6 +100,7 @@ int start(int argc, char** argv, const AppOptions& options, ViewFactories factor
     QApplication::setDesktopFileName(QStringLiteral("svscheduler"));
     Theme::Install(options.mode);
     frmnore::QuickLookUp = QuickLookUpMilliseconds;
+    ShowDatabaseWaits();
     return run(options, std::move(factories));
 }
 

@@ -26,7 +26,7 @@ void AuditLog(const QString& user, const QString& location, const QString& listI
     if (!session.ALEnabled)
         return;
     const QString now = QLocale::c().toString(Now(), QStringLiteral("yyyy/MM/dd hh:mm:ss AP"));
-    db::Ignoring([&] {
+    TryAndTell(QStringLiteral("The audit log was not written. "), [&] {
         Session().Connection.Execute(db::Sql(
             "Insert into AuditLog (LogUser, LogDate, LogLocation, LogDescription, LogListId, LogNotes, CompUser, CompName) Values('{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}')",
             user, now, location, description, listId, notes.isEmpty() ? QStringLiteral("-") : notes, session.OsUserName,

@@ -18,7 +18,6 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
-#include "session/errorbox.h"
 #include "session/preferences.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
@@ -100,8 +99,10 @@ void frmall::ApplyPreferences() {
 }
 
 void frmall::LoadProviders() {
+    cbodisc->clear();
     cbodisc->addItem(QStringLiteral("Show All"));
-    try {
+    ctList1->Clear();
+    const auto addProviders = [this] {
         for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString id = rows["Id"].text();
             const QString name = rows["prov_lastname"].text();
@@ -111,11 +112,16 @@ void frmall::LoadProviders() {
             if (!discipline.isEmpty() && cbodisc->findText(discipline, Qt::MatchFixedString) < 0)
                 cbodisc->addItem(discipline);
         }
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error loading provider list. "), error);
-    }
+    };
+    providersRead_ = readInto(*ctMDay1, QStringLiteral("Error loading provider list. "), addProviders);
     cbodisc->setCurrentIndex(AllDisciplines);
     resetcols();
+}
+
+void frmall::Reload() {
+    if (!providersRead_)
+        LoadProviders();
+    loadmdayview();
 }
 
 bool frmall::providerchecked(const QString& id) const {
@@ -171,7 +177,7 @@ void frmall::loadmdayview() {
     QHash<QString, int> columns;
     for (std::size_t i = 0; i < List1.size(); ++i)
         columns.insert(List1[i].toLower(), static_cast<int>(i) + 1);
-    try {
+    const auto addRows = [&] {
         addAppointments(Recordset(appointmentsStatement(date), Session().Connection),
                         [&columns](const Recordset& row, CalendarItem& item) {
                             if (row["allday"].boolean())
@@ -183,9 +189,9 @@ void frmall::loadmdayview() {
                             return true;
                         });
         loadHoliday(date);
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error loading schedule. "), error);
-    }
+    };
+    if (providersRead_)
+        readInto(*ctMDay1, QStringLiteral("Error loading schedule. "), addRows);
     LoadWorkSchedule(date);
     endLoad();
     const QString caption = LongDateText(date);

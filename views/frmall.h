@@ -34,7 +34,7 @@ class frmall : public CalendarView {
     void LoadWorkSchedule(QDate date);
 
     void displayapptinfo(int index) override;
-    void Reload() override { loadmdayview(); }
+    void Reload() override;
     void ApplyPreferences() override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override { return from.addDays(direction); }
     /// The toolbar's command adds on the day and the week.
@@ -70,6 +70,7 @@ class frmall : public CalendarView {
 
     std::vector<QString> List1;  ///< The provider's id of each column.
     QWidget* panel_ = nullptr;
+    bool providersRead_ = false;
     bool sized_ = false;  ///< The view has had its first size.
     ctList* ctList1 = nullptr;
     QComboBox* cbodisc = nullptr;

@@ -14,7 +14,6 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "search/frmfinda.h"
-#include "session/errorbox.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
 #include "views/menutables.h"
@@ -109,11 +108,8 @@ void frmmtv::LoadMonthView() {
     ctWeek1->ClearItems();
     ctWeek1->setDate(date);
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
-    try {
-        addAppointments(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days);
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error reading appointments. "), error);
-    }
+    readInto(*ctWeek1, QStringLiteral("Error reading appointments. "),
+             [&] { addAppointments(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days); });
     const QString month = QLocale().toString(date, QStringLiteral("MMMM"));
     main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
     main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));

@@ -15,7 +15,6 @@
 #include "platform/desktop/userstore.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
-#include "session/errorbox.h"
 #include "session/session.h"
 #include "views/menutables.h"
 #include "views/rooms/slotnames.h"
@@ -161,12 +160,11 @@ void frmrooms::loadroomslist() {
     cborooms->clear();
     // Most likely the chosen room is still on the list.
     const db::ReadTogether together(Session().Connection, {roomsStatement(), bookingsStatement(date_, chosen)});
-    try {
+    const auto addRooms = [this] {
         for (Recordset rows(roomsStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
             cborooms->addItem(rows["Room"].text(), static_cast<int>(rows["RoomID"].integer()));
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error loading room list. "), error);
-    }
+    };
+    readInto(*ctDays1, QStringLiteral("Error loading room list. "), addRooms, [this] { loadroomslist(); });
     if (const int index = cborooms->findData(chosen); index >= 0)
         cborooms->setCurrentIndex(index);
     LoadRooms();
@@ -200,13 +198,8 @@ void frmrooms::LoadRooms() {
     ctDays1->setPrimeEnd(Session().DayEndHour * 60);
     ctDays1->setLastTime(Session().DayEndHour * 60 - 1);
     ctDays1->setEnabled(hasRoom);
-    if (hasRoom) {
-        try {
-            addMeetings();
-        } catch (const db::DatabaseError& error) {
-            TellError(QStringLiteral("Error reading room schedule. "), error);
-        }
-    }
+    if (hasRoom)
+        readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] { addMeetings(); });
     ctDays1->setTopTime(same ? std::max(keptTop, ctDays1->FirstTime()) : ctDays1->FirstTime());
     if (const int index = ctDays1->IndexOfKey(QString::number(keptKey)); keptKey > 0 && index > 0)
         ctDays1->setSelectedItem(index);

@@ -9,7 +9,6 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
-#include "session/errorbox.h"
 #include "session/session.h"
 #include "views/menutables.h"
 
@@ -75,11 +74,8 @@ void frmsched::LoadDayView() {
     const QDate date = main().Date();
     const ReadTogether together(Session().Connection, dayStatements());
     beginLoad(date, Session().ProviderId);
-    try {
-        addAppointments(Recordset(appointmentsStatement(date), Session().Connection));
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error reading appointments. "), error);
-    }
+    readInto(*ctMDay1, QStringLiteral("Error reading appointments. "),
+             [&] { addAppointments(Recordset(appointmentsStatement(date), Session().Connection)); });
     Ignoring([&] { loadHoliday(date); });
     LoadWorkSchedule(date);
     endLoad();

@@ -10,7 +10,6 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
-#include "session/errorbox.h"
 #include "session/preferences.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
@@ -94,12 +93,10 @@ void frmweekv::loadmdayview() {
     const QDate first = mondayOf(main().Date());
     const ReadTogether together(Session().Connection, weekStatements(first));
     beginLoad(first, Session().ProviderId);
-    try {
+    readInto(*ctMDay1, QStringLiteral("Error loading schedule. "), [&] {
         addAppointments(Recordset(appointmentsStatement(first), Session().Connection),
                         [](const Recordset& row, const CalendarItem& /*item*/) { return !row["allday"].boolean(); });
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error loading schedule. "), error);
-    }
+    });
     Ignoring([&] { loadHolidays(first); });
     ctMDay1->ClearTimeRanges();
     for (int day = 0; day < DaysOfWeek; ++day)

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <QDate>
 #include <QWidget>
 
 class QMenuBar;
+class UnreadNotice;
 
 /// One calendar view as the main window holds it: it is made when the user changes to it and unloaded when another is
 /// opened.
@@ -37,4 +39,14 @@ class ViewWindow : public QWidget {
     [[nodiscard]] virtual bool CanAdd() const { return false; }
     [[nodiscard]] virtual bool CanFind() const { return false; }
     [[nodiscard]] virtual bool CanPrint() const { return false; }
+
+  protected:
+    /// Reads what `place` shows, and answers whether that went well. Where the database refuses, the user is told the
+    /// routine's own text; the place says that it could not be read until it is read well, and offers `again`.
+    bool readInto(QWidget& place, const QString& told, const std::function<void()>& read,
+                  const std::function<void()>& again);
+    bool readInto(QWidget& place, const QString& told, const std::function<void()>& read);  ///< Again is Reload.
+
+  private:
+    UnreadNotice* unread_ = nullptr;
 };

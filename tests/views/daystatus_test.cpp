@@ -1,7 +1,9 @@
 #include <QAction>
 
 #include "data/codes.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/sql.h"
+#include "platform/database/waiting.h"
 #include "session/session.h"
 #include "tests/views/dayfixture.h"
 
@@ -26,6 +28,12 @@ class DayStatus : public DayFixture {
         ASSERT_TRUE(command(name).isEnabled()) << name;
         command(name).trigger();
     }
+};
+
+/// Gives up at once.
+class Impatient : public db::Waiting {
+  public:
+    bool GoesOn() override { return false; }
 };
 
 struct PlainStatus {
@@ -83,6 +91,7 @@ TEST_P(DayPlainStatus, KeepsAHiddenNameHidden) {
 }
 
 TEST_P(DayPlainStatus, OfARowThatAnotherDeskDeletedChangesAndReportsNothing) {
+    const NoticeBar bar;
     const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
     open();
     select("Anna");
@@ -93,16 +102,41 @@ TEST_P(DayPlainStatus, OfARowThatAnotherDeskDeletedChangesAndReportsNothing) {
     EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from appointments")), 0);
     EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
     EXPECT_TRUE(ticked().isEmpty());
+    EXPECT_TRUE(bar.Texts().isEmpty());
 }
 
-TEST_P(DayPlainStatus, ThatTheDatabaseRefusesIsNotShown) {
+TEST_P(DayPlainStatus, ThatTheDatabaseRefusesIsNotShownAndToldInTheBar) {
+    const NoticeBar bar;
     const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
     open();
     select("Anna");
-    (void)database_.refuse(QStringLiteral("Update"), QStringLiteral("appointments"));
+    const QString reason = database_.refuse(QStringLiteral("Update"), QStringLiteral("appointments"));
 
     choose(GetParam().command);
 
+    EXPECT_EQ(bar.Texts(), QStringList{QStringLiteral("The status was not saved. ") + reason});
+    EXPECT_EQ(stored(key), ncolor::Pending);
+    EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
+    EXPECT_TRUE(ticked().isEmpty());
+}
+
+TEST_P(DayPlainStatus, WhoseWaitForAnotherDeskIsGivenUpIsToldInTheBar) {
+    const NoticeBar bar;
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
+    open();
+    select("Anna");
+    database_.connection().BeginTrans();
+    otherDesk(db::Sql("Update appointments Set cappttext = 'Anna' Where nkeyid = {}", key));
+    db::ShowWaiting() = [] { return std::make_unique<Impatient>(); };
+
+    choose(GetParam().command);
+
+    db::ShowWaiting() = {};
+    db::AskAboutWaitsAgain();
+    database_.connection().RollbackTrans();
+    EXPECT_EQ(bar.Texts(),
+              QStringList{"The status was not saved. The wait for the database was given up. Nothing of it "
+                          "was saved."});
     EXPECT_EQ(stored(key), ncolor::Pending);
     EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
     EXPECT_TRUE(ticked().isEmpty());

@@ -1,0 +1,124 @@
+#include "session/databasewait.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QThread>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "platform/controls/formparts.h"
+#include "platform/database/waiting.h"
+#include "platform/theme/theme.h"
+
+namespace {
+
+class WaitingBox final : public db::Waiting {
+  public:
+    WaitingBox();
+    ~WaitingBox() override;
+    [[nodiscard]] bool GoesOn() override;
+
+  private:
+    /// Keeps from everything but the box what would make it act.
+    class Guard final : public QObject {
+      public:
+        explicit Guard(const QDialog& box) : box_(box) { qApp->installEventFilter(this); }
+
+      protected:
+        bool eventFilter(QObject* receiver, QEvent* event) override;
+
+      private:
+        [[nodiscard]] bool isOfBox(const QObject* receiver) const;
+
+        const QDialog& box_;
+    };
+
+    QDialog box_;
+    Guard guard_;
+    bool givenUp_ = false;
+};
+
+WaitingBox::WaitingBox() : box_(QApplication::activeWindow()), guard_(box_) {
+    box_.setObjectName(QStringLiteral("waiting"));
+    box_.setWindowTitle(QObject::tr("Waiting for the database"));
+    box_.setWindowModality(Qt::ApplicationModal);
+    auto* text = new QLabel(QObject::tr("Waiting for another desk, or for a server that is slow to answer ..."), &box_);
+    // What was typed before the box came must not press it: it takes the focus by Tab, or its letter.
+    auto* cmdGiveUp = FormButton(QObject::tr("&Give up"), "cmdGiveUp", &box_);
+    cmdGiveUp->setAutoDefault(false);
+    cmdGiveUp->setFocusPolicy(Qt::TabFocus);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdGiveUp);
+    auto* column = new QVBoxLayout(&box_);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(12));
+    column->addWidget(text);
+    column->addLayout(buttons);
+    QObject::connect(cmdGiveUp, &QPushButton::clicked, &box_, &QDialog::reject);
+    QObject::connect(&box_, &QDialog::finished, &box_, [this] { givenUp_ = true; });
+    box_.show();
+    box_.setFocus();
+}
+
+WaitingBox::~WaitingBox() {
+    if (givenUp_)
+        QTimer::singleShot(0, qApp, &db::AskAboutWaitsAgain);
+}
+
+bool WaitingBox::GoesOn() {
+    constexpr int milliseconds = 20;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, milliseconds);
+    return !givenUp_;
+}
+
+bool WaitingBox::Guard::eventFilter(QObject* receiver, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Timer:  // It comes again.
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::ShortcutOverride:
+        case QEvent::Shortcut:
+        case QEvent::InputMethod:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+        case QEvent::Close:
+            return !isOfBox(receiver);
+        default:
+            return false;
+    }
+}
+
+bool WaitingBox::Guard::isOfBox(const QObject* receiver) const {
+    const auto* widget = qobject_cast<const QWidget*>(receiver);
+    if (widget != nullptr)
+        return widget == &box_ || box_.isAncestorOf(widget);
+    for (; receiver != nullptr; receiver = receiver->parent())
+        if (receiver == &box_ || receiver == box_.windowHandle())
+            return true;
+    return false;
+}
+
+}  // namespace
+
+void ShowDatabaseWaits() {
+    db::ShowWaiting() = []() -> std::unique_ptr<db::Waiting> {
+        if (qApp == nullptr || QThread::currentThread() != qApp->thread())
+            return nullptr;
+        return std::make_unique<WaitingBox>();
+    };
+}

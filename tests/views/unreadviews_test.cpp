@@ -1,0 +1,114 @@
+// A view whose database cannot be read: the file of the practice is away, and comes back.
+
+#include <QFile>
+#include <QPushButton>
+
+#include "platform/calendar/ctweek.h"
+#include "tests/views/practicefixture.h"
+#include "views/frmall.h"
+#include "views/frmmtv.h"
+#include "views/frmrooms.h"
+#include "views/frmsched.h"
+#include "views/frmweekv.h"
+
+namespace {
+
+struct Opened {
+    const char* name;
+    const char* told;  ///< The view's own text, which comes before the reason.
+    std::function<std::unique_ptr<ViewWindow>(MainWindow&)> make;
+};
+
+template <class View>
+Opened opened(const char* name, const char* told) {
+    return {name, told, [](MainWindow& main) { return std::make_unique<View>(main); }};
+}
+
+const char* const moved =
+    "The file of the database \"test\" was moved, deleted or replaced while it was open. Nothing is saved until it is opened again.";
+
+class UnreadView : public PracticeFixture, public testing::WithParamInterface<Opened> {
+  protected:
+    void SetUp() override {
+        if (database_.isOnServer())
+            GTEST_SKIP() << "A server's database has no file here.";
+        Session().AllProviders = true;
+        run("Insert Into provider_info (id, prov_lastname, archive) Values('REED', 'Reed', 0)");
+        run("Insert Into rooms (Room) Values('Blue')");
+        run("Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid) Values(540, 600, '2026/03/11', 'Meeting', 1)");
+        add(anAppointment("Anna"));
+        desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(10, 30)));
+    }
+    [[nodiscard]] QWidget& openView() override { return *view_; }
+
+    void open() {
+        view_ = GetParam().make(main);
+        view_->resize(1000, 700);
+        view_->show();
+        settle();
+    }
+    [[nodiscard]] QString file() const {
+        const QString text = database_.connectionText();
+        const QString source = text.section("Data Source=", 1).section(';', 0, 0);
+        return source.contains('/') ? source + "/test.db" : QString();
+    }
+    void takeAway() { ASSERT_TRUE(QFile::rename(file(), file() + ".away")); }
+    void bringBack() { ASSERT_TRUE(QFile::rename(file() + ".away", file())); }
+    [[nodiscard]] QWidget& place() {
+        auto* month = view_->findChild<ctWeek*>();
+        return month != nullptr ? static_cast<QWidget&>(*month) : calendar();
+    }
+    [[nodiscard]] QWidget* notice() { return view_->findChild<QWidget*>(QStringLiteral("unread")); }
+    [[nodiscard]] int shownItems() {
+        auto* month = view_->findChild<ctWeek*>();
+        return month != nullptr ? month->ItemCount() : calendar().ItemCount();
+    }
+    void tryAgain() {
+        QTest::mouseClick(view_->findChild<QPushButton*>(QStringLiteral("cmdTryAgain")), Qt::LeftButton);
+        settle();
+    }
+    void expectUnread() {
+        ASSERT_NE(notice(), nullptr);
+        EXPECT_TRUE(notice()->isVisible());
+        EXPECT_EQ(notice()->geometry(), place().geometry());
+        EXPECT_FALSE(place().isEnabled()) << "Nobody can book into what was not read.";
+    }
+    void expectRead() {
+        EXPECT_TRUE(notice() == nullptr || !notice()->isVisible());
+        EXPECT_TRUE(place().isEnabled());
+        EXPECT_EQ(shownItems(), 1);
+    }
+
+    std::unique_ptr<ViewWindow> view_;
+};
+
+}  // namespace
+
+TEST_P(UnreadView, SaysSoInItsPlaceIsToldOnceAndIsReadOnceTheDatabaseIsBack) {
+    open();
+    expectRead();
+
+    takeAway();
+    desk.expectBox(QString::fromLatin1(GetParam().told) + QString::fromLatin1(moved), "Error");
+    view_->Reload();
+    settle();
+    expectUnread();
+
+    desk.expectBox(QString::fromLatin1(GetParam().told) +
+                       QStringLiteral("Cannot open database \"test\" requested by the login. The login failed."),
+                   "Error");
+    tryAgain();
+    expectUnread();
+
+    bringBack();
+    tryAgain();
+    expectRead();
+}
+
+INSTANTIATE_TEST_SUITE_P(Views, UnreadView,
+                         testing::Values(opened<frmsched>("Day", "Error reading appointments. "),
+                                         opened<frmweekv>("Week", "Error loading schedule. "),
+                                         opened<frmmtv>("Month", "Error reading appointments. "),
+                                         opened<frmall>("AllProviders", "Error loading schedule. "),
+                                         opened<frmrooms>("Rooms", "Error reading room schedule. ")),
+                         [](const auto& tested) { return std::string(tested.param.name); });
