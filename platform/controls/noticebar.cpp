@@ -22,9 +22,11 @@ NoticeBar*& current() {
 
 }  // namespace
 
-void ShowNotice(Notice notice) {
-    if (current() != nullptr)
-        current()->Show(std::move(notice));
+bool ShowNotice(Notice notice) {
+    if (current() == nullptr)
+        return false;
+    current()->Show(std::move(notice));
+    return true;
 }
 
 void DropNotice(const QString& subject) {
@@ -86,6 +88,11 @@ NoticeBar::Place NoticeBar::find(const QString& subject) {
 void NoticeBar::Drop(const QString& subject) {
     if (const Place found = find(subject); found != entries_.end())
         remove(found);
+}
+
+void NoticeBar::Clear() {
+    while (!entries_.empty())
+        remove(entries_.begin());
 }
 
 QStringList NoticeBar::Texts() const {

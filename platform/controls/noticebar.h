@@ -32,8 +32,8 @@ struct Notice {
     std::function<void()> dismissed = {};  ///< The user closed the notice without taking one of its actions.
 };
 
-/// Tells it in the bar of the main window. Without one (no window is open) the notice is dropped.
-void ShowNotice(Notice notice);
+/// Tells it in the bar of the main window. False without one (no window is open): the notice is dropped.
+bool ShowNotice(Notice notice);
 /// Takes the notice of that subject away: what it told has been settled. Nothing where there is none.
 void DropNotice(const QString& subject);
 /// Whether a notice of that subject stands in the bar.
@@ -56,6 +56,8 @@ class NoticeBar : public QWidget {
 
     void Show(Notice notice);
     void Drop(const QString& subject);
+    /// Takes all away, without a question.
+    void Clear();
 
     /// All notices, the newest first.
     [[nodiscard]] QStringList Texts() const;

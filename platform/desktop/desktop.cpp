@@ -64,6 +64,9 @@ Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
+    // A warning asks before something is lost: Enter keeps it.
+    if (style == YesNoWarningBox)
+        box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <QDialog>
+#include <QStringList>
+
+/// A dialog in which a row is typed and saved.
+///
+/// Escape and the window's close button ask once before they throw away what was typed; a form without a change closes
+/// at once, and so does its Cancel button. A save that fails closes the form as unsaved: RunEditor then keeps it with
+/// all that was typed.
+class EditorDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    using QDialog::QDialog;
+
+    /// Whether a field holds something else than when the form was shown first.
+    [[nodiscard]] bool IsChanged() const;
+    /// The form was closed because its save failed.
+    [[nodiscard]] bool IsUnsaved() const { return unsaved_; }
+    /// What is edited, in a sentence behind "Not saved: ". It names no patient.
+    [[nodiscard]] virtual QString Subject() const = 0;
+
+  protected:
+    /// Closes the form after a save that failed, which the user has been told.
+    void closeUnsaved();
+    /// Whether Escape has closed something smaller in the form, which then stays.
+    virtual bool takesEscape() { return false; }
+
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    [[nodiscard]] bool mayGiveUp() const;
+
+    std::optional<QStringList> firstState_;
+    bool unsaved_ = false;
+};

@@ -1,0 +1,89 @@
+#include "session/runeditor.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+#include "platform/controls/noticebar.h"
+#include "platform/desktop/desktop.h"
+#include "session/session.h"
+
+namespace {
+
+QString words(const char* text) {
+    return QCoreApplication::translate("RunEditor", text);
+}
+
+/// What the session holds of the row that is edited.
+struct EditedRow {
+    int kind = Session().ApptKind;
+    bool isNew = Session().IsNewAppt;
+    int key = Session().CurrentApptKey;
+    int activity = Session().ActivityKey;
+
+    void putBack() const {
+        SessionValues& session = Session();
+        session.ApptKind = kind;
+        session.IsNewAppt = isNew;
+        session.CurrentApptKey = key;
+        session.ActivityKey = activity;
+    }
+};
+
+struct KeptEditor {
+    QPointer<EditorDialog> form;
+    EditedRow row;
+    std::function<void()> reopened;
+};
+
+void openAgain(const KeptEditor& kept);
+
+// One question, whatever becomes of the notice.
+bool mayForget(const KeptEditor& kept) {
+    return kept.form == nullptr || MsgBox(words("Throw away what was typed and not saved?"), YesNoWarningBox,
+                                          kept.form->windowTitle()) == Answer::Yes;
+}
+
+void keep(const KeptEditor& kept) {
+    Notice notice;
+    notice.text = words("Not saved: %1").arg(kept.form->Subject());
+    notice.kind = Notice::Kind::Failure;
+    notice.actions = {{words("Open again"), [kept] { openAgain(kept); }}};
+    notice.mayClose = [kept] { return mayForget(kept); };
+    notice.dismissed = [kept] { delete kept.form; };
+    if (!ShowNotice(notice))
+        delete kept.form;
+}
+
+void afterwards(const KeptEditor& kept, const std::function<void()>& closed) {
+    Session().IsNewAppt = false;
+    if (kept.form == nullptr)
+        return;  // With its window, and the view in it.
+    const bool unsaved = kept.form->IsUnsaved();
+    if (closed)
+        closed();
+    if (kept.form == nullptr)
+        return;
+    if (unsaved)
+        keep(kept);
+    else
+        delete kept.form;
+}
+
+void openAgain(const KeptEditor& kept) {
+    if (kept.form == nullptr)
+        return;
+    const EditedRow before;
+    kept.row.putBack();
+    ShowModal(*kept.form);
+    before.putBack();
+    afterwards(kept, kept.reopened);
+}
+
+}  // namespace
+
+void RunEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed,
+               const std::function<void()>& reopened) {
+    const KeptEditor kept{editor.release(), {}, reopened};
+    ShowModal(*kept.form);
+    afterwards(kept, closed);
+}
