@@ -20,6 +20,7 @@
 
 namespace {
 
+constexpr std::string_view Reminder = "eMailReminder";
 constexpr int FirstStartHour = 6;
 constexpr int FirstEndHour = 17;
 constexpr int LeastColumns = 5;
@@ -67,6 +68,8 @@ frmaopts::frmaopts(std::function<void()> refreshView, QWidget* parent)
     setWindowTitle(QStringLiteral("Preferences"));
     buildForm();
     loadPreferences();
+    for (const Preference& preference : entered())
+        held_[preference.detail] = preference.value;
     connect(cmdOk, &QPushButton::clicked, this, &frmaopts::cmdOk_Click);
     connect(cmdcancel, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -208,26 +211,58 @@ void frmaopts::loadPreferences() {
     txtemail->setPlainText(session.EmailReminderText);
 }
 
+// In the order in which they are stored.
+std::vector<frmaopts::Preference> frmaopts::entered() const {
+    const SessionValues& session = Session();
+    const int unit = optunits->checkedId() > 0 ? optunits->checkedId() : session.TimeUnit;
+    const int start = cbostart->currentIndex() >= 0 ? cbostart->currentIndex() + FirstStartHour : session.DayStartHour;
+    const int end = cboend->currentIndex() >= 0 ? cboend->currentIndex() + FirstEndHour : session.DayEndHour;
+    return {
+        {"TaskRollOver", truth(cktasks->isChecked())},
+        {"WeekCols", QString::number(optdisplaycols->checkedId())},
+        {"MilitaryTime", truth(opttime->checkedId() == 24)},
+        {"TimeUnit", QString::number(unit)},
+        {"StartTime", QString::number(start)},
+        {"EndTime", QString::number(end)},
+        {"ShowNonPrime", cknonprime->isChecked() ? QStringLiteral("1") : QStringLiteral("0")},
+        {Reminder, txtemail->toPlainText()},
+        {"AllCols", QString::number(tctcols->value()), "Scheduler"},
+    };
+}
+
+void frmaopts::takeOver() const {
+    SessionValues& session = Session();
+    session.TaskRollOver = cktasks->isChecked();
+    session.MilitaryTime = opttime->checkedId() == 24;
+    if (optunits->checkedId() > 0)
+        session.TimeUnit = optunits->checkedId();
+    if (cbostart->currentIndex() >= 0)
+        session.DayStartHour = cbostart->currentIndex() + FirstStartHour;
+    if (cboend->currentIndex() >= 0)
+        session.DayEndHour = cboend->currentIndex() + FirstEndHour;
+    session.ShowNonPrime = cknonprime->isChecked();
+    session.SoundEffects = cksound->isChecked();
+}
+
 void frmaopts::cmdOk_Click() {
-    notStored_ = 0;
-    saveGeneral();
-    saveHours();
-    Session().ShowNonPrime = cknonprime->isChecked();
-    save(Session().ShowNonPrime ? QStringLiteral("1") : QStringLiteral("0"), "ShowNonPrime");
-    Session().SoundEffects = cksound->isChecked();
-    if (refreshView_)
-        refreshView_();
-    const int storedBefore = notStored_;
+    const std::vector<Preference> wanted = entered();
+    takeOver();
+    bool refused = false;
+    bool reminderRefused = false;
+    for (const Preference& preference : wanted) {
+        if (preference.detail == Reminder && refreshView_)
+            refreshView_();
+        const bool stored = store(preference);
+        refused = refused || !stored;
+        reminderRefused = reminderRefused || (!stored && preference.detail == Reminder);
+    }
     Session().EmailReminderText = txtemail->toPlainText();
-    save(Session().EmailReminderText, "eMailReminder");
-    const bool reminderStored = notStored_ == storedBefore;
-    save(QString::number(tctcols->value()), "AllCols", "Scheduler");
-    if (notStored_ == 0) {
+    if (!refused) {
         accept();
         return;
     }
     // The store takes no single quote, and it tells nobody: the form stays open, so that the text is not lost.
-    if (!reminderStored && txtemail->toPlainText().contains(u'\'')) {
+    if (reminderRefused && txtemail->toPlainText().contains(u'\'')) {
         MsgBox(tr("The e-mail reminder could not be saved. It may not hold a single quotation mark (')."),
                ExclamationBox, windowTitle());
         txtemail->setFocus();
@@ -236,29 +271,14 @@ void frmaopts::cmdOk_Click() {
     MsgBox(tr("The preferences could not be saved. They hold until the program ends."), ExclamationBox, windowTitle());
 }
 
-void frmaopts::saveGeneral() {
-    SessionValues& session = Session();
-    session.TaskRollOver = cktasks->isChecked();
-    save(truth(session.TaskRollOver), "TaskRollOver");
-    save(QString::number(optdisplaycols->checkedId()), "WeekCols");
-    session.MilitaryTime = opttime->checkedId() == 24;
-    save(truth(session.MilitaryTime), "MilitaryTime");
-    if (optunits->checkedId() > 0)
-        session.TimeUnit = optunits->checkedId();
-    save(QString::number(session.TimeUnit), "TimeUnit");
-}
-
-void frmaopts::saveHours() {
-    SessionValues& session = Session();
-    if (cbostart->currentIndex() >= 0)
-        session.DayStartHour = cbostart->currentIndex() + FirstStartHour;
-    if (cboend->currentIndex() >= 0)
-        session.DayEndHour = cboend->currentIndex() + FirstEndHour;
-    save(QString::number(session.DayStartHour), "StartTime");
-    save(QString::number(session.DayEndHour), "EndTime");
-}
-
-void frmaopts::save(const QString& value, const char* detail, const char* category) {
-    if (!SetPreference(value, QString::fromLatin1(detail), QString::fromLatin1(category)))
-        ++notStored_;
+// What was left alone may have been changed by the same user at another desk.
+bool frmaopts::store(const Preference& preference) {
+    QString& held = held_[preference.detail];
+    if (held == preference.value)
+        return true;
+    const bool stored = SetPreference(preference.value, QString::fromLatin1(preference.detail.data()),
+                                      QString::fromLatin1(preference.category.data()));
+    if (stored)
+        held = preference.value;
+    return stored;
 }

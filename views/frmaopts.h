@@ -1,7 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <QDialog>
+#include <string_view>
+#include <vector>
 
 class QButtonGroup;
 class QCheckBox;
@@ -10,8 +13,8 @@ class QPlainTextEdit;
 class QPushButton;
 class QSpinBox;
 
-/// The preferences of the user logged on. OK stores each as the user's own; Cancel stores nothing. A stored hour that
-/// the lists do not offer shows as no choice and stays as it is unless another one is chosen.
+/// The preferences of the user logged on. OK stores those that were changed as the user's own; Cancel stores nothing. A
+/// stored hour that the lists do not offer shows as no choice and stays as it is unless another one is chosen.
 class frmaopts : public QDialog {
     Q_OBJECT
 
@@ -41,11 +44,17 @@ class frmaopts : public QDialog {
     QWidget* buildReminder();
     void loadPreferences();
     void cmdOk_Click();
-    /// Counts the preferences that could not be stored.
-    void save(const QString& value, const char* detail, const char* category = "SchedulerGeneral");
-    void saveGeneral();
-    void saveHours();
+    struct Preference {
+        std::string_view detail;
+        QString value;
+        std::string_view category = "SchedulerGeneral";
+    };
+    [[nodiscard]] std::vector<Preference> entered() const;
+    /// What is entered holds for the session from now on, stored or not.
+    void takeOver() const;
+    /// Whether what was entered is what is stored, as far as this form knows.
+    [[nodiscard]] bool store(const Preference& preference);
 
     std::function<void()> refreshView_;
-    int notStored_ = 0;
+    std::map<std::string_view, QString> held_;  ///< As the form showed or stored them.
 };

@@ -179,9 +179,12 @@ TEST_F(PreferencesForm, TheViewIsRefreshedAfterItsValuesAndBeforeTheReminder) {
              << QString::number(Session().TimeUnit);
     });
     form.optunits->button(5)->setChecked(true);
+    form.cbostart->setCurrentIndex(3);
+    form.cknonprime->setChecked(true);
+    form.txtemail->setPlainText(QStringLiteral("See you"));
     form.cmdOk->click();
     EXPECT_EQ(seen,
-              (QStringList{QStringLiteral("8"), QStringLiteral("0"), QStringLiteral("(none)"), QStringLiteral("5")}));
+              (QStringList{QStringLiteral("9"), QStringLiteral("1"), QStringLiteral("(none)"), QStringLiteral("5")}));
 }
 
 TEST_F(PreferencesForm, CancelStoresNothing) {
@@ -201,8 +204,22 @@ TEST_F(PreferencesForm, HoursThatAreNotOnTheListsStayAsTheyAre) {
     EXPECT_EQ(form.cbostart->currentIndex(), -1);
     EXPECT_EQ(form.cboend->currentIndex(), -1);
     form.cmdOk->click();
-    EXPECT_EQ(stored("StartTime"), QStringLiteral("4"));
-    EXPECT_EQ(stored("EndTime"), QStringLiteral("24"));
+    EXPECT_EQ(Session().DayStartHour, 4);
+    EXPECT_EQ(Session().DayEndHour, 24);
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from User_Preferences")), 0);
+}
+
+TEST_F(PreferencesForm, WhatTheSameUserChangedAtAnotherDeskStays) {
+    frmaopts form({});
+    store("REED", "SchedulerGeneral", "TimeUnit", "60");
+    store("REED", "SchedulerGeneral", "eMailReminder", "From the other desk");
+    form.tctcols->setValue(7);
+    form.cmdOk->click();
+    EXPECT_EQ(form.result(), QDialog::Accepted);
+    EXPECT_EQ(stored("TimeUnit"), QStringLiteral("60"));
+    EXPECT_EQ(stored("eMailReminder"), QStringLiteral("From the other desk"));
+    EXPECT_EQ(stored("AllCols", "Scheduler"), QStringLiteral("7"));
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from User_Preferences")), 3);
 }
 
 TEST_F(PreferencesForm, AReminderWithASingleQuoteIsNotLostButToldAndEverythingElseIsStored) {
@@ -224,6 +241,7 @@ TEST_F(PreferencesForm, AReminderWithASingleQuoteIsNotLostButToldAndEverythingEl
 
 TEST_F(PreferencesForm, ADatabaseThatIsGoneIsTold) {
     frmaopts form({});
+    form.cktasks->setChecked(true);
     Session().Connection.Close();
     desk.expectBox(QStringLiteral("The preferences could not be saved. They hold until the program ends."),
                    QStringLiteral("Preferences"));
