@@ -46,22 +46,16 @@ void BookRoom(int roomId, int apptKey, int start, int end, QDate date, const QSt
         start, end, date, text, roomId, apptKey));
 }
 
-bool UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text) {
+void UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text) {
     if (apptKey < 1)
-        return true;
-    try {
-        db::Recordset booking(RoomSlotStatement(apptKey), Session().Connection, db::Lock::Optimistic);
-        if (booking.Eof())
-            return true;
-        booking.Set("nStartTime", start);
-        booking.Set("nendTime", end);
-        booking.Set("nApptDate", date);
-        if (!text.isEmpty())
-            booking.Set("croomtext", text.left(LongestRoomText));
-        booking.Update();
-        return true;
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error saving room schedule. "), error);
-        return false;
-    }
+        return;
+    db::Recordset booking(RoomSlotStatement(apptKey), Session().Connection, db::Lock::Optimistic);
+    if (booking.Eof())
+        return;
+    booking.Set("nStartTime", start);
+    booking.Set("nendTime", end);
+    booking.Set("nApptDate", date);
+    if (!text.isEmpty())
+        booking.Set("croomtext", text.left(LongestRoomText));
+    booking.Update();
 }

@@ -22,5 +22,6 @@ void BookRoom(int roomId, int apptKey, int start, int end, QDate date, const QSt
 
 /// Moves the first room booking of an appointment to another time, in minutes since midnight, and day, and gives it
 /// another text (its first 100 characters) where `text` is not empty. Without a booking, and for a key below 1, nothing
-/// is done. On a failure the user is told "Error saving room schedule. " with the reason, and the answer is false.
-bool UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text);
+/// is done. It belongs into the transaction of its appointment; a failure is told as "Error saving room schedule. ".
+/// Throws db::DatabaseError.
+void UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text);

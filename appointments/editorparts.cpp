@@ -1,9 +1,11 @@
 #include "appointments/editorparts.h"
 
+#include <QCoreApplication>
+
 #include "platform/controls/formparts.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
-#include "session/session.h"
 
 namespace {
 
@@ -18,6 +20,17 @@ bool refuse(const QString& message, QWidget& field) {
 }
 
 }  // namespace
+
+QString EntrySubject(const QString& date, const QString& time) {
+    return QCoreApplication::translate("EntrySubject", "appointment on %1 at %2").arg(date, time);
+}
+
+void TellAddedAgain() {
+    ShowNotice({QCoreApplication::translate(
+                    "TellAddedAgain",
+                    "The appointment had been deleted at another desk and was added again as a new appointment."),
+                Notice::Kind::Caution});
+}
 
 CompletingCombo* EditorCombo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName,
                              int characters, QWidget* parent) {
@@ -51,7 +64,7 @@ bool TimesAreValid(ctDEdit& start, ctDEdit& end, ctDEdit& date) {
         return refuse(QStringLiteral("Enter valid end time."), end);
     if (start.Time() >= end.Time())
         return refuse(QStringLiteral("End time must be greater than start time"), start);
-    if (Session().CurrentView != 1 && date.Value() < FirstValidDate)
+    if (!date.isHidden() && date.Value() < FirstValidDate)
         return refuse(QStringLiteral("Enter a valid date."), date);
     return true;
 }

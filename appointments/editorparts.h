@@ -16,6 +16,11 @@
 /// In a row, the last taking what is left.
 [[nodiscard]] QHBoxLayout* InARow(std::initializer_list<QWidget*> widgets);
 
+/// "appointment on 3/11/2026 at 9:00 AM": what an editor's notice names an entry by, without its patient.
+[[nodiscard]] QString EntrySubject(const QString& date, const QString& time);
+/// Tells that what was saved had been deleted at another desk and is a new appointment now.
+void TellAddedAgain();
+
 /// Whether an appointment can be saved at these times. The first thing that is wrong is told, titled "Missing Data",
 /// and the focus goes to its field. A date that is none is refused in every view that shows it: an entry without a date
 /// would be on no calendar.

@@ -33,7 +33,7 @@ constexpr char ProvidersStatement[] =
 
 }  // namespace
 
-frmactsc::frmactsc(QWidget* parent) : QDialog(parent), key_(Session().ActivityKey) {
+frmactsc::frmactsc(QWidget* parent) : EditorDialog(parent), key_(Session().ActivityKey) {
     setObjectName(QStringLiteral("frmactsc"));
     setWindowTitle(QStringLiteral("Activity Scheduler"));
     buildForm();
@@ -52,6 +52,10 @@ void frmactsc::SetSlot(const SelectedSlot& slot) {
     ctstart->setTime(slot.start);
     ctend->setTime(slot.end);
     dirty = true;
+}
+
+QString frmactsc::Subject() const {
+    return tr("activity on %1 at %2").arg(ctDEditComp->Text(), ctstart->Text());
 }
 
 void frmactsc::load() {

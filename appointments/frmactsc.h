@@ -2,9 +2,9 @@
 
 #include <optional>
 #include <QDate>
-#include <QDialog>
 #include <QStringList>
 
+#include "session/editordialog.h"
 #include "session/openview.h"
 
 class AttendeeList;
@@ -14,9 +14,8 @@ class QLabel;
 class QPushButton;
 class ctDEdit;
 namespace db {
-class DatabaseError;
 class Recordset;
-}  // namespace db
+}
 
 /// The Activity Scheduler: an Activity/Event that several providers attend, one row of `appointments` under the pseudo
 /// provider "~EVT" with a row of `AppointmentsEvents` for each attendee. The caller sets the session's ActivityKey, 0
@@ -24,9 +23,9 @@ class Recordset;
 ///
 /// A new one is for the date of the open view, at the time selected there. What happened to an Activity meanwhile is
 /// not lost: an attendee who is on the provider list no more stays an attendee, shown as such, until the user takes
-/// them out; a row that another desk has changed is not written over. Where a save fails the form stays open with what
-/// was typed, and what was written stays; OK then completes the same row.
-class frmactsc : public QDialog {
+/// them out; a row that another desk has changed is not written over. A save writes the row, its attendees and its room
+/// together or nothing of them. One that fails closes the form, which RunEditor keeps.
+class frmactsc : public EditorDialog {
     Q_OBJECT
 
   public:
@@ -41,6 +40,8 @@ class frmactsc : public QDialog {
 
     /// The ids of the attendees for an IN list: "'REED', 'OBRIEN'".
     [[nodiscard]] QString ListedProviders() const;
+
+    [[nodiscard]] QString Subject() const override;
 
     bool dirty = false;
     bool attendeesChanged = false;
@@ -105,16 +106,16 @@ class frmactsc : public QDialog {
     // frmactsc_save.cpp
     void cmdOk_Click();
     [[nodiscard]] bool isComplete();
-    /// Both are false where the form is to stay open, since the save failed for a reason that may pass.
+    /// Both are false where nothing was saved, which the user has been told.
     [[nodiscard]] bool SaveNewEvent();
     [[nodiscard]] bool SaveUpdateEvent();
-    [[nodiscard]] bool tellFailure(const db::DatabaseError& error);
+    void writeUpdate(db::Recordset& row) const;
     void writeFields(db::Recordset& row) const;
-    void insertAttendees();
+    void insertAttendees(int key) const;
     [[nodiscard]] static Event eventOf(const db::Recordset& row);
     [[nodiscard]] bool attendeesStand() const;
 
-    int key_ = 0;  ///< Of the row; 0 while there is none.
+    const int key_;  ///< Of the row; 0 for a new one.
     std::optional<Event> storedEvent_;
     QStringList storedAttendees_;  ///< Whom the database holds, as far as this form knows.
     bool eventTyped_ = false;

@@ -9,6 +9,7 @@
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/database/transaction.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
@@ -36,6 +37,8 @@ void frmactsc::cmdOk_Click() {
         return accept();
     if (key_ == 0 ? SaveNewEvent() : SaveUpdateEvent())
         accept();
+    else
+        closeUnsaved();
 }
 
 // Whether the end comes after the start is not asked here; the form shows it.
@@ -56,21 +59,21 @@ bool frmactsc::isComplete() {
 bool frmactsc::SaveNewEvent() {
     const BusyPointer busy;
     try {
-        Recordset row(QStringLiteral("Select * from appointments where 0=1"), Session().Connection, Lock::Optimistic);
-        row.AddNew();
-        stamp(row, "createddate", "createduid");
-        writeFields(row);
-        row.Set("ncolor", ncolor::Activity);
-        row.Set("clinicianid", QString::fromLatin1(EventClinicianId));
-        row.Update();
-        key_ = static_cast<int>(row["nkeyid"].integer());
-        storedEvent_ = eventOf(row);
-        insertAttendees();
+        db::InTransaction(Session().Connection, [this] {
+            Recordset row(QStringLiteral("Select * from appointments where 0=1"), Session().Connection,
+                          Lock::Optimistic);
+            row.AddNew();
+            stamp(row, "createddate", "createduid");
+            writeFields(row);
+            row.Set("ncolor", ncolor::Activity);
+            row.Set("clinicianid", QString::fromLatin1(EventClinicianId));
+            row.Update();
+            insertAttendees(static_cast<int>(row["nkeyid"].integer()));
+        });
         return true;
     } catch (const db::DatabaseError& error) {
-        // Where only the attendees are missing, the next OK gives them to the row that is there.
-        dirty = attendeesChanged = true;
-        return tellFailure(error);
+        TellError(QStringLiteral("Error saving appointment. "), error);
+        return false;
     }
 }
 
@@ -79,34 +82,38 @@ bool frmactsc::SaveUpdateEvent() {
     const QString statement = Sql("Select * from appointments Where nkeyid = {}", key_);
     const db::ReadTogether together(Session().Connection,
                                     {statement, attendeesStatement(key_), RoomSlotStatement(key_)});
+    QString trouble = QStringLiteral("Error saving appointment. ");
     try {
-        Recordset row(statement, Session().Connection, Lock::Optimistic);
-        if (row.Eof()) {
+        bool gone = false;
+        db::InTransaction(Session().Connection, [&] {
+            Recordset row(statement, Session().Connection, Lock::Optimistic);
+            gone = row.Eof();
+            if (gone)
+                return;
+            if (storedEvent_ != eventOf(row) || (attendeesChanged && !attendeesStand()))
+                throw db::RowChangedError();
+            writeUpdate(row);
+            trouble = QStringLiteral("Error saving room schedule. ");
+            const Event event = eventOf(row);
+            UpdateRoomTime(key_, event.start, event.end, event.date, event.text);
+        });
+        if (gone)
             MsgBox(QStringLiteral("Error saving appointment. Another user may have deleted this appointment. "),
                    ErrorBox, QStringLiteral("Error"));
-            return true;
-        }
-        if (storedEvent_ != eventOf(row) || (attendeesChanged && !attendeesStand()))
-            throw db::RowChangedError();
-        writeFields(row);
-        if (attendeesChanged) {
-            Session().Connection.Execute(Sql("Delete from AppointmentsEvents Where nkeyid ={}", key_));
-            storedAttendees_.clear();
-            insertAttendees();
-        }
-        row.Update();
-        storedEvent_ = eventOf(row);
+        return !gone;
     } catch (const db::DatabaseError& error) {
-        return tellFailure(error);
+        TellError(trouble, error);
+        return false;
     }
-    UpdateRoomTime(key_, storedEvent_->start, storedEvent_->end, storedEvent_->date, storedEvent_->text);
-    return true;
 }
 
-bool frmactsc::tellFailure(const db::DatabaseError& error) {
-    TellError(QStringLiteral("Error saving appointment. "), error);
-    // Another attempt would meet the other desk's change again.
-    return error.number == db::RowChanged;
+void frmactsc::writeUpdate(Recordset& row) const {
+    writeFields(row);
+    if (attendeesChanged) {
+        Session().Connection.Execute(Sql("Delete from AppointmentsEvents Where nkeyid ={}", key_));
+        insertAttendees(key_);
+    }
+    row.Update();
 }
 
 void frmactsc::writeFields(Recordset& row) const {
@@ -120,12 +127,10 @@ void frmactsc::writeFields(Recordset& row) const {
     stamp(row, "lastmodifieddate", "lastmodifieduid");
 }
 
-void frmactsc::insertAttendees() {
-    for (const QString& id : List1->SelectedIds()) {
+void frmactsc::insertAttendees(int key) const {
+    for (const QString& id : List1->SelectedIds())
         Session().Connection.Execute(
-            Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, '{}')", key_, id));
-        storedAttendees_ << id;
-    }
+            Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, '{}')", key, id));
 }
 
 QString frmactsc::attendeesStatement(int key) {

@@ -1,21 +1,15 @@
 #include "appointments/frmdelrepeat.h"
 
-#include <optional>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "appointments/notice.h"
+#include "appointments/serieswork.h"
 #include "platform/controls/ctlist.h"
-#include "platform/database/sql.h"
 #include "platform/theme/theme.h"
-#include "session/audit.h"
 #include "session/errorbox.h"
 #include "session/hiddennames.h"
-#include "session/session.h"
-
-using db::Ignoring;
-using db::Sql;
 
 namespace {
 
@@ -26,7 +20,8 @@ constexpr int TextColumn = 4;
 
 }  // namespace
 
-frmdelrepeat::frmdelrepeat(QWidget* parent) : QDialog(parent) {
+frmdelrepeat::frmdelrepeat(std::function<void()> rowsChanged, QWidget* parent)
+    : QDialog(parent), rowsChanged_(std::move(rowsChanged)) {
     setObjectName(QStringLiteral("frmdelrepeat"));
     setWindowTitle(QStringLiteral("Repeating Appointment"));
     ctList1 = new ctList(this);
@@ -107,29 +102,21 @@ void frmdelrepeat::allowOk() {
 }
 
 void frmdelrepeat::deleteChecked() {
-    std::optional<db::DatabaseError> failure;
+    SeriesWork work;
+    work.kind = SeriesWork::Kind::Deletion;
+    std::vector<SeriesRow> rows;
     for (int row = 0; row < ctList1->RowCount(); ++row) {
         if (!ctList1->Checked(row, CheckColumn))
             continue;
-        try {
-            deleteRow(row);
-        } catch (const db::DatabaseError& error) {
-            failure = error;
-        }
+        rows.push_back({ctList1->ItemData(row).toInt(), ctList1->Cell(row, DateColumn), ctList1->Cell(row, TimeColumn),
+                        ctList1->Cell(row, TextColumn), ctList1->ItemText(row) == QLatin1String("G")});
+        work.keys.push_back(rows.back().key);
     }
-    if (failure)
-        TellError(QStringLiteral("Error deleting appointment. "), *failure);
+    const std::shared_ptr<SeriesMark> mark = SeriesMark::Begin(work);
+    const SeriesOutcome outcome = DeleteSeries(rows, *mark);
+    if (outcome.failure) {
+        TellError(QStringLiteral("Error deleting appointment. "), *outcome.failure);
+        OfferRest(mark, outcome, rowsChanged_);
+    }
     accept();
-}
-
-void frmdelrepeat::deleteRow(int row) const {
-    db::Connection& connection = Session().Connection;
-    const int key = ctList1->ItemData(row).toInt();
-    connection.Execute(Sql("Delete from appointments Where nkeyid = {}", key));
-    AuditDeletedAppointment(ctList1->Cell(row, DateColumn), ctList1->Cell(row, TimeColumn),
-                            ctList1->Cell(row, TextColumn));
-    Ignoring([&] { connection.Execute(Sql("Delete from roomschedule Where apptid = {}", key)); });
-    Ignoring([&] { connection.Execute(Sql("Delete from appointmentsevents Where nkeyid = {}", key)); });
-    if (ctList1->ItemText(row) == QLatin1String("G"))
-        Ignoring([&] { connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyid = {}", key)); });
 }

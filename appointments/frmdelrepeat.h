@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <QDialog>
 
 class ctList;
@@ -9,12 +10,13 @@ class QPushButton;
 /// rows and reads the calendar anew afterwards.
 ///
 /// A row that another desk has deleted meanwhile counts as deleted. An appointment that the database refuses to delete
-/// keeps its room and members, the others go on, and the user is told at the end.
+/// keeps its room and members, the others go on, and the user is told at the end; a notice offers to delete the rest.
 class frmdelrepeat : public QDialog {
     Q_OBJECT
 
   public:
-    explicit frmdelrepeat(QWidget* parent = nullptr);
+    /// `rowsChanged` reads the view anew where the user lets the rest be deleted later.
+    explicit frmdelrepeat(std::function<void()> rowsChanged, QWidget* parent = nullptr);
 
     struct Row {
         int key = 0;
@@ -36,6 +38,7 @@ class frmdelrepeat : public QDialog {
 
   private:
     void deleteChecked();
-    void deleteRow(int row) const;
     void allowOk();
+
+    std::function<void()> rowsChanged_;
 };

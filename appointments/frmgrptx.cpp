@@ -6,6 +6,7 @@
 
 #include "appointments/appointmentrows.h"
 #include "appointments/apptlists.h"
+#include "appointments/editorparts.h"
 #include "data/pipefields.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -28,7 +29,7 @@ constexpr char GroupsStatement[] = "Select * from Groups Order by GroupName";
 
 }  // namespace
 
-frmgrptx::frmgrptx(QWidget* parent) : QDialog(parent), key_(EditedApptKey()) {
+frmgrptx::frmgrptx(QWidget* parent) : EditorDialog(parent) {
     setObjectName(QStringLiteral("frmgrptx"));
     setWindowTitle(Session().IsNewAppt ? QStringLiteral("New Group Appointment")
                                        : QStringLiteral("Edit Group Appointment"));
@@ -49,6 +50,10 @@ void frmgrptx::SetSlot(const SelectedSlot& slot) {
     ctstart->setTime(slot.start);
     ctend->setTime(slot.end);
     dirty = false;
+}
+
+QString frmgrptx::Subject() const {
+    return EntrySubject(ctedate->Text(), ctstart->Text());
 }
 
 void frmgrptx::setmembers(int groupId) {
@@ -108,6 +113,7 @@ void frmgrptx::LoadAppointment() {
         return;
     }
     roomUnread_ = !ShowBookedRoom(*cborooms, key_);
+    storedRoom_ = cborooms->ItemData();
     loadsavedmembers();
 }
 
@@ -144,7 +150,7 @@ void frmgrptx::offerUnknownLocation() {
 
 bool frmgrptx::okenabled() const {
     return ctstart->Value() > FirstValidTime && ctend->Value() > FirstValidTime && ctList1->RowCount() > 0 &&
-           (Session().CurrentView != 2 || ctedate->Value() > FirstValidDate);
+           (view_ != 2 || ctedate->Value() > FirstValidDate);
 }
 
 void frmgrptx::enableOk() {

@@ -2,13 +2,14 @@
 
 #include <optional>
 #include <QDate>
-#include <QDialog>
 #include <QMap>
 #include <QStringList>
 #include <vector>
 
 #include "platform/database/value.h"
+#include "session/editordialog.h"
 #include "session/openview.h"
+#include "session/session.h"
 
 class CompletingCombo;
 class DurationLabel;
@@ -27,10 +28,11 @@ class Recordset;
 /// selected item of the open view, CurrentApptKey where it has lost it.
 ///
 /// Choosing a group loads its members of the form's date. For an appointment that exists, those who are scheduled and
-/// who attended stay checked then; only Refresh Members forgets them. A save keeps what another desk did: where it has
-/// changed the row or its members meanwhile, the user is told and nothing is written. Where a save fails the form stays
-/// open with what was typed, and what was written stays; OK then completes the same row.
-class frmgrptx : public QDialog {
+/// who attended stay checked then; only Refresh Members forgets them. A save writes row, room and members together or
+/// nothing of them, and keeps what another desk did: where it has changed the row, its room or its members meanwhile,
+/// the user is told. A row that it has deleted is added again, which a notice tells. A save that fails closes the form,
+/// which RunEditor keeps.
+class frmgrptx : public EditorDialog {
     Q_OBJECT
 
   public:
@@ -48,6 +50,8 @@ class frmgrptx : public QDialog {
     [[nodiscard]] QString getgrpmembers() const;
     /// Whether there is a time, and somebody on the list.
     [[nodiscard]] bool okenabled() const;
+
+    [[nodiscard]] QString Subject() const override;
 
     bool dirty = false;
 
@@ -123,7 +127,7 @@ class frmgrptx : public QDialog {
 
     // frmgrptx_save.cpp
     void cmdOk_Click();
-    /// Whether the appointment and its members are stored; the user has been told why they are not.
+    /// Whether the appointment, its room and its members are stored; the user has been told why they are not.
     [[nodiscard]] bool saveappt(int key, const QString& providerId);
     [[nodiscard]] bool conflicts(int key, const QString& providerId) const;
     [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
@@ -131,17 +135,24 @@ class frmgrptx : public QDialog {
     [[nodiscard]] static QString savedMembersStatement(int key);
     [[nodiscard]] static QString savedPhonesStatement(int key);
     [[nodiscard]] static QString attendanceStatement(int key);
+    /// Writes the row, a new one where the cursor stands at the end, and its room; the key of the row.
+    [[nodiscard]] int writeEntry(db::Recordset& row, const QString& providerId) const;
     void writeFields(db::Recordset& row, bool isNew, const QString& providerId) const;
-    [[nodiscard]] bool savemembers(int key);
-    void audit() const;
+    void savemembers(int key) const;
+    void audit(bool isNew) const;
+    [[nodiscard]] bool standsAsLoaded(const db::Recordset& row, int key) const;
     [[nodiscard]] static std::vector<db::Value> writtenState(const db::Recordset& row);
 
-    int key_ = 0;         ///< Of the row, 0 while there is none.
-    bool added_ = false;  ///< The row was added by this form.
+    // As they were when the form was opened: it may be opened again over another view.
+    const int key_ = EditedApptKey();  ///< Of the row, 0 for a new one.
+    const int view_ = Session().CurrentView;
+    const BookedProvider provider_ = ProviderOfView();
+    // What the database holds, as far as this form knows.
     std::optional<std::vector<db::Value>> storedState_;
-    std::optional<Attendance> storedMembers_;  ///< What the database holds, as far as this form knows.
-    int groupOnList_ = 0;                      ///< Whose members stand on the list.
-    QDate membersOf_;                          ///< And for which date.
+    std::optional<Attendance> storedMembers_;
+    int storedRoom_ = 0;
+    int groupOnList_ = 0;  ///< Whose members stand on the list.
+    QDate membersOf_;      ///< And for which date.
     bool roomUnread_ = false;
     bool locationTyped_ = false;
 };

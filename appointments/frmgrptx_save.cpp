@@ -35,11 +35,16 @@ void frmgrptx::cmdOk_Click() {
     if (!dirty)
         return accept();
     // The members of a group that was only just typed are looked at before they are saved.
-    if (cbogroup->ListIndex() < 0 || group != groupOnList_ || !ViewHasEditor(Session().CurrentView) ||
+    if (cbogroup->ListIndex() < 0 || group != groupOnList_ || !ViewHasEditor(view_) ||
         !TimesAreValid(*ctstart, *ctend, *ctedate))
         return;
-    if (saveappt(key_, ProviderOfView().id))
+    const db::ReadTogether together(Session().Connection, savingStatements(key_, provider_.id));
+    if (conflicts(key_, provider_.id))
+        return;
+    if (saveappt(key_, provider_.id))
         accept();
+    else
+        closeUnsaved();
 }
 
 bool frmgrptx::conflicts(int key, const QString& providerId) const {
@@ -55,46 +60,57 @@ QStringList frmgrptx::savingStatements(int key, const QString& providerId) const
     const int start = ctstart->Time();
     const int end = ctend->Time();
     QStringList statements{ApptConflictStatement(key, date, start, end, {}, providerId), rowStatement(key),
-                           attendanceStatement(key)};
+                           attendanceStatement(key), ApptRoomStatement(key)};
     if (cborooms->ListIndex() >= 0)
         statements << RoomConflictStatements(key, date, start, end, cborooms->ItemData(), key);
     return statements;
 }
 
 bool frmgrptx::saveappt(int key, const QString& providerId) {
-    const db::ReadTogether together(Session().Connection, savingStatements(key, providerId));
-    if (conflicts(key, providerId))
-        return false;
     const BusyPointer busy;
+    bool isNew = false;
+    QString trouble = QStringLiteral("Error saving appointment. ");
     try {
-        Recordset row(rowStatement(key), Session().Connection, Lock::Optimistic);
-        const bool isNew = row.Eof();
-        if (!isNew && (storedState_ != writtenState(row) || storedMembers_ != attendanceOf(key)))
-            throw db::RowChangedError();
-        if (isNew)
-            row.AddNew();
-        writeFields(row, isNew, providerId);
-        if (!isNew && !(roomUnread_ && cborooms->ListIndex() < 0))
-            Session().Connection.Execute(Sql("Delete from roomschedule Where apptid = {}", key));
-        row.Update();
-        // From here on the row is there: another OK completes it.
-        if (isNew) {
-            key_ = static_cast<int>(row["nkeyid"].integer());
-            added_ = true;
-            storedMembers_ = Attendance();
-        }
-        storedState_ = writtenState(row);
-        if (cborooms->ListIndex() >= 0)
-            BookRoom(cborooms->ItemData(), key_, ctstart->Time(), ctend->Time(), ctedate->Date(), cbogroup->Text());
+        db::InTransaction(Session().Connection, [&] {
+            Recordset row(rowStatement(key), Session().Connection, Lock::Optimistic);
+            isNew = row.Eof();
+            if (!isNew && !standsAsLoaded(row, key))
+                throw db::RowChangedError();
+            const int saved = writeEntry(row, providerId);
+            trouble = QStringLiteral("Error saving group members. ");
+            savemembers(saved);
+        });
     } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error saving appointment. "), error);
-        // Another attempt would meet the other desk's change again.
-        return error.number == db::RowChanged;
-    }
-    if (!savemembers(key_))
+        TellError(trouble, error);
         return false;
-    audit();
+    }
+    audit(isNew);
+    if (isNew && key > 0)
+        TellAddedAgain();
     return true;
+}
+
+bool frmgrptx::standsAsLoaded(const Recordset& row, int key) const {
+    if (storedState_ != writtenState(row) || storedMembers_ != attendanceOf(key))
+        return false;
+    if (roomUnread_)
+        return true;
+    const Recordset booking(ApptRoomStatement(key), Session().Connection);
+    return storedRoom_ == (booking.Eof() ? 0 : static_cast<int>(booking["croomid"].integer()));
+}
+
+int frmgrptx::writeEntry(Recordset& row, const QString& providerId) const {
+    const bool isNew = row.Eof();
+    if (isNew)
+        row.AddNew();
+    writeFields(row, isNew, providerId);
+    if (!isNew && !(roomUnread_ && cborooms->ListIndex() < 0))
+        Session().Connection.Execute(Sql("Delete from roomschedule Where apptid = {}", row["nkeyid"].integer()));
+    row.Update();
+    const int key = static_cast<int>(row["nkeyid"].integer());
+    if (cborooms->ListIndex() >= 0)
+        BookRoom(cborooms->ItemData(), key, ctstart->Time(), ctend->Time(), ctedate->Date(), cbogroup->Text());
+    return key;
 }
 
 void frmgrptx::writeFields(Recordset& row, bool isNew, const QString& providerId) const {
@@ -129,41 +145,29 @@ std::vector<db::Value> frmgrptx::writtenState(const Recordset& row) {
     return state;
 }
 
-bool frmgrptx::savemembers(int key) {
+void frmgrptx::savemembers(int key) const {
     db::Connection& connection = Session().Connection;
-    try {
-        Attendance saved;
-        db::InTransaction(connection, [&] {
-            connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyId = {}", key));
-            Recordset rows(QStringLiteral("Select * from AppointmentsGroup Where 0=1"), connection, Lock::Optimistic);
-            for (int row = 0; row < ctList1->RowCount(); ++row) {
-                if (!ctList1->Checked(row, SchdColumn))
-                    continue;
-                const QString mark = ctList1->ItemText(row);
-                const bool kept = ctList1->Checked(row, KeptColumn);
-                rows.AddNew();
-                rows.Set("nKeyId", key);
-                rows.Set("PatientId", GetPipeField(mark, 1));
-                rows.Set("PatientAcct", GetPipeField(mark, 2));
-                rows.Set("PatientName", ctList1->Cell(row, NameColumn));
-                rows.Set("Kept", kept ? 1 : 0);
-                rows.Set("GroupId", cbogroup->ItemData());
-                rows.Update();
-                saved.insert(patientId(row), kept);
-            }
-        });
-        storedMembers_ = saved;
-        return true;
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error saving group members. "), error);
-        return false;
+    connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyId = {}", key));
+    Recordset rows(QStringLiteral("Select * from AppointmentsGroup Where 0=1"), connection, Lock::Optimistic);
+    for (int row = 0; row < ctList1->RowCount(); ++row) {
+        if (!ctList1->Checked(row, SchdColumn))
+            continue;
+        const QString mark = ctList1->ItemText(row);
+        rows.AddNew();
+        rows.Set("nKeyId", key);
+        rows.Set("PatientId", GetPipeField(mark, 1));
+        rows.Set("PatientAcct", GetPipeField(mark, 2));
+        rows.Set("PatientName", ctList1->Cell(row, NameColumn));
+        rows.Set("Kept", ctList1->Checked(row, KeptColumn) ? 1 : 0);
+        rows.Set("GroupId", cbogroup->ItemData());
+        rows.Update();
     }
 }
 
-void frmgrptx::audit() const {
+void frmgrptx::audit(bool isNew) const {
     const QString date = ctedate->Text();
     const QString group = cbogroup->Text();
-    if (added_)
+    if (isNew)
         AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Add Appointment"), {},
                  QStringLiteral("Added Group Appointment of %1 for %2").arg(date, group));
     else

@@ -10,6 +10,7 @@
 #include <QPushButton>
 
 #include "appointments/durationlabel.h"
+#include "appointments/editorparts.h"
 #include "appointments/patientalerts.h"
 #include "appointments/patientrows.h"
 #include "data/minutetime.h"
@@ -28,7 +29,7 @@ constexpr int HourMinutes = 60;
 
 }  // namespace
 
-frmnore::frmnore(QWidget* parent) : QDialog(parent) {
+frmnore::frmnore(QWidget* parent) : EditorDialog(parent) {
     setObjectName(QStringLiteral("frmnore"));
     setWindowTitle(QStringLiteral("New Appointment"));
     buildForm();
@@ -71,11 +72,14 @@ void frmnore::reject() {
         return;
     if (Session().IsNewAppt) {
         Session().IsNewAppt = false;
-        const int view = Session().CurrentView;
-        if (OpenView* open = TheOpenView(); open != nullptr && (view == 1 || view == 2))
+        if (OpenView* open = TheOpenView(); open != nullptr && (view_ == 1 || view_ == 2))
             open->DropSelection();
     }
-    QDialog::reject();
+    EditorDialog::reject();
+}
+
+QString frmnore::Subject() const {
+    return EntrySubject(ctedate->Text(), ctstart->Text());
 }
 
 bool frmnore::event(QEvent* event) {
@@ -83,7 +87,7 @@ bool frmnore::event(QEvent* event) {
         availOrEventTyped_ = false;
         locationTyped_ = false;
     }
-    return QDialog::event(event);
+    return EditorDialog::event(event);
 }
 
 void frmnore::connectFields() {

@@ -3,12 +3,13 @@
 #include <array>
 #include <optional>
 #include <QDate>
-#include <QDialog>
 #include <QTimer>
 #include <vector>
 
 #include "platform/database/value.h"
+#include "session/editordialog.h"
 #include "session/openview.h"
+#include "session/session.h"
 
 class CompletingCombo;
 class DurationLabel;
@@ -36,7 +37,7 @@ class Recordset;
 ///
 /// The fields stand in the order in which a receptionist asks: who, when, what, where, status, note. `dirty` is set by
 /// whatever the user changes in them, so that OK never drops a choice; OK without a change writes nothing.
-class frmnore : public QDialog {
+class frmnore : public EditorDialog {
     Q_OBJECT
 
   public:
@@ -58,8 +59,9 @@ class frmnore : public QDialog {
     /// To be called when the choice of a patient stands, not at each letter: shows the authorization, and looks up the
     /// address where an e-mail is wanted.
     void PatientChosen();
-    /// Writes the entry into the row `key`, or into a new one where there is none (any more), and its room. False when
-    /// that failed, which the user has been told; what was executed until then stands.
+    /// Writes the entry into the row `key`, or into a new one where there is none (any more), and its room, both or
+    /// neither. False when that failed, which the user has been told. A row that another desk has deleted and that is
+    /// added again is told by a notice.
     ///
     /// A row that is not as this dialog read it is not written over: another desk has changed it, and the cursor
     /// service's own error of that case is told.
@@ -70,6 +72,7 @@ class frmnore : public QDialog {
 
     void reject() override;
 
+    [[nodiscard]] QString Subject() const override;
     [[nodiscard]] const QString& PatientTag() const { return patientTag_; }
 
     bool dirty = false;
@@ -135,6 +138,7 @@ class frmnore : public QDialog {
     QPushButton* cmdnew = nullptr;
 
   protected:
+    bool takesEscape() override { return closePatientList(); }
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -193,6 +197,8 @@ class frmnore : public QDialog {
     [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
     [[nodiscard]] bool conflicts(int key, const QString& providerId);
     [[nodiscard]] QString entryText() const;
+    /// Writes row and room; whether the row is a new one. Throws db::DatabaseError.
+    bool writeEntry(int key, const QString& providerId);
     /// The current row of `appointments` in the columns that a save writes: two of them are equal when nobody has
     /// changed in between what a save would write over.
     [[nodiscard]] static std::vector<db::Value> writtenState(const db::Recordset& row);
@@ -229,11 +235,16 @@ class frmnore : public QDialog {
     bool closePatientList();
 
     // frmnore_email.cpp
-    void sendConfirmation(const QString& providerId);
+    void sendConfirmation();
 
     // frmnore_lists.cpp
     void leaveList(Qt::FocusReason reason);
     void offerUnknownItems();
+
+    // As they were when the form was opened: it may be opened again over another view.
+    const int key_ = EditedApptKey();
+    const int view_ = Session().CurrentView;
+    const BookedProvider provider_ = ProviderOfView();
 
     QWidget* fields_ = nullptr;
     QString patientTag_;

@@ -10,17 +10,17 @@
 
 namespace {
 
-QString providerName(const QString& providerId) {
+QString providerName(const BookedProvider& booked) {
     QString name;
     db::Ignoring([&] {
         const db::Recordset provider(
             db::Sql("Select pfirst_name + ' ' + plast_name AS [ProviderName] from provider_info Where id = '{}'",
-                    providerId),
+                    booked.id),
             Session().Connection);
         if (!provider.Eof())
             name = provider["ProviderName"].text();
     });
-    return name.trimmed().isEmpty() ? ProviderOfView().name : name;
+    return name.trimmed().isEmpty() ? booked.name : name;
 }
 
 QString messageBody(const QString& providerName, const QString& apptDate, const QString& apptTime) {
@@ -35,9 +35,9 @@ QString messageBody(const QString& providerName, const QString& apptDate, const 
 
 }  // namespace
 
-void frmnore::sendConfirmation(const QString& providerId) {
+void frmnore::sendConfirmation() {
     if (ckemail->isChecked() && !emailTag_.isEmpty())
-        SendEmail(emailTag_, txtpatients->text(), providerName(providerId), ctedate->Text(), ctstart->Text());
+        SendEmail(emailTag_, txtpatients->text(), providerName(provider_), ctedate->Text(), ctstart->Text());
 }
 
 void frmnore::SendEmail(const QString& address, const QString& /*patientName*/, const QString& providerName,

@@ -175,7 +175,7 @@ void frmnore::loadPatientKind() {
     LoadLocations(*cbolocation);
     loadroomslist();
     loadcats();
-    SetApptType(EditedApptKey());
+    SetApptType(key_);
     fillStatus();
     if (Session().IsNewAppt)
         cbostatus->SetListIndex(PendingIndex);

@@ -18,6 +18,7 @@
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/database/transaction.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/audit.h"
@@ -46,17 +47,15 @@ void frmnore::cmdOk_Click() {
         return accept();
     if (entryText().trimmed().isEmpty())
         return;
-    const BookedProvider provider = ProviderOfView();
-    const int key = EditedApptKey();
-    const db::ReadTogether together(Session().Connection, savingStatements(key, provider.id));
+    const db::ReadTogether together(Session().Connection, savingStatements(key_, provider_.id));
     if (Session().ApptKind == apptkind::Patient && !patientIsKnown())
         return;
     settlePatient();
-    if (conflicts(key, provider.id) || !ViewHasEditor(Session().CurrentView) ||
-        !TimesAreValid(*ctstart, *ctend, *ctedate))
+    if (conflicts(key_, provider_.id) || !ViewHasEditor(view_) || !TimesAreValid(*ctstart, *ctend, *ctedate))
         return;
-    if (saveappt(key, provider.id))
-        sendConfirmation(provider.id);
+    if (!saveappt(key_, provider_.id))
+        return closeUnsaved();
+    sendConfirmation();
     accept();
 }
 
@@ -96,7 +95,7 @@ bool frmnore::conflicts(int key, const QString& providerId) {
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    if (ViewHasEditor(Session().CurrentView) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
+    if (ViewHasEditor(view_) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
         return true;
     return cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key);
 }
@@ -110,25 +109,33 @@ QString frmnore::entryText() const {
 
 bool frmnore::saveappt(int key, const QString& providerId) {
     const BusyPointer busy;
+    bool isNew = false;
     try {
-        Recordset row(rowStatement(key), Session().Connection, db::Lock::Optimistic);
-        const bool isNew = row.Eof();
-        if (!isNew && loadedState_ != writtenState(row))
-            throw db::RowChangedError();
-        if (isNew)
-            row.AddNew();
-        writeFields(row, isNew, providerId);
-        if (!isNew && key > 0 && !(roomUnread_ && cborooms->ListIndex() < 0))
-            Session().Connection.Execute(Sql("Delete  from roomschedule Where apptid = {}", key));
-        row.Update();
-        if (cborooms->ListIndex() >= 0)
-            insertRoom(static_cast<int>(row["nkeyid"].integer()));
-        auditSave(isNew);
-        return true;
+        db::InTransaction(Session().Connection, [&] { isNew = writeEntry(key, providerId); });
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error saving appointment. "), error);
         return false;
     }
+    auditSave(isNew);
+    if (isNew && key > 0)
+        TellAddedAgain();
+    return true;
+}
+
+bool frmnore::writeEntry(int key, const QString& providerId) {
+    Recordset row(rowStatement(key), Session().Connection, db::Lock::Optimistic);
+    const bool isNew = row.Eof();
+    if (!isNew && loadedState_ != writtenState(row))
+        throw db::RowChangedError();
+    if (isNew)
+        row.AddNew();
+    writeFields(row, isNew, providerId);
+    if (!isNew && key > 0 && !(roomUnread_ && cborooms->ListIndex() < 0))
+        Session().Connection.Execute(Sql("Delete  from roomschedule Where apptid = {}", key));
+    row.Update();
+    if (cborooms->ListIndex() >= 0)
+        insertRoom(static_cast<int>(row["nkeyid"].integer()));
+    return isNew;
 }
 
 std::vector<db::Value> frmnore::writtenState(const Recordset& row) {
@@ -194,7 +201,7 @@ void frmnore::insertRoom(int apptKey) {
     QString text;
     switch (Session().ApptKind) {
         case apptkind::Patient:
-            text = ProviderOfView().name;
+            text = provider_.name;
             break;
         case apptkind::Activity:
             text = cboevents->Text();

@@ -37,7 +37,7 @@ int value(const ctNEdit* field) {
 
 }  // namespace
 
-frmRecurAppt::frmRecurAppt(QWidget* parent) : QDialog(parent) {
+frmRecurAppt::frmRecurAppt(QWidget* parent) : EditorDialog(parent) {
     setObjectName(QStringLiteral("frmRecurAppt"));
     setWindowTitle(QStringLiteral("Recurrance"));
     buildForm();
@@ -49,6 +49,10 @@ frmRecurAppt::frmRecurAppt(QWidget* parent) : QDialog(parent) {
     connectControls();
     describe();
     FitToScreen(*this);
+}
+
+QString frmRecurAppt::Subject() const {
+    return tr("series of the appointment on %1").arg(ShortDateText(source_.date));
 }
 
 bool frmRecurAppt::loadSource() {
@@ -63,7 +67,7 @@ bool frmRecurAppt::loadSource() {
         QStringLiteral("%1, %2 - %3")
             .arg(source_.text, MinutesToTimeText(source_.start, military), MinutesToTimeText(source_.end, military)));
     seriesdates->SetSource(
-        {source_.key, source_.start, source_.end, ProviderOfView().id, GetPipeField(source_.note, PatientPiece)},
+        {source_.key, source_.start, source_.end, provider_.id, GetPipeField(source_.note, PatientPiece)},
         source_.date);
     return source_.date.isValid() && !source_.text.isEmpty();
 }
@@ -215,7 +219,8 @@ void frmRecurAppt::OK_Click() {
         return;
     pattern_.patternLoaded = true;
     createRecurApptList();
-    accept();
+    if (!IsUnsaved())
+        accept();
 }
 
 void frmRecurAppt::getSampleDates() {
@@ -250,5 +255,6 @@ void frmRecurAppt::createRecurApptList() {
         SaveProviderApt(dates, askForCompanions());
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error opening database. "), error);
+        closeUnsaved();
     }
 }

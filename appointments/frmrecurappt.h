@@ -1,10 +1,13 @@
 #pragma once
 
 #include <array>
-#include <QDialog>
+#include <functional>
 #include <vector>
 
+#include "appointments/seriesmark.h"
 #include "data/recurrence.h"
+#include "session/editordialog.h"
+#include "session/openview.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -23,12 +26,15 @@ class Recordset;
 /// Turns the appointment that is selected in the open view into a series: the user chooses a pattern, and OK writes one
 /// row for each of its dates besides the appointment's own. Of the pattern itself nothing is kept but `repeating` and
 /// `repeating_ref`, the key of the first appointment. A line below the settings says what the series will be, and a
-/// list shows its dates with what stands in their way; a date that is decided there is not asked for again.
-class frmRecurAppt : public QDialog {
+/// list shows its dates with what stands in their way; a date that is decided there is not asked for again. Each row is
+/// written with all that goes along into it or not at all; of a series that was cut off a notice offers the rest.
+class frmRecurAppt : public EditorDialog {
     Q_OBJECT
 
   public:
     explicit frmRecurAppt(QWidget* parent = nullptr);
+
+    [[nodiscard]] QString Subject() const override;
 
     /// Reads the settings into the pattern; under "End After" the end date becomes the last date of the series.
     void UIGetInfo();
@@ -41,6 +47,9 @@ class frmRecurAppt : public QDialog {
     /// so does every kind of row. Throws db::DatabaseError.
     [[nodiscard]] bool getconflict(QDate date) const;
     [[nodiscard]] const RecurrencePattern& Pattern() const { return pattern_; }
+
+    /// Reads the view anew where the user lets the rest of a series be booked later.
+    std::function<void()> rowsChanged;
 
     QButtonGroup* radRecurrence = nullptr;
     QStackedWidget* pages = nullptr;
@@ -81,8 +90,7 @@ class frmRecurAppt : public QDialog {
         int id = 0;
         QString text;  ///< Empty: the copies get no room.
     };
-    /// Who comes to the appointment besides its provider and patient.
-    enum class Companions { None, Attendees, Members };
+    using Companions = SeriesWork::Company;
 
     // frmrecurappt_layout.cpp
     void buildForm();
@@ -115,11 +123,11 @@ class frmRecurAppt : public QDialog {
 
     // frmrecurappt_save.cpp
     void SaveProviderApt(const std::vector<QDate>& dates, Companions companions);
-    /// How many were written.
-    int addCopies(db::Recordset& rows, const std::vector<QDate>& dates, int sourceKey, const Room& room,
-                  Companions companions);
-    void copyCompanions(int copyKey, QDate date, Companions companions) const;
+    [[nodiscard]] SeriesWork planFor(const db::Recordset& rows, const std::vector<QDate>& dates,
+                                     Companions companions) const;
+    void book(db::Recordset& rows, const SeriesWork& work);
 
+    const BookedProvider provider_ = ProviderOfView();
     Source source_;
     RecurrencePattern pattern_;
 };

@@ -6,7 +6,6 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
-#include "session/openview.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -17,7 +16,7 @@ using db::SqlDate;
 bool frmRecurAppt::collides(QDate date) const {
     return !Recordset(
                 Sql("Select * from appointments Where ClinicianId = '{}' AND dapptdate = '{}' AND (({} BETWEEN nstarttime AND nendtime) OR ({} BETWEEN nstarttime AND nendtime) OR (nstarttime BETWEEN {} AND {}))",
-                    ProviderOfView().id, SqlDate(date), source_.start, source_.end, source_.start, source_.end),
+                    provider_.id, SqlDate(date), source_.start, source_.end, source_.start, source_.end),
                 Session().Connection)
                 .Eof();
 }
@@ -81,7 +80,7 @@ frmRecurAppt::Companions frmRecurAppt::askForCompanions() const {
         attendees > 0
             ? tr("This activity has attendees: %1. Do you want them to attend all recurring appointments too? With No these are booked for %2 alone.")
                   .arg(attendees)
-                  .arg(ProviderOfView().name)
+                  .arg(provider_.name)
             : tr("This group appointment has patients: %1. Do you want them to be scheduled for all recurring appointments too? With No these are booked without patients.")
                   .arg(members);
     if (MsgBox(question, YesNoBox, QStringLiteral("Recurring Appointment")) != Answer::Yes)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <QHash>
 #include <QSet>
 
@@ -11,7 +12,7 @@
 #include "views/menuview.h"
 #include "views/schedulesheet.h"
 
-class QDialog;
+class EditorDialog;
 
 /// What the views on a `ctMDay` share: the calendar itself, the commands on appointments and what the user's rights
 /// leave of them, the hours and the grid from the preferences. A view states only its difference.
@@ -151,7 +152,7 @@ class CalendarView : public MenuView, public OpenView {
     void editappt2(int index);
     void editappt(int index);
     void editgroup();
-    void showEditor(QDialog& editor);
+    void showEditor(std::unique_ptr<EditorDialog> editor);
 
     // calendarview_move.cpp
     void bindInPlaceWork();
@@ -163,7 +164,7 @@ class CalendarView : public MenuView, public OpenView {
     [[nodiscard]] static bool isSharedActivity(int key);
     void showRow(const db::Recordset& row);
     void putBack(const QString& key);
-    void tellUnsaved(const QString& key, const db::DatabaseError& error);
+    void tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error);
 
     // calendarview_commands.cpp
     void bindLists();

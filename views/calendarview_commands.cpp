@@ -40,9 +40,9 @@ void CalendarView::bindSeries() {
                 ExclamationBox, QStringLiteral("Warning"));
             return;
         }
-        frmRecurAppt dialog(window());
-        ShowModal(dialog);
-        Reload();
+        auto dialog = std::make_unique<frmRecurAppt>(window());
+        dialog->rowsChanged = [&main = main_] { main.cycledate(2); };
+        showEditor(std::move(dialog));
     });
 }
 

@@ -135,7 +135,7 @@ bool CalendarView::deleteFromSeries(int key, int ref) {
     if (!listed)
         return false;
     std::stable_sort(members.begin(), members.end());
-    frmdelrepeat list(window());
+    frmdelrepeat list([&main = main_] { main.cycledate(2); }, window());
     for (const SeriesMember& member : members)
         list.AddAppointment(member.shown);
     ShowModal(list);

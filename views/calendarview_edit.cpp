@@ -13,6 +13,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
+#include "session/runeditor.h"
 #include "session/session.h"
 #include "views/calendarview.h"
 
@@ -112,9 +113,9 @@ void CalendarView::addBy(int kind) {
         return;
     }
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
-    Editor editor(window());
-    editor.SetSlot(*slot);
-    showEditor(editor);
+    auto editor = std::make_unique<Editor>(window());
+    editor->SetSlot(*slot);
+    showEditor(std::move(editor));
     selectAddedTo(before);
 }
 
@@ -129,11 +130,10 @@ void CalendarView::newActivity() {
 
 void CalendarView::scheduleActivity(int key, const std::optional<SelectedSlot>& draggedTo) {
     Session().ActivityKey = key;
-    frmactsc scheduler(window());
+    auto scheduler = std::make_unique<frmactsc>(window());
     if (draggedTo)
-        scheduler.SetSlot(*draggedTo);
-    ShowModal(scheduler);
-    Reload();
+        scheduler->SetSlot(*draggedTo);
+    showEditor(std::move(scheduler));
 }
 
 // What was just booked stands selected, unless another desk has booked too and nobody can tell which is which.
@@ -194,17 +194,14 @@ void CalendarView::editappt(int index) {
     Session().CurrentApptKey = item.ItemKey.toInt();
     if (kind == apptkind::Patient && item.ItemColor == ncolor::Group)
         return editgroup();
-    frmnore editor(window());
-    showEditor(editor);
+    showEditor(std::make_unique<frmnore>(window()));
 }
 
 void CalendarView::editgroup() {
-    frmgrptx editor(window());
-    showEditor(editor);
+    showEditor(std::make_unique<frmgrptx>(window()));
 }
 
-void CalendarView::showEditor(QDialog& editor) {
-    ShowModal(editor);
-    Session().IsNewAppt = false;
-    Reload();
+void CalendarView::showEditor(std::unique_ptr<EditorDialog> editor) {
+    RunEditor(
+        std::move(editor), [this] { Reload(); }, [&main = main_] { main.cycledate(2); });
 }

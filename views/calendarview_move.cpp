@@ -4,6 +4,7 @@
 #include "data/minutetime.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
+#include "platform/database/transaction.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "session/audit.h"
@@ -17,6 +18,9 @@ using db::Recordset;
 using db::Sql;
 
 namespace {
+
+const QString AppointmentTrouble = QStringLiteral("Error saving appointment. ");
+const QString RoomTrouble = QStringLiteral("Error saving room schedule. ");
 
 QString timeText(qint64 minutes) {
     return MinutesToTimeText(static_cast<int>(minutes), Session().MilitaryTime);
@@ -32,6 +36,15 @@ Recordset rowOf(int key) {
 
 QString attendeesStatement(int key) {
     return Sql("Select * from AppointmentsEvents Where nkeyid = {}", key);
+}
+
+// A row that stands alone needs no transaction, and none of its trips to the server.
+template <typename Step>
+void atOnce(bool withRoom, Step&& step) {
+    if (withRoom)
+        db::InTransaction(Session().Connection, step);
+    else
+        step();
 }
 
 void stamp(Recordset& row) {
@@ -79,6 +92,7 @@ bool CalendarView::saveappt(int index) {
         return false;
     }
     const db::ReadTogether together(Session().Connection, savingStatements(item));
+    QString trouble = AppointmentTrouble;
     try {
         Recordset row = rowOf(key);
         if (row.Eof()) {
@@ -87,17 +101,24 @@ bool CalendarView::saveappt(int index) {
             removeItemsOf(key);
             return false;
         }
-        SetInPlaceChanges(row, before.stored, item, ItemFromAppointment(row, painting()));
-        stamp(row);
-        row.Update();
+        const ItemPainting painted = painting();
+        const bool hasRoom = !Recordset(RoomSlotStatement(key), Session().Connection).Eof();
+        atOnce(hasRoom, [&] {
+            SetInPlaceChanges(row, before.stored, item, ItemFromAppointment(row, painted));
+            stamp(row);
+            row.Update();
+            if (!hasRoom)
+                return;
+            trouble = RoomTrouble;
+            const CalendarItem saved = ItemFromAppointment(row, painted);
+            UpdateRoomTime(key, saved.ItemStart, saved.ItemEnd, saved.ItemDay, saved.ItemText);
+        });
         showRow(row);
     } catch (const db::DatabaseError& error) {
-        tellUnsaved(item.ItemKey, error);
+        tellUnsaved(item.ItemKey, trouble, error);
         return false;
     }
-    const RowFacts& after = facts_[item.ItemKey];
-    UpdateRoomTime(key, after.stored.ItemStart, after.stored.ItemEnd, after.stored.ItemDay, after.stored.ItemText);
-    if (!before.StandsAs(after))
+    if (!before.StandsAs(facts_[item.ItemKey]))
         Reload();
     return true;
 }
@@ -126,7 +147,7 @@ void CalendarView::moveappt(int index) {
         else
             storeMove(item, room);
     } catch (const db::DatabaseError& error) {
-        tellUnsaved(item.ItemKey, error);
+        tellUnsaved(item.ItemKey, AppointmentTrouble, error);
     }
 }
 
@@ -155,12 +176,21 @@ void CalendarView::storeMove(const CalendarItem& item, int room) {
         }
         what += QStringLiteral(" with ") + provider->name;
     }
-    row.Update();
+    QString trouble = AppointmentTrouble;
+    try {
+        atOnce(room > 0, [&] {
+            row.Update();
+            if (room < 1)
+                return;
+            trouble = RoomTrouble;
+            UpdateRoomTime(key, item.ItemStart, item.ItemEnd, item.ItemDay, QString());
+        });
+    } catch (const db::DatabaseError& error) {
+        return tellUnsaved(item.ItemKey, trouble, error);
+    }
     AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},
              QStringLiteral("Modified Appointment (%1) to %2 at %3 for %4")
                  .arg(old, item.ItemDay.toString(QStringLiteral("MM/dd/yy")), timeText(item.ItemStart), what));
-    if (room > 0)
-        UpdateRoomTime(key, item.ItemStart, item.ItemEnd, item.ItemDay, QString());
     showRow(row);
     displayapptinfo(ctMDay1->SelectedItem());
 }
@@ -192,9 +222,9 @@ void CalendarView::putBack(const QString& key) {
     lockItem(index);
 }
 
-void CalendarView::tellUnsaved(const QString& key, const db::DatabaseError& error) {
+void CalendarView::tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error) {
     putBack(key);
-    TellError(QStringLiteral("Error saving appointment. "), error);
+    TellError(trouble, error);
     if (error.number == db::RowChanged)
         Reload();
 }

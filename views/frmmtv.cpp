@@ -14,6 +14,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "search/frmfinda.h"
+#include "session/runeditor.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
 #include "views/menutables.h"
@@ -69,9 +70,8 @@ void frmmtv::bindMonthCommands() {
     menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
     menus().Bind(QStringLiteral("mnuVActivity"), [this] {
         Session().ActivityKey = 0;
-        frmactsc scheduler(window());
-        ShowModal(scheduler);
-        Reload();
+        RunEditor(
+            std::make_unique<frmactsc>(window()), [this] { Reload(); }, [&main = main()] { main.cycledate(2); });
     });
 }
 

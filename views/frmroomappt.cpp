@@ -24,7 +24,7 @@ const QString Tag = QStringLiteral("EDIT");
 }  // namespace
 
 frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent)
-    : QDialog(parent), meeting_(meeting), shown_(meeting) {
+    : EditorDialog(parent), meeting_(meeting), shown_(meeting) {
     shown_.date = date;
     setObjectName(QStringLiteral("frmRoomAppt"));
     setWindowTitle(QStringLiteral("Room Schedule"));
@@ -155,27 +155,32 @@ void frmRoomAppt::cmdOk_Click() {
     if (!meeting_.bound && !isComplete())
         return;
     try {
+        if (!property("tag").toString().isEmpty() && !SaveUpdate())
+            return closeUnsaved();
         if (property("tag").toString().isEmpty())
             SaveNew();
-        else
-            SaveUpdate();
+        accept();
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error saving room schedule. "), error);
+        closeUnsaved();
     }
+}
+
+QString frmRoomAppt::Subject() const {
+    return tr("meeting on %1 at %2").arg(ctedate->Text(), ctstart->Text());
 }
 
 void frmRoomAppt::SaveNew() {
     savedKey_ = AddMeeting(wanted());
-    accept();
 }
 
-void frmRoomAppt::SaveUpdate() {
+bool frmRoomAppt::SaveUpdate() {
     const RoomMeeting changed = wanted();
     if (changed != shown_ && !SaveMeeting(meeting_, changed)) {
         MsgBox(QStringLiteral("Error saving. Another user may have deleted this assignment."), ErrorBox,
                QStringLiteral("Error"));
-        return;
+        return false;
     }
     savedKey_ = meeting_.key;
-    accept();
+    return true;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QDialog>
-
+#include "session/editordialog.h"
 #include "views/roommeeting.h"
 
 class QLabel;
@@ -10,9 +9,9 @@ class QPushButton;
 class ctDEdit;
 
 /// One meeting in a room: its date, its times and what it is about. A new one is added by OK; the stored one that the
-/// form was given to edit (its tag is "EDIT" then) is changed by it. OK without a change writes nothing. The caller
-/// reads its room anew when the form was accepted.
-class frmRoomAppt : public QDialog {
+/// form was given to edit (its tag is "EDIT" then) is changed by it. OK without a change writes nothing. A save that
+/// fails closes the form, which RunEditor keeps. The caller reads its room anew when the form has closed.
+class frmRoomAppt : public EditorDialog {
     Q_OBJECT
 
   public:
@@ -22,7 +21,7 @@ class frmRoomAppt : public QDialog {
     frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent = nullptr);
     ~frmRoomAppt() override;
 
-    /// The key of the meeting that was added or changed; 0 before.
+    /// The key of the meeting that was added or changed; 0 where nothing was saved.
     [[nodiscard]] int SavedKey() const { return savedKey_; }
     [[nodiscard]] QDate SavedDate() const { return wanted().date; }
 
@@ -35,9 +34,11 @@ class frmRoomAppt : public QDialog {
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
 
+    [[nodiscard]] QString Subject() const override;
+    /// Both throw db::DatabaseError.
     void SaveNew();
-    /// Leaves the form open where another desk has deleted the meeting: what was typed is not lost.
-    void SaveUpdate();
+    /// False where another desk has deleted the meeting, which the user has been told.
+    [[nodiscard]] bool SaveUpdate();
 
   private:
     void buildForm(const QString& roomName);

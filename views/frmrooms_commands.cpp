@@ -11,6 +11,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
+#include "session/runeditor.h"
 #include "session/session.h"
 #include "views/frmfroom.h"
 #include "views/frmroomappt.h"
@@ -144,14 +145,19 @@ void frmrooms::editappt(int item) {
 }
 
 void frmrooms::showDialog(const RoomMeeting& meeting) {
-    frmRoomAppt dialog(meeting, main().Date(), cborooms->currentText(), window());
-    const bool saved = ShowModal(dialog) == QDialog::Accepted;
-    LoadRooms();
-    if (saved && dialog.SavedDate() == date_)
-        ctDays1->setSelectedItem(ctDays1->IndexOfKey(QString::number(dialog.SavedKey())));
-    else if (saved)
-        lblhint_->setText(bookedElsewhereHint(dialog.SavedDate()));
-    ctDays1->setFocus();
+    auto dialog = std::make_unique<frmRoomAppt>(meeting, main().Date(), cborooms->currentText(), window());
+    const frmRoomAppt& shown = *dialog;
+    RunEditor(
+        std::move(dialog),
+        [this, &shown] {
+            LoadRooms();
+            if (shown.SavedKey() > 0 && shown.SavedDate() == date_)
+                ctDays1->setSelectedItem(ctDays1->IndexOfKey(QString::number(shown.SavedKey())));
+            else if (shown.SavedKey() > 0)
+                lblhint_->setText(bookedElsewhereHint(shown.SavedDate()));
+            ctDays1->setFocus();
+        },
+        [&main = main()] { main.cycledate(2); });
 }
 
 void frmrooms::typeMeeting(const QString& text) {

@@ -13,7 +13,9 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
+#include "appointments/serieswork.h"
 #include "bridge/link.h"
 #include "data/codes.h"
 #include "platform/controls/ctdate.h"
@@ -100,6 +102,8 @@ void mdisched::openView(int currentView) {
     view_->show();
     view_->setFocus();
     Q_EMIT ViewOpened();
+    if (!std::exchange(cutOffSeriesOffered_, true))
+        OfferCutOffSeries([this] { cycledate(2); });
 }
 
 // A view may be unloaded by one of its own commands: it goes when that command has returned.

@@ -119,6 +119,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     std::optional<QSize> openingSize_;
     QString helpFile_;
     bool ready_ = false;
+    bool cutOffSeriesOffered_ = false;
     bool interfaceFontApplied_ = false;
 
     ctTaskPane* taskPane_ = nullptr;

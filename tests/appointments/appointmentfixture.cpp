@@ -1,12 +1,20 @@
 #include "tests/appointments/appointmentfixture.h"
 
+#include "platform/desktop/userstore.h"
+
 using db::Sql;
 
 AppointmentFixture::AppointmentFixture() {
     ResetSession();
+    SetUserStoreFile(userFolder.filePath(QStringLiteral("store.ini")));
     Session().Connection.Open(database.connectionText());
     provider(QStringLiteral("REED"), QStringLiteral("Reed"));
     provider(QStringLiteral("OBRIEN"), QStringLiteral("O'Brien"));
+}
+
+AppointmentFixture::~AppointmentFixture() {
+    SetUserStoreFile({});
+    ResetSession();
 }
 
 int AppointmentFixture::appointment(const Row& row) {

@@ -4,6 +4,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QTemporaryDir>
 
 #include "platform/database/error.h"
 #include "platform/database/recordset.h"
@@ -17,7 +18,7 @@
 class AppointmentFixture : public testing::Test {
   protected:
     AppointmentFixture();
-    ~AppointmentFixture() override { ResetSession(); }
+    ~AppointmentFixture() override;
 
     /// What a new row of `appointments` holds; the defaults are Reed's hour with Mary Jones.
     struct Row {
@@ -42,6 +43,7 @@ class AppointmentFixture : public testing::Test {
     QString dropTable(const QString& table);
 
     QDate day{2026, 3, 11};
+    QTemporaryDir userFolder{TestFolderTemplate()};  ///< What the program keeps for its user.
     TestDatabase database;
     ScriptedDesk desk;
 

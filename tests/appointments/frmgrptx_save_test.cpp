@@ -7,6 +7,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/notefield.h"
+#include "platform/controls/noticebar.h"
 #include "tests/appointments/groupfixture.h"
 
 using db::Sql;
@@ -35,6 +36,12 @@ class GroupSave : public GroupFixture {
     }
     void allow(const char* operation, const char* table) {
         database.allow(QString::fromLatin1(operation), QString::fromLatin1(table));
+    }
+    /// The save failed and closed the form, and the user opens it again.
+    void openAgain() {
+        EXPECT_FALSE(isOpen());
+        EXPECT_TRUE(dialog->IsUnsaved());
+        dialog->show();
     }
     QString why_;
 };
@@ -81,13 +88,19 @@ TEST_F(GroupSave, OkWithoutAChangeWritesNothing) {
     EXPECT_EQ(members(key), Both);
 }
 
-TEST_F(GroupSave, CancelAndEscapeWriteNothing) {
+TEST_F(GroupSave, CancelAndEscapeWriteNothingAndEscapeAsks) {
     const int key = groupAppointment();
     openGroup(key);
     clickScheduled("Baker, Bo");
     click(dialog->cmdCancel);
     openGroup(key);
     clickScheduled("Baker, Bo");
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"),
+                   QStringLiteral("Edit Group Appointment"), Answer::No);
+    press(dialog->ctList1, Qt::Key_Escape);
+    EXPECT_TRUE(isOpen());
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"),
+                   QStringLiteral("Edit Group Appointment"), Answer::Yes);
     press(dialog->ctList1, Qt::Key_Escape);
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(members(key), Both);
@@ -271,80 +284,85 @@ TEST_F(GroupSave, ARowThatCannotBeAddedIsToldAndNothingTypedIsLost) {
     refuse("Insert", "appointments");
     desk.expectBox(Saving + why_, Error);
     ok();
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(listed(), QStringLiteral("- Abel, Ann; x Baker, Bo"));
     EXPECT_EQ(rowCount("appointments") + rowCount("AppointmentsGroup") + rowCount("AuditLog"), 0);
+    openAgain();
+    EXPECT_EQ(listed(), QStringLiteral("- Abel, Ann; x Baker, Bo"));
     allow("Insert", "appointments");
     ok();
     EXPECT_EQ(members(newestKey()), QStringLiteral("x Baker, Bo"));
 }
 
-TEST_F(GroupSave, ARoomThatCannotBeBookedIsToldAndTheNextOkCompletesTheSameRow) {
-    openNewGroup(QStringLiteral("Anger"));
-    dialog->cborooms->SetText(QStringLiteral("Room 2"));
-    refuse("Insert", "roomschedule");
-    desk.expectBox(Saving + why_, Error);
-    ok();
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(rowCount("appointments"), 1);
-    allow("Insert", "roomschedule");
-    ok();
-    EXPECT_FALSE(isOpen());
-    EXPECT_EQ(rowCount("appointments"), 1);
-    EXPECT_EQ(rowCount("roomschedule"), 1);
-    EXPECT_EQ(members(newestKey()), QStringLiteral("x Abel, Ann; x Baker, Bo"));
-    EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")), QStringLiteral("Add Appointment"));
-}
-
-TEST_F(GroupSave, MembersThatCannotBeAddedAreToldAndTheNextOkGivesThemToTheSameRow) {
-    openNewGroup(QStringLiteral("Anger"));
-    refuse("Insert", "AppointmentsGroup");
-    desk.expectBox(SavingMembers + why_, Error);
-    ok();
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(members(newestKey()), QString());
-    EXPECT_EQ(rowCount("AuditLog"), 0);
-    allow("Insert", "AppointmentsGroup");
-    ok();
-    EXPECT_FALSE(isOpen());
-    EXPECT_EQ(rowCount("appointments"), 1);
-    EXPECT_EQ(members(newestKey()), QStringLiteral("x Abel, Ann; x Baker, Bo"));
-}
-
-TEST_F(GroupSave, MembersThatCannotBeReplacedAllStay) {
-    const int key = groupAppointment();
-    for (const char* operation : {"Delete", "Insert"}) {
-        openGroup(key);
-        clickScheduled("Abel, Ann");
-        refuse(operation, "AppointmentsGroup");
-        desk.expectBox(SavingMembers + why_, Error);
+TEST_F(GroupSave, ANewOneIsWrittenWithRoomAndMembersOrNotAtAll) {
+    const std::pair<const char*, QString> steps[] = {{"roomschedule", Saving}, {"AppointmentsGroup", SavingMembers}};
+    for (const auto& [table, trouble] : steps) {
+        run(QStringLiteral("Delete from appointments"));
+        run(QStringLiteral("Delete from roomschedule"));
+        run(QStringLiteral("Delete from AppointmentsGroup"));
+        run(QStringLiteral("Delete from AuditLog"));
+        openNewGroup(QStringLiteral("Anger"));
+        dialog->cborooms->SetText(QStringLiteral("Room 2"));
+        refuse("Insert", table);
+        desk.expectBox(trouble + why_, Error);
         ok();
-        EXPECT_TRUE(isOpen()) << operation;
-        EXPECT_EQ(members(key), Both) << operation;
-        allow(operation, "AppointmentsGroup");
+        EXPECT_EQ(rowCount("appointments") + rowCount("roomschedule") + rowCount("AppointmentsGroup"), 0) << table;
+        EXPECT_EQ(rowCount("AuditLog"), 0) << table;
+        openAgain();
+        allow("Insert", table);
         ok();
-        EXPECT_EQ(members(key), QStringLiteral("x Baker, Bo")) << operation;
-        openGroup(key);
-        pick(QStringLiteral("Sleep"));
-        pick(QStringLiteral("Anger"));
-        clickScheduled("Abel, Ann");
-        clickKept("Abel, Ann");
-        ok();
+        EXPECT_FALSE(isOpen()) << table;
+        EXPECT_EQ(rowCount("appointments"), 1) << table;
+        EXPECT_EQ(rowCount("roomschedule"), 1) << table;
+        EXPECT_EQ(members(newestKey()), QStringLiteral("x Abel, Ann; x Baker, Bo")) << table;
+        EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog")), QStringLiteral("Add Appointment"));
     }
 }
 
-TEST_F(GroupSave, ARowThatCannotBeUpdatedIsToldAndItsMembersStay) {
+TEST_F(GroupSave, AnOldOneIsChangedWithRoomAndMembersOrNotAtAll) {
+    struct Step {
+        const char* operation;
+        const char* table;
+        QString trouble;
+    };
+    const Step steps[] = {{"Delete", "roomschedule", Saving},
+                          {"Update", "appointments", Saving},
+                          {"Insert", "roomschedule", Saving},
+                          {"Delete", "AppointmentsGroup", SavingMembers},
+                          {"Insert", "AppointmentsGroup", SavingMembers}};
+    for (const Step& step : steps) {
+        run(QStringLiteral("Delete from appointments"));
+        run(QStringLiteral("Delete from roomschedule"));
+        run(QStringLiteral("Delete from AppointmentsGroup"));
+        const int key = groupAppointment();
+        booking(database.number(QStringLiteral("Select roomid from rooms Where room = 'Room 2'")), 540, 600,
+                QStringLiteral("Anger"), key);
+        openGroup(key);
+        clickScheduled("Abel, Ann");
+        type(dialog->ctend, QStringLiteral("11:00 AM"));
+        press(dialog->ctend, Qt::Key_Tab);
+        refuse(step.operation, step.table);
+        desk.expectBox(step.trouble + why_, Error);
+        ok();
+        EXPECT_EQ(members(key), Both) << step.operation << step.table;
+        EXPECT_EQ(stored(key), QStringLiteral("540-600 2026-03-11 Anger @ Annex")) << step.operation << step.table;
+        EXPECT_EQ(database.number(QStringLiteral("Select nEndTime from roomschedule")), 600) << step.operation;
+        openAgain();
+        allow(step.operation, step.table);
+        ok();
+        EXPECT_EQ(members(key), QStringLiteral("x Baker, Bo")) << step.operation << step.table;
+        EXPECT_EQ(database.number(QStringLiteral("Select nEndTime from roomschedule")), 660) << step.operation;
+    }
+}
+
+TEST_F(GroupSave, ARoomThatAnotherDeskGaveItIsNotWrittenOver) {
     const int key = groupAppointment();
     openGroup(key);
     clickScheduled("Abel, Ann");
-    type(dialog->ctend, QStringLiteral("11:00 AM"));
-    press(dialog->ctend, Qt::Key_Tab);
-    refuse("Update", "appointments");
-    desk.expectBox(Saving + why_, Error);
+    booking(database.number(QStringLiteral("Select roomid from rooms Where room = 'Room 2'")), 540, 600,
+            QStringLiteral("Anger"), key);
+    desk.expectBox(Saving + ChangedMeanwhile, Error);
     ok();
-    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(rowCount("roomschedule"), 1);
     EXPECT_EQ(members(key), Both);
-    EXPECT_EQ(stored(key), QStringLiteral("540-600 2026-03-11 Anger @ Annex"));
 }
 
 TEST_F(GroupSave, ALostDatabaseIsToldAndTheDialogStaysOpen) {
@@ -377,7 +395,8 @@ TEST_F(GroupSave, AttendanceThatAnotherDeskTookIsNotWrittenOver) {
     EXPECT_EQ(members(key), QStringLiteral("x Abel, Ann k; x Baker, Bo k"));
 }
 
-TEST_F(GroupSave, AnAppointmentThatAnotherDeskDeletedIsMadeAnew) {
+TEST_F(GroupSave, AnAppointmentThatAnotherDeskDeletedIsMadeAnewAndThatIsSaid) {
+    const NoticeBar bar;
     const int key = groupAppointment();
     openGroup(key);
     clickKept("Baker, Bo");
@@ -385,6 +404,7 @@ TEST_F(GroupSave, AnAppointmentThatAnotherDeskDeletedIsMadeAnew) {
     run(QStringLiteral("Delete from AppointmentsGroup"));
     ok();
     EXPECT_FALSE(isOpen());
+    EXPECT_EQ(bar.Texts().size(), 1);
     EXPECT_EQ(rowCount("appointments"), 1);
     EXPECT_EQ(stored(newestKey()), QStringLiteral("540-600 2026-03-11 Anger @ Annex"));
     EXPECT_EQ(members(newestKey()), QStringLiteral("x Abel, Ann k; x Baker, Bo k"));

@@ -6,6 +6,7 @@
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/notefield.h"
+#include "platform/controls/noticebar.h"
 #include "tests/appointments/editorfixture.h"
 
 using db::Sql;
@@ -75,14 +76,14 @@ TEST_F(EditorFailure, ANewRowThatIsRefusedLeavesNothingAndAsksForNoEMail) {
     EXPECT_EQ(rowCount("AuditLog"), 0);
 }
 
-TEST_F(EditorFailure, ANewRowWhoseRoomIsRefusedStandsWithoutIt) {
+TEST_F(EditorFailure, ANewRowWhoseRoomIsRefusedIsNotThereEither) {
     openNew(1);
     choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
     form->cborooms->SetListIndex(0);
     QTest::keyClick(form->ckemail, Qt::Key_Space);
     desk.expectBox(SaveFailed + refuse("Insert", "roomschedule"), Error);
     clickOk();
-    EXPECT_EQ(rowCount("appointments"), 1);
+    EXPECT_EQ(rowCount("appointments"), 0);
     EXPECT_EQ(rowCount("roomschedule"), 0);
     EXPECT_EQ(rowCount("AuditLog"), 0);
 }
@@ -96,22 +97,62 @@ TEST_F(EditorFailure, ARoomThatCannotBeTakenAwayLeavesRowAndRoom) {
     EXPECT_EQ(database.number(QStringLiteral("Select croomid from roomschedule")), office);
 }
 
-TEST_F(EditorFailure, ARowThatIsRefusedHasLostItsRoom) {
+TEST_F(EditorFailure, ARowThatIsRefusedKeepsItsRoom) {
     const int key = openMoved();
     desk.expectBox(SaveFailed + refuse("Update", "appointments"), Error);
     clickOk();
     EXPECT_EQ(column("nStartTime", key), QStringLiteral("540"));
-    EXPECT_EQ(rowCount("roomschedule"), 0);
+    EXPECT_EQ(database.number(QStringLiteral("Select nStartTime from roomschedule")), 540);
     EXPECT_EQ(rowCount("AuditLog"), 1);
 }
 
-TEST_F(EditorFailure, ARowWhoseNewRoomIsRefusedIsMovedWithoutOne) {
+TEST_F(EditorFailure, ARowWhoseNewRoomIsRefusedStaysWhereItWasWithItsOldOne) {
     const int key = openMoved();
     desk.expectBox(SaveFailed + refuse("Insert", "roomschedule"), Error);
     clickOk();
-    EXPECT_EQ(column("nStartTime", key), QStringLiteral("660"));
-    EXPECT_EQ(rowCount("roomschedule"), 0);
+    EXPECT_EQ(column("nStartTime", key), QStringLiteral("540"));
+    EXPECT_EQ(database.number(QStringLiteral("Select nStartTime from roomschedule")), 540);
     EXPECT_EQ(rowCount("AuditLog"), 1);
+}
+
+TEST_F(EditorFailure, AFailedSaveLeavesNoTransactionOpen) {
+    openMoved();
+    desk.expectBox(SaveFailed + refuse("Insert", "roomschedule"), Error);
+    clickOk();
+    EXPECT_NO_THROW(Session().Connection.BeginTrans());
+    EXPECT_NO_THROW(Session().Connection.RollbackTrans());
+}
+
+TEST_F(EditorFailure, WhatAFailedSaveClosedCanBeOpenedAndSavedAgain) {
+    const int key = openMoved();
+    form->txtnotes->setPlainText(QStringLiteral("Mary's card"));
+    desk.expectBox(SaveFailed + refuse("Insert", "roomschedule"), Error);
+    clickOk();
+    EXPECT_TRUE(form->IsUnsaved());
+    EXPECT_EQ(form->Subject(), QStringLiteral("appointment on 03/11/2026 at 11:00 AM"));
+    database.allow(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
+    view.selectedKey = 0;
+    Session().CurrentView = 3;
+    form->show();
+    EXPECT_FALSE(form->IsUnsaved());
+    clickOk();
+    EXPECT_FALSE(form->IsUnsaved());
+    EXPECT_EQ(column("nStartTime", key), QStringLiteral("660"));
+    EXPECT_EQ(column("CapptNote", key), QStringLiteral("90834  Psychotherapy|Mary's card"));
+    EXPECT_EQ(rowCount("appointments"), 1);
+    EXPECT_EQ(rowCount("roomschedule"), 1);
+}
+
+TEST_F(EditorFailure, WhatIsOpenedAgainIsNotWrittenOverAnotherDesksWork) {
+    const int key = openMoved();
+    desk.expectBox(SaveFailed + refuse("Insert", "roomschedule"), Error);
+    clickOk();
+    database.allow(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
+    otherDesk("CapptNote = '|theirs'", key);
+    form->show();
+    desk.expectBox(ChangedByAnother, Error);
+    clickOk();
+    EXPECT_EQ(column("CapptNote", key), QStringLiteral("|theirs"));
 }
 
 TEST_F(EditorFailure, AnAuditLineThatIsRefusedStopsNothing) {
@@ -155,7 +196,8 @@ TEST_F(EditorFailure, WhatTheEditorDoesNotWriteMayChangeMeanwhileAndIsKept) {
     EXPECT_EQ(column("NoteID", key), QStringLiteral("7"));
 }
 
-TEST_F(EditorFailure, ARowThatAnotherDeskDeletedBecomesANewOne) {
+TEST_F(EditorFailure, ARowThatAnotherDeskDeletedBecomesANewOneAndThatIsSaid) {
+    const NoticeBar bar;
     const int key = openMoved();
     database.connection().Execute("Delete from appointments");
     database.connection().Execute("Delete from roomschedule");
@@ -167,23 +209,22 @@ TEST_F(EditorFailure, ARowThatAnotherDeskDeletedBecomesANewOne) {
     EXPECT_EQ(database.number(QStringLiteral("Select apptid from roomschedule")), newestKey());
     EXPECT_EQ(database.text(QStringLiteral("Select LogListId from AuditLog Order by LogId Desc")),
               QStringLiteral("Add Appointment"));
+    EXPECT_EQ(bar.Texts(),
+              QStringList(QStringLiteral(
+                  "The appointment had been deleted at another desk and was added again as a new appointment.")));
 }
 
-TEST_F(EditorFailure, ARowThatCouldNotBeReadIsNotOverwrittenByDefaults) {
+TEST_F(EditorFailure, ASelectionThatMovedMeanwhileDoesNotMoveTheSave) {
     const int key = appointment({.text = QStringLiteral("Staff Meeting"), .patient = QString()});
     const int other = appointment({.start = 800, .end = 860, .text = QStringLiteral("Training")});
     openRow(key, 2);
-    // The view's selection has gone to a row that this dialog never read.
     view.selectedKey = other;
     type(form->cboevents, QStringLiteral("lost"));
     desk.expectBox(QStringLiteral("Event is not on the list. Do you want to add it?"), QStringLiteral("Item Not Found"),
                    Answer::No);
-    desk.expectForm("AppointmentConflict",
-                    [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdaccept"))->click(); });
-    desk.expectBox(ChangedByAnother, Error);
     clickOk();
     EXPECT_EQ(column("cappttext", other), QStringLiteral("Training"));
-    EXPECT_EQ(column("cappttext", key), QStringLiteral("Staff Meeting"));
+    EXPECT_EQ(column("cappttext", key), QStringLiteral("lost"));
 }
 
 TEST_F(EditorFailure, AViewThatLostItsSelectionDoesNotDoubleTheAppointment) {

@@ -318,9 +318,11 @@ TEST_F(EditorFields, EscapeGivesUpTheNewEntryAndItsSelection) {
     EXPECT_EQ(rowCount("appointments"), 0);
 }
 
-TEST_F(EditorFields, EscapeFromAnUnknownLocationAsksNothing) {
+TEST_F(EditorFields, EscapeFromAnUnknownLocationAsksOnlyWhetherToGiveItUp) {
     openNew(1);
     type(form->cbolocation, QStringLiteral("Attic"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("New Appointment"),
+                   Answer::Yes);
     press(form->cbolocation, Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
 }

@@ -263,6 +263,8 @@ TEST_F(PatientLookUp, AnUnknownNameStandsInNobodysWayWhenTheFormIsGivenUp) {
     EXPECT_FALSE(form->isVisible());
 
     QLineEdit& box = typed("jonx");
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("New Appointment"),
+                   Answer::Yes);
     press(&box, Qt::Key_Escape);
     letQueuedWorkRun();
     EXPECT_FALSE(form->isVisible());

@@ -1,10 +1,13 @@
 #include <QAction>
 #include <QDialog>
 #include <QMenu>
+#include <QPushButton>
 
 #include "appointments/frmnore.h"
 #include "data/codes.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/notefield.h"
+#include "platform/controls/noticebar.h"
 #include "session/session.h"
 #include "tests/views/dayhand.h"
 
@@ -63,6 +66,34 @@ TEST_F(DayEdit, ADoubleClickOpensTheAppointment) {
     doubleClick(rectOf("Anna").center());
 
     EXPECT_FALSE(Session().IsNewAppt);
+}
+
+TEST_F(DayEdit, WhatCouldNotBeSavedIsOpenedAgainFromTheBarWithAllThatWasTyped) {
+    NoticeBar bar;
+    const qint64 key = add(anAppointment("Meeting").at(9, 0).until(10, 0).status(ncolor::Activity));
+    openByHand();
+    select("Meeting");
+    const QString note = QStringLiteral("Bring O'Brien's file");
+    desk.expectForm("frmnore", [&](QDialog& form) {
+        theEditor(form).txtnotes->setPlainText(note);
+        theEditor(form).cmdOk->click();
+    });
+    desk.expectBox("Error saving appointment. " + database_.refuse("Update", "appointments"), "Error");
+    this->key(Qt::Key_Return);
+    EXPECT_EQ(bar.Texts(), QStringList(QStringLiteral("Not saved: appointment on 03/11/2026 at 9:00 AM")));
+
+    database_.allow("Update", "appointments");
+    calendar().clearSelection();
+    desk.expectForm("frmnore", [&](QDialog& form) {
+        EXPECT_EQ(theEditor(form).txtnotes->toPlainText(), note);
+        theEditor(form).cmdOk->click();
+    });
+    bar.findChild<QPushButton*>(QStringLiteral("cmdNotice"))->click();
+    settle();
+    EXPECT_EQ(database_.text(QStringLiteral("Select CapptNote from appointments Where nkeyid = %1").arg(key)),
+              QStringLiteral("|") + note);
+    EXPECT_EQ(bar.Texts(), QStringList());
+    EXPECT_EQ(main.asked, QStringList(QStringLiteral("cycledate 2")));
 }
 
 TEST_F(DayEdit, EnterAndTheCommandOpenTheSelectedAppointment) {

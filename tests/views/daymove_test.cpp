@@ -374,7 +374,7 @@ TEST_F(DayMove, AnAuditLineThatCannotBeWrittenDoesNotStopTheMove) {
     EXPECT_EQ(room(key, "nStartTime"), 660);
 }
 
-TEST_F(DayMove, ARoomThatCannotBeMovedIsToldAndTheAppointmentStandsAtItsNewTime) {
+TEST_F(DayMove, ARoomThatCannotBeMovedIsToldAndTheAppointmentGoesBackWithIt) {
     const qint64 key = add(anAppointment("Anna").at(9, 0).until(10, 0));
     book(key, 540, 600);
     openByHand();
@@ -382,9 +382,10 @@ TEST_F(DayMove, ARoomThatCannotBeMovedIsToldAndTheAppointmentStandsAtItsNewTime)
 
     moveTo("Anna", 660);
 
-    EXPECT_EQ(times(key), "660-720");
+    EXPECT_EQ(times(key), "540-600");
     EXPECT_EQ(room(key, "nStartTime"), 540);
-    EXPECT_EQ(item("Anna").ItemStart, 660);
+    EXPECT_EQ(item("Anna").ItemStart, 540);
+    EXPECT_EQ(audit(), "(none)");
 }
 
 /// Which items can be moved and typed into.

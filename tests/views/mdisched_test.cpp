@@ -588,6 +588,19 @@ TEST_F(MainWindowTest, ANoticeStandsBetweenTitleAndViewAndStaysWhenTheViewIsChan
     EXPECT_TRUE(bar.isVisible());
 }
 
+TEST_F(MainWindowTest, AProgramThatHoldsWhatCouldNotBeSavedAsksBeforeItEnds) {
+    start();
+    bool mayGo = false;
+    Notice notice;
+    notice.text = QStringLiteral("Not saved: appointment");
+    notice.mayClose = [&] { return mayGo; };
+    ShowNotice(notice);
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    mayGo = true;
+    EXPECT_TRUE(window->close());
+}
+
 TEST_F(MainWindowTest, F6ReachesTheNoticesAndEscapeGivesTheFocusBackToTheView) {
     start();
     window->activateWindow();

@@ -56,11 +56,17 @@ TEST_F(RoomDialog, AFailureIsToldAndKeepsWhatWasTyped) {
     const QString reason = database_.refuse(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
     desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
     dialog.cmdOk->click();
-    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_TRUE(dialog.IsUnsaved());
+    dialog.show();
     EXPECT_EQ(dialog.txtsubject->text(), "Meeting");
+    database_.allow(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
+    dialog.cmdOk->click();
+    EXPECT_FALSE(dialog.IsUnsaved());
+    EXPECT_EQ(bookings(), 1);
 }
 
-TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedKeepsTheDialogOpen) {
+TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedIsToldAndKeepsWhatWasTyped) {
     const int stands = book("Old");
     const QDate day(2026, 3, 11);
     frmRoomAppt edit({stands, 540, 600, QDate(2026, 3, 11), QStringLiteral("Old"), {}, 1, false}, day,
@@ -73,5 +79,6 @@ TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedKeepsTheDialogOpen) {
     edit.txtsubject->setText(QStringLiteral("New"));
     expectGone();
     edit.cmdOk->click();
-    EXPECT_TRUE(edit.isVisible());
+    EXPECT_TRUE(edit.IsUnsaved());
+    EXPECT_EQ(edit.txtsubject->text(), "New");
 }

@@ -1,0 +1,127 @@
+#include "appointments/seriesmark.h"
+
+#include <optional>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+#include <QUuid>
+
+#include "platform/database/connectiontext.h"
+#include "platform/desktop/userstore.h"
+#include "session/session.h"
+
+namespace {
+
+const QString FilePattern = QStringLiteral("series-*.json");
+const QString Date = QStringLiteral("date");
+const QString Dates = QStringLiteral("dates");
+const QString Keys = QStringLiteral("keys");
+
+QString folder() {
+    return QFileInfo(UserStoreFile()).absolutePath();
+}
+
+// Which practice and user the mark belongs to, without telling either.
+QString owner() {
+    const db::ConnectionFields fields = db::ParseConnectionText(Session().ConnectionString);
+    const QString named =
+        QStringList{fields.value(QStringLiteral("data source")), fields.value(QStringLiteral("initial catalog")),
+                    fields.value(QStringLiteral("database")), Session().UID}
+            .join(QLatin1Char('\n'))
+            .toLower();
+    return QString::fromLatin1(QCryptographicHash::hash(named.toUtf8(), QCryptographicHash::Sha256).toHex());
+}
+
+QJsonObject written(const SeriesWork& work) {
+    QJsonArray dates;
+    for (const QDate date : work.dates)
+        dates << date.toString(Qt::ISODate);
+    QJsonArray keys;
+    for (const int key : work.keys)
+        keys << key;
+    return {{QStringLiteral("owner"), owner()},
+            {QStringLiteral("kind"), static_cast<int>(work.kind)},
+            {Date, work.date.toString(Qt::ISODate)},
+            {QStringLiteral("start"), work.start},
+            {QStringLiteral("end"), work.end},
+            {QStringLiteral("source"), work.source},
+            {QStringLiteral("reference"), work.reference},
+            {QStringLiteral("lastKey"), static_cast<double>(work.lastKey)},
+            {QStringLiteral("provider"), work.provider},
+            {QStringLiteral("schedule"), work.schedule},
+            {QStringLiteral("room"), work.room},
+            {QStringLiteral("company"), static_cast<int>(work.company)},
+            {Dates, dates},
+            {Keys, keys}};
+}
+
+std::optional<SeriesWork> readFrom(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
+    if (object[QStringLiteral("owner")].toString() != owner())
+        return std::nullopt;
+    SeriesWork work;
+    work.kind = static_cast<SeriesWork::Kind>(object[QStringLiteral("kind")].toInt());
+    work.date = QDate::fromString(object[Date].toString(), Qt::ISODate);
+    work.start = object[QStringLiteral("start")].toInt();
+    work.end = object[QStringLiteral("end")].toInt();
+    work.source = object[QStringLiteral("source")].toInt();
+    work.reference = object[QStringLiteral("reference")].toInt();
+    work.lastKey = object[QStringLiteral("lastKey")].toInteger();
+    work.provider = object[QStringLiteral("provider")].toString();
+    work.schedule = object[QStringLiteral("schedule")].toString();
+    work.room = object[QStringLiteral("room")].toInt();
+    work.company = static_cast<SeriesWork::Company>(object[QStringLiteral("company")].toInt());
+    const QJsonArray dates = object[Dates].toArray();
+    for (const auto& date : dates)
+        work.dates.push_back(QDate::fromString(date.toString(), Qt::ISODate));
+    const QJsonArray keys = object[Keys].toArray();
+    for (const auto& key : keys)
+        work.keys.push_back(key.toInt());
+    return work;
+}
+
+}  // namespace
+
+SeriesMark::SeriesMark(const QString& file, SeriesWork work)
+    : file_(file), work_(std::move(work)), lock_(std::make_unique<QLockFile>(file + QStringLiteral(".lock"))) {
+    lock_->setStaleLockTime(0);  // Only the end of its program frees it.
+}
+
+std::shared_ptr<SeriesMark> SeriesMark::Begin(const SeriesWork& work) {
+    QDir().mkpath(folder());
+    const QString name = QStringLiteral("series-%1.json").arg(QUuid::createUuid().toString(QUuid::WithoutBraces));
+    std::shared_ptr<SeriesMark> mark(new SeriesMark(QDir(folder()).filePath(name), work));
+    QSaveFile file(mark->file_);
+    if (!mark->lock_->tryLock(0) || !file.open(QIODevice::WriteOnly))
+        return mark;
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    file.write(QJsonDocument(written(work)).toJson());
+    file.commit();
+    return mark;
+}
+
+std::vector<std::shared_ptr<SeriesMark>> SeriesMark::Left() {
+    std::vector<std::shared_ptr<SeriesMark>> marks;
+    const QDir home(folder());
+    for (const QString& name : home.entryList({FilePattern}, QDir::Files, QDir::Time | QDir::Reversed)) {
+        std::optional<SeriesWork> work = readFrom(home.filePath(name));
+        if (!work)
+            continue;
+        std::shared_ptr<SeriesMark> mark(new SeriesMark(home.filePath(name), std::move(*work)));
+        if (mark->lock_->tryLock(0))
+            marks.push_back(std::move(mark));
+    }
+    return marks;
+}
+
+void SeriesMark::Remove() {
+    QFile::remove(file_);
+    lock_->unlock();
+}
