@@ -12,9 +12,9 @@ constexpr int PatienceMilliseconds = 60000;
 }  // namespace
 
 Desk::Desk(const QString& dataFolder, const QString& user, QDate date, const QString& display,
-           const QStringList& locale) {
+           const QString& configFolder, const QStringList& locale) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config_.path());
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder.isEmpty() ? config_.path() : configFolder);
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), config_.path());
     environment.insert(QStringLiteral("DISPLAY"), display);
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"),

@@ -1,36 +1,9 @@
-#include <sqlite3.h>
-
+#include "tests/desks/barefile.h"
 #include "tests/desks/deskfixture.h"
 
 using db::Sql;
 
 namespace {
-
-/// The practice's file through the bare engine, past the program's own client.
-class BareFile {
-  public:
-    explicit BareFile(const QString& file) {
-        EXPECT_EQ(sqlite3_open(file.toUtf8().constData(), &database_), SQLITE_OK);
-    }
-    ~BareFile() { sqlite3_close(database_); }
-    BareFile(const BareFile&) = delete;
-    BareFile& operator=(const BareFile&) = delete;
-
-    void run(const char* statement) {
-        sqlite3_busy_timeout(database_, 20000);
-        EXPECT_EQ(sqlite3_exec(database_, statement, nullptr, nullptr, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(database_);
-    }
-    /// Returns as soon as somebody else is within a transaction that writes.
-    void awaitAnothersWrite() {
-        sqlite3_busy_timeout(database_, 0);
-        while (sqlite3_exec(database_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK)
-            sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
-    }
-
-  private:
-    sqlite3* database_ = nullptr;
-};
 
 /// Two copies of the program on one practice, both on one day.
 class TwoDesks : public DeskFixture {
@@ -202,46 +175,4 @@ TEST_F(TwoDesks, BothMayDeleteOneSeries) {
     }
     EXPECT_EQ(number(QStringLiteral("Select Count(*) from appointments")), 1);
     EXPECT_EQ(one->tell("items"), other->tell("items"));
-}
-
-TEST_F(TwoDesks, ADeskKilledInTheMidstOfABookingLeavesAnAppointmentThatTheOtherCanFinish) {
-    const auto one = openDesk();
-    const auto other = openDesk();
-    openNew(*one, 540, 590);
-    one->tell("choose", QStringLiteral("cborooms"), QStringLiteral("Blue room"));
-    one->tell("dieAfter", QStringLiteral("1"));
-    one->tellLast("click", QStringLiteral("cmdOk"));
-    one->awaitDeath();
-    EXPECT_EQ(number(QStringLiteral("Select Count(*) from appointments")), 1);
-    EXPECT_EQ(number(QStringLiteral("Select Count(*) from roomschedule")), 0);
-    other->tell("trigger", QStringLiteral("mnuVRefresh"));
-    const QString key = value(QStringLiteral("Select nkeyid from appointments"));
-    EXPECT_EQ(other->tell("items"), key + QStringLiteral(" 540-590 O'Brien, Anna"));
-    openEditor(*other, key);
-    other->tell("choose", QStringLiteral("cborooms"), QStringLiteral("Blue room"));
-    pressOk(*other);
-    other->await("mdisched");
-    EXPECT_EQ(value(QStringLiteral("Select apptid from roomschedule")), key);
-}
-
-TEST_F(TwoDesks, ADeskKilledInTheMidstOfADeletionHasDeletedNothing) {
-    const QString key = add(540, 590, QStringLiteral("O'Brien, Anna"));
-    connection.Execute(Sql(
-        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values(540, 590, '{}', 'Reed', 1, {})",
-        day, db::Raw{key}));
-    BareFile bare(folder.filePath(QStringLiteral("practice.db")));
-    const auto one = openDesk();
-    one->tell("select", key);
-    one->tell("trigger", QStringLiteral("mnuADelete"));
-    one->await("box");
-    bare.run(
-        "CREATE TRIGGER heldup AFTER DELETE ON roomschedule BEGIN SELECT Count(*) FROM (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n LIMIT 100000000000); END");
-    one->tellLast("answer", QStringLiteral("Yes"));
-    bare.awaitAnothersWrite();
-    one->kill();
-    bare.run("DROP TRIGGER heldup");
-    EXPECT_EQ(times(key), QStringLiteral("540-590"));
-    EXPECT_EQ(number(QStringLiteral("Select Count(*) from roomschedule")), 1);
-    const auto other = openDesk();
-    EXPECT_EQ(other->tell("items"), key + QStringLiteral(" 540-590 O'Brien, Anna"));
 }

@@ -1,7 +1,6 @@
 #include "tests/desks/widgethand.h"
 
 #include <algorithm>
-#include <csignal>
 #include <functional>
 #include <QAbstractButton>
 #include <QAction>
@@ -18,7 +17,6 @@
 
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/ctlist.h"
-#include "session/session.h"
 
 namespace {
 
@@ -238,15 +236,6 @@ QString picture(const QStringList& words) {
     return {};
 }
 
-// The program is killed, as by a power cut, right after its n-th write from now.
-QString dieAfter(const QStringList& words) {
-    Session().Connection.Observe([left = words.at(1).toInt()](const db::Write&) mutable {
-        if (--left == 0)
-            std::raise(SIGKILL);
-    });
-    return {};
-}
-
 }  // namespace
 
 QString WindowInFront() {
@@ -273,7 +262,6 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("choose"), choose},
         {QStringLiteral("click"), click},
         {QStringLiteral("answer"), answerBox},
-        {QStringLiteral("dieAfter"), dieAfter},
         {QStringLiteral("itemPlace"), itemPlace},
         {QStringLiteral("timePlace"), timePlace},
         {QStringLiteral("widgetPlace"), widgetPlace},
