@@ -18,6 +18,7 @@
 #include "platform/desktop/inifile.h"
 #include "platform/desktop/installation.h"
 #include "platform/desktop/localefacts.h"
+#include "platform/files/privatefile.h"
 #include "session/audit.h"
 #include "session/errorbox.h"
 #include "session/frmsvspl.h"
@@ -41,6 +42,9 @@ void findFolders(const StartUpOptions& options) {
         session.DocPath = central->DocPath;
         session.SharedPath2 = central->SharedPath2;
         session.SignaturePath = central->SignaturePath;
+        for (const QString& folder :
+             {session.AppPath, session.IniPath, session.DocPath, session.SharedPath2, session.SignaturePath})
+            files::Share(folder);
         return;
     }
     const QString own = options.dataFolder.isEmpty()
@@ -72,6 +76,8 @@ bool findFiles() {
         !fileIsThere(session.SchedulerIni,
                      QStringLiteral("Unable to find configuration file svwsched.ini. Program will terminate.")))
         return false;
+    for (const QString& file : {session.SolvaneIni, session.SchedulerIni})
+        files::KeepPrivate(file);
     if (ReadIniValue(session.SchedulerIni, QStringLiteral("PrintLayout"), QStringLiteral("TitleFontBold")).isEmpty())
         AddNewIniEntries();
     return true;

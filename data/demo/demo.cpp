@@ -10,6 +10,7 @@
 #include "data/demo/tasks.h"
 #include "data/schema.h"
 #include "platform/database/transaction.h"
+#include "platform/files/privatefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,7 +37,7 @@ void openNew(db::Connection& connection, const QString& folder, const char* cata
 
 void writeFile(const QString& path, const char* text) {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) < 0 || !file.flush())
+    if (!files::MakePrivate(path) || !file.open(QIODevice::WriteOnly) || file.write(text) < 0 || !file.flush())
         throw std::runtime_error(
             QStringLiteral("%1 cannot be written: %2.").arg(path, file.errorString()).toStdString());
 }
@@ -48,6 +49,7 @@ void moveAllIn(const QDir& from, const QDir& to) {
         const QString file = QLatin1String(name);
         if (QFile::rename(from.filePath(file), to.filePath(file))) {
             moved.append(file);
+            QFile::setPermissions(to.filePath(file), files::PermissionsIn(to.path()));
             continue;
         }
         for (const QString& back : moved)
@@ -124,7 +126,7 @@ Summary MakeDemoFolder(const Options& options, const QString& folder) {
     const QDir target(folder);
     refuseUsedFolder(target);
     const bool wasThere = target.exists();
-    if (!target.mkpath(QStringLiteral(".")))
+    if (!files::MakePrivateFolder(folder))
         throw std::runtime_error(QStringLiteral("The folder %1 cannot be made.").arg(folder).toStdString());
     try {
         return makeIn(options, target);

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <optional>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
 #include <QStringList>
+
+#include "platform/files/privatefile.h"
 
 namespace {
 
@@ -81,11 +84,17 @@ std::optional<IniText> loaded(const QString& path) {
     return ini;
 }
 
+// It may hold a password, scrambled for the eye only.
 bool stored(const QString& path, const IniText& ini) {
+    const files::OwnerOnly made;
+    const bool isNew = !QFile::exists(path);
+    files::KeepPrivate(path);
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly))
         return false;
+    if (isNew)
+        file.setPermissions(files::PermissionsIn(QFileInfo(path).absolutePath()));
     file.write(encoded(ini.lines.join(u'\n'), ini.encoding));
     return file.commit();
 }

@@ -11,6 +11,7 @@
 #include "platform/database/embedded/store.h"
 #include "platform/database/embedded/textorder.h"
 #include "platform/database/error.h"
+#include "platform/files/privatefile.h"
 
 namespace db::embedded {
 
@@ -26,6 +27,12 @@ DatabaseHandle openHandle(const QString& file, bool create, const QString& datab
     // SQLite takes an empty file for a new database; without create it is the rest of something that failed.
     if (!inMemory && !create && info.isFile() && info.size() == 0)
         throw OpeningFault(SQLITE_NOTADB, database);
+    // SQLite's own -wal and -shm are for whom the file is for.
+    if (create && !inMemory)
+        files::MakePrivate(file);
+    else if (!inMemory)
+        for (const char* part : {"", "-wal", "-shm"})
+            files::KeepPrivate(file + QLatin1String(part));
     sqlite3* handle = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create || inMemory ? SQLITE_OPEN_CREATE : 0);
     const int code = sqlite3_open_v2(file.toUtf8().constData(), &handle, flags, nullptr);

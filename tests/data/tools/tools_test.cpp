@@ -90,6 +90,19 @@ TEST(DemoTool, FillsDatabasesThatHaveTheirTablesAndOnlyOnce) {
     EXPECT_EQ(settings["FHDatabaseName"].text(), "companion");
 }
 
+TEST(DemoTool, MakesAPracticeThatNobodyElseCanRead) {
+    const QTemporaryDir folder;
+    const QString data = folder.filePath("data");
+    ASSERT_EQ(call(DEMO_TOOL, {"--data", data, "--appointments", "200"}).code, 0);
+    constexpr QFile::Permissions Others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    EXPECT_FALSE(QFile::permissions(data) & Others);
+    for (const char* file : {"practice.db", "companion.db", "solvane.ini", "svwsched.ini"}) {
+        ASSERT_TRUE(QFile::exists(data + '/' + file)) << file;
+        EXPECT_FALSE(QFile::permissions(data + '/' + file) & Others) << file;
+    }
+}
+
 TEST(DemoTool, SaysWhichArgumentItCannotRead) {
     const QTemporaryDir folder;
     const QString data = folder.filePath("data");
