@@ -2,6 +2,7 @@
 
 #include <QStyledItemDelegate>
 
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 
 namespace {
@@ -38,9 +39,9 @@ AttendeeList::AttendeeList(QWidget* parent) : QListWidget(parent) {
 }
 
 void AttendeeList::AddProvider(const QString& id, const QString& name) {
-    auto* item = new QListWidgetItem(name, this);
+    auto* item = new QListWidgetItem(OneLine(name), this);
     item->setData(IdRole, id);
-    item->setToolTip(name);
+    item->setToolTip(TipText(name));
 }
 
 void AttendeeList::SelectProvider(int row) {

@@ -42,6 +42,7 @@ QWidget* frmactsc::buildFields() {
     auto* fields = new QWidget(this);
     cboevents =
         EditorCombo(CompletingCombo::Entry::Free, "cboevents", tr("Activity or event"), ComboCharacters, fields);
+    cboevents->SetMaxLength(LongestText);
     ctDEditComp = EditorDate(ctDEdit::Kind::Date, "ctDEditComp", tr("Date"), fields);
     lblweekday = Named(new QLabel(fields), "lblweekday");
     lblweekday->setForegroundRole(QPalette::PlaceholderText);
@@ -50,6 +51,7 @@ QWidget* frmactsc::buildFields() {
     ctend->setIsEnd(true);
     lblduration = new DurationLabel(fields);
     cbolocation = EditorCombo(CompletingCombo::Entry::Free, "cbolocation", tr("Location"), ComboCharacters, fields);
+    cbolocation->SetMaxLength(LongestLocation);
     lblcut = Named(new QLabel(fields), "lblcut");
     lblcut->setWordWrap(true);
     lblcut->setForegroundRole(QPalette::PlaceholderText);

@@ -21,9 +21,9 @@
 #include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/notefield.h"
+#include "platform/controls/textfield.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
-#include "session/characterfilter.h"
 #include "session/session.h"
 
 namespace {
@@ -31,13 +31,9 @@ namespace {
 constexpr int ComboCharacters = 14;
 constexpr int LongestName = 255;    // appointments.cappttext
 constexpr int LongestAccount = 50;  // appointments.PatientAcct
+constexpr int LongestListed = 100;  // appointments.CLOCATION and the lists that grow by what is typed
 constexpr int NoteLines = 4;
 constexpr int PhoneCharacters = 16;
-
-// A name or a number is one line, whatever is pasted.
-void keepToOneLine(QLineEdit* box) {
-    box->setValidator(new CharacterFilter([](QChar letter) { return letter != u'\n' && letter != u'\r'; }, box));
-}
 
 /// What is known about the patient: shown, never typed.
 QLabel* factLabel(const char* name, QWidget* parent) {
@@ -97,9 +93,9 @@ void frmnore::buildForm() {
 
 void frmnore::buildPatientPage() {
     QWidget* page = fraappttype[0] = Named(new QWidget(this), "fraappttype0");
-    txtpatients = Named(new QLineEdit(page), "txtpatients");
-    txtpatients->setMaxLength(LongestName);
-    keepToOneLine(txtpatients);
+    auto* name = Named(new TextField(page), "txtpatients");
+    name->SetMost(LongestName);
+    txtpatients = name;
     txtpatients->setPlaceholderText(tr("Last name, first name"));
     Label1 = Named(FieldLabel({}, txtpatients), "Label1");
     cmdpatients = Named(new QToolButton(page), "cmdpatients");
@@ -108,9 +104,9 @@ void frmnore::buildPatientPage() {
     cmdpatients->setToolTip(tr("List of patients"));
     cmdPatientList = FormButton(tr("Look &Up..."), "cmdPatientList", page);
     cmdnewpat = FormButton({}, "cmdnewpat", page);
-    txtaccount = Named(new QLineEdit(page), "txtaccount");
-    txtaccount->setMaxLength(LongestAccount);
-    keepToOneLine(txtaccount);
+    auto* account = Named(new TextField(page), "txtaccount");
+    account->SetMost(LongestAccount);
+    txtaccount = account;
     Label14 = Named(FieldLabel({}, txtaccount), "Label14");
     lblHPhone = factLabel("lblHPhone", page);
     lblwphone = factLabel("lblwphone", page);
@@ -156,12 +152,14 @@ void frmnore::buildOtherPages() {
     };
     QWidget* events = page(1, "fraappttype1");
     cboevents = EditorCombo(Entry::Free, "cboevents", tr("Event"), ComboCharacters, events);
+    cboevents->SetMaxLength(LongestListed);
     auto* grid = fieldGrid(events);
     grid->addWidget(FieldLabel(tr("Eve&nt:"), cboevents), 0, 0);
     grid->addWidget(cboevents, 0, 1);
 
     QWidget* unavailable = page(2, "fraappttype2");
     cboavail = EditorCombo(Entry::Free, "cboavail", tr("Unavailable for"), ComboCharacters, unavailable);
+    cboavail->SetMaxLength(LongestListed);
     grid = fieldGrid(unavailable);
     grid->addWidget(FieldLabel(tr("Reaso&n:"), cboavail), 0, 0);
     grid->addWidget(cboavail, 0, 1);
@@ -232,6 +230,7 @@ void frmnore::buildPlace() {
     Frame1 = Named(new QWidget(this), "Frame1");
     cbolocation = EditorCombo(CompletingCombo::Entry::Free, "cbolocation", tr("Location"), ComboCharacters, Frame1);
     cbolocation->SetForbidden(QStringLiteral(";|"));
+    cbolocation->SetMaxLength(LongestListed);
     auto* grid = fieldGrid(Frame1);
     grid->addWidget(FieldLabel(tr("&Location:"), cbolocation), 0, 0);
     grid->addWidget(cbolocation, 0, 1);
@@ -321,7 +320,7 @@ void frmnore::buildPatientList() {
     SetPatientColumns(*ctList1, {QStringLiteral("Name"), QStringLiteral("Acct #"), QStringLiteral("Home Phone"),
                                  QStringLiteral("Work Phone"), QStringLiteral("CPT"), QStringLiteral("Other Phone"),
                                  QStringLiteral("Email")});
-    txtfind = Named(new QLineEdit(panel), "txtfind");
+    txtfind = Named(new TextField(panel), "txtfind");
     txtfind->setPlaceholderText(tr("Part of a name"));
     auto* label = new QLabel(tr("&Find:"), panel);
     label->setBuddy(txtfind);

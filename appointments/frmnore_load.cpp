@@ -23,6 +23,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/localefacts.h"
+#include "platform/text/plaintext.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
@@ -133,11 +134,10 @@ void frmnore::showFormats() {
 
 void frmnore::showCaptions() {
     const QString account = facesheetLabel(FacesheetAccountLabel);
-    Label14->setText(account);
+    Label14->setText(CaptionText(account));
     if (!account.isEmpty())
         ctList1->SetHeader(AccountColumn, account);
-    QString patient = Session().WordUsage;
-    patient.replace(QLatin1String("&"), QLatin1String("&&"));
+    const QString patient = CaptionText(Session().WordUsage);
     Label1->setText(QLatin1Char('&') + patient + QLatin1Char(':'));
     cmdnewpat->setText(QStringLiteral("Add Ne&w ") + patient);
 }

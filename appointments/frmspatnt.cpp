@@ -11,6 +11,7 @@
 #include "appointments/patientsearch.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/textfield.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
@@ -51,7 +52,7 @@ void frmspatnt::buildForm() {
                                  QStringLiteral("Work Phone"), QStringLiteral("CPT"), QStringLiteral("Other Phone"),
                                  QStringLiteral("EMail")});
     ctList1->SetHeader(1, Session().WordUsage);
-    txtfind = named(new QLineEdit(this), "txtfind");
+    txtfind = named(new TextField(this), "txtfind");
     txtfind->setPlaceholderText(tr("Part of a name"));
     txtfind->setClearButtonEnabled(true);
     cmdfind = button("cmdfind", tr("F&ind"), Icon("find"), false);

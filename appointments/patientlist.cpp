@@ -6,6 +6,7 @@
 #include "data/phone.h"
 #include "data/pipefields.h"
 #include "platform/database/sql.h"
+#include "platform/text/plaintext.h"
 #include "session/session.h"
 
 using db::LikeText;
@@ -38,13 +39,13 @@ PatientFacts PatientOf(const Recordset& row) {
     const QString phoneFormat = MaskToFormat(Session().PhoneMask);
     PatientFacts facts;
     facts.id = row["id"].text();
-    facts.name = shownName(row);
-    facts.account = row["acctnbr"].text();
+    facts.name = OneLine(shownName(row));
+    facts.account = OneLine(row["acctnbr"].text());
     facts.homePhone = shownPhone(row, "telephone_h", phoneFormat);
     facts.workPhone = shownPhone(row, "telephone_b", WithExtension(phoneFormat));
     facts.otherPhone = shownPhone(row, "Other_Phone", phoneFormat);
     facts.cpt = row["defaultCPT"].text();
-    facts.email = row["EmailAddress"].text();
+    facts.email = OneLine(row["EmailAddress"].text());
     return facts;
 }
 

@@ -3,6 +3,7 @@
 #include "data/phone.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/text/plaintext.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
@@ -51,7 +52,7 @@ QString PatientFieldText(const QString& patientId, const QString& field) {
         return FormatPhone(value, phoneFormat);
     if (field == QStringLiteral("telephone_b"))
         return FormatPhone(value, WithExtension(phoneFormat));
-    return value;
+    return OneLine(value);
 }
 
 QString checkForEmailAddress(const QString& patientId) {

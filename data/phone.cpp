@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text/plaintext.h"
+
 QString MaskToFormat(const QString& mask) {
     if (mask.trimmed().isEmpty())
         return {};
@@ -18,7 +20,7 @@ QString WithExtension(const QString& format) {
 }
 
 QString FormatPhone(const QString& number, const QString& format) {
-    QString digits = number.trimmed();
+    QString digits = OneLine(number).trimmed();
     const bool plain = std::all_of(digits.cbegin(), digits.cend(), [](QChar c) { return c.isDigit(); });
     if (digits.isEmpty() || format.isEmpty() || !plain)
         return digits;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text/plaintext.h"
+
 QString GetPipeField(const QString& text, int n) {
     return text.section(QLatin1Char('|'), std::max(n, 1) - 1, std::max(n, 1) - 1);
 }
@@ -10,12 +12,10 @@ QString CleanFieldText(const QString& text) {
     QString clean;
     clean.reserve(text.size());
     for (const QChar c : text) {
-        if (c == QLatin1Char('\n'))
-            clean += QLatin1Char(' ');
-        else if (c != QLatin1Char('\r') && c != QLatin1Char(';') && c != QLatin1Char('|'))
+        if (c != QLatin1Char('\r') && c != QLatin1Char(';') && c != QLatin1Char('|'))
             clean += c;
     }
-    return clean;
+    return OneLine(clean);
 }
 
 QString insertpipes(const QString& text) {

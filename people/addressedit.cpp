@@ -2,11 +2,13 @@
 
 #include <cmath>
 #include <QFontMetricsF>
+#include <QScopedValueRollback>
 
+#include "platform/controls/fieldnotice.h"
 #include "platform/theme/theme.h"
 
 AddressEdit::AddressEdit(int mostCharacters, int lines, QWidget* parent)
-    : QPlainTextEdit(parent), mostCharacters_(mostCharacters), lines_(lines) {
+    : QPlainTextEdit(parent), mostCharacters_(mostCharacters), lines_(lines), notice_(new FieldNotice(*this)) {
     setTabChangesFocus(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -15,6 +17,10 @@ AddressEdit::AddressEdit(int mostCharacters, int lines, QWidget* parent)
 
 QString AddressEdit::StoredText() const {
     return toPlainText().trimmed().replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+}
+
+QString AddressEdit::Notice() const {
+    return notice_->Text();
 }
 
 QSize AddressEdit::sizeHint() const {
@@ -28,8 +34,11 @@ QSize AddressEdit::sizeHint() const {
 void AddressEdit::cutToLength() {
     const QString text = toPlainText();
     const auto excess = static_cast<int>(text.size() + text.count(QLatin1Char('\n')) - mostCharacters_);
+    if (!cutting_)
+        notice_->Say(excess > 0 ? KeptText(mostCharacters_) : QString());
     if (excess <= 0)
         return;
+    const QScopedValueRollback cutting(cutting_, true);
     QTextCursor cursor = textCursor();
     if (cursor.atStart())
         cursor.movePosition(QTextCursor::End);

@@ -12,6 +12,7 @@
 #include "data/codes.h"
 #include "platform/calendar/colour.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/textfield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
@@ -65,9 +66,10 @@ void frmapttypes::buildForm() {
     fg->setObjectName(QStringLiteral("fg"));
     fg->setAccessibleName(QStringLiteral("Appointment Types"));
     fg->SetColumns({{tr("Color"), ListColumn::Kind::Color, 8}, {tr("Appointment Type")}});
-    txttype = new QLineEdit(this);
+    auto* entry = new TextField(this);
+    entry->SetMost(MostCharacters);
+    txttype = entry;
     txttype->setObjectName(QStringLiteral("txttype"));
-    txttype->setMaxLength(MostCharacters);
     lblcode = new QLabel(this);
     lblcode->setObjectName(QStringLiteral("lblcode"));
     const auto button = [this](const char* name, const QString& text, const char* icon) {

@@ -8,6 +8,7 @@
 
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/textfield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -47,9 +48,10 @@ QSize frmholidays::sizeHint() const {
 }
 
 void frmholidays::buildForm() {
-    txtholiday = new QLineEdit(this);
+    auto* entry = new TextField(this);
+    entry->SetMost(MostCharacters);
+    txtholiday = entry;
     txtholiday->setObjectName(QStringLiteral("txtholiday"));
-    txtholiday->setMaxLength(MostCharacters);
     ctDateCDrop = new ctDEdit(ctDEdit::Kind::Date, this);
     ctDateCDrop->setObjectName(QStringLiteral("ctDateCDrop"));
     ctDateCDrop->setDateOrder(Session().DateOrder);

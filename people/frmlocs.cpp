@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/ctlist.h"
+#include "platform/controls/textfield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -106,10 +107,11 @@ void frmlocs::buildForm() {
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(QLatin1String(facts.heading));
     List1->SetColumns({{QLatin1String(facts.heading)}});
-    txtlocation = new QLineEdit(this);
+    auto* entry = new TextField(this);
+    entry->SetMost(MostCharacters);
+    txtlocation = entry;
     txtlocation->setObjectName(QStringLiteral("txtlocation"));
     txtlocation->setAccessibleName(QLatin1String(facts.heading));
-    txtlocation->setMaxLength(MostCharacters);
     txtlocation->setClearButtonEnabled(true);
     const auto button = [this](const char* name, const QString& text, const char* icon) {
         auto* made = new QPushButton(icon ? Icon(icon) : QIcon(), text, this);

@@ -14,6 +14,7 @@
 #include "platform/controls/formarea.h"
 #include "platform/database/recordset.h"
 #include "platform/desktop/desktop.h"
+#include "platform/text/plaintext.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
@@ -75,22 +76,24 @@ void frmnewpat::loadprovlist() {
                                 Session().Connection);
         for (; !providers.Eof(); providers.MoveNext()) {
             const QString id = providers["id"].text();
-            cboprovider->addItem(providers["prov_lastname"].text());
+            cboprovider->addItem(OneLine(providers["prov_lastname"].text()));
             // Two providers of one surname are told apart by their ids.
-            cboprovider->setItemData(cboprovider->count() - 1, id, Qt::ToolTipRole);
+            cboprovider->setItemData(cboprovider->count() - 1, TipText(id), Qt::ToolTipRole);
             lstproviders->addItem(id);
         }
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading provider list. "), error);
     }
     cboprovider->setCurrentIndex(-1);
+    if (cboprovider->count() == 0)
+        cboprovider->setPlaceholderText(tr("No provider yet: add one in Solvane"));
 }
 
 void frmnewpat::loadAccountLabel() {
     db::Ignoring([this] {
         const db::Recordset item("Select * from facesheet Where FacesheetId = 2", Session().Connection);
         if (!item.Eof() && !item["facesheetitem"].text().trimmed().isEmpty())
-            lblid->setText(item["facesheetitem"].text().trimmed().replace(QLatin1Char('&'), QStringLiteral("&&")));
+            lblid->setText(CaptionText(item["facesheetitem"].text().trimmed()));
     });
     QString spoken = lblid->text();
     txtid->setAccessibleName(spoken.replace(QStringLiteral("&&"), QStringLiteral("&")));

@@ -10,6 +10,8 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctmedit.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/textfield.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
@@ -83,16 +85,16 @@ Field* named(Field* field, const char* name) {
     return field;
 }
 
-QLineEdit* textField(const char* name, int mostCharacters, QWidget* parent) {
-    auto* field = named(new QLineEdit(parent), name);
-    field->setMaxLength(mostCharacters);
+TextField* textField(const char* name, int mostCharacters, QWidget* parent) {
+    auto* field = named(new TextField(parent), name);
+    field->SetMost(mostCharacters);
     return field;
 }
 
 ctMEdit* maskedField(const char* name, const QString& mask, const QString& extension, int mostCharacters,
                      QWidget* parent) {
     auto* field = named(new ctMEdit(parent), name);
-    field->setMaxLength(mostCharacters);
+    field->SetMost(mostCharacters);
     field->setMask(mask, extension);
     return field;
 }
@@ -204,9 +206,7 @@ void frmnewpat::addProvider(QGridLayout& grid, int row) {
     lstproviders = named(new QListWidget(parent), "lstproviders");
     lstproviders->hide();
     txtdic = dateField("txtdic", parent);
-    QString word = patientWord();
-    word.replace(QLatin1Char('&'), QStringLiteral("&&"));
-    ckactive = named(new QCheckBox(QStringLiteral("Acti&ve %1?").arg(word), parent), "ckactive");
+    ckactive = named(new QCheckBox(QStringLiteral("Acti&ve %1?").arg(CaptionText(patientWord())), parent), "ckactive");
     ckactive->setChecked(true);
     place(grid, row, 0, 10, {tr("&Provider"), Need::Required}, cboprovider);
     place(grid, row, 10, 8, {tr("Date Initial Contac&t")}, txtdic);

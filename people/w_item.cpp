@@ -8,12 +8,12 @@
 #include <QRadioButton>
 
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/textfield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "platform/theme/theme.h"
-#include "session/characterfilter.h"
 #include "session/session.h"
 
 using db::Lock;
@@ -58,10 +58,10 @@ void w_Item::buildForm() {
         widget->setObjectName(QLatin1String(name));
         return widget;
     };
-    txtTaskDesc = named(new QLineEdit(this), "txtTaskDesc");
+    auto* task = named(new TextField(this), "txtTaskDesc");
     // They part the cells and fields in which a task is listed and printed.
-    txtTaskDesc->setValidator(
-        new CharacterFilter([](QChar c) { return c != u'"' && c != u'*' && c != u';' && c != u'|'; }, txtTaskDesc));
+    task->SetAccepts([](QChar c) { return c != u'"' && c != u'*' && c != u';' && c != u'|'; });
+    txtTaskDesc = task;
     txtnotes = named(new QPlainTextEdit(this), "txtnotes");
     txtnotes->setTabChangesFocus(true);
     ctDEditComp = named(new ctDEdit(ctDEdit::Kind::Date, this), "ctDEditComp");

@@ -10,12 +10,12 @@
 #include "data/pipefields.h"
 #include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
+#include "platform/controls/textfield.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/printing/vsprinter.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
-#include "session/characterfilter.h"
 #include "session/errorbox.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
@@ -42,11 +42,11 @@ QSize FindDialog::sizeHint() const {
 }
 
 void FindDialog::buildForm(std::vector<ListColumn> columns) {
-    txtfind = Named(new QLineEdit(this), "txtfind");
-    txtfind->setClearButtonEnabled(true);
+    auto* wanted = Named(new TextField(this), "txtfind");
+    wanted->setClearButtonEnabled(true);
     // They would break the line of a list or the statement.
-    txtfind->setValidator(
-        new CharacterFilter([](QChar c) { return c != u'"' && c != u'*' && c != u';' && c != u'|'; }, txtfind));
+    wanted->SetAccepts([](QChar c) { return c != u'"' && c != u'*' && c != u';' && c != u'|'; });
+    txtfind = wanted;
     cmdfind = FormButton(tr("&Find"), "cmdfind", this);
     cmdfind->setIcon(Icon("find"));
     cmdfind->setEnabled(false);

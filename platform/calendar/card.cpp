@@ -8,6 +8,7 @@
 #include "platform/calendar/glyphs.h"
 #include "platform/calendar/hatch.h"
 #include "platform/calendar/timescale.h"
+#include "platform/text/plaintext.h"
 
 namespace {
 
@@ -163,7 +164,7 @@ class CardText {
 
     void paintTitle(const QRect& line, bool alone) {
         const bool hidden = item_.ItemTextColor == TextColor::SameAsBackground;
-        const QString text = hidden ? QString() : OneLine(item_.ItemText);
+        const QString text = hidden ? QString() : PaintedLine(item_.ItemText);
         DrawLine(painter_, line, text, font_, colors_.text);
         if (!alone)
             return;
@@ -176,14 +177,14 @@ class CardText {
     void paintMore(QRect line, int lines) {
         if (lines < 1)
             return;
-        const QString location = OneLine(item_.ItemLocation);
+        const QString location = PaintedLine(item_.ItemLocation);
         QStringList more{timeFor(line.width())};
         if (!location.isEmpty() && lines > 1)
             more << location;
         else if (!location.isEmpty())
             more.first() += QStringLiteral(" · ") + location;
         if (!item_.ItemStatusText.isEmpty() && lines > more.size())
-            more << OneLine(item_.ItemStatusText);
+            more << PaintedLine(item_.ItemStatusText);
         for (const QString& text : more) {
             DrawLine(painter_, line, text, style_.small, colors_.dimText);
             line.translate(0, line.height());
@@ -200,10 +201,8 @@ class CardText {
 
 }  // namespace
 
-QString OneLine(const QString& text) {
-    QString line = text.left(MostCharacters);
-    line.replace(QLatin1Char('\n'), QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char(' '));
-    return line.simplified();
+QString PaintedLine(const QString& text) {
+    return OneLine(text.left(MostCharacters)).simplified();
 }
 
 void PaintCard(QPainter& painter, const QRect& rect, const CalendarItem& item, const CardState& state,
@@ -226,6 +225,6 @@ void PaintBanner(QPainter& painter, const QRect& rect, const CalendarItem& item,
     QRect line = rect.adjusted(style.edgeWidth + style.margin, 0, -style.margin, 0);
     line = PaintGlyphs(painter, line, line.width() - style.icon * 3, banner, colors.text, style);
     if (item.ItemTextColor == TextColor::Normal)
-        DrawLine(painter, line, OneLine(item.ItemText), style.text, colors.text);
+        DrawLine(painter, line, PaintedLine(item.ItemText), style.text, colors.text);
     painter.restore();
 }

@@ -30,5 +30,5 @@ void PaintCard(QPainter& painter, const QRect& rect, const CalendarItem& item, c
 void PaintBanner(QPainter& painter, const QRect& rect, const CalendarItem& item, const CardState& state,
                  const CalendarStyle& style);
 
-/// One line of text for painting: line ends as blanks, and no longer than a screen can hold.
-QString OneLine(const QString& text);
+/// One line of text for painting, no longer than a screen can hold.
+QString PaintedLine(const QString& text);

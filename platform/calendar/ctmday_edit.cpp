@@ -2,10 +2,11 @@
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QToolTip>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/controls/textfield.h"
+#include "platform/text/plaintext.h"
 
 namespace {
 
@@ -32,8 +33,10 @@ void ctMDay::EditItem(int index, const QString& typed) {
         return;
     ScrollToItem(index);
     editedItem_ = index;
-    editor_ = new QLineEdit(std::as_const(*this).Item(index).ItemText.left(MostTextCharacters), this);
-    editor_->setMaxLength(MostTextCharacters);
+    auto* editor = new TextField(this);
+    editor->SetMost(MostTextCharacters);
+    editor->ShowWhole(std::as_const(*this).Item(index).ItemText);
+    editor_ = editor;
     editor_->setAccessibleName(tr("Text of the item"));
     editor_->setFont(style_.text);
     editor_->installEventFilter(this);
@@ -70,7 +73,7 @@ void ctMDay::CommitEdit() {
 void ctMDay::closeEditor(bool commit) {
     if (editor_ == nullptr)
         return;
-    QLineEdit* editor = editor_;
+    auto* editor = static_cast<TextField*>(editor_);
     editor_ = nullptr;
     editor->removeEventFilter(this);
     const bool hadFocus = editor->hasFocus();
@@ -80,11 +83,12 @@ void ctMDay::closeEditor(bool commit) {
         setFocus();
     state_.focused = hasFocus();
     update();
-    const QString text = editor->text();
-    if (!commit || !editor->isModified() || !hasItem(editedItem_))
+    if (!commit || !hasItem(editedItem_))
         return;
     CalendarItem& item = Item(editedItem_);
     const QString old = item.ItemText;
+    // A text that is longer than what is kept is cut only when it was changed.
+    const QString text = editor->text() == OneLine(old) ? old : editor->Stored();
     if (old == text)
         return;
     item.ItemText = text;

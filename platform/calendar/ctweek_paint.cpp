@@ -121,7 +121,7 @@ void ctWeek::paintItem(QPainter& painter, const MonthLine& line) const {
             say(letters < 26 ? clock.section(QLatin1Char(' '), 0, 0) : clock, colors.dimText);
     }
     if (item.ItemTextColor == TextColor::Normal && text.width() > 0)
-        say(OneLine(item.ItemText), colors.text);
+        say(PaintedLine(item.ItemText), colors.text);
 }
 
 void ctWeek::paintRest(QPainter& painter, const MonthCell& cell, const QRect& rect) const {

@@ -7,6 +7,9 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
+#include "platform/controls/textfield.h"
+#include "platform/text/plaintext.h"
+
 namespace {
 
 constexpr int MostItemsShown = 16;
@@ -16,10 +19,16 @@ bool takesTextAway(const QKeyEvent& event) {
            event.matches(QKeySequence::Undo);
 }
 
+TextField& fieldOf(const CompletingCombo& box) {
+    return static_cast<TextField&>(*box.lineEdit());
+}
+
 }  // namespace
 
 CompletingCombo::CompletingCombo(Entry entry, QWidget* parent) : QComboBox(parent), entry_(entry) {
-    setEditable(true);
+    auto* field = new TextField(this);
+    setLineEdit(field);
+    field->SetWholeTexts([this](const QString& text) { return FindExact(text) >= 0; });
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setMaxVisibleItems(MostItemsShown);
@@ -40,15 +49,14 @@ void CompletingCombo::AddItem(const QString& text, int itemData, const QIcon& ic
     {
         // The first item of a combo box selects itself.
         const QSignalBlocker quiet(this);
-        addItem(icon, text, itemData);
+        addItem(icon, OneLine(text), itemData);
     }
     show(shown, index);
 }
 
 void CompletingCombo::SetText(const QString& text) {
-    if (text.size() > lineEdit()->maxLength())
-        SetMaxLength(static_cast<int>(text.size()));
-    show(text, FindExact(text));
+    const QString line = OneLine(text);
+    show(line, FindExact(line));
     told_ = currentIndex();
 }
 
@@ -58,7 +66,7 @@ void CompletingCombo::SetListIndex(int index) {
 }
 
 void CompletingCombo::SetMaxLength(int characters) {
-    lineEdit()->setMaxLength(characters);
+    fieldOf(*this).SetMost(characters);
 }
 
 int CompletingCombo::FindPrefix(const QString& text) const {
@@ -114,7 +122,7 @@ void CompletingCombo::show(const QString& text, int index) {
         if (index != currentIndex())
             setCurrentIndex(index);
         if (lineEdit()->text() != text)
-            lineEdit()->setText(text);
+            fieldOf(*this).ShowWhole(text);
     }
     typed_ = text;
     noteChange();
@@ -140,7 +148,5 @@ void CompletingCombo::Settle() {
 
 QString CompletingCombo::cleaned(const QString& text) const {
     QString kept = text;
-    kept.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    kept.removeIf([this](QChar letter) { return letter == u'\r' || forbidden_.contains(letter); });
-    return kept;
+    return kept.removeIf([this](QChar letter) { return forbidden_.contains(letter); });
 }

@@ -62,13 +62,14 @@ void ctDate::ShowMonth(QDate month) {
 }
 
 QString ctDate::HeadingText() const {
-    return QLocale().toString(grid_.month, dateOrder_ == 2 ? QStringLiteral("yyyy MMMM") : QStringLiteral("MMMM yyyy"));
+    return QLocale::c().toString(grid_.month,
+                                 dateOrder_ == 2 ? QStringLiteral("yyyy MMMM") : QStringLiteral("MMMM yyyy"));
 }
 
 QString ctDate::LongText(QDate date) const {
     static const QStringList formats{QStringLiteral("dddd, MMMM d, yyyy"), QStringLiteral("dddd, d MMMM yyyy"),
                                      QStringLiteral("yyyy MMMM d, dddd")};
-    return QLocale().toString(date, formats.value(dateOrder_, formats.first()));
+    return QLocale::c().toString(date, formats.value(dateOrder_, formats.first()));
 }
 
 DateLayout ctDate::Layout() const {

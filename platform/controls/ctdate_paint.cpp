@@ -62,7 +62,7 @@ void ctDate::paintDayNames(QPainter& painter) const {
     painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
     for (int day = 0; day < MonthGrid::Days; ++day)
         painter.drawText(layout.dayName(day), Qt::AlignCenter,
-                         QLocale().dayName(grid_.dayOfWeekAt(day), QLocale::ShortFormat).left(2));
+                         QLocale::c().dayName(grid_.dayOfWeekAt(day), QLocale::ShortFormat).left(2));
     const int y = layout.dayName(0).bottom();
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawLine(2, y, width() - 3, y);

@@ -4,6 +4,7 @@
 #include "platform/controls/ctdate.h"
 #include "platform/controls/datefield.h"
 #include "platform/controls/fieldflag.h"
+#include "platform/controls/textfield.h"
 #include "platform/desktop/desktop.h"
 
 // A date typed on the calendar: the first key opens a field over the heading.
@@ -15,7 +16,7 @@ bool ctDate::beginsDate(const QKeyEvent& event) {
 }
 
 void ctDate::beginTyping(const QString& text) {
-    typed_ = new QLineEdit(this);
+    typed_ = new TextField(this);
     typed_->setObjectName(QStringLiteral("txtgoto"));
     typed_->setAccessibleName(tr("Go to date"));
     typed_->setGeometry(0, 0, width(), Layout().rowHeight);

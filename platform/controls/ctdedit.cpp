@@ -8,6 +8,7 @@
 
 #include "platform/controls/datepopup.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
 #include "platform/theme/icon.h"
 
 namespace {
@@ -155,7 +156,7 @@ QString ctDEdit::widestText() const {
 
 QString ctDEdit::hint() const {
     const QDate date = Date();
-    return toolTip().isEmpty() && date.isValid() ? QLocale().toString(date, QLocale::LongFormat) : toolTip();
+    return toolTip().isEmpty() && date.isValid() ? LongDateText(date) : toolTip();
 }
 
 void ctDEdit::showCalendarSign() {

@@ -6,8 +6,9 @@
 
 #include "platform/controls/fieldflag.h"
 #include "platform/controls/maskedtext.h"
+#include "platform/text/plaintext.h"
 
-ctMEdit::ctMEdit(QWidget* parent) : QLineEdit(parent), flag_(new FieldFlag(*this, *this)) {
+ctMEdit::ctMEdit(QWidget* parent) : TextField(parent), flag_(new FieldFlag(*this, *this)) {
     connect(this, &QLineEdit::textChanged, this, &ctMEdit::putIntoForm);
 }
 
@@ -37,7 +38,7 @@ QString ctMEdit::ErrorTip() const {
 }
 
 QSize ctMEdit::sizeHint() const {
-    QSize size = QLineEdit::sizeHint();
+    QSize size = TextField::sizeHint();
     if (!mask_.isEmpty()) {
         QString widest = wholeMask();
         widest.replace(QLatin1Char('#'), QLatin1Char('0'));
@@ -77,13 +78,13 @@ void ctMEdit::leave() {
 
 bool ctMEdit::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip || !flag_->isUp())
-        return QLineEdit::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), flag_->complaint(), this);
+        return TextField::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), TipText(flag_->complaint()), this);
     return true;
 }
 
 void ctMEdit::focusInEvent(QFocusEvent* event) {
-    QLineEdit::focusInEvent(event);
+    TextField::focusInEvent(event);
     if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
         return;
     selectOnRelease_ = event->reason() == Qt::MouseFocusReason;
@@ -93,7 +94,7 @@ void ctMEdit::focusInEvent(QFocusEvent* event) {
 void ctMEdit::focusOutEvent(QFocusEvent* event) {
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
         leave();
-    QLineEdit::focusOutEvent(event);
+    TextField::focusOutEvent(event);
 }
 
 void ctMEdit::keyPressEvent(QKeyEvent* event) {
@@ -101,17 +102,17 @@ void ctMEdit::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete && !hasSelectedText() && !mask_.isEmpty())
         while (cursorPosition() < text().size() && !text().at(cursorPosition()).isLetterOrNumber())
             setCursorPosition(cursorPosition() + 1);
-    QLineEdit::keyPressEvent(event);
+    TextField::keyPressEvent(event);
 }
 
 void ctMEdit::mouseReleaseEvent(QMouseEvent* event) {
-    QLineEdit::mouseReleaseEvent(event);
+    TextField::mouseReleaseEvent(event);
     if (selectOnRelease_ && !hasSelectedText())
         selectAll();
     selectOnRelease_ = false;
 }
 
 void ctMEdit::paintEvent(QPaintEvent* event) {
-    QLineEdit::paintEvent(event);
+    TextField::paintEvent(event);
     flag_->paintBorder();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLineEdit>
+#include "platform/controls/textfield.h"
 
 class FieldFlag;
 
@@ -8,7 +8,7 @@ class FieldFlag;
 ///
 /// The signs of the mask appear while typing or pasting, in whatever way the number is written. A text that does not
 /// fit the mask ("ask for Ann") stays as it is and is flagged; so is one that is not complete, when the field is left.
-class ctMEdit : public QLineEdit {
+class ctMEdit : public TextField {
     Q_OBJECT
 
   public:

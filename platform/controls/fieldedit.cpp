@@ -6,19 +6,34 @@
 #include <QLineEdit>
 #include <QStyleOptionSpinBox>
 #include <QToolTip>
+#include <QValidator>
 #include <QWheelEvent>
 
 #include "platform/controls/fieldflag.h"
+#include "platform/text/plaintext.h"
 
 namespace {
 
 /// What a QLineEdit's button is wider than its icon.
 constexpr int SignPadding = 6;
 
+/// Any text may be typed, in one line; it is read when the field is left.
+class LineGuard : public QValidator {
+  public:
+    using QValidator::QValidator;
+
+    State validate(QString& text, int& cursor) const override {
+        cursor = static_cast<int>(OneLine(text.left(cursor)).size());
+        text = OneLine(text);
+        return Acceptable;
+    }
+};
+
 }  // namespace
 
 FieldEdit::FieldEdit(QWidget* parent) : QAbstractSpinBox(parent), flag_(new FieldFlag(*this, *lineEdit())) {
     setFocusPolicy(Qt::StrongFocus);
+    lineEdit()->setValidator(new LineGuard(this));
     lineEdit()->installEventFilter(this);
     connect(lineEdit(), &QLineEdit::textEdited, flag_, &FieldFlag::clear);
     connect(lineEdit(), &QLineEdit::textChanged, this, &FieldEdit::Change);
@@ -64,7 +79,8 @@ void FieldEdit::showStepped(const QString& text) {
 bool FieldEdit::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QAbstractSpinBox::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), flag_->isUp() ? flag_->complaint() : hint(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       TipText(flag_->isUp() ? flag_->complaint() : hint()), this);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "platform/text/plaintext.h"
 #include "platform/theme/colours.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/quietpaint.h"
@@ -23,7 +24,7 @@ void FieldFlag::mark(const QString& complaint) {
     complaint_ = complaint;
     host_.setAccessibleDescription(complaint);
     sign_->setIcon(IconPixmap(QStringLiteral("warning"), Colour(host_.palette()), SignSize, host_.devicePixelRatioF()));
-    sign_->setToolTip(complaint);
+    sign_->setToolTip(TipText(complaint));
     edit_.addAction(sign_, QLineEdit::TrailingPosition);
     host_.update();
 }
@@ -32,7 +33,7 @@ void FieldFlag::complain(const QString& complaint) {
     mark(complaint);
     QApplication::beep();
     if (host_.isVisible())
-        QToolTip::showText(host_.mapToGlobal(QPoint(0, host_.height() / 2)), complaint, &host_);
+        QToolTip::showText(host_.mapToGlobal(QPoint(0, host_.height() / 2)), TipText(complaint), &host_);
 }
 
 void FieldFlag::clear() {

@@ -7,6 +7,7 @@
 #include <QToolTip>
 
 #include "platform/controls/listmodel.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 
 namespace {
@@ -61,6 +62,6 @@ bool ListDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data(Qt::DisplayRole).toString();
     const bool fits = sizeHint(option, index).width() <= view->visualRect(index).width();
-    QToolTip::showText(event->globalPos(), fits ? QString() : text, view);
+    QToolTip::showText(event->globalPos(), fits ? QString() : TipText(text), view);
     return true;
 }

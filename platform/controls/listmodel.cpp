@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <QCollator>
 
+#include "platform/text/plaintext.h"
+
 namespace {
 
 constexpr QChar Separator = QLatin1Char(';');
@@ -228,13 +230,14 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const bool check = isCheckColumn(column);
     switch (role) {
         case Qt::DisplayRole:
-            return check || isColorColumn(column) ? QVariant() : shownCell(index.row(), column);
+            return check || isColorColumn(column) ? QVariant() : OneLine(shownCell(index.row(), column));
         case Qt::DecorationRole:
             return isColorColumn(column) ? QVariant(QColor(cell(index.row(), column))) : QVariant();
         case Qt::CheckStateRole:
             return check ? QVariant(checked(index.row(), column) ? Qt::Checked : Qt::Unchecked) : QVariant();
         case Qt::AccessibleTextRole:
-            return check ? columns_[static_cast<std::size_t>(index.column())].header : shownCell(index.row(), column);
+            return check ? columns_[static_cast<std::size_t>(index.column())].header
+                         : OneLine(shownCell(index.row(), column));
         case Qt::TextAlignmentRole:
             return QVariant(columns_[static_cast<std::size_t>(index.column())].alignment | Qt::AlignVCenter);
         case NoteMarkRole:

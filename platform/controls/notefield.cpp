@@ -4,10 +4,12 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
+#include "platform/text/plaintext.h"
+
 namespace {
 
 QString withoutSeparators(QString text) {
-    return text.remove(QLatin1Char(';')).remove(QLatin1Char('|'));
+    return ManyLines(text).remove(QLatin1Char(';')).remove(QLatin1Char('|'));
 }
 
 }  // namespace

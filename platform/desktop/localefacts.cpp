@@ -22,7 +22,8 @@ int DateOrderOf(const QLocale& locale) {
 }
 
 QString LongDateText(QDate date) {
-    return QLocale().toString(date, QLocale::LongFormat);
+    static constexpr const char* formats[] = {"dddd, MMMM d, yyyy", "dddd, d MMMM yyyy", "yyyy MMMM d, dddd"};
+    return QLocale::c().toString(date, QLatin1String(formats[DateOrderOf(QLocale())]));
 }
 
 QString ShortDateText(QDate date) {

@@ -6,7 +6,7 @@
 
 /// The order of the locale's short date: 0 month first (also where none was chosen), 1 day first, 2 year first.
 [[nodiscard]] int DateOrderOf(const QLocale& locale);
-/// "Long Date": "Wednesday, March 11, 2026" in the default locale.
+/// "Long Date": "Wednesday, March 11, 2026", in English, with the day or the year first where the locale has it so.
 [[nodiscard]] QString LongDateText(QDate date);
 /// "Short Date": "3/11/2026" in the default locale, the year always with four digits.
 [[nodiscard]] QString ShortDateText(QDate date);

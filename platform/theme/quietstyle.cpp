@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTabBar>
@@ -349,4 +350,9 @@ void QuietStyle::polish(QWidget* widget) {
         qobject_cast<QScrollBar*>(widget) != nullptr || qobject_cast<QTabBar*>(widget) != nullptr ||
         widget->inherits("QAbstractSpinBox") || widget->inherits("QLineEdit"))
         widget->setAttribute(Qt::WA_Hover);
+    // What a label shows comes out of the database as often as not, and is text: markup in it would be drawn, and a
+    // picture of the disk with it. A tip is written by TipText.
+    if (auto* label = qobject_cast<QLabel*>(widget);
+        label != nullptr && label->textFormat() == Qt::AutoText && !label->inherits("QTipLabel"))
+        label->setTextFormat(Qt::PlainText);
 }

@@ -1,6 +1,7 @@
 #include "search/frmsavail.h"
 
 #include <QPushButton>
+#include <QTextDocumentFragment>
 
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
@@ -128,4 +129,14 @@ TEST_F(SearchByOpening, AFailureIsTold) {
     const QString why = loseDatabase();
     desk.expectBox(QStringLiteral("Error searching availability. ") + why, QStringLiteral("Error"));
     EXPECT_TRUE(freeIn(form, 550, 560).isEmpty());
+}
+
+TEST_F(SearchByOpening, MarkupInAUserIdIsShownAsItStandsInTheTip) {
+    provider("<b>X</b>", "<i>Slanted</i>\nline");
+    frmsavail form;
+    EXPECT_TRUE(freeIn(form, 550, 560).contains(QStringLiteral("<i>Slanted</i> line")));
+    const QListWidgetItem* found =
+        form.List1->findItems(QStringLiteral("<i>Slanted</i> line"), Qt::MatchExactly).value(0);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(found->toolTip()).toPlainText(), QStringLiteral("<b>X</b>"));
 }

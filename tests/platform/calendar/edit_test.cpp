@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "tests/platform/calendar/calendarunderhand.h"
@@ -100,11 +101,28 @@ TEST(InPlaceText, NoChangeIsNoReport) {
     hand.calendar.setSelectedItem(item);
     QSignalSpy edited(&hand.calendar, &ctMDay::TextEdited);
     hand.key(Qt::Key_F2);
-    EXPECT_EQ(Editor(hand.calendar)->text().size(), 100);
+    EXPECT_EQ(Editor(hand.calendar)->text().size(), 150);
     QTest::keyClick(Editor(hand.calendar), Qt::Key_Return);
     hand.settle();
     EXPECT_EQ(edited.count(), 0);
     EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemText.size(), 150);
+}
+
+TEST(InPlaceText, ALongTextThatIsPutInIsCutWithAWordAndReported) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    hand.calendar.setSelectedItem(item);
+    QSignalSpy edited(&hand.calendar, &ctMDay::TextEdited);
+    hand.key(Qt::Key_F2);
+    Editor(hand.calendar)->insert(QString(150, QLatin1Char('x')) + QStringLiteral("\nend"));
+    const auto* line = hand.calendar.window()->findChild<QLabel*>(QStringLiteral("lblkept"));
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->text(), "Kept 100 characters; more does not fit here.");
+    QTest::keyClick(Editor(hand.calendar), Qt::Key_Return);
+    hand.settle();
+    EXPECT_EQ(edited.count(), 1);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemText, QString(100, QLatin1Char('x')));
+    EXPECT_EQ(hand.calendar.window()->findChild<QLabel*>(QStringLiteral("lblkept")), nullptr);
 }
 
 TEST(InPlaceText, AnEmptyTextIsReportedSoThatTheViewCanRestoreIt) {

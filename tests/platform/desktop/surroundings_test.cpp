@@ -62,6 +62,12 @@ TEST(LocaleFacts, WhereNoLocaleWasChosenTheMonthComesFirst) {
 
 TEST(LocaleFacts, DatesReadAsTheUserKnowsThem) {
     EXPECT_EQ(LongDateText(QDate(2026, 3, 11)), "Wednesday, March 11, 2026");
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(LongDateText(QDate(2026, 3, 11)), "Wednesday, 11 March 2026");
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    EXPECT_EQ(LongDateText(QDate(2026, 3, 11)), "2026 March 11, Wednesday");
+    QLocale::setDefault(before);
     EXPECT_EQ(ShortDateText(QDate(2026, 3, 11)), "3/11/2026");
 }
 

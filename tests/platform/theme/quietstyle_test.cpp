@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
@@ -138,4 +139,13 @@ TEST_F(QuietStyleTest, ASpinBoxWithoutButtonsShowsNoArrows) {
     EXPECT_TRUE(shows(pictureOf(box), colours.text));
     box.setButtonSymbols(QAbstractSpinBox::NoButtons);
     EXPECT_FALSE(shows(pictureOf(box), colours.text));
+}
+
+TEST_F(QuietStyleTest, ALabelShowsMarkupAsItStands) {
+    QLabel label(QStringLiteral("<b>Bold</b><img src=\"/etc/hostname\">"));
+    label.show();
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    QLabel plain(QStringLiteral("<b>Bold</b><img src=\"/etc/hostname\">"));
+    plain.setTextFormat(Qt::PlainText);
+    EXPECT_EQ(label.sizeHint(), plain.sizeHint());
 }
