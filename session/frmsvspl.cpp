@@ -1,10 +1,10 @@
 #include "session/frmsvspl.h"
 
+#include <algorithm>
 #include <QCheckBox>
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -16,14 +16,21 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/inifile.h"
 #include "platform/theme/theme.h"
+#include "session/audit.h"
 #include "session/brandpanel.h"
-#include "session/characterfilter.h"
 #include "session/rights.h"
 #include "session/session.h"
 
 namespace {
 
 const QString UserSection = QStringLiteral("USER");
+
+constexpr int ReadOnlyAccess = 1;
+constexpr int FreeTries = 5;
+constexpr int FirstWait = 5;            // Seconds.
+constexpr int LongestWait = 600;        // Seconds.
+constexpr int TellEvery = 250;          // Milliseconds.
+constexpr int LongestAuditedUser = 50;  // AuditLog.LogUser
 
 bool isUserIdCharacter(QChar c) {
     return (c.unicode() >= 48 && c.unicode() <= 123) || c.unicode() == 125 || c.unicode() == 126;
@@ -33,8 +40,8 @@ bool isPasswordCharacter(QChar c) {
     return !QStringLiteral("!\"';|").contains(c);
 }
 
-QLineEdit* addField(QVBoxLayout& column, const QString& name, const QString& caption, QWidget* form) {
-    auto* field = new QLineEdit(form);
+TextField* addField(QVBoxLayout& column, const QString& name, const QString& caption, QWidget* form) {
+    auto* field = new TextField(form);
     field->setObjectName(name);
     field->setMinimumHeight(field->fontMetrics().height() + 16);
     field->setTextMargins(6, 0, 6, 0);
@@ -83,11 +90,14 @@ frmsvspl::frmsvspl(QWidget* parent) : QDialog(parent) {
     buildForm();
     loadPasswords();
     loadRememberedUser();
-    txtuid->setValidator(new CharacterFilter(isUserIdCharacter, txtuid));
-    txtpassword->setValidator(new CharacterFilter(isPasswordCharacter, txtpassword));
+    // What is remembered is not filtered before the user changes it.
+    txtuid->SetAccepts(isUserIdCharacter);
+    txtpassword->SetAccepts(isPasswordCharacter);
     enableOk();
-    connect(txtuid, &QLineEdit::textChanged, this, &frmsvspl::enableOk);
-    connect(txtpassword, &QLineEdit::textChanged, this, &frmsvspl::enableOk);
+    waiting_.setInterval(TellEvery);
+    connect(&waiting_, &QTimer::timeout, this, &frmsvspl::tellWaiting);
+    connect(txtuid, &TextField::textChanged, this, &frmsvspl::enableOk);
+    connect(txtpassword, &TextField::textChanged, this, &frmsvspl::enableOk);
     connect(cmdOk, &QPushButton::clicked, this, &frmsvspl::cmdOk_Click);
     connect(cmdcancel, &QPushButton::clicked, this, &frmsvspl::reject);
 }
@@ -112,6 +122,11 @@ void frmsvspl::buildForm() {
     ckpassword->setToolTip(
         QStringLiteral("Whether passwords are remembered is set for the whole practice in Solvane."));
     column->addWidget(ckpassword);
+    lblwait = new QLabel(this);
+    lblwait->setObjectName(QStringLiteral("lblwait"));
+    lblwait->setWordWrap(true);
+    lblwait->hide();
+    column->addWidget(lblwait);
     column->addSpacing(12);
 
     cmdOk = new QPushButton(QStringLiteral("&OK"), this);
@@ -179,14 +194,15 @@ bool frmsvspl::eventFilter(QObject* watched, QEvent* event) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     // The press of the mouse that brings the focus places its cursor first, and would take the selection away.
     if (reason == Qt::MouseFocusReason)
-        QMetaObject::invokeMethod(field, &QLineEdit::selectAll, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(field, &TextField::selectAll, Qt::QueuedConnection);
     else if (reason != Qt::PopupFocusReason)
         field->selectAll();
     return QDialog::eventFilter(watched, event);
 }
 
 void frmsvspl::enableOk() {
-    cmdOk->setEnabled(!txtuid->text().trimmed().isEmpty() && !txtpassword->text().trimmed().isEmpty());
+    cmdOk->setEnabled(secondsToWait() == 0 && !txtuid->text().trimmed().isEmpty() &&
+                      !txtpassword->text().trimmed().isEmpty());
 }
 
 void frmsvspl::reject() {
@@ -203,6 +219,7 @@ void frmsvspl::cmdOk_Click() {
         return;
     }
     if (!findUser()) {
+        countWrongPassword(txtuid->text());
         refuse(QStringLiteral("Invalid User ID or Password. Try again."), QStringLiteral("No Matching Record"));
         return;
     }
@@ -221,6 +238,32 @@ void frmsvspl::refuse(const QString& text, const QString& title) {
     txtuid->clear();
     txtpassword->clear();
     txtuid->setFocus();
+}
+
+void frmsvspl::countWrongPassword(const QString& userId) {
+    if (++wrongPasswords_ < FreeTries)
+        return;
+    AuditLog(userId.left(LongestAuditedUser), QStringLiteral("Scheduler"), QStringLiteral("Log On"), {},
+             QStringLiteral("Wrong User ID or Password given %1 times, last for %2").arg(wrongPasswords_).arg(userId));
+    wait_ = wait_ == 0 ? FirstWait : std::min(2 * wait_, LongestWait);
+    waitsUntil_ = Now().addSecs(wait_);
+    waiting_.start();
+    tellWaiting();
+}
+
+// A clock that is set back must not lock anybody out.
+int frmsvspl::secondsToWait() const {
+    const qint64 milliseconds = waitsUntil_.isValid() ? Now().msecsTo(waitsUntil_) : 0;
+    return static_cast<int>(std::clamp<qint64>((milliseconds + 999) / 1000, 0, wait_));
+}
+
+void frmsvspl::tellWaiting() {
+    const int seconds = secondsToWait();
+    if (seconds == 0)
+        waiting_.stop();
+    lblwait->setVisible(seconds > 0);
+    lblwait->setText(tr("Too many wrong passwords. Try again in %1 seconds.").arg(seconds));
+    enableOk();
 }
 
 bool frmsvspl::findUser() {
@@ -248,6 +291,7 @@ void frmsvspl::takeUser() {
         return;
     }
     NormalizeScreenAccess();
+    session.ScreenAccess = std::max(session.ScreenAccess, ReadOnlyAccess);
     session.UserName.clear();
     db::Ignoring([&] {
         const db::Recordset provider(db::Sql("Select prov_lastname from provider_info Where Id = '{}'", session.UID),

@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -88,13 +89,14 @@ TEST_F(Logon, TheAdministratorHasEveryRightButTheirOwnNotesDigit) {
     EXPECT_EQ(Session().NotesAccess, 1);
 }
 
-TEST_F(Logon, AUserWithoutAccessToTheSchedulerIsNotRefusedHere) {
+TEST_F(Logon, AUserWithoutAccessToTheSchedulerMayRead) {
     practice.addUser("BERT", "Brandt", 0, "000000000");
 
     logOn("BERT", "secret");
 
     EXPECT_EQ(Session().UID, "BERT");
-    EXPECT_EQ(Session().ScreenAccess, 0);
+    EXPECT_EQ(Session().ScreenAccess, 1);
+    EXPECT_FALSE(Session().AllProviders);
 }
 
 TEST_F(Logon, AWrongPasswordClearsBothBoxesAndGoesBackToTheUser) {
@@ -341,4 +343,69 @@ TEST_F(Logon, ThePasswordIsNeverReadableOnTheScreen) {
 TEST_F(Logon, VersionAndLegalTextAreTold) {
     EXPECT_EQ(part<QLabel>("Label3").text(), "Version " SVS_VERSION);
     EXPECT_FALSE(part<QLabel>("Label4").text().isEmpty());
+}
+
+TEST_F(Logon, AfterFiveWrongPasswordsEachFurtherTryWaitsLonger) {
+    desk.setNow(QDateTime(QDate(2026, 11, 16), QTime(8, 0)));
+    const auto wrongTry = [this] {
+        desk.expectBox(WrongUser, "No Matching Record");
+        logOn("ANNA", "guess");
+        txtuid().setText("ANNA");
+        txtpassword().setText("secret");
+    };
+    for (int wrong = 1; wrong < 5; ++wrong) {
+        wrongTry();
+        EXPECT_TRUE(part<QPushButton>("cmdOk").isEnabled()) << wrong;
+        EXPECT_FALSE(part<QLabel>("lblwait").isVisible()) << wrong;
+    }
+    wrongTry();
+    EXPECT_FALSE(part<QPushButton>("cmdOk").isEnabled());
+    EXPECT_EQ(part<QLabel>("lblwait").text(), "Too many wrong passwords. Try again in 5 seconds.");
+    EXPECT_TRUE(part<QLabel>("lblwait").isVisible());
+    QTest::keyClick(&txtpassword(), Qt::Key_Return);
+    EXPECT_TRUE(form().isVisible());
+    EXPECT_TRUE(part<QPushButton>("cmdcancel").isEnabled());
+
+    desk.setNow(QDateTime(QDate(2026, 11, 16), QTime(8, 0, 3)));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return part<QLabel>("lblwait").text() == "Too many wrong passwords. Try again in 2 seconds."; }));
+    desk.setNow(QDateTime(QDate(2026, 11, 16), QTime(8, 0, 5)));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return part<QPushButton>("cmdOk").isEnabled(); }));
+    EXPECT_FALSE(part<QLabel>("lblwait").isVisible());
+
+    wrongTry();
+    EXPECT_EQ(part<QLabel>("lblwait").text(), "Too many wrong passwords. Try again in 10 seconds.");
+    // Setting the clock back locks nobody out for longer.
+    desk.setNow(QDateTime(QDate(2026, 11, 15), QTime(8, 0)));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !part<QPushButton>("cmdOk").isEnabled(); }));
+    EXPECT_EQ(part<QLabel>("lblwait").text(), "Too many wrong passwords. Try again in 10 seconds.");
+    desk.setNow(QDateTime(QDate(2026, 11, 16), QTime(8, 0, 15)));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return part<QPushButton>("cmdOk").isEnabled(); }));
+    logOn("ANNA", "secret");
+    EXPECT_EQ(form().result(), QDialog::Accepted);
+}
+
+TEST_F(Logon, WrongPasswordsFromTheFifthOnGoToTheAuditLog) {
+    desk.setNow(QDateTime(QDate(2026, 11, 16), QTime(16, 5, 9)));
+    Session().ALEnabled = true;
+    for (int wrong = 1; wrong <= 5; ++wrong) {
+        EXPECT_EQ(practice.value("Select Count(*) from AuditLog"), "0");
+        desk.expectBox(WrongUser, "No Matching Record");
+        logOn("ANNA", "guess");
+    }
+    EXPECT_EQ(practice.value("Select Count(*) from AuditLog"), "1");
+    EXPECT_EQ(
+        practice.value(
+            "Select LogUser + '|' + LogDate + '|' + LogLocation + '|' + LogListId + '|' + LogNotes + '|' + LogDescription from AuditLog"),
+        "ANNA|2026/11/16 04:05:09 PM|Scheduler|Log On|-|Wrong User ID or Password given 5 times, last for ANNA");
+}
+
+TEST_F(Logon, TheRememberedPasswordIsReadableByItsOwnerAlone) {
+    practice.sql("Update settings Set recallpw = 1");
+    QFile::setPermissions(Session().SolvaneIni,
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+    logOn("ANNA", "secret");
+    EXPECT_NE(remembered("Password"), "");
+    EXPECT_EQ(QFile::permissions(Session().SolvaneIni),
+              QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser);
 }
