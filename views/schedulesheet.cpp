@@ -66,7 +66,7 @@ QString PrintOption(const char* key) {
 }
 
 QString SheetDate(QDate date) {
-    return QLocale().toString(date, QStringLiteral("dddd  MMMM d, yyyy"));
+    return QLocale::c().toString(date, QStringLiteral("dddd  MMMM d, yyyy"));
 }
 
 VSPrinter PrintedSheet(const ScheduleSheet& sheet) {

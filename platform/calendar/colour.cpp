@@ -66,6 +66,10 @@ QColor DimmedOn(const QColor& fill, const QColor& pattern, const QColor& text) {
 }  // namespace
 
 QColor ColorFromWindows(int value) {
+    // A type that was given white, which is taken, has the number after it.
+    constexpr int WhiteOfAType = 0x1000000;
+    if (value == WhiteOfAType)
+        return Qt::white;
     const auto bits = static_cast<unsigned>(value);
     return {static_cast<int>(bits & 0xFFU), static_cast<int>(bits >> 8U & 0xFFU),
             static_cast<int>(bits >> 16U & 0xFFU)};

@@ -36,7 +36,8 @@ CalendarContent CalendarContent::pageOf(int first, int count) const {
             continue;
         page.items.push_back(item);
         page.items.back().ItemColumn = column;
-        if (item.ItemBanner)
+        // Where an item begins before the day, nobody knows when it is.
+        if (item.ItemBanner || item.ItemStart < 0)
             continue;
         const int start = std::clamp(item.ItemStart, 0, 1439);
         const int end = std::clamp(item.ItemEnd, start + 1, 1440);

@@ -4,6 +4,7 @@
 #include "platform/calendar/accessibility.h"
 #include "platform/calendar/ctmday.h"
 #include "platform/calendar/glyphs.h"
+#include "platform/desktop/localefacts.h"
 
 void ctMDay::setSelectedItem(int index) {
     const int wanted = hasItem(index) ? index : 0;
@@ -112,7 +113,7 @@ QString ctMDay::SelectionText() const {
         return {};
     const SelectedTime& range = *state_.range;
     const CalendarColumn& column = content_.columns[static_cast<std::size_t>(range.column) - 1];
-    const QString where = content_.dayColumns ? QLocale().toString(column.day, QLocale::LongFormat) : column.title;
+    const QString where = content_.dayColumns ? LongDateText(column.day) : column.title;
     return tr("%1 to %2, %3")
         .arg(ClockText(range.start, content_.twentyFourHour), ClockText(range.end, content_.twentyFourHour), where);
 }

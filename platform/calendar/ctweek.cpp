@@ -9,6 +9,8 @@
 
 #include "platform/calendar/timescale.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
+#include "platform/text/plaintext.h"
 
 namespace {
 
@@ -103,7 +105,7 @@ QString ctWeek::TipAt(QPoint position) const {
 }
 
 QString ctWeek::SelectionText() const {
-    QStringList said{QLocale().toString(selected_, QLocale::LongFormat)};
+    QStringList said{LongDateText(selected_)};
     for (const MonthCell& cell : Layout().cells) {
         if (cell.day != selected_)
             continue;
@@ -135,7 +137,7 @@ void ctWeek::select(QDate day) {
 bool ctWeek::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), TipAt(help->pos()), this);
+        QToolTip::showText(help->globalPos(), TipText(TipAt(help->pos())), this);
         return true;
     }
     return QWidget::event(event);

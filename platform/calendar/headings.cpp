@@ -32,7 +32,7 @@ void PaintCentered(const CalendarScene& scene, const QRect& rect, const QString&
 
 /// "Wednesday (11) March 2026", "Wed (11)" or "(11)", by room; today's number stands in a disc.
 void PaintDay(const CalendarScene& scene, const QRect& rect, QDate day, const QColor& ink) {
-    const QLocale locale;
+    const QLocale locale = QLocale::c();
     const QFontMetrics words(scene.style.heading);
     const QFontMetrics digits(scene.style.dayNumber);
     const QString number = QString::number(day.day());
@@ -87,11 +87,11 @@ void PaintHeading(const CalendarScene& scene, int column) {
         room.setRight(room.right() - scene.style.icon - scene.style.margin);
     }
     if (!scene.content.dayColumns)
-        PaintCentered(scene, room, OneLine(what.title), ink);
+        PaintCentered(scene, room, PaintedLine(what.title), ink);
     else if (!what.day.isValid())
         return;
     else if (!scene.content.headingFormat.isEmpty())
-        PaintCentered(scene, room, QLocale().toString(what.day, scene.content.headingFormat), ink);
+        PaintCentered(scene, room, QLocale::c().toString(what.day, scene.content.headingFormat), ink);
     else
         PaintDay(scene, room, what.day, ink);
     scene.painter.setRenderHint(QPainter::Antialiasing, false);
@@ -124,7 +124,7 @@ QString MarkerText(const CalendarScene& scene, const std::vector<int>& items, bo
     const CalendarItem& item = scene.item(scene.state.selectedItem);
     QString text = arrow + ClockText(item.ItemStart, scene.content.twentyFourHour);
     if (item.ItemTextColor == TextColor::Normal)
-        text += QLatin1Char(' ') + OneLine(item.ItemText);
+        text += QLatin1Char(' ') + PaintedLine(item.ItemText);
     if (count > 1)
         text += QStringLiteral(" (%1)").arg(count);
     return text;

@@ -1,9 +1,115 @@
 #include "platform/calendar/page.h"
 
 #include <algorithm>
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QLocale>
 #include <QPainter>
+#include <QStringList>
+#include <vector>
 
+#include "platform/calendar/card.h"
 #include "platform/calendar/painting.h"
+#include "platform/calendar/timescale.h"
+
+namespace {
+
+/// A card with room for fewer says nothing, but two beside each other are always shown.
+constexpr int LettersOfACard = 10;
+constexpr int LeastLanes = 2;
+constexpr int LettersOfALine = 44;
+constexpr double MostOfThePage = 0.7;
+
+QString said(const char* text) {
+    return QCoreApplication::translate("PaintPage", text);
+}
+
+void drawLine(QPainter& painter, const QRect& line, const QString& text, const QFont& font) {
+    painter.setFont(font);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     QFontMetrics(font).elidedText(text, Qt::ElideRight, line.width()));
+}
+
+/// What stands below the grid for an item that has no room in it.
+QString lineOf(const CalendarItem& item, const CalendarContent& page) {
+    QStringList parts;
+    const CalendarColumn& column = page.columns[static_cast<std::size_t>(page.columnOf(item)) - 1];
+    if (page.columns.size() > 1)
+        parts << (column.title.isEmpty() ? QLocale::c().toString(column.day, QStringLiteral("ddd MMM d"))
+                                         : PaintedLine(column.title));
+    parts << ClockSpan(item.ItemStart, item.ItemEnd, page.twentyFourHour);
+    if (item.ItemTextColor == TextColor::Normal)
+        parts << PaintedLine(item.ItemText);
+    if (!item.ItemStatusText.isEmpty())
+        parts << QStringLiteral("(%1)").arg(item.ItemStatusText);
+    return parts.join(QStringLiteral("  "));
+}
+
+/// Takes out what stands in lanes that are too many to be read, and gives the lines for it, in the order of time.
+QStringList takeOutWhatIsTooNarrow(CalendarContent& page, const CalendarGrid& grid, const CalendarLayout& placed,
+                                   const CalendarStyle& style) {
+    const int least = QFontMetrics(style.text).averageCharWidth() * LettersOfACard;
+    const int lanes = std::max(LeastLanes, static_cast<int>(grid.columnWidth / std::max(least, 1)));
+    QStringList lines;
+    std::vector<bool> taken(page.items.size());
+    for (const ColumnLayout& column : placed.columns)
+        for (const PlacedItem& item : column.placed)
+            if (item.lane >= lanes) {
+                const auto position = static_cast<std::size_t>(item.index) - 1;
+                taken[position] = true;
+                lines << lineOf(page.items[position], page);
+            }
+    std::vector<CalendarItem> kept;
+    for (std::size_t position = 0; position < page.items.size(); ++position)
+        if (!taken[position])
+            kept.push_back(page.items[position]);
+    page.items = std::move(kept);
+    return lines;
+}
+
+/// The lines below the grid, in as many columns as the page has room for.
+struct BelowTheGrid {
+    QStringList lines;
+    int columns = 1;
+    int rows = 0;
+    int lineHeight = 0;
+
+    BelowTheGrid(QStringList of, const QRect& area, const CalendarStyle& style) : lines(std::move(of)) {
+        if (lines.isEmpty())
+            return;
+        const QFontMetrics metrics(style.text);
+        lineHeight = metrics.lineSpacing();
+        columns = std::max(1, area.width() / (metrics.averageCharWidth() * LettersOfALine));
+        rows = (static_cast<int>(lines.size()) + columns - 1) / columns;
+        const int most = std::max(1, static_cast<int>(area.height() * MostOfThePage) / lineHeight - 2);
+        if (rows > most) {
+            rows = most;
+            const auto shown = static_cast<qsizetype>(rows) * columns - 1;
+            const qsizetype more = lines.size() - shown;
+            lines = lines.first(shown) << said("and %1 more").arg(more);
+        }
+    }
+
+    [[nodiscard]] int height() const { return lines.isEmpty() ? 0 : (rows + 2) * lineHeight; }
+
+    void paint(QPainter& painter, const QRect& area, const CalendarStyle& style) const {
+        if (lines.isEmpty())
+            return;
+        QFont heading = style.text;
+        heading.setBold(true);
+        painter.setPen(style.ink);
+        drawLine(painter, {area.left(), area.top() + lineHeight / 2, area.width(), lineHeight},
+                 said("Besides, at times that are full above:"), heading);
+        const int width = area.width() / columns;
+        const int top = area.top() + lineHeight * 3 / 2;
+        for (int i = 0; i < static_cast<int>(lines.size()); ++i)
+            drawLine(painter,
+                     {area.left() + i / rows * width, top + i % rows * lineHeight, width - lineHeight, lineHeight},
+                     lines[i], style.text);
+    }
+};
+
+}  // namespace
 
 void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& content, int firstColumn, int columnCount,
                const CalendarStyle& style) {
@@ -12,17 +118,24 @@ void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& con
     const int count = std::min(columnCount, columns - first + 1);
     if (count < 1)
         return;
-    const CalendarContent page = content.pageOf(first, count);
+    CalendarContent page = content.pageOf(first, count);
     GridWishes wishes;
-    wishes.area = area.toAlignedRect();
+    const QRect whole = area.toAlignedRect();
+    wishes.area = whole;
     wishes.visibleColumns = count;
     wishes.fitHeight = true;
-    const CalendarLayout rough = LayOut(page, 1);
-    const CalendarGrid roughGrid = FitGrid(page, rough, style, wishes);
-    const CalendarLayout placed = LayOut(page, MinMinutes(roughGrid.scale, style));
-    const CalendarGrid grid = FitGrid(page, placed, style, wishes);
+    const auto fit = [&](const CalendarLayout& layout) { return FitGrid(page, layout, style, wishes); };
+    const auto layOut = [&] { return LayOut(page, MinMinutes(fit(LayOut(page, 1)).scale, style)); };
+    CalendarLayout placed = layOut();
+    const BelowTheGrid below(takeOutWhatIsTooNarrow(page, fit(placed), placed, style), whole, style);
+    if (below.height() > 0) {
+        wishes.area.setBottom(whole.bottom() - below.height());
+        placed = layOut();
+    }
+    const CalendarGrid grid = fit(placed);
     painter.save();
-    painter.setClipRect(wishes.area, Qt::IntersectClip);
+    painter.setClipRect(whole, Qt::IntersectClip);
+    below.paint(painter, {whole.left(), wishes.area.bottom() + 1, whole.width(), below.height()}, style);
     const CalendarState nothingSelected;
     PaintCalendar({painter, page, placed, grid, nothingSelected, style}, wishes.area);
     painter.restore();

@@ -14,6 +14,9 @@ constexpr double LineWidth = 10;  // Half a point.
 const QColor GridColour(0x9a, 0x9a, 0x9a);
 const QColor TitleShade(0xe6, 0xe6, 0xe6);
 constexpr double DefaultPoints = 10;
+/// A table that is made for the width of a standing page fills one that was turned to landscape, too.
+constexpr double LeastOfAStandingPage = 9000;  // Twips.
+constexpr double MuchWider = 1.25;
 
 /// The cells of a row for so many columns. What stands behind the last column goes into it, so that nothing is lost.
 QStringList cellsFor(const QStringList& row, qsizetype columns) {
@@ -36,7 +39,8 @@ QFont FontInTwips(QFont font) {
 
 double ColumnScale(const Table& table, double pageWidth) {
     const double wanted = std::accumulate(table.widths.begin(), table.widths.end(), 0.0);
-    return wanted > pageWidth ? pageWidth / wanted : 1.0;
+    const bool fills = wanted > LeastOfAStandingPage && pageWidth > wanted * MuchWider;
+    return wanted > pageWidth || fills ? pageWidth / wanted : 1.0;
 }
 
 TextRow::TextRow(const Paragraph& paragraph, double pageWidth) {

@@ -54,7 +54,7 @@ class TextRow {
 
 /// The font with its size in twips.
 [[nodiscard]] QFont FontInTwips(QFont font);
-/// How much a table's columns are narrowed to fit the page: 1 where they are not.
+/// How much a table's columns are narrowed or widened to fit the page: 1 where they are not.
 [[nodiscard]] double ColumnScale(const Table& table, double pageWidth);
 
 }  // namespace printing

@@ -7,6 +7,7 @@
 #include "platform/printing/vsprinter.h"
 #include "session/preferences.h"
 #include "session/session.h"
+#include "tests/platform/printing/pagereader.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
 #include "views/frmweekv.h"
@@ -152,4 +153,32 @@ TEST_F(PrintedViews, WithoutAColumnThereAreTheTitlesAlone) {
     const printing::Document all = printOf(Which::All);
     EXPECT_EQ(figures(all), 0);
     EXPECT_EQ(titles(all).size(), 2);
+}
+
+TEST_F(PrintedViews, VisitsThatOverlapTooOftenToBeReadAreListedBelowTheWeek) {
+    for (int i = 1; i <= 7; ++i)
+        add(anAppointment(QStringLiteral("Visitor number %1").arg(i).toUtf8().constData())
+                .of("P00")
+                .at(9, 0)
+                .until(9, 50));
+    const printing::Document week = printOf(Which::Week);
+    const QString words = WordsOf(printing::PageLayout(week), 0).join(QLatin1Char('\n'));
+    EXPECT_TRUE(words.contains("Besides, at times that are full above:")) << words.toStdString();
+    for (int i = 3; i <= 7; ++i)
+        EXPECT_TRUE(words.contains(QStringLiteral("Visitor number %1").arg(i))) << i;
+    EXPECT_EQ(words.count("Wed Mar 11"), 5);
+
+    const printing::Document day = printOf(Which::Day);
+    EXPECT_FALSE(WordsOf(printing::PageLayout(day), 0).join(QLatin1Char('\n')).contains("Besides"));
+}
+
+TEST_F(PrintedViews, HiddenNamesStayHiddenBelowTheWeek) {
+    Session().HidePatientNames = true;
+    for (int i = 1; i <= 7; ++i)
+        add(anAppointment("Secret").of("P00").at(9, 0).until(9, 50).status(ncolor::Kept));
+    const printing::Document week = printOf(Which::Week);
+    const QString words = WordsOf(printing::PageLayout(week), 0).join(QLatin1Char('\n'));
+    EXPECT_TRUE(words.contains("Besides"));
+    EXPECT_TRUE(words.contains("(Kept)"));
+    EXPECT_FALSE(words.contains("Secret"));
 }

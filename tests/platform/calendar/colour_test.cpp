@@ -81,3 +81,9 @@ TEST(CalendarColours, ReadableTextKeepsThePreferredColourWhereItCan) {
     EXPECT_EQ(ReadableOn(Qt::white, QColor(0, 0, 120)), QColor(0, 0, 120));
     EXPECT_NE(ReadableOn(Qt::white, QColor(250, 250, 200)), QColor(250, 250, 200));
 }
+
+TEST(Colour, TheWhiteOfAnAppointmentTypeIsWhite) {
+    EXPECT_EQ(ColorFromWindows(0x1000000), QColor(Qt::white));
+    EXPECT_EQ(ColorFromWindows(0xFFFFFF), QColor(Qt::white));
+    EXPECT_EQ(ColorFromWindows(0), QColor(Qt::black));
+}

@@ -362,3 +362,20 @@ TEST_F(PaperDocument, AsHtmlItHasTheSameTextEscaped) {
     EXPECT_TRUE(html.contains("<tr style=\"background:#c0c0ff\"><td>9:00 AM</td><td>O'Brien %1</td></tr>"));
     EXPECT_TRUE(html.contains("<td>a</td><td>b c</td>"));
 }
+
+TEST_F(PaperDocument, ATableMadeForAStandingPageFillsOneThatLies) {
+    const QString format = QStringLiteral("2160|1300|1300|1300|2800|1440;");
+    vp.AddTable(format, QStringLiteral("A|B|C|D|E|Status;"), QStringLiteral("a|b|c|d|e|Kept;"));
+    const double left = laid().body().left();
+    EXPECT_NEAR(placeOf("Status").x() - left - 80, 8860, 2);
+    vp.SetOrientation(QPageLayout::Landscape);
+    const double width = laid().body().width();
+    EXPECT_NEAR(placeOf("Status").x() - left - 80, 8860 * width / 10300, 2);
+    EXPECT_GT(width, 13000);
+}
+
+TEST_F(PaperDocument, ANarrowTableStaysNarrowOnEveryPage) {
+    vp.AddTable(QStringLiteral("2880|1440;"), QStringLiteral("Name|Date;"), QStringLiteral("a|b;"));
+    vp.SetOrientation(QPageLayout::Landscape);
+    EXPECT_NEAR(placeOf("Date").x() - laid().body().left() - 80, 2880, 2);
+}
