@@ -156,7 +156,7 @@ void frmactsc::showNew() {
 
 void frmactsc::showWeekday() {
     const QDate date = ctDEditComp->Date();
-    lblweekday->setText(date.isValid() ? QLocale().dayName(date.dayOfWeek()) : QString());
+    lblweekday->setText(date.isValid() ? QLocale::c().dayName(date.dayOfWeek()) : QString());
 }
 
 void frmactsc::showAttendees() {

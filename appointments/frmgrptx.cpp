@@ -133,7 +133,7 @@ void frmgrptx::showRow(const Recordset& row) {
 
 void frmgrptx::showWeekday() {
     const QDate date = ctedate->Date();
-    lblweekday->setText(date.isValid() ? QLocale().dayName(date.dayOfWeek()) : QString());
+    lblweekday->setText(date.isValid() ? QLocale::c().dayName(date.dayOfWeek()) : QString());
 }
 
 void frmgrptx::leaveLocation(Qt::FocusReason reason) {

@@ -14,6 +14,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
@@ -238,6 +239,8 @@ void frmgrptx::showMembers() {
         lines << tr("%1 of %2 scheduled, %3 kept").arg(scheduled).arg(count).arg(kept);
         if (keptOnly > 0)
             lines << tr("Kept is stored only for who is scheduled (%1 not).").arg(keptOnly);
+    } else if (key_ != 0 && !added_ && (!storedMembers_ || !storedMembers_->isEmpty())) {
+        lines << tr("The members that are stored for this appointment are not loaded. Load Members loads them.");
     } else if (cbogroup->ListIndex() >= 0) {
         lines << tr("Nobody takes part in this group on this date, or the group has no leader or is not active.");
     } else {
@@ -245,6 +248,6 @@ void frmgrptx::showMembers() {
     }
     if (count > 0 && membersOf_.isValid() && ctedate->Date().isValid() && membersOf_ != ctedate->Date())
         lines << tr("These are the members of %1. Refresh Members loads those of the new date.")
-                     .arg(QLocale().toString(membersOf_, QLocale::ShortFormat));
+                     .arg(ShortDateText(membersOf_));
     lblmembers->setText(lines.join(u'\n'));
 }

@@ -167,7 +167,7 @@ void frmnore::SSCheck1_Click() {
 
 void frmnore::showWeekday() {
     const QDate date = ctedate->Date();
-    lblweekday->setText(date.isValid() ? QLocale().dayName(date.dayOfWeek()) : QString());
+    lblweekday->setText(date.isValid() ? QLocale::c().dayName(date.dayOfWeek()) : QString());
 }
 
 void frmnore::showDuration() {

@@ -68,7 +68,7 @@ QComboBox* monthCombo(const QString& name, QWidget* parent) {
     auto* combo = Named(new QComboBox(parent), name);
     combo->setAccessibleName(QObject::tr("Month"));
     for (int month = 1; month <= 12; ++month)
-        addRow(combo, QLocale().standaloneMonthName(month), month);
+        addRow(combo, QLocale::c().standaloneMonthName(month), month);
     return combo;
 }
 

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -30,9 +29,9 @@ frmsltpv::frmsltpv(QWidget* parent) : QDialog(parent) {
         List1->SelectRow(0);
     cmdOk->setEnabled(List1->SelectedRow() >= 0);
 
-    connect(txtfind, &QLineEdit::textChanged, this,
+    connect(txtfind, &TextField::textChanged, this,
             [this](const QString& text) { cmdfind->setEnabled(!text.isEmpty()); });
-    connect(txtfind, &QLineEdit::textEdited, this, &frmsltpv::cmdfind_Click);
+    connect(txtfind, &TextField::textEdited, this, &frmsltpv::cmdfind_Click);
     connect(cmdfind, &QPushButton::clicked, this, &frmsltpv::cmdfind_Click);
     connect(List1, &ctList::SelectionChanged, this, [this] { cmdOk->setEnabled(List1->SelectedRow() >= 0); });
     connect(List1, &ctList::RowActivated, this, &frmsltpv::cmdOk_Click);
@@ -45,7 +44,7 @@ QSize frmsltpv::sizeHint() const {
 }
 
 void frmsltpv::buildForm() {
-    txtfind = new QLineEdit(this);
+    txtfind = new TextField(this);
     txtfind->setObjectName(QStringLiteral("txtfind"));
     txtfind->setClearButtonEnabled(true);
     txtfind->setPlaceholderText(tr("First letters of a name"));
@@ -61,6 +60,13 @@ void frmsltpv::buildForm() {
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(tr("Providers"));
     List1->SetColumns({{tr("Provider")}, {tr("User Id"), ListColumn::Kind::Text, 18}});
+
+    lblnobody = new QLabel(
+        tr("There is no provider to choose yet. Add a provider with a password in Solvane, then start the scheduler again."),
+        this);
+    lblnobody->setObjectName(QStringLiteral("lblnobody"));
+    lblnobody->setWordWrap(true);
+    lblnobody->hide();
 
     cmdOk = new QPushButton(tr("&OK"), this);
     cmdOk->setObjectName(QStringLiteral("cmdOk"));
@@ -81,6 +87,7 @@ void frmsltpv::buildForm() {
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));
     column->addLayout(find);
+    column->addWidget(lblnobody);
     column->addWidget(List1, 1);
     column->addLayout(buttons);
     txtfind->setFocus();
@@ -108,6 +115,8 @@ void frmsltpv::loadProviders() {
             const int row = List1->AddRow(JoinCells({providers["prov_lastname"].text(), id}), id);
             List1->SetItemText(row, providers["prov_lastname"].text());
         }
+        lblnobody->setVisible(List1->RowCount() == 0);
+        List1->setVisible(List1->RowCount() > 0);
     });
 }
 

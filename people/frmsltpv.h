@@ -2,7 +2,9 @@
 
 #include <QDialog>
 
-class QLineEdit;
+#include "platform/controls/textfield.h"
+
+class QLabel;
 class QPushButton;
 class ctList;
 
@@ -16,8 +18,9 @@ class frmsltpv : public QDialog {
     explicit frmsltpv(QWidget* parent = nullptr);
 
     ctList* List1 = nullptr;
-    QLineEdit* txtfind = nullptr;
+    TextField* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
+    QLabel* lblnobody = nullptr;  ///< What to do in a practice without providers.
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdcancel = nullptr;
 

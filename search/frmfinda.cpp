@@ -45,8 +45,8 @@ frmfinda::frmfinda(QWidget* parent)
                   QStringLiteral("Description|Date|Start|End|Location|Status;")},
                  {{QStringLiteral("Description")},
                   {QStringLiteral("Date"), ListColumn::Kind::Text, 13},
-                  {QStringLiteral("Start"), ListColumn::Kind::Text, 12},
-                  {QStringLiteral("End"), ListColumn::Kind::Text, 12},
+                  {QStringLiteral("Start"), ListColumn::Kind::Text, 15},
+                  {QStringLiteral("End"), ListColumn::Kind::Text, 15},
                   {QStringLiteral("Location"), ListColumn::Kind::Text, 20},
                   {QStringLiteral("Status"), ListColumn::Kind::Text, 14}},
                  parent) {

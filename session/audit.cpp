@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include "data/settings.h"
+#include "platform/controls/datefield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -32,6 +33,10 @@ void AuditLog(const QString& user, const QString& location, const QString& listI
             user, now, location, description, listId, notes.isEmpty() ? QStringLiteral("-") : notes, session.OsUserName,
             session.ComputerName));
     });
+}
+
+QString AuditDate(QDate date) {
+    return DateFieldText(date, static_cast<DateOrder>(Session().DateOrder));
 }
 
 void AuditDeletedAppointment(const QString& date, const QString& timeText, const QString& text) {

@@ -12,4 +12,6 @@ void AuditLog(const QString& user, const QString& location, const QString& listI
               const QString& description);
 
 /// The line for a deleted appointment: its date and time as the user reads them, and what the calendar showed.
+/// A date as audit lines write it: two digits of month and day, four of the year, in the order of the desk.
+[[nodiscard]] QString AuditDate(QDate date);
 void AuditDeletedAppointment(const QString& date, const QString& timeText, const QString& text);

@@ -17,6 +17,8 @@ constexpr int Normal = 0;
 constexpr int Maximised = 2;
 constexpr int VisibleWidth = 80;
 constexpr int TitleHeight = 30;
+constexpr int FarthestEdge = 32767;     // No desktop is so large.
+constexpr QSize SmallestForm(120, 60);  // A smaller one could not be taken hold of.
 
 struct StoredPlace {
     QRect rect;
@@ -31,7 +33,7 @@ std::optional<StoredPlace> parsed(const QString& text) {
     for (int i = 0; i < 5; ++i) {
         bool isNumber = false;
         numbers[i] = std::max(0, fields[i].trimmed().toInt(&isNumber));
-        if (!isNumber)
+        if (!isNumber || numbers[i] > FarthestEdge)
             return std::nullopt;
     }
     return StoredPlace{QRect(numbers[0], numbers[1], numbers[2], numbers[3]), numbers[4]};
@@ -58,7 +60,7 @@ void restore(QWidget& form) {
         form.setWindowState(form.windowState() | Qt::WindowMaximized);
         return;
     }
-    if (place->rect.isEmpty())
+    if (place->rect.width() < SmallestForm.width() || place->rect.height() < SmallestForm.height())
         return;
     const QRect shown = OnSomeScreen(place->rect, freeAreas());
     form.resize(shown.size());

@@ -5,12 +5,16 @@
 #include "data/codes.h"
 #include "data/namedpatients.h"
 #include "data/pipefields.h"
+#include "platform/text/plaintext.h"
 
 namespace {
 
 int intOf(const db::Recordset& row, const char* column) {
     return static_cast<int>(row[column].integer());
 }
+
+/// Before midnight, as a row without a start is before the day.
+constexpr int NoStart = -1;
 
 bool isAwaited(int code) {
     return code == ncolor::Blank || code == ncolor::Pending || code == ncolor::Tentative;
@@ -46,8 +50,8 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     const int apptType = intOf(row, "appttype");
     CalendarItem item;
     item.ItemKey = row["nkeyid"].text();
-    item.ItemText = row["cappttext"].text();
-    item.ItemStart = intOf(row, "nStartTime");
+    item.ItemText = OneLine(row["cappttext"].text());
+    item.ItemStart = row["nStartTime"].value().isNull() ? NoStart : intOf(row, "nStartTime");
     item.ItemEnd = intOf(row, "nEndTime");
     item.ItemDay = row["dapptdate"].date();
     item.ItemTentativeIcon = row["BTentIco"].boolean();

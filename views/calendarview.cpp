@@ -5,6 +5,7 @@
 
 #include "data/courtesycalls.h"
 #include "platform/database/readtogether.h"
+#include "platform/text/plaintext.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
 
@@ -29,7 +30,7 @@ void CalendarView::bindCommands() {
     menus_.Bind(QStringLiteral("mnuFPrintS"), [this] { printS(); });
     // The word for a patient follows the practice.
     QAction& newPatient = menus_.Command(QStringLiteral("mnuANPat"));
-    newPatient.setText(newPatient.text().replace(QLatin1String("Patient"), Session().WordUsage));
+    newPatient.setText(newPatient.text().replace(QLatin1String("Patient"), CaptionText(Session().WordUsage)));
     menus_.Allow(QStringLiteral("mnuFExport"), false);
     menus_.Allow(QStringLiteral("mnuFsep4"), false);
     menus_.Allow(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
@@ -142,8 +143,9 @@ void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {
         CalendarItem item = ItemFromAppointment(rows, painting);
         if (facts_.contains(item.ItemKey))
             continue;
-        if (const int start = std::max(item.ItemStart, 0); start < ctMDay1->FirstTime())
-            ctMDay1->setFirstTime(start);
+        // A row without a start, or with one before midnight, does not open the whole night.
+        if (!rows["nStartTime"].value().isNull() && item.ItemStart >= 0 && item.ItemStart < ctMDay1->FirstTime())
+            ctMDay1->setFirstTime(item.ItemStart);
         if (!accept || accept(rows, item))
             addAppointment(rows, std::move(item));
     }
@@ -214,8 +216,8 @@ void CalendarView::setmenuaccess() {
     if (session.ScreenAccess == 1) {
         for (const char* name : {"mnuANew", "mnuAEdit", "mnuADelete", "mnuAsep1", "mnuToDo"})
             menus_.Allow(QLatin1String(name), false);
-        for (const char* name :
-             {"mnuARepeat", "mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFAtypes", "mnuVActivity", "mnuFHolidays"})
+        for (const char* name : {"mnuARepeat", "mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFAtypes", "mnuFAvail",
+                                 "mnuVActivity", "mnuFHolidays"})
             menus_.Show(QLatin1String(name), false);
     }
     if (session.ScreenAccess == 2) {

@@ -24,8 +24,7 @@ using db::Sql;
 namespace {
 
 void auditDeletion(const CalendarItem& item, QDate day) {
-    AuditDeletedAppointment(ShortDateText(day), MinutesToTimeText(item.ItemStart, Session().MilitaryTime),
-                            item.ItemText);
+    AuditDeletedAppointment(AuditDate(day), MinutesToTimeText(item.ItemStart, Session().MilitaryTime), item.ItemText);
 }
 
 /// A row of a series for the list, which stands in the order of time.
@@ -45,7 +44,7 @@ SeriesMember memberOf(const Recordset& row, int chosenKey) {
     const int key = static_cast<int>(row["nKeyid"].integer());
     return {date,
             start,
-            {key, ShortDateText(date), MinutesToTimeText(start, Session().MilitaryTime), row["cappttext"].text(),
+            {key, AuditDate(date), MinutesToTimeText(start, Session().MilitaryTime), row["cappttext"].text(),
              row["Ncolor"].integer() == ncolor::Group, key == chosenKey,
              NamesPatient(static_cast<int>(row["Ncolor"].integer()), !row["patientid"].text().isEmpty())}};
 }

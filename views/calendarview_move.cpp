@@ -163,7 +163,7 @@ void CalendarView::storeMove(const CalendarItem& item, int room) {
     if (!facts_.value(item.ItemKey).StandsAs(factsOf(row, ItemFromAppointment(row, painting()))))
         throw db::RowChangedError();
     QString old =
-        QStringLiteral("%1 at %2").arg(ShortDateText(row["dapptdate"].date()), timeText(row["nStartTime"].integer()));
+        QStringLiteral("%1 at %2").arg(AuditDate(row["dapptdate"].date()), timeText(row["nStartTime"].integer()));
     QString what = FirstCharacters(item.ItemText);
     stamp(row);
     row.Set("nStartTime", item.ItemStart);

@@ -248,26 +248,17 @@ void frmaopts::cmdOk_Click() {
     const std::vector<Preference> wanted = entered();
     takeOver();
     bool refused = false;
-    bool reminderRefused = false;
     for (const Preference& preference : wanted) {
         if (preference.detail == Reminder && refreshView_)
             refreshView_();
-        const bool stored = store(preference);
-        refused = refused || !stored;
-        reminderRefused = reminderRefused || (!stored && preference.detail == Reminder);
+        refused = !store(preference) || refused;
     }
     Session().EmailReminderText = txtemail->toPlainText();
     if (!refused) {
         accept();
         return;
     }
-    // The store takes no single quote, and it tells nobody: the form stays open, so that the text is not lost.
-    if (reminderRefused && txtemail->toPlainText().contains(u'\'')) {
-        MsgBox(tr("The e-mail reminder could not be saved. It may not hold a single quotation mark (')."),
-               ExclamationBox, windowTitle());
-        txtemail->setFocus();
-        return;
-    }
+    // The store tells nobody: the form stays open, so that nothing is lost.
     MsgBox(tr("The preferences could not be saved. They hold until the program ends."), ExclamationBox, windowTitle());
 }
 
@@ -276,7 +267,9 @@ bool frmaopts::store(const Preference& preference) {
     QString& held = held_[preference.detail];
     if (held == preference.value)
         return true;
-    const bool stored = SetPreference(preference.value, QString::fromLatin1(preference.detail.data()),
+    // The store sends its values as they are: a quote is doubled for the statement, and stored as one.
+    const QString quoted = QString(preference.value).replace(u'\'', QStringLiteral("''"));
+    const bool stored = SetPreference(quoted, QString::fromLatin1(preference.detail.data()),
                                       QString::fromLatin1(preference.category.data()));
     if (stored)
         held = preference.value;

@@ -21,8 +21,8 @@ frmfroom::frmfroom(GoTo goTo, QWidget* parent)
                   QStringLiteral("Description|Date|Start|End|Room;")},
                  {{QStringLiteral("Description")},
                   {QStringLiteral("Date"), ListColumn::Kind::Text, 13},
-                  {QStringLiteral("Start"), ListColumn::Kind::Text, 12},
-                  {QStringLiteral("End"), ListColumn::Kind::Text, 12},
+                  {QStringLiteral("Start"), ListColumn::Kind::Text, 15},
+                  {QStringLiteral("End"), ListColumn::Kind::Text, 15},
                   {QStringLiteral("Room"), ListColumn::Kind::Text, 24}},
                  parent),
       goTo_(std::move(goTo)) {

@@ -13,7 +13,9 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
+#include "platform/text/plaintext.h"
 #include "search/frmfinda.h"
+#include "session/hiddennames.h"
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
@@ -31,7 +33,7 @@ CalendarItem itemOf(const Recordset& row) {
     const int code = static_cast<int>(row["ncolor"].integer());
     CalendarItem item;
     item.ItemKey = row["nkeyid"].text();
-    item.ItemText = row["cappttext"].text();
+    item.ItemText = OneLine(row["cappttext"].text());
     item.ItemStart = static_cast<int>(row["nStartTime"].integer());
     item.ItemEnd = static_cast<int>(row["nEndTime"].integer());
     item.ItemDay = row["dapptdate"].date();
@@ -110,7 +112,7 @@ void frmmtv::LoadMonthView() {
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
     readInto(*ctWeek1, QStringLiteral("Error reading appointments. "),
              [&] { addAppointments(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days); });
-    const QString month = QLocale().toString(date, QStringLiteral("MMMM"));
+    const QString month = QLocale::c().toString(date, QStringLiteral("MMMM"));
     main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
     main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));
 }

@@ -9,8 +9,10 @@
 #include "data/minutetime.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/textfield.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
 #include "session/session.h"
@@ -30,8 +32,10 @@ frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& 
     setWindowTitle(QStringLiteral("Room Schedule"));
     setProperty("tag", meeting.key > 0 ? Tag : QString());
     buildForm(roomName);
-    layOutForm();
+    shown_.text = txtsubject->text();
+    // Before the form takes its size.
     showMove();
+    layOutForm();
     connect(ctedate, &ctDEdit::Change, this, &frmRoomAppt::showMove);
     connect(cmdOk, &QPushButton::clicked, this, &frmRoomAppt::cmdOk_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -44,7 +48,7 @@ frmRoomAppt::~frmRoomAppt() {
 
 void frmRoomAppt::buildForm(const QString& roomName) {
     const SessionValues& session = Session();
-    lblRoom = new QLabel(roomName, this);
+    lblRoom = new QLabel(OneLine(roomName), this);
     lblRoom->setObjectName(QStringLiteral("lblRoom"));
     lblRoom->setTextFormat(Qt::PlainText);
     lblRoom->setFont(HeadingFont(1));
@@ -66,9 +70,11 @@ void frmRoomAppt::buildForm(const QString& roomName) {
     ctstart = time("ctstart", meeting_.start);
     ctend = time("ctend", meeting_.end);
     ctend->setIsEnd(true);
-    txtsubject = new QLineEdit(meeting_.text, this);
-    txtsubject->setObjectName(QStringLiteral("txtsubject"));
-    txtsubject->setMaxLength(LongestSubject);
+    auto* subject = new TextField(this);
+    subject->setObjectName(QStringLiteral("txtsubject"));
+    subject->SetMost(LongestSubject);
+    subject->ShowWhole(meeting_.text);
+    txtsubject = subject;
     for (ctDEdit* field : {ctedate, ctstart, ctend})
         field->setEnabled(!meeting_.bound);
     cmdOk = new QPushButton(tr("&OK"), this);

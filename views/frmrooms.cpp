@@ -13,6 +13,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "platform/desktop/userstore.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
@@ -101,7 +102,7 @@ QPushButton* frmrooms::stepButton(const char* name, const QString& tip, const ch
 void frmrooms::layOut() {
     cborooms = new QComboBox(this);
     cborooms->setObjectName(QStringLiteral("cborooms"));
-    cborooms->setMinimumContentsLength(20);
+    cborooms->setMinimumContentsLength(6);
     cborooms->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cborooms->setMaxVisibleItems(20);
     txtdate = new ctDEdit(ctDEdit::Kind::Date, this);
@@ -118,21 +119,23 @@ void frmrooms::layOut() {
         return label;
     };
     auto* bar = new QHBoxLayout;
-    bar->setContentsMargins(Space(12), Space(4), Space(12), Space(8));
+    bar->setContentsMargins(Space(8), Space(4), Space(8), Space(4));
     bar->setSpacing(Space(8));
     bar->addWidget(labelled(tr("Roo&m:"), cborooms));
-    bar->addWidget(cborooms);
-    bar->addSpacing(Space(8));
+    bar->addWidget(cborooms, 1);
     bar->addWidget(labelled(tr("Da&te:"), txtdate));
     bar->addWidget(txtdate);
     bar->addWidget(stepButton("cmdprevious", tr("Previous Day"), "previous", 0));
     bar->addWidget(stepButton("cmdnext", tr("Next Day"), "next", 1));
-    bar->addSpacing(Space(8));
-    bar->addWidget(lblhint_, 1);
+    // Below, since a small screen has no room for it in the line.
+    auto* below = new QHBoxLayout;
+    below->setContentsMargins(Space(8), 0, Space(8), Space(4));
+    below->addWidget(lblhint_);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     whole->addLayout(bar);
+    whole->addLayout(below);
     whole->addWidget(ctDays1, 1);
     setFocusProxy(ctDays1);
 }
@@ -212,8 +215,8 @@ void frmrooms::addMeetings() {
     for (; !rows.Eof(); rows.MoveNext()) {
         const RoomMeeting meeting = MeetingOf(rows);
         // A meeting before the day's first hour is in the way too.
-        if (const int start = std::max(meeting.start, 0); start < ctDays1->FirstTime())
-            ctDays1->setFirstTime(start);
+        if (meeting.start >= 0 && !rows["nStartTime"].value().isNull() && meeting.start < ctDays1->FirstTime())
+            ctDays1->setFirstTime(meeting.start);
         const QString key = QString::number(meeting.key);
         showMeeting(ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, key), meeting);
     }
@@ -225,7 +228,7 @@ void frmrooms::showMeeting(int index, const RoomMeeting& meeting) {
     rows_[item.ItemKey] = meeting;
     item.ItemStart = meeting.start;
     item.ItemEnd = meeting.end;
-    item.ItemText = meeting.text;
+    item.ItemText = OneLine(meeting.text);
     item.ItemNote = meeting.note;
     item.ItemTip = meeting.note;
     item.ItemNoteIcon = !meeting.note.isEmpty();

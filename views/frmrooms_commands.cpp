@@ -79,7 +79,7 @@ void frmrooms::printS() {
     ctDays1->CommitEdit();
     ScheduleSheet sheet;
     sheet.content = ctDays1->Content();
-    sheet.title = Session().DateOrder == DayFirst ? QLocale().toString(date_, QStringLiteral("dddd, d MMMM yyyy"))
+    sheet.title = Session().DateOrder == DayFirst ? QLocale::c().toString(date_, QStringLiteral("dddd, d MMMM yyyy"))
                                                   : SheetDate(date_);
     sheet.subtitle = QStringLiteral("Room Schedule - ") + cborooms->currentText();
     PrintedSheet(sheet).Preview(window());

@@ -54,9 +54,8 @@ QDate frmsched::Stepped(QDate from, int direction) const {
 void frmsched::Reload() {
     const ReadTogether together(Session().Connection, dayStatements() << tasksStatement());
     LoadDayView();
-    // The tasks belong to the provider, not to the day.
-    if (tasksOf_ != Session().ProviderId)
-        LoadToDo();
+    // The tasks belong to the provider, not to the day; but another desk may have changed them.
+    LoadToDo();
 }
 
 void frmsched::ApplyPreferences() {

@@ -104,8 +104,8 @@ void frmsched::displayapptinfo(int index) {
 
     tellsOfPatient_ = NamesPatient(item);
     addInfo(QStringLiteral("Appointment"), item.ItemText);
-    addInfo(QStringLiteral("Time"), QStringLiteral("%1 - %2").arg(MinutesToTimeText(item.ItemStart, military),
-                                                                  MinutesToTimeText(item.ItemEnd, military)));
+    const QString start = item.ItemStart < 0 ? tr("no start time") : MinutesToTimeText(item.ItemStart, military);
+    addInfo(QStringLiteral("Time"), QStringLiteral("%1 - %2").arg(start, MinutesToTimeText(item.ItemEnd, military)));
     addInfo(QStringLiteral("Length"), QStringLiteral("%1 mins.").arg(item.ItemEnd - item.ItemStart));
     if (facts.apptType != ApptTypeSlot)
         addInfo(QStringLiteral("Service"),

@@ -60,8 +60,9 @@ void frmsched::bindTaskCommands() {
 void frmsched::openTask(int taskId) {
     Session().CurrentTaskId = taskId;
     w_Item dialog(window());
-    if (ShowModal(dialog) == QDialog::Accepted)
-        LoadToDo();
+    ShowModal(dialog);
+    // Also where nothing was changed: the task may be gone.
+    LoadToDo();
 }
 
 void frmsched::tickTask(int row, bool done) {
@@ -127,6 +128,7 @@ QString frmsched::tasksStatement() {
 
 void frmsched::LoadToDo() {
     tasksOf_ = Session().ProviderId;
+    const QVariant selected = ctList1->ItemData(ctList1->SelectedRow());
     ctList1->Clear();
     Ignoring([&] {
         const QString dateFormat =
@@ -146,5 +148,7 @@ void frmsched::LoadToDo() {
             ctList1->SetNoteMark(row, !tasks["Notes"].text().isEmpty());
         }
     });
+    if (selected.isValid())
+        ctList1->SelectRow(ctList1->FindItemData(selected));
     offerTaskPrint();
 }

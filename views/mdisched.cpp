@@ -25,6 +25,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/opendialog.h"
 #include "platform/desktop/userstore.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "session/formposition.h"
 #include "session/hiddennames.h"
@@ -67,8 +68,8 @@ void mdisched::ShowTitle(const QString& text) {
 }
 
 void mdisched::WritePanels() {
-    pnluser_->setText(QStringLiteral(" User: ") + Session().UserName);
-    pnlsched_->setText(QStringLiteral(" Schedule for: ") + Session().ProviderName);
+    pnluser_->setText(QStringLiteral(" User: ") + OneLine(Session().UserName));
+    pnlsched_->setText(QStringLiteral(" Schedule for: ") + CaptionText(Session().ProviderName));
 }
 
 void mdisched::changeview(int index) {

@@ -57,6 +57,7 @@ void MenuView::bindPracticeLists() {
     menus_.Bind(QStringLiteral("mnuFLoc"), edits(PracticeList::Locations));
     menus_.Bind(QStringLiteral("mnuFRoomList"), edits(PracticeList::Rooms));
     menus_.Bind(QStringLiteral("mnuFActList"), edits(PracticeList::Events));
+    menus_.Bind(QStringLiteral("mnuFAvail"), edits(PracticeList::Availability));
     menus_.Bind(QStringLiteral("mnuVColor"), [this] {
         frmcleg dialog(window());
         ShowModal(dialog);
@@ -70,7 +71,7 @@ void MenuView::FillMenus(QMenuBar& bar) {
 void MenuView::FollowMainWindow() {
     menus_.Command(QStringLiteral("mnuVHidePats")).setChecked(Session().HidePatientNames);
     menus_.Command(QStringLiteral("mnuVHideTP"))
-        .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("&Show Task Pane"));
+        .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("S&how Task Pane"));
 }
 
 void MenuView::showOpenView(const QString& command, int view) {

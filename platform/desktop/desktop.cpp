@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -16,6 +17,9 @@
 #include "platform/desktop/questions.h"
 
 namespace {
+
+/// What a window's frame keeps beside its title for its picture and its buttons.
+constexpr int FrameButtons = 140;
 
 QMessageBox::Icon iconOf(BoxStyle::Picture picture) {
     switch (picture) {
@@ -53,10 +57,23 @@ class NormalPointer {
     std::vector<QCursor> taken_;
 };
 
+// A box is as wide as its text, which may be short; the title would be cut.
+void makeRoomForTitle(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid == nullptr)
+        return;
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + FrameButtons;
+    grid->addItem(new QSpacerItem(title, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
+                  grid->columnCount());
+}
+
 Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
     const NormalPointer pointer;
     QMessageBox box(iconOf(style.picture), title, text, QMessageBox::NoButton, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
+    makeRoomForTitle(box);
     if (style.buttons == BoxStyle::Buttons::Ok) {
         box.setStandardButtons(QMessageBox::Ok);
         box.exec();

@@ -351,6 +351,9 @@ TEST_F(GroupDialog, SavedMembersThatCannotBeReadAreToldAndNobodyIsOnTheList) {
     openGroup(key);
     EXPECT_EQ(listed(), QString());
     EXPECT_FALSE(dialog->cmdOk->isEnabled());
+    EXPECT_EQ(
+        dialog->lblmembers->text(),
+        QStringLiteral("The members that are stored for this appointment are not loaded. Load Members loads them."));
 }
 
 TEST_F(GroupDialog, AttendanceThatCannotBeReadIsTold) {

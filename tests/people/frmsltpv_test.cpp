@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -159,5 +160,16 @@ TEST_F(ProviderSelection, WithoutADatabaseNothingCanBeTaken) {
     Session().Connection.Close();
     frmsltpv form;
     EXPECT_EQ(form.List1->RowCount(), 0);
+    EXPECT_FALSE(form.cmdOk->isEnabled());
+}
+
+TEST_F(ProviderSelection, APracticeWithoutProvidersIsToldWhatToDo) {
+    frmsltpv full;
+    EXPECT_TRUE(full.lblnobody->isHidden());
+    database.connection().Execute(QStringLiteral("Delete from passwords"));
+    frmsltpv form;
+    form.show();
+    EXPECT_TRUE(form.lblnobody->isVisible());
+    EXPECT_TRUE(form.lblnobody->text().contains(QStringLiteral("Add a provider with a password in Solvane")));
     EXPECT_FALSE(form.cmdOk->isEnabled());
 }

@@ -235,3 +235,13 @@ TEST_F(FindAppointments, AFailureIsTold) {
     desk.expectBox(QStringLiteral("Error finding appointments. ") + why, QStringLiteral("Error"));
     search(form, "Jones");
 }
+
+TEST_F(FindAppointments, NoonIsReadableInBothColumnsOfTime) {
+    book({.start = 720, .end = 720});
+    frmfinda form;
+    search(form, "Jones");
+    form.show();
+    const int needed = form.ctList1->fontMetrics().horizontalAdvance(QStringLiteral("12:00 Noon"));
+    for (const int column : {2, 3})
+        EXPECT_GE(form.ctList1->columnWidth(column), needed + 8) << column;
+}

@@ -90,6 +90,17 @@ TEST_F(FormPlace, AMinimizedWindowComesBackMaximized) {
     EXPECT_TRUE(form.isMaximized());
 }
 
+TEST_F(FormPlace, APlaceThatNoScreenHasLeavesTheWindowAsDesigned) {
+    form.setGeometry(10, 20, 300, 200);
+    for (const char* text :
+         {"2147483647,2147483647,2147483647,2147483647,0", "99999,5,300,200,0", "40,50,3,2,0", "40,50,0,0,0",
+          "40,50,300,200", "40,50,300,x,0", "\x01,,;,\xFF,0", "99999999999,1,300,200,0"}) {
+        restoreFrom(text);
+        EXPECT_EQ(place(), QRect(10, 20, 300, 200)) << text;
+        EXPECT_FALSE(form.isMaximized()) << text;
+    }
+}
+
 TEST(OnSomeScreen, AWindowThatCanBeReachedStaysWhereItIs) {
     EXPECT_EQ(OnSomeScreen(QRect(100, 100, 400, 300), OneScreen), QRect(100, 100, 400, 300));
     EXPECT_EQ(OnSomeScreen(QRect(800, 100, 400, 300), OneScreen), QRect(800, 100, 400, 300));

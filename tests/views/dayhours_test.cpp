@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QDialog>
 #include <QMenuBar>
 
 #include "data/codes.h"
@@ -163,7 +164,28 @@ TEST_F(DayRights, TheTaskPaneCommandSaysWhatItWillDo) {
     open();
 
     command("mnuVHideTP").trigger();
-    EXPECT_EQ(command("mnuVHideTP").text(), "&Show Task Pane");
+    EXPECT_EQ(command("mnuVHideTP").text(), "S&how Task Pane");
     command("mnuVHideTP").trigger();
     EXPECT_EQ(command("mnuVHideTP").text(), "&Hide Task Pane");
+}
+
+TEST_F(DayHours, ARowWithoutAStartOrBeforeMidnightDoesNotOpenTheNight) {
+    const qint64 without = add(anAppointment("Without").until(9, 30));
+    add(anAppointment("Before").at(0, 0).until(8, 30));
+    run(QStringLiteral("Update appointments Set nStartTime = null Where nkeyid = %1").arg(without));
+    run("Update appointments Set nStartTime = -30 Where cappttext = 'Before'");
+    open();
+    EXPECT_EQ(calendar().FirstTime(), 480);
+    EXPECT_EQ(itemTexts().size(), 2);
+    EXPECT_EQ(calendar().Content().pageOf(1, 1).firstTime, 480) << "on paper";
+
+    add(anAppointment("Night").at(0, 0).until(0, 30));
+    view_->Reload();
+    EXPECT_EQ(calendar().FirstTime(), 0);
+}
+
+TEST_F(DayRights, TheListOfUnavailableTimeOpensFromTheFileMenu) {
+    open();
+    desk.expectForm("frmlocs", [](QDialog& list) { EXPECT_EQ(list.windowTitle(), "Edit Unavailable Time"); });
+    command("mnuFAvail").trigger();
 }

@@ -230,3 +230,17 @@ TEST_F(DayTasks, OneThatAnotherDeskDeletedCanStillBeTakenOffTheList) {
     command("mnuTDelete").trigger();
     EXPECT_TRUE(rows().isEmpty());
 }
+
+TEST_F(DayTasks, ATaskThatAnotherDeskDeletedLeavesTheListWhenTheDayIsReadAnew) {
+    addTask("First", 3);
+    addTask("Second", 2);
+    CalendarView& view = open();
+    list().SelectRow(1);
+
+    otherDesk("Delete from ToDo Where ToDo = 'First'");
+    otherDesk("Update ToDo Set Priority = 4 Where ToDo = 'Second'");
+    view.Reload();
+
+    EXPECT_EQ(rows(), QStringList{"0;Second;Urgent;"});
+    EXPECT_EQ(list().SelectedRow(), 0);
+}

@@ -82,3 +82,22 @@ TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedIsToldAndKeepsWhatWasTyp
     EXPECT_TRUE(edit.IsUnsaved());
     EXPECT_EQ(edit.txtsubject->text(), "New");
 }
+
+TEST_F(RoomDialog, OpensWholeOnASmallScreen) {
+    // 1280 by 800 at 200 %, less what a frame and a panel take.
+    frmRoomAppt moved({7, 540, 600, QDate(2026, 3, 10), QStringLiteral("Meeting"), {}, 1, false}, QDate(2026, 3, 11),
+                      QStringLiteral("Blue"));
+    EXPECT_LE(moved.sizeHint().width(), 624);
+    EXPECT_LE(moved.sizeHint().height(), 344);
+    EXPECT_GE(moved.height(), moved.sizeHint().height());
+}
+
+TEST_F(RoomDialog, SaysWhatItKeptOfALongSubject) {
+    dialog.txtsubject->setFocus();
+    dialog.txtsubject->selectAll();
+    dialog.txtsubject->insert(QString(120, QLatin1Char('x')) + QStringLiteral("\n"));
+    EXPECT_EQ(dialog.txtsubject->text().size(), 100);
+    const auto* line = dialog.findChild<QLabel*>(QStringLiteral("lblkept"));
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->text(), "Kept 100 characters; more does not fit here.");
+}

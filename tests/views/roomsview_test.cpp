@@ -552,3 +552,7 @@ TEST_F(RoomScheduler, TheHintNeverMovesTheGridUnderThePointer) {
         }
     }
 }
+
+TEST_F(RoomScheduler, FitsBesideTheTaskPaneOfASmallScreen) {
+    EXPECT_LE(open().minimumSizeHint().width(), 440);
+}

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QLabel>
 #include <QTimer>
 
 #include "platform/desktop/busypointer.h"
@@ -35,4 +36,25 @@ TEST(Desktop, AMessageUnderABusyPointerHasTheNormalPointer) {
     EXPECT_TRUE(wasNormal);
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+}
+
+TEST(Desktop, ABoxIsWideEnoughForItsTitle) {
+    const QString title = QStringLiteral("Provider Schedule Not Found in Fernhall");
+    int width = 0;
+    QString text;
+    QTimer::singleShot(0, [&] {
+        QWidget* box = QApplication::activeModalWidget();
+        width = box->width();
+        for (const auto* label : box->findChildren<QLabel*>())
+            if (label->objectName() == QLatin1String("qt_msgbox_label") && label->textFormat() == Qt::PlainText)
+                text = label->text();
+        box->close();
+    });
+
+    MsgBox("<b>No.</b>", InformationBox, title);
+
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    EXPECT_GE(width, QFontMetrics(bold).horizontalAdvance(title) + 100);
+    EXPECT_EQ(text, "<b>No.</b>");
 }
