@@ -190,6 +190,11 @@ TEST_F(ActivityScheduler, ATextThatWillBeCutIsSaidWhileItIsTyped) {
     type(dialog.cboevents, QString(100, u'x'));
     EXPECT_EQ(dialog.lblcut->text(), QString());
     type(dialog.cboevents, QString(101, u'x'));
+    EXPECT_EQ(dialog.cboevents->Text().size(), 100);
+    const auto* line = dialog.findChild<QLabel*>(QStringLiteral("lblkept"));
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->text(), QStringLiteral("Kept 100 characters; more does not fit here."));
+    dialog.cboevents->SetText(QString(101, u'x'));
     EXPECT_EQ(dialog.lblcut->text(), QStringLiteral("Only the first 100 characters of the event are kept."));
 }
 

@@ -255,6 +255,9 @@ TEST_F(NewPatientForm, NoTextLongerThanItsColumnCanBePasted) {
         field->setFocus();
         QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(field->text().size(), length) << field->objectName().toStdString();
+        const auto* line = form.findChild<QLabel*>(QStringLiteral("lblkept"));
+        ASSERT_NE(line, nullptr) << field->objectName().toStdString();
+        EXPECT_EQ(line->text(), QStringLiteral("Kept %1 characters; more does not fit here.").arg(length));
     }
     QTest::keyClick(form.txtaddress, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(form.txtaddress->StoredText().size(), 255);

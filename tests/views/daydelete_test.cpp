@@ -57,7 +57,7 @@ TEST_F(DayDelete, LeavesALineInTheAuditLog) {
 
     EXPECT_EQ(
         audit(),
-        QStringList{"REED/Scheduler/Delete Appointment/-/Deleted appointment - O'Brien, Anna at 2:05 PM on 3/11/2026"});
+        QStringList{"REED/Scheduler/Delete Appointment/-/Deleted appointment - O'Brien, Anna at 2:05 PM on 03/11/2026"});
 }
 
 TEST_F(DayDelete, GoesOnWhereTheAuditLineCannotBeWritten) {

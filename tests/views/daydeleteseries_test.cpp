@@ -19,8 +19,8 @@ TEST_F(DayDelete, OfASeriesOffersItsAppointmentsInTheOrderOfTime) {
     });
     deleteSelected();
 
-    EXPECT_EQ(rows, (QStringList{"x 3/11/2026/9:00 AM/Anna, weekly", "3/18/2026/9:00 AM/Anna, weekly",
-                                 "3/25/2026/9:00 AM/Anna, weekly"}));
+    EXPECT_EQ(rows, (QStringList{"x 03/11/2026/9:00 AM/Anna, weekly", "03/18/2026/9:00 AM/Anna, weekly",
+                                 "03/25/2026/9:00 AM/Anna, weekly"}));
     EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from appointments")), 4) << "Cancel deletes none.";
 }
 
@@ -48,8 +48,8 @@ TEST_F(DayDelete, OfASeriesDeletesWhatIsCheckedWithItsRoomAndALineEach) {
     EXPECT_EQ(database_.number(db::Sql("Select repeating_ref from appointments Where nkeyid = {}", third)), first);
     EXPECT_TRUE(itemTexts().isEmpty());
     EXPECT_EQ(audit(),
-              (QStringList{"REED/Scheduler/Delete Appointment/-/Deleted appointment - Anna at 9:00 AM on 3/11/2026",
-                           "REED/Scheduler/Delete Appointment/-/Deleted appointment - Anna at 9:00 AM on 3/18/2026"}));
+              (QStringList{"REED/Scheduler/Delete Appointment/-/Deleted appointment - Anna at 9:00 AM on 03/11/2026",
+                           "REED/Scheduler/Delete Appointment/-/Deleted appointment - Anna at 9:00 AM on 03/18/2026"}));
 }
 
 TEST_F(DayDelete, OfASeriesOfGroupsTakesTheMembers) {

@@ -62,7 +62,7 @@ TEST_F(DayMove, ADragIsWrittenIntoTheAuditLog) {
 
     moveTo(QString(120, QLatin1Char('x')).toUtf8(), 660);
 
-    EXPECT_EQ(audit(), "Modified Appointment (3/11/2026 at 9:00 AM) to 03/11/26 at 11:00 AM for " +
+    EXPECT_EQ(audit(), "Modified Appointment (03/11/2026 at 9:00 AM) to 03/11/26 at 11:00 AM for " +
                            QString(100, QLatin1Char('x')));
     EXPECT_EQ(database_.text("Select LogListId from AuditLog"), "Modify Appointment");
     EXPECT_EQ(database_.text("Select LogLocation from AuditLog"), "Scheduler");

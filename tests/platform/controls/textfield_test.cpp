@@ -21,6 +21,7 @@ class TextFieldTest : public testing::Test {
         column.addWidget(&next);
         window.show();
         window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         field.setFocus();
     }
     void paste(const QString& text, QWidget& into) {
