@@ -11,6 +11,7 @@
 
 #include "platform/controls/formparts.h"
 #include "platform/database/error.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
@@ -125,7 +126,7 @@ void SeriesDates::showRow(QTreeWidgetItem& row, QDate date) {
     const Obstacles obstacles = InTheWay(date);
     const Plan plan = PlanFor(date);
     row.setText(InTheWayColumn, plan == Plan::Own ? tr("this appointment itself") : obstacles.Text());
-    row.setToolTip(InTheWayColumn, obstacles.Text().toHtmlEscaped());
+    row.setToolTip(InTheWayColumn, TipText(obstacles.Text()));
     row.setIcon(InTheWayColumn, obstacles.Any() && plan != Plan::Own ? Icon("warning") : QIcon());
     if (plan == Plan::Own) {
         row.setFlags(row.flags() & ~Qt::ItemIsUserCheckable);

@@ -28,7 +28,7 @@ void ctWeek::paintEvent(QPaintEvent* event) {
 void ctWeek::paintHeadings(QPainter& painter) const {
     painter.fillRect(layout_.headings, style_.window);
     painter.setFont(style_.heading);
-    const QLocale locale;
+    const QLocale locale = QLocale::c();
     for (int day = 0; day < MonthGrid::Days && day < static_cast<int>(layout_.cells.size()); ++day) {
         const QRect below = layout_.cells[static_cast<std::size_t>(day)].rect;
         const QRect rect(below.left(), 0, below.width(), layout_.headings.height());

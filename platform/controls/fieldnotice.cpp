@@ -15,10 +15,8 @@ FieldNotice::~FieldNotice() {
 }
 
 void FieldNotice::Say(const QString& text) {
-    if (text.isEmpty() || !field_.isVisible()) {
-        delete line_;
-        return;
-    }
+    if (text.isEmpty() || !field_.isVisible())
+        return takeAway();
     if (line_ == nullptr) {
         line_ = new QLabel(field_.window());
         line_->setObjectName(QStringLiteral("lblkept"));
@@ -38,6 +36,16 @@ void FieldNotice::Say(const QString& text) {
     line_->raise();
     QAccessibleEvent told(line_.data(), QAccessible::Alert);
     QAccessible::updateAccessibility(&told);
+}
+
+// It goes later: a window that hides is counting its children.
+void FieldNotice::takeAway() {
+    if (line_ == nullptr)
+        return;
+    line_->hide();
+    line_->setObjectName({});
+    line_->deleteLater();
+    line_.clear();
 }
 
 QString FieldNotice::Text() const {

@@ -22,6 +22,7 @@ class FieldNotice : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void takeAway();
     void place();
 
     QWidget& field_;

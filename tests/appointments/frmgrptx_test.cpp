@@ -211,7 +211,7 @@ TEST_F(GroupDialog, AnotherDateDoesNotChangeTheMembersUntilTheyAreRefreshed) {
     EXPECT_EQ(hint(), QStringLiteral(
                           "2 of 2 scheduled, 1 kept\nThese are the members of %1. Refresh Members loads those of the "
                           "new date.")
-                          .arg(QLocale().toString(day, QLocale::ShortFormat)));
+                          .arg(QStringLiteral("3/11/2026")));
     refresh(Answer::Yes);
     EXPECT_EQ(listed(), QStringLiteral("x Baker, Bo; x Drew, Di"));
 }

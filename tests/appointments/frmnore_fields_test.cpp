@@ -198,7 +198,7 @@ TEST_F(EditorFields, APastedNameIsOneLine) {
     QApplication::clipboard()->setText(QStringLiteral("A-1\r\n7"));
     form->txtaccount->setFocus();
     press(form->txtaccount, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(form->txtaccount->text(), QStringLiteral("A-17"));
+    EXPECT_EQ(form->txtaccount->text(), QStringLiteral("A-1 7"));
     form->txtaccount->clear();
     QApplication::clipboard()->setText(QString(80, u'1'));
     press(form->txtaccount, Qt::Key_V, Qt::ControlModifier);

@@ -104,13 +104,13 @@ TEST_F(DayInfo, AnActivityShowsNoContacts) {
     EXPECT_EQ(info().last(), "Room;");
 }
 
-TEST_F(DayInfo, SemicolonsAndLineEndsInATextBecomeCommas) {
+TEST_F(DayInfo, SemicolonsInATextBecomeCommasAndLineEndsBlanks) {
     add(anAppointment("Meeting; bring\r\nslides\nand notes").status(ncolor::Activity));
 
     open();
     calendar().setSelectedItem(1);
 
-    EXPECT_EQ(info().first(), "Appointment;Meeting, bring,slides,and notes");
+    EXPECT_EQ(info().first(), "Appointment;Meeting, bring slides and notes");
 }
 
 TEST_F(DayInfo, APatientWhoWasRemovedLeavesTheContactsEmpty) {

@@ -190,7 +190,7 @@ TEST_F(DayView, ARowWithNothingInItsColumnsStillShows) {
     open();
 
     ASSERT_EQ(calendar().ItemCount(), 1);
-    EXPECT_EQ(calendar().FirstTime(), 0);
+    EXPECT_EQ(calendar().FirstTime(), 480);
 }
 
 TEST_F(DayView, RowsThatMakeNoSenseDoNotDisturbTheDay) {

@@ -20,6 +20,8 @@ class TextEngine : public QPaintEngine {
     void drawPixmap(const QRectF& /*to*/, const QPixmap& /*pixmap*/, const QRectF& /*from*/) override {}
     void drawRects(const QRectF* /*rects*/, int /*count*/) override {}
     void drawPath(const QPainterPath& /*path*/) override {}
+    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
+    void drawPolygon(const QPoint* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
     void drawTextItem(const QPointF& place, const QTextItem& item) override {
         texts.push_back({item.text(), painter()->transform().map(place)});
     }
