@@ -124,6 +124,8 @@ void frmactsc::LoadGroupEvent() {
         QStringList attendees;
         for (; !rows.Eof(); rows.MoveNext())
             attendees << rows[QStringLiteral("appointmentsevents.clinicianid")].text();
+        // A server promises no order, and who left the practice would stand elsewhere each time.
+        attendees.sort(Qt::CaseInsensitive);
         for (const QString& id : attendees)
             showAttendee(id);
         storedAttendees_ = attendees;
