@@ -3,7 +3,6 @@
 #include "data/codes.h"
 #include "data/demo/tablewriter.h"
 #include "data/minutetime.h"
-#include "platform/database/sql.h"
 
 #include <map>
 #include <QLocale>
@@ -94,6 +93,14 @@ class Writer {
         return noteId;
     }
 
+    void finish() {
+        for (BatchWriter* writer : {&appointments_, &attending_, &members_, &rooms_, &sessions_, &missed_, &audit_})
+            writer->finish();
+        // The first row of a series names itself.
+        connection_.Execute(
+            "Update appointments Set repeating_ref = nkeyid Where repeating = 1 And repeating_ref Is Null");
+    }
+
   private:
     const Provider* providerOf(const Booking& booking) const {
         return booking.provider < 0 ? nullptr : &practice_.providers[static_cast<std::size_t>(booking.provider)];
@@ -171,11 +178,8 @@ class Writer {
                            qMin(today_, booking.date),
                            madeBy});
         const int key = appointments_.key();
-        // The first row of a series names itself.
-        if (repeats && known == seriesKeys_.end()) {
+        if (repeats && known == seriesKeys_.end())
             seriesKeys_.emplace(booking.series, key);
-            connection_.Execute(db::Sql("Update appointments Set repeating_ref = {} Where nkeyid = {}", key, key));
-        }
         if (made >= today_.addDays(-6) && random_.chance(40))
             addAudit(booking, madeBy, made);
         return key;
@@ -280,13 +284,13 @@ class Writer {
     RoomDay taken_;
     std::map<int, int> seriesRows_;
     std::map<int, int> seriesKeys_;
-    TableWriter appointments_;
-    TableWriter attending_;
-    TableWriter members_;
-    TableWriter rooms_;
-    TableWriter sessions_;
-    TableWriter missed_;
-    TableWriter audit_;
+    BatchWriter appointments_;
+    BatchWriter attending_;
+    BatchWriter members_;
+    BatchWriter rooms_;
+    BatchWriter sessions_;
+    BatchWriter missed_;
+    BatchWriter audit_;
 };
 
 }  // namespace
@@ -295,6 +299,7 @@ void WriteAppointments(const Practice& practice, std::vector<Booking>& bookings,
     Writer writer(practice, bookings, connection);
     for (Booking& booking : bookings)
         booking.session = writer.add(booking);
+    writer.finish();
 }
 
 }  // namespace demo

@@ -93,6 +93,11 @@ class ClientRows {
         return client;
     }
 
+    void finish() {
+        for (BatchWriter* writer : {&clients_, &parties_, &shares_, &policies_})
+            writer->finish();
+    }
+
   private:
     void addMoney(int client) {
         if (random_.chance(70)) {
@@ -116,10 +121,10 @@ class ClientRows {
     Random random_;
     std::vector<int> lookups_;
     std::vector<int> insurers_;
-    TableWriter clients_;
-    TableWriter parties_;
-    TableWriter shares_;
-    TableWriter policies_;
+    BatchWriter clients_;
+    BatchWriter parties_;
+    BatchWriter shares_;
+    BatchWriter policies_;
 };
 
 void writeCodes(const Practice& practice, Companion& keys, db::Connection& companion) {
@@ -173,11 +178,12 @@ Companion WriteCompanion(const Practice& practice, db::Connection& companion) {
         stranger.homePhone = SomePhone(random);
         static_cast<void>(clients.add(stranger, keys.providers[0]));
     }
+    clients.finish();
     return keys;
 }
 
 void WritePairs(const Practice& practice, const Companion& companion, db::Connection& main) {
-    TableWriter pairs(main, "FHDataPairs", {"FHDataList", "FHDatabase", "FHDataValue", "SVDataValue"});
+    BatchWriter pairs(main, "FHDataPairs", {"FHDataList", "FHDatabase", "FHDataValue", "SVDataValue"});
     for (std::size_t i = 0; i < practice.providers.size(); ++i) {
         if (companion.providers[i] > 0)
             pairs.add({ProviderList, companion.databaseId, companion.providers[i], practice.providers[i].id});
@@ -186,6 +192,7 @@ void WritePairs(const Practice& practice, const Companion& companion, db::Connec
         if (companion.clients[i] > 0)
             pairs.add({PatientList, companion.databaseId, companion.clients[i], practice.patients[i].id});
     }
+    pairs.finish();
 }
 
 }  // namespace demo

@@ -76,6 +76,8 @@ class TransactionRows {
             addPayment(booking, client, provider);
     }
 
+    void finish() { rows_.finish(); }
+
   private:
     void addAppointment(const Booking& booking, int client, int provider, bool charged) {
         const int second = random_.chance(3) ? random_.pick(keys_.providers) : 0;
@@ -133,7 +135,7 @@ class TransactionRows {
     const Companion& keys_;
     QDate today_;
     Random random_;
-    TableWriter rows_;
+    BatchWriter rows_;
 };
 
 class EventRows {
@@ -233,6 +235,7 @@ void WriteCompanionSchedule(const Practice& practice, const Companion& keys, con
     TransactionRows transactions(practice, keys, companion);
     for (const Booking& booking : bookings)
         transactions.add(booking);
+    transactions.finish();
     EventRows events(keys, practice.options.today, companion);
     writeSingleEvents(practice.options.today, events);
     writeSeries(practice, keys, companion, events);

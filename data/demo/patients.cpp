@@ -83,6 +83,11 @@ class PatientRows {
             addAuthorization(patient);
     }
 
+    void finish() {
+        for (BatchWriter* writer : {&info_, &episodes_, &access_, &alerts_, &authorizations_})
+            writer->finish();
+    }
+
   private:
     const Provider& provider(const Patient& patient) const {
         return practice_.providers[static_cast<std::size_t>(patient.provider)];
@@ -137,11 +142,11 @@ class PatientRows {
     const Practice& practice_;
     QDate today_;
     Random random_;
-    TableWriter info_;
-    TableWriter episodes_;
-    TableWriter access_;
-    TableWriter alerts_;
-    TableWriter authorizations_;
+    BatchWriter info_;
+    BatchWriter episodes_;
+    BatchWriter access_;
+    BatchWriter alerts_;
+    BatchWriter authorizations_;
 };
 
 }  // namespace
@@ -172,6 +177,7 @@ void WritePatients(const Practice& practice, db::Connection& connection) {
     PatientRows rows(practice, connection);
     for (const Patient& patient : practice.patients)
         rows.add(patient);
+    rows.finish();
 }
 
 }  // namespace demo

@@ -174,6 +174,24 @@ qint64 Connection::Execute(const QString& statement, const std::vector<Value>& b
     return rows;
 }
 
+void Connection::InsertRows(const QString& table, const QStringList& columns,
+                            const std::vector<std::vector<Value>>& rows) {
+    const QString places = QLatin1Char('(') +
+                           QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", ")) +
+                           QLatin1Char(')');
+    const QString head =
+        QStringLiteral("Insert Into [%1] ([%2]) Values ").arg(table, columns.join(QStringLiteral("], [")));
+    const auto most = static_cast<std::size_t>(engine().mostRowsOfInsert(static_cast<int>(columns.size())));
+    for (std::size_t first = 0; first < rows.size(); first += most) {
+        const std::size_t end = std::min(rows.size(), first + most);
+        std::vector<Value> bound;
+        for (std::size_t row = first; row < end; ++row)
+            bound.insert(bound.end(), rows[row].begin(), rows[row].end());
+        const QStringList together(static_cast<qsizetype>(end - first), places);
+        Execute(head + together.join(QStringLiteral(", ")), bound);
+    }
+}
+
 qint64 Connection::LastIdentity() {
     return engine().lastIdentity();
 }

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "platform/database/engine.h"
@@ -58,6 +59,10 @@ class Connection {
     qint64 Execute(const QString& statement);
     /// The same with values for the places marked ?, in order: for what writes many rows.
     qint64 Execute(const QString& statement, const std::vector<Value>& bound);
+    /// Adds rows, each with a value for every column, by as few statements as the engine takes them in: for tools that
+    /// write thousands. Each statement is a write of its own to the observer; what a failure leaves of the others only
+    /// a transaction takes back. LastIdentity is then the key of the last row.
+    void InsertRows(const QString& table, const QStringList& columns, const std::vector<std::vector<Value>>& rows);
     /// The key that the database gave to the row inserted last on this connection.
     [[nodiscard]] qint64 LastIdentity();
     /// One transaction at a time: a second BeginTrans is an error. A commit that fails leaves it to be rolled back.

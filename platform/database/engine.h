@@ -42,6 +42,8 @@ class Engine {
 
     /// Runs one statement; the places marked ? take `bound` in order. Returns the number of rows affected.
     virtual qint64 execute(const QString& statement, const std::vector<Value>& bound = {}) = 0;
+    /// Rows of so many columns that one Insert with bound values best takes: 1 where there is nothing to gain.
+    [[nodiscard]] virtual int mostRowsOfInsert(int /*columns*/) const { return 1; }
     /// Runs one statement that gives rows and reads them whole, or no more than the first `mostRows` where that is
     /// above 0: the statement then stops there.
     virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0) = 0;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <QHash>
 
@@ -43,6 +44,7 @@ class OdbcEngine final : public CancellableEngine {
     ~OdbcEngine() override;
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
+    [[nodiscard]] int mostRowsOfInsert(int columns) const override;
     ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override;
     std::vector<ResultTable> queryTogether(const QStringList& statements) override;
     void begin() override;
@@ -113,6 +115,13 @@ qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Va
     sent.finish();
     identity_ = told.rowCount() == 0 ? 0 : told.at(0, 0).integer();
     return told.rowCount() == 0 ? 0 : told.at(0, 1).integer();
+}
+
+/// A server takes a thousand rows and 2,100 values a statement; beyond some hundred rows nothing is gained.
+int OdbcEngine::mostRowsOfInsert(int columns) const {
+    constexpr int mostValues = 2000;
+    constexpr int mostRows = 100;
+    return sqlServer_ ? std::clamp(mostValues / std::max(columns, 1), 1, mostRows) : 1;
 }
 
 ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {

@@ -307,6 +307,23 @@ TEST_P(DatabaseContract, ARowReadWithoutItsKeyCannotBeLocated) {
     EXPECT_EQ(count("cappttext = 'Ann'"), 1);
 }
 
+TEST_P(DatabaseContract, ManyRowsAreAddedInTheirOrder) {
+    std::vector<std::vector<db::Value>> rows;
+    for (int i = 1; i <= 230; ++i)
+        rows.push_back({i % 3 == 0 ? db::Value() : db::Value(QStringLiteral("Zoë %1").arg(i)), i,
+                        i % 2 == 0 ? db::Value(QDate(2026, 3, 11)) : db::Value(), i == 200 ? 0.5 : 1.0});
+    connection_.InsertRows("Visits", {"cappttext", "nStartTime", "dapptdate", "fee"}, rows);
+    EXPECT_EQ(connection_.LastIdentity(), 230);
+    EXPECT_EQ(count("nkeyid = nStartTime"), 230);
+    EXPECT_EQ(count("cappttext Is Null And dapptdate = '2026/03/11'"), 38);
+    EXPECT_EQ(count("fee = 0.5 And nkeyid = 200"), 1);
+    EXPECT_EQ(textOf(229), "Zoë 229");
+    if (GetParam() == EngineKind::Server)
+        EXPECT_LT(writes_.size(), 10U);
+    connection_.InsertRows("Visits", {"cappttext"}, {});
+    EXPECT_EQ(count(), 230);
+}
+
 TEST_P(DatabaseContract, ExecuteTellsHowManyRowsItChanged) {
     addVisit("Ann");
     addVisit("Bob");
