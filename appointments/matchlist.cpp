@@ -41,7 +41,7 @@ void MatchList::buildList() {
     lstmatches->setAccessibleName(tr("Patients who fit"));
     lstmatches->setFocusPolicy(Qt::NoFocus);
     lstmatches->SetColumns({{tr("Name"), ListColumn::Kind::Text, 40},
-                            {tr("Birth Date"), ListColumn::Kind::Text, 14},
+                            {tr("Birth Date"), ListColumn::Kind::Text, 16},
                             {tr("Account"), ListColumn::Kind::Text, 14},
                             {tr("Home Phone")}});
     lblmore = Named(new QLabel(tr("More than %1 fit. Type more of the name.").arg(MostMatches), this), "lblmore");

@@ -21,7 +21,7 @@ void SetPatientColumns(ctList& list, const QStringList& headings) {
     std::vector<ListColumn> columns;
     for (int column = 0; column < headings.size(); ++column)
         columns.push_back({headings[column], ListColumn::Kind::Text, widths[column]});
-    columns.push_back({QObject::tr("Birth Date"), ListColumn::Kind::Text, 14});
+    columns.push_back({QObject::tr("Birth Date"), ListColumn::Kind::Text, 16});
     list.SetColumns(std::move(columns));
     list.PlaceColumn(BirthDateColumn, BesideTheName);
 }
