@@ -239,7 +239,7 @@ void frmgrptx::showMembers() {
         lines << tr("%1 of %2 scheduled, %3 kept").arg(scheduled).arg(count).arg(kept);
         if (keptOnly > 0)
             lines << tr("Kept is stored only for who is scheduled (%1 not).").arg(keptOnly);
-    } else if (key_ != 0 && !added_ && (!storedMembers_ || !storedMembers_->isEmpty())) {
+    } else if (key_ != 0 && (!storedMembers_ || !storedMembers_->isEmpty())) {
         lines << tr("The members that are stored for this appointment are not loaded. Load Members loads them.");
     } else if (cbogroup->ListIndex() >= 0) {
         lines << tr("Nobody takes part in this group on this date, or the group has no leader or is not active.");

@@ -31,13 +31,7 @@ void frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions c
         return;
     }
     try {
-        const SeriesWork work = planFor(rows, dates, companions);
-        if (rows["repeating"].integer() != 1) {
-            rows.Set("repeating", 1);
-            rows.Set("repeating_ref", work.reference);
-            rows.Update();
-        }
-        book(rows, work);
+        book(rows, planFor(rows, dates, companions));
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error adding appointment. "), error);
         closeUnsaved();

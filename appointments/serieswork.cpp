@@ -107,10 +107,20 @@ void deleteWhole(const SeriesRow& row) {
     });
 }
 
+// The source is the series' first member, or was one before.
+void joinSeries(Recordset& rows, const SeriesWork& work) {
+    if (rows["repeating"].integer() == 1)
+        return;
+    rows.Set("repeating", 1);
+    rows.Set("repeating_ref", work.reference);
+    rows.Update();
+}
+
 SeriesOutcome bookDates(Recordset& rows, const SeriesCopy& copy, const SeriesWork& work,
                         const std::vector<QDate>& dates) {
     SeriesOutcome outcome{0, static_cast<int>(work.dates.size()), {}};
     try {
+        joinSeries(rows, work);
         const QString room = roomName(work.room);
         for (const QDate date : dates) {
             db::InTransaction(Session().Connection, [&] { addCopy(rows, copy, work, room, date); });

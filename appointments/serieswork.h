@@ -35,8 +35,8 @@ struct SeriesOutcome {
     std::optional<db::DatabaseError> failure;  ///< Of the row at which it ended, or of the last that failed.
 };
 
-/// Books the copies one after the other until one fails; what was booked stays. `rows` is a writable cursor on
-/// `appointments`. The mark goes when all are booked.
+/// Makes the row under `rows`, a writable cursor on `appointments`, a member of the series and books its copies one
+/// after the other until one fails; what was booked stays. The mark goes when all are booked.
 [[nodiscard]] SeriesOutcome BookSeries(db::Recordset& rows, const SeriesCopy& copy, SeriesMark& mark);
 /// Deletes the rows one after the other; a row that cannot be deleted stays whole, and the next goes on. One that is
 /// gone already counts as deleted. The mark goes when none is left.

@@ -16,6 +16,7 @@
 #include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 #include "views/menutables.h"
 #include "views/rooms/slotnames.h"
@@ -202,7 +203,10 @@ void frmrooms::LoadRooms() {
     ctDays1->setLastTime(Session().DayEndHour * 60 - 1);
     ctDays1->setEnabled(hasRoom);
     if (hasRoom)
-        readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] { addMeetings(); });
+        readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] {
+            addMeetings();
+            hideNames(Session().HidePatientNames);
+        });
     ctDays1->setTopTime(same ? std::max(keptTop, ctDays1->FirstTime()) : ctDays1->FirstTime());
     if (const int index = ctDays1->IndexOfKey(QString::number(keptKey)); keptKey > 0 && index > 0)
         ctDays1->setSelectedItem(index);

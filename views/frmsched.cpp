@@ -9,6 +9,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 #include "views/menutables.h"
 

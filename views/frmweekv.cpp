@@ -10,6 +10,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
 #include "session/preferences.h"
 #include "session/session.h"
 #include "views/appointmentitem.h"
@@ -134,7 +135,7 @@ QString frmweekv::whyUnseen(const FoundAppointment& found) const {
         return tr("The appointment that was found lasts all day. The week does not show such entries.");
     if (found.date < ctMDay1->Date() || found.date >= ctMDay1->Date().addDays(ctMDay1->ColumnCount()))
         return tr("The appointment that was found is on %1, which the week of five days does not show.")
-            .arg(QLocale().toString(found.date, QLocale::LongFormat));
+            .arg(LongDateText(found.date));
     return {};
 }
 

@@ -9,7 +9,7 @@ bool ViewWindow::readInto(QWidget& place, const QString& told, const std::functi
         read();
     } catch (const db::DatabaseError& error) {
         if (unread_ == nullptr)
-            unread_ = new UnreadNotice(place);
+            unread_ = new UnreadNotice(place, *this);
         unread_->Cover(error.description, again);
         TellError(told, error);
         return false;

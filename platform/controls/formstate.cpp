@@ -10,10 +10,12 @@
 
 namespace {
 
+// What pops up over the form comes and goes with a key, and has fields of its own.
 template <typename Field, typename Text>
 void add(QStringList& state, const QWidget& form, const Text& textOf) {
     for (const Field* field : form.findChildren<Field*>())
-        state << textOf(*field);
+        if (field->window() == form.window())
+            state << textOf(*field);
 }
 
 QString selectedRows(const QListWidget& list) {

@@ -11,8 +11,8 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 
-UnreadNotice::UnreadNotice(QWidget& covered)
-    : QWidget(covered.parentWidget()),
+UnreadNotice::UnreadNotice(QWidget& covered, QWidget& host)
+    : QWidget(&host),
       covered_(covered),
       lblUnread_(new QLabel(tr("This could not be read. It does not mean that nothing is booked."), this)),
       lblWhy_(new QLabel(this)),
@@ -89,7 +89,7 @@ bool UnreadNotice::eventFilter(QObject* watched, QEvent* event) {
 void UnreadNotice::follow() {
     if (!covers_)
         return;
-    setGeometry(covered_.geometry());
+    setGeometry(QRect(covered_.mapTo(parentWidget(), QPoint()), covered_.size()));
     setVisible(!covered_.isHidden());
     raise();
 }

@@ -64,9 +64,9 @@ void EditorFixture::fillLists() {
 frmnore& EditorFixture::openNew(int kind) {
     Session().ApptKind = kind;
     Session().IsNewAppt = true;
-    open();
+    form = std::make_unique<frmnore>();
     form->SetSlot({day, 540, 600});
-    return *form;
+    return show();
 }
 
 frmnore& EditorFixture::openRow(int key, int kind) {
@@ -79,6 +79,10 @@ frmnore& EditorFixture::openRow(int key, int kind) {
 
 frmnore& EditorFixture::open() {
     form = std::make_unique<frmnore>();
+    return show();
+}
+
+frmnore& EditorFixture::show() {
     form->show();
     form->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));

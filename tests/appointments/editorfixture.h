@@ -57,5 +57,6 @@ class EditorFixture : public AppointmentFixture {
 
   private:
     frmnore& open();
+    frmnore& show();
     void fillLists();
 };

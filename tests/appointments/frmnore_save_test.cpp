@@ -318,10 +318,10 @@ TEST_F(EditorSave, AnAlarmRingsByTheLeadEvenBeforeTheDay) {
 }
 
 TEST_F(EditorSave, TextsOfEveryKindArriveAsTyped) {
+    Session().ProviderName = QStringLiteral("O'Brien");
     openFor("10018", "O'Neil, Zoë");
     form->txtnotes->setPlainText(QStringLiteral("She said \"no\"; it's 100%\nüber 🏠 -- '"));
     form->cbolocation->SetText(QStringLiteral("Peter's \"Café\" 🏠"));
-    Session().ProviderName = QStringLiteral("O'Brien");
     type(form->cborooms, QStringLiteral("blue"));
     desk.expectBox(QStringLiteral("Location is not on the list. Do you want to add it?"),
                    QStringLiteral("Item Not Found"), Answer::No);

@@ -141,7 +141,7 @@ TEST_F(Kills, ADragThatIsCutOffLeavesAppointmentAndRoomAsTheyWere) {
     for (const Step& step : {Step{"UPDATE", "appointments"}, Step{"UPDATE", "roomschedule"}}) {
         start();
         bare.stopAt(QString::fromLatin1(step.operation), QString::fromLatin1(step.table));
-        desk->tell("drag", key, QStringLiteral("60"));
+        desk->tellLast("drag", key + QStringLiteral("\t60"));
         bare.awaitAnothersWrite();
         desk->kill();
         desk.reset();

@@ -7,7 +7,7 @@ class Locales : public DeskFixture {
   protected:
     /// The date field of the rooms, on March 11, 2026.
     [[nodiscard]] QString dateField(const QStringList& locale) const {
-        Desk desk(folder.path(), QStringLiteral("REED"), day, {}, locale);
+        Desk desk(folder.path(), QStringLiteral("REED"), day, {}, {}, locale);
         desk.tell("trigger", QStringLiteral("mnuVRoom"));
         return desk.tell("text", QStringLiteral("txtdate"));
     }

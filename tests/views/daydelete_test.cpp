@@ -55,9 +55,9 @@ TEST_F(DayDelete, LeavesALineInTheAuditLog) {
 
     deleteAnswering(Answer::Yes);
 
-    EXPECT_EQ(
-        audit(),
-        QStringList{"REED/Scheduler/Delete Appointment/-/Deleted appointment - O'Brien, Anna at 2:05 PM on 03/11/2026"});
+    EXPECT_EQ(audit(),
+              QStringList{
+                  "REED/Scheduler/Delete Appointment/-/Deleted appointment - O'Brien, Anna at 2:05 PM on 03/11/2026"});
 }
 
 TEST_F(DayDelete, GoesOnWhereTheAuditLineCannotBeWritten) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
@@ -453,7 +454,10 @@ TEST_F(MainWindowTest, TheSameProviderAgainChangesNothing) {
 TEST_F(MainWindowTest, PreferencesReachTheFourOwnViewsOnly) {
     Session().FHDatabaseId = QStringLiteral("FH1");
     start();
-    const auto pressOk = [](QDialog& form) { form.findChild<QPushButton*>(QStringLiteral("cmdOk"))->click(); };
+    const auto pressOk = [](QDialog& form) {
+        form.findChild<QCheckBox*>(QStringLiteral("cktasks"))->toggle();
+        form.findChild<QPushButton*>(QStringLiteral("cmdOk"))->click();
+    };
     for (const int index : {0, 4, 5}) {
         window->changeview(index);
         events();

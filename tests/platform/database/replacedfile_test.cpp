@@ -101,9 +101,19 @@ TEST_F(OpenedFile, AFileThatAnotherTookThePlaceOfIsToldAndThenTheNewOneIsUsed) {
 }
 
 TEST_F(OpenedFile, AFileThatWasCutShortIsTold) {
+    connection_.Close();  // Without a log from which it could be whole again.
+    connection_.Open(text());
     ASSERT_TRUE(QFile::resize(file(), 2'000));
     expectToldAtOnce([&] { add("lost"); });
     EXPECT_NE(FailureOf([&] { add("lost"); }).number, 0);
+}
+
+TEST_F(OpenedFile, AFileThatWasCutShortIsWholeAgainFromItsLog) {
+    add("logged");
+    ASSERT_TRUE(QFile::resize(file(), 2'000));
+    expectToldAtOnce([&] { add("lost"); });
+    add("after");
+    EXPECT_EQ(names(), "before logged after");
 }
 
 TEST_F(OpenedFile, ItIsToldThoughAReadThatMayFailHasMetItBefore) {

@@ -315,11 +315,15 @@ TEST_P(DatabaseContract, ManyRowsAreAddedInTheirOrder) {
     connection_.InsertRows("Visits", {"cappttext", "nStartTime", "dapptdate", "fee"}, rows);
     EXPECT_EQ(connection_.LastIdentity(), 230);
     EXPECT_EQ(count("nkeyid = nStartTime"), 230);
-    EXPECT_EQ(count("cappttext Is Null And dapptdate = '2026/03/11'"), 38);
+    int unnamed = 0;
+    for (Recordset read("Select cappttext, dapptdate from Visits", connection_); !read.Eof(); read.MoveNext())
+        unnamed += read["cappttext"].isNull() && read["dapptdate"].date() == QDate(2026, 3, 11) ? 1 : 0;
+    EXPECT_EQ(unnamed, 38);
     EXPECT_EQ(count("fee = 0.5 And nkeyid = 200"), 1);
     EXPECT_EQ(textOf(229), "Zoë 229");
-    if (GetParam() == EngineKind::Server)
+    if (GetParam() == EngineKind::Server) {
         EXPECT_LT(writes_.size(), 10U);
+    }
     connection_.InsertRows("Visits", {"cappttext"}, {});
     EXPECT_EQ(count(), 230);
 }

@@ -38,8 +38,9 @@ class Sessions : public testing::Test {
         return {};
     }
 
-    /// Nobody may write to the folder any more, and everybody may read it.
+    /// Nobody may write to the folder any more, and everybody may read what is in it.
     void letOthersLookIn() const {
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
         QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
                                                  QFile::ReadOther | QFile::ExeOther);
     }
