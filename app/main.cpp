@@ -17,7 +17,7 @@ namespace {
 
 constexpr int Failed = 1;
 constexpr int BadUsage = 2;
-constexpr int QuickLookUpMilliseconds = 50;
+constexpr int QuickLookUpMilliseconds = 20;
 
 int refuse(const QString& why, int status) {
     std::fprintf(stderr, "svscheduler: %s\n", qUtf8Printable(why));
