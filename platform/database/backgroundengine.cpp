@@ -82,6 +82,9 @@ class BackgroundEngine final : public Engine {
     bool inTransaction() override {
         return answerOf<bool>([](Engine& engine) { return engine.inTransaction(); });
     }
+    [[nodiscard]] int mostRowsOfInsert(int columns) const override {
+        return shared_->engine->mostRowsOfInsert(columns);  // The same at any time.
+    }
     Link link() override { return leftAlone_ ? Link::Cut : shared_->engine->link(); }
     const TableInfo& describe(const QString& table) override {
         return *answerOf<const TableInfo*>([=](Engine& engine) { return &engine.describe(table); });

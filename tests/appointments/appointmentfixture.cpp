@@ -47,20 +47,5 @@ void AppointmentFixture::patient(const QString& id, const QString& lastName) {
 
 QString AppointmentFixture::loseDatabase() {
     Session().Connection.Close();
-    return failureOf(QStringLiteral("Select * from settings"));
-}
-
-QString AppointmentFixture::dropTable(const QString& table) {
-    database.connection().Execute(Sql("Drop Table {}", db::Raw{table}));
-    return failureOf(Sql("Select * from {}", db::Raw{table}));
-}
-
-QString AppointmentFixture::failureOf(const QString& statement) {
-    try {
-        const db::Recordset rows(statement, Session().Connection);
-    } catch (const db::DatabaseError& error) {
-        return error.description;
-    }
-    ADD_FAILURE() << "This statement should have failed: " << statement.toStdString();
-    return {};
+    return FailureOf(Session().Connection, QStringLiteral("Select * from settings"));
 }

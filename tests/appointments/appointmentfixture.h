@@ -39,14 +39,9 @@ class AppointmentFixture : public testing::Test {
 
     /// The database says this of every statement from now on; returns its description.
     QString loseDatabase();
-    /// The same for statements on one table.
-    QString dropTable(const QString& table);
 
     QDate day{2026, 3, 11};
     QTemporaryDir userFolder{TestFolderTemplate()};  ///< What the program keeps for its user.
     TestDatabase database;
     ScriptedDesk desk;
-
-  private:
-    QString failureOf(const QString& statement);
 };

@@ -114,7 +114,7 @@ TEST_F(AppointmentRows, AnAppointmentWithoutARoomMovesNone) {
 }
 
 TEST_F(AppointmentRows, ARoomThatCannotBeMovedEndsTheSaveOfItsAppointment) {
-    dropTable(QStringLiteral("roomschedule"));
+    DropTable(database.connection(), QStringLiteral("roomschedule"));
     EXPECT_THROW(UpdateRoomTime(Appointment, 660, 720, day, {}), db::DatabaseError);
 }
 

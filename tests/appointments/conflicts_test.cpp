@@ -221,7 +221,7 @@ TEST_F(Conflicts, WithoutADatabaseTheUserIsToldAndTheSaveStops) {
 
 TEST_F(Conflicts, AProviderThatCannotBeReadStopsTheSaveToo) {
     appointment({});
-    expectFailure(dropTable(QStringLiteral("provider_info")));
+    expectFailure(DropTable(database.connection(), QStringLiteral("provider_info")));
     EXPECT_TRUE(check());
 }
 
@@ -309,6 +309,6 @@ TEST_F(RoomConflicts, WithoutADatabaseTheUserIsToldAndTheSaveStops) {
 }
 
 TEST_F(RoomConflicts, ABrokenRoomScheduleIsToldAndStopsTheSave) {
-    expectFailure(dropTable(QStringLiteral("roomschedule")));
+    expectFailure(DropTable(database.connection(), QStringLiteral("roomschedule")));
     EXPECT_TRUE(check());
 }

@@ -165,14 +165,14 @@ TEST_F(ActivityScheduler, AnActivityThatIsGoneOpensEmpty) {
 }
 
 TEST_F(ActivityScheduler, AListThatCannotBeReadIsToldAndTheFormOpensAllTheSame) {
-    const QString why = dropTable(QStringLiteral("provider_info"));
+    const QString why = DropTable(database.connection(), QStringLiteral("provider_info"));
     desk.expectBox(QStringLiteral("Error loading provider list. ") + why, QStringLiteral("Error"));
     EXPECT_EQ(openNewActivity().List1->count(), 0);
 }
 
 TEST_F(ActivityScheduler, AnActivityThatCannotBeReadIsTold) {
     const int key = activity({QStringLiteral("REED")});
-    const QString why = dropTable(QStringLiteral("AppointmentsEvents"));
+    const QString why = DropTable(database.connection(), QStringLiteral("AppointmentsEvents"));
     desk.expectBox(QStringLiteral("Error loading appointment. ") + why, QStringLiteral("Error"));
     EXPECT_EQ(openActivity(key).cboevents->Text(), QString());
 }

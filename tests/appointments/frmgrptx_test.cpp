@@ -331,14 +331,16 @@ TEST_F(GroupDialog, ListsThatCannotBeReadAreToldAndTheDialogOpens) {
     for (const auto& [table, text] :
          {std::pair("Groups", "Error loading groups. "), std::pair("locations", "Error loading locations. "),
           std::pair("rooms", "Error loading room list. ")})
-        desk.expectBox(QString::fromLatin1(text) + dropTable(QString::fromLatin1(table)), Error);
+        desk.expectBox(QString::fromLatin1(text) + DropTable(database.connection(), QString::fromLatin1(table)), Error);
     openNewGroup();
     EXPECT_TRUE(dialog->isVisible());
 }
 
 TEST_F(GroupDialog, MembersThatCannotBeReadAreTold) {
     openNewGroup();
-    desk.expectBox(QStringLiteral("Error loading groups members. ") + dropTable(QStringLiteral("GroupMembers")), Error);
+    desk.expectBox(QStringLiteral("Error loading groups members. ") +
+                       DropTable(database.connection(), QStringLiteral("GroupMembers")),
+                   Error);
     pick(QStringLiteral("Anger"));
     EXPECT_EQ(listed(), QString());
     EXPECT_FALSE(dialog->cmdOk->isEnabled());
@@ -346,7 +348,8 @@ TEST_F(GroupDialog, MembersThatCannotBeReadAreTold) {
 
 TEST_F(GroupDialog, SavedMembersThatCannotBeReadAreToldAndNobodyIsOnTheList) {
     const int key = groupAppointment();
-    desk.expectBox(QStringLiteral("Error loading groups members. ") + dropTable(QStringLiteral("AppointmentsGroup")),
+    desk.expectBox(QStringLiteral("Error loading groups members. ") +
+                       DropTable(database.connection(), QStringLiteral("AppointmentsGroup")),
                    Error);
     openGroup(key);
     EXPECT_EQ(listed(), QString());
@@ -359,7 +362,7 @@ TEST_F(GroupDialog, SavedMembersThatCannotBeReadAreToldAndNobodyIsOnTheList) {
 TEST_F(GroupDialog, AttendanceThatCannotBeReadIsTold) {
     openGroup(groupAppointment());
     desk.expectBox(QStringLiteral("Error loading groups member attendance list. ") +
-                       dropTable(QStringLiteral("AppointmentsGroup")),
+                       DropTable(database.connection(), QStringLiteral("AppointmentsGroup")),
                    Error);
     pick(QStringLiteral("Sleep"));
     EXPECT_EQ(listed(), QStringLiteral("- Drew, Di"));

@@ -54,7 +54,7 @@ TEST_F(EditorFailure, WithoutTheDatabaseNothingIsBookedAndWhatWasTypedStays) {
 TEST_F(EditorFailure, PatientsThatCannotBeReadAreSaidAndAskedFor) {
     openNew(1);
     choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
-    const QString why = dropTable(QStringLiteral("patient_info"));
+    const QString why = DropTable(database.connection(), QStringLiteral("patient_info"));
     desk.expectBox(QStringLiteral("Error reading patient list. ") + why, Error);
     desk.expectBox(QStringLiteral("Patient not found in database. Add patient now?"), QStringLiteral("Solvane"),
                    Answer::No);
@@ -165,7 +165,7 @@ TEST_F(EditorFailure, AnAuditLineThatIsRefusedStopsNothing) {
 TEST_F(EditorFailure, ATableThatIsGoneIsSaid) {
     openNew(2);
     type(form->cboevents, QStringLiteral("staff"));
-    desk.expectBox(SaveFailed + dropTable(QStringLiteral("appointments")), Error);
+    desk.expectBox(SaveFailed + DropTable(database.connection(), QStringLiteral("appointments")), Error);
     EXPECT_FALSE(form->saveappt(0, QStringLiteral("REED")));
 }
 
@@ -237,7 +237,9 @@ TEST_F(EditorFailure, AViewThatLostItsSelectionDoesNotDoubleTheAppointment) {
 
 TEST_F(EditorFailure, ARoomThatCouldNotBeReadIsNotTakenAway) {
     const int key = savedPatientAppointment();
-    desk.expectBox(QStringLiteral("Error reading room schedule. ") + dropTable(QStringLiteral("roomschedule")), Error);
+    desk.expectBox(QStringLiteral("Error reading room schedule. ") +
+                       DropTable(database.connection(), QStringLiteral("roomschedule")),
+                   Error);
     openRow(key, 1);
     database.connection().Execute(
         "Create Table roomschedule (nkeyid int identity(1,1) not null primary key, apptid int null, croomid int null)");

@@ -164,7 +164,7 @@ TEST_F(EditorFields, APatientWithoutAnAddressGetsNoEMail) {
 TEST_F(EditorFields, AnAddressThatCannotBeReadSaysSo) {
     openNew(1);
     choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
-    const QString why = dropTable(QStringLiteral("Patient_info"));
+    const QString why = DropTable(database.connection(), QStringLiteral("Patient_info"));
     desk.expectBox(QStringLiteral("Error retrieving patient e-mail address. ") + why, QStringLiteral("Error"));
     desk.expectBox(QStringLiteral("No e-mail address entered for this patient."), QStringLiteral("Solvane"));
     QTest::keyClick(form->ckemail, Qt::Key_Space);
@@ -340,7 +340,7 @@ TEST_F(EditorFields, AnAuthorizationThatCannotBeReadIsToldOnceForADate) {
     openNew(1);
     choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
     desk.expectBox(QStringLiteral("Error retrieving patient authorization information. ") +
-                       dropTable(QStringLiteral("authorizations")),
+                       DropTable(database.connection(), QStringLiteral("authorizations")),
                    QStringLiteral("Error"));
     type(form->ctedate, QStringLiteral("3/12/2026"));
     press(form->ctedate, Qt::Key_Tab);

@@ -298,10 +298,10 @@ TEST_F(EditorLoad, AnArchivedPatientWithoutTelephonesIsShownAll) {
 }
 
 TEST_F(EditorLoad, EachListThatCannotBeReadSaysSoAndTheDialogGoesOn) {
-    const QString types = dropTable(QStringLiteral("session_types"));
-    const QString locations = dropTable(QStringLiteral("locations"));
-    const QString rooms = dropTable(QStringLiteral("rooms"));
-    const QString categories = dropTable(QStringLiteral("AptCategories"));
+    const QString types = DropTable(database.connection(), QStringLiteral("session_types"));
+    const QString locations = DropTable(database.connection(), QStringLiteral("locations"));
+    const QString rooms = DropTable(database.connection(), QStringLiteral("rooms"));
+    const QString categories = DropTable(database.connection(), QStringLiteral("AptCategories"));
     desk.expectBox(QStringLiteral("Error loading session types. ") + types, QStringLiteral("Error"));
     desk.expectBox(QStringLiteral("Error loading locations. ") + locations, QStringLiteral("Error"));
     desk.expectBox(QStringLiteral("Error loading room list. ") + rooms, QStringLiteral("Error"));
@@ -312,8 +312,8 @@ TEST_F(EditorLoad, EachListThatCannotBeReadSaysSoAndTheDialogGoesOn) {
 }
 
 TEST_F(EditorLoad, EventsAndBlocksThatCannotBeReadSaySo) {
-    const QString events = dropTable(QStringLiteral("events"));
-    const QString blocks = dropTable(QStringLiteral("availability"));
+    const QString events = DropTable(database.connection(), QStringLiteral("events"));
+    const QString blocks = DropTable(database.connection(), QStringLiteral("availability"));
     desk.expectBox(QStringLiteral("Error loading events items. ") + events, QStringLiteral("Error"));
     openNew(2);
     desk.expectBox(QStringLiteral("Error loading availability items. ") + blocks, QStringLiteral("Error"));
@@ -321,7 +321,7 @@ TEST_F(EditorLoad, EventsAndBlocksThatCannotBeReadSaySo) {
 }
 
 TEST_F(EditorLoad, AnAppointmentThatCannotBeReadSaysSo) {
-    const QString why = dropTable(QStringLiteral("appointments"));
+    const QString why = DropTable(database.connection(), QStringLiteral("appointments"));
     desk.expectBox(QStringLiteral("Error setting appointment type. ") + why, QStringLiteral("Error"));
     desk.expectBox(QStringLiteral("Error loading appointment. ") + why, QStringLiteral("Error"));
     openRow(1, 1);
@@ -330,7 +330,7 @@ TEST_F(EditorLoad, AnAppointmentThatCannotBeReadSaysSo) {
 
 TEST_F(EditorLoad, AnAuthorizationThatCannotBeReadSaysSo) {
     const int key = savedPatientAppointment();
-    const QString why = dropTable(QStringLiteral("authorizations"));
+    const QString why = DropTable(database.connection(), QStringLiteral("authorizations"));
     desk.expectBox(QStringLiteral("Error retrieving patient authorization information. ") + why,
                    QStringLiteral("Error"));
     openRow(key, 1);

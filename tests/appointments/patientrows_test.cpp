@@ -116,7 +116,7 @@ TEST_F(PatientRows, AnAuthorizationWithoutDatesDoesNotCount) {
 
 TEST_F(PatientRows, AnAuthorizationThatCannotBeReadIsTold) {
     desk.expectBox(QStringLiteral("Error retrieving patient authorization information. ") +
-                       dropTable(QStringLiteral("authorizations")),
+                       DropTable(database.connection(), QStringLiteral("authorizations")),
                    QStringLiteral("Error"));
     EXPECT_EQ(GetAuthInfo(Mary, day), QString());
 }

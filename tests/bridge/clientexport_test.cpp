@@ -199,8 +199,7 @@ TEST_F(ClientExport, ACompanionThatCannotBeReachedIsTold) {
 }
 
 TEST_F(ClientExport, AFailingPairLookUpIsTold) {
-    practice.connection().Execute("Drop Table FHDataPairs");
-    desk.expectBox(CannotExport + "Invalid object name 'FHDataPairs'.", "Error");
+    desk.expectBox(CannotExport + DropTable(practice.connection(), "FHDataPairs"), "Error");
     EXPECT_FALSE(send(smith()));
     EXPECT_EQ(clients(), 0);
 }
@@ -221,10 +220,9 @@ TEST_F(ClientExport, AFailingPairIsToldAndLeavesNoClientThatASecondExportWouldDo
 TEST_F(ClientExport, WhatTheCompanionHasNoRoomForIsToldAndNothingIsHalfWritten) {
     ExportedPatient patient = smith();
     patient.middleInitial = QString(11, 'x');
-    desk.expectBox(
-        CannotExport +
-            "String or binary data would be truncated in table 'Clients', column 'ClntMiddleInitial'. Truncated value: 'xxxxxxxxxx'.",
-        "Error");
+    const QString why =
+        FailureOf(companion.connection(), db::Sql("Update Clients Set ClntMiddleInitial = '{}'", patient.middleInitial));
+    desk.expectBox(CannotExport + why, "Error");
     EXPECT_FALSE(send(patient));
     EXPECT_EQ(clients(), 0);
     EXPECT_EQ(patientPairs(), 0);

@@ -8,6 +8,7 @@
 #include "data/schema.h"
 #include "platform/desktop/desktop.h"
 #include "tests/support/scripteddesk.h"
+#include "tests/support/testdatabase.h"
 
 namespace {
 
@@ -77,8 +78,7 @@ TEST_F(Link, WithoutServerOrDatabaseThereIsNoLinkAndNoMessage) {
 }
 
 TEST_F(Link, SettingsThatCannotBeReadAreTold) {
-    main.Execute("Drop Table settings");
-    desk.expectBox("Error retrieving Fernhall Server and Database Name. Invalid object name 'settings'.", "Error");
+    desk.expectBox("Error retrieving Fernhall Server and Database Name. " + DropTable(main, "settings"), "Error");
 
     EXPECT_EQ(GetFHConnectionString(main, folder.path()), "");
 }

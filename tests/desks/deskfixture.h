@@ -6,20 +6,19 @@
 #include <QDate>
 #include <QTemporaryDir>
 
-#include "data/schema.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "tests/desks/desk.h"
 #include "tests/support/files.h"
+#include "tests/support/testdatabase.h"
 
-/// A practice in a folder of its own, at which copies of the program work on Reed's schedule of one day.
+/// A practice with a folder and a database of its own, at which copies of the program work on Reed's schedule of one
+/// day.
 class DeskFixture : public testing::Test {
   protected:
     DeskFixture() {
-        PutFile(folder.filePath(QStringLiteral("solvane.ini")), "[SQLServer]\nDataSource=.\nInitialCatalog=practice\n");
+        PutFile(folder.filePath(QStringLiteral("solvane.ini")), database.iniSection());
         PutFile(folder.filePath(QStringLiteral("svwsched.ini")), "[PrintLayout]\nTitleFontBold=True\n");
-        connection.Create(QStringLiteral("Data Source=%1;Initial Catalog=practice;").arg(folder.path()));
-        ApplySchema(connection, SchemaScript::Main);
         for (
             const char* statement :
             {"Insert Into provider_info (id, prov_lastname, archive) Values ('REED', 'Reed', 0)",
@@ -37,15 +36,8 @@ class DeskFixture : public testing::Test {
         return QString::number(connection.LastIdentity());
     }
 
-    QString value(const QString& statement) {
-        const db::Recordset rows(statement, connection);
-        return rows.Eof() ? QStringLiteral("(none)") : rows[0].text();
-    }
-
-    qint64 number(const QString& statement) {
-        const db::Recordset rows(statement, connection);
-        return rows.Eof() ? -1 : rows[0].integer();
-    }
+    QString value(const QString& statement) { return database.text(statement); }
+    qint64 number(const QString& statement) { return database.number(statement); }
 
     /// The times of a row, "540-590".
     QString times(const QString& key) {
@@ -60,5 +52,6 @@ class DeskFixture : public testing::Test {
 
     const QDate day{2026, 3, 11};
     QTemporaryDir folder;
-    db::Connection connection;
+    TestDatabase database;
+    db::Connection& connection = database.connection();
 };

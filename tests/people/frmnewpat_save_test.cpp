@@ -130,8 +130,7 @@ TEST_F(NewPatientSave, TheNewPatientIsFoundByAUserOfOneScheduleOnly) {
 TEST_F(NewPatientSave, AFailingLookForTheSameNameIsTold) {
     frmnewpat& form = open();
     fillRequired(form);
-    sql("Drop Table patient_info");
-    desk.expectBox("Unable to save. Invalid object name 'patient_info'.", "Error");
+    desk.expectBox("Unable to save. " + DropTable(database.connection(), "patient_info"), "Error");
     form.cmdOk->click();
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(form.txtlname->text(), "Smith");

@@ -66,8 +66,7 @@ TEST_F(NewPatientForm, OffersTheActiveProvidersByNameAndNoneIsChosen) {
 }
 
 TEST_F(NewPatientForm, AFailingProviderListIsToldAndTheFormOpens) {
-    sql("Drop Table provider_info");
-    desk.expectBox("Error loading provider list. Invalid object name 'provider_info'.", "Error");
+    desk.expectBox("Error loading provider list. " + DropTable(database.connection(), "provider_info"), "Error");
     EXPECT_EQ(open().cboprovider->count(), 0);
 }
 

@@ -113,8 +113,9 @@ TEST_F(Audit, WithoutASettingsRowItIsOff) {
 }
 
 TEST_F(Audit, ASettingThatCannotBeReadSaysSoAndLeavesItOff) {
-    practice.sql("Drop Table settings");
-    desk.expectBox("Error reading global setings from database. Invalid object name 'settings'.", "Error");
+    desk.expectBox(
+        "Error reading global setings from database. " + DropTable(practice.database().connection(), "settings"),
+        "Error");
 
     GetALSettings();
 

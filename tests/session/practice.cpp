@@ -2,47 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
-
-#include "data/schema.h"
 #include "data/scramble.h"
-#include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/userstore.h"
 #include "session/session.h"
 #include "tests/support/files.h"
 
-namespace {
-
-QString textOf(const QString& folder, const QString& catalog) {
-    return QStringLiteral("Data Source=%1;Initial Catalog=%2;").arg(folder, catalog);
-}
-
-// Both databases are made once for all tests and copied for each.
-const QString& templateFolder() {
-    static const QTemporaryDir folder;
-    static const QString path = [] {
-        const std::pair<const char*, SchemaScript> databases[] = {{"practice", SchemaScript::Main},
-                                                                  {"fernhall", SchemaScript::Companion}};
-        for (const auto& [name, script] : databases) {
-            db::Connection connection;
-            connection.Create(textOf(folder.path(), QString::fromLatin1(name)));
-            ApplySchema(connection, script);
-        }
-        return folder.path();
-    }();
-    return path;
-}
-
-}  // namespace
-
 Practice::Practice() {
     ResetSession();
     SetUserStoreFile(file("places.ini"));
-    PutFile(file("solvane.ini"), "[SQLServer]\nDataSource=.\nInitialCatalog=practice\n");
+    PutFile(file("solvane.ini"), database_.iniSection());
     PutFile(file("svwsched.ini"), "[PrintLayout]\nTitleFontBold=True\n");
-    QFile::copy(templateFolder() + QStringLiteral("/practice.db"), file("practice.db"));
-    desk_.Open(textOf(path(), QStringLiteral("practice")));
     sql("Delete From settings");
     sql("Delete From facesheet Where FacesheetId = 3");
     sql("Insert Into settings (ALEnabled, recallpw, wordusage) Values (0, 0, 'Client')");
@@ -59,7 +29,7 @@ void Practice::connect() {
     session.AppPath = session.IniPath = path();
     session.SolvaneIni = file("solvane.ini");
     session.SchedulerIni = file("svwsched.ini");
-    session.Connection.Open(textOf(path(), QStringLiteral("practice")));
+    session.Connection.Open(database_.connectionText());
 }
 
 void Practice::addUser(const QString& id, const QString& lastName, int type, const QString& access,
@@ -81,13 +51,17 @@ void Practice::preference(const QString& user, const QString& category, const QS
 }
 
 void Practice::addCompanion(const QString& identity) {
-    QFile::copy(templateFolder() + QStringLiteral("/fernhall.db"), file("fernhall.db"));
-    db::Connection companion;
-    companion.Open(textOf(path(), QStringLiteral("fernhall")));
+    db::Connection& companion = companion_.emplace(SchemaScript::Companion).connection();
     companion.Execute(db::Sql("Delete From DefaultFieldValues Where DfltFieldName = 'DBID'"));
     companion.Execute(
         db::Sql("Insert Into DefaultFieldValues (DfltFieldName, DfltValue) Values ('DBID', '{}')", identity));
-    sql("Update settings Set FHServer = '.', FHDatabaseName = 'fernhall'");
+    sql(db::Sql("Update settings Set FHServer = '{}', FHDatabaseName = '{}'", companion_->source(),
+                companion_->catalog()));
+}
+
+QString Practice::textOf(const TestDatabase& database, const char* login, const char* password) {
+    return QStringLiteral("Provider=SQLOLEDB;Data Source=%1;Initial Catalog=%2;User Id=%3;Password=%4;")
+        .arg(database.source(), database.catalog(), QLatin1String(login), qEnvironmentVariable(password));
 }
 
 void Practice::pairProvider(const QString& identity, int fhProviderId, const QString& svProviderId) {
@@ -96,10 +70,9 @@ void Practice::pairProvider(const QString& identity, int fhProviderId, const QSt
 }
 
 void Practice::sql(const QString& statement) {
-    desk_.Execute(statement);
+    database_.connection().Execute(statement);
 }
 
 QString Practice::value(const QString& statement) {
-    const db::Recordset rows(statement, desk_);
-    return rows.Eof() ? QStringLiteral("(none)") : rows[0].text();
+    return database_.text(statement);
 }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <QString>
 #include <QTemporaryDir>
 
-#include "platform/database/connection.h"
+#include "tests/support/testdatabase.h"
 
-/// A practice for one test: fresh session values, and a data folder with both ini files and an embedded main database
-/// that holds the schema, one settings row and nobody yet.
+/// A practice for one test: fresh session values, a data folder with both ini files, and a main database that holds the
+/// schema, one settings row and nobody yet.
 class Practice {
   public:
     Practice();
@@ -25,8 +26,12 @@ class Practice {
     void preference(const QString& user, const QString& category, const QString& detail, const QString& value);
     /// Makes the companion database with this identity and points the settings at it.
     void addCompanion(const QString& identity);
+    /// How the program opens the main and the companion database.
+    [[nodiscard]] QString connectionText() const { return textOf(database_, "SVMaster", "SVSCHEDULER_PASSWORD_SVS"); }
+    [[nodiscard]] QString companionText() const { return textOf(*companion_, "FHMaster", "SVSCHEDULER_PASSWORD_FH"); }
     void pairProvider(const QString& identity, int fhProviderId, const QString& svProviderId);
 
+    [[nodiscard]] TestDatabase& database() { return database_; }
     void sql(const QString& statement);
     /// The first field of the first row, "(none)" without a row.
     [[nodiscard]] QString value(const QString& statement);
@@ -35,6 +40,9 @@ class Practice {
     [[nodiscard]] QString file(const char* name) const { return folder_.filePath(QString::fromLatin1(name)); }
 
   private:
+    [[nodiscard]] static QString textOf(const TestDatabase& database, const char* login, const char* password);
+
     QTemporaryDir folder_;
-    db::Connection desk_;
+    TestDatabase database_;
+    std::optional<TestDatabase> companion_;
 };

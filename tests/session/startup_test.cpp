@@ -69,9 +69,8 @@ TEST_F(StartingUp, ADataFolderThatWasAskedForWinsOverTheCentralInstallation) {
 TEST_F(StartingUp, TheConnectionTextIsBuiltInItsOrder) {
     ASSERT_TRUE(start());
 
-    EXPECT_EQ(Session().ConnectionString, "Provider=SQLOLEDB;Data Source=" + practice.path() +
-                                              ";Initial Catalog=practice;User Id=SVMaster;Password=;");
-    EXPECT_EQ(GetServerName(), ".");
+    EXPECT_EQ(Session().ConnectionString, practice.connectionText());
+    EXPECT_EQ(GetServerName(), practice.database().source());
 }
 
 TEST_F(StartingUp, AnOldSvwschedIniGetsTheKeysOfThePrintLayout) {
@@ -215,8 +214,7 @@ TEST_F(StartingUp, APracticeWithACompanionIsLinkedToIt) {
 
     ASSERT_TRUE(start());
 
-    EXPECT_EQ(Session().FHConnectionString, "Provider=SQLOLEDB;Data Source=" + practice.path() +
-                                                ";Initial Catalog=fernhall;User Id=FHMaster;Password=; ");
+    EXPECT_EQ(Session().FHConnectionString, practice.companionText() + " ");
     EXPECT_TRUE(Session().FHAutoExport);
     EXPECT_FALSE(Session().UseFHSchedView);
     EXPECT_EQ(Session().FHDatabaseId, "FH-1");

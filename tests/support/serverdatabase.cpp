@@ -25,6 +25,10 @@ QString lockFolder() {
     return path;
 }
 
+const char* passwordVariable(SchemaScript script) {
+    return script == SchemaScript::Main ? "SVSCHEDULER_PASSWORD_SVS" : "SVSCHEDULER_PASSWORD_FH";
+}
+
 QByteArray fingerprint(const QString& text) {
     return QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha1).toHex();
 }
@@ -62,9 +66,8 @@ void makeTables(db::Connection& connection, SchemaScript script) {
 }  // namespace
 
 ProgramLogin ProgramLoginFor(SchemaScript script) {
-    const bool main = script == SchemaScript::Main;
-    const QString password = qEnvironmentVariable(main ? "SVSCHEDULER_PASSWORD_SVS" : "SVSCHEDULER_PASSWORD_FH");
-    return {main ? QStringLiteral("SVMaster") : QStringLiteral("FHMaster"),
+    const QString password = qEnvironmentVariable(passwordVariable(script));
+    return {script == SchemaScript::Main ? QStringLiteral("SVMaster") : QStringLiteral("FHMaster"),
             password.isEmpty() ? QStringLiteral("Tests-only-1") : password};
 }
 
@@ -85,6 +88,7 @@ ServerDatabase::ServerDatabase(const QString& serverText, SchemaScript script, d
     lock_.resize(0);
     if (!inOrder)
         makeTables(connection, script);
+    qputenv(passwordVariable(script), ProgramLoginFor(script).password.toUtf8());
 }
 
 ServerDatabase::~ServerDatabase() {

@@ -21,7 +21,8 @@ class ServerDatabase {
   public:
     /// Takes the first database that no other test holds, opens the connection on it and empties the tables of the
     /// script. What a test left behind that did not end in order, or that changed tables, is taken down first.
-    /// `serverText` names the server and the name that the numbers follow.
+    /// `serverText` names the server and the name that the numbers follow. The program's login may read and write the
+    /// rows, and its password stands in the environment.
     ServerDatabase(const QString& serverText, SchemaScript script, db::Connection& connection);
     ~ServerDatabase();
     ServerDatabase(const ServerDatabase&) = delete;

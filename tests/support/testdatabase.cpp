@@ -1,5 +1,7 @@
 #include "tests/support/testdatabase.h"
 
+#include <gtest/gtest.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -7,6 +9,7 @@
 #include <sqlite3.h>
 #include <stdexcept>
 
+#include "platform/database/connectiontext.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 
@@ -24,6 +27,21 @@ bool changesTables(const QString& statement) {
 }
 
 }  // namespace
+
+QString FailureOf(db::Connection& connection, const QString& statement) {
+    try {
+        const db::Recordset rows(statement, connection);
+    } catch (const db::DatabaseError& error) {
+        return error.description;
+    }
+    ADD_FAILURE() << "This statement should have failed: " << statement.toStdString();
+    return {};
+}
+
+QString DropTable(db::Connection& connection, const QString& table) {
+    connection.Execute(db::Sql("Drop Table {}", db::Raw{table}));
+    return FailureOf(connection, db::Sql("Select * from {}", db::Raw{table}));
+}
 
 TestDatabase::TestDatabase(SchemaScript script) : folder_(TestFolderTemplate()) {
     const QString serverText =
@@ -49,6 +67,22 @@ TestDatabase::~TestDatabase() {
     };
     if (server_ && !db::Ignoring(takeBack))
         server_->setTablesChanged();
+}
+
+QString TestDatabase::source() const {
+    return db::ParseConnectionText(connectionText_).value(QStringLiteral("data source"));
+}
+
+QString TestDatabase::catalog() const {
+    return db::ParseConnectionText(connectionText_).value(QStringLiteral("initial catalog"));
+}
+
+QByteArray TestDatabase::iniSection() const {
+    return QStringLiteral("[SQLServer]\nDataSource=%1\nInitialCatalog=%2\n").arg(source(), catalog()).toUtf8();
+}
+
+QString TestDatabase::file() const {
+    return folder_.filePath(QStringLiteral("test.db"));
 }
 
 QString TestDatabase::text(const QString& statement) {
@@ -89,11 +123,11 @@ void TestDatabase::allow(const QString& operation, const QString& table) {
 
 // The embedded dialect has no triggers: one is put into the file as any SQLite tool would.
 void TestDatabase::runInFile(const QString& statement) {
-    sqlite3* file = nullptr;
-    sqlite3_open(folder_.filePath(QStringLiteral("test.db")).toUtf8().constData(), &file);
-    const int code = sqlite3_exec(file, statement.toUtf8().constData(), nullptr, nullptr, nullptr);
-    const std::string message = sqlite3_errmsg(file);
-    sqlite3_close(file);
+    sqlite3* opened = nullptr;
+    sqlite3_open(file().toUtf8().constData(), &opened);
+    const int code = sqlite3_exec(opened, statement.toUtf8().constData(), nullptr, nullptr, nullptr);
+    const std::string message = sqlite3_errmsg(opened);
+    sqlite3_close(opened);
     if (code != SQLITE_OK)
         throw std::runtime_error(message);
 }

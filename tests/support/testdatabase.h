@@ -10,6 +10,11 @@
 /// Where a test may make a temporary folder: in memory where there is such a place, since a test needs no disk.
 QString TestFolderTemplate();
 
+/// What the database says to a statement that fails; a statement that does not fail fails the test.
+QString FailureOf(db::Connection& connection, const QString& statement);
+/// Drops a table; gives what the database says from then on of the table's name, written like this.
+QString DropTable(db::Connection& connection, const QString& table);
+
 /// A database for one test, with the empty tables of a script: an embedded file that goes with the object. Where
 /// SVSCHEDULER_TEST_DATABASE (SVSCHEDULER_TEST_COMPANION for the companion) holds a connection text, it is one on that
 /// server instead, which no other test has at the same time. A test may drop and change tables: the next one has them
@@ -22,6 +27,14 @@ class TestDatabase {
     /// Open for the test to fill and to read back; a form opens its own by connectionText().
     [[nodiscard]] db::Connection& connection() { return connection_; }
     [[nodiscard]] const QString& connectionText() const { return connectionText_; }
+    /// The server, or the folder of the embedded file, and the name, as an ini file or the settings tell them. The
+    /// program finds the password of its login in the environment.
+    [[nodiscard]] QString source() const;
+    [[nodiscard]] QString catalog() const;
+    /// The section of `solvane.ini` by which the program opens it.
+    [[nodiscard]] QByteArray iniSection() const;
+    /// The embedded file.
+    [[nodiscard]] QString file() const;
     [[nodiscard]] bool isOnServer() const { return server_.has_value(); }
 
     /// The first field of the first row, as text; "(none)" where there is no row.

@@ -173,13 +173,7 @@ TEST_F(WeekView, AReloadKeepsThePlaceAndTheSelectedItem) {
 }
 
 TEST_F(WeekView, AppointmentsThatCannotBeReadAreTold) {
-    database_.connection().Execute("Drop Table appointmentsevents");
-    QString why;
-    try {
-        const db::Recordset rows(QStringLiteral("Select * from appointmentsevents"), Session().Connection);
-    } catch (const db::DatabaseError& error) {
-        why = error.description;
-    }
+    const QString why = DropTable(database_.connection(), "appointmentsevents");
     desk.expectBox(QStringLiteral("Error loading schedule. ") + why, "Error");
     open();
     EXPECT_EQ(main.dateText, "Week of March 9, 2026");
