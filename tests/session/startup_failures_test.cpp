@@ -3,6 +3,7 @@
 #include <unistd.h>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include "platform/desktop/inifile.h"
 #include "tests/support/files.h"
@@ -10,25 +11,28 @@
 namespace {
 
 // Takes the right to write away from the test, which root has everywhere.
-class ReadOnlyFolder {
+class ReadOnlyFolders {
   public:
-    explicit ReadOnlyFolder(const QString& path) : path_(path), wasRoot_(geteuid() == 0) {
-        for (const QString& name : QDir(path).entryList(QDir::Files))
-            QFile::setPermissions(path + "/" + name, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-        QFile::setPermissions(path, QFile::Permissions(0x5555));
+    explicit ReadOnlyFolders(const QStringList& paths) : paths_(paths), wasRoot_(geteuid() == 0) {
+        for (const QString& path : paths) {
+            for (const QString& name : QDir(path).entryList(QDir::Files))
+                QFile::setPermissions(path + "/" + name, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+            QFile::setPermissions(path, QFile::Permissions(0x5555));
+        }
         if (wasRoot_)
             taken_ = seteuid(65534) == 0;
     }
-    ~ReadOnlyFolder() {
+    ~ReadOnlyFolders() {
         if (taken_ && seteuid(0) != 0)
             ADD_FAILURE() << "The test stays without its rights.";
-        QFile::setPermissions(path_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        for (const QString& path : paths_)
+            QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
-    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolders(const ReadOnlyFolders&) = delete;
+    ReadOnlyFolders& operator=(const ReadOnlyFolders&) = delete;
 
   private:
-    QString path_;
+    QStringList paths_;
     bool wasRoot_;
     bool taken_ = false;
 };
@@ -121,9 +125,12 @@ TEST_F(StartingUpInTrouble, AFileThatIsNoDatabaseIsTold) {
 }
 
 TEST_F(StartingUpInTrouble, ADatabaseFileThatWasCutShortIsTold) {
-    if (practice.database().isOnServer())
-        GTEST_SKIP() << "There is no file to be cut short.";
-    PutFile(practice.file("other.db"), FileBytes(practice.database().file()).left(6000));
+    {
+        db::Connection whole;
+        whole.Create(QString("Data Source=%1;Initial Catalog=whole").arg(practice.path()));
+        ApplySchema(whole, SchemaScript::Main);
+    }
+    PutFile(practice.file("other.db"), FileBytes(practice.file("whole.db")).left(6000));
     PutFile(practice.file("solvane.ini"), "[SQLServer]\nDataSource=.\nInitialCatalog=other\n");
     expectNoDatabase();
 
@@ -132,7 +139,11 @@ TEST_F(StartingUpInTrouble, ADatabaseFileThatWasCutShortIsTold) {
 
 TEST_F(StartingUpInTrouble, AFolderThatMayOnlyBeReadStillShowsTheDay) {
     PutFile(practice.file("svwsched.ini"), "[PrintLayout]\n");
-    const ReadOnlyFolder readOnly(practice.path());
+    const bool onServer = practice.database().isOnServer();
+    QStringList folders{practice.path()};
+    if (!onServer)
+        folders << QFileInfo(practice.database().file()).path();
+    const ReadOnlyFolders readOnly(folders);
     expectLogon("ANNA", "secret");
 
     ASSERT_TRUE(start(""));
@@ -140,7 +151,7 @@ TEST_F(StartingUpInTrouble, AFolderThatMayOnlyBeReadStillShowsTheDay) {
     EXPECT_EQ(window.calls.last(), "day view 1");
     EXPECT_FALSE(Session().EmailReminderText.isEmpty());
     EXPECT_EQ(FileBytes(practice.file("svwsched.ini")), "[PrintLayout]\n");
-    EXPECT_EQ(practice.value("Select Count(*) From User_Preferences"), "0");
+    EXPECT_EQ(practice.value("Select Count(*) From User_Preferences"), onServer ? "1" : "0");
 }
 
 TEST_F(StartingUpInTrouble, AMissingSettingsTableIsToldThreeTimesAndTheDayIsShownAllTheSame) {
