@@ -13,6 +13,11 @@ constexpr int MaxPolls = 2000;
 /// Signals that the controls put off until their event has ended come within the first rounds.
 constexpr int IdleRounds = 4;
 
+/// Whether the program is in the middle of a statement that takes its time: whoever sits there waits for it, too.
+bool isWaiting() {
+    return WindowInFront() == QLatin1String("waiting");
+}
+
 }  // namespace
 
 QObject* RemoteHandPlugin::create(const QString& name, const QString& specification) {
@@ -49,6 +54,10 @@ void RemoteHand::obey(const QStringList& words) {
         await(words.at(1), MaxPolls);
         return;
     }
+    if (isWaiting()) {
+        QTimer::singleShot(PollMilliseconds, this, [this, words] { obey(words); });
+        return;
+    }
     try {
         const QString told = ObeyInWindow(words);
         answerWhenIdle(told.isEmpty() ? QStringLiteral("ok") : QStringLiteral("ok ") + told, IdleRounds);
@@ -71,6 +80,10 @@ void RemoteHand::await(const QString& window, int triesLeft) {
 }
 
 void RemoteHand::answerWhenIdle(const QString& text, int rounds) {
+    if (isWaiting()) {
+        QTimer::singleShot(PollMilliseconds, this, [this, text] { answerWhenIdle(text, IdleRounds); });
+        return;
+    }
     if (rounds == 0) {
         answer(text);
         return;
