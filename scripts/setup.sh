@@ -72,8 +72,9 @@ build_progress() {
     local line
     while IFS= read -r line; do
         printf '%s\n' "$line" >>"$1"
-        [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] &&
+        if [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]]; then
             printf '%d (step %d of %d)\n' "$((BASH_REMATCH[1] * 100 / BASH_REMATCH[2]))" "${BASH_REMATCH[1]}" "${BASH_REMATCH[2]}"
+        fi
     done | show_progress
 }
 
