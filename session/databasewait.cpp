@@ -32,7 +32,8 @@ class WaitingBox final : public db::Waiting {
         bool eventFilter(QObject* receiver, QEvent* event) override;
 
       private:
-        [[nodiscard]] bool isOfBox(const QObject* receiver) const;
+        /// Of the box, or of a window that opened above it and is answered first.
+        [[nodiscard]] bool isInFront(const QObject* receiver) const;
 
         const QDialog& box_;
     };
@@ -97,18 +98,29 @@ bool WaitingBox::Guard::eventFilter(QObject* receiver, QEvent* event) {
         case QEvent::DragMove:
         case QEvent::Drop:
         case QEvent::Close:
-            return !isOfBox(receiver);
+            return !isInFront(receiver);
         default:
             return false;
     }
 }
 
-bool WaitingBox::Guard::isOfBox(const QObject* receiver) const {
-    const auto* widget = qobject_cast<const QWidget*>(receiver);
-    if (widget != nullptr)
-        return widget == &box_ || box_.isAncestorOf(widget);
+/// The widget whose window it is; null for none.
+const QWidget* topLevelOf(const QObject* window) {
+    for (const QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->windowHandle() == window)
+            return widget;
+    return nullptr;
+}
+
+bool WaitingBox::Guard::isInFront(const QObject* receiver) const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    // Once it has been closed, the window below it is the modal one: its turn comes when the routine has returned.
+    const QWidget& front = modal != nullptr && box_.isVisible() ? *modal : box_;
+    if (receiver->isWindowType())
+        receiver = topLevelOf(receiver);
+    // Its own windows, such as the list of a field, are children too.
     for (; receiver != nullptr; receiver = receiver->parent())
-        if (receiver == &box_ || receiver == box_.windowHandle())
+        if (receiver == &front)
             return true;
     return false;
 }

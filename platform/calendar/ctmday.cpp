@@ -21,10 +21,12 @@ ctMDay::ctMDay(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) 
     }
     presentTimer_.setSingleShot(true);
     editTimer_.setSingleShot(true);
+    textTimer_.setSingleShot(true);
     scrollTimer_.setInterval(40);
     connect(&presentTimer_, &QTimer::timeout, this, &ctMDay::tick);
     connect(&scrollTimer_, &QTimer::timeout, this, &ctMDay::autoScroll);
     connect(&editTimer_, &QTimer::timeout, this, [this] { EditItem(state_.selectedItem); });
+    connect(&textTimer_, &QTimer::timeout, this, &ctMDay::deliverReports);
     setDayColumns(1);
 }
 

@@ -292,4 +292,5 @@ class ctMDay : public QWidget {
     QTimer presentTimer_;
     QTimer scrollTimer_;
     QTimer editTimer_;  ///< Runs between the slow second click and the in-place edit.
+    QTimer textTimer_;  ///< Runs from the end of an in-place edit until it is reported.
 };

@@ -1,4 +1,3 @@
-#include <QMetaObject>
 #include <QPointer>
 
 #include "platform/calendar/ctmday.h"
@@ -9,8 +8,9 @@ void ctMDay::report(Report::Kind kind, int index, const QString& text, QPoint po
 
 void ctMDay::reportText(int index, const QString& oldText) {
     report(Report::Kind::Text, index, oldText);
-    // An edit may end by a change of the focus, which is no time to open a box.
-    QMetaObject::invokeMethod(this, &ctMDay::deliverReports, Qt::QueuedConnection);
+    // An edit may end by a change of the focus, which is no time to open a box: not even when the events are run within
+    // a routine. A timer, unlike a posted call, can be held back then.
+    textTimer_.start(0);
 }
 
 void ctMDay::reportDrop(int index, const ItemPlace& place) {

@@ -79,6 +79,39 @@ TEST_F(DatabaseWait, NothingElseActsOnKeysMouseAndTimers) {
     EXPECT_EQ(field_.text(), "abc");
 }
 
+TEST_F(DatabaseWait, AWindowThatOpenedAboveItIsUsedAndClosesFirst) {
+    QDialog above(&form_);
+    QLineEdit answer(&above);
+    above.setModal(true);
+    above.show();
+    above.activateWindow();
+    answer.setFocus();
+    QTest::keyClicks(&answer, "abc");
+    EXPECT_EQ(answer.text(), "abc");
+    QTest::keyClicks(&field_, "abc");
+    EXPECT_TRUE(field_.text().isEmpty());
+    QTest::keyClick(above.windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(above.isVisible());
+    EXPECT_TRUE(wait_->GoesOn());
+    QTest::keyClick(&box(), Qt::Key_Escape);
+    EXPECT_FALSE(wait_->GoesOn());
+}
+
+TEST_F(DatabaseWait, TheDialogBelowItActsNotBeforeTheWaitIsOver) {
+    wait_.reset();
+    QDialog below;
+    QLineEdit typed(&below);
+    below.setModal(true);
+    below.show();
+    wait_ = db::ShowWaiting()();
+    QTest::keyClick(&box(), Qt::Key_Escape);
+    QTest::keyClick(&below, Qt::Key_Escape);
+    QTest::keyClicks(&typed, "abc");
+    EXPECT_TRUE(below.isVisible());
+    EXPECT_TRUE(typed.text().isEmpty());
+    EXPECT_FALSE(wait_->GoesOn());
+}
+
 TEST_F(DatabaseWait, GoesWithTheWait) {
     wait_.reset();
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);

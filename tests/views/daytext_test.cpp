@@ -1,4 +1,8 @@
+#include <QFocusEvent>
+
 #include "data/codes.h"
+#include "platform/database/waiting.h"
+#include "session/databasewait.h"
 #include "session/session.h"
 #include "tests/views/dayhand.h"
 
@@ -58,6 +62,25 @@ TEST_F(DayText, EverythingElseOfTheRowStaysAsItIs) {
     EXPECT_EQ(stored(key, "clinicianid"), "REED");
     EXPECT_EQ(stored(key, "nStartTime"), "540");
     EXPECT_EQ(stored(key, "nEndTime"), "590");
+}
+
+TEST_F(DayText, WhatWasTypedIsStoredAfterAWaitForTheDatabaseAndNotWithinIt) {
+    const qint64 key = add(anEvent("Meeting"));
+    openByHand();
+    beginTyping("Meeting", QStringLiteral("Team"));
+    ShowDatabaseWaits();
+    auto wait = db::ShowWaiting()();
+    db::ShowWaiting() = {};
+    QFocusEvent out(QEvent::FocusOut);
+    if (editor() != nullptr)  // The box has taken the focus where the desktop lets it.
+        QCoreApplication::sendEvent(editor(), &out);
+
+    EXPECT_TRUE(wait->GoesOn());
+    EXPECT_EQ(stored(key, "cappttext"), "Meeting");
+
+    wait.reset();
+    settle();
+    EXPECT_EQ(stored(key, "cappttext"), "Team");
 }
 
 TEST_F(DayText, OnlyTheFirst100CharactersAreStored) {
