@@ -6,13 +6,13 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QThread>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
 #include "platform/controls/formparts.h"
 #include "platform/database/waiting.h"
 #include "platform/theme/theme.h"
+#include "session/afterroutine.h"
 
 namespace {
 
@@ -68,7 +68,7 @@ WaitingBox::WaitingBox() : box_(QApplication::activeWindow()), guard_(box_) {
 
 WaitingBox::~WaitingBox() {
     if (givenUp_)
-        QTimer::singleShot(0, qApp, &db::AskAboutWaitsAgain);
+        AfterRoutine(&db::AskAboutWaitsAgain);
 }
 
 bool WaitingBox::GoesOn() {

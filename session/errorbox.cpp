@@ -1,11 +1,9 @@
 #include "session/errorbox.h"
 
-#include <QApplication>
-#include <QTimer>
-
 #include "platform/controls/noticebar.h"
 #include "platform/database/waiting.h"
 #include "platform/desktop/desktop.h"
+#include "session/afterroutine.h"
 
 namespace {
 
@@ -15,14 +13,18 @@ bool linkTold = false;
 }  // namespace
 
 void TellError(const QString& text, const db::DatabaseError& error) {
-    const bool ofLink = db::IsLinkFailure(error) || error.number == db::GivenUp;
+    const bool ofLink = db::IsUnanswered(error);
     if (ofLink && linkTold)
         return;
     MsgBox(text + error.description, ErrorBox, QStringLiteral("Error"));
-    if (!ofLink || qApp == nullptr)
+    if (!ofLink)
         return;
     linkTold = true;
-    QTimer::singleShot(0, qApp, [] { linkTold = false; });
+    AfterRoutine([] { linkTold = false; });
+}
+
+void TellInBar(const QString& what, const db::DatabaseError& error) {
+    ShowNotice({.text = what + error.description, .kind = Notice::Kind::Failure, .subject = what});
 }
 
 bool TryAndTell(const QString& what, const std::function<void()>& step) {

@@ -12,6 +12,10 @@
 /// the user, stays unsaid.
 void TellError(const QString& text, const db::DatabaseError& error);
 
+/// Tells in the window's bar what the database refused, `what` first, which ends with a blank. It stays until the user
+/// closes it, or DropNotice(what).
+void TellInBar(const QString& what, const db::DatabaseError& error);
+
 /// For a step whose failure the system passes over: runs it, and tells in the window's bar what the database refused,
 /// `what` first, which ends with a blank. A row that another desk changed or removed meanwhile is passed over without a
 /// word. True where the step went well.

@@ -28,6 +28,10 @@ DatabaseError GivenUpError(bool mayBeSaved) {
             : QStringLiteral("The wait for the database was given up. Nothing of it was saved.")};
 }
 
+bool IsUnanswered(const DatabaseError& error) {
+    return error.number == GivenUp || IsLinkFailure(error);
+}
+
 bool ShownWait::goesOn(qint64 elapsed) {
     if (elapsed < UnnoticedWaitMilliseconds)
         return true;

@@ -37,6 +37,9 @@ inline constexpr int GivenUp = 3712;
 /// `mayBeSaved`: nobody can tell whether the statement was carried out all the same.
 [[nodiscard]] DatabaseError GivenUpError(bool mayBeSaved);
 
+/// Whether the database did not answer at all, whatever it was asked: there is no connection, or the user gave up.
+[[nodiscard]] bool IsUnanswered(const DatabaseError& error);
+
 /// One wait from its start: shown when it has become long, for as long as the object lives.
 class ShownWait {
   public:
