@@ -121,7 +121,7 @@ auto Connection::atEngine(const QString& sent, Cut cut, Step&& step) {
     return step(engine());
 }
 
-void Connection::requireUsable() const {
+void Connection::requireNotBusy() const {
     if (busy_)
         throw DatabaseError(3711, QStringLiteral("Operation cannot be performed while executing asynchronously."));
     if (transaction_ == Transaction::Ended)
@@ -145,6 +145,10 @@ void Connection::noteEndedTransaction() {
 
 bool Connection::letGoOf(Link link, Cut cut, const DatabaseError& error) {
     const bool inTransaction = transaction_ != Transaction::None;
+}
+
+void Connection::requireUsable() const {
+    requireNotBusy();
     described_.clear();
     engine_.reset();
     if (link == Link::Replaced)
@@ -193,7 +197,10 @@ void Connection::InsertRows(const QString& table, const QStringList& columns,
 }
 
 qint64 Connection::LastIdentity() {
-    return engine().lastIdentity();
+    requireNotBusy();
+    Engine& used = engine();
+    const QScopedValueRollback<bool> underWay(busy_, true);
+    return used.lastIdentity();
 }
 
 void Connection::BeginTrans() {
@@ -236,12 +243,14 @@ qint64 Connection::send(const QString& statement, const std::vector<Value>& boun
     for (ReadTogether* together : std::as_const(together_))
         together->forgetWhatNames(WrittenTable(statement));
     const Cut cut = transaction_ == Transaction::None ? Cut::InTheDark : Cut::NothingDone;
+    requireNotBusy();
     return atEngine(statement, cut, [&](Engine& engine) { return engine.execute(statement, bound); });
 }
 
 ResultTable Connection::read(const QString& statement, int mostRows) {
     const ResultTable* known = mostRows == 0 ? readAlready(statement) : nullptr;
     return known ? *known : query(statement, {}, mostRows);
+    const QScopedValueRollback<bool> underWay(busy_, true);
 }
 
 ResultTable Connection::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {

@@ -99,6 +99,7 @@ class Connection {
     void written(Write write);
     void open(const QString& connectionText, bool create);
     void openAnew();
+    void requireNotBusy() const;
     void requireUsable() const;
     void noteEndedTransaction();
     /// Every way to the server goes through here.

@@ -75,7 +75,11 @@ TEST_P(DatabaseContract, AWaitForAnotherDesksLockIsShownWithinASecondAndCanBeGiv
 
     Onlooker onlooker(300);
     db::DatabaseError nested(0, {});
-    onlooker.meanwhile = [&] { nested = FailureOf([&] { static_cast<void>(count()); }); };
+    db::DatabaseError identity(0, {});
+    onlooker.meanwhile = [&] {
+        nested = FailureOf([&] { static_cast<void>(count()); });
+        identity = FailureOf([&] { static_cast<void>(connection_.LastIdentity()); });
+    };
     const auto error = FailureOf([&] { connection_.Execute("Update Visits Set cappttext = 'ours'"); });
     EXPECT_EQ(error.number, db::GivenUp) << error.what();
     EXPECT_EQ(onlooker.shown, 1);
@@ -83,6 +87,7 @@ TEST_P(DatabaseContract, AWaitForAnotherDesksLockIsShownWithinASecondAndCanBeGiv
     EXPECT_GE(onlooker.firstAfter, 600);
     EXPECT_LT(onlooker.firstAfter, 3'000);
     EXPECT_EQ(nested.number, 3711) << "Nothing else may use the connection meanwhile.";
+    EXPECT_EQ(identity.number, 3711);
 
     // The rest of the routine does not ask again.
     EXPECT_EQ(FailureOf([&] { connection_.Execute("Update Visits Set cappttext = 'ours'"); }).number, db::GivenUp);
@@ -110,6 +115,25 @@ TEST_P(DatabaseContract, AWaitEndsWithTheOtherDesksLock) {
     EXPECT_EQ(onlooker.shown, 1);
     EXPECT_EQ(onlooker.standing, 0);
     EXPECT_EQ(textOf(key), "theirs and ours");
+}
+
+TEST_P(DatabaseContract, ATransactionIsNotRolledBackUnderAStatementThatWaits) {
+    if (GetParam() != EngineKind::Server)
+        GTEST_SKIP() << "Within a transaction nobody waits here, or the driver waits by itself.";
+    const int key = addVisit("Ann");
+    Connection other;
+    other.Open(connectionText());
+    other.BeginTrans();
+    other.Execute("Update Visits Set cappttext = 'theirs'");
+    Onlooker onlooker;
+    db::DatabaseError nested(0, {});
+    onlooker.meanwhile = [&] {
+        nested = FailureOf([&] { connection_.RollbackTrans(); });
+        other.RollbackTrans();
+    };
+    db::InTransaction(connection_, [&] { connection_.Execute("Update Visits Set cappttext = 'ours'"); });
+    EXPECT_EQ(nested.number, 3711);
+    EXPECT_EQ(textOf(key), "ours");
 }
 
 TEST_P(DatabaseContract, AQuickStatementShowsNothing) {
