@@ -112,7 +112,7 @@ void frmrooms::layOut() {
     ctDays1 = new ctMDay(this);
     ctDays1->setObjectName(QStringLiteral("ctDays1"));
     ctDays1->setAccessibleName(tr("Room"));
-    lblhint_ = new Hint({windowTitle(), noRoomHint(), boundHint(), bookedElsewhereHint(date_)}, this);
+    lblhint_ = new Hint({windowTitle(), noRoomHint(), unreadHint(), boundHint(), bookedElsewhereHint(date_)}, this);
     lblhint_->setObjectName(QStringLiteral("lblhint"));
     const auto labelled = [this](const QString& text, QWidget* field) {
         auto* label = new QLabel(text, this);
@@ -168,10 +168,17 @@ void frmrooms::loadroomslist() {
         for (Recordset rows(roomsStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
             cborooms->addItem(rows["Room"].text(), static_cast<int>(rows["RoomID"].integer()));
     };
-    readInto(*ctDays1, QStringLiteral("Error loading room list. "), addRooms, [this] { loadroomslist(); });
+    roomsRead_ = readInto(*ctDays1, QStringLiteral("Error loading room list. "), addRooms);
     if (const int index = cborooms->findData(chosen); index >= 0)
         cborooms->setCurrentIndex(index);
     LoadRooms();
+}
+
+void frmrooms::Reload() {
+    if (roomsRead_)
+        LoadRooms();
+    else
+        loadroomslist();
 }
 
 void frmrooms::listsChanged() {
@@ -203,7 +210,7 @@ void frmrooms::LoadRooms() {
     ctDays1->setLastTime(Session().DayEndHour * 60 - 1);
     ctDays1->setEnabled(hasRoom);
     if (hasRoom)
-        readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] {
+        bookingsRead_ = readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] {
             addMeetings();
             hideNames(Session().HidePatientNames);
         });

@@ -46,7 +46,8 @@ class frmrooms : public MenuView {
     void printS();
     void setmenuaccess();
 
-    void Reload() override { LoadRooms(); }
+    /// The rooms too, where they could not be read.
+    void Reload() override;
     void ShowDate(QDate date) override;
     bool StepOwnDate(int direction) override;
     [[nodiscard]] QDate ShownDay(QDate /*mainDate*/) const override { return date_; }
@@ -72,6 +73,7 @@ class frmrooms : public MenuView {
     void followSelection();
     [[nodiscard]] static QString noRoomHint();
     [[nodiscard]] static QString boundHint();
+    [[nodiscard]] static QString unreadHint();
     [[nodiscard]] static QString bookedElsewhereHint(QDate day);
     void addMeetings();
     void hideNames(bool hidden);
@@ -97,3 +99,5 @@ class frmrooms : public MenuView {
     QDate loadedDate_;
     int loadedRoom_ = 0;
 };
+    bool roomsRead_ = false;
+    bool bookingsRead_ = false;

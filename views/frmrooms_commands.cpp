@@ -95,13 +95,17 @@ void frmrooms::setmenuaccess() {
 
 void frmrooms::followSelection() {
     const RoomMeeting* selected = meetingAt(ctDays1->SelectedItem());
-    const bool hasRoom = ctDays1->isEnabled();
-    menus().Suit(QStringLiteral("mnuNew"), hasRoom, tr("Choose a room first."));
-    menus().Suit(QStringLiteral("mnuPrint"), hasRoom, tr("Choose a room first."));
+    const bool hasRoom = cborooms->currentIndex() >= 0;
+    const bool isRead = roomsRead_ && (!hasRoom || bookingsRead_);
+    const QString why = isRead ? tr("Choose a room first.") : unreadHint();
+    menus().Suit(QStringLiteral("mnuNew"), hasRoom && isRead, why);
+    menus().Suit(QStringLiteral("mnuPrint"), hasRoom && isRead, why);
     menus().Suit(QStringLiteral("mnuEdit"), selected == nullptr || !selected->bound,
                  tr("This slot belongs to an appointment or activity. Change it there."));
     menus().Suit(QStringLiteral("mnuDelete"), selected != nullptr, tr("Select a meeting first."));
-    if (!hasRoom)
+    if (!isRead)
+        lblhint_->setText(unreadHint());
+    else if (!hasRoom)
         lblhint_->setText(noRoomHint());
     else if (selected != nullptr && selected->bound)
         lblhint_->setText(boundHint());
@@ -111,6 +115,10 @@ void frmrooms::followSelection() {
 
 QString frmrooms::noRoomHint() {
     return tr("There are no rooms yet. Add them by File, Rooms.");
+}
+
+QString frmrooms::unreadHint() {
+    return tr("This could not be read. Reload to try again.");
 }
 
 QString frmrooms::boundHint() {

@@ -52,6 +52,32 @@ TEST_F(RoomScheduler, WithoutAnyRoomNothingCanBeBookedAndTheViewSaysWhy) {
     EXPECT_EQ(bookings(), 0);
 }
 
+TEST_F(RoomScheduler, ADayThatCannotBeReadIsNotTakenForAPracticeWithoutRooms) {
+    open();
+    const QString why = DropTable(database_.connection(), QStringLiteral("roomschedule"));
+    desk.expectBox(QStringLiteral("Error reading room schedule. ") + why, QStringLiteral("Error"));
+    view_->Reload();
+    EXPECT_EQ(rooms().currentText(), "Blue");
+    EXPECT_EQ(hint(), "This could not be read. Reload to try again.");
+    EXPECT_FALSE(command("mnuNew").isEnabled());
+    EXPECT_EQ(command("mnuNew").toolTip(), hint());
+}
+
+TEST_F(RoomScheduler, RoomsThatCouldNotBeReadAreReadAgainByAReload) {
+    run("Drop Table rooms");
+    desk.expectBox(QStringLiteral("Error loading room list. Invalid object name 'Rooms'."), QStringLiteral("Error"));
+    open();
+    EXPECT_EQ(hint(), "This could not be read. Reload to try again.");
+    EXPECT_FALSE(calendar().isEnabled());
+
+    run("Create Table rooms (RoomID int Identity(1,1) Not Null Primary Key, Room varchar(50) Null)");
+    run("Insert Into rooms (Room) Values('Blue')");
+    view_->Reload();
+    EXPECT_EQ(rooms().currentText(), "Blue");
+    EXPECT_TRUE(calendar().isEnabled());
+    EXPECT_TRUE(command("mnuNew").isEnabled());
+}
+
 TEST_F(RoomScheduler, ASlotOfAnAppointmentIsLockedMarkedAndRed) {
     book("Anna O'Brien", 540, 600, 1, 77);
     book("Meeting", 600, 660);
