@@ -124,6 +124,11 @@ void frmall::Reload() {
     loadmdayview();
 }
 
+void frmall::reloadWhole() {
+    providersRead_ = false;
+    Reload();
+}
+
 bool frmall::providerchecked(const QString& id) const {
     return ctList1->Checked(ctList1->FindItemData(id), CheckColumn);
 }

@@ -42,6 +42,7 @@ class frmall : public CalendarView {
     [[nodiscard]] BookedProvider Provider() const override;
 
   protected:
+    void reloadWhole() override;
     [[nodiscard]] std::optional<BookedProvider> providerOfColumn(int column) const override;
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }

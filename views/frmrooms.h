@@ -62,6 +62,7 @@ class frmrooms : public MenuView {
 
   protected:
     void listsChanged() override;
+    void reloadWhole() override { loadroomslist(); }
 
   private:
     void layOut();
@@ -72,8 +73,8 @@ class frmrooms : public MenuView {
     void followRoom();
     void followSelection();
     [[nodiscard]] static QString noRoomHint();
-    [[nodiscard]] static QString boundHint();
     [[nodiscard]] static QString unreadHint();
+    [[nodiscard]] static QString boundHint();
     [[nodiscard]] static QString bookedElsewhereHint(QDate day);
     void addMeetings();
     void hideNames(bool hidden);
@@ -98,6 +99,6 @@ class frmrooms : public MenuView {
     QHash<QString, RoomMeeting> rows_;  ///< By ItemKey.
     QDate loadedDate_;
     int loadedRoom_ = 0;
-};
     bool roomsRead_ = false;
     bool bookingsRead_ = false;
+};

@@ -227,6 +227,7 @@ void mdisched::dateClicked() {
     if (!ready_ || view_ == nullptr)
         return;
     const BusyPointer busy;
+    view_->CommitEdits();
     view_->ShowDate(Date());
 }
 
@@ -234,7 +235,23 @@ void mdisched::reloadView() {
     if (view_ == nullptr)
         return;
     const BusyPointer busy;
+    view_->CommitEdits();
     view_->Reload();
+}
+
+void mdisched::tellReplaced(const QString& why) {
+    notices_->Show({.text = why,
+                    .kind = Notice::Kind::Failure,
+                    .actions = {{tr("Open again"), [this] { openDatabaseAgain(); }}},
+                    .subject = ViewWindow::ReplacedDatabase});
+}
+
+void mdisched::openDatabaseAgain() {
+    const BusyPointer busy;
+    if (view_ != nullptr)
+        view_->OpenDatabaseAgain();
+    else
+        Session().Connection.OpenAgain();
 }
 
 void mdisched::ToggleTaskPane() {

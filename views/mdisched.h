@@ -109,6 +109,8 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     [[nodiscard]] bool findCompanionProvider();
 
     void reloadView();
+    void tellReplaced(const QString& why);
+    void openDatabaseAgain();
     void dateClicked();
     void playSound(const char* fileName) const;
     void cyclePanes(int direction);

@@ -15,6 +15,7 @@
 #include "platform/desktop/userstore.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "session/session.h"
 #include "views/mdisched.h"
 #include "views/viewtable.h"
 
@@ -44,9 +45,11 @@ mdisched::mdisched(ViewFactories factories) : factories_(std::move(factories)) {
     buildToolBar();
     buildCentre();
     buildStatusBar();
+    Session().Connection.OnReplaced([this](const QString& why) { tellReplaced(why); });
 }
 
 mdisched::~mdisched() {
+    Session().Connection.OnReplaced({});
     // The view asks its main window while it is being closed, and itself for what is being typed: it has to go first,
     // and to be hidden while it is whole.
     if (view_ != nullptr)

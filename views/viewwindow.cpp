@@ -1,7 +1,13 @@
 #include "views/viewwindow.h"
 
+#include "followup/frmcheckedin.h"
+#include "platform/calendar/ctmday.h"
+#include "platform/controls/noticebar.h"
 #include "platform/controls/unreadnotice.h"
 #include "session/errorbox.h"
+#include "session/session.h"
+
+const QString ViewWindow::ReplacedDatabase = QStringLiteral("replaced database");
 
 bool ViewWindow::readInto(QWidget& place, const QString& told, const std::function<void()>& read,
                           const std::function<void()>& again) {
@@ -10,7 +16,7 @@ bool ViewWindow::readInto(QWidget& place, const QString& told, const std::functi
     } catch (const db::DatabaseError& error) {
         if (unread_ == nullptr)
             unread_ = new UnreadNotice(place, *this);
-        unread_->Cover(error.description, again);
+        unread_->Cover(error.description, [this, again] { tryAgain(again); });
         TellError(told, error);
         return false;
     }
@@ -21,4 +27,25 @@ bool ViewWindow::readInto(QWidget& place, const QString& told, const std::functi
 
 bool ViewWindow::readInto(QWidget& place, const QString& told, const std::function<void()>& read) {
     return readInto(place, told, read, [this] { Reload(); });
+}
+
+void ViewWindow::tryAgain(const std::function<void()>& again) {
+    if (Session().Connection.IsReplaced())
+        OpenDatabaseAgain();
+    else
+        again();
+}
+
+void ViewWindow::CommitEdits() {
+    for (ctMDay* calendar : findChildren<ctMDay*>())
+        calendar->CommitEdit();
+}
+
+void ViewWindow::OpenDatabaseAgain() {
+    CommitEdits();
+    Session().Connection.OpenAgain();
+    if (!Session().Connection.IsReplaced())
+        DropNotice(ReplacedDatabase);
+    reloadWhole();
+    frmCheckedIn::ReloadIfOpen();
 }

@@ -39,6 +39,14 @@ class ViewWindow : public QWidget {
     [[nodiscard]] virtual bool CanAdd() const { return false; }
     [[nodiscard]] virtual bool CanFind() const { return false; }
     [[nodiscard]] virtual bool CanPrint() const { return false; }
+    /// Stores what is being typed in place, before something else is read or written.
+    void CommitEdits();
+    /// Opens the database again after its file was replaced, and reads anew what the view shows: a row of the old file
+    /// is not written by its key into the new one. What is being typed is of the old file, and is refused.
+    void OpenDatabaseAgain();
+
+    /// The subject of the notice that the database's file was replaced.
+    static const QString ReplacedDatabase;
 
   protected:
     /// Reads what `place` shows, and answers whether that went well. Where the database refuses, the user is told the
@@ -46,7 +54,11 @@ class ViewWindow : public QWidget {
     bool readInto(QWidget& place, const QString& told, const std::function<void()>& read,
                   const std::function<void()>& again);
     bool readInto(QWidget& place, const QString& told, const std::function<void()>& read);  ///< Again is Reload.
+    /// Reads everything anew, what Reload keeps too.
+    virtual void reloadWhole() { Reload(); }
 
   private:
+    void tryAgain(const std::function<void()>& again);
+
     UnreadNotice* unread_ = nullptr;
 };

@@ -73,6 +73,25 @@ void Connection::Close() {
     engine_.reset();
     text_.clear();
     refusal_.reset();
+    replaced_.reset();
+}
+
+void Connection::OpenAgain() {
+    requireNotBusy();
+    if (!replaced_)
+        return;
+    try {
+        engine_ = engineFor(text_, false);
+        replaced_.reset();
+    } catch (const DatabaseError& error) {
+        refuseUntilOpened(error);
+    }
+}
+
+void Connection::refuseUntilOpened(const DatabaseError& error) {
+    replaced_.emplace(error.number, error.description, QString(), QString::fromLatin1(LinkFailureState));
+    if (tellReplaced_)
+        tellReplaced_(error.description);
 }
 
 Engine& Connection::engine() {
@@ -81,6 +100,8 @@ Engine& Connection::engine() {
             3709,
             QStringLiteral(
                 "The connection cannot be used to perform this operation. It is either closed or invalid in this context."));
+    if (replaced_)
+        throw DatabaseError(*replaced_);
     if (!engine_)
         openAnew();
     return *engine_;
@@ -124,6 +145,10 @@ auto Connection::atEngine(const QString& sent, Cut cut, Step&& step) {
 void Connection::requireNotBusy() const {
     if (busy_)
         throw DatabaseError(3711, QStringLiteral("Operation cannot be performed while executing asynchronously."));
+}
+
+void Connection::requireUsable() const {
+    requireNotBusy();
     if (transaction_ == Transaction::Ended)
         throw DatabaseError(
             3930,
@@ -145,14 +170,12 @@ void Connection::noteEndedTransaction() {
 
 bool Connection::letGoOf(Link link, Cut cut, const DatabaseError& error) {
     const bool inTransaction = transaction_ != Transaction::None;
-}
-
-void Connection::requireUsable() const {
-    requireNotBusy();
     described_.clear();
     engine_.reset();
-    if (link == Link::Replaced)
+    if (link == Link::Replaced) {
+        refuseUntilOpened(error);
         return false;
+    }
     const bool inTheDark = cut == Cut::InTheDark;
     if (error.number == GivenUp)
         throw GivenUpError(inTheDark);
@@ -220,21 +243,25 @@ void Connection::CommitTrans() {
 }
 
 void Connection::RollbackTrans() {
+    requireNotBusy();
     if (std::exchange(transaction_, Transaction::None) == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
     untold_.clear();
     // A link that broke off has taken the transaction with it.
     if (!engine_)
         return;
+    const QScopedValueRollback<bool> underWay(busy_, true);
     try {
         countTrip(QStringLiteral("(rollback)"));
         engine_->rollback();
-    } catch (const DatabaseError&) {
+    } catch (const DatabaseError& error) {
         // What nobody can roll back goes with its link.
-        const bool wasWhole = engine_->link() == Link::Whole;
+        const Link link = engine_->link();
         described_.clear();
         engine_.reset();
-        if (wasWhole)
+        if (link == Link::Replaced)
+            refuseUntilOpened(error);
+        if (link == Link::Whole)
             throw;
     }
 }
@@ -243,14 +270,12 @@ qint64 Connection::send(const QString& statement, const std::vector<Value>& boun
     for (ReadTogether* together : std::as_const(together_))
         together->forgetWhatNames(WrittenTable(statement));
     const Cut cut = transaction_ == Transaction::None ? Cut::InTheDark : Cut::NothingDone;
-    requireNotBusy();
     return atEngine(statement, cut, [&](Engine& engine) { return engine.execute(statement, bound); });
 }
 
 ResultTable Connection::read(const QString& statement, int mostRows) {
     const ResultTable* known = mostRows == 0 ? readAlready(statement) : nullptr;
     return known ? *known : query(statement, {}, mostRows);
-    const QScopedValueRollback<bool> underWay(busy_, true);
 }
 
 ResultTable Connection::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {

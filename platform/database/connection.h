@@ -31,12 +31,15 @@ struct Write {
 /// long as the connection. Anything else is a SQL Server host ("host", "host\instance", "host,port") reached through
 /// ODBC. A text with "Driver=" goes to ODBC as it stands.
 ///
-/// It stays open when its link breaks off (the server was started anew, the embedded file was replaced). Outside a
-/// transaction a read, or the begin of a transaction, then makes the link anew without a word and goes on; an embedded
-/// file that is no longer the same is told once first. A write that was under way fails, since nobody can tell whether
+/// It stays open when its link to a server breaks off. Outside a transaction a read, or the begin of a transaction,
+/// then makes the link anew without a word and goes on. A write that was under way fails, since nobody can tell whether
 /// it was carried out: it is never sent again. A transaction that was under way is lost whole. What comes next makes
-/// the link anew, or fails as Open would. All these errors are such that IsLinkFailure() knows. A Recordset stays
-/// usable.
+/// the link anew, or fails as Open would.
+///
+/// An embedded file that is no longer the one that was opened is another database: its rows may have the keys of those
+/// that are still shown. Everything is then refused, with the same error, until OpenAgain.
+///
+/// All these errors are such that IsLinkFailure() knows. A Recordset stays usable.
 ///
 /// While a statement waits, the user may be shown that (ShowWaiting); until it has ended every other call is refused
 /// with 3711.
@@ -54,6 +57,16 @@ class Connection {
     /// A transaction that is open is rolled back.
     void Close();
     [[nodiscard]] bool IsOpen() const { return !text_.isEmpty(); }
+
+    /// Opens what stands where the replaced file stood; nothing where none was replaced. Whoever shows or keeps rows of
+    /// the old file has to read them anew. Where it cannot be opened, everything is refused with that reason from now
+    /// on.
+    void OpenAgain();
+    /// Whether everything is refused until OpenAgain.
+    [[nodiscard]] bool IsReplaced() const { return replaced_.has_value(); }
+    /// Told the reason each time from which on everything is refused until OpenAgain: the error itself may be passed
+    /// over. It must not use the connection.
+    void OnReplaced(std::function<void(const QString& why)> tell) { tellReplaced_ = std::move(tell); }
 
     /// Sends one statement and returns the number of rows affected. A second one behind a semicolon is refused.
     qint64 Execute(const QString& statement);
@@ -99,6 +112,7 @@ class Connection {
     void written(Write write);
     void open(const QString& connectionText, bool create);
     void openAnew();
+    void refuseUntilOpened(const DatabaseError& error);
     void requireNotBusy() const;
     void requireUsable() const;
     void noteEndedTransaction();
@@ -124,6 +138,8 @@ class Connection {
     std::optional<DatabaseError> refusal_;
     QElapsedTimer sinceRefusal_;
     qint64 refusedFor_ = 0;  ///< Milliseconds from then on, in which it is not tried again.
+    std::optional<DatabaseError> replaced_;
+    std::function<void(const QString&)> tellReplaced_;
     std::function<void(const Write&)> observer_;
     Transaction transaction_ = Transaction::None;
     std::vector<Write> untold_;  ///< Of the transaction that is open.

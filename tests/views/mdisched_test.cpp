@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -14,6 +15,7 @@
 #include "platform/controls/ctlist.h"
 #include "platform/controls/noticebar.h"
 #include "platform/desktop/forms.h"
+#include "tests/support/testdatabase.h"
 #include "tests/views/mainwindowfixture.h"
 
 namespace {
@@ -590,6 +592,42 @@ TEST_F(MainWindowTest, ANoticeStandsBetweenTitleAndViewAndStaysWhenTheViewIsChan
     EXPECT_EQ(window->View()->mapTo(window.get(), QPoint(0, 0)).y(), before + bar.height());
     window->changeview(1);
     EXPECT_TRUE(bar.isVisible());
+}
+
+TEST_F(MainWindowTest, AReplacedDatabaseIsOpenedAgainFromTheBarAndTheViewReadAnew) {
+    TestDatabase database;
+    if (database.isOnServer())
+        GTEST_SKIP() << "A server's database has no file here.";
+    start();
+    Session().Connection.Open(database.connectionText());
+    const auto passedOver = [] { return !db::Ignoring([] { Session().Connection.Execute("Delete from todo"); }); };
+    const auto openAgain = [this] {
+        the<NoticeBar>("noticebar").FocusTarget()->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        QApplication::processEvents();
+    };
+    ASSERT_TRUE(QFile::rename(database.file(), database.file() + ".away"));
+    EXPECT_TRUE(passedOver());
+    EXPECT_EQ(
+        the<NoticeBar>("noticebar").Texts(),
+        QStringList{
+            "The file of the database \"test\" was moved, deleted or replaced while it was open. Nothing is saved until it is opened again."});
+
+    QApplication::processEvents();
+    events();
+    openAgain();
+    EXPECT_EQ(the<NoticeBar>("noticebar").Texts(),
+              QStringList{"Cannot open database \"test\" requested by the login. The login failed."});
+    EXPECT_TRUE(passedOver());
+
+    ASSERT_TRUE(QFile::rename(database.file() + ".away", database.file()));
+    EXPECT_TRUE(passedOver());
+    QApplication::processEvents();
+    events();
+    openAgain();
+    EXPECT_TRUE(the<NoticeBar>("noticebar").Texts().isEmpty());
+    EXPECT_EQ(events(), QStringList{"reload 1"});
+    EXPECT_FALSE(passedOver());
 }
 
 TEST_F(MainWindowTest, AProgramThatHoldsWhatCouldNotBeSavedAsksBeforeItEnds) {
