@@ -14,6 +14,7 @@
 #include "platform/controls/ctlist.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/database/waiting.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
@@ -33,10 +34,15 @@ constexpr int MostDigits = 5;  // More than a day has, so that no figure is drop
 constexpr int DayMinutes = 1440;
 const QString Title = QStringLiteral("Solvane");
 
+/// A failure is passed over, but for a database that does not answer at all: it would make any time look free.
 bool hasRow(const QString& statement) {
-    bool found = false;
-    Ignoring([&] { found = !Recordset(statement, Session().Connection).Eof(); });
-    return found;
+    try {
+        return !Recordset(statement, Session().Connection).Eof();
+    } catch (const db::DatabaseError& error) {
+        if (db::IsUnanswered(error))
+            throw;
+        return false;
+    }
 }
 
 /// The first free start in a block; nothing where there is none. `stopped` is asked before every try.
@@ -273,7 +279,9 @@ void frmfirstatype::jumptodate(int row) {
 
 bool frmfirstatype::jumptoclinician() {
     const QString id = cboProviders->currentData().toString();
-    if (!hasRow(Sql("Select pswd_type_of_access from passwords Where pswd_user_id = '{}'", id))) {
+    bool found = false;
+    Ignoring([&] { found = hasRow(Sql("Select pswd_type_of_access from passwords Where pswd_user_id = '{}'", id)); });
+    if (!found) {
         MsgBox(QStringLiteral("Error moving to selected provider. "), ErrorBox, Title);
         return false;
     }

@@ -1,5 +1,6 @@
 #include "search/frmfirstatype.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -41,6 +42,20 @@ TEST_F(SearchByType, AnEmptyBlockGivesItsStart) {
     EXPECT_EQ(search(form, "60"), QStringList{QStringLiteral("Wed, Mar 11, 2026;9:00 AM;10:00 AM;")});
     EXPECT_TRUE(form.cmdgoto->isEnabled());
     EXPECT_EQ(form.ctList1->SelectedRow(), 0);
+}
+
+TEST_F(SearchByType, NothingIsListedAsFreeThatTheDatabaseWasNotAskedAbout) {
+    if (database.isOnServer())
+        GTEST_SKIP() << "A server's database has no file here.";
+    block(540, 600);
+    frmfirstatype form;
+    ASSERT_TRUE(QFile::rename(database.file(), database.file() + ".away"));
+    EXPECT_THROW(static_cast<void>(slotbooked(day, 540, 600, QStringLiteral("REED"))), db::DatabaseError);
+    desk.expectBox(
+        QStringLiteral(
+            "Error searching availability. The file of the database \"test\" was moved, deleted or replaced while it was open. Nothing is saved until it is opened again."),
+        QStringLiteral("Error"));
+    EXPECT_TRUE(search(form, "60").isEmpty());
 }
 
 TEST_F(SearchByType, ABookingOverTheStartIsSteppedPastByFiveMinutes) {
