@@ -1,5 +1,7 @@
 #include <QAction>
 #include <QMenu>
+#include <utility>
+#include <vector>
 
 #include "data/pipefields.h"
 #include "people/w_item.h"
@@ -12,7 +14,6 @@
 #include "session/session.h"
 #include "views/frmsched.h"
 
-using db::Ignoring;
 using db::Recordset;
 using db::Sql;
 
@@ -32,6 +33,29 @@ QString priorityWord(qint64 priority) {
         default:
             return {};
     }
+}
+
+struct Task {
+    qint64 id = 0;
+    QString cells;
+    bool hasNotes = false;
+};
+
+std::vector<Task> readTasks(const QString& statement) {
+    const QString dateFormat = Session().DateOrder != 0 ? QStringLiteral("dd/MM/yyyy") : QStringLiteral("MM/dd/yyyy");
+    std::vector<Task> read;
+    for (Recordset tasks(statement, Session().Connection); !tasks.Eof(); tasks.MoveNext()) {
+        const QString word = priorityWord(tasks["Priority"].integer());
+        if (word.isEmpty())
+            continue;
+        const QDate due = tasks["datedue"].date();
+        QString text = tasks["ToDo"].text();
+        text.replace(QLatin1Char(';'), QLatin1Char(','));
+        const QStringList cells{tasks["Completed"].boolean() ? QStringLiteral("1") : QStringLiteral("0"), text, word,
+                                due.isValid() ? due.toString(dateFormat) : QString()};
+        read.push_back({tasks["TaskId"].integer(), cells.join(QLatin1Char(';')), !tasks["Notes"].text().isEmpty()});
+    }
+    return read;
 }
 
 constexpr int WriteAccess = 2;
@@ -127,27 +151,16 @@ QString frmsched::tasksStatement() {
 }
 
 void frmsched::LoadToDo() {
-    tasksOf_ = Session().ProviderId;
+    const bool sameProvider = std::exchange(tasksOf_, Session().ProviderId) == Session().ProviderId;
+    std::vector<Task> tasks;
+    const bool read = TryAndTell(tr("The tasks could not be read. "), [&] { tasks = readTasks(tasksStatement()); });
+    // An empty list would say that nothing is to do.
+    if (!read && sameProvider)
+        return;
     const QVariant selected = ctList1->ItemData(ctList1->SelectedRow());
     ctList1->Clear();
-    Ignoring([&] {
-        const QString dateFormat =
-            Session().DateOrder != 0 ? QStringLiteral("dd/MM/yyyy") : QStringLiteral("MM/dd/yyyy");
-        for (Recordset tasks(tasksStatement(), Session().Connection); !tasks.Eof(); tasks.MoveNext()) {
-            const QString word = priorityWord(tasks["Priority"].integer());
-            if (word.isEmpty())
-                continue;
-            const QDate due = tasks["datedue"].date();
-            QString text = tasks["ToDo"].text();
-            text.replace(QLatin1Char(';'), QLatin1Char(','));
-            const int row =
-                ctList1->AddRow(QStringList{tasks["Completed"].boolean() ? QStringLiteral("1") : QStringLiteral("0"),
-                                            text, word, due.isValid() ? due.toString(dateFormat) : QString()}
-                                    .join(QLatin1Char(';')),
-                                tasks["TaskId"].integer());
-            ctList1->SetNoteMark(row, !tasks["Notes"].text().isEmpty());
-        }
-    });
+    for (const Task& task : tasks)
+        ctList1->SetNoteMark(ctList1->AddRow(task.cells, task.id), task.hasNotes);
     if (selected.isValid())
         ctList1->SelectRow(ctList1->FindItemData(selected));
     offerTaskPrint();

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "platform/controls/noticebar.h"
 #include "platform/printing/printpreview.h"
 #include "session/session.h"
 #include "tests/views/dayfixture.h"
@@ -40,6 +41,22 @@ TEST_F(DayTasks, TasksStandByPriorityWithTheirWord) {
 
     EXPECT_EQ(rows(), (QStringList{"0;Most urgent;Urgent;", "0;Urgent one;Urgent;", "0;High one;High;",
                                    "0;Medium one;Medium;", "0;Low one;Low;"}));
+}
+
+TEST_F(DayTasks, TasksThatCannotBeReadAnewStayAndTheBarSaysSo) {
+    const NoticeBar bar;
+    addTask("Urgent one", 4);
+    open();
+    run("Drop Table todo");
+
+    day().Reload();
+    EXPECT_EQ(rows(), QStringList{"0;Urgent one;Urgent;"});
+    EXPECT_EQ(bar.Texts(), QStringList{"The tasks could not be read. Invalid object name 'ToDo'."});
+
+    Session().ProviderId = QStringLiteral("OBRIEN");
+    day().Reload();
+    EXPECT_TRUE(rows().isEmpty()) << "They are somebody else's.";
+    EXPECT_EQ(bar.Texts().size(), 1);
 }
 
 TEST_F(DayTasks, APriorityThatIsNoneIsNotShown) {
