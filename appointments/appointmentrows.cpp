@@ -13,7 +13,7 @@ constexpr int LongestRoomText = 100;
 
 bool SetApptStatus(int key, int code) {
     qint64 changed = 0;
-    TryAndTell(QStringLiteral("The status was not saved. "), [&] {
+    TryAndTell(StatusUnsaved, [&] {
         changed =
             Session().Connection.Execute(db::Sql("Update appointments Set ncolor = {} Where nkeyId = {}", code, key));
     });

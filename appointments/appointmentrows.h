@@ -3,8 +3,11 @@
 #include <QDate>
 #include <QString>
 
-/// Gives the appointment a status code (data/codes.h). A row that is gone changes nothing, and nobody is told of that
-/// or of a failure; both answer false, so that a view need not show what was not stored.
+/// What the bar tells of a status that the database refused, before the reason; and that notice's subject.
+inline const QString StatusUnsaved = QStringLiteral("The status was not saved. ");
+
+/// Gives the appointment a status code (data/codes.h). A row that is gone changes nothing, and nobody is told of that;
+/// a failure is told in the bar. Both answer false, so that a view need not show what was not stored.
 bool SetApptStatus(int key, int code);
 
 /// The statements that ApptRoomId and UpdateRoomTime read, for who reads them together with others; empty for a key

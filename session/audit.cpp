@@ -27,12 +27,15 @@ void AuditLog(const QString& user, const QString& location, const QString& listI
     if (!session.ALEnabled)
         return;
     const QString now = QLocale::c().toString(Now(), QStringLiteral("yyyy/MM/dd hh:mm:ss AP"));
-    TryAndTell(QStringLiteral("The audit log was not written. "), [&] {
+    try {
         Session().Connection.Execute(db::Sql(
             "Insert into AuditLog (LogUser, LogDate, LogLocation, LogDescription, LogListId, LogNotes, CompUser, CompName) Values('{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}')",
             user, now, location, description, listId, notes.isEmpty() ? QStringLiteral("-") : notes, session.OsUserName,
             session.ComputerName));
-    });
+    } catch (const db::DatabaseError& error) {
+        // It stays: the next line that is written does not bring this one back.
+        TellInBar(QStringLiteral("The audit log was not written. "), error);
+    }
 }
 
 QString AuditDate(QDate date) {

@@ -30,10 +30,11 @@ void TellInBar(const QString& what, const db::DatabaseError& error) {
 bool TryAndTell(const QString& what, const std::function<void()>& step) {
     try {
         step();
+        DropNotice(what);
         return true;
     } catch (const db::DatabaseError& error) {
         if (error.number != db::RowChanged)
-            ShowNotice({.text = what + error.description, .kind = Notice::Kind::Failure, .subject = what});
+            TellInBar(what, error);
     }
     return false;
 }

@@ -18,5 +18,5 @@ void TellInBar(const QString& what, const db::DatabaseError& error);
 
 /// For a step whose failure the system passes over: runs it, and tells in the window's bar what the database refused,
 /// `what` first, which ends with a blank. A row that another desk changed or removed meanwhile is passed over without a
-/// word. True where the step went well.
+/// word. True where the step went well; what the bar told of it before is then settled, and goes.
 bool TryAndTell(const QString& what, const std::function<void()>& step);

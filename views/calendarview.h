@@ -122,7 +122,9 @@ class CalendarView : public MenuView, public OpenView {
     /// Only what was changed here is written, so that no other desk's work is overwritten; what both desks changed is
     /// told as an error and the view reads anew. The item then shows the row. Where another desk has moved the row
     /// meanwhile the view reads anew too: after this, find the item by its key.
-    bool saveappt(int index);
+    ///
+    /// What the database refuses is told in a box, or in the bar under `subject` where that is not empty.
+    bool saveappt(int index, const QString& subject = {});
 
     ctMDay* ctMDay1;
     QHash<QString, RowFacts> facts_;  ///< By ItemKey.
@@ -164,7 +166,8 @@ class CalendarView : public MenuView, public OpenView {
     [[nodiscard]] static bool isSharedActivity(int key);
     void showRow(const db::Recordset& row);
     void putBack(const QString& key);
-    void tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error);
+    void tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error,
+                     const QString& subject = {});
 
     // calendarview_commands.cpp
     void bindLists();

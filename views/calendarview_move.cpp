@@ -2,6 +2,7 @@
 #include "appointments/conflicts.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
@@ -80,7 +81,7 @@ QStringList CalendarView::savingStatements(const CalendarItem& item) const {
     return detailStatements(item) << rowStatement(key) << RoomSlotStatement(key);
 }
 
-bool CalendarView::saveappt(int index) {
+bool CalendarView::saveappt(int index, const QString& subject) {
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
     const int key = item.ItemKey.toInt();
     if (key < 1)
@@ -115,9 +116,11 @@ bool CalendarView::saveappt(int index) {
         });
         showRow(row);
     } catch (const db::DatabaseError& error) {
-        tellUnsaved(item.ItemKey, trouble, error);
+        tellUnsaved(item.ItemKey, trouble, error, subject);
         return false;
     }
+    if (!subject.isEmpty())
+        DropNotice(subject);
     if (!before.StandsAs(facts_[item.ItemKey]))
         Reload();
     return true;
@@ -222,9 +225,14 @@ void CalendarView::putBack(const QString& key) {
     lockItem(index);
 }
 
-void CalendarView::tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error) {
+void CalendarView::tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error,
+                               const QString& subject) {
     putBack(key);
-    TellError(trouble, error);
-    if (error.number == db::RowChanged)
+    const bool changedElsewhere = error.number == db::RowChanged;
+    if (subject.isEmpty() || changedElsewhere)
+        TellError(trouble, error);
+    else
+        TellInBar(subject, error);
+    if (changedElsewhere)
         Reload();
 }

@@ -116,7 +116,7 @@ void CalendarView::saveStatus(int index, QLatin1String command, int code) {
     const db::ReadTogether together(Session().Connection, savingStatements(std::as_const(*ctMDay1).Item(index)));
     showStatus(index, code);
     ctMDay1->Item(index).ItemTentativeIcon = false;
-    const bool saved = saveappt(index);
+    const bool saved = saveappt(index, StatusUnsaved);
     const int selected = ctMDay1->SelectedItem();
     displayapptinfo(selected);
     if (saved && selected > 0 && selected == ctMDay1->IndexOfKey(key))

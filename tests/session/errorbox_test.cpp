@@ -90,3 +90,13 @@ TEST(ErrorBox, WhoGaveUpIsNotAskedAgainInTheSameRoutineThoughItsBoxRunsEvents) {
     db::ShowWaiting() = {};
     db::AskAboutWaitsAgain();
 }
+
+TEST(ErrorBox, WhatTheBarToldOfAStepGoesWhenTheStepGoesWell) {
+    const NoticeBar bar;
+    EXPECT_FALSE(TryAndTell(QStringLiteral("Not done. "), [] { throw db::DatabaseError(cut); }));
+    EXPECT_EQ(bar.Texts(), QStringList{"Not done. The connection broke off."});
+    EXPECT_TRUE(TryAndTell(QStringLiteral("Something else. "), [] {}));
+    EXPECT_EQ(bar.Texts().size(), 1);
+    EXPECT_TRUE(TryAndTell(QStringLiteral("Not done. "), [] {}));
+    EXPECT_TRUE(bar.Texts().isEmpty());
+}

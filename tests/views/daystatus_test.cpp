@@ -118,6 +118,11 @@ TEST_P(DayPlainStatus, ThatTheDatabaseRefusesIsNotShownAndToldInTheBar) {
     EXPECT_EQ(stored(key), ncolor::Pending);
     EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
     EXPECT_TRUE(ticked().isEmpty());
+
+    database_.allow(QStringLiteral("Update"), QStringLiteral("appointments"));
+    choose(GetParam().command);
+    EXPECT_EQ(stored(key), GetParam().code);
+    EXPECT_TRUE(bar.Texts().isEmpty());
 }
 
 TEST_P(DayPlainStatus, WhoseWaitForAnotherDeskIsGivenUpIsToldInTheBar) {
@@ -200,19 +205,25 @@ TEST_F(DayStatus, KeptOnARowThatAnotherDeskDeletedIsToldAndTakesItOffTheDay) {
     EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from appointments")), 0);
 }
 
-TEST_F(DayStatus, KeptThatTheDatabaseRefusesIsToldAndNotShown) {
+TEST_F(DayStatus, KeptThatTheDatabaseRefusesIsToldInTheBarUntilItIsStored) {
+    const NoticeBar bar;
     const qint64 key = add(anAppointment("Anna").status(ncolor::Pending));
     open();
     select("Anna");
     const QString reason = database_.refuse(QStringLiteral("Update"), QStringLiteral("appointments"));
 
-    desk.expectBox(QStringLiteral("Error saving appointment. ") + reason, QStringLiteral("Error"));
     choose("mnuAKept");
 
+    EXPECT_EQ(bar.Texts(), QStringList{QStringLiteral("The status was not saved. ") + reason});
     EXPECT_EQ(stored(key), ncolor::Pending);
     EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
     EXPECT_TRUE(info().contains(QStringLiteral("Status;Pending")));
     EXPECT_TRUE(ticked().isEmpty());
+
+    database_.allow(QStringLiteral("Update"), QStringLiteral("appointments"));
+    choose("mnuAKept");
+    EXPECT_EQ(stored(key), ncolor::Kept);
+    EXPECT_TRUE(bar.Texts().isEmpty());
 }
 
 TEST_F(DayStatus, KeptDoesNotMoveBackWhatAnotherDeskMoved) {
