@@ -1,4 +1,5 @@
 #include <array>
+#include <optional>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -19,6 +20,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
+#include "platform/database/waiting.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/audit.h"
@@ -60,8 +62,11 @@ void frmnore::cmdOk_Click() {
 }
 
 bool frmnore::patientIsKnown() {
-    if (patientinDB(patientTag_))
+    std::optional<db::DatabaseError> failure;
+    if (patientinDB(patientTag_, &failure))
         return true;
+    if (failure && db::IsUnanswered(*failure))
+        return false;
     const Answer answer =
         MsgBox(QStringLiteral("Patient not found in database. Add patient now?"), YesNoBox, QStringLiteral("Solvane"));
     if (answer == Answer::Yes) {
@@ -70,9 +75,12 @@ bool frmnore::patientIsKnown() {
             showPatientList();
         return false;
     }
-    txtaccount->clear();
-    for (QLabel* fact : {lblHPhone, lblwphone, lblcphone, lblemail})
-        fact->clear();
+    // What could not be looked up may well be there.
+    if (!failure) {
+        txtaccount->clear();
+        for (QLabel* fact : {lblHPhone, lblwphone, lblcphone, lblemail})
+            fact->clear();
+    }
     if (txtpatients->isEnabled())
         txtpatients->setFocus();
     return false;

@@ -66,11 +66,13 @@ QString checkForEmailAddress(const QString& patientId) {
     }
 }
 
-bool patientinDB(const QString& patientId) {
+bool patientinDB(const QString& patientId, std::optional<db::DatabaseError>* failure) {
     try {
         return !Recordset(PatientStatement(patientId), Session().Connection).Eof();
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error reading patient list. "), error);
+        if (failure != nullptr)
+            *failure = error;
         return false;
     }
 }

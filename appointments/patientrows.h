@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <QDate>
 #include <QStringList>
+
+#include "platform/database/error.h"
 
 // The statements that the routines below read, for who reads several together.
 [[nodiscard]] QString PatientStatement(const QString& patientId);
@@ -19,8 +22,8 @@
 [[nodiscard]] QString checkForEmailAddress(const QString& patientId);
 
 /// Whether the patient's record exists, archived or not. On a failure the user is told "Error reading patient list. "
-/// with the reason, and the answer is false.
-[[nodiscard]] bool patientinDB(const QString& patientId);
+/// with the reason, and the answer is false; `failure`, where given, is the reason.
+[[nodiscard]] bool patientinDB(const QString& patientId, std::optional<db::DatabaseError>* failure = nullptr);
 
 /// What remains of the first authorization that holds for the patient on `date`, as the sentence the editor shows, or
 /// the one that says there is none. On a failure the user is told "Error retrieving patient authorization information.

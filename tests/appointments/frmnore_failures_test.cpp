@@ -1,4 +1,5 @@
 #include <QCheckBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -51,15 +52,34 @@ TEST_F(EditorFailure, WithoutTheDatabaseNothingIsBookedAndWhatWasTypedStays) {
     EXPECT_EQ(form->cboevents->Text(), QStringLiteral("Staff Meeting"));
 }
 
-TEST_F(EditorFailure, PatientsThatCannotBeReadAreSaidAndAskedFor) {
+TEST_F(EditorFailure, WhereNobodyAnswersThePatientIsNotTakenForUnknown) {
+    if (database.isOnServer())
+        GTEST_SKIP() << "A server's database has no file here.";
     openNew(1);
     choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
+    const QString account = form->txtaccount->text();
+    ASSERT_TRUE(QFile::rename(database.file(), database.file() + ".away"));
+    desk.expectBox(
+        QStringLiteral(
+            "Error reading patient list. The file of the database \"test\" was moved, deleted or replaced while it was open. Nothing is saved until it is opened again."),
+        Error);
+    clickOk();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->txtaccount->text(), account);
+}
+
+TEST_F(EditorFailure, PatientsThatCannotBeReadAreSaidAndAskedForAndNoFieldIsEmptied) {
+    openNew(1);
+    choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
+    const QString account = form->txtaccount->text();
+    ASSERT_FALSE(account.isEmpty());
     const QString why = DropTable(database.connection(), QStringLiteral("patient_info"));
     desk.expectBox(QStringLiteral("Error reading patient list. ") + why, Error);
     desk.expectBox(QStringLiteral("Patient not found in database. Add patient now?"), QStringLiteral("Solvane"),
                    Answer::No);
     clickOk();
     EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->txtaccount->text(), account);
     EXPECT_EQ(rowCount("appointments"), 0);
 }
 
