@@ -30,10 +30,11 @@ std::shared_ptr<const Table> Catalog::read(std::string_view name) {
         database_,
         "Select m.name, c.name, c.type, c.\"notnull\", c.pk From sqlite_master m, pragma_table_info(m.name) c Where m.type In ('table', 'view') And m.name = ? Collate nocase And m.name Not Like 'sqlite_%'");
     if (!statement)
-        return nullptr;
+        fail_();
     sqlite3_bind_text(statement.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
     auto table = std::make_shared<Table>();
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
+    int code = SQLITE_ROW;
+    while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
         table->name = ColumnText(statement.get(), 0);
         TableColumn column;
         column.name = ColumnText(statement.get(), 1);
@@ -45,6 +46,8 @@ std::shared_ptr<const Table> Catalog::read(std::string_view name) {
         column.nullable = sqlite3_column_int(statement.get(), 3) == 0 && column.keyPlace == 0;
         table->columns.push_back(std::move(column));
     }
+    if (code != SQLITE_DONE)
+        fail_();
     return table->columns.empty() ? nullptr : table;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/database/embedded/sqltype.h"
@@ -31,7 +33,8 @@ struct Table {
 /// The tables of one open file, each read when it is first asked for.
 class Catalog {
   public:
-    explicit Catalog(sqlite3* database) : database_(database) {}
+    /// `fail` is called where the file cannot be read, and throws what its database says of that.
+    Catalog(sqlite3* database, std::function<void()> fail) : database_(database), fail_(std::move(fail)) {}
 
     /// Throws DatabaseError 208 "Invalid object name ..." for an unknown table.
     std::shared_ptr<const Table> table(std::string_view name);
@@ -42,6 +45,7 @@ class Catalog {
     std::shared_ptr<const Table> read(std::string_view name);
 
     sqlite3* database_;
+    std::function<void()> fail_;
     std::unordered_map<std::string, std::shared_ptr<const Table>> tables_;
 };
 

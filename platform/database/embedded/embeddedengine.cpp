@@ -130,7 +130,7 @@ void store(sqlite3_context* context, int count, sqlite3_value** arguments) {
 EmbeddedEngine::EmbeddedEngine(const QString& file, bool create, int openingTimeout)
     : database_(QFileInfo(file).completeBaseName()),
       handle_(openHandle(file, create, database_)),
-      catalog_(handle_.get()),
+      catalog_(handle_.get(), [this] { fail({}); }),
       file_(handle_.get(), file) {
     sqlite3_extended_result_codes(handle_.get(), 1);
     sqlite3_busy_handler(handle_.get(), &EmbeddedEngine::waitForLock, this);
@@ -231,11 +231,13 @@ int EmbeddedEngine::waited(int code) {
 
 qint64 EmbeddedEngine::execute(const QString& statement, const std::vector<Value>& bound) {
     requireWholeFile();
+    const auto ending = endingWaits();
     return naming(statement, [&] { return run(statement, bound); });
 }
 
 ResultTable EmbeddedEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
     requireWholeFile();
+    const auto ending = endingWaits();
     return naming(statement, [&] {
         if (prepare(statement).translation.kind != Translation::Kind::Rows) {
             run(statement, bound);
@@ -316,6 +318,7 @@ const TableInfo& EmbeddedEngine::describe(const QString& table) {
     const std::string name = table.toStdString();
     if (const auto known = described_.find(LowerName(name)); known != described_.end())
         return known->second;
+    const auto ending = endingWaits();
     TableInfo info;
     const auto found = catalog_.table(name);
     std::vector<const TableColumn*> keys;

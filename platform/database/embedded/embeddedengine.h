@@ -4,6 +4,7 @@
 #include <optional>
 #include <QElapsedTimer>
 #include <QHash>
+#include <QScopeGuard>
 #include <unordered_map>
 
 #include "platform/database/embedded/catalog.h"
@@ -67,6 +68,10 @@ class EmbeddedEngine final : public Engine {
     bool waitsOn(bool anew);
     /// What SQLite answered, at the end of any wait.
     int waited(int code);
+    /// Ends what is still waited for when it goes, however the statement ended.
+    [[nodiscard]] auto endingWaits() {
+        return qScopeGuard([this] { waited(SQLITE_OK); });
+    }
     void runOwn(const char* sql);
     [[noreturn]] void fail(const QString& statement);
     void registerStore();
