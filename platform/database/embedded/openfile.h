@@ -17,8 +17,11 @@ namespace db::embedded {
 /// moved away or replaced is found by nobody. The same holds for the files beside it (-wal and -shm), through which the
 /// desks share their writes.
 ///
-/// What cannot be told: a sound database that was written over the file in place, if it is as long at least and was
-/// changed as often.
+/// Not told for sure is a sound database that was written over the file in place. It is found by being shorter, by
+/// another size of its pages or by a lower count of its changes. But that count stands still while rows are written
+/// into pages that are there already: an older copy of the same file may pass, and what the desks have taken from the
+/// log into the file since then is lost unseen. The times of the file are no sign, since any desk does that at any
+/// time.
 class OpenFile {
   public:
     enum class State {
