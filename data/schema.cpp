@@ -76,12 +76,19 @@ void ApplySchema(db::Connection& connection, SchemaScript script) {
 qint64 MendAppointments(db::Connection& connection) {
     static const QRegularExpression createTrigger(QStringLiteral("^Create Trigger (\\w+) "));
     const QStringList triggers = SchemaStatements(SchemaScript::Main).filter(createTrigger);
+    // Looked for by a trial: a failure within the transaction would be the end of it on some servers.
+    QStringList drops;
     for (const QString& trigger : triggers) {
-        const QString name = createTrigger.match(trigger).captured(1);
-        db::Ignoring([&] { connection.Execute(db::Sql("Drop Trigger {}", db::Raw{name})); });
+        const QString drop = db::Sql("Drop Trigger {}", db::Raw{createTrigger.match(trigger).captured(1)});
+        connection.BeginTrans();
+        if (db::Ignoring([&] { connection.Execute(drop); }))
+            drops << drop;
+        connection.RollbackTrans();
     }
     qint64 mended = 0;
     db::InTransaction(connection, [&] {
+        for (const QString& drop : drops)
+            connection.Execute(drop);
         for (const QString& trigger : triggers)
             connection.Execute(trigger);
         mended = connection.Execute("Update appointments Set appttype = 0 Where appttype Is Null");

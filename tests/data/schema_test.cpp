@@ -109,6 +109,26 @@ TEST(Schema, APracticeThatIsMendedHasNoAppointmentsWithoutATypeAnyMore) {
     EXPECT_EQ(practice.number("Select appttype from appointments Where cappttext = 'later'"), 0);
 }
 
+TEST(Schema, AMendThatFailsLeavesThePracticeAsItWas) {
+    TestDatabase practice;
+    db::Connection& connection = practice.connection();
+    connection.Execute("Drop Trigger appointments_added");
+    connection.Execute("Drop Trigger appointments_changed");
+    writeWithoutType(connection);
+    for (const QString& added : SchemaStatements(SchemaScript::Main).filter("Create Trigger appointments_added"))
+        connection.Execute(added);
+    practice.refuse("Update", "appointments");
+    try {
+        MendAppointments(connection);
+        ADD_FAILURE() << "Nothing was refused.";
+    } catch (const db::DatabaseError& error) {
+        EXPECT_TRUE(error.statement.startsWith("Update appointments")) << error.what();
+    }
+    practice.allow("Update", "appointments");
+    connection.Execute("Insert Into appointments (cappttext, appttype) Values ('later', Null)");
+    EXPECT_EQ(practice.number("Select Count(*) from appointments Where appttype Is Null"), 3);
+}
+
 TEST(Schema, NoTwoTablesOrIndexesOfAScriptShareAName) {
     for (const SchemaScript script : {SchemaScript::Main, SchemaScript::Companion}) {
         QSet<QString> names;
