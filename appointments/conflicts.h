@@ -18,8 +18,9 @@ struct Conflict {
 /// What the provider has booked on `date` in conflict with `start` to `end` (minutes since midnight) and, where
 /// `patientId` is not empty, what the patient has booked with anybody; by time. The row `key` (0: none) and rows of
 /// appttype 4 never conflict; missed and cancelled ones do. Two rows that look the same in every column are listed
-/// once. A row whose appttype is null is not seen; new rows get 0 from the database. A provider who is no longer known
-/// is named by the id. Throws db::DatabaseError.
+/// once. A row that is written without an appttype gets 0 from the database and is seen like any other; only in a
+/// database that was never mended is one without it left out. A provider who is no longer known is named by the id.
+/// Throws db::DatabaseError.
 [[nodiscard]] std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, double end,
                                                       const QString& patientId, const QString& providerId);
 
