@@ -12,7 +12,6 @@
 #include "platform/controls/noticebar.h"
 #include "platform/database/waiting.h"
 #include "platform/desktop/desktop.h"
-#include "session/afterroutine.h"
 #include "session/databasewait.h"
 
 namespace {
@@ -78,7 +77,6 @@ TEST(ErrorBox, WhoGaveUpIsNotAskedAgainInTheSameRoutineThoughItsBoxRunsEvents) {
     db::ShownWait first;
     EXPECT_FALSE(first.goesOn(db::UnnoticedWaitMilliseconds));
     EXPECT_EQ(asked, 1) << "Nobody had given up in that one.";
-    AfterRoutine(&db::AskAboutWaitsAgain);
     Reader::runEvents();
     db::ShownWait second;
     EXPECT_FALSE(second.goesOn(db::UnnoticedWaitMilliseconds));
