@@ -215,16 +215,22 @@ class frmnore : public EditorDialog {
     /// What a key in the box of the patient's name does to the list of those who fit; whether it is done with.
     bool keyForMatches(const QKeyEvent& key);
     bool enterForMatches();
-    void saveByKey();
+    /// Whether it has first to be said which of several patients is meant.
+    bool asksForPatient();
+    void focusLeavesBox(Qt::FocusReason reason);
+    /// Takes the patient who is marked where the box holds another. Whether the choice stands.
+    bool takesMarked();
     /// Whether it is done with.
     bool eventOfPatientList(const QEvent& event);
     void startPatientList();
-    [[nodiscard]] bool leavesPatientBox(Qt::FocusReason reason) const;
+    [[nodiscard]] bool leavesPatientBox() const;
     void leavePatientBox();
     void settlePatient();
     void showFacts(const PatientFacts& patient);
-    void takePatient(const PatientFacts& patient);
     void takePatientOfId(const QString& id);
+    /// Without what is told of a choice that stands; false where the patient could not be read, which the user has been
+    /// told.
+    bool choosePatientOfId(const QString& id);
     void cmdpatients_Click();
     void showPatientList();
     void cmdPatientList_Click();

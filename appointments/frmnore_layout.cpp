@@ -88,7 +88,7 @@ void frmnore::buildForm() {
     buildPatientList();
     pnlmatches = new MatchList(*txtpatients, *this);
     auto* save = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), this);
-    connect(save, &QShortcut::activated, this, &frmnore::saveByKey);
+    connect(save, &QShortcut::activated, cmdOk, &QPushButton::click);
 }
 
 void frmnore::buildPatientPage() {

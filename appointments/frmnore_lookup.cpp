@@ -78,16 +78,31 @@ bool frmnore::eventFilter(QObject* watched, QEvent* event) {
         if (keyForMatches(key))
             return true;
     }
-    if (watched == txtpatients && event->type() == QEvent::FocusOut) {
-        settleLookUp();
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason)
-            pnlmatches->Forget();
-        if (leavesPatientBox(reason))
-            // What it says must wait until the focus has come to where it goes.
-            QTimer::singleShot(0, this, &frmnore::leavePatientBox);
-    }
+    if (watched == txtpatients && event->type() == QEvent::FocusOut)
+        focusLeavesBox(static_cast<QFocusEvent*>(event)->reason());
     return QDialog::eventFilter(watched, event);
+}
+
+// A box or a menu that opens over the form leaves the list as it stands.
+void frmnore::focusLeavesBox(Qt::FocusReason reason) {
+    settleLookUp();
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)
+        return;
+    const bool chosen = !isVisible() || takesMarked();
+    if (chosen)
+        pnlmatches->Forget();
+    // What is said must wait until the focus has come to where it goes.
+    if (leavesPatientBox())
+        QTimer::singleShot(0, this, [this, chosen] { chosen ? leavePatientBox() : txtpatients->setFocus(); });
+}
+
+// Whoever marked another than the box holds meant that one. Where several fit unseen, or the marked one cannot be read,
+// the list stays in sight and nobody stands chosen yet.
+bool frmnore::takesMarked() {
+    if (!pnlmatches->IsShown())
+        return !pnlmatches->Ask();
+    const QString marked = pnlmatches->MarkedId();
+    return marked == patientTag_ || choosePatientOfId(marked);
 }
 
 bool frmnore::keyForMatches(const QKeyEvent& key) {
@@ -97,10 +112,8 @@ bool frmnore::keyForMatches(const QKeyEvent& key) {
         pnlmatches->Ask();
     if (pnlmatches->isVisible() && pnlmatches->MoveMark(key))
         return true;
-    // Whoever marked another than the box holds meant that one.
-    if (key.key() == Qt::Key_Tab && pnlmatches->IsShown() && pnlmatches->MarkedId() != patientTag_)
-        takePatientOfId(pnlmatches->MarkedId());
-    return false;
+    const bool leaves = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    return leaves && !pnlmatches->IsShown() && pnlmatches->Ask();
 }
 
 // Where several fit, the first Enter takes one of them, and only the next one is for OK. Nobody is taken from a list
@@ -114,9 +127,15 @@ bool frmnore::enterForMatches() {
     return true;
 }
 
-void frmnore::saveByKey() {
-    if (!txtpatients->hasFocus() || !enterForMatches())
-        cmdOk->click();
+// OK by whichever key, or by a click that came before the list.
+bool frmnore::asksForPatient() {
+    settleLookUp();
+    if (txtpatients->hasFocus())
+        return enterForMatches();
+    if (!pnlmatches->isVisible())
+        return false;
+    txtpatients->setFocus();
+    return true;
 }
 
 // Enter that no part of the list has taken must not reach the form.
@@ -131,11 +150,10 @@ bool frmnore::eventOfPatientList(const QEvent& event) {
     return true;
 }
 
-// Whether the user goes on to another field: not into another window, not to a button that ends the form or finds the
-// patient in another way, nor because the form goes.
-bool frmnore::leavesPatientBox(Qt::FocusReason reason) const {
-    if (txtpatients->isReadOnly() || !isVisible() || reason == Qt::ActiveWindowFocusReason ||
-        reason == Qt::PopupFocusReason)
+// Whether the user goes on to another field: not to a button that ends the form or finds the patient in another way,
+// nor because the form goes.
+bool frmnore::leavesPatientBox() const {
+    if (txtpatients->isReadOnly() || !isVisible())
         return false;
     const QWidget* next = focusWidget();
     for (const QWidget* elsewhere :
@@ -232,24 +250,25 @@ void frmnore::showFacts(const PatientFacts& patient) {
         cbocpt->SetListIndex(cbocpt->FindPrefix(patient.cpt));
 }
 
-void frmnore::takePatient(const PatientFacts& patient) {
-    txtpatients->setText(patient.name);
-    showFacts(patient);
-    pnlpatlist->hide();
-    pnlmatches->Forget();
-    settlePatient();
+void frmnore::takePatientOfId(const QString& id) {
+    if (choosePatientOfId(id))
+        settlePatient();
 }
 
-void frmnore::takePatientOfId(const QString& id) {
+bool frmnore::choosePatientOfId(const QString& id) {
     try {
         if (const std::optional<PatientFacts> patient = PatientOfId(id)) {
-            takePatient(*patient);
-            return;
+            txtpatients->setText(patient->name);
+            showFacts(*patient);
+            pnlpatlist->hide();
+            pnlmatches->Forget();
+            return true;
         }
         MsgBox(QStringLiteral("Patient not found. Another user may have deleted this patient."), ExclamationBox, Title);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error reading patient list. "), error);
     }
+    return false;
 }
 
 void frmnore::cmdpatients_Click() {

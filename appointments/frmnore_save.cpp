@@ -39,6 +39,8 @@ constexpr int LongestAuditedText = 100;
 }  // namespace
 
 void frmnore::cmdOk_Click() {
+    if (asksForPatient())
+        return;
     // Enter and the Alt key do not leave the field in which the user stands.
     for (CompletingCombo* box : {cbocpt, cboapttype, cbocats, cborooms, cbostatus})
         box->Settle();

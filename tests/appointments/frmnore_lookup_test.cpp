@@ -1,4 +1,5 @@
 #include <array>
+#include <functional>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
@@ -15,6 +16,7 @@
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/notefield.h"
 #include "tests/appointments/editorfixture.h"
 
 using db::Sql;
@@ -459,6 +461,85 @@ TEST_F(PatientLookUp, TabTakesTheMarkedNamesakeAlong) {
     EXPECT_EQ(form->PatientTag(), QStringLiteral("10043"));
     EXPECT_FALSE(box.hasFocus());
     EXPECT_FALSE(form->pnlmatches->isVisible());
+}
+
+TEST_F(PatientLookUp, TheMarkedNamesakeIsTakenByEveryWayOutOfTheBox) {
+    namesakes();
+    const std::pair<const char*, std::function<void(QLineEdit&)>> ways[] = {
+        {"Backtab", [](QLineEdit& box) { press(&box, Qt::Key_Backtab); }},
+        {"a click into another field",
+         [this](QLineEdit&) {
+             QTest::mouseClick(form->txtnotes->viewport(), Qt::LeftButton);
+             form->txtnotes->setFocus(Qt::MouseFocusReason);
+         }},
+        {"another field's letter", [this](QLineEdit&) { form->ctstart->setFocus(Qt::ShortcutFocusReason); }}};
+    for (const auto& [name, leaveBox] : ways) {
+        QLineEdit& box = typed("bro");
+        ASSERT_TRUE(matchesAppear());
+        press(&box, Qt::Key_Down);
+        leaveBox(box);
+        letQueuedWorkRun();
+        EXPECT_EQ(form->PatientTag(), QStringLiteral("10042")) << name;
+        EXPECT_FALSE(box.hasFocus()) << name;
+        EXPECT_FALSE(form->pnlmatches->isVisible()) << name;
+    }
+}
+
+TEST_F(PatientLookUp, TheMarkedNamesakeIsSavedByAClickOnOkAndByItsLetter) {
+    namesakes();
+    alert("10042", "Owes two co-payments");
+    QLineEdit* box = &typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    press(box, Qt::Key_Down);
+    desk.expectForm("frmAlert", [](QDialog&) {});
+    clickOk();
+    EXPECT_EQ(column("patientid", newestKey()), QStringLiteral("10042"));
+    EXPECT_FALSE(form->isVisible());
+
+    // By the letter as by Enter: the first one takes, the next one saves.
+    run("Delete from appointments");
+    box = &typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    press(box, Qt::Key_PageDown);
+    press(box, Qt::Key_K, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return form->PatientTag() == QStringLiteral("10043"); }));
+    EXPECT_EQ(rowCount("appointments"), 0);
+    press(box, Qt::Key_K, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !form->isVisible(); }));
+    EXPECT_EQ(column("patientid", newestKey()), QStringLiteral("10043"));
+}
+
+TEST_F(PatientLookUp, WhoeverLeavesTheBoxBeforeTheNamesakesCameSeesThemFirst) {
+    namesakes();
+    const std::pair<const char*, std::function<void(QLineEdit&)>> ways[] = {
+        {"Tab", [](QLineEdit& box) { press(&box, Qt::Key_Tab); }},
+        {"Backtab", [](QLineEdit& box) { press(&box, Qt::Key_Backtab); }},
+        {"OK's letter", [this](QLineEdit&) { form->cmdOk->click(); }},
+        {"a click on OK", [this](QLineEdit&) { clickOk(); }},
+        {"a click into another field", [this](QLineEdit&) { form->ctstart->setFocus(Qt::MouseFocusReason); }}};
+    for (const auto& [name, leaveBox] : ways) {
+        QLineEdit& box = typed("bro");
+        leaveBox(box);
+        letQueuedWorkRun();
+        EXPECT_TRUE(form->pnlmatches->isVisible()) << name;
+        EXPECT_TRUE(box.hasFocus()) << name;
+        EXPECT_EQ(rowCount("appointments"), 0) << name;
+    }
+}
+
+TEST_F(PatientLookUp, AMarkedNamesakeWhoCannotBeReadLeavesNobodyElseChosenInHisPlace) {
+    namesakes();
+    QLineEdit& box = typed("bro");
+    ASSERT_TRUE(matchesAppear());
+    press(&box, Qt::Key_Down);
+    run("Delete from patient_info Where id = '10042'");
+    desk.expectBox(QStringLiteral("Patient not found. Another user may have deleted this patient."),
+                   QStringLiteral("Solvane"));
+    clickOk();
+    letQueuedWorkRun();
+    EXPECT_EQ(rowCount("appointments"), 0);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_TRUE(form->pnlmatches->isVisible());
 }
 
 TEST_F(PatientLookUp, EscapeFirstClosesTheListOfThoseWhoFit) {
