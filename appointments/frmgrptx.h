@@ -52,6 +52,8 @@ class frmgrptx : public EditorDialog {
     [[nodiscard]] bool okenabled() const;
 
     [[nodiscard]] QString Subject() const override;
+    /// Also where the stored members are deleted and no others are saved in their place.
+    [[nodiscard]] bool IsChanged() const override { return membersDeleted_ || EditorDialog::IsChanged(); }
 
     bool dirty = false;
 
@@ -127,6 +129,7 @@ class frmgrptx : public EditorDialog {
 
     // frmgrptx_save.cpp
     void cmdOk_Click();
+    void cmdCancel_Click();
     /// Whether the appointment, its room and its members are stored; the user has been told why they are not.
     [[nodiscard]] bool saveappt(int key, const QString& providerId);
     [[nodiscard]] bool conflicts(int key, const QString& providerId) const;
@@ -154,5 +157,6 @@ class frmgrptx : public EditorDialog {
     int groupOnList_ = 0;  ///< Whose members stand on the list.
     QDate membersOf_;      ///< And for which date.
     bool roomUnread_ = false;
+    bool membersDeleted_ = false;  ///< By Refresh Members, which no Cancel takes back.
     bool locationTyped_ = false;
 };

@@ -151,7 +151,7 @@ void frmgrptx::connectFields() {
     for (const ctDEdit* time : {ctstart, ctend})
         connect(time, &ctDEdit::Change, this, [this] { lblduration->ShowTimes(ctstart->Time(), ctend->Time()); });
     connect(cmdOk, &QPushButton::clicked, this, &frmgrptx::cmdOk_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &frmgrptx::reject);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmgrptx::cmdCancel_Click);
 }
 
 void frmgrptx::connectMembers() {

@@ -180,6 +180,7 @@ bool frmgrptx::DeleteSavedMembers() {
         return true;
     try {
         Session().Connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyId = {}", key_));
+        membersDeleted_ = membersDeleted_ || !storedMembers_ || !storedMembers_->isEmpty();
         storedMembers_ = Attendance();
         return true;
     } catch (const db::DatabaseError& error) {

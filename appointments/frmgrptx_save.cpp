@@ -47,6 +47,11 @@ void frmgrptx::cmdOk_Click() {
         closeUnsaved();
 }
 
+void frmgrptx::cmdCancel_Click() {
+    if (!membersDeleted_ || mayGiveUp())
+        reject();
+}
+
 bool frmgrptx::conflicts(int key, const QString& providerId) const {
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();

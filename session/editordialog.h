@@ -15,14 +15,17 @@ class EditorDialog : public QDialog {
   public:
     using QDialog::QDialog;
 
-    /// Whether a field holds something else than when the form was shown first.
-    [[nodiscard]] bool IsChanged() const;
+    /// Whether a field holds something else than when the form was shown first. A form that keeps more than its fields
+    /// show adds that.
+    [[nodiscard]] virtual bool IsChanged() const;
     /// The form was closed because its save failed.
     [[nodiscard]] bool IsUnsaved() const { return unsaved_; }
     /// What is edited, in a sentence behind "Not saved: ". It names no patient.
     [[nodiscard]] virtual QString Subject() const = 0;
 
   protected:
+    /// Whether nothing would be lost by closing the form, or the user says that it may.
+    [[nodiscard]] bool mayGiveUp() const;
     /// Closes the form after a save that failed, which the user has been told.
     void closeUnsaved();
     /// Whether Escape has closed something smaller in the form, which then stays.
@@ -33,8 +36,6 @@ class EditorDialog : public QDialog {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    [[nodiscard]] bool mayGiveUp() const;
-
     std::optional<QStringList> firstState_;
     bool unsaved_ = false;
 };

@@ -24,6 +24,10 @@ class GroupDialog : public GroupFixture {
         desk.expectBox(RefreshQuestion, QStringLiteral("Solvane"), answer);
         click(dialog->cmdLoadMembers);
     }
+    void expectQuestion(Answer answer) {
+        desk.expectBox(QStringLiteral("Close without saving what you have changed?"),
+                       QStringLiteral("Edit Group Appointment"), answer);
+    }
     [[nodiscard]] QString loadCaption() const { return dialog->cmdLoadMembers->text().remove(u'&'); }
     [[nodiscard]] QString hint() const { return dialog->lblmembers->text(); }
 };
@@ -202,6 +206,30 @@ TEST_F(GroupDialog, SetmembersMovesTheSelectionOnly) {
     EXPECT_EQ(listed(), QString());
 }
 
+TEST_F(GroupDialog, NoWayOutIsSilentOnceTheStoredMembersAreDeleted) {
+    const int key = groupAppointment();
+    openGroup(key);
+    refresh(Answer::Yes);
+    clickKept("Abel, Ann");  // So that the list looks as it did at first.
+    expectQuestion(Answer::No);
+    press(dialog.get(), Qt::Key_Escape);
+    expectQuestion(Answer::No);
+    click(dialog->cmdCancel);
+    expectQuestion(Answer::No);
+    dialog->close();
+    EXPECT_TRUE(dialog->isVisible());
+    expectQuestion(Answer::Yes);
+    click(dialog->cmdCancel);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(GroupDialog, CancelAsksNothingWhereTheStoredMembersStand) {
+    openGroup(groupAppointment());
+    clickKept("Baker, Bo");
+    click(dialog->cmdCancel);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
 TEST_F(GroupDialog, AnotherDateDoesNotChangeTheMembersUntilTheyAreRefreshed) {
     Session().CurrentView = 2;
     openGroup(groupAppointment());
@@ -231,6 +259,7 @@ TEST_F(GroupDialog, ARefreshDeletesTheSavedAttendanceEvenIfTheDialogIsThenCancel
     refresh(Answer::Yes);
     EXPECT_EQ(members(key), QString());
     EXPECT_TRUE(dialog->dirty);
+    expectQuestion(Answer::Yes);
     click(dialog->cmdCancel);
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_EQ(members(key), QString());
