@@ -142,6 +142,9 @@ bool frmnore::asksForPatient() {
 bool frmnore::eventOfPatientList(const QEvent& event) {
     if (event.type() == QEvent::Show || event.type() == QEvent::Hide)
         cmdOk->setEnabled(event.type() == QEvent::Hide);
+    // What was looked for in the list is nothing of the appointment.
+    if (event.type() == QEvent::Hide)
+        txtfind->clear();
     if (event.type() != QEvent::KeyPress || !isEnter(static_cast<const QKeyEvent&>(event)))
         return false;
     for (QPushButton* button : {cmdfind, cmdnew})

@@ -37,6 +37,8 @@ void EditorDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void EditorDialog::closeEvent(QCloseEvent* event) {
+    if (isVisible())
+        takesEscape();
     if (isVisible() && !mayGiveUp())
         event->ignore();
     else

@@ -28,7 +28,8 @@ class EditorDialog : public QDialog {
     [[nodiscard]] bool mayGiveUp() const;
     /// Closes the form after a save that failed, which the user has been told.
     void closeUnsaved();
-    /// Whether Escape has closed something smaller in the form, which then stays.
+    /// Whether Escape has closed something smaller in the form, which then stays. The window's close button closes that
+    /// too, and goes on.
     virtual bool takesEscape() { return false; }
 
     void showEvent(QShowEvent* event) override;

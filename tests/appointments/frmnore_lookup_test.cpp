@@ -360,6 +360,35 @@ TEST_F(PatientLookUp, EnterInTheListsFindBoxFindsAndBooksNobody) {
     EXPECT_EQ(rowCount("appointments"), 0);
 }
 
+TEST_F(PatientLookUp, WhatWasLookedForInTheListIsNoChangeOfTheAppointment) {
+    openNew(1);
+    form->cmdpatients->click();
+    QTest::keyClicks(form->txtfind, QStringLiteral("smi"));
+    press(form->txtfind, Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible());
+    press(form->txtpatients, Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+
+    openNew(1);
+    form->cmdpatients->click();
+    QTest::keyClicks(form->txtfind, QStringLiteral("smi"));
+    form->close();
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(PatientLookUp, TheCloseButtonAsksOnceAndClosesTheListWithTheForm) {
+    typed("jon");
+    form->cmdpatients->click();
+    const QString question = QStringLiteral("Close without saving what you have changed?");
+    desk.expectBox(question, QStringLiteral("New Appointment"), Answer::No);
+    form->close();
+    EXPECT_TRUE(form->isVisible());
+    form->cmdpatients->click();
+    desk.expectBox(question, QStringLiteral("New Appointment"), Answer::Yes);
+    form->close();
+    EXPECT_FALSE(form->isVisible());
+}
+
 TEST_F(PatientLookUp, NoKeyThatIsMeantForTheListSaves) {
     typed("jon");
     form->cmdpatients->click();
