@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QLocale>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -13,6 +14,7 @@
 #include "appointments/recurrencetext.h"
 #include "appointments/seriesdates.h"
 #include "data/minutetime.h"
+#include "data/namedpatients.h"
 #include "data/pipefields.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
@@ -22,6 +24,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
+#include "session/hiddennames.h"
 #include "session/openview.h"
 #include "session/session.h"
 
@@ -55,21 +58,30 @@ QString frmRecurAppt::Subject() const {
     return tr("series of the appointment on %1").arg(ShortDateText(source_.date));
 }
 
+// A date that was decided is typed as much as a number is.
+bool frmRecurAppt::IsChanged() const {
+    return EditorDialog::IsChanged() || seriesdates->HasDecisions();
+}
+
 bool frmRecurAppt::loadSource() {
     const OpenView* view = TheOpenView();
     const std::optional<CalendarItem> item = view != nullptr ? view->SelectedItem() : std::nullopt;
     if (!item || item->ItemKey.toInt() < 1)
         return false;
-    source_ = {item->ItemKey.toInt(), item->ItemDay,      item->ItemStart, item->ItemEnd,
-               item->ItemText,        item->ItemLocation, item->ItemNote};
-    const bool military = Session().MilitaryTime;
-    lblsource->setText(
-        QStringLiteral("%1, %2 - %3")
-            .arg(source_.text, MinutesToTimeText(source_.start, military), MinutesToTimeText(source_.end, military)));
-    seriesdates->SetSource(
-        {source_.key, source_.start, source_.end, provider_.id, GetPipeField(source_.note, PatientPiece)},
-        source_.date);
+    const QString patientId = GetPipeField(item->ItemNote, PatientPiece);
+    source_ = {item->ItemKey.toInt(), item->ItemDay,  item->ItemStart,
+               item->ItemEnd,         item->ItemText, NamesPatient(item->ItemColor, !patientId.isEmpty()),
+               item->ItemLocation,    item->ItemNote};
+    FollowHiddenNames(this, [this](bool) { showSource(); });
+    seriesdates->SetSource({source_.key, source_.start, source_.end, provider_.id, patientId}, source_.date);
     return source_.date.isValid() && !source_.text.isEmpty();
+}
+
+void frmRecurAppt::showSource() {
+    const bool military = Session().MilitaryTime;
+    lblsource->setText(QStringLiteral("%1, %2 - %3")
+                           .arg(source_.namesPatient ? ShownName(source_.text) : source_.text,
+                                MinutesToTimeText(source_.start, military), MinutesToTimeText(source_.end, military)));
 }
 
 // What the appointment's own date suggests, so that the most frequent series needs no more than OK.
@@ -218,8 +230,7 @@ void frmRecurAppt::OK_Click() {
     if (!Validate())
         return;
     pattern_.patternLoaded = true;
-    createRecurApptList();
-    if (!IsUnsaved())
+    if (createRecurApptList() && !IsUnsaved())
         accept();
 }
 
@@ -233,28 +244,32 @@ void frmRecurAppt::getSampleDates() {
         const std::vector<QDate> dates = BRGetDateStream(pattern_);
         seriesdates->ShowDates(dates);
         seriesdates->Read();
-        for (const QDate date : dates)
-            sample.AddDate(QLocale::c().toString(date, format),
-                           date == source_.date ? tr("this appointment itself") : seriesdates->InTheWay(date).Text(),
-                           date != source_.date);
+        FollowHiddenNames(&sample, [&sample, this, dates, format](bool) {
+            sample.List1->clear();
+            for (const QDate date : dates)
+                sample.AddDate(
+                    QLocale::c().toString(date, format),
+                    date == source_.date ? tr("this appointment itself") : seriesdates->InTheWay(date).Text(),
+                    date != source_.date);
+        });
     }
     ShowModal(sample);
 }
 
-void frmRecurAppt::createRecurApptList() {
+bool frmRecurAppt::createRecurApptList() {
     UIGetInfo();
     const std::vector<QDate> dates = BRGetDateStream(pattern_);
     if (dates.size() <= 1) {
         MsgBox(QStringLiteral("Recurring appointment must have more than one date."), ExclamationBox,
                QStringLiteral("Solvane Scheduler"));
-        return;
+        return true;
     }
     seriesdates->ShowDates(dates);
-    seriesdates->Read();
     try {
-        SaveProviderApt(dates, askForCompanions());
+        return SaveProviderApt(dates, askForCompanions());
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error opening database. "), error);
         closeUnsaved();
+        return true;
     }
 }

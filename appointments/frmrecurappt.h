@@ -35,6 +35,7 @@ class frmRecurAppt : public EditorDialog {
     explicit frmRecurAppt(QWidget* parent = nullptr);
 
     [[nodiscard]] QString Subject() const override;
+    [[nodiscard]] bool IsChanged() const override;
 
     /// Reads the settings into the pattern; under "End After" the end date becomes the last date of the series.
     void UIGetInfo();
@@ -42,7 +43,9 @@ class frmRecurAppt : public EditorDialog {
     [[nodiscard]] bool Validate();
     /// Shows the dates, with a mark at those on which something is booked in the way.
     void getSampleDates();
-    void createRecurApptList();
+    /// Writes the series. False where nothing was written because the conflicts could not be read, so that the form
+    /// stays.
+    bool createRecurApptList();
     /// Whether the user wants a date left out, because something is booked in the way. Touching times count here, and
     /// so does every kind of row. Throws db::DatabaseError.
     [[nodiscard]] bool getconflict(QDate date) const;
@@ -83,6 +86,7 @@ class frmRecurAppt : public EditorDialog {
         int start = 0;
         int end = 0;
         QString text;
+        bool namesPatient = false;
         QString location;
         QString note;  ///< Service, note, patient id and account, joined by "|".
     };
@@ -104,6 +108,7 @@ class frmRecurAppt : public EditorDialog {
 
     // frmrecurappt.cpp
     [[nodiscard]] bool loadSource();
+    void showSource();
     void presetPattern();
     void UIComputeEndDate();
     void readPattern();
@@ -122,7 +127,7 @@ class frmRecurAppt : public EditorDialog {
     void tellMade(int made) const;
 
     // frmrecurappt_save.cpp
-    void SaveProviderApt(const std::vector<QDate>& dates, Companions companions);
+    [[nodiscard]] bool SaveProviderApt(const std::vector<QDate>& dates, Companions companions);
     [[nodiscard]] SeriesWork planFor(const db::Recordset& rows, const std::vector<QDate>& dates,
                                      Companions companions) const;
     void book(db::Recordset& rows, const SeriesWork& work);

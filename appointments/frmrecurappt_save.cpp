@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "appointments/frmrecurappt.h"
+#include "appointments/seriesdates.h"
 #include "appointments/serieswork.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
@@ -15,7 +16,7 @@ using db::Lock;
 using db::Recordset;
 using db::Sql;
 
-void frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions companions) {
+bool frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions companions) {
     const BusyPointer busy;
     Recordset rows;
     try {
@@ -23,12 +24,18 @@ void frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions c
                   Lock::Optimistic);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error opening database. "), error);
-        return closeUnsaved();
+        closeUnsaved();
+        return true;
     }
     if (rows.Eof()) {
         MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
                ExclamationBox, QStringLiteral("Error"));
-        return;
+        return true;
+    }
+    // What is in the way and could not be read would be booked into unasked.
+    if (const std::optional<db::DatabaseError> failure = seriesdates->Read()) {
+        TellError(QStringLiteral("Error checking for conflicts. Nothing has been saved. "), *failure);
+        return false;
     }
     try {
         book(rows, planFor(rows, dates, companions));
@@ -36,6 +43,7 @@ void frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions c
         TellError(QStringLiteral("Error adding appointment. "), error);
         closeUnsaved();
     }
+    return true;
 }
 
 // All that is asked is asked before the first row is written.

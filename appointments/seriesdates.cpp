@@ -14,6 +14,7 @@
 #include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 
 namespace {
@@ -30,12 +31,16 @@ SeriesDates::SeriesDates(QWidget* parent) : QWidget(parent) {
     buildControls();
     due_.setSingleShot(true);
     due_.setInterval(PauseMilliseconds);
-    connect(&due_, &QTimer::timeout, this, &SeriesDates::Read);
+    connect(&due_, &QTimer::timeout, this, [this] { Read(); });
     connect(lstdates, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* row) { decide(*row); });
     connect(lstdates, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* row) {
         lblway->setText(row != nullptr ? row->text(InTheWayColumn) : QString());
     });
     connect(cmdskip, &QPushButton::clicked, this, &SeriesDates::cmdskip_Click);
+    FollowHiddenNames(this, [this](bool) {
+        if (!dates_.empty())
+            fillRows();
+    });
 }
 
 void SeriesDates::buildControls() {
@@ -89,15 +94,17 @@ void SeriesDates::readIfNeeded() {
         due_.start();
 }
 
-void SeriesDates::Read() {
+std::optional<db::DatabaseError> SeriesDates::Read() {
     due_.stop();
     if (dates_.empty())
-        return;
+        return std::nullopt;
     try {
         obstacles_.Read(dates_.front(), std::max(dates_.back(), dates_.front().addDays(DaysAhead)));
         fillRows();
+        return std::nullopt;
     } catch (const db::DatabaseError& error) {
         lblcount->setText(tr("What stands in the way cannot be read now. %1").arg(error.description));
+        return error;
     }
 }
 

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <QTimer>
 #include <QWidget>
 #include <vector>
 
 #include "appointments/seriesobstacles.h"
 
+namespace db {
+class DatabaseError;
+}
 class QLabel;
 class QPushButton;
 class QTreeWidget;
@@ -26,13 +30,15 @@ class SeriesDates : public QWidget {
     /// What is repeated, and its own date, which is listed without a tick.
     void SetSource(const SeriesSource& source, QDate own);
     void ShowDates(const std::vector<QDate>& dates);
-    /// Reads what stands in the way of the dates anew. The reason is shown where that fails, and every date counts as
-    /// free but is asked for as if it were not.
-    void Read();
+    /// Reads what stands in the way of the dates anew. Where that fails the reason is shown and returned, and nothing
+    /// is known to be in the way of any date.
+    std::optional<db::DatabaseError> Read();
 
     enum class Plan { Own, Ask, Book, LeaveOut };
     [[nodiscard]] Plan PlanFor(QDate date) const;
     [[nodiscard]] Obstacles InTheWay(QDate date) const;
+    /// Whether the user said of any date whether it is booked.
+    [[nodiscard]] bool HasDecisions() const { return !decided_.empty(); }
     /// How many dates there are besides the appointment's own.
     [[nodiscard]] int NewDates() const;
 

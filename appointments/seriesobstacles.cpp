@@ -1,8 +1,8 @@
 #include "appointments/seriesobstacles.h"
 
 #include "appointments/overlap.h"
-#include "data/codes.h"
 #include "data/minutetime.h"
+#include "data/namedpatients.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
@@ -23,9 +23,13 @@ QString withTime(const QString& what, MinuteSpan time) {
              MinutesToTimeText(static_cast<int>(time.end), military));
 }
 
-QString shownText(const Recordset& row) {
-    const bool hidden = Session().HidePatientNames && IsPatientRow(static_cast<int>(row["ncolor"].integer()));
-    return hidden ? QObject::tr("A patient") : row["cappttext"].text();
+QString textWithoutName(const Recordset& row) {
+    const bool named = NamesPatient(static_cast<int>(row["ncolor"].integer()), !row["patientid"].text().isEmpty());
+    return named ? QObject::tr("A patient") : row["cappttext"].text();
+}
+
+QString withProvider(const QString& what, const QString& provider) {
+    return provider.isEmpty() ? what : QObject::tr("%1 with %2").arg(what, provider);
 }
 
 }  // namespace
@@ -49,8 +53,14 @@ void SeriesObstacles::Read(QDate from, QDate to) {
 }
 
 Obstacles SeriesObstacles::On(QDate date) const {
-    const auto day = days_.find(date);
-    Obstacles found = day != days_.end() ? day->second : Obstacles();
+    Obstacles found;
+    if (const auto day = days_.find(date); day != days_.end())
+        for (const Entry& entry : day->second) {
+            QStringList& lines = entry.kind == Kind::Booked      ? found.booked
+                                 : entry.kind == Kind::Elsewhere ? found.elsewhere
+                                                                 : found.room;
+            lines << (Session().HidePatientNames ? entry.textWithoutName : entry.text);
+        }
     for (const Holiday& holiday : holidays_)
         if (holiday.date == date ||
             (holiday.everyYear && holiday.date.month() == date.month() && holiday.date.day() == date.day()))
@@ -73,12 +83,12 @@ void SeriesObstacles::readRoom() {
 // Each arm has an index of its own; touching times are sorted out below, except in the provider's own schedule.
 void SeriesObstacles::readSchedules(QDate from, QDate to) {
     QString statement = Sql(
-        "Select nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, 0 As elsewhere, '' As lastname from appointments Where ClinicianId = '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {} Union All Select appointments.nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, 1 As elsewhere, '' As lastname from appointments Inner Join appointmentsevents On appointments.nkeyid = appointmentsevents.nkeyid Where appointmentsevents.clinicianid = '{}' And appointments.clinicianid <> '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {}",
+        "Select nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, patientid, 0 As elsewhere, '' As lastname from appointments Where ClinicianId = '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {} Union All Select appointments.nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, patientid, 1 As elsewhere, '' As lastname from appointments Inner Join appointmentsevents On appointments.nkeyid = appointmentsevents.nkeyid Where appointmentsevents.clinicianid = '{}' And appointments.clinicianid <> '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {}",
         source_.provider, from, to, source_.end, source_.start, source_.provider, source_.provider, from, to,
         source_.end, source_.start);
     if (!source_.patientId.isEmpty())
         statement += Sql(
-            " Union All Select nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, 1 As elsewhere, prov_lastname As lastname from appointments Left Join provider_info On provider_info.id = appointments.clinicianid Where PatientId = '{}' And clinicianid <> '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {}",
+            " Union All Select nkeyid, dapptdate, nStartTime, nEndTime, cappttext, ncolor, patientid, 1 As elsewhere, prov_lastname As lastname from appointments Left Join provider_info On provider_info.id = appointments.clinicianid Where PatientId = '{}' And clinicianid <> '{}' And dapptdate Between '{}' And '{}' And nStartTime <= {} And nEndTime >= {}",
             source_.patientId, source_.provider, from, to, source_.end, source_.start);
     const MinuteSpan proposed{static_cast<double>(source_.start), static_cast<double>(source_.end)};
     for (Recordset rows(statement, Session().Connection); !rows.Eof(); rows.MoveNext()) {
@@ -87,10 +97,9 @@ void SeriesObstacles::readSchedules(QDate from, QDate to) {
         if (rows["nkeyid"].integer() == source_.key || (elsewhere && !Overlaps(proposed, time)))
             continue;
         const QString provider = rows["lastname"].text();
-        const QString what =
-            provider.isEmpty() ? shownText(rows) : QObject::tr("%1 with %2").arg(shownText(rows), provider);
-        Obstacles& day = days_[rows["dapptdate"].date()];
-        (elsewhere ? day.elsewhere : day.booked) << withTime(what, time);
+        days_[rows["dapptdate"].date()].push_back({elsewhere ? Kind::Elsewhere : Kind::Booked,
+                                                   withTime(withProvider(rows["cappttext"].text(), provider), time),
+                                                   withTime(withProvider(textWithoutName(rows), provider), time)});
     }
 }
 
@@ -108,9 +117,12 @@ void SeriesObstacles::readBookings(QDate from, QDate to) {
         const qint64 appointment = rows["apptid"].integer();
         if (appointment == source_.key || !Overlaps(proposed, time))
             continue;
-        const QString who =
-            Session().HidePatientNames && appointment > 0 ? QObject::tr("booked") : rows["croomtext"].text();
-        days_[rows["nApptDate"].date()].room << QStringLiteral("%1: %2").arg(room_.name, withTime(who, time));
+        const QString who = rows["croomtext"].text();
+        const auto line = [&](const QString& whom) {
+            return QStringLiteral("%1: %2").arg(room_.name, withTime(whom, time));
+        };
+        days_[rows["nApptDate"].date()].push_back(
+            {Kind::Room, line(who), line(appointment > 0 ? QObject::tr("booked") : who)});
     }
 }
 

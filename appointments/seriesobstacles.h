@@ -34,8 +34,8 @@ struct SeriesSource {
 ///
 /// In the provider's own schedule every row counts, and times that only touch do, as in the question that is asked when
 /// a series is written. A shared activity that the provider attends counts too, what the patient has with others, and
-/// what the room is booked for; there times that only touch do not. Where patients' names are hidden, theirs are not
-/// told.
+/// what the room is booked for; there times that only touch do not. While patients' names are hidden, theirs are not
+/// told, also of what was read before.
 class SeriesObstacles {
   public:
     explicit SeriesObstacles(SeriesSource source) : source_(std::move(source)) {}
@@ -54,6 +54,12 @@ class SeriesObstacles {
     [[nodiscard]] Obstacles On(QDate date) const;
 
   private:
+    enum class Kind { Booked, Elsewhere, Room };
+    struct Entry {
+        Kind kind = Kind::Booked;
+        QString text;
+        QString textWithoutName;
+    };
     struct Holiday {
         QDate date;
         bool everyYear = false;
@@ -70,6 +76,6 @@ class SeriesObstacles {
     bool roomRead_ = false;
     QDate from_;
     QDate to_;
-    std::map<QDate, Obstacles> days_;
+    std::map<QDate, std::vector<Entry>> days_;
     std::vector<Holiday> holidays_;
 };

@@ -16,6 +16,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/noticebar.h"
+#include "session/hiddennames.h"
 #include "session/openview.h"
 #include "tests/appointments/appointmentfixture.h"
 
@@ -333,18 +334,89 @@ TEST_F(Recurring, ARoomThatIsTakenIsAskedForUnlessItStaysBehind) {
 }
 
 TEST_F(Recurring, NoNameIsListedWhilePatientsNamesAreHidden) {
-    Session().HidePatientNames = true;
+    SetNamesHidden(true);
+    // A status of a practice's own colour, and one without a patient's id.
     appointment({.date = day.addDays(7)});
-    run(QStringLiteral("Update appointments Set ncolor = 16711681"));
+    run(Sql("Update appointments Set ncolor = 12648447 Where dapptdate = '{}'", day.addDays(7)));
+    appointment({.patient = QString(), .date = day.addDays(14)});
+    run(Sql("Update appointments Set ncolor = 16711681 Where dapptdate = '{}'", day.addDays(14)));
+    appointment({.text = QStringLiteral("Staff Meeting"), .patient = QString(), .date = day.addDays(21)});
+    run(Sql("Update appointments Set ncolor = 16777088 Where dapptdate = '{}'", day.addDays(21)));
     const int blue = room(QStringLiteral("Blue Room"));
     booking(blue, 540, 600, QStringLiteral("Reed"), key);
     booking(blue, 540, 570, QStringLiteral("Jones, Mary"), key + 1);
     run(Sql("Update roomschedule Set nApptDate = '{}' Where apptid = {}", day.addDays(14), key + 1));
     frmRecurAppt form;
-    form.txtRecrMaxEvents->setValue(3);
+    form.show();
+    form.txtRecrMaxEvents->setValue(4);
     form.seriesdates->Read();
-    EXPECT_FALSE(listed(form).join(QLatin1Char(' ')).contains(QStringLiteral("Jones")))
-        << listed(form).join(QLatin1Char('\n')).toStdString();
+    const auto shown = [&form] {
+        QStringList texts = listed(form);
+        for (const QLabel* label : {form.lblsource, form.seriesdates->lblway})
+            texts << label->text();
+        return texts.join(QLatin1Char('\n'));
+    };
+    const QString name = QStringLiteral("Jones");
+    form.seriesdates->lstdates->setCurrentItem(form.seriesdates->lstdates->topLevelItem(1));
+    EXPECT_FALSE(shown().contains(name)) << shown().toStdString();
+    EXPECT_TRUE(shown().contains(QStringLiteral("Staff Meeting"))) << shown().toStdString();
+    // The switch is turned in front of the dialog, too.
+    SetNamesHidden(false);
+    EXPECT_EQ(shown().count(name), 5) << shown().toStdString();
+    SetNamesHidden(true);
+    EXPECT_FALSE(shown().contains(name)) << shown().toStdString();
+
+    const auto sampled = [](const QDialog& dialog) {
+        const auto& list = *static_cast<const frmslist&>(dialog).List1;
+        QStringList texts;
+        for (int row = 0; row < list.count(); ++row)
+            texts << list.item(row)->text();
+        return texts.join(QLatin1Char('\n'));
+    };
+    desk.expectForm("frmslist", [&](QDialog& dialog) {
+        EXPECT_FALSE(sampled(dialog).contains(name)) << sampled(dialog).toStdString();
+        SetNamesHidden(false);
+        EXPECT_EQ(sampled(dialog).count(name), 3) << sampled(dialog).toStdString();
+        SetNamesHidden(true);
+        EXPECT_FALSE(sampled(dialog).contains(name)) << sampled(dialog).toStdString();
+    });
+    press(form, 2);
+}
+
+TEST_F(Recurring, ADateThatWasDecidedIsNotThrownAwayUnasked) {
+    appointment({.date = day.addDays(7)});
+    frmRecurAppt form;
+    form.show();
+    form.seriesdates->Read();
+    pressSpaceOn(form, 1);
+    const QString question = QStringLiteral("Close without saving what you have changed?");
+    desk.expectBox(question, QStringLiteral("Recurrance"), Answer::No);
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    desk.expectBox(question, QStringLiteral("Recurrance"), Answer::Yes);
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(Recurring, DatesThatWereOnlyLookedAtAskNothing) {
+    appointment({.date = day.addDays(7)});
+    frmRecurAppt form;
+    form.show();
+    form.seriesdates->Read();
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(Recurring, NothingIsBookedWhereWhatIsInTheWayCannotBeRead) {
+    frmRecurAppt form;
+    form.show();
+    const QString why = DropTable(database.connection(), QStringLiteral("Holidays"));
+    desk.expectBox(QStringLiteral("Error checking for conflicts. Nothing has been saved. ") + why,
+                   QStringLiteral("Error"));
+    press(form, 0);
+    EXPECT_EQ(count(), 1);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.seriesdates->lblcount->text().endsWith(why));
 }
 
 TEST_F(Recurring, TheAttendeesOfAnActivityAreAskedFor) {
