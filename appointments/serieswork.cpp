@@ -161,7 +161,7 @@ std::vector<SeriesRow> rowsLeft(const SeriesWork& work) {
                         Session().Connection);
          !rows.Eof(); rows.MoveNext()) {
         const int start = static_cast<int>(rows["nStartTime"].integer());
-        left.push_back({static_cast<int>(rows["nkeyid"].integer()), ShortDateText(rows["dapptdate"].date()),
+        left.push_back({static_cast<int>(rows["nkeyid"].integer()), AuditDate(rows["dapptdate"].date()),
                         MinutesToTimeText(start, Session().MilitaryTime), rows["cappttext"].text(),
                         rows["Ncolor"].integer() == ncolor::Group});
     }

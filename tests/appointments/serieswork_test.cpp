@@ -14,6 +14,7 @@
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/connectiontext.h"
+#include "session/audit.h"
 #include "session/openview.h"
 #include "tests/appointments/appointmentfixture.h"
 
@@ -306,4 +307,21 @@ TEST_F(SeriesDeletion, ADeletionThatWasCutOffSaysHowManyAreGoneAndDeletesTheRest
     EXPECT_EQ(appointments() + rooms() + members(), 0);
     EXPECT_EQ(marks(), QStringList());
     EXPECT_EQ(bar.Texts(), QStringList(QStringLiteral("4 of 4 appointments of the series are deleted.")));
+}
+
+TEST_F(SeriesDeletion, TheRestIsAuditedAsTheFirstRunIs) {
+    Session().ALEnabled = true;
+    Session().DateOrder = 1;
+    const QString table = QStringLiteral("appointments");
+    const QString why =
+        refuseWhen(QStringLiteral("(Select Count(*) From appointments) < 4"), QStringLiteral("Delete"), table);
+    desk.expectBox(DeletingFailed + why, Error);
+    deleteAll();
+    allow(QStringLiteral("Delete"), table);
+    press("cmdNotice");
+    EXPECT_EQ(
+        database.number(Sql(
+            "Select Count(*) from AuditLog Where LogDescription = 'Deleted appointment - O''Brien, Anna at 9:00 AM on {}'",
+            db::Raw{AuditDate(day.addDays(7))})),
+        1);
 }
