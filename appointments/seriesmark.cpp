@@ -12,6 +12,7 @@
 
 #include "platform/database/connectiontext.h"
 #include "platform/desktop/userstore.h"
+#include "platform/files/privatefile.h"
 #include "session/session.h"
 
 namespace {
@@ -95,7 +96,7 @@ SeriesMark::SeriesMark(const QString& file, SeriesWork work)
 }
 
 std::shared_ptr<SeriesMark> SeriesMark::Begin(const SeriesWork& work) {
-    QDir().mkpath(folder());
+    files::MakePrivateFolder(folder());
     const QString name = QStringLiteral("series-%1.json").arg(QUuid::createUuid().toString(QUuid::WithoutBraces));
     std::shared_ptr<SeriesMark> mark(new SeriesMark(QDir(folder()).filePath(name), work));
     QSaveFile file(mark->file_);

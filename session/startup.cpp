@@ -78,6 +78,7 @@ bool findFiles() {
         return false;
     for (const QString& file : {session.SolvaneIni, session.SchedulerIni})
         files::KeepPrivate(file);
+    files::KeepPrivateFolder(session.IniPath);
     if (ReadIniValue(session.SchedulerIni, QStringLiteral("PrintLayout"), QStringLiteral("TitleFontBold")).isEmpty())
         AddNewIniEntries();
     return true;

@@ -1,10 +1,10 @@
 #include "platform/desktop/userstore.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 #include "platform/desktop/inifile.h"
+#include "platform/files/privatefile.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ QString ReadUserSetting(const QString& key) {
 }
 
 void WriteUserSetting(const QString& key, const QString& value) {
-    QDir().mkpath(QFileInfo(UserStoreFile()).absolutePath());
+    files::MakePrivateFolder(QFileInfo(UserStoreFile()).absolutePath());
     WriteIniValue(UserStoreFile(), Section, key, value);
 }
 

@@ -73,6 +73,16 @@ bool MakePrivateFolder(const QString& folder) {
     return QDir().mkpath(QFileInfo(path).absolutePath()) && mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0;
 }
 
+void KeepPrivateFolder(const QString& folder) {
+    const QByteArray name = QFile::encodeName(folder);
+    struct stat facts {};
+    if (stat(name.constData(), &facts) != 0 || !S_ISDIR(facts.st_mode) || facts.st_uid != geteuid() ||
+        (facts.st_mode & (S_IWGRP | S_IWOTH)) != 0 || shared().contains(QDir(folder).canonicalPath()))
+        return;
+    if ((facts.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        chmod(name.constData(), facts.st_mode & S_IRWXU);
+}
+
 QFileDevice::Permissions PermissionsIn(const QString& folder) {
     const mode_t mode = modeIn(folder);
     QFileDevice::Permissions permissions =

@@ -24,6 +24,10 @@ void KeepPrivate(const QString& file);
 /// made.
 bool MakePrivateFolder(const QString& folder);
 
+/// Takes a folder that is this user's alone from all others. One that belongs to somebody else, that others may write
+/// to, or that is shared, stays.
+void KeepPrivateFolder(const QString& folder);
+
 /// What others may do with a file of this folder.
 [[nodiscard]] QFileDevice::Permissions PermissionsIn(const QString& folder);
 

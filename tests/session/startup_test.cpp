@@ -267,3 +267,10 @@ TEST_F(StartingUp, ACompanionThatIsAwayIsToldAndTheDayIsShown) {
     EXPECT_EQ(Session().FHDatabaseId, "");
     EXPECT_EQ(window.calls.last(), "day view 1");
 }
+
+TEST_F(StartingUp, TheDataFolderIsClosedToAllOthers) {
+    const QFile::Permissions own = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    QFile::setPermissions(practice.path(), own | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther);
+    ASSERT_TRUE(start());
+    EXPECT_EQ(QFile::permissions(practice.path()) & QFile::Permissions(0x7077), own);
+}

@@ -9,6 +9,7 @@
 
 #include "platform/database/connection.h"
 #include "platform/desktop/inifile.h"
+#include "platform/desktop/userstore.h"
 
 namespace {
 
@@ -100,6 +101,32 @@ TEST_F(PrivateFiles, AFolderIsMadeForItsOwnerAlone) {
     EXPECT_EQ(mode(folder_.path()), 0755U);
     write(path("file"), 0600);
     EXPECT_FALSE(files::MakePrivateFolder(path("file/below")));
+}
+
+TEST_F(PrivateFiles, AFolderOfOneUserAloneIsClosedToAllOthers) {
+    setFolder(0755);
+    files::KeepPrivateFolder(folder_.path());
+    EXPECT_EQ(mode(folder_.path()), 0700U);
+    for (const mode_t shared : {0770, 0757}) {
+        setFolder(shared);
+        files::KeepPrivateFolder(folder_.path());
+        EXPECT_EQ(mode(folder_.path()), shared);
+    }
+    setFolder(0755);
+    files::Share(folder_.path());
+    files::KeepPrivateFolder(folder_.path());
+    EXPECT_EQ(mode(folder_.path()), 0755U);
+    write(path("file"), 0644);
+    files::KeepPrivateFolder(path("file"));
+    EXPECT_EQ(mode(path("file")), 0644U);
+}
+
+TEST_F(PrivateFiles, TheFolderOfAUsersSettingsIsMadeForThatUserAlone) {
+    SetUserStoreFile(path("config/Solvane/svwschd.ini"));
+    WriteUserSetting(QStringLiteral("key"), QStringLiteral("value"));
+    EXPECT_EQ(ReadUserSetting(QStringLiteral("key")), QStringLiteral("value"));
+    EXPECT_EQ(mode(path("config/Solvane")), 0700U);
+    SetUserStoreFile({});
 }
 
 TEST_F(PrivateFiles, AFileThatIsThereIsNotMadeAgain) {
