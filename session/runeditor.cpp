@@ -5,6 +5,7 @@
 
 #include "platform/controls/noticebar.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/opendialog.h"
 #include "session/session.h"
 
 namespace {
@@ -69,9 +70,12 @@ void afterwards(const KeptEditor& kept, const std::function<void()>& closed) {
         delete kept.form;
 }
 
+// Another form may have been opened since the click, by keys that were typed ahead; the notice then waits for its end.
 void openAgain(const KeptEditor& kept) {
     if (kept.form == nullptr)
         return;
+    if (OpenDialog::Any())
+        return keep(kept);
     const EditedRow before;
     kept.row.putBack();
     ShowModal(*kept.form);

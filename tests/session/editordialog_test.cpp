@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/controls/noticebar.h"
+#include "platform/desktop/opendialog.h"
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "tests/support/scripteddesk.h"
@@ -104,6 +105,17 @@ TEST_F(EditorDialogTest, WhatWasTakenBackAsksNothing) {
     editor.field->clear();
     QTest::keyClick(&editor, Qt::Key_Escape);
     EXPECT_FALSE(editor.isVisible());
+}
+
+TEST_F(EditorDialogTest, TheCloseButtonClosesWhatStandsOpenInTheFormAndGoesOn) {
+    SampleEditor editor;
+    editor.show();
+    editor.field->setText(QStringLiteral("typed"));
+    editor.listOpen = true;
+    desk.expectBox(Question, Title, Answer::Yes);
+    editor.close();
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_FALSE(editor.listOpen);
 }
 
 TEST_F(EditorDialogTest, EscapeFirstClosesWhatStandsOpenInTheForm) {
@@ -212,6 +224,20 @@ TEST_F(RunEditorTest, TheNoticeIsClosedOnlyByWhoWantsToLoseWhatWasTyped) {
     press("cmdCloseNotice");
     EXPECT_EQ(bar.Texts(), QStringList());
     EXPECT_EQ(window.findChild<EditorDialog*>(), nullptr);
+}
+
+TEST_F(RunEditorTest, NoEditorIsOpenedAgainInFrontOfAnotherDialog) {
+    expectSaving(QStringLiteral("refused"));
+    run();
+    {
+        const OpenDialog other;
+        press("cmdNotice");
+        EXPECT_EQ(bar.Texts(), QStringList(QStringLiteral("Not saved: sample of today")));
+    }
+    expectSaving(QStringLiteral("at last"));
+    press("cmdNotice");
+    EXPECT_EQ(shown, QStringLiteral("refused"));
+    EXPECT_EQ(bar.Texts(), QStringList());
 }
 
 TEST_F(RunEditorTest, AnEditorThatWentWithItsWindowIsNotOpenedAgain) {
