@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 
 #include "platform/controls/fieldnotice.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 
 AddressEdit::AddressEdit(int mostCharacters, int lines, QWidget* parent)
@@ -16,7 +17,7 @@ AddressEdit::AddressEdit(int mostCharacters, int lines, QWidget* parent)
 }
 
 QString AddressEdit::StoredText() const {
-    return toPlainText().trimmed().replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+    return ManyLines(toPlainText()).trimmed().replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
 }
 
 QString AddressEdit::Notice() const {

@@ -12,7 +12,8 @@ class AddressEdit : public QPlainTextEdit {
   public:
     AddressEdit(int mostCharacters, int lines, QWidget* parent);
 
-    /// As it is stored: lines end with carriage return and line feed, without blanks and empty lines around the whole.
+    /// As it is stored: lines end with carriage return and line feed, other control characters are blanks, and there
+    /// are no blanks and empty lines around the whole.
     [[nodiscard]] QString StoredText() const;
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -13,6 +13,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"
 
@@ -139,6 +140,10 @@ void w_Item::loadTask() {
     tell(QStringLiteral("Unable to load Task. Another user may have deleted this task. ") + why);
 }
 
+QString w_Item::notes() const {
+    return ManyLines(txtnotes->toPlainText());
+}
+
 int w_Item::priority() const {
     if (Option4->isChecked())
         return 4;
@@ -172,7 +177,7 @@ bool w_Item::addTask() const {
         task.Set("DateEntered", Today());
         task.Set("datedue", ctDEditComp->Date());
         task.Set("ClinicianId", Session().ProviderId);
-        task.Set("Notes", textOrNull(txtnotes->toPlainText()));
+        task.Set("Notes", textOrNull(notes()));
         task.Update();
         return true;
     } catch (const db::DatabaseError& error) {
@@ -190,7 +195,7 @@ bool w_Item::changeTask() const {
             task.Set("Priority", priority());
             task.Set("ToDo", txtTaskDesc->text());
             task.Set("datedue", ctDEditComp->Date());
-            task.Set("Notes", textOrNull(txtnotes->toPlainText()));
+            task.Set("Notes", textOrNull(notes()));
             task.Update();
             return true;
         }

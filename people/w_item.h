@@ -35,6 +35,7 @@ class w_Item : public QDialog {
     void loadTask();
     [[nodiscard]] bool isNew() const;
     [[nodiscard]] int priority() const;
+    [[nodiscard]] QString notes() const;
     void btnOK_Click();
     /// Both answer whether the task is stored.
     [[nodiscard]] bool addTask() const;

@@ -14,6 +14,7 @@
 
 #include "platform/controls/formarea.h"
 #include "platform/desktop/desktop.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 #include "session/preferences.h"
 #include "session/session.h"
@@ -225,9 +226,13 @@ std::vector<frmaopts::Preference> frmaopts::entered() const {
         {"StartTime", QString::number(start)},
         {"EndTime", QString::number(end)},
         {"ShowNonPrime", cknonprime->isChecked() ? QStringLiteral("1") : QStringLiteral("0")},
-        {Reminder, txtemail->toPlainText()},
+        {Reminder, reminderText()},
         {"AllCols", QString::number(tctcols->value()), "Scheduler"},
     };
+}
+
+QString frmaopts::reminderText() const {
+    return ManyLines(txtemail->toPlainText());
 }
 
 void frmaopts::takeOver() const {
@@ -253,7 +258,7 @@ void frmaopts::cmdOk_Click() {
             refreshView_();
         refused = !store(preference) || refused;
     }
-    Session().EmailReminderText = txtemail->toPlainText();
+    Session().EmailReminderText = reminderText();
     if (!refused) {
         accept();
         return;

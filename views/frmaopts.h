@@ -50,6 +50,8 @@ class frmaopts : public QDialog {
         std::string_view category = "SchedulerGeneral";
     };
     [[nodiscard]] std::vector<Preference> entered() const;
+    /// What stands in txtemail, without control characters.
+    [[nodiscard]] QString reminderText() const;
     /// What is entered holds for the session from now on, stored or not.
     void takeOver() const;
     /// Whether what was entered is what is stored, as far as this form knows.

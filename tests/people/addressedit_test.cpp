@@ -44,3 +44,9 @@ TEST(AddressEdit, TabLeavesTheField) {
     const AddressEdit edit(10, 2, nullptr);
     EXPECT_TRUE(edit.tabChangesFocus());
 }
+
+TEST(AddressEdit, StoresControlCharactersAsBlanks) {
+    AddressEdit edit(255, 2, nullptr);
+    edit.setPlainText("12 Elm\tSt\x01\nApt 4");
+    EXPECT_EQ(edit.StoredText(), "12 Elm St \r\nApt 4");
+}

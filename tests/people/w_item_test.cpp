@@ -147,3 +147,11 @@ TEST_F(TaskDialog, TheTwentyNinthOfFebruaryIsADateInALeapYearOnly) {
     form.btnOK->click();
     EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from ToDo Where datedue = '2028/02/29'")), 1);
 }
+
+TEST_F(TaskDialog, ControlCharactersOfANoteAreStoredAsBlanks) {
+    w_Item form;
+    form.txtTaskDesc->setText(QStringLiteral("Call"));
+    form.txtnotes->setPlainText(QStringLiteral("one\ttwo\x01three\nfour"));
+    form.btnOK->click();
+    EXPECT_EQ(database.text(QStringLiteral("Select Notes from ToDo")), QStringLiteral("one two three\nfour"));
+}

@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTest>
 
 #include "platform/database/sql.h"
 #include "session/preferences.h"
@@ -236,4 +237,12 @@ TEST_F(PreferencesForm, ADatabaseThatIsGoneIsTold) {
                    QStringLiteral("Preferences"));
     form.cmdOk->click();
     EXPECT_NE(form.result(), QDialog::Accepted);
+}
+
+TEST_F(PreferencesForm, ControlCharactersOfTheReminderAreStoredAsBlanks) {
+    frmaopts form({});
+    form.txtemail->setPlainText(QStringLiteral("See\tyou\x01\non [DATE]"));
+    form.cmdOk->click();
+    EXPECT_EQ(stored("eMailReminder"), QStringLiteral("See you \non [DATE]"));
+    EXPECT_EQ(Session().EmailReminderText, QStringLiteral("See you \non [DATE]"));
 }
