@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <QCloseEvent>
 #include <QColorDialog>
 #include <QGridLayout>
 #include <QLabel>
@@ -48,7 +49,7 @@ int StoredTypeColor(int picked) {
     return std::find(moved.begin(), moved.end(), picked) != moved.end() ? picked + 1 : picked;
 }
 
-frmapttypes::frmapttypes(QWidget* parent) : QDialog(parent) {
+frmapttypes::frmapttypes(QWidget* parent) : EditorDialog(parent) {
     setObjectName(QStringLiteral("frmapttypes"));
     setWindowTitle(QStringLiteral("Appointment Types"));
     buildForm();
@@ -166,6 +167,7 @@ void frmapttypes::openFields(int typeId, const QString& name, int color) {
     typeId_ = typeId;
     oldColor_ = color;
     txttype->setText(name);
+    oldName_ = txttype->text();
     showColor(color);
     for (QWidget* each : {static_cast<QWidget*>(txttype), static_cast<QWidget*>(PnlPickColor),
                           static_cast<QWidget*>(cmdsave), static_cast<QWidget*>(cmdcancel)})
@@ -308,5 +310,19 @@ void frmapttypes::reject() {
     if (txttype->isEnabled())
         disablebuttons();
     else
-        QDialog::reject();
+        EditorDialog::reject();
+}
+
+bool frmapttypes::IsChanged() const {
+    return txttype->isEnabled() && (txttype->text() != oldName_ || color_ != oldColor_);
+}
+
+// The window's button closes the form, and not only what is being edited in it.
+void frmapttypes::closeEvent(QCloseEvent* event) {
+    if (isVisible() && !mayGiveUp()) {
+        event->ignore();
+        return;
+    }
+    disablebuttons();
+    EditorDialog::closeEvent(event);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "session/editordialog.h"
 
 class QFrame;
 class QLabel;
@@ -15,7 +15,7 @@ class ctList;
 
 /// The appointment types and their colours. The colour of a type is its identity in appointments, so no two types may
 /// have the same, and a changed colour is changed in all of the type's appointments with it.
-class frmapttypes : public QDialog {
+class frmapttypes : public EditorDialog {
     Q_OBJECT
 
   public:
@@ -42,6 +42,11 @@ class frmapttypes : public QDialog {
 
     /// Escape first gives up what is being added or edited.
     void reject() override;
+    /// Whether what is being added or edited has another name or colour by now.
+    [[nodiscard]] bool IsChanged() const override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     static constexpr int NoColor = -1;
@@ -64,4 +69,5 @@ class frmapttypes : public QDialog {
     int typeId_ = 0;       ///< Being edited; 0: a new one.
     int color_ = NoColor;  ///< 0xBBGGRR, as it would be stored.
     int oldColor_ = NoColor;
+    QString oldName_;
 };

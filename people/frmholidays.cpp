@@ -29,7 +29,7 @@ const QString DateForm = QStringLiteral("MM/dd/yyyy");
 
 }  // namespace
 
-frmholidays::frmholidays(QWidget* parent) : QDialog(parent) {
+frmholidays::frmholidays(QWidget* parent) : EditorDialog(parent) {
     setObjectName(QStringLiteral("frmholidays"));
     setWindowTitle(QStringLiteral("Holidays"));
     buildForm();
@@ -45,6 +45,10 @@ frmholidays::frmholidays(QWidget* parent) : QDialog(parent) {
 
 QSize frmholidays::sizeHint() const {
     return {fontMetrics().averageCharWidth() * 76, fontMetrics().height() * 26};
+}
+
+bool frmholidays::IsChanged() const {
+    return !txtholiday->text().trimmed().isEmpty();
 }
 
 void frmholidays::buildForm() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "session/editordialog.h"
 
 class QCheckBox;
 class QLineEdit;
@@ -10,7 +10,7 @@ class ctList;
 
 /// The practice's holidays, the latest first: adds and removes them, each at once. One that recurs holds on its month
 /// and day of every year (one of February 29, of every leap year).
-class frmholidays : public QDialog {
+class frmholidays : public EditorDialog {
     Q_OBJECT
 
   public:
@@ -27,6 +27,8 @@ class frmholidays : public QDialog {
     QPushButton* cmdclose = nullptr;
 
     [[nodiscard]] QSize sizeHint() const override;
+    /// Whether a name was typed; a date alone makes no holiday.
+    [[nodiscard]] bool IsChanged() const override;
 
   private:
     void buildForm();

@@ -81,7 +81,7 @@ const Facts& factsOf(PracticeList list) {
 
 }  // namespace
 
-frmlocs::frmlocs(PracticeList list, QWidget* parent) : QDialog(parent), list_(list) {
+frmlocs::frmlocs(PracticeList list, QWidget* parent) : EditorDialog(parent), list_(list) {
     setObjectName(QStringLiteral("frmlocs"));
     setWindowTitle(QLatin1String(factsOf(list).title));
     buildForm();
@@ -97,6 +97,10 @@ frmlocs::frmlocs(PracticeList list, QWidget* parent) : QDialog(parent), list_(li
 
 QSize frmlocs::sizeHint() const {
     return {fontMetrics().averageCharWidth() * 62, fontMetrics().height() * 26};
+}
+
+bool frmlocs::IsChanged() const {
+    return !txtlocation->text().trimmed().isEmpty() && txtlocation->text() != offered_;
 }
 
 void frmlocs::buildForm() {
@@ -170,8 +174,10 @@ void frmlocs::loadlist() {
 
 void frmlocs::followSelection() {
     const int row = List1->SelectedRow();
-    if (row >= 0)
+    if (row >= 0) {
         txtlocation->setText(List1->ItemText(row));
+        offered_ = txtlocation->text();
+    }
     cmddelete->setEnabled(row >= 0);
     followText();
 }
@@ -192,8 +198,8 @@ int frmlocs::rowOf(const QString& name) const {
 template <class Write>
 void frmlocs::write(Write step) {
     try {
-        step();
-        txtlocation->clear();
+        if (step())
+            txtlocation->clear();
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error saving list. "), error);
     }
@@ -212,6 +218,7 @@ void frmlocs::cmdadd_Click() {
         rows.AddNew();
         rows.Set(factsOf(list_).name, name);
         rows.Update();
+        return true;
     });
 }
 
@@ -229,10 +236,11 @@ void frmlocs::cmdrename_Click() {
         if (rows.Eof()) {
             MsgBox(QStringLiteral("Error saving list. Another user may have deleted this item."), ErrorBox,
                    QStringLiteral("Error"));
-            return;
+            return false;
         }
         rows.Set(factsOf(list_).name, name);
         rows.Update();
+        return true;
     });
 }
 
@@ -243,5 +251,6 @@ void frmlocs::cmddelete_Click() {
         rows.Find(Sql(factsOf(list_).criterion, key));
         if (!rows.Eof())
             rows.Delete();
+        return true;
     });
 }

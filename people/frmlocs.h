@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "session/editordialog.h"
 
 class QLabel;
 class QLineEdit;
@@ -15,7 +15,7 @@ enum class PracticeList { Locations = 1, Rooms = 2, Events = 3, Availability = 4
 /// texts.
 ///
 /// A write that the database refuses is told, and the list shows what is stored.
-class frmlocs : public QDialog {
+class frmlocs : public EditorDialog {
     Q_OBJECT
 
   public:
@@ -30,6 +30,8 @@ class frmlocs : public QDialog {
     QPushButton* cmdclose = nullptr;
 
     [[nodiscard]] QSize sizeHint() const override;
+    /// A name that was typed, and not one that a selected entry brought.
+    [[nodiscard]] bool IsChanged() const override;
 
   private:
     void buildForm();
@@ -43,9 +45,10 @@ class frmlocs : public QDialog {
     void cmdadd_Click();
     void cmdrename_Click();
     void cmddelete_Click();
-    /// Runs a write and loads the list anew, whatever came of it.
+    /// Runs a write, which answers whether what was typed is stored, and loads the list anew, whatever came of it.
     template <class Write>
     void write(Write step);
 
     PracticeList list_;
+    QString offered_;  ///< What the entry selected last has put into the field.
 };

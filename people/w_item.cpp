@@ -37,7 +37,7 @@ Value textOrNull(const QString& text) {
 
 }  // namespace
 
-w_Item::w_Item(QWidget* parent) : QDialog(parent) {
+w_Item::w_Item(QWidget* parent) : EditorDialog(parent) {
     setObjectName(QStringLiteral("w_Item"));
     setWindowTitle(isNew() ? QStringLiteral("New To Do") : QStringLiteral("Edit To Do"));
     buildForm();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "session/editordialog.h"
 
 class QLabel;
 class QLineEdit;
@@ -12,7 +12,7 @@ class ctDEdit;
 /// One task of a provider, a new one where the session's CurrentTaskId is -1, else the one of that key. OK stores it
 /// and accepts the form; a failure is told and leaves what was typed for another attempt. The task list is the caller's
 /// to reload.
-class w_Item : public QDialog {
+class w_Item : public EditorDialog {
     Q_OBJECT
 
   public:

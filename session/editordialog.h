@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <QStringList>
 
-/// A dialog in which a row is typed and saved.
+/// A dialog in which something is typed and saved.
 ///
 /// Escape and the window's close button ask once before they throw away what was typed; a form without a change closes
 /// at once, and so does its Cancel button. A save that fails closes the form as unsaved: RunEditor then keeps it with
@@ -21,7 +21,7 @@ class EditorDialog : public QDialog {
     /// The form was closed because its save failed.
     [[nodiscard]] bool IsUnsaved() const { return unsaved_; }
     /// What is edited, in a sentence behind "Not saved: ". It names no patient.
-    [[nodiscard]] virtual QString Subject() const = 0;
+    [[nodiscard]] virtual QString Subject() const { return windowTitle(); }
 
   protected:
     /// Whether nothing would be lost by closing the form, or the user says that it may.

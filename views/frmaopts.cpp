@@ -64,7 +64,7 @@ QLabel* hint(QWidget* parent, const QString& text) {
 }  // namespace
 
 frmaopts::frmaopts(std::function<void()> refreshView, QWidget* parent)
-    : QDialog(parent), refreshView_(std::move(refreshView)) {
+    : EditorDialog(parent), refreshView_(std::move(refreshView)) {
     setObjectName(QStringLiteral("frmaopts"));
     setWindowTitle(QStringLiteral("Preferences"));
     buildForm();

@@ -2,9 +2,10 @@
 
 #include <functional>
 #include <map>
-#include <QDialog>
 #include <string_view>
 #include <vector>
+
+#include "session/editordialog.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -15,7 +16,7 @@ class QSpinBox;
 
 /// The preferences of the user logged on. OK stores those that were changed as the user's own; Cancel stores nothing. A
 /// stored hour that the lists do not offer shows as no choice and stays as it is unless another one is chosen.
-class frmaopts : public QDialog {
+class frmaopts : public EditorDialog {
     Q_OBJECT
 
   public:

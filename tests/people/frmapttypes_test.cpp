@@ -205,3 +205,31 @@ TEST_F(AppointmentTypes, ANameWithAnApostropheIsStoredAsItStands) {
     EXPECT_EQ(database.text(QStringLiteral("Select aptcategory from AptCategories Where aptcategorycolor = 65296")),
               QStringLiteral("Children's; a|b *\"x\""));
 }
+
+TEST_F(AppointmentTypes, ANameOrColorThatWasChangedIsNotThrownAwayUnasked) {
+    frmapttypes form;
+    form.show();
+    edit(form, 0);
+    QTest::keyClicks(form.txttype, QStringLiteral("First visit"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Appointment Types"),
+                   Answer::No);
+    QTest::keyClick(form.txttype, Qt::Key_Escape);
+    EXPECT_EQ(form.txttype->text(), QStringLiteral("First visit"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Appointment Types"),
+                   Answer::Yes);
+    QTest::keyClick(form.txttype, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_FALSE(form.txttype->isEnabled());
+
+    edit(form, 0);
+    pick(form, 0x445566);
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Appointment Types"),
+                   Answer::No);
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.txttype->isEnabled());
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Appointment Types"),
+                   Answer::Yes);
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+}

@@ -125,3 +125,17 @@ TEST_F(Holidays, TheTwentyNinthOfFebruaryOfAYearWithoutOneIsRefused) {
     add(form, QStringLiteral("Leap day"), QStringLiteral("2/29/2026"), true);
     EXPECT_EQ(form.ctList1->RowCount(), 0);
 }
+
+TEST_F(Holidays, ANameThatWasTypedIsNotThrownAwayUnasked) {
+    frmholidays form;
+    form.show();
+    add(form, QStringLiteral("Inventory"), QStringLiteral("3/20/2026"));
+    form.txtholiday->setText(QStringLiteral("Founders' Day"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Holidays"),
+                   Answer::No);
+    QTest::keyClick(form.txtholiday, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    form.txtholiday->clear();
+    QTest::keyClick(form.txtholiday, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}

@@ -120,6 +120,8 @@ TEST_F(PracticeLists, RenamingAnEntryThatAnotherUserDeletedTellsSo) {
                    QStringLiteral("Error"));
     form.cmdrename->click();
     EXPECT_EQ(form.List1->RowCount(), 0);
+    EXPECT_EQ(form.txtlocation->text(), QStringLiteral("Green"));
+    EXPECT_TRUE(form.cmdadd->isEnabled());
 }
 
 TEST_F(PracticeLists, NothingButBlanksCanBeAdded) {
@@ -173,4 +175,36 @@ TEST_F(PracticeLists, DeletingAnEntryThatAnotherUserDeletedTakesItOffTheList) {
     run(QStringLiteral("Delete from Rooms"));
     form.cmddelete->click();
     EXPECT_TRUE(namesOf(form).isEmpty());
+}
+
+TEST_F(PracticeLists, ANameThatWasTypedIsNotThrownAwayUnasked) {
+    run(QStringLiteral("Insert Into Rooms (Room) Values ('Blue')"));
+    frmlocs form(PracticeList::Rooms);
+    form.show();
+    form.List1->SelectRow(0);
+    type(form, QStringLiteral("Green"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Edit Rooms"),
+                   Answer::No);
+    QTest::keyClick(form.txtlocation, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Edit Rooms"),
+                   Answer::No);
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form.txtlocation->text(), QStringLiteral("Green"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Edit Rooms"),
+                   Answer::Yes);
+    QTest::keyClick(form.txtlocation, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(PracticeLists, AnEntryThatWasOnlySelectedOrAddedAsksNothing) {
+    run(QStringLiteral("Insert Into Rooms (Room) Values ('Blue')"));
+    frmlocs form(PracticeList::Rooms);
+    form.show();
+    type(form, QStringLiteral("Green"));
+    form.cmdadd->click();
+    form.List1->SelectRow(0);
+    QTest::keyClick(form.txtlocation, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
 }

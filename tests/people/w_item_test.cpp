@@ -148,6 +148,26 @@ TEST_F(TaskDialog, TheTwentyNinthOfFebruaryIsADateInALeapYearOnly) {
     EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from ToDo Where datedue = '2028/02/29'")), 1);
 }
 
+TEST_F(TaskDialog, WhatWasTypedIsNotThrownAwayUnasked) {
+    editing("ToDo, Priority, Notes", "'Call', 2, 'note'");
+    w_Item form;
+    form.show();
+    form.txtnotes->setPlainText(QStringLiteral("before noon"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Edit To Do"),
+                   Answer::No);
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Edit To Do"),
+                   Answer::Yes);
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+
+    w_Item unchanged;
+    unchanged.show();
+    QTest::keyClick(&unchanged, Qt::Key_Escape);
+    EXPECT_FALSE(unchanged.isVisible());
+}
+
 TEST_F(TaskDialog, ControlCharactersOfANoteAreStoredAsBlanks) {
     w_Item form;
     form.txtTaskDesc->setText(QStringLiteral("Call"));

@@ -239,6 +239,19 @@ TEST_F(PreferencesForm, ADatabaseThatIsGoneIsTold) {
     EXPECT_NE(form.result(), QDialog::Accepted);
 }
 
+TEST_F(PreferencesForm, WhatWasChangedIsNotThrownAwayUnasked) {
+    frmaopts form({});
+    form.show();
+    form.txtemail->setPlainText(QStringLiteral("Soon"));
+    desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Preferences"),
+                   Answer::No);
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    form.txtemail->setPlainText(QStringLiteral("See you on [DATE]"));
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
 TEST_F(PreferencesForm, ControlCharactersOfTheReminderAreStoredAsBlanks) {
     frmaopts form({});
     form.txtemail->setPlainText(QStringLiteral("See\tyou\x01\non [DATE]"));
