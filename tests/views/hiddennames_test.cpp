@@ -278,12 +278,3 @@ TEST_F(HiddenNames, ASeriesIsDeletedWithoutTellingWhose) {
     });
     command("mnuADelete").trigger();
 }
-
-TEST_F(HiddenNames, WhatIsPrintedIsHiddenAsOnTheScreen) {
-    open();
-    SetNamesHidden(true);
-    const CalendarContent& content = calendar().Content();
-    for (const CalendarItem& item : content.items)
-        EXPECT_EQ(item.ItemTextColor == TextColor::Normal, item.ItemText != "Jones, Mary")
-            << item.ItemText.toStdString();
-}

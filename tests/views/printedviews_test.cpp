@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QDialog>
 #include <QPainter>
+#include <vector>
 
 #include "data/codes.h"
 #include "platform/printing/printpreview.h"
@@ -67,6 +68,21 @@ class PrintedViews : public DayHand {
     static const printing::Paragraph& titleOf(const printing::Document& document) {
         return std::get<printing::Paragraph>(document.blocks.at(0));
     }
+    /// What is painted on each page, at a small size.
+    static std::vector<QImage> papers(const printing::Document& document) {
+        std::vector<QImage> papers;
+        for (const printing::Block& block : document.blocks) {
+            const auto* figure = std::get_if<printing::Figure>(&block);
+            if (figure == nullptr)
+                continue;
+            QImage& paper = papers.emplace_back(700, 900, QImage::Format_RGB32);
+            paper.fill(Qt::white);
+            QPainter painter(&paper);
+            figure->paint(painter, QRectF(paper.rect()));
+        }
+        return papers;
+    }
+    std::vector<QImage> papersOf(Which view) { return papers(printOf(view)); }
     static int figures(const printing::Document& document) {
         int count = 0;
         for (const printing::Block& block : document.blocks)
@@ -131,16 +147,7 @@ TEST_F(PrintedViews, TitlesHaveTheFontAndPlaceOfThePrintOptions) {
 TEST_F(PrintedViews, EveryPageIsPaintedWithWhatTheViewHolds) {
     add(anAppointment("Anna").of("P00").status(ncolor::Pending));
     for (const Which view : {Which::Day, Which::Week, Which::All}) {
-        const printing::Document document = printOf(view);
-        for (const printing::Block& block : document.blocks) {
-            const auto* figure = std::get_if<printing::Figure>(&block);
-            if (figure == nullptr)
-                continue;
-            QImage paper(700, 900, QImage::Format_RGB32);
-            paper.fill(Qt::white);
-            QPainter painter(&paper);
-            figure->paint(painter, QRectF(paper.rect()));
-            painter.end();
+        for (const QImage& paper : papersOf(view)) {
             QImage blank(paper.size(), paper.format());
             blank.fill(Qt::white);
             EXPECT_NE(paper, blank);
@@ -170,6 +177,28 @@ TEST_F(PrintedViews, VisitsThatOverlapTooOftenToBeReadAreListedBelowTheWeek) {
 
     const printing::Document day = printOf(Which::Day);
     EXPECT_FALSE(WordsOf(printing::PageLayout(day), 0).join(QLatin1Char('\n')).contains("Besides"));
+}
+
+TEST_F(PrintedViews, HiddenNamesAreNotOnThePaperWhileActivitiesAre) {
+    add(anAppointment("Anna").of("P00").at(9, 0).until(9, 50).status(ncolor::Kept));
+    add(anAppointment("Lunch").of("P00").at(12, 0).until(13, 0).status(ncolor::Activity));
+    const auto renamed = [this](const char* from, const char* to) {
+        run(QStringLiteral("Update appointments Set cappttext = '%2' Where cappttext = '%1'")
+                .arg(QLatin1String(from), QLatin1String(to)));
+    };
+    for (const Which view : {Which::Day, Which::Week, Which::All}) {
+        Session().HidePatientNames = false;
+        const std::vector<QImage> named = papersOf(view);
+        renamed("Anna", "Bert");
+        EXPECT_NE(papersOf(view), named);
+        Session().HidePatientNames = true;
+        const std::vector<QImage> hidden = papersOf(view);
+        renamed("Bert", "Anna");
+        EXPECT_EQ(papersOf(view), hidden);
+        renamed("Lunch", "Supervision");
+        EXPECT_NE(papersOf(view), hidden);
+        renamed("Supervision", "Lunch");
+    }
 }
 
 TEST_F(PrintedViews, HiddenNamesStayHiddenBelowTheWeek) {
