@@ -38,18 +38,22 @@ struct KeptEditor {
 
 void openAgain(const KeptEditor& kept);
 
-// One question, whatever becomes of the notice.
-bool mayForget(const KeptEditor& kept) {
-    return kept.form == nullptr || MsgBox(words("Throw away what was typed and not saved?"), YesNoWarningBox,
-                                          kept.form->windowTitle()) == Answer::Yes;
+bool saysToForget(const QString& title) {
+    return MsgBox(words("Throw away what was typed and not saved?"), YesNoWarningBox, title) == Answer::Yes;
+}
+
+Notice noticeOf(const QString& what, const Notice::Action& action) {
+    Notice notice;
+    notice.text = words("Not saved: %1").arg(what);
+    notice.kind = Notice::Kind::Failure;
+    notice.actions = {action};
+    return notice;
 }
 
 void keep(const KeptEditor& kept) {
-    Notice notice;
-    notice.text = words("Not saved: %1").arg(kept.form->Subject());
-    notice.kind = Notice::Kind::Failure;
-    notice.actions = {{words("Open again"), [kept] { openAgain(kept); }}};
-    notice.mayClose = [kept] { return mayForget(kept); };
+    Notice notice = noticeOf(kept.form->Subject(), {words("Open again"), [kept] { openAgain(kept); }});
+    // One question, whatever becomes of the notice.
+    notice.mayClose = [kept] { return kept.form == nullptr || saysToForget(kept.form->windowTitle()); };
     notice.dismissed = [kept] { delete kept.form; };
     if (!ShowNotice(notice))
         delete kept.form;
@@ -90,4 +94,13 @@ void RunEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>
     const KeptEditor kept{editor.release(), {}, reopened};
     ShowModal(*kept.form);
     afterwards(kept, closed);
+}
+
+void KeepTyped(const QString& what, const std::function<bool()>& tryAgain) {
+    Notice notice = noticeOf(what, {words("Try again"), [what, tryAgain] {
+                                        if (OpenDialog::Any() || !tryAgain())
+                                            KeepTyped(what, tryAgain);
+                                    }});
+    notice.mayClose = [] { return saysToForget(QStringLiteral("Solvane Scheduler")); };
+    ShowNotice(notice);
 }

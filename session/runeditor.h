@@ -13,3 +13,8 @@
 /// The editor goes with its parent, which should be the main window, or when the user closes the notice.
 void RunEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed,
                const std::function<void()>& reopened);
+
+/// Keeps what was typed elsewhere and could not be saved, which the user has been told: a notice says "Not saved: " and
+/// `what`, which names no patient, and offers to try again. `tryAgain` answers whether nothing is left to be saved; it
+/// must not need the view in which the text was typed. Without a window that shows notices what was typed is lost.
+void KeepTyped(const QString& what, const std::function<bool()>& tryAgain);

@@ -168,6 +168,8 @@ class CalendarView : public MenuView, public OpenView {
     void putBack(const QString& key);
     void tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error,
                      const QString& subject = {});
+    /// Keeps a text that was typed in place and could not be saved; `read` is the item as it was read.
+    void keepText(const CalendarItem& read, const QString& text) const;
 
     // calendarview_commands.cpp
     void bindLists();

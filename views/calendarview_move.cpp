@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
 #include "data/codes.h"
@@ -10,6 +12,7 @@
 #include "platform/desktop/localefacts.h"
 #include "session/audit.h"
 #include "session/errorbox.h"
+#include "session/runeditor.h"
 #include "session/session.h"
 #include "views/calendarview.h"
 #include "views/inplacechanges.h"
@@ -53,6 +56,62 @@ void stamp(Recordset& row) {
     row.Set("lastmodifieduid", Session().UID);
 }
 
+// Writes what was changed of an item, and the time of its room, both or neither. At the end of its rows where the
+// appointment is gone. Throws db::DatabaseError; `trouble` then says of what.
+Recordset storeInPlace(const CalendarItem& read, const CalendarItem& wanted, const ItemPainting& painted,
+                       QString& trouble) {
+    const int key = wanted.ItemKey.toInt();
+    trouble = AppointmentTrouble;
+    Recordset row = rowOf(key);
+    if (row.Eof())
+        return row;
+    const bool hasRoom = !Recordset(RoomSlotStatement(key), Session().Connection).Eof();
+    atOnce(hasRoom, [&] {
+        SetInPlaceChanges(row, read, wanted, ItemFromAppointment(row, painted));
+        stamp(row);
+        row.Update();
+        if (!hasRoom)
+            return;
+        trouble = RoomTrouble;
+        const CalendarItem saved = ItemFromAppointment(row, painted);
+        UpdateRoomTime(key, saved.ItemStart, saved.ItemEnd, saved.ItemDay, saved.ItemText);
+    });
+    return row;
+}
+
+void tellGone() {
+    MsgBox(QStringLiteral("Unable to save. Appointment not found. It may have been deleted by another user."),
+           ExclamationBox, QStringLiteral("Appointment not found"));
+}
+
+/// A text that was typed in place and could not be saved.
+struct UnsavedText {
+    CalendarItem read;
+    QString text;
+    ItemPainting painted = {false, [](const QString&) { return -1; }, false};  // Nothing is shown of it.
+
+    /// Whether nothing is left to be saved. What another desk has written in the meantime is told once, and written
+    /// over by the try after that.
+    bool Store() {
+        CalendarItem wanted = read;
+        wanted.ItemText = text;
+        QString trouble;
+        try {
+            if (storeInPlace(read, wanted, painted, trouble).Eof())
+                tellGone();
+            return true;
+        } catch (const db::DatabaseError& error) {
+            TellError(trouble, error);
+            if (error.number == db::RowChanged)
+                db::Ignoring([this] {
+                    if (const Recordset row = rowOf(read.ItemKey.toInt()); !row.Eof())
+                        read = ItemFromAppointment(row, painted);
+                });
+            return false;
+        }
+    }
+};
+
 bool isTimeOfDay(int start, int end) {
     return 0 <= start && start < end && end <= MinutesPerDay;
 }
@@ -93,30 +152,18 @@ bool CalendarView::saveappt(int index, const QString& subject) {
         return false;
     }
     const db::ReadTogether together(Session().Connection, savingStatements(item));
-    QString trouble = AppointmentTrouble;
+    QString trouble;
     try {
-        Recordset row = rowOf(key);
+        const Recordset row = storeInPlace(before.stored, item, painting(), trouble);
         if (row.Eof()) {
-            MsgBox(QStringLiteral("Unable to save. Appointment not found. It may have been deleted by another user."),
-                   ExclamationBox, QStringLiteral("Appointment not found"));
+            tellGone();
             removeItemsOf(key);
             return false;
         }
-        const ItemPainting painted = painting();
-        const bool hasRoom = !Recordset(RoomSlotStatement(key), Session().Connection).Eof();
-        atOnce(hasRoom, [&] {
-            SetInPlaceChanges(row, before.stored, item, ItemFromAppointment(row, painted));
-            stamp(row);
-            row.Update();
-            if (!hasRoom)
-                return;
-            trouble = RoomTrouble;
-            const CalendarItem saved = ItemFromAppointment(row, painted);
-            UpdateRoomTime(key, saved.ItemStart, saved.ItemEnd, saved.ItemDay, saved.ItemText);
-        });
         showRow(row);
     } catch (const db::DatabaseError& error) {
         tellUnsaved(item.ItemKey, trouble, error, subject);
+        keepText(before.stored, item.ItemText);
         return false;
     }
     if (!subject.isEmpty())
@@ -235,4 +282,18 @@ void CalendarView::tellUnsaved(const QString& key, const QString& trouble, const
         TellInBar(subject, error);
     if (changedElsewhere)
         Reload();
+}
+
+// The view may be another one when the user tries again.
+void CalendarView::keepText(const CalendarItem& read, const QString& text) const {
+    if (text == read.ItemText)
+        return;
+    const auto unsaved = std::make_shared<UnsavedText>(UnsavedText{read, text});
+    const QDate date = read.ItemDay.isValid() ? read.ItemDay : main_.Date();
+    KeepTyped(tr("the text of the appointment on %1 at %2").arg(ShortDateText(date), timeText(read.ItemStart)),
+              [&main = main_, unsaved] {
+                  const bool settled = unsaved->Store();
+                  main.cycledate(2);
+                  return settled;
+              });
 }

@@ -85,6 +85,8 @@ class frmrooms : public MenuView {
     void typeMeeting(const QString& text);
     void moveMeeting(int item);
     void save(int item, const RoomMeeting& wanted);
+    /// Keeps a meeting whose text was typed in place and could not be saved.
+    void keepMeeting(const RoomMeeting& read, const RoomMeeting& wanted) const;
     void showDialog(const RoomMeeting& meeting);
     void popup(int item, const QPoint& place);
     [[nodiscard]] QString goTo(const FoundBooking& booking);

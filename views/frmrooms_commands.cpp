@@ -1,3 +1,4 @@
+#include <memory>
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
@@ -27,6 +28,47 @@ constexpr int DayFirst = 1;  ///< Of the session's DateOrder.
 bool mayWrite() {
     return Session().ScreenAccess >= 2;
 }
+
+void tellUnsaved(const db::DatabaseError& error) {
+    TellError(QStringLiteral("Error saving room schedule. "), error);
+}
+
+void tellGone() {
+    MsgBox(QStringLiteral("Error saving. Another user may have deleted this assignment."), ErrorBox,
+           QStringLiteral("Error"));
+}
+
+/// A meeting that was typed in place and could not be saved; a new one has no key.
+struct UnsavedMeeting {
+    RoomMeeting read;
+    RoomMeeting wanted;
+
+    /// Whether nothing is left to be saved. What another desk has written in the meantime is told once, and written
+    /// over by the try after that.
+    bool Store() {
+        try {
+            if (read.key == 0)
+                AddMeeting(wanted);
+            else if (!SaveMeeting(read, wanted))
+                tellGone();
+            return true;
+        } catch (const db::DatabaseError& error) {
+            tellUnsaved(error);
+            if (error.number == db::RowChanged)
+                db::Ignoring([this] { readAgain(); });
+            return false;
+        }
+    }
+
+  private:
+    void readAgain() {
+        if (const std::optional<RoomMeeting> stored = StoredMeeting(read.key)) {
+            const QString text = wanted.text;
+            read = wanted = *stored;
+            wanted.text = text;
+        }
+    }
+};
 
 }  // namespace
 
@@ -175,7 +217,10 @@ void frmrooms::typeMeeting(const QString& text) {
     try {
         meeting.key = AddMeeting(meeting);
     } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error saving room schedule. "), error);
+        tellUnsaved(error);
+        RoomMeeting wanted = meeting;
+        wanted.text = text;
+        keepMeeting(meeting, wanted);
         return;
     }
     const int index = ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, QString::number(meeting.key));
@@ -217,16 +262,29 @@ void frmrooms::save(int index, const RoomMeeting& wanted) {
             showMeeting(index, wanted);
             return;
         }
-        MsgBox(QStringLiteral("Error saving. Another user may have deleted this assignment."), ErrorBox,
-               QStringLiteral("Error"));
+        tellGone();
         ctDays1->RemoveItem(index);
         rows_.remove(QString::number(before.key));
     } catch (const db::DatabaseError& error) {
         showMeeting(index, before);
-        TellError(QStringLiteral("Error saving room schedule. "), error);
+        tellUnsaved(error);
+        if (wanted.text != before.text)
+            keepMeeting(before, wanted);
         if (error.number == db::RowChanged)
             LoadRooms();
     }
+}
+
+// The view may be another one when the user tries again.
+void frmrooms::keepMeeting(const RoomMeeting& read, const RoomMeeting& wanted) const {
+    const auto unsaved = std::make_shared<UnsavedMeeting>(UnsavedMeeting{read, wanted});
+    KeepTyped(tr("the meeting on %1 at %2")
+                  .arg(ShortDateText(wanted.date), MinutesToTimeText(wanted.start, Session().MilitaryTime)),
+              [&main = main(), unsaved] {
+                  const bool settled = unsaved->Store();
+                  main.cycledate(2);
+                  return settled;
+              });
 }
 
 void frmrooms::popup(int item, const QPoint& place) {

@@ -73,3 +73,8 @@ bool SaveMeeting(const RoomMeeting& before, const RoomMeeting& wanted) {
     row.Update();
     return true;
 }
+
+std::optional<RoomMeeting> StoredMeeting(int key) {
+    const Recordset row(Sql("Select * from roomschedule Where nKeyId = {}", key), Session().Connection);
+    return row.Eof() ? std::nullopt : std::optional(MeetingOf(row));
+}

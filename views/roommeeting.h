@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <QDate>
 #include <QString>
 
@@ -27,3 +28,5 @@ int AddMeeting(const RoomMeeting& meeting);
 /// text is stored with its first 100 characters, the note with its first 200. False where the row is gone. Throws
 /// DatabaseError, RowChangedError among them where another desk changed the same thing differently.
 [[nodiscard]] bool SaveMeeting(const RoomMeeting& before, const RoomMeeting& wanted);
+/// The row as it is stored now; none where it is gone. Throws DatabaseError.
+[[nodiscard]] std::optional<RoomMeeting> StoredMeeting(int key);

@@ -255,6 +255,34 @@ TEST_F(DayText, ARefusedUpdateIsToldAndTheTextComesBack) {
     EXPECT_EQ(info().first(), "Appointment;Meeting");
 }
 
+TEST_F(DayText, ATextThatCannotBeStoredIsKeptForAnotherTry) {
+    const qint64 key = add(anEvent("Meeting"));
+    openByHand();
+    NoticeBar bar;
+    const QString trouble = "Error saving appointment. ";
+    desk.expectBox(trouble + database_.refuse("Update", "appointments"), "Error");
+    type("Meeting", QStringLiteral("Team"));
+    const QStringList kept{QStringLiteral("Not saved: the text of the appointment on 3/11/2026 at 9:00 AM")};
+    EXPECT_EQ(bar.Texts(), kept);
+    EXPECT_FALSE(kept.front().contains("Team"));
+    desk.expectBox(QStringLiteral("Throw away what was typed and not saved?"), QStringLiteral("Solvane Scheduler"),
+                   Answer::No);
+    EXPECT_FALSE(bar.MayLeave());
+
+    // Another view may be open by then.
+    database_.allow("Update", "appointments");
+    view_.reset();
+    otherDeskSets(key, QStringLiteral("cappttext = 'Board'"));
+    desk.expectBox(QLatin1String(changedByOthers), "Error");
+    takeNotice(bar);
+    EXPECT_EQ(stored(key, "cappttext"), "Board");
+    EXPECT_EQ(bar.Texts(), kept);
+    takeNotice(bar);
+    EXPECT_EQ(stored(key, "cappttext"), "Team");
+    EXPECT_EQ(bar.Texts(), QStringList());
+    EXPECT_TRUE(main.asked.contains("cycledate 2"));
+}
+
 TEST_F(DayText, ARoomThatCannotTakeTheTextIsToldAndTheAppointmentKeepsItsOwn) {
     const qint64 key = add(anEvent("Meeting"));
     run(QStringLiteral("Insert Into roomschedule (apptid, croomid, nStartTime) Values(%1, 3, 100)").arg(key));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -9,6 +10,7 @@
 #include <QTest>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/controls/noticebar.h"
 #include "session/session.h"
 #include "tests/support/scripteddesk.h"
 #include "tests/support/testdatabase.h"
@@ -105,6 +107,14 @@ class PracticeFixture : public testing::Test {
         beginTyping(item, text);
         if (editor() != nullptr)
             QTest::keyClick(editor(), Qt::Key_Return);
+        settle();
+    }
+
+    /// Presses the first button of the newest notice.
+    static void takeNotice(const NoticeBar& bar) {
+        auto* button = bar.findChild<QAbstractButton*>(QStringLiteral("cmdNotice"));
+        ASSERT_NE(button, nullptr);
+        button->click();
         settle();
     }
 

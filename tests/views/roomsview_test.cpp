@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "platform/controls/ctlist.h"
+#include "platform/controls/noticebar.h"
 #include "tests/views/roomsfixture.h"
 #include "views/frmroomappt.h"
 
@@ -134,9 +135,43 @@ TEST_F(RoomScheduler, AMeetingThatCannotBeStoredIsToldAndNotShown) {
     chooseTime(600, 660);
     const QString reason = database_.refuse(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
     desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
+    NoticeBar bar;
     QTest::keyClick(&calendar(), 'x');
     settle();
     EXPECT_EQ(calendar().ItemCount(), 0);
+
+    // What was typed waits in the bar, through as many tries as it takes.
+    const QStringList kept{QStringLiteral("Not saved: the meeting on 3/11/2026 at 10:00 AM")};
+    EXPECT_EQ(bar.Texts(), kept);
+    desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
+    takeNotice(bar);
+    EXPECT_EQ(bar.Texts(), kept);
+    database_.allow(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
+    takeNotice(bar);
+    EXPECT_EQ(bar.Texts(), QStringList());
+    EXPECT_EQ(database_.text(QStringLiteral("Select croomtext from roomschedule Where nStartTime = 600")), "x");
+}
+
+TEST_F(RoomScheduler, ATextThatCannotBeStoredIsKeptForAnotherTry) {
+    const int key = book("Meeting");
+    open();
+    NoticeBar bar;
+    const QString reason = database_.refuse(QStringLiteral("Update"), QStringLiteral("roomschedule"));
+    desk.expectBox(QStringLiteral("Error saving room schedule. ") + reason, QStringLiteral("Error"));
+    type("Meeting", QStringLiteral("Supervision"));
+    EXPECT_EQ(item("Meeting").ItemStart, 540);
+    EXPECT_EQ(bar.Texts(), QStringList{QStringLiteral("Not saved: the meeting on 3/11/2026 at 9:00 AM")});
+    database_.allow(QStringLiteral("Update"), QStringLiteral("roomschedule"));
+
+    // What another desk has written meanwhile is told before it is written over.
+    otherDesk(QStringLiteral("Update roomschedule Set croomtext = 'Board' Where nKeyId = %1").arg(key));
+    const QString changed = db::RowChangedError().description;
+    desk.expectBox(QStringLiteral("Error saving room schedule. ") + changed, QStringLiteral("Error"));
+    takeNotice(bar);
+    EXPECT_EQ(stored(key, "croomtext"), "Board");
+    takeNotice(bar);
+    EXPECT_EQ(stored(key, "croomtext"), "Supervision");
+    EXPECT_EQ(bar.Texts(), QStringList());
 }
 
 TEST_F(RoomScheduler, AMeetingTypedInTheGridIsOnTheShownDateAndOneOfTheDialogOnTheCalendarsDate) {
