@@ -198,8 +198,10 @@ int frmlocs::rowOf(const QString& name) const {
 template <class Write>
 void frmlocs::write(Write step) {
     try {
-        if (step())
+        if (step()) {
             txtlocation->clear();
+            offered_.clear();
+        }
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error saving list. "), error);
     }
