@@ -16,7 +16,7 @@ UnreadNotice::UnreadNotice(QWidget& covered, QWidget& host)
       covered_(covered),
       lblUnread_(new QLabel(tr("This could not be read. It does not mean that nothing is booked."), this)),
       lblWhy_(new QLabel(this)),
-      cmdTryAgain_(FormButton(tr("&Try again"), "cmdTryAgain", this)) {
+      cmdTryAgain_(FormButton(tr("Tr&y again"), "cmdTryAgain", this)) {
     setObjectName(QStringLiteral("unread"));
     hide();
     lblUnread_->setObjectName(QStringLiteral("lblUnread"));

@@ -220,8 +220,8 @@ TEST_F(ClientExport, AFailingPairIsToldAndLeavesNoClientThatASecondExportWouldDo
 TEST_F(ClientExport, WhatTheCompanionHasNoRoomForIsToldAndNothingIsHalfWritten) {
     ExportedPatient patient = smith();
     patient.middleInitial = QString(11, 'x');
-    const QString why =
-        FailureOf(companion.connection(), db::Sql("Update Clients Set ClntMiddleInitial = '{}'", patient.middleInitial));
+    const QString why = FailureOf(companion.connection(),
+                                  db::Sql("Update Clients Set ClntMiddleInitial = '{}'", patient.middleInitial));
     desk.expectBox(CannotExport + why, "Error");
     EXPECT_FALSE(send(patient));
     EXPECT_EQ(clients(), 0);
