@@ -92,7 +92,7 @@ TEST_F(DayDelete, WhoseActivityCannotBeLookedUpIsToldBeforeAnyQuestion) {
     add(anAppointment("Anna"));
     open();
     select("Anna");
-    const QString why = DropTable(database_.connection(), QStringLiteral("AppointmentsEvents"));
+    const QString why = DropTable(Session().Connection, QStringLiteral("AppointmentsEvents"));
 
     desk.expectBox(QStringLiteral("Error deleting appointment. ") + why, QStringLiteral("Error"));
     deleteSelected();
