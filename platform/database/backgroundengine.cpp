@@ -21,12 +21,10 @@ constexpr int cancelMilliseconds = 4'000;
 
 /// What the two threads share. It belongs to both, so that a thread that never gets its answer can be left to itself.
 struct Shared {
-    explicit Shared(std::unique_ptr<CancellableEngine> of) : engine(std::move(of)) {}
-
     std::mutex mutex;
     std::condition_variable changed;
-    std::unique_ptr<CancellableEngine> engine;
-    std::function<void()> job;  ///< Empty while the engine has nothing to do.
+    std::unique_ptr<CancellableEngine> engine;  ///< None before it is made.
+    std::function<void()> job;                  ///< Empty while the engine has nothing to do.
     bool ending = false;
 };
 
@@ -54,9 +52,10 @@ bool isLockTimeout(const DatabaseError& error) {
 
 class BackgroundEngine final : public Engine {
   public:
-    explicit BackgroundEngine(std::unique_ptr<CancellableEngine> engine)
-        : shared_(std::make_shared<Shared>(std::move(engine))), thread_([shared = shared_] { serve(shared); }) {}
+    BackgroundEngine() : thread_([shared = shared_] { serve(shared); }) {}
     ~BackgroundEngine() override;
+
+    void make(const std::function<std::unique_ptr<CancellableEngine>()>& engine);
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override {
         return answerOf<qint64>([=](Engine& engine) { return engine.execute(statement, bound); });
@@ -109,7 +108,7 @@ class BackgroundEngine final : public Engine {
     /// False when the user gave up.
     bool wait(const QElapsedTimer& since, ShownWait& shown);
 
-    std::shared_ptr<Shared> shared_;
+    std::shared_ptr<Shared> shared_ = std::make_shared<Shared>();
     std::thread thread_;
     bool begun_ = false;
     bool leftAlone_ = false;
@@ -125,6 +124,25 @@ BackgroundEngine::~BackgroundEngine() {
         thread_.detach();
     else
         thread_.join();
+}
+
+void BackgroundEngine::make(const std::function<std::unique_ptr<CancellableEngine>()>& engine) {
+    QElapsedTimer since;
+    since.start();
+    ShownWait shown;
+    auto outcome = std::make_shared<Outcome<std::unique_ptr<CancellableEngine>>>();
+    start([outcome, engine] {
+        try {
+            outcome->answer = engine();
+        } catch (...) {
+            outcome->failure = std::current_exception();
+        }
+    });
+    if (!wait(since, shown))
+        throw GivenUpError(false);
+    if (outcome->failure)
+        std::rethrow_exception(outcome->failure);
+    shared_->engine = std::move(outcome->answer);
 }
 
 // The server waits for a lock in short pieces, after each of which it is certain that nothing was done: so a wait can
@@ -190,15 +208,19 @@ bool BackgroundEngine::wait(const QElapsedTimer& since, ShownWait& shown) {
     while (shown.goesOn(since.elapsed()))
         if (answersWithin(betweenLooks))
             return true;
-    shared_->engine->cancel();
-    leftAlone_ = !answersWithin(milliseconds(cancelMilliseconds));
+    // Nobody can interrupt a login.
+    if (shared_->engine)
+        shared_->engine->cancel();
+    leftAlone_ = !shared_->engine || !answersWithin(milliseconds(cancelMilliseconds));
     return false;
 }
 
 }  // namespace
 
-std::unique_ptr<Engine> InBackground(std::unique_ptr<CancellableEngine> engine) {
-    return std::make_unique<BackgroundEngine>(std::move(engine));
+std::unique_ptr<Engine> InBackground(const std::function<std::unique_ptr<CancellableEngine>()>& make) {
+    auto engine = std::make_unique<BackgroundEngine>();
+    engine->make(make);
+    return engine;
 }
 
 }  // namespace db

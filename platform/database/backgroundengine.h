@@ -14,11 +14,12 @@ class CancellableEngine : public Engine {
     virtual void cancel() = 0;
 };
 
-/// An engine on a thread of its own, so that the one who waits for it can be shown that, and can give up.
+/// An engine on a thread of its own, on which `make` makes it, so that the one who waits for it or for its login can be
+/// shown that, and can give up.
 ///
 /// A call returns when the engine has answered. A wait that has become long is shown by ShowWaiting(); once the user
 /// gives up, the engine is asked to cancel, which throws GivenUp. An engine that does not even answer that is left to
 /// itself: the link then counts as cut.
-std::unique_ptr<Engine> InBackground(std::unique_ptr<CancellableEngine> engine);
+std::unique_ptr<Engine> InBackground(const std::function<std::unique_ptr<CancellableEngine>()>& make);
 
 }  // namespace db

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <limits>
 #include <QLoggingCategory>
 #include <QScopedValueRollback>
 #include <utility>
@@ -112,6 +113,10 @@ void Connection::openAnew() {
     constexpr qint64 noticeable = 500;
     if (refusal_ && sinceRefusal_.elapsed() < refusedFor_)
         throw DatabaseError(*refusal_);
+    // While the login waits, whatever else happens in the program must not begin another one.
+    refusal_ = DatabaseError(3711, QStringLiteral("Operation cannot be performed while connecting asynchronously."));
+    refusedFor_ = std::numeric_limits<qint64>::max();
+    sinceRefusal_.start();
     QElapsedTimer took;
     took.start();
     try {

@@ -302,7 +302,7 @@ void OdbcEngine::check(SQLRETURN result) const {
 }
 
 std::unique_ptr<Engine> OpenOdbc(const QString& odbcText) {
-    return InBackground(std::make_unique<OdbcEngine>(odbcText));
+    return InBackground([odbcText] { return std::make_unique<OdbcEngine>(odbcText); });
 }
 
 }  // namespace db

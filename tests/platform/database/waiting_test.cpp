@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
 #include <memory>
 #include <QElapsedTimer>
 #include <utility>
@@ -60,6 +63,31 @@ class Onlooker {
 
     int givesUpAfter_;
     QElapsedTimer since_;
+};
+
+/// A port of this computer at which calls are taken and nobody speaks.
+class SilentPort {
+  public:
+    SilentPort() : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof(address);
+        auto* place = reinterpret_cast<sockaddr*>(&address);
+        EXPECT_EQ(::bind(socket_, place, length), 0);
+        EXPECT_EQ(::listen(socket_, 4), 0);
+        EXPECT_EQ(::getsockname(socket_, place, &length), 0);
+        number_ = ntohs(address.sin_port);
+    }
+    ~SilentPort() { ::close(socket_); }
+    SilentPort(const SilentPort&) = delete;
+    SilentPort& operator=(const SilentPort&) = delete;
+
+    [[nodiscard]] int number() const { return number_; }
+
+  private:
+    int socket_;
+    int number_ = 0;
 };
 
 }  // namespace
@@ -159,4 +187,24 @@ TEST(Waiting, AServerThatNeverAnswersIsLeftAloneAndTheNextStatementHasANewLink) 
     server->cutAll();
     EXPECT_EQ(connection.Execute("Update t Set a = 2"), 1);
     EXPECT_EQ(server->logins(), 2);
+}
+
+TEST(Waiting, ALoginThatNobodyAnswersIsShownAndCanBeGivenUp) {
+    const SilentPort silent;
+    Connection connection;
+    const Onlooker onlooker(100);
+    QElapsedTimer took;
+    took.start();
+    const auto error = FailureOf([&] {
+        connection.Open(db::SqlServerText(
+            db::ParseConnectionText(
+                QStringLiteral("Data Source=127.0.0.1,%1;Initial Catalog=Solvane;User Id=SVMaster;Password=x;")
+                    .arg(silent.number())),
+            {QStringLiteral("FreeTDS")}));
+    });
+    EXPECT_EQ(error.number, db::GivenUp) << error.what();
+    EXPECT_TRUE(error.description.contains("Nothing of it was saved")) << error.what();
+    EXPECT_EQ(onlooker.shown, 1);
+    EXPECT_LT(took.elapsed(), 4'000) << "The server may take five seconds.";
+    EXPECT_FALSE(connection.IsOpen());
 }
