@@ -346,6 +346,17 @@ TEST_F(PatientLookUp, APartOfANameIsFoundOnTheList) {
     form->cmdfind->click();
 }
 
+TEST_F(PatientLookUp, EnterOnTheListsFindButtonFindsAndBooksNobody) {
+    typed("jon");
+    form->cmdpatients->click();
+    form->txtfind->setText(QStringLiteral("smi"));
+    form->cmdfind->setFocus();
+    press(form->cmdfind, Qt::Key_Return);
+    EXPECT_EQ(form->ctList1->Cell(form->ctList1->SelectedRow(), 1), QStringLiteral("Smith, Zed"));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(rowCount("appointments"), 0);
+}
+
 TEST_F(PatientLookUp, EnterInTheListsFindBoxFindsAndBooksNobody) {
     typed("jon");
     form->cmdpatients->click();

@@ -69,3 +69,9 @@ TEST_F(FormStateTest, WhereTheFocusOrTheSelectedRowIsDoesNotCount) {
     line->selectAll();
     EXPECT_FALSE(differs());
 }
+
+TEST_F(FormStateTest, WhatPopsUpOverTheFormDoesNotCount) {
+    QWidget popup(&form, Qt::Popup);
+    QLineEdit inPopup(QStringLiteral("2026"), &popup);
+    EXPECT_FALSE(differs());
+}
