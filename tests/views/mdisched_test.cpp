@@ -1,21 +1,16 @@
 #include "views/mdisched.h"
 
-#include <algorithm>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QSplitter>
 #include <QTest>
 
 #include "people/frmsltpv.h"
 #include "platform/controls/ctlist.h"
-#include "platform/controls/noticebar.h"
 #include "platform/desktop/forms.h"
-#include "tests/support/testdatabase.h"
 #include "tests/views/mainwindowfixture.h"
 
 namespace {
@@ -528,149 +523,6 @@ TEST_F(MainWindowTest, AWindowOfAFixedSizeLeavesTheRememberedPlaceAlone) {
     EXPECT_EQ(window->size(), QSize(1000, 650));
     window->close();
     EXPECT_EQ(ReadUserSetting(QStringLiteral("mdisched")), QStringLiteral("5,5,700,500,0"));
-}
-
-TEST_F(MainWindowTest, EveryViewAndCommandHasItsKey) {
-    Session().FHDatabaseId = QStringLiteral("FH1");
-    start();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    QTest::keyClick(window.get(), Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(Session().CurrentView, 2);
-    QTest::keyClick(window.get(), Qt::Key_1, Qt::ControlModifier);
-    EXPECT_EQ(Session().CurrentView, 1);
-    QTest::keyClick(window.get(), Qt::Key_Right, Qt::AltModifier);
-    EXPECT_EQ(window->Date(), Wednesday.addDays(1));
-    QTest::keyClick(window.get(), Qt::Key_Left, Qt::AltModifier);
-    EXPECT_EQ(window->Date(), Wednesday);
-    QTest::keyClick(window.get(), Qt::Key_H, Qt::ControlModifier);
-    EXPECT_TRUE(Session().HidePatientNames);
-    QTest::keyClick(window.get(), Qt::Key_F9);
-    EXPECT_FALSE(window->TaskPaneShown());
-    window->SetDate(Wednesday.addDays(9));
-    QTest::keyClick(window.get(), Qt::Key_T, Qt::ControlModifier);
-    EXPECT_EQ(window->Date(), Wednesday);
-    events();
-    QTest::keyClick(window.get(), Qt::Key_F5);
-    EXPECT_EQ(events(), QStringList{QStringLiteral("reload 1")});
-}
-
-TEST_F(MainWindowTest, AMenuItemOnOneOfTheWindowsKeysTakesItOver) {
-    log.menuKey = QStringLiteral("Ctrl+N");
-    start();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
-    EXPECT_EQ(Session().CurrentView, 2);
-    EXPECT_FALSE(log.events.contains(QStringLiteral("add 1")));
-}
-
-TEST_F(MainWindowTest, F6GoesRoundThePanes) {
-    start();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    window->View()->setFocus();
-    QTest::keyClick(window.get(), Qt::Key_F6);
-    EXPECT_TRUE(button("pnlsched").hasFocus());
-    QTest::keyClick(window.get(), Qt::Key_F6);
-    EXPECT_TRUE(button("cmdtoday").hasFocus());
-    QTest::keyClick(window.get(), Qt::Key_F6);
-    EXPECT_TRUE(calendar().hasFocus());
-    QTest::keyClick(window.get(), Qt::Key_F6);
-    EXPECT_TRUE(window->View()->hasFocus());
-    QTest::keyClick(window.get(), Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_TRUE(calendar().hasFocus());
-}
-
-TEST_F(MainWindowTest, ANoticeStandsBetweenTitleAndViewAndStaysWhenTheViewIsChanged) {
-    start();
-    const int before = window->View()->mapTo(window.get(), QPoint(0, 0)).y();
-    ShowNotice({QStringLiteral("The database is locked.")});
-    QApplication::processEvents();
-    auto& bar = the<NoticeBar>("noticebar");
-    EXPECT_GE(bar.mapTo(window.get(), QPoint(0, 0)).y(), the<QLabel>("pnltitle").mapTo(window.get(), QPoint(0, 0)).y());
-    EXPECT_EQ(window->View()->mapTo(window.get(), QPoint(0, 0)).y(), before + bar.height());
-    window->changeview(1);
-    EXPECT_TRUE(bar.isVisible());
-}
-
-TEST_F(MainWindowTest, AReplacedDatabaseIsOpenedAgainFromTheBarAndTheViewReadAnew) {
-    TestDatabase database;
-    if (database.isOnServer())
-        GTEST_SKIP() << "A server's database has no file here.";
-    start();
-    Session().Connection.Open(database.connectionText());
-    const auto passedOver = [] { return !db::Ignoring([] { Session().Connection.Execute("Delete from todo"); }); };
-    const auto openAgain = [this] {
-        the<NoticeBar>("noticebar").FocusTarget()->setFocus();
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-        QApplication::processEvents();
-    };
-    ASSERT_TRUE(QFile::rename(database.file(), database.file() + ".away"));
-    EXPECT_TRUE(passedOver());
-    EXPECT_EQ(
-        the<NoticeBar>("noticebar").Texts(),
-        QStringList{
-            "The file of the database \"test\" was moved, deleted or replaced while it was open. Nothing is saved until it is opened again."});
-
-    QApplication::processEvents();
-    events();
-    openAgain();
-    EXPECT_EQ(the<NoticeBar>("noticebar").Texts(),
-              QStringList{"Cannot open database \"test\" requested by the login. The login failed."});
-    EXPECT_TRUE(passedOver());
-
-    ASSERT_TRUE(QFile::rename(database.file() + ".away", database.file()));
-    EXPECT_TRUE(passedOver());
-    QApplication::processEvents();
-    events();
-    openAgain();
-    EXPECT_TRUE(the<NoticeBar>("noticebar").Texts().isEmpty());
-    EXPECT_EQ(events(), QStringList{"reload 1"});
-    EXPECT_FALSE(passedOver());
-}
-
-TEST_F(MainWindowTest, AProgramThatHoldsWhatCouldNotBeSavedAsksBeforeItEnds) {
-    start();
-    bool mayGo = false;
-    Notice notice;
-    notice.text = QStringLiteral("Not saved: appointment");
-    notice.mayClose = [&] { return mayGo; };
-    ShowNotice(notice);
-    EXPECT_FALSE(window->close());
-    EXPECT_TRUE(window->isVisible());
-    mayGo = true;
-    EXPECT_TRUE(window->close());
-}
-
-TEST_F(MainWindowTest, F6ReachesTheNoticesAndEscapeGivesTheFocusBackToTheView) {
-    start();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    ShowNotice({QStringLiteral("The database is locked.")});
-    window->View()->setFocus();
-    QTest::keyClick(window.get(), Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_TRUE(the<NoticeBar>("noticebar").isAncestorOf(QApplication::focusWidget()));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    EXPECT_TRUE(window->View()->hasFocus());
-}
-
-TEST_F(MainWindowTest, TabGoesWhereTheEyeGoes) {
-    start();
-    window->changeview(1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    const std::vector<QWidget*> order{&button("cmdtoday"), &button("cmdday"),
-                                      &calendar(),         pane().Item(QStringLiteral("DAY")),
-                                      window->View(),      &button("pnlsched")};
-    std::vector<QWidget*> found;
-    QWidget* const first = order.front();
-    QWidget* next = first;
-    do {
-        if (std::find(order.begin(), order.end(), next) != order.end())
-            found.push_back(next);
-        next = next->nextInFocusChain();
-    } while (next != first);
-    EXPECT_EQ(found, order);
 }
 
 TEST_F(MainWindowTest, AMissingHelpFileIsTold) {
