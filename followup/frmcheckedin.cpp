@@ -23,6 +23,7 @@
 #include "platform/theme/theme.h"
 #include "session/formposition.h"
 #include "session/hiddennames.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -34,7 +35,6 @@ namespace {
 constexpr int RefreshMilliseconds = 60000;
 constexpr int PatientColumn = 1;
 constexpr int ArrivalColumn = 2;
-constexpr int WriteAccess = 2;
 
 QString statementOfToday() {
     const SessionValues& session = Session();
@@ -176,7 +176,7 @@ void frmCheckedIn::readRows() {
 }
 
 void frmCheckedIn::correctArrival(int row) {
-    if (Session().ScreenAccess < WriteAccess)
+    if (!MayWrite())
         return;
     const QVariant key = ctList1->ItemData(row);
     const QString shown = ctList1->Cell(row, ArrivalColumn);

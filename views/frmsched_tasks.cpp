@@ -11,6 +11,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/printing/vsprinter.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 #include "views/frmsched.h"
 
@@ -58,7 +59,6 @@ std::vector<Task> readTasks(const QString& statement) {
     return read;
 }
 
-constexpr int WriteAccess = 2;
 constexpr int NewTask = -1;
 
 }  // namespace
@@ -72,8 +72,8 @@ void frmsched::bindTaskCommands() {
     });
     menus().Bind(QStringLiteral("mnuTDelete"), [this] { deleteTask(); });
     menus().Bind(QStringLiteral("mnuTPrint"), [this] { printTasks(); });
-    ctList1->SetChecksEnabled(Session().ScreenAccess >= WriteAccess);
-    if (Session().ScreenAccess < WriteAccess)
+    ctList1->SetChecksEnabled(MayWrite());
+    if (!MayWrite())
         return;
     connect(ctList1, &ctList::RowActivated, this, [this, selected] { openTask(selected()); });
     connect(ctList1, &ctList::CheckChanged, this, [this](int row, int, bool done) { tickTask(row, done); });
