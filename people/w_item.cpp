@@ -24,7 +24,6 @@ using db::Value;
 
 namespace {
 
-constexpr int NewTask = -1;
 const QString ErrorTitle = QStringLiteral("Error");
 
 void tell(const QString& text) {
@@ -37,7 +36,7 @@ Value textOrNull(const QString& text) {
 
 }  // namespace
 
-w_Item::w_Item(QWidget* parent) : EditorDialog(parent) {
+w_Item::w_Item(int CurrentTaskId, QWidget* parent) : EditorDialog(parent), taskId_(CurrentTaskId) {
     setObjectName(QStringLiteral("w_Item"));
     setWindowTitle(isNew() ? QStringLiteral("New To Do") : QStringLiteral("Edit To Do"));
     buildForm();
@@ -48,10 +47,6 @@ w_Item::w_Item(QWidget* parent) : EditorDialog(parent) {
         loadTask();
     connect(btnOK, &QPushButton::clicked, this, &w_Item::btnOK_Click);
     connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
-}
-
-bool w_Item::isNew() const {
-    return Session().CurrentTaskId == NewTask;
 }
 
 void w_Item::buildForm() {
@@ -112,8 +107,7 @@ void w_Item::layOutForm() {
 void w_Item::loadTask() {
     QString why;
     try {
-        const Recordset task(Sql("Select * from ToDo where TaskId = {}", Session().CurrentTaskId),
-                             Session().Connection);
+        const Recordset task(Sql("Select * from ToDo where TaskId = {}", taskId_), Session().Connection);
         if (!task.Eof()) {
             txtTaskDesc->setText(task["ToDo"].text());
             txtnotes->setPlainText(task["Notes"].text());
@@ -189,8 +183,7 @@ bool w_Item::addTask() const {
 bool w_Item::changeTask() const {
     QString why;
     try {
-        Recordset task(Sql("Select * from ToDo where TaskId = {}", Session().CurrentTaskId), Session().Connection,
-                       Lock::Optimistic);
+        Recordset task(Sql("Select * from ToDo where TaskId = {}", taskId_), Session().Connection, Lock::Optimistic);
         if (!task.Eof()) {
             task.Set("Priority", priority());
             task.Set("ToDo", txtTaskDesc->text());

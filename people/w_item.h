@@ -9,14 +9,16 @@ class QPushButton;
 class QRadioButton;
 class ctDEdit;
 
-/// One task of a provider, a new one where the session's CurrentTaskId is -1, else the one of that key. OK stores it
-/// and accepts the form; a failure is told and leaves what was typed for another attempt. The task list is the caller's
-/// to reload.
+/// One task of a provider: a new one of the session's provider, or the one of a key. OK stores it and accepts the form;
+/// a failure is told and leaves what was typed for another attempt. The task list is the caller's to reload.
 class w_Item : public EditorDialog {
     Q_OBJECT
 
   public:
-    explicit w_Item(QWidget* parent = nullptr);
+    static constexpr int NewTask = -1;
+
+    /// `CurrentTaskId` is the key of the task, NewTask for one that is to be added.
+    explicit w_Item(int CurrentTaskId, QWidget* parent = nullptr);
 
     QLineEdit* txtTaskDesc = nullptr;
     QPlainTextEdit* txtnotes = nullptr;
@@ -33,11 +35,13 @@ class w_Item : public EditorDialog {
     void buildForm();
     void layOutForm();
     void loadTask();
-    [[nodiscard]] bool isNew() const;
+    [[nodiscard]] bool isNew() const { return taskId_ == NewTask; }
     [[nodiscard]] int priority() const;
     [[nodiscard]] QString notes() const;
     void btnOK_Click();
     /// Both answer whether the task is stored.
     [[nodiscard]] bool addTask() const;
     [[nodiscard]] bool changeTask() const;
+
+    const int taskId_;
 };

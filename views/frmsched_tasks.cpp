@@ -59,13 +59,11 @@ std::vector<Task> readTasks(const QString& statement) {
     return read;
 }
 
-constexpr int NewTask = -1;
-
 }  // namespace
 
 void frmsched::bindTaskCommands() {
     const auto selected = [this] { return ctList1->ItemData(ctList1->SelectedRow()).toInt(); };
-    menus().Bind(QStringLiteral("mnuTNew"), [this] { openTask(NewTask); });
+    menus().Bind(QStringLiteral("mnuTNew"), [this] { openTask(w_Item::NewTask); });
     menus().Bind(QStringLiteral("mnuTEdit"), [this, selected] {
         if (ctList1->SelectedRow() >= 0)
             openTask(selected());
@@ -82,8 +80,7 @@ void frmsched::bindTaskCommands() {
 }
 
 void frmsched::openTask(int taskId) {
-    Session().CurrentTaskId = taskId;
-    w_Item dialog(window());
+    w_Item dialog(taskId, window());
     ShowModal(dialog);
     // Also where nothing was changed: the task may be gone.
     LoadToDo();

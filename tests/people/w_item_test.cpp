@@ -14,21 +14,20 @@ namespace {
 
 class TaskDialog : public ListFixture {
   protected:
-    TaskDialog() {
-        Session().ProviderId = QStringLiteral("REED");
-        Session().CurrentTaskId = -1;
-    }
+    TaskDialog() { Session().ProviderId = QStringLiteral("REED"); }
     void editing(const char* columns, const char* values) {
         run(QStringLiteral("Insert Into ToDo (ClinicianId, %1) Values ('REED', %2)")
                 .arg(QLatin1String(columns), QLatin1String(values)));
-        Session().CurrentTaskId = static_cast<int>(database.connection().LastIdentity());
+        task = static_cast<int>(database.connection().LastIdentity());
     }
+
+    int task = w_Item::NewTask;  ///< What the form is opened on.
 };
 
 }  // namespace
 
 TEST_F(TaskDialog, ANewTaskIsStoredForTheProviderOfTheSchedule) {
-    w_Item form;
+    w_Item form(task);
     EXPECT_EQ(form.windowTitle(), QStringLiteral("New To Do"));
     EXPECT_EQ(form.lbldate->text(), QStringLiteral("3/11/2026"));
     QTest::keyClicks(form.txtTaskDesc, QStringLiteral("Call O'Brien's school"));
@@ -45,7 +44,7 @@ TEST_F(TaskDialog, ANewTaskIsStoredForTheProviderOfTheSchedule) {
 }
 
 TEST_F(TaskDialog, WithoutATextNothingIsSaved) {
-    w_Item form;
+    w_Item form(task);
     QTest::keyClicks(form.txtTaskDesc, QStringLiteral("   "));
     desk.expectBox(QStringLiteral("No item entered!"), QStringLiteral("Warning"));
     form.btnOK->click();
@@ -54,7 +53,7 @@ TEST_F(TaskDialog, WithoutATextNothingIsSaved) {
 }
 
 TEST_F(TaskDialog, TheCharactersThatPartCellsAreLeftOut) {
-    w_Item form;
+    w_Item form(task);
     QTest::keyClicks(form.txtTaskDesc, QStringLiteral("a\"b*c;d|e"));
     EXPECT_EQ(form.txtTaskDesc->text(), QStringLiteral("abcde"));
 }
@@ -62,8 +61,7 @@ TEST_F(TaskDialog, TheCharactersThatPartCellsAreLeftOut) {
 TEST_F(TaskDialog, EachPriorityHasItsOption) {
     const std::pair<const char*, int> options[] = {{"Option4", 4}, {"Option3", 3}, {"Option2", 2}, {"option1", 1}};
     for (const auto& [name, priority] : options) {
-        Session().CurrentTaskId = -1;
-        w_Item form;
+        w_Item form(task);
         form.txtTaskDesc->setText(QString::fromLatin1(name));
         form.findChild<QRadioButton*>(QLatin1String(name))->setChecked(true);
         form.btnOK->click();
@@ -73,7 +71,7 @@ TEST_F(TaskDialog, EachPriorityHasItsOption) {
 
 TEST_F(TaskDialog, AnExistingTaskIsShownWithAllOfIt) {
     editing("ToDo, Priority, datedue, Notes, DateEntered", "'Call', 5, '2026/03/20', 'note', '2026/03/01'");
-    const w_Item form;
+    const w_Item form(task);
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Edit To Do"));
     EXPECT_EQ(form.txtTaskDesc->text(), QStringLiteral("Call"));
     EXPECT_TRUE(form.Option4->isChecked());
@@ -84,7 +82,7 @@ TEST_F(TaskDialog, AnExistingTaskIsShownWithAllOfIt) {
 
 TEST_F(TaskDialog, AClearedDateAndClearedNotesAreStoredEmpty) {
     editing("ToDo, Priority, datedue, Notes", "'Call', 2, '2026/03/20', 'note'");
-    w_Item form;
+    w_Item form(task);
     form.ctDEditComp->setText({});
     form.txtnotes->clear();
     form.btnOK->click();
@@ -92,7 +90,7 @@ TEST_F(TaskDialog, AClearedDateAndClearedNotesAreStoredEmpty) {
 }
 
 TEST_F(TaskDialog, AnImpossibleDateIsNotTakenForNone) {
-    w_Item form;
+    w_Item form(task);
     form.txtTaskDesc->setText(QStringLiteral("Call"));
     form.ctDEditComp->setText(QStringLiteral("2/30/2026"));
     desk.expectBox(QStringLiteral("Enter a valid date."), QStringLiteral("Warning"));
@@ -101,15 +99,15 @@ TEST_F(TaskDialog, AnImpossibleDateIsNotTakenForNone) {
 }
 
 TEST_F(TaskDialog, OneThatAnotherUserDeletedBeforeTheOpeningIsTold) {
-    Session().CurrentTaskId = 4711;
+    task = 4711;
     desk.expectBox(QStringLiteral("Unable to load Task. Another user may have deleted this task. "),
                    QStringLiteral("Error"));
-    const w_Item form;
+    const w_Item form(task);
 }
 
 TEST_F(TaskDialog, OneThatAnotherUserDeletedMeanwhileIsToldAndKeepsTheText) {
     editing("ToDo, Priority", "'Call', 2");
-    w_Item form;
+    w_Item form(task);
     run(QStringLiteral("Delete from ToDo"));
     form.txtTaskDesc->setText(QStringLiteral("Call again"));
     desk.expectBox(QStringLiteral("Error saving task. Try again. "), QStringLiteral("Error"));
@@ -120,7 +118,7 @@ TEST_F(TaskDialog, OneThatAnotherUserDeletedMeanwhileIsToldAndKeepsTheText) {
 }
 
 TEST_F(TaskDialog, AFailureWhileAddingIsToldAndKeepsTheText) {
-    w_Item form;
+    w_Item form(task);
     form.txtTaskDesc->setText(QStringLiteral("Call"));
     const QString why = refuseWrites("ToDo");
     desk.expectBox(QStringLiteral("Error adding task. Try again. ") + why, QStringLiteral("Error"));
@@ -129,7 +127,7 @@ TEST_F(TaskDialog, AFailureWhileAddingIsToldAndKeepsTheText) {
 }
 
 TEST_F(TaskDialog, ALongTaskIsKeptWhole) {
-    w_Item form;
+    w_Item form(task);
     form.txtTaskDesc->setText(QString(500, u'x'));
     form.txtnotes->setPlainText(QStringLiteral("a;b|c*d\"e\n'").repeated(100));
     form.btnOK->click();
@@ -138,7 +136,7 @@ TEST_F(TaskDialog, ALongTaskIsKeptWhole) {
 }
 
 TEST_F(TaskDialog, TheTwentyNinthOfFebruaryIsADateInALeapYearOnly) {
-    w_Item form;
+    w_Item form(task);
     form.txtTaskDesc->setText(QStringLiteral("Call"));
     form.ctDEditComp->setText(QStringLiteral("2/29/2027"));
     desk.expectBox(QStringLiteral("Enter a valid date."), QStringLiteral("Warning"));
@@ -150,7 +148,7 @@ TEST_F(TaskDialog, TheTwentyNinthOfFebruaryIsADateInALeapYearOnly) {
 
 TEST_F(TaskDialog, WhatWasTypedIsNotThrownAwayUnasked) {
     editing("ToDo, Priority, Notes", "'Call', 2, 'note'");
-    w_Item form;
+    w_Item form(task);
     form.show();
     form.txtnotes->setPlainText(QStringLiteral("before noon"));
     desk.expectBox(QStringLiteral("Close without saving what you have changed?"), QStringLiteral("Edit To Do"),
@@ -162,14 +160,14 @@ TEST_F(TaskDialog, WhatWasTypedIsNotThrownAwayUnasked) {
     form.close();
     EXPECT_FALSE(form.isVisible());
 
-    w_Item unchanged;
+    w_Item unchanged(task);
     unchanged.show();
     QTest::keyClick(&unchanged, Qt::Key_Escape);
     EXPECT_FALSE(unchanged.isVisible());
 }
 
 TEST_F(TaskDialog, ControlCharactersOfANoteAreStoredAsBlanks) {
-    w_Item form;
+    w_Item form(task);
     form.txtTaskDesc->setText(QStringLiteral("Call"));
     form.txtnotes->setPlainText(QStringLiteral("one\ttwo\x01three\nfour"));
     form.btnOK->click();
