@@ -29,7 +29,7 @@ int minuteOfNow() {
 
 }  // namespace
 
-frmarrivalTime::frmarrivalTime(QWidget* parent) : QDialog(parent), checksIn_(Session().CheckInKey > 0) {
+frmarrivalTime::frmarrivalTime(int CheckInKey, QWidget* parent) : QDialog(parent), checkInKey_(CheckInKey) {
     setObjectName(QStringLiteral("frmarrivalTime"));
     setWindowTitle(QStringLiteral("Arrival Time"));
     buildForm();
@@ -77,10 +77,9 @@ void frmarrivalTime::buildForm() {
 
 void frmarrivalTime::LoadCheckedinStatus() {
     int minutes = -1;
-    if (checksIn_) {
+    if (checksIn()) {
         try {
-            const Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", Session().CheckInKey),
-                                Session().Connection);
+            const Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", checkInKey_), Session().Connection);
             if (!row.Eof())
                 minutes = MinutesOfCheckIn(row["CheckInTime"].text());
         } catch (const db::DatabaseError& error) {
@@ -100,19 +99,19 @@ int frmarrivalTime::Arrival() const {
 }
 
 void frmarrivalTime::cmdOk_Click() {
-    const bool understood = Arrival() >= 0 || (!checksIn_ && ctstart->IsEmpty());
+    const bool understood = Arrival() >= 0 || (!checksIn() && ctstart->IsEmpty());
     if (!understood) {
         lblproblem->setText(tr("Enter the time of arrival, for example 9:05."));
         ctstart->setFocus();
         return;
     }
-    if (!checksIn_ || SaveCheckedIn())
+    if (!checksIn() || SaveCheckedIn())
         accept();
 }
 
 bool frmarrivalTime::SaveCheckedIn() {
     try {
-        Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", Session().CheckInKey), Session().Connection,
+        Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", checkInKey_), Session().Connection,
                       Lock::Optimistic);
         // A row that is gone is told by the view, which saves it whole next.
         if (row.Eof())
@@ -125,9 +124,4 @@ bool frmarrivalTime::SaveCheckedIn() {
         TellError(QStringLiteral("Error saving arrival time. "), error);
         return false;
     }
-}
-
-void frmarrivalTime::reject() {
-    Session().CheckInKey = 0;
-    QDialog::reject();
 }

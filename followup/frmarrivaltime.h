@@ -8,14 +8,14 @@ class ctDEdit;
 
 /// Asks for the time at which a patient arrived.
 ///
-/// With a CheckInKey in the session it checks that appointment in: OK stores the time and the status Checked-In, Cancel
-/// sets CheckInKey to 0. With none it only lets a time be corrected, and what the field then holds is the caller's to
-/// store.
+/// With the key of an appointment it checks that one in: OK stores the time and the status Checked-In and accepts the
+/// form. Without it only lets a time be corrected, and what the field then holds is the caller's to store.
 class frmarrivalTime : public QDialog {
     Q_OBJECT
 
   public:
-    explicit frmarrivalTime(QWidget* parent = nullptr);
+    /// `CheckInKey` is the nkeyid of the appointment, 0 for none.
+    explicit frmarrivalTime(int CheckInKey, QWidget* parent = nullptr);
 
     /// Fills the field with the stored arrival of the appointment, or with the present time.
     void LoadCheckedinStatus();
@@ -29,14 +29,12 @@ class frmarrivalTime : public QDialog {
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdcancel = nullptr;
 
-  public Q_SLOTS:
-    void reject() override;
-
   private:
     void buildForm();
+    [[nodiscard]] bool checksIn() const { return checkInKey_ > 0; }
     void cmdOk_Click();
     /// Writes the check-in; false, with the reason told, where it could not be written.
     [[nodiscard]] bool SaveCheckedIn();
 
-    bool checksIn_;
+    const int checkInKey_;
 };

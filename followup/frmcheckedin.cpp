@@ -180,8 +180,7 @@ void frmCheckedIn::correctArrival(int row) {
         return;
     const QVariant key = ctList1->ItemData(row);
     const QString shown = ctList1->Cell(row, ArrivalColumn);
-    Session().CheckInKey = 0;
-    frmarrivalTime dialog(this);
+    frmarrivalTime dialog(0, this);
     if (const int minutes = MinutesOfCheckIn(shown); minutes >= 0)
         dialog.SetArrival(minutes);
     if (ShowModal(dialog) != QDialog::Accepted)

@@ -93,10 +93,8 @@ void CalendarView::checkIn() {
     if (index < 1)
         return;
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
-    Session().CheckInKey = item.ItemKey.toInt();
-    frmarrivalTime arrival(window());
-    ShowModal(arrival);
-    if (std::exchange(Session().CheckInKey, 0) < 1)
+    frmarrivalTime arrival(item.ItemKey.toInt(), window());
+    if (ShowModal(arrival) != QDialog::Accepted)
         return;
     if (const int shown = ctMDay1->IndexOfKey(item.ItemKey); shown > 0)
         saveStatus(shown, QLatin1String("mnuCheckediN"), ncolor::CheckedIn);

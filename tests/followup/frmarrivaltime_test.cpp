@@ -10,51 +10,45 @@
 class ArrivalTime : public CheckInFixture {};
 
 TEST_F(ArrivalTime, StartsWithThePresentTimeForAPatientWhoHasNotArrived) {
-    Session().CheckInKey = add({.code = 0xFF0001});
-    const frmarrivalTime form;
+    const frmarrivalTime form(add({.code = 0xFF0001}));
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Arrival Time"));
     EXPECT_EQ(form.ctstart->Text(), QStringLiteral("9:05 AM"));
 }
 
 TEST_F(ArrivalTime, StartsWithTheStoredTimeForOneWhoHas) {
-    Session().CheckInKey = add({.arrival = QStringLiteral("03/11/26 08:50 AM")});
-    EXPECT_EQ(frmarrivalTime().Arrival(), 530);
+    EXPECT_EQ(frmarrivalTime(add({.arrival = QStringLiteral("03/11/26 08:50 AM")})).Arrival(), 530);
 }
 
 TEST_F(ArrivalTime, OkStoresTheTimeAndTheStatus) {
     const int key = add({.code = 0xFF0001});
-    Session().CheckInKey = key;
-    frmarrivalTime form;
+    frmarrivalTime form(key);
     form.ctstart->setText(QStringLiteral("930"));
     form.cmdOk->click();
     EXPECT_EQ(form.result(), QDialog::Accepted);
     EXPECT_EQ(arrivalOf(key), QStringLiteral("03/11/26 09:30 AM"));
     EXPECT_EQ(database.number(QStringLiteral("Select ncolor from appointments")), 0xFFFFFF);
-    EXPECT_EQ(Session().CheckInKey, key);
 }
 
 TEST_F(ArrivalTime, TheDayComesFirstWhereTheSystemWritesItSo) {
     const int key = add({});
-    Session().CheckInKey = key;
     Session().DateOrder = 1;
-    frmarrivalTime form;
+    frmarrivalTime form(key);
     form.cmdOk->click();
     EXPECT_EQ(arrivalOf(key), QStringLiteral("11/03/26 09:05 AM"));
 }
 
 TEST_F(ArrivalTime, CancelLeavesTheRowAsItWasAndTellsTheCaller) {
     const int key = add({.code = 0xFF0001});
-    Session().CheckInKey = key;
-    frmarrivalTime form;
+    frmarrivalTime form(key);
     form.show();
     QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_EQ(Session().CheckInKey, 0);
+    EXPECT_EQ(form.result(), QDialog::Rejected);
+    EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(database.number(QStringLiteral("Select ncolor from appointments")), 0xFF0001);
 }
 
 TEST_F(ArrivalTime, ATimeThatIsNoneIsNotStored) {
-    Session().CheckInKey = add({});
-    frmarrivalTime form;
+    frmarrivalTime form(add({}));
     for (const char* text : {"soon", "", "25:00", "24:00"}) {
         form.ctstart->setText(QLatin1String(text));
         form.cmdOk->click();
@@ -66,22 +60,20 @@ TEST_F(ArrivalTime, ATimeThatIsNoneIsNotStored) {
 }
 
 TEST_F(ArrivalTime, ARowThatAnotherUserDeletedIsLeftToTheViewToTell) {
-    Session().CheckInKey = 4711;
-    frmarrivalTime form;
+    frmarrivalTime form(4711);
     form.cmdOk->click();
     EXPECT_EQ(form.result(), QDialog::Accepted);
 }
 
 TEST_F(ArrivalTime, AStoredTimeThatCannotBeReadIsTold) {
-    Session().CheckInKey = add({.arrival = QStringLiteral("03/11/26 08:50 AM")});
+    const int key = add({.arrival = QStringLiteral("03/11/26 08:50 AM")});
     const QString why = loseDatabase();
     desk.expectBox(QStringLiteral("Error reading arrival time. ") + why, QStringLiteral("Error"));
-    EXPECT_EQ(frmarrivalTime().Arrival(), 545);
+    EXPECT_EQ(frmarrivalTime(key).Arrival(), 545);
 }
 
 TEST_F(ArrivalTime, AFailureIsToldAndTheFormStays) {
-    Session().CheckInKey = add({});
-    frmarrivalTime form;
+    frmarrivalTime form(add({}));
     const QString why = loseDatabase();
     desk.expectBox(QStringLiteral("Error saving arrival time. ") + why, QStringLiteral("Error"));
     form.cmdOk->click();

@@ -65,7 +65,6 @@ TEST_F(DayCheckIn, BeginsWithThePresentAndStoresArrivalAndStatus) {
     EXPECT_EQ(item("Anna").ItemStatusIcon, 3);
     EXPECT_TRUE(command("mnuCheckediN").isChecked());
     EXPECT_TRUE(info().contains(QStringLiteral("Status;Checked-In")));
-    EXPECT_EQ(Session().CheckInKey, 0);
 }
 
 TEST_F(DayCheckIn, WritesTheDayFirstWhereTheSystemDoes) {
