@@ -321,18 +321,13 @@ bool frmnore::AddNewPatient() {
 }
 
 bool frmnore::addPatient(const QString& lastName, const QString& firstName) {
-    Session().NewPatientId.clear();
-    frmnewpat dialog(this);
-    if (!lastName.isEmpty())
-        dialog.txtlname->setText(lastName);
-    if (!firstName.isEmpty())
-        dialog.txtfname->setText(firstName);
+    frmnewpat dialog({lastName, firstName}, this);
     ShowModal(dialog);
-    if (Session().NewPatientId.isEmpty())
+    if (!dialog.NewPatientId())
         return false;
     // The list was read before there was this patient.
     ctList1->Clear();
-    takePatientOfId(Session().NewPatientId);
+    takePatientOfId(*dialog.NewPatientId());
     return true;
 }
 

@@ -25,13 +25,16 @@ constexpr int NoDate = 100;
 
 }  // namespace
 
-frmnewpat::frmnewpat(QWidget* parent) : QDialog(parent) {
+frmnewpat::frmnewpat(const Names& known, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmnewpat"));
     buildForm();
     loadAccountLabel();
     loadprovlist();
     txtdic->setDate(Today());
     watchChanges();
+    // A name that was typed already is lost as little as one that is typed here.
+    txtlname->setText(known.last);
+    txtfname->setText(known.first);
     showMissing();
     FitToScreen(*this);
     txtlname->setFocus();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <QDialog>
 #include <QLineEdit>
 
@@ -16,17 +17,25 @@ class ctMEdit;
 /// Adds a patient while an appointment is being made: a row of patient_info, the first row of incident_hx, and, where
 /// the companion link is on, a client of the companion.
 ///
-/// The caller clears the session's NewPatientId, may fill txtlname and txtfname, and shows the form modally. After a
-/// save NewPatientId holds the id of the new patient; otherwise it stays empty. The two rows are written in one
-/// transaction, since a patient without an episode would be invisible to a user who sees only the own patients. Only a
-/// save that went through closes the form: after a failure, a "No" to a duplicate name, and an answer to save what is
-/// not complete yet, it stays open with all that was typed.
+/// The caller gives the names that are known already, shows the form modally and asks for the NewPatientId. The two
+/// rows are written in one transaction, since a patient without an episode would be invisible to a user who sees only
+/// the own patients. Only a save that went through closes the form: after a failure, a "No" to a duplicate name, and an
+/// answer to save what is not complete yet, it stays open with all that was typed.
 class frmnewpat : public QDialog {
     Q_OBJECT
 
   public:
-    explicit frmnewpat(QWidget* parent = nullptr);
+    /// What is known of the patient before the form opens.
+    struct Names {
+        QString last;
+        QString first;
+    };
+
+    explicit frmnewpat(const Names& known, QWidget* parent = nullptr);
     ~frmnewpat() override;
+
+    /// The `patient_info.id` of the patient who was added; nothing where nobody was.
+    [[nodiscard]] const std::optional<QString>& NewPatientId() const { return newPatientId_; }
 
     QLabel* lblid = nullptr;
     QLabel* lblage = nullptr;
@@ -104,6 +113,7 @@ class frmnewpat : public QDialog {
     [[nodiscard]] QStringList warnings() const;
 
     bool dirty = false;
+    std::optional<QString> newPatientId_;
     /// Why the last date of birth was taken out again; until the next one is typed.
     QString birthDateNote_;
 };

@@ -61,7 +61,7 @@ bool frmnewpat::savenewpatient() {
         TellError(QStringLiteral("Unable to save. "), error);
         return false;
     }
-    Session().NewPatientId = id;
+    newPatientId_ = id;
     AuditLog(Session().UID, QStringLiteral("Patient"), QStringLiteral("New Patient"), {},
              QStringLiteral("Added new patient - %1, %2").arg(textOf(txtlname), textOf(txtfname)));
     exportPatient(id);

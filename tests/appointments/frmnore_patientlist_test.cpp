@@ -1,3 +1,4 @@
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -6,6 +7,7 @@
 
 #include "people/frmnewpat.h"
 #include "platform/controls/completingcombo.h"
+#include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "tests/appointments/patientlookup.h"
 
@@ -177,17 +179,25 @@ TEST_F(PatientLookUp, ATypedNameIsHandedToTheFormForNewPatientsAndComesBackChose
         typed(name.typed);
         desk.expectBox(QStringLiteral("Patient not found in database. Add patient now?"), QStringLiteral("Solvane"),
                        Answer::Yes);
+        std::optional<QString> added;
         desk.expectForm("frmnewpat", [&](QDialog& dialog) {
             const auto& newPatient = static_cast<frmnewpat&>(dialog);
             EXPECT_EQ(newPatient.txtlname->text(), QLatin1String(name.last));
             EXPECT_EQ(newPatient.txtfname->text(), QLatin1String(name.first));
-            Session().NewPatientId = QStringLiteral("10021");
-            dialog.done(QDialog::Accepted);
+            newPatient.txtlname->setText(QStringLiteral("Youngman"));
+            newPatient.txtfname->setText(QLatin1String(name.typed).left(2));
+            newPatient.txtdob->setText(QStringLiteral("12/3/1980"));
+            newPatient.cbosex->setCurrentIndex(0);
+            newPatient.cboprovider->setCurrentIndex(0);
+            newPatient.cmdOk->click();
+            added = newPatient.NewPatientId();
         });
         clickOk();
-        EXPECT_EQ(form->PatientTag(), QStringLiteral("10021"));
-        EXPECT_EQ(form->txtpatients->text(), QStringLiteral("Smith, Zed"));
+        ASSERT_TRUE(added);
+        EXPECT_EQ(form->PatientTag(), *added);
+        EXPECT_EQ(form->txtpatients->text(), QStringLiteral("Youngman, ") + QLatin1String(name.typed).left(2));
         EXPECT_TRUE(form->isVisible());
+        run("Delete from patient_info Where last_name = 'Youngman'");
     }
 }
 

@@ -66,11 +66,11 @@ TEST_F(NewPatientSave, TheFirstEpisodeGoesWithThePatient) {
     EXPECT_EQ(episode("init_contact_date").left(10), "2026-03-11");
 }
 
-TEST_F(NewPatientSave, TheCallerFindsTheNewIdInTheSession) {
+TEST_F(NewPatientSave, TheCallerIsToldTheNewId) {
     frmnewpat& form = open();
     fillRequired(form);
     form.cmdOk->click();
-    EXPECT_EQ(Session().NewPatientId, stored("id"));
+    EXPECT_EQ(form.NewPatientId(), stored("id"));
     EXPECT_EQ(form.result(), QDialog::Accepted);
 }
 
@@ -124,7 +124,7 @@ TEST_F(NewPatientSave, TheNewPatientIsFoundByAUserOfOneScheduleOnly) {
     form.cmdOk->click();
     EXPECT_EQ(database.text("Select id from patient_info, incident_hx Where Archive = 0 AND patient_info.id = "
                             "incident_hx.patient_id AND patient_info.provider_id = 'ABEL'"),
-              Session().NewPatientId);
+              form.NewPatientId());
 }
 
 TEST_F(NewPatientSave, AFailingLookForTheSameNameIsTold) {
@@ -194,7 +194,7 @@ TEST_F(NewPatientSave, NoToADuplicateKeepsTheFormWithWhatWasTyped) {
     EXPECT_EQ(form.focusWidget(), form.txtlname);
     EXPECT_EQ(form.txtlname->text(), "o'neil");
     EXPECT_EQ(patients(), 1);
-    EXPECT_EQ(Session().NewPatientId, "");
+    EXPECT_EQ(form.NewPatientId(), std::nullopt);
 }
 
 TEST_F(NewPatientSave, AnAccountNumberThatIsInUseIsTaken) {
@@ -212,7 +212,7 @@ TEST_F(NewPatientSave, AnIdThatIsTakenIsDrawnAgain) {
     frmnewpat& form = open();
     fillRequired(form);
     form.cmdOk->click();
-    EXPECT_EQ(Session().NewPatientId, "10000");
+    EXPECT_EQ(form.NewPatientId(), "10000");
 }
 
 TEST_F(NewPatientSave, WithoutAFreeIdNothingIsSavedAndTheFormStays) {
@@ -238,7 +238,7 @@ TEST_F(NewPatientSave, AFailingPatientRowIsToldAndOkCanBeTriedAgain) {
     EXPECT_EQ(form.txtlname->text(), "Smith");
     EXPECT_EQ(form.cboprovider->currentText(), "Abel");
     EXPECT_EQ(patients() + episodes(), 0);
-    EXPECT_EQ(Session().NewPatientId, "");
+    EXPECT_EQ(form.NewPatientId(), std::nullopt);
     desk.expectBox("Changes made. Do you want to save?", "Save Changes", Answer::No);
     form.close();
 }
@@ -251,7 +251,7 @@ TEST_F(NewPatientSave, AFailingEpisodeLeavesNoPatientWhomNobodyCouldFind) {
     form.cmdOk->click();
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(patients() + episodes(), 0);
-    EXPECT_EQ(Session().NewPatientId, "");
+    EXPECT_EQ(form.NewPatientId(), std::nullopt);
 }
 
 TEST_F(NewPatientSave, WithoutADatabaseTheFormStays) {
@@ -297,7 +297,7 @@ TEST_F(NewPatientExport, WithTheLinkOnThePatientIsAClientOfTheCompanionToo) {
     EXPECT_EQ(companion->text("Select ClntLastName From Clients"), "Smith");
     EXPECT_EQ(companion->text("Select ClntHomePhone From Clients"), "(555) 123-4567");
     EXPECT_EQ(companion->text("Select ClntSex From Clients"), "M");
-    EXPECT_EQ(database.text("Select SVDataValue From FHDataPairs Where FHDataList = 4"), Session().NewPatientId);
+    EXPECT_EQ(database.text("Select SVDataValue From FHDataPairs Where FHDataList = 4"), form.NewPatientId());
 }
 
 TEST_F(NewPatientExport, WithoutTheLinkNothingIsExported) {
@@ -335,7 +335,7 @@ TEST_F(NewPatientExport, AProviderWithoutAPairStopsTheExportAndThePatientStaysSa
     form.cmdOk->click();
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(patients(), 1);
-    EXPECT_EQ(Session().NewPatientId, stored("id"));
+    EXPECT_EQ(form.NewPatientId(), stored("id"));
     EXPECT_EQ(companion->number("Select Count(*) From Clients"), 0);
 }
 
@@ -349,5 +349,5 @@ TEST_F(NewPatientExport, AFailingExportIsToldAsSuchAndThePatientStaysSaved) {
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(patients(), 1);
     EXPECT_EQ(episodes(), 1);
-    EXPECT_EQ(Session().NewPatientId, stored("id"));
+    EXPECT_EQ(form.NewPatientId(), stored("id"));
 }

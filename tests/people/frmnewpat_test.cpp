@@ -275,7 +275,7 @@ TEST_F(NewPatientForm, EscapeAfterAChangeAsksAndNoThrowsItAway) {
     QTest::keyClick(&form, Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(patients(), 0);
-    EXPECT_EQ(Session().NewPatientId, "");
+    EXPECT_EQ(form.NewPatientId(), std::nullopt);
 }
 
 TEST_F(NewPatientForm, TheWindowsButtonAsksTooAndYesSaves) {

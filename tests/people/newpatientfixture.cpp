@@ -41,7 +41,7 @@ QString NewPatientFixture::episode(const char* column) {
 }
 
 frmnewpat& NewPatientFixture::open() {
-    form_ = std::make_unique<frmnewpat>();
+    form_ = std::make_unique<frmnewpat>(frmnewpat::Names());
     form_->show();
     form_->activateWindow();
     QApplication::processEvents();
