@@ -33,7 +33,7 @@ constexpr char ProvidersStatement[] =
 
 }  // namespace
 
-frmactsc::frmactsc(QWidget* parent) : EditorDialog(parent), key_(Session().ActivityKey) {
+frmactsc::frmactsc(const ActivityRequest& request, QWidget* parent) : EditorDialog(parent), request_(request) {
     setObjectName(QStringLiteral("frmactsc"));
     setWindowTitle(QStringLiteral("Activity Scheduler"));
     buildForm();
@@ -45,13 +45,6 @@ frmactsc::frmactsc(QWidget* parent) : EditorDialog(parent), key_(Session().Activ
 // The focus leaves its field when the form goes, which must still find the whole form.
 frmactsc::~frmactsc() {
     hide();
-}
-
-void frmactsc::SetSlot(const SelectedSlot& slot) {
-    ctDEditComp->setDate(slot.date);
-    ctstart->setTime(slot.start);
-    ctend->setTime(slot.end);
-    dirty = true;
 }
 
 QString frmactsc::Subject() const {
@@ -68,14 +61,15 @@ void frmactsc::load() {
     loadprovs();
     LoadLocations(*cbolocation);
     if (key_ == 0)
-        showNew();
+        ctDEditComp->setDate(request_.date);
     else
         LoadGroupEvent();
+    showSlot();
     showAttendees();
     eventTyped_ = false;
     locationTyped_ = false;
     attendeesChanged = false;
-    dirty = false;
+    dirty = key_ != 0 && request_.slot.has_value();
 }
 
 QString frmactsc::eventStatement(int key) {
@@ -146,10 +140,8 @@ void frmactsc::showAttendee(const QString& id) {
     List1->SelectProvider(List1->FindProvider(id));
 }
 
-void frmactsc::showNew() {
-    const OpenView* view = TheOpenView();
-    ctDEditComp->setDate(view != nullptr ? view->ShownDate() : Today());
-    if (const std::optional<SelectedSlot> slot = view != nullptr ? view->SelectedTime() : std::nullopt) {
+void frmactsc::showSlot() {
+    if (const std::optional<SelectedSlot>& slot = request_.slot) {
         ctDEditComp->setDate(slot->date);
         ctstart->setTime(slot->start);
         ctend->setTime(slot->end);

@@ -4,8 +4,8 @@
 #include <QDate>
 #include <QStringList>
 
+#include "appointments/editorrequest.h"
 #include "session/editordialog.h"
-#include "session/openview.h"
 
 class AttendeeList;
 class CompletingCombo;
@@ -18,22 +18,21 @@ class Recordset;
 }
 
 /// The Activity Scheduler: an Activity/Event that several providers attend, one row of `appointments` under the pseudo
-/// provider "~EVT" with a row of `AppointmentsEvents` for each attendee. The caller sets the session's ActivityKey, 0
-/// for a new one, makes the form, which loads itself, shows it modally, and reloads its view.
+/// provider "~EVT" with a row of `AppointmentsEvents` for each attendee. The caller makes the form, which loads itself,
+/// shows it modally, and reloads its view.
 ///
-/// A new one is for the date of the open view, at the time selected there. What happened to an Activity meanwhile is
-/// not lost: an attendee who is on the provider list no more stays an attendee, shown as such, until the user takes
-/// them out; a row that another desk has changed is not written over. A save writes the row, its attendees and its room
-/// together or nothing of them. One that fails closes the form, which RunEditor keeps.
+/// An Activity that was dragged opens with its new times, a change like one that is typed. What happened to an Activity
+/// meanwhile is not lost: an attendee who is on the provider list no more stays an attendee, shown as such, until the
+/// user takes them out; a row that another desk has changed is not written over. A save writes the row, its attendees
+/// and its room together or nothing of them. One that fails closes the form, which RunEditor keeps.
 class frmactsc : public EditorDialog {
     Q_OBJECT
 
   public:
-    explicit frmactsc(QWidget* parent = nullptr);
+    explicit frmactsc(const ActivityRequest& request, QWidget* parent = nullptr);
     ~frmactsc() override;
 
-    /// Writes the times to which the Activity was dragged; a change like one that is typed.
-    void SetSlot(const SelectedSlot& slot);
+    [[nodiscard]] const ActivityRequest& Request() const { return request_; }
     /// Names in frmeConflict who is busy at the time that is entered. Touching times count, and the Activity itself too
     /// if it was saved before. Whoever has two appointments in the way is named for each.
     void busySearch();
@@ -92,7 +91,7 @@ class frmactsc : public EditorDialog {
     void loadprovs();
     void LoadGroupEvent();
     void showAttendee(const QString& id);
-    void showNew();
+    void showSlot();
     void showWeekday();
     void showAttendees();
     void showCut();
@@ -115,7 +114,8 @@ class frmactsc : public EditorDialog {
     [[nodiscard]] static Event eventOf(const db::Recordset& row);
     [[nodiscard]] bool attendeesStand() const;
 
-    const int key_;  ///< Of the row; 0 for a new one.
+    const ActivityRequest request_;
+    const int key_ = request_.ActivityKey;  ///< Of the row; 0 for a new one.
     std::optional<Event> storedEvent_;
     QStringList storedAttendees_;  ///< Whom the database holds, as far as this form knows.
     bool eventTyped_ = false;

@@ -29,10 +29,10 @@ constexpr char GroupsStatement[] = "Select * from Groups Order by GroupName";
 
 }  // namespace
 
-frmgrptx::frmgrptx(QWidget* parent) : EditorDialog(parent) {
+frmgrptx::frmgrptx(const EditorRequest& request, QWidget* parent) : EditorDialog(parent), request_(request) {
     setObjectName(QStringLiteral("frmgrptx"));
-    setWindowTitle(Session().IsNewAppt ? QStringLiteral("New Group Appointment")
-                                       : QStringLiteral("Edit Group Appointment"));
+    setWindowTitle(request_.IsNewAppt ? QStringLiteral("New Group Appointment")
+                                      : QStringLiteral("Edit Group Appointment"));
     buildForm();
     connectFields();
     connectMembers();
@@ -43,13 +43,6 @@ frmgrptx::frmgrptx(QWidget* parent) : EditorDialog(parent) {
 // The focus leaves its field when the form goes, which must still find the whole form.
 frmgrptx::~frmgrptx() {
     hide();
-}
-
-void frmgrptx::SetSlot(const SelectedSlot& slot) {
-    ctedate->setDate(slot.date);
-    ctstart->setTime(slot.start);
-    ctend->setTime(slot.end);
-    dirty = false;
 }
 
 QString frmgrptx::Subject() const {
@@ -71,12 +64,13 @@ void frmgrptx::load() {
     LoadLocations(*cbolocation);
     LoadRooms(*cborooms);
     cborooms->setEnabled(cborooms->count() > 0);
-    const bool dayStands = Session().CurrentView == View::Day;
+    const bool dayStands = request_.CurrentView == View::Day;
     for (QWidget* ofDate :
          {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(lbldate), static_cast<QWidget*>(lblweekday)})
         ofDate->setVisible(!dayStands);
-    if (!Session().IsNewAppt)
+    if (!request_.IsNewAppt)
         LoadAppointment();
+    showSlot();
     showMembers();
     locationTyped_ = false;
     dirty = false;
@@ -88,7 +82,7 @@ QString frmgrptx::rowStatement(int key) {
 
 QStringList frmgrptx::loadStatements() const {
     QStringList statements{GroupsStatement, LocationsStatement, RoomsStatement};
-    if (!Session().IsNewAppt)
+    if (!request_.IsNewAppt)
         statements << rowStatement(key_) << ApptRoomStatement(key_) << savedPhonesStatement(key_)
                    << savedMembersStatement(key_);
     return statements;
@@ -131,6 +125,14 @@ void frmgrptx::showRow(const Recordset& row) {
     membersOf_ = ctedate->Date();
 }
 
+void frmgrptx::showSlot() {
+    if (!request_.slot)
+        return;
+    ctedate->setDate(request_.slot->date);
+    ctstart->setTime(request_.slot->start);
+    ctend->setTime(request_.slot->end);
+}
+
 void frmgrptx::showWeekday() {
     const QDate date = ctedate->Date();
     lblweekday->setText(date.isValid() ? QLocale::c().dayName(date.dayOfWeek()) : QString());
@@ -150,7 +152,7 @@ void frmgrptx::offerUnknownLocation() {
 
 bool frmgrptx::okenabled() const {
     return ctstart->Value() > FirstValidTime && ctend->Value() > FirstValidTime && ctList1->RowCount() > 0 &&
-           (view_ != View::Week || ctedate->Value() > FirstValidDate);
+           (request_.CurrentView != View::Week || ctedate->Value() > FirstValidDate);
 }
 
 void frmgrptx::enableOk() {

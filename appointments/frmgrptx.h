@@ -6,10 +6,9 @@
 #include <QStringList>
 #include <vector>
 
+#include "appointments/editorrequest.h"
 #include "platform/database/value.h"
 #include "session/editordialog.h"
-#include "session/openview.h"
-#include "session/session.h"
 
 class CompletingCombo;
 class DurationLabel;
@@ -23,9 +22,7 @@ class Recordset;
 }  // namespace db
 
 /// The dialog of a group appointment: one row of `appointments`, and a row of `AppointmentsGroup` for each patient who
-/// was scheduled for it. The caller sets the session's ApptKind to Patient and IsNewAppt, makes the form, which loads
-/// itself, gives a new one its time by SetSlot, shows it modally, and reloads its view. The appointment to edit is the
-/// selected item of the open view, CurrentApptKey where it has lost it.
+/// was scheduled for it. The caller makes the form, which loads itself, shows it modally, and reloads its view.
 ///
 /// Choosing a group loads its members of the form's date. For an appointment that exists, those who are scheduled and
 /// who attended stay checked then; only Refresh Members forgets them. A save writes row, room and members together or
@@ -36,11 +33,10 @@ class frmgrptx : public EditorDialog {
     Q_OBJECT
 
   public:
-    explicit frmgrptx(QWidget* parent = nullptr);
+    explicit frmgrptx(const EditorRequest& request, QWidget* parent = nullptr);
     ~frmgrptx() override;
 
-    /// The date and times of a new group appointment.
-    void SetSlot(const SelectedSlot& slot);
+    [[nodiscard]] const EditorRequest& Request() const { return request_; }
     /// Selects a group of the list by its key, without loading its members; a key that is on no list selects none.
     void setmembers(int groupId);
     /// Puts the group's members of the form's date on the list: those whose time in the group holds that date, by name.
@@ -109,6 +105,7 @@ class frmgrptx : public EditorDialog {
     void loadgroups();
     void LoadAppointment();
     void showRow(const db::Recordset& row);
+    void showSlot();
     void showWeekday();
     void leaveLocation(Qt::FocusReason reason);
     void offerUnknownLocation();
@@ -146,10 +143,8 @@ class frmgrptx : public EditorDialog {
     [[nodiscard]] bool standsAsLoaded(const db::Recordset& row, int key) const;
     [[nodiscard]] static std::vector<db::Value> writtenState(const db::Recordset& row);
 
-    // As they were when the form was opened: it may be opened again over another view.
-    const int key_ = EditedApptKey();  ///< Of the row, 0 for a new one.
-    const View view_ = Session().CurrentView;
-    const BookedProvider provider_ = ProviderOfView();
+    const EditorRequest request_;
+    const int key_ = request_.Key();  ///< Of the row, 0 for a new one.
     // What the database holds, as far as this form knows.
     std::optional<std::vector<db::Value>> storedState_;
     std::optional<Attendance> storedMembers_;

@@ -73,7 +73,7 @@ void frmgrptx::loadmembers() {
             addMember({rows["id"].text(), rows["acctnbr"].text(), homePhone},
                       rows["last_name"].text() + QStringLiteral(", ") + rows["first_name"].text(),
                       FormatPhone(homePhone, formats.home), FormatPhone(rows["telephone_b"].text(), formats.work),
-                      {.scheduled = Session().IsNewAppt, .kept = false});
+                      {.scheduled = request_.IsNewAppt, .kept = false});
         }
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading groups members. "), error);

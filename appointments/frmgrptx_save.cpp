@@ -35,13 +35,13 @@ void frmgrptx::cmdOk_Click() {
     if (!dirty)
         return accept();
     // The members of a group that was only just typed are looked at before they are saved.
-    if (cbogroup->ListIndex() < 0 || group != groupOnList_ || !ViewHasEditor(view_) ||
+    if (cbogroup->ListIndex() < 0 || group != groupOnList_ || !ViewHasEditor(request_.CurrentView) ||
         !TimesAreValid(*ctstart, *ctend, *ctedate))
         return;
-    const db::ReadTogether together(Session().Connection, savingStatements(key_, provider_.id));
-    if (conflicts(key_, provider_.id))
+    const db::ReadTogether together(Session().Connection, savingStatements(key_, request_.provider.id));
+    if (conflicts(key_, request_.provider.id))
         return;
-    if (saveappt(key_, provider_.id))
+    if (saveappt(key_, request_.provider.id))
         accept();
     else
         closeUnsaved();

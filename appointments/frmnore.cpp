@@ -29,7 +29,7 @@ constexpr int HourMinutes = 60;
 
 }  // namespace
 
-frmnore::frmnore(QWidget* parent) : EditorDialog(parent) {
+frmnore::frmnore(const EditorRequest& request, QWidget* parent) : EditorDialog(parent), request_(request) {
     setObjectName(QStringLiteral("frmnore"));
     setWindowTitle(QStringLiteral("New Appointment"));
     buildForm();
@@ -43,13 +43,6 @@ frmnore::frmnore(QWidget* parent) : EditorDialog(parent) {
 // The focus leaves its field when the form goes, which must still find the whole form.
 frmnore::~frmnore() {
     hide();
-}
-
-void frmnore::SetSlot(const SelectedSlot& slot) {
-    ctedate->setDate(slot.date);
-    ctstart->setTime(slot.start);
-    ctend->setTime(slot.end);
-    dirty = true;
 }
 
 void frmnore::SetPatientTag(const QString& patientId) {
@@ -70,11 +63,7 @@ void frmnore::PatientChosen() {
 void frmnore::reject() {
     if (closePatientList())
         return;
-    if (Session().IsNewAppt) {
-        Session().IsNewAppt = false;
-        if (OpenView* open = TheOpenView(); open != nullptr && (view_ == View::Day || view_ == View::Week))
-            open->DropSelection();
-    }
+    givenUp_ = request_.IsNewAppt;
     EditorDialog::reject();
 }
 

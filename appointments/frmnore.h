@@ -6,10 +6,9 @@
 #include <QTimer>
 #include <vector>
 
+#include "appointments/editorrequest.h"
 #include "platform/database/value.h"
 #include "session/editordialog.h"
-#include "session/openview.h"
-#include "session/session.h"
 
 class CompletingCombo;
 class DurationLabel;
@@ -31,9 +30,9 @@ class Recordset;
 }
 
 /// The editor of one entry of `appointments`: a patient appointment, an Activity/Event, a block of Unavailable Time or
-/// a slot of an appointment type, by the session's ApptKind. With IsNewAppt it makes a row, else it edits the row
-/// CurrentApptKey. The caller sets these values, makes the dialog, which loads itself, gives it the chosen time
-/// (SetSlot), shows it modally, and reloads its view.
+/// a slot of an appointment type, by the ApptKind that is asked for. With IsNewAppt it makes a row, else it edits the
+/// row CurrentApptKey. The caller makes the dialog, which loads itself, shows it modally, asks whether a new entry was
+/// GivenUp, and reloads its view.
 ///
 /// The fields stand in the order in which a receptionist asks: who, when, what, where, status, note. `dirty` is set by
 /// whatever the user changes in them, so that OK never drops a choice; OK without a change writes nothing.
@@ -47,12 +46,14 @@ class frmnore : public EditorDialog {
     /// together.
     static int QuickLookUp;
 
-    explicit frmnore(QWidget* parent = nullptr);
+    /// The time chosen in the view counts as a change, so that OK on a new entry with nothing chosen does nothing at
+    /// all instead of closing.
+    explicit frmnore(const EditorRequest& request, QWidget* parent = nullptr);
     ~frmnore() override;
 
-    /// Writes the time chosen in the view. It counts as a change, so that OK on a new entry with nothing chosen does
-    /// nothing at all instead of closing.
-    void SetSlot(const SelectedSlot& slot);
+    [[nodiscard]] const EditorRequest& Request() const { return request_; }
+    /// Whether the user gave a new entry up, so that nothing is left of the time that was chosen for it.
+    [[nodiscard]] bool GivenUp() const { return givenUp_; }
     /// The `patient_info.id` of the chosen patient; "" for none. What was shown of another patient's authorization and
     /// e-mail address is emptied with it.
     void SetPatientTag(const QString& patientId);
@@ -161,7 +162,8 @@ class frmnore : public EditorDialog {
 
     // frmnore_load.cpp
     void load();
-    [[nodiscard]] static QStringList loadStatements();
+    [[nodiscard]] QStringList loadStatements() const;
+    [[nodiscard]] QStringList statementsOfKind() const;
     [[nodiscard]] static QString rowStatement(int key);
     void showFormats();
     void showCaptions();
@@ -178,6 +180,7 @@ class frmnore : public EditorDialog {
     void showPatient(const db::Recordset& row);
     void showCategory(const db::Recordset& row);
     void showRoom();
+    void showSlot();
 
     // frmnore.cpp
     void connectFields();
@@ -247,10 +250,9 @@ class frmnore : public EditorDialog {
     void leaveList(Qt::FocusReason reason);
     void offerUnknownItems();
 
-    // As they were when the form was opened: it may be opened again over another view.
-    const int key_ = EditedApptKey();
-    const View view_ = Session().CurrentView;
-    const BookedProvider provider_ = ProviderOfView();
+    const EditorRequest request_;
+    const int key_ = request_.Key();  ///< Of the row, 0 for a new one.
+    bool givenUp_ = false;
 
     QWidget* fields_ = nullptr;
     QString patientTag_;

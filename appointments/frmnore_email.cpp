@@ -37,7 +37,7 @@ QString messageBody(const QString& providerName, const QString& apptDate, const 
 
 void frmnore::sendConfirmation() {
     if (ckemail->isChecked() && !emailTag_.isEmpty())
-        SendEmail(emailTag_, txtpatients->text(), providerName(provider_), ctedate->Text(), ctstart->Text());
+        SendEmail(emailTag_, txtpatients->text(), providerName(request_.provider), ctedate->Text(), ctstart->Text());
 }
 
 void frmnore::SendEmail(const QString& address, const QString& /*patientName*/, const QString& providerName,

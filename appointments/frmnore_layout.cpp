@@ -304,9 +304,9 @@ void frmnore::orderFields() {
         setTabOrder(*field, *(field + 1));
     for (QWidget* first : {static_cast<QWidget*>(txtpatients), static_cast<QWidget*>(cboevents),
                            static_cast<QWidget*>(cboavail), static_cast<QWidget*>(cbocats)})
-        if (first->isVisibleTo(this) && Session().IsNewAppt)
+        if (first->isVisibleTo(this) && request_.IsNewAppt)
             first->setFocus();
-    if (!Session().IsNewAppt)
+    if (!request_.IsNewAppt)
         ctstart->setFocus();
 }
 

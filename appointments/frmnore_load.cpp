@@ -59,20 +59,6 @@ QString typeStatement(int key) {
     return Sql("Select Appointment_Type from appointments Where Appointment_Type is not null and nkeyid = {}", key);
 }
 
-QStringList statementsOfKind(int kind) {
-    switch (kind) {
-        case apptkind::Activity:
-            return {LocationsStatement, EventsStatement, RoomsStatement};
-        case apptkind::Unavailable:
-            return {AvailabilityStatement};
-        case apptkind::TypeSlot:
-            return {LocationsStatement, CategoriesStatement, RoomsStatement};
-        default:
-            return {SessionTypesStatement, LocationsStatement, RoomsStatement, CategoriesStatement,
-                    typeStatement(EditedApptKey())};
-    }
-}
-
 QString facesheetLabel(int id) {
     QString label;
     db::Ignoring([&] {
@@ -96,11 +82,11 @@ void frmnore::load() {
     ckAlarm->setChecked(GetAlarmStatus(Session().ProviderId));
     alarmLeadMinutes_ = GetAlarmTime(Session().ProviderId);
     loadKind();
-    const bool dayStands = Session().CurrentView == View::Day;
+    const bool dayStands = request_.CurrentView == View::Day;
     for (QWidget* ofDate :
          {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(lbldate), static_cast<QWidget*>(lblweekday)})
         ofDate->setVisible(!dayStands);
-    if (!Session().IsNewAppt) {
+    if (!request_.IsNewAppt) {
         setWindowTitle(QStringLiteral("Edit Appointment"));
         cmdnewpat->hide();
         cmdPatientList->setEnabled(false);
@@ -110,20 +96,34 @@ void frmnore::load() {
     availOrEventTyped_ = false;
     locationTyped_ = false;
     dirty = false;
+    showSlot();
 }
 
 QString frmnore::rowStatement(int key) {
     return Sql("Select * from appointments Where nKeyId = {}", key);
 }
 
-QStringList frmnore::loadStatements() {
+QStringList frmnore::loadStatements() const {
     const QString& provider = Session().ProviderId;
-    QStringList statements = statementsOfKind(Session().ApptKind)
-                             << facesheetStatement(FacesheetAccountLabel) << AlarmStatusStatement(provider)
-                             << AlarmTimeStatement(provider);
-    if (const int key = Session().CurrentApptKey; !Session().IsNewAppt)
-        statements << rowStatement(key) << ApptRoomStatement(key);
+    QStringList statements = statementsOfKind() << facesheetStatement(FacesheetAccountLabel)
+                                                << AlarmStatusStatement(provider) << AlarmTimeStatement(provider);
+    if (!request_.IsNewAppt)
+        statements << rowStatement(key_) << ApptRoomStatement(key_);
     return statements;
+}
+
+QStringList frmnore::statementsOfKind() const {
+    switch (request_.ApptKind) {
+        case apptkind::Activity:
+            return {LocationsStatement, EventsStatement, RoomsStatement};
+        case apptkind::Unavailable:
+            return {AvailabilityStatement};
+        case apptkind::TypeSlot:
+            return {LocationsStatement, CategoriesStatement, RoomsStatement};
+        default:
+            return {SessionTypesStatement, LocationsStatement, RoomsStatement, CategoriesStatement,
+                    typeStatement(key_)};
+    }
 }
 
 void frmnore::showFormats() {
@@ -143,7 +143,7 @@ void frmnore::showCaptions() {
 }
 
 void frmnore::loadKind() {
-    const int kind = Session().ApptKind;
+    const int kind = request_.ApptKind;
     for (int page = 0; page < KindCount; ++page)
         fraappttype[static_cast<std::size_t>(page)]->setVisible(page == kind - apptkind::Patient);
     for (QWidget* ofPatient : {fraservice, frastatus, static_cast<QWidget*>(ckemail)})
@@ -177,7 +177,7 @@ void frmnore::loadPatientKind() {
     loadcats();
     SetApptType(key_);
     fillStatus();
-    if (Session().IsNewAppt)
+    if (request_.IsNewAppt)
         cbostatus->SetListIndex(PendingIndex);
 }
 
@@ -231,9 +231,9 @@ void frmnore::SetApptType(int key) {
 }
 
 void frmnore::LoadAppointment() {
-    const bool ofPatient = Session().ApptKind == apptkind::Patient;
+    const bool ofPatient = request_.ApptKind == apptkind::Patient;
     try {
-        const Recordset row(rowStatement(Session().CurrentApptKey), Session().Connection);
+        const Recordset row(rowStatement(key_), Session().Connection);
         if (row.Eof())
             return;
         const db::ReadTogether patient(
@@ -257,7 +257,7 @@ void frmnore::showRow(const Recordset& row) {
         QStringLiteral("Created: %1 (%2)").arg(momentText(row["createddate"].dateTime()), row["createduid"].text()));
     lblmodified->setText(QStringLiteral("Last Modified: %1 (%2)")
                              .arg(momentText(row["lastmodifieddate"].dateTime()), row["lastmodifieduid"].text()));
-    switch (Session().ApptKind) {
+    switch (request_.ApptKind) {
         case apptkind::Activity:
             cboevents->SetText(row["cappttext"].text());
             break;
@@ -308,5 +308,14 @@ void frmnore::showCategory(const Recordset& row) {
 }
 
 void frmnore::showRoom() {
-    roomUnread_ = !ShowBookedRoom(*cborooms, Session().CurrentApptKey);
+    roomUnread_ = !ShowBookedRoom(*cborooms, key_);
+}
+
+void frmnore::showSlot() {
+    if (!request_.slot)
+        return;
+    ctedate->setDate(request_.slot->date);
+    ctstart->setTime(request_.slot->start);
+    ctend->setTime(request_.slot->end);
+    dirty = true;
 }

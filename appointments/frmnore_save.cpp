@@ -51,13 +51,14 @@ void frmnore::cmdOk_Click() {
         return accept();
     if (entryText().trimmed().isEmpty())
         return;
-    const db::ReadTogether together(Session().Connection, savingStatements(key_, provider_.id));
-    if (Session().ApptKind == apptkind::Patient && !patientIsKnown())
+    const db::ReadTogether together(Session().Connection, savingStatements(key_, request_.provider.id));
+    if (request_.ApptKind == apptkind::Patient && !patientIsKnown())
         return;
     settlePatient();
-    if (conflicts(key_, provider_.id) || !ViewHasEditor(view_) || !TimesAreValid(*ctstart, *ctend, *ctedate))
+    if (conflicts(key_, request_.provider.id) || !ViewHasEditor(request_.CurrentView) ||
+        !TimesAreValid(*ctstart, *ctend, *ctedate))
         return;
-    if (!saveappt(key_, provider_.id))
+    if (!saveappt(key_, request_.provider.id))
         return closeUnsaved();
     sendConfirmation();
     accept();
@@ -93,7 +94,7 @@ QStringList frmnore::savingStatements(int key, const QString& providerId) const 
     const int start = ctstart->Time();
     const int end = ctend->Time();
     QStringList statements{ApptConflictStatement(key, date, start, end, patientTag_, providerId), rowStatement(key)};
-    if (Session().ApptKind == apptkind::Patient)
+    if (request_.ApptKind == apptkind::Patient)
         statements << PatientStatement(patientTag_);
     if (cborooms->ListIndex() >= 0)
         statements << RoomConflictStatements(key, date, start, end, cborooms->ItemData(), key);
@@ -105,7 +106,7 @@ bool frmnore::conflicts(int key, const QString& providerId) {
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    if (ViewHasEditor(view_) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
+    if (ViewHasEditor(request_.CurrentView) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
         return true;
     return cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key);
 }
@@ -178,7 +179,7 @@ void frmnore::writeFields(Recordset& row, bool isNew, const QString& providerId)
     const int lead = alarmLeadMinutes_ > 0 ? alarmLeadMinutes_ : UsualLeadMinutes;
     row.Set("ReminderTime", ckAlarm->isChecked() ? db::Value(start - lead) : db::Value());
     row.Set("BPrivateIco", 0);
-    if (Session().ApptKind == apptkind::TypeSlot)
+    if (request_.ApptKind == apptkind::TypeSlot)
         row.Set("appttype", ApptTypeSlot);
     writeKind(row);
     row.Set("clinicianid", providerId);
@@ -209,9 +210,9 @@ void frmnore::writeKind(Recordset& row) {
 
 void frmnore::insertRoom(int apptKey) {
     QString text;
-    switch (Session().ApptKind) {
+    switch (request_.ApptKind) {
         case apptkind::Patient:
-            text = provider_.name;
+            text = request_.provider.name;
             break;
         case apptkind::Activity:
             text = cboevents->Text();

@@ -16,6 +16,7 @@
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
 #include "data/pipefields.h"
+#include "platform/calendar/item.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
@@ -25,7 +26,6 @@
 #include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
 #include "session/hiddennames.h"
-#include "session/openview.h"
 #include "session/session.h"
 
 namespace {
@@ -40,11 +40,13 @@ int value(const ctNEdit* field) {
 
 }  // namespace
 
-frmRecurAppt::frmRecurAppt(QWidget* parent) : EditorDialog(parent) {
+frmRecurAppt::frmRecurAppt(const CalendarItem& item, BookedProvider provider, std::function<void()> rowsChanged,
+                           QWidget* parent)
+    : EditorDialog(parent), provider_(std::move(provider)), rowsChanged_(std::move(rowsChanged)) {
     setObjectName(QStringLiteral("frmRecurAppt"));
     setWindowTitle(QStringLiteral("Recurrance"));
     buildForm();
-    if (!loadSource()) {
+    if (!loadSource(item)) {
         MsgBox(QStringLiteral("Error retreiving Appointment values."), ExclamationBox, QStringLiteral("Error"));
         QTimer::singleShot(0, this, &QDialog::reject);
     }
@@ -63,15 +65,13 @@ bool frmRecurAppt::IsChanged() const {
     return EditorDialog::IsChanged() || seriesdates->HasDecisions();
 }
 
-bool frmRecurAppt::loadSource() {
-    const OpenView* view = TheOpenView();
-    const std::optional<CalendarItem> item = view != nullptr ? view->SelectedItem() : std::nullopt;
-    if (!item || item->ItemKey.toInt() < 1)
+bool frmRecurAppt::loadSource(const CalendarItem& item) {
+    if (item.ItemKey.toInt() < 1)
         return false;
-    const QString patientId = GetPipeField(item->ItemNote, PatientPiece);
-    source_ = {item->ItemKey.toInt(), item->ItemDay,  item->ItemStart,
-               item->ItemEnd,         item->ItemText, NamesPatient(item->ItemColor, !patientId.isEmpty()),
-               item->ItemLocation,    item->ItemNote};
+    const QString patientId = GetPipeField(item.ItemNote, PatientPiece);
+    source_ = {item.ItemKey.toInt(), item.ItemDay,  item.ItemStart,
+               item.ItemEnd,         item.ItemText, NamesPatient(item.ItemColor, !patientId.isEmpty()),
+               item.ItemLocation,    item.ItemNote};
     FollowHiddenNames(this, [this](bool) { showSource(); });
     seriesdates->SetSource({source_.key, source_.start, source_.end, provider_.id, patientId}, source_.date);
     return source_.date.isValid() && !source_.text.isEmpty();

@@ -7,8 +7,9 @@
 #include "appointments/seriesmark.h"
 #include "data/recurrence.h"
 #include "session/editordialog.h"
-#include "session/openview.h"
+#include "session/slot.h"
 
+struct CalendarItem;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
@@ -23,7 +24,7 @@ namespace db {
 class Recordset;
 }
 
-/// Turns the appointment that is selected in the open view into a series: the user chooses a pattern, and OK writes one
+/// Turns an appointment into a series: the user chooses a pattern, and OK writes one
 /// row for each of its dates besides the appointment's own. Of the pattern itself nothing is kept but `repeating` and
 /// `repeating_ref`, the key of the first appointment. A line below the settings says what the series will be, and a
 /// list shows its dates with what stands in their way; a date that is decided there is not asked for again. Each row is
@@ -32,7 +33,10 @@ class frmRecurAppt : public EditorDialog {
     Q_OBJECT
 
   public:
-    explicit frmRecurAppt(QWidget* parent = nullptr);
+    /// `item` is the appointment as the view shows it, `provider` the one in whose schedule its copies are booked,
+    /// `rowsChanged` reads the view anew where the user lets the rest of a series be booked later.
+    frmRecurAppt(const CalendarItem& item, BookedProvider provider, std::function<void()> rowsChanged,
+                 QWidget* parent = nullptr);
 
     [[nodiscard]] QString Subject() const override;
     [[nodiscard]] bool IsChanged() const override;
@@ -50,9 +54,6 @@ class frmRecurAppt : public EditorDialog {
     /// so does every kind of row. Throws db::DatabaseError.
     [[nodiscard]] bool getconflict(QDate date) const;
     [[nodiscard]] const RecurrencePattern& Pattern() const { return pattern_; }
-
-    /// Reads the view anew where the user lets the rest of a series be booked later.
-    std::function<void()> rowsChanged;
 
     QButtonGroup* radRecurrence = nullptr;
     QStackedWidget* pages = nullptr;
@@ -107,7 +108,7 @@ class frmRecurAppt : public EditorDialog {
     void connectControls();
 
     // frmrecurappt.cpp
-    [[nodiscard]] bool loadSource();
+    [[nodiscard]] bool loadSource(const CalendarItem& item);
     void showSource();
     void presetPattern();
     void UIComputeEndDate();
@@ -132,7 +133,8 @@ class frmRecurAppt : public EditorDialog {
                                      Companions companions) const;
     void book(db::Recordset& rows, const SeriesWork& work);
 
-    const BookedProvider provider_ = ProviderOfView();
+    const BookedProvider provider_;
+    const std::function<void()> rowsChanged_;
     Source source_;
     RecurrencePattern pattern_;
 };

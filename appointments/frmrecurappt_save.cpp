@@ -83,5 +83,5 @@ void frmRecurAppt::book(Recordset& rows, const SeriesWork& work) {
     if (!outcome.failure)
         return tellMade(outcome.done);
     TellError(QStringLiteral("Error adding appointment. "), *outcome.failure);
-    OfferRest(mark, outcome, rowsChanged);
+    OfferRest(mark, outcome, rowsChanged_);
 }

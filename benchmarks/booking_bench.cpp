@@ -69,18 +69,16 @@ void bareOpening(benchmark::State& state, const Practice& practice) {
         readLists(bare, row.key);
 }
 
-void openEditorOn(const Edited& row) {
-    Session().ApptKind = 1;
-    Session().IsNewAppt = false;
-    Session().CurrentApptKey = row.key;
+EditorRequest editing(const Edited& row) {
+    const SessionValues& session = Session();
+    return {apptkind::Patient, false, row.key, View::Day, {session.ProviderId, session.ProviderName}, std::nullopt};
 }
 
 void ourOpening(benchmark::State& state, const Practice& practice) {
     practice.openSession();
     const Edited row = editedRow();
-    openEditorOn(row);
     for (auto _ : state) {
-        frmnore editor;
+        frmnore editor(editing(row));
         editor.show();
         QApplication::processEvents();
         benchmark::DoNotOptimize(editor.grab());
@@ -114,10 +112,9 @@ void ourSave(benchmark::State& state, const Practice& practice) {
     view.show();
     QApplication::processEvents();
     QPixmap screen(view.size());
-    openEditorOn(row);
     for (auto _ : state) {
         state.PauseTiming();
-        auto editor = std::make_unique<frmnore>();
+        auto editor = std::make_unique<frmnore>(editing(row));
         state.ResumeTiming();
         if (!editor->saveappt(row.key, QStringLiteral("REED")))
             state.SkipWithError("the save failed");

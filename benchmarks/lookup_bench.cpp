@@ -46,8 +46,6 @@ class CrowdedPractice {
         session.CurrentView = View::Day;
         session.WordUsage = QStringLiteral("Patient");
         session.PhoneMask = QStringLiteral("(###) ###-####");
-        session.ApptKind = 1;
-        session.IsNewAppt = true;
     }
 
   private:
@@ -99,7 +97,7 @@ void bareLookUp(benchmark::State& state, const Typed& typed) {
 
 void ourLookUp(benchmark::State& state, const Typed& typed) {
     practice().openSession();
-    frmnore editor;
+    frmnore editor({apptkind::Patient, true, 0, View::Day, {QStringLiteral("REED"), QString()}, std::nullopt});
     editor.show();
     editor.txtpatients->setFocus();
     QApplication::processEvents();

@@ -106,29 +106,25 @@ void countCommands() {
     SetApptStatus(row.key, ncolor::Pending);
 }
 
-void openOn(int key, int kind) {
-    Session().ApptKind = kind;
-    Session().IsNewAppt = key == 0;
-    Session().CurrentApptKey = key;
+EditorRequest entry(int key) {
+    const SessionValues& session = Session();
+    return {apptkind::Patient, key == 0, key, View::Day, {session.ProviderId, session.ProviderName}, std::nullopt};
 }
 
 void countEditors() {
-    openOn(0, apptkind::Patient);
-    count("Editor, a new appointment", [] { const frmnore form; });
-    frmnore form;
+    count("Editor, a new appointment", [] { const frmnore form(entry(0)); });
+    frmnore form(entry(0));
     count("Editor, a letter of a patient's name", [&] {
         QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QStringLiteral("b"));
         QApplication::sendEvent(form.txtpatients, &press);
     });
     const Row row = rowOf(ncolor::Pending);
-    openOn(row.key, apptkind::Patient);
     std::unique_ptr<frmnore> editor;
-    count("Editor, an appointment", [&] { editor = std::make_unique<frmnore>(); });
+    count("Editor, an appointment", [&] { editor = std::make_unique<frmnore>(entry(row.key)); });
     count("Editor, a save", [&] { editor->saveappt(row.key, QStringLiteral("REED")); });
-    openOn(rowOf(ncolor::Group).key, apptkind::Patient);
-    count("Editor, a group", [] { const frmgrptx group; });
-    Session().ActivityKey = 0;
-    count("Editor, a new activity", [] { const frmactsc activity; });
+    const Row group = rowOf(ncolor::Group);
+    count("Editor, a group", [&] { const frmgrptx form(entry(group.key)); });
+    count("Editor, a new activity", [] { const frmactsc form({0, QDate::currentDate(), std::nullopt}); });
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <vector>
 
-#include "session/openview.h"
+#include "session/slot.h"
 
 class QPushButton;
 class ctMDay;

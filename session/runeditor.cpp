@@ -6,7 +6,6 @@
 #include "platform/controls/noticebar.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/opendialog.h"
-#include "session/session.h"
 
 namespace {
 
@@ -14,25 +13,8 @@ QString words(const char* text) {
     return QCoreApplication::translate("RunEditor", text);
 }
 
-/// What the session holds of the row that is edited.
-struct EditedRow {
-    int kind = Session().ApptKind;
-    bool isNew = Session().IsNewAppt;
-    int key = Session().CurrentApptKey;
-    int activity = Session().ActivityKey;
-
-    void putBack() const {
-        SessionValues& session = Session();
-        session.ApptKind = kind;
-        session.IsNewAppt = isNew;
-        session.CurrentApptKey = key;
-        session.ActivityKey = activity;
-    }
-};
-
 struct KeptEditor {
     QPointer<EditorDialog> form;
-    EditedRow row;
     std::function<void()> reopened;
 };
 
@@ -60,7 +42,6 @@ void keep(const KeptEditor& kept) {
 }
 
 void afterwards(const KeptEditor& kept, const std::function<void()>& closed) {
-    Session().IsNewAppt = false;
     if (kept.form == nullptr)
         return;  // With its window, and the view in it.
     const bool unsaved = kept.form->IsUnsaved();
@@ -80,10 +61,7 @@ void openAgain(const KeptEditor& kept) {
         return;
     if (OpenDialog::Any())
         return keep(kept);
-    const EditedRow before;
-    kept.row.putBack();
     ShowModal(*kept.form);
-    before.putBack();
     afterwards(kept, kept.reopened);
 }
 
@@ -91,7 +69,7 @@ void openAgain(const KeptEditor& kept) {
 
 void RunEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed,
                const std::function<void()>& reopened) {
-    const KeptEditor kept{editor.release(), {}, reopened};
+    const KeptEditor kept{editor.release(), reopened};
     ShowModal(*kept.form);
     afterwards(kept, closed);
 }

@@ -6,9 +6,9 @@
 #include "session/editordialog.h"
 
 /// Shows an editor modally; `closed` is called when it has closed, saved or not. Where its save failed the editor is
-/// kept, hidden, with all that was typed, and a notice offers to open it again, with the session's values of what is
-/// edited (ApptKind, IsNewAppt, CurrentApptKey, ActivityKey) as they were; after that `reopened` is called instead,
-/// since the view of the first time may be gone. What was loaded stays what the next save compares the row with.
+/// kept, hidden, with all that was typed, and a notice offers to open it again; after that `reopened` is called
+/// instead, since the view of the first time may be gone. What was loaded stays what the next save compares the row
+/// with.
 ///
 /// The editor goes with its parent, which should be the main window, or when the user closes the notice.
 void RunEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed,

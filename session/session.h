@@ -54,15 +54,6 @@ struct SessionValues {
     QString FHDatabaseId;  ///< Empty: the link is off.
     int FHProviderId = 0;  ///< 0: no pair.
     bool FHLedgerHidden = false;
-
-    // What commands and dialogs leave for each other.
-    int ApptKind = 0;  ///< 1 patient appointment, 2 Activity/Event, 3 Unavailable Time, 4 appointment type.
-    bool IsNewAppt = false;
-    int CurrentApptKey = 0;
-    int ActivityKey = 0;  ///< The Activity that the Activity Scheduler edits; 0 for a new one.
-    int CheckInKey = 0;   ///< The appointment being checked in; 0 after the user gave it up.
-    int CurrentTaskId = 0;
-    QString NewPatientId;  ///< The patient that frmnewpat saved; cleared by who opens it.
 };
 
 SessionValues& Session();

@@ -11,3 +11,8 @@ enum class View {
     Rooms = 5,
     Companion = 6
 };
+
+/// Whether appointments are booked and edited in this view: in the day, the week and all providers.
+[[nodiscard]] constexpr bool ViewHasEditor(View view) {
+    return view == View::Day || view == View::Week || view == View::AllProviders;
+}

@@ -24,7 +24,6 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     makeItemPopup();
     setGrid();
     FollowHiddenNames(this, [this](bool hidden) { hideNames(hidden); });
-    registerOpenView();
 }
 
 void CalendarView::bindCommands() {
@@ -78,6 +77,10 @@ ScheduleSheet CalendarView::sheet() const {
 void CalendarView::printS() {
     ctMDay1->CommitEdit();
     PrintedSheet(sheet()).Preview(window());
+}
+
+BookedProvider CalendarView::Provider() const {
+    return {Session().ProviderId, Session().ProviderName};
 }
 
 void CalendarView::DropSelection() {

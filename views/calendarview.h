@@ -7,16 +7,17 @@
 
 #include "platform/calendar/ctmday.h"
 #include "platform/database/recordset.h"
-#include "session/openview.h"
+#include "session/slot.h"
 #include "shell/menuview.h"
 #include "shell/schedulesheet.h"
 #include "views/appointmentitem.h"
 
 class EditorDialog;
+struct EditorRequest;
 
 /// What the views on a `ctMDay` share: the calendar itself, the commands on appointments and what the user's rights
 /// leave of them, the hours and the grid from the preferences. A view states only its difference.
-class CalendarView : public MenuView, public OpenView {
+class CalendarView : public MenuView {
     Q_OBJECT
 
   public:
@@ -32,10 +33,14 @@ class CalendarView : public MenuView, public OpenView {
     /// Shows what the view holds as it will be on paper.
     void PrintSchedule() override { printS(); }
 
-    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
-    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
-    [[nodiscard]] QDate ShownDate() const override { return main_.Date(); }
-    void DropSelection() override;
+    /// The selected item as the view holds it; nothing where none is selected.
+    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const;
+    /// The selected range of time; nothing where none is selected.
+    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const;
+    /// The provider in whose schedule this view books: the session's, unless the view has a choice of its own.
+    [[nodiscard]] virtual BookedProvider Provider() const;
+    /// Gives up the selection, the provisional one of an appointment that is not made after all among them.
+    void DropSelection();
 
     /// Greys and hides the commands that the user's rights forbid. Who may not write can set no status and delete
     /// nothing.
@@ -44,11 +49,11 @@ class CalendarView : public MenuView, public OpenView {
     /// Fills the details of an item, where the view has a place for them; an index below 1 empties them.
     virtual void displayapptinfo(int index);
     /// Deletes the selected appointment. Normally it asks first: a row of its own goes in one transaction, with its
-    /// room and its members, and leaves a line in the audit log; of a series, frmdelrepeat lets the user choose. While
-    /// an appointment is being added (IsNewAppt) it takes the unfinished row away, without a question and without a
+    /// room and its members, and leaves a line in the audit log; of a series, frmdelrepeat lets the user choose. Of an
+    /// appointment that is being added (IsNewAppt) it takes the unfinished row away, without a question and without a
     /// line. A deletion that fails is told and leaves everything as it was. A row that another desk has deleted already
     /// leaves the calendar without a word.
-    void DeleteSelectedAppointment();
+    void DeleteSelectedAppointment(bool IsNewAppt);
 
   protected:
     /// What the commands need of an item's row besides what the item shows.
@@ -143,18 +148,18 @@ class CalendarView : public MenuView, public OpenView {
     void popupOnEmptyTime(int index, const QPoint& place);
     void newappt(int kind);
     void newGroup();
-    /// Opens the editor on a new appointment of the kind at the selected time.
-    template <class Editor>
-    void addBy(int kind);
+    /// Opens an editor on a new appointment of the kind at the selected time.
+    void addBy(void (CalendarView::*open)(const EditorRequest&), int kind);
+    void openEditor(const EditorRequest& request);
     void newActivity();
-    /// Opens the Activity Scheduler, for a new Activity where `key` is 0; one that was dragged shows its new times.
-    void scheduleActivity(int key, const std::optional<SelectedSlot>& draggedTo = std::nullopt);
+    /// Opens the Activity Scheduler, for a new Activity where `key` is 0, at a time that was chosen or dragged to.
+    void scheduleActivity(int key, const std::optional<SelectedSlot>& slot = std::nullopt);
     void selectAddedTo(const QSet<QString>& before);
     void editCommand();
     void editappt2(int index);
     void editappt(int index);
-    void editgroup();
-    void showEditor(std::unique_ptr<EditorDialog> editor);
+    void editgroup(const EditorRequest& request);
+    void showEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed = {});
 
     // calendarview_move.cpp
     void bindInPlaceWork();

@@ -31,7 +31,6 @@ void CalendarView::bindSearches() {
 
 void CalendarView::bindSeries() {
     menus_.Bind(QStringLiteral("mnuARepeat"), [this] {
-        Session().IsNewAppt = false;
         const std::optional<CalendarItem> item = SelectedItem();
         if (!item || item->ItemKey.toInt() < 1) {
             MsgBox(
@@ -40,9 +39,8 @@ void CalendarView::bindSeries() {
                 ExclamationBox, QStringLiteral("Warning"));
             return;
         }
-        auto dialog = std::make_unique<frmRecurAppt>(window());
-        dialog->rowsChanged = [&main = main_] { main.cycledate(2); };
-        showEditor(std::move(dialog));
+        showEditor(std::make_unique<frmRecurAppt>(
+            *item, Provider(), [&main = main_] { main.cycledate(2); }, window()));
     });
 }
 

@@ -60,8 +60,6 @@ void CalendarView::bindDeletion() {
 }
 
 void CalendarView::deleteCommand() {
-    // No appointment is being added while the user can choose a command: a flag left on must not spare the question.
-    Session().IsNewAppt = false;
     ctMDay1->CommitEdit();
     const int key = SelectedItem().value_or(CalendarItem()).ItemKey.toInt();
     if (key < 1)
@@ -76,7 +74,8 @@ void CalendarView::deleteCommand() {
     if (shared)
         deleteActivity(key);
     else
-        DeleteSelectedAppointment();
+        // No appointment is being added while the user can choose a command.
+        DeleteSelectedAppointment(false);
 }
 
 void CalendarView::deleteActivity(int key) {
@@ -88,12 +87,12 @@ void CalendarView::deleteActivity(int key) {
         Reload();
 }
 
-void CalendarView::DeleteSelectedAppointment() {
+void CalendarView::DeleteSelectedAppointment(bool IsNewAppt) {
     const std::optional<CalendarItem> item = SelectedItem();
     if (!item || item->ItemKey.toInt() < 1)
         return;
     try {
-        if (Session().IsNewAppt)
+        if (IsNewAppt)
             cancelAddedAppointment(item->ItemKey.toInt());
         else
             deleteAppointment(*item);

@@ -89,31 +89,35 @@ bool CalendarView::CanAdd() const {
 }
 
 void CalendarView::newappt(int kind) {
-    addBy<frmnore>(kind);
+    addBy(&CalendarView::openEditor, kind);
 }
 
 void CalendarView::newGroup() {
-    addBy<frmgrptx>(apptkind::Patient);
+    addBy(&CalendarView::editgroup, apptkind::Patient);
 }
 
-template <class Editor>
-void CalendarView::addBy(int kind) {
+void CalendarView::addBy(void (CalendarView::*open)(const EditorRequest&), int kind) {
     if (!MayWrite())
         return;
     ctMDay1->CommitEdit();
-    Session().ApptKind = kind;
-    Session().IsNewAppt = true;
     const std::optional<SelectedSlot> slot = SelectedTime();
     if (!slot) {
         MsgBox(QStringLiteral("No Appointment Time is Currently Selected"), ExclamationBox, QStringLiteral("Warning"));
-        Session().IsNewAppt = false;
         return;
     }
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
-    auto editor = std::make_unique<Editor>(window());
-    editor->SetSlot(*slot);
-    showEditor(std::move(editor));
+    (this->*open)({kind, true, 0, Session().CurrentView, Provider(), slot});
     selectAddedTo(before);
+}
+
+// A view of one provider gives up the time that was chosen with the entry.
+void CalendarView::openEditor(const EditorRequest& request) {
+    auto editor = std::make_unique<frmnore>(request, window());
+    const frmnore& form = *editor;
+    showEditor(std::move(editor), [this, &form] {
+        if (form.GivenUp() && form.Request().CurrentView != View::AllProviders)
+            DropSelection();
+    });
 }
 
 void CalendarView::newActivity() {
@@ -121,16 +125,12 @@ void CalendarView::newActivity() {
         return;
     ctMDay1->CommitEdit();
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
-    scheduleActivity(0);
+    scheduleActivity(0, SelectedTime());
     selectAddedTo(before);
 }
 
-void CalendarView::scheduleActivity(int key, const std::optional<SelectedSlot>& draggedTo) {
-    Session().ActivityKey = key;
-    auto scheduler = std::make_unique<frmactsc>(window());
-    if (draggedTo)
-        scheduler->SetSlot(*draggedTo);
-    showEditor(std::move(scheduler));
+void CalendarView::scheduleActivity(int key, const std::optional<SelectedSlot>& slot) {
+    showEditor(std::make_unique<frmactsc>(ActivityRequest{key, main_.Date(), slot}, window()));
 }
 
 // What was just booked stands selected, unless another desk has booked too and nobody can tell which is which.
@@ -186,19 +186,24 @@ void CalendarView::editappt(int index) {
         scheduleActivity(item.ItemKey.toInt());
         return;
     }
-    Session().ApptKind = kind;
-    Session().IsNewAppt = false;
-    Session().CurrentApptKey = item.ItemKey.toInt();
+    const EditorRequest request{kind, false, item.ItemKey.toInt(), Session().CurrentView, Provider(), std::nullopt};
     if (kind == apptkind::Patient && item.ItemColor == ncolor::Group)
-        return editgroup();
-    showEditor(std::make_unique<frmnore>(window()));
+        editgroup(request);
+    else
+        openEditor(request);
 }
 
-void CalendarView::editgroup() {
-    showEditor(std::make_unique<frmgrptx>(window()));
+void CalendarView::editgroup(const EditorRequest& request) {
+    showEditor(std::make_unique<frmgrptx>(request, window()));
 }
 
-void CalendarView::showEditor(std::unique_ptr<EditorDialog> editor) {
+void CalendarView::showEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed) {
     RunEditor(
-        std::move(editor), [this] { Reload(); }, [&main = main_] { main.cycledate(2); });
+        std::move(editor),
+        [this, &closed] {
+            if (closed)
+                closed();
+            Reload();
+        },
+        [&main = main_] { main.cycledate(2); });
 }

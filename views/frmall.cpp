@@ -294,7 +294,7 @@ QString frmall::whyUnseen(const FoundAppointment& found) const {
 }
 
 BookedProvider frmall::Provider() const {
-    return providerOfColumn(cboprovs->currentIndex() + 1).value_or(OpenView::Provider());
+    return providerOfColumn(cboprovs->currentIndex() + 1).value_or(CalendarView::Provider());
 }
 
 std::optional<BookedProvider> frmall::providerOfColumn(int column) const {

@@ -72,9 +72,9 @@ void frmmtv::bindMonthCommands() {
     showOpenView(QStringLiteral("mnuVMonth"), View::Month);
     menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
     menus().Bind(QStringLiteral("mnuVActivity"), [this] {
-        Session().ActivityKey = 0;
         RunEditor(
-            std::make_unique<frmactsc>(window()), [this] { Reload(); }, [&main = main()] { main.cycledate(2); });
+            std::make_unique<frmactsc>(ActivityRequest{0, main().Date(), std::nullopt}, window()), [this] { Reload(); },
+            [&main = main()] { main.cycledate(2); });
     });
 }
 

@@ -15,17 +15,15 @@ ActivityFixture::ActivityFixture() {
 }
 
 frmactsc& ActivityFixture::openNewActivity() {
-    Session().ActivityKey = 0;
-    return show();
+    return open({0, view.shownDate, view.selectedTime});
 }
 
-frmactsc& ActivityFixture::openActivity(int key) {
-    Session().ActivityKey = key;
-    return show();
+frmactsc& ActivityFixture::openActivity(int key, const std::optional<SelectedSlot>& draggedTo) {
+    return open({key, view.shownDate, draggedTo});
 }
 
-frmactsc& ActivityFixture::show() {
-    scheduler = std::make_unique<frmactsc>();
+frmactsc& ActivityFixture::open(const ActivityRequest& request) {
+    scheduler = std::make_unique<frmactsc>(request);
     scheduler->show();
     scheduler->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(scheduler.get()));

@@ -12,7 +12,7 @@ class ActivityFixture : public EditorFixture {
 
     /// Opens the Activity Scheduler on a new activity; the view shows March 11, 2026, with no time selected.
     frmactsc& openNewActivity();
-    frmactsc& openActivity(int key);
+    frmactsc& openActivity(int key, const std::optional<SelectedSlot>& draggedTo = std::nullopt);
     /// The staff meeting from nine to ten in the Annex, of March 11, 2026, attended by these.
     int activity(const QStringList& attendees);
     /// A new activity that lacks nothing: the staff meeting, nine to ten, attended by Reed and O'Brien.
@@ -28,5 +28,5 @@ class ActivityFixture : public EditorFixture {
     std::unique_ptr<frmactsc> scheduler;
 
   private:
-    frmactsc& show();
+    frmactsc& open(const ActivityRequest& request);
 };

@@ -11,18 +11,6 @@
 
 using db::Sql;
 
-std::optional<CalendarItem> EditorsView::SelectedItem() const {
-    if (selectedKey == 0)
-        return std::nullopt;
-    CalendarItem item;
-    item.ItemKey = QString::number(selectedKey);
-    return item;
-}
-
-BookedProvider EditorsView::Provider() const {
-    return chosenProvider.value_or(OpenView::Provider());
-}
-
 EditorFixture::EditorFixture() {
     SessionValues& session = Session();
     session.UID = QStringLiteral("FRONT");
@@ -61,28 +49,33 @@ void EditorFixture::fillLists() {
     main.Execute("Update provider_info Set pfirst_name = 'Anna', plast_name = 'Reed' Where id = 'REED'");
 }
 
+EditorRequest EditorFixture::newEntry(int kind) const {
+    EditorRequest request = entryOf(0, kind);
+    request.IsNewAppt = true;
+    request.slot = view.selectedTime.value_or(SelectedSlot{day, 540, 600});
+    return request;
+}
+
+EditorRequest EditorFixture::entryOf(int key, int kind) const {
+    const SessionValues& session = Session();
+    return {kind,
+            false,
+            key,
+            session.CurrentView,
+            view.chosenProvider.value_or(BookedProvider{session.ProviderId, session.ProviderName}),
+            std::nullopt};
+}
+
 frmnore& EditorFixture::openNew(int kind) {
-    Session().ApptKind = kind;
-    Session().IsNewAppt = true;
-    form = std::make_unique<frmnore>();
-    form->SetSlot({day, 540, 600});
-    return show();
+    return open(newEntry(kind));
 }
 
 frmnore& EditorFixture::openRow(int key, int kind) {
-    Session().ApptKind = kind;
-    Session().IsNewAppt = false;
-    Session().CurrentApptKey = key;
-    view.selectedKey = key;
-    return open();
+    return open(entryOf(key, kind));
 }
 
-frmnore& EditorFixture::open() {
-    form = std::make_unique<frmnore>();
-    return show();
-}
-
-frmnore& EditorFixture::show() {
+frmnore& EditorFixture::open(const EditorRequest& request) {
+    form = std::make_unique<frmnore>(request);
     form->show();
     form->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
@@ -98,7 +91,6 @@ int EditorFixture::savedPatientAppointment() {
     form->txtnotes->setPlainText(QStringLiteral("Bring the forms"));
     clickOk();
     form.reset();
-    Session().IsNewAppt = false;
     return newestKey();
 }
 

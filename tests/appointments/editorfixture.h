@@ -4,27 +4,15 @@
 #include <memory>
 
 #include "appointments/frmnore.h"
-#include "session/openview.h"
 #include "tests/appointments/appointmentfixture.h"
 
 class CompletingCombo;
 
-/// The view that stands open behind the editor: what a test puts here is what the editor may ask of it.
-class EditorsView : public OpenView {
-  public:
-    EditorsView() { registerOpenView(); }
-
-    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
-    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override { return selectedTime; }
-    [[nodiscard]] QDate ShownDate() const override { return shownDate; }
-    [[nodiscard]] BookedProvider Provider() const override;
-    void DropSelection() override { selectionDropped = true; }
-
-    int selectedKey = 0;
+/// The view that opens the editors: what a test puts here is what they are asked for.
+struct EditorsView {
     std::optional<SelectedSlot> selectedTime;
     QDate shownDate{2026, 3, 11};
     std::optional<BookedProvider> chosenProvider;  ///< Of the all-providers view.
-    bool selectionDropped = false;
 };
 
 /// A practice with every list filled, Dr. Reed's day view open, and Mary Jones as its patient.
@@ -34,8 +22,11 @@ class EditorFixture : public AppointmentFixture {
 
     /// Opens the editor on a new entry of a kind, at nine to ten of the day that is shown.
     frmnore& openNew(int kind);
-    /// Opens the editor on the row, which the view has selected.
+    /// Opens the editor on the row.
     frmnore& openRow(int key, int kind);
+    /// What the view asks an editor for: a new entry at the selected time, by default nine to ten of the day, or a row.
+    [[nodiscard]] EditorRequest newEntry(int kind) const;
+    [[nodiscard]] EditorRequest entryOf(int key, int kind) const;
     /// The row of a kind as the editor itself writes it: nine to ten, in room and location.
     int savedPatientAppointment();
     /// Takes a patient over as the look-up does.
@@ -56,7 +47,6 @@ class EditorFixture : public AppointmentFixture {
     int office = 0;  ///< The key of the room.
 
   private:
-    frmnore& open();
-    frmnore& show();
+    frmnore& open(const EditorRequest& request);
     void fillLists();
 };

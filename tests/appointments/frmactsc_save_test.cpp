@@ -189,7 +189,7 @@ TEST_F(ActivitySave, AnAttendeeWhoHasLeftThePracticeIsNotLost) {
 
 TEST_F(ActivitySave, ADraggedActivityIsSavedAtItsNewTime) {
     const int key = activity({QStringLiteral("REED")});
-    openActivity(key).SetSlot({day, 660, 720});
+    openActivity(key, SelectedSlot{day, 660, 720});
     ok();
     EXPECT_EQ(stored(key), QStringLiteral("660-720 2026-03-11 Staff Meeting @ Annex"));
     EXPECT_EQ(attendees(key), QStringLiteral("REED"));
@@ -198,7 +198,7 @@ TEST_F(ActivitySave, ADraggedActivityIsSavedAtItsNewTime) {
 TEST_F(ActivitySave, ABookedRoomFollowsTheActivity) {
     const int key = activity({QStringLiteral("REED")});
     booking(office, 540, 600, QStringLiteral("Staff Meeting"), key);
-    openActivity(key).SetSlot({day, 660, 720});
+    openActivity(key, SelectedSlot{day, 660, 720});
     ok();
     EXPECT_EQ(database.number(Sql("Select nStartTime from roomschedule Where apptid = {}", key)), 660);
     EXPECT_EQ(database.number(Sql("Select nEndTime from roomschedule Where apptid = {}", key)), 720);
@@ -242,7 +242,7 @@ TEST_F(ActivitySave, AnOldOneIsChangedWithAttendeesAndRoomOrNotAtAll) {
         run(QStringLiteral("Delete from AppointmentsEvents"));
         const int key = activity({QStringLiteral("REED")});
         booking(office, 540, 600, QStringLiteral("Staff Meeting"), key);
-        openActivity(key).SetSlot({day, 660, 720});
+        openActivity(key, SelectedSlot{day, 660, 720});
         clickProvider("Lane");
         const QString why = database.refuse(QString::fromLatin1(step.operation), QString::fromLatin1(step.table));
         desk.expectBox(step.trouble + why, Error);
@@ -304,7 +304,7 @@ TEST_F(ActivitySave, AttendeesWhomAnotherDeskChangedAreNotWrittenOver) {
 
 TEST_F(ActivitySave, AnotherDesksAttendeesDoNotStandInTheWayOfANewTime) {
     const int key = activity({QStringLiteral("REED")});
-    openActivity(key).SetSlot({day, 660, 720});
+    openActivity(key, SelectedSlot{day, 660, 720});
     run(Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, 'STONE')", key));
     ok();
     EXPECT_EQ(stored(key), QStringLiteral("660-720 2026-03-11 Staff Meeting @ Annex"));

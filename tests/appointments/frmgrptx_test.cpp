@@ -88,8 +88,8 @@ TEST_F(GroupDialog, AMemberTakesPartOnTheLastDay) {
 
 TEST_F(GroupDialog, AMemberWithoutAnEndTakesPartFromTheFirstDayOn) {
     Session().CurrentView = View::Week;
+    view.selectedTime = SelectedSlot{QDate(2031, 5, 1), 540, 600};
     openNewGroup();
-    dialog->SetSlot({QDate(2031, 5, 1), 540, 600});
     pick(QStringLiteral("Anger"));
     EXPECT_EQ(listed(), QStringLiteral("x Baker, Bo; x Drew, Di"));
 }
@@ -274,7 +274,6 @@ TEST_F(GroupDialog, ARefreshedListIsScheduledForAllAndKeptForNone) {
 
 TEST_F(GroupDialog, ARefreshOfANewAppointmentDeletesNobodysMembers) {
     const int other = groupAppointment();
-    view.selectedKey = other;
     openNewGroup(QStringLiteral("Anger"));
     clickScheduled("Abel, Ann");
     refresh(Answer::Yes);

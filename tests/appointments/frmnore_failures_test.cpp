@@ -150,7 +150,6 @@ TEST_F(EditorFailure, WhatAFailedSaveClosedCanBeOpenedAndSavedAgain) {
     EXPECT_TRUE(form->IsUnsaved());
     EXPECT_EQ(form->Subject(), QStringLiteral("appointment on 03/11/2026 at 11:00 AM"));
     database.allow(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
-    view.selectedKey = 0;
     Session().CurrentView = View::Month;
     form->show();
     EXPECT_FALSE(form->IsUnsaved());
@@ -231,27 +230,6 @@ TEST_F(EditorFailure, ARowThatAnotherDeskDeletedBecomesANewOneAndThatIsSaid) {
     EXPECT_EQ(bar.Texts(),
               QStringList(QStringLiteral(
                   "The appointment had been deleted at another desk and was added again as a new appointment.")));
-}
-
-TEST_F(EditorFailure, ASelectionThatMovedMeanwhileDoesNotMoveTheSave) {
-    const int key = appointment({.text = QStringLiteral("Staff Meeting"), .patient = QString()});
-    const int other = appointment({.start = 800, .end = 860, .text = QStringLiteral("Training")});
-    openRow(key, 2);
-    view.selectedKey = other;
-    type(form->cboevents, QStringLiteral("lost"));
-    desk.expectBox(QStringLiteral("Event is not on the list. Do you want to add it?"), QStringLiteral("Item Not Found"),
-                   Answer::No);
-    clickOk();
-    EXPECT_EQ(column("cappttext", other), QStringLiteral("Training"));
-    EXPECT_EQ(column("cappttext", key), QStringLiteral("lost"));
-}
-
-TEST_F(EditorFailure, AViewThatLostItsSelectionDoesNotDoubleTheAppointment) {
-    const int key = openMoved();
-    view.selectedKey = 0;
-    clickOk();
-    EXPECT_EQ(rowCount("appointments"), 1);
-    EXPECT_EQ(column("nStartTime", key), QStringLiteral("660"));
 }
 
 TEST_F(EditorFailure, ARoomThatCouldNotBeReadIsNotTakenAway) {

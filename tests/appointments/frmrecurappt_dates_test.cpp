@@ -32,7 +32,7 @@ TEST_F(Recurring, TheListTellsWhoAndWhatIsInTheWayOfEachDate) {
                                      .patient = QString(),
                                      .date = day.addDays(35)});
     run(Sql("Insert Into appointmentsevents (nkeyid, clinicianid) Values ({}, 'REED')", meeting));
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(7);
     form.seriesdates->Read();
     EXPECT_EQ(
@@ -50,7 +50,7 @@ TEST_F(Recurring, TheListTellsWhoAndWhatIsInTheWayOfEachDate) {
 TEST_F(Recurring, ADateThatWasDecidedInTheListIsNotAskedForAgain) {
     for (const int week : {1, 2, 3})
         appointment({.date = day.addDays(7 * week)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     form.txtRecrMaxEvents->setValue(5);
     form.seriesdates->Read();
@@ -71,7 +71,7 @@ TEST_F(Recurring, TheEndSaysHowManyWereMade) {
     NoticeBar bar;
     for (const int week : {1, 3})
         appointment({.date = day.addDays(7 * week)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(13);
     form.show();
     form.seriesdates->Read();
@@ -84,7 +84,7 @@ TEST_F(Recurring, TheEndSaysHowManyWereMade) {
 TEST_F(Recurring, AllThatIsTakenIsLeftOutAtOnce) {
     for (const int week : {1, 3})
         appointment({.date = day.addDays(7 * week)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(5);
     form.seriesdates->Read();
     EXPECT_TRUE(form.seriesdates->cmdskip->isEnabled());
@@ -97,7 +97,7 @@ TEST_F(Recurring, AllThatIsTakenIsLeftOutAtOnce) {
 
 TEST_F(Recurring, ADecisionStaysWithItsDateWhenTheSeriesGrows) {
     appointment({.date = day.addDays(7)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     form.seriesdates->Read();
     pressSpaceOn(form, 1);
@@ -108,7 +108,7 @@ TEST_F(Recurring, ADecisionStaysWithItsDateWhenTheSeriesGrows) {
 
 TEST_F(Recurring, WhatIsInTheWayIsReadByItselfOnceTheTypingPauses) {
     appointment({.date = day.addDays(7)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     EXPECT_TRUE(QTest::qWaitFor([&] { return listed(form)[1].contains(QStringLiteral("asked first")); }));
 }
@@ -121,7 +121,7 @@ TEST_F(Recurring, ARoomThatIsTakenIsAskedForUnlessItStaysBehind) {
     const QString question = QStringLiteral(
         "This appointment is associated with a Room. Do you want the room to be associated with all recurring appointments?");
     {
-        frmRecurAppt form;
+        frmRecurAppt form(item, reed, {});
         desk.expectBox(question, QStringLiteral("Recurring Appointment"), Answer::Yes);
         desk.expectBox(QStringLiteral("This is booked on 3/18/2026:\n\nBlue Room: Board 9:00 AM - 9:30 AM\n\nAdd the "
                                       "appointment anyway?"),
@@ -129,7 +129,7 @@ TEST_F(Recurring, ARoomThatIsTakenIsAskedForUnlessItStaysBehind) {
         press(form, 0);
         EXPECT_EQ(datesOfSeries(), QStringLiteral("3/11"));
     }
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     desk.expectBox(question, QStringLiteral("Recurring Appointment"), Answer::No);
     press(form, 0);
     EXPECT_EQ(datesOfSeries(), QStringLiteral("3/11 3/18"));
@@ -148,7 +148,7 @@ TEST_F(Recurring, NoNameIsListedWhilePatientsNamesAreHidden) {
     booking(blue, 540, 600, QStringLiteral("Reed"), key);
     booking(blue, 540, 570, QStringLiteral("Jones, Mary"), key + 1);
     run(Sql("Update roomschedule Set nApptDate = '{}' Where apptid = {}", day.addDays(14), key + 1));
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     form.txtRecrMaxEvents->setValue(4);
     form.seriesdates->Read();
@@ -187,7 +187,7 @@ TEST_F(Recurring, NoNameIsListedWhilePatientsNamesAreHidden) {
 
 TEST_F(Recurring, ADateThatWasDecidedIsNotThrownAwayUnasked) {
     appointment({.date = day.addDays(7)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     form.seriesdates->Read();
     pressSpaceOn(form, 1);
@@ -202,7 +202,7 @@ TEST_F(Recurring, ADateThatWasDecidedIsNotThrownAwayUnasked) {
 
 TEST_F(Recurring, DatesThatWereOnlyLookedAtAskNothing) {
     appointment({.date = day.addDays(7)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     form.seriesdates->Read();
     QTest::keyClick(&form, Qt::Key_Escape);
@@ -210,7 +210,7 @@ TEST_F(Recurring, DatesThatWereOnlyLookedAtAskNothing) {
 }
 
 TEST_F(Recurring, NothingIsBookedWhereWhatIsInTheWayCannotBeRead) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     const QString why = DropTable(database.connection(), QStringLiteral("Holidays"));
     desk.expectBox(QStringLiteral("Error checking for conflicts. Nothing has been saved. ") + why,
@@ -229,7 +229,7 @@ TEST_F(Recurring, TheAttendeesOfAnActivityAreAskedFor) {
         "This activity has attendees: 2. Do you want them to attend all recurring appointments too? With No these are booked for  alone.");
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         run(Sql("Delete from appointments Where nkeyid <> {}", key));
-        frmRecurAppt form;
+        frmRecurAppt form(item, reed, {});
         desk.expectBox(question, QStringLiteral("Recurring Appointment"), answer);
         press(form, 0);
         EXPECT_EQ(database.text(Sql("Select clinicianid from appointments Where nkeyid <> {}", key)),
@@ -248,7 +248,7 @@ TEST_F(Recurring, TheMembersOfAGroupAreAskedForAndWhoHasLeftByThenDoesNotCome) {
         run(Sql("Insert Into GroupMembers (GroupID, PatientID, startDate) Values (5, '{}', '2020/01/01')", who));
     }
     run(Sql("Update GroupMembers Set enddate = '{}' Where PatientID = '10018'", day.addDays(10)));
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(3);
     desk.expectBox(
         QStringLiteral(

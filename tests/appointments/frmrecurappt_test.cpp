@@ -17,7 +17,7 @@ const QString Title = QStringLiteral("Solvane Scheduler");
 }  // namespace
 
 TEST_F(Recurring, StartsWithTheAppointmentsOwnWeekday) {
-    const frmRecurAppt form;
+    const frmRecurAppt form(item, reed, {});
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Recurrance"));
     EXPECT_EQ(form.txtRecrStartDate->Date(), day);
     EXPECT_EQ(form.txtRecrMaxEvents->Value(), 2);
@@ -26,7 +26,7 @@ TEST_F(Recurring, StartsWithTheAppointmentsOwnWeekday) {
 }
 
 TEST_F(Recurring, OneMoreDateIsWrittenForAnEndAfterTwo) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     press(form, 0);
     EXPECT_EQ(count(), 2);
     EXPECT_EQ(datesOfSeries(), QStringLiteral("3/11 3/18"));
@@ -49,7 +49,7 @@ TEST_F(Recurring, TheStatusOfTheCopiesFollowsTheSources) {
     for (const auto& [source, copy] : statuses) {
         run(Sql("Delete from appointments Where nkeyid <> {}", key));
         run(Sql("Update appointments Set ncolor = {} Where nkeyid = {}", source, key));
-        frmRecurAppt form;
+        frmRecurAppt form(item, reed, {});
         press(form, 0);
         EXPECT_EQ(database.number(Sql("Select ncolor from appointments Where nkeyid <> {}", key)), copy) << source;
     }
@@ -58,7 +58,7 @@ TEST_F(Recurring, TheStatusOfTheCopiesFollowsTheSources) {
 TEST_F(Recurring, AMemberOfASeriesContinuesUnderTheFirstMembersKey) {
     const int first = appointment({.date = day.addDays(-7)});
     run(Sql("Update appointments Set repeating = 1, repeating_ref = {}", first));
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     press(form, 0);
     EXPECT_EQ(database.number(Sql("Select Count(*) from appointments Where repeating_ref = {}", first)), 3);
 }
@@ -66,7 +66,7 @@ TEST_F(Recurring, AMemberOfASeriesContinuesUnderTheFirstMembersKey) {
 TEST_F(Recurring, AnsweringNoToAConflictSkipsThatDateAlone) {
     appointment({.start = 600, .end = 660, .date = day.addDays(7)});  // Touching counts.
     appointment({.start = 540, .end = 600, .date = day.addDays(14)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(4);
     expectConflict("3/18/2026", Answer::No);
     expectConflict("3/25/2026", Answer::Yes);
@@ -81,7 +81,7 @@ TEST_F(Recurring, TheRoomGoesAlongOnlyAfterAYes) {
         "This appointment is associated with a Room. Do you want the room to be associated with all recurring appointments?");
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         run(Sql("Delete from appointments Where nkeyid <> {}", key));
-        frmRecurAppt form;
+        frmRecurAppt form(item, reed, {});
         desk.expectBox(question, QStringLiteral("Recurring Appointment"), answer);
         press(form, 0);
         EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from roomschedule")), answer == Answer::Yes ? 2 : 1);
@@ -91,7 +91,7 @@ TEST_F(Recurring, TheRoomGoesAlongOnlyAfterAYes) {
 }
 
 TEST_F(Recurring, AStartBehindTheAppointmentIsBookedLikeEveryOtherDate) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrStartDate->setDate(day.addDays(7));
     form.txtRecrMaxEvents->setValue(3);
     EXPECT_EQ(form.lblsentence->text(),
@@ -104,7 +104,7 @@ TEST_F(Recurring, AStartBehindTheAppointmentIsBookedLikeEveryOtherDate) {
 }
 
 TEST_F(Recurring, AStartBeforeTheAppointmentDoesNotBookItsOwnDateTwice) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrStartDate->setDate(day.addDays(-7));
     form.txtRecrMaxEvents->setValue(3);
     EXPECT_EQ(form.lblsentence->text(),
@@ -117,7 +117,7 @@ TEST_F(Recurring, AStartBeforeTheAppointmentDoesNotBookItsOwnDateTwice) {
 }
 
 TEST_F(Recurring, AStartThatFitsNoPatternLeavesTheOwnDateAloneToo) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrStartDate->setDate(day.addDays(-3));
     form.txtRecrMaxEvents->setValue(2);
     press(form, 0);
@@ -125,7 +125,7 @@ TEST_F(Recurring, AStartThatFitsNoPatternLeavesTheOwnDateAloneToo) {
 }
 
 TEST_F(Recurring, AWeekWithNoDayTickedIsToldWhenItIsSaved) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     for (QCheckBox* box : form.chkRecrWeekly)
         box->setChecked(false);
     EXPECT_EQ(form.lblsentence->text(), QStringLiteral("Every week on no day: no date fits."));
@@ -136,7 +136,7 @@ TEST_F(Recurring, AWeekWithNoDayTickedIsToldWhenItIsSaved) {
 }
 
 TEST_F(Recurring, WhatIsMissingIsToldTogether) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrStartDate->setText({});
     choose(form.radEnd, 1);
     form.txtRecrWeeklyWeeks->setValue(0);
@@ -149,7 +149,7 @@ TEST_F(Recurring, WhatIsMissingIsToldTogether) {
 }
 
 TEST_F(Recurring, AMissingEndAloneLosesItsLastLetter) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     choose(form.radEnd, 1);
     desk.expectBox(QStringLiteral("Please enter the following information: \n\n   End Date or Number of Occurrence"),
                    Title);
@@ -157,7 +157,7 @@ TEST_F(Recurring, AMissingEndAloneLosesItsLastLetter) {
 }
 
 TEST_F(Recurring, EachPatternChecksItsOwnNumbers) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     const auto refused = [&](int type, const char* text) {
         choose(form.radRecurrence, type);
         desk.expectBox(QStringLiteral("Please enter the following information: \n\n") + QLatin1String(text), Title);
@@ -178,7 +178,7 @@ TEST_F(Recurring, EachPatternChecksItsOwnNumbers) {
 
 TEST_F(Recurring, ThePreviewMarksTheDatesThatCollide) {
     appointment({.date = day.addDays(7)});
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(3);
     desk.expectForm("frmslist", [](QDialog& dialog) {
         const auto& list = *static_cast<frmslist&>(dialog).List1;
@@ -193,7 +193,7 @@ TEST_F(Recurring, ThePreviewMarksTheDatesThatCollide) {
 
 TEST_F(Recurring, TheDayComesFirstWhereTheSystemWritesItSo) {
     Session().DateOrder = 1;
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     desk.expectForm("frmslist", [](QDialog& dialog) {
         EXPECT_EQ(static_cast<frmslist&>(dialog).List1->item(1)->text(), QStringLiteral("Wed 18/03/2026"));
     });
@@ -201,7 +201,7 @@ TEST_F(Recurring, TheDayComesFirstWhereTheSystemWritesItSo) {
 }
 
 TEST_F(Recurring, TheSentenceFollowsTheSettings) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.chkRecrWeekly[4]->setChecked(true);
     form.txtRecrWeeklyWeeks->setValue(2);
     form.txtRecrMaxEvents->setValue(5);
@@ -224,7 +224,7 @@ TEST_F(Recurring, TheSentenceFollowsTheSettings) {
 }
 
 TEST_F(Recurring, AnEndBeforeTheStartGivesNoSeries) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     choose(form.radEnd, 1);
     form.txtRecrEndDate->setDate(day.addDays(-1));
     desk.expectBox(QStringLiteral("Recurring appointment must have more than one date."), Title);
@@ -232,24 +232,24 @@ TEST_F(Recurring, AnEndBeforeTheStartGivesNoSeries) {
 }
 
 TEST_F(Recurring, TheLargestCountStopsAfterFiveThousandDays) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(32767);
     choose(form.radRecurrence, 0);
     EXPECT_TRUE(form.lblsentence->text().startsWith(QStringLiteral("Every day, 5001 times")))
         << form.lblsentence->text().toStdString();
 }
 
-TEST_F(Recurring, WithoutASelectedAppointmentTheFormClosesItself) {
-    view.item.reset();
+TEST_F(Recurring, WithoutAnAppointmentTheFormClosesItself) {
+    item = CalendarItem();
     desk.expectBox(QStringLiteral("Error retreiving Appointment values."), QStringLiteral("Error"));
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.show();
     QApplication::processEvents();
     EXPECT_FALSE(form.isVisible());
 }
 
 TEST_F(Recurring, AnAppointmentThatAnotherUserDeletedIsTold) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     run(QStringLiteral("Delete from appointments"));
     desk.expectBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
                    QStringLiteral("Error"));
@@ -258,7 +258,7 @@ TEST_F(Recurring, AnAppointmentThatAnotherUserDeletedIsTold) {
 }
 
 TEST_F(Recurring, ALostDatabaseIsTold) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     const QString why = loseDatabase();
     desk.expectBox(QStringLiteral("Error opening database. ") + why, QStringLiteral("Error"));
     press(form, 0);
@@ -267,7 +267,7 @@ TEST_F(Recurring, ALostDatabaseIsTold) {
 TEST_F(Recurring, ADateWhoseRoomCannotBeBookedIsNotBooked) {
     const int blue = room(QStringLiteral("Blue"));
     booking(blue, 540, 600, QStringLiteral("Reed"), key);
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     form.txtRecrMaxEvents->setValue(4);
     const QString why = database.refuse(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
     desk.expectBox(
@@ -280,7 +280,7 @@ TEST_F(Recurring, ADateWhoseRoomCannotBeBookedIsNotBooked) {
 }
 
 TEST_F(Recurring, CancelWritesNothing) {
-    frmRecurAppt form;
+    frmRecurAppt form(item, reed, {});
     press(form, 1);
     EXPECT_EQ(count(), 1);
     EXPECT_EQ(database.number(QStringLiteral("Select repeating from appointments")), 0);

@@ -40,10 +40,7 @@ void GroupFixture::member(int group, const QString& patient, const QString& from
 }
 
 frmgrptx& GroupFixture::openNewGroup() {
-    Session().ApptKind = 1;
-    Session().IsNewAppt = true;
-    show().SetSlot({day, 540, 600});
-    return *dialog;
+    return open(newEntry(1));
 }
 
 frmgrptx& GroupFixture::openNewGroup(const QString& group) {
@@ -53,15 +50,11 @@ frmgrptx& GroupFixture::openNewGroup(const QString& group) {
 }
 
 frmgrptx& GroupFixture::openGroup(int key) {
-    Session().ApptKind = 1;
-    Session().IsNewAppt = false;
-    Session().CurrentApptKey = key;
-    view.selectedKey = key;
-    return show();
+    return open(entryOf(key, 1));
 }
 
-frmgrptx& GroupFixture::show() {
-    dialog = std::make_unique<frmgrptx>();
+frmgrptx& GroupFixture::open(const EditorRequest& request) {
+    dialog = std::make_unique<frmgrptx>(request);
     dialog->show();
     dialog->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));

@@ -40,5 +40,5 @@ class GroupFixture : public EditorFixture {
 
   private:
     int group(const QString& name);
-    frmgrptx& show();
+    frmgrptx& open(const EditorRequest& request);
 };

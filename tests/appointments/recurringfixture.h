@@ -7,20 +7,10 @@
 
 #include "appointments/frmrecurappt.h"
 #include "appointments/seriesdates.h"
-#include "session/openview.h"
+#include "platform/calendar/item.h"
 #include "tests/appointments/appointmentfixture.h"
 
-/// The day view with one appointment selected.
-class DayWithSelection : public OpenView {
-  public:
-    DayWithSelection() { registerOpenView(); }
-    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override { return item; }
-    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override { return std::nullopt; }
-    void DropSelection() override {}
-    std::optional<CalendarItem> item;
-};
-
-/// The dialog that repeats the appointment which is selected in that view.
+/// The dialog that repeats an appointment of Dr. Reed's.
 class Recurring : public AppointmentFixture {
   protected:
     Recurring() {
@@ -30,7 +20,6 @@ class Recurring : public AppointmentFixture {
         run(db::Sql(
             "Update appointments Set ncolor = 16711681, CapptNote = '90834|bring the card', CLOCATION = 'Annex' Where nkeyid = {}",
             key));
-        CalendarItem item;
         item.ItemKey = QString::number(key);
         item.ItemDay = day;  // A Wednesday.
         item.ItemStart = 540;
@@ -38,7 +27,6 @@ class Recurring : public AppointmentFixture {
         item.ItemText = QStringLiteral("Jones, Mary");
         item.ItemLocation = QStringLiteral("Annex");
         item.ItemNote = QStringLiteral("90834|bring the card|10017|A-17");
-        view.item = item;
     }
     void run(const QString& statement) { database.connection().Execute(statement); }
     static void press(frmRecurAppt& form, int command) { form.cmdRecur[static_cast<std::size_t>(command)]->click(); }
@@ -82,6 +70,7 @@ class Recurring : public AppointmentFixture {
         QTest::keyClick(&list, Qt::Key_Space);
     }
 
-    DayWithSelection view;
+    CalendarItem item;  ///< As the view shows the appointment.
+    const BookedProvider reed{QStringLiteral("REED"), QString()};
     int key = 0;
 };

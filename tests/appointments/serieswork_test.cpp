@@ -11,11 +11,11 @@
 #include "appointments/frmdelrepeat.h"
 #include "appointments/frmrecurappt.h"
 #include "data/codes.h"
+#include "platform/calendar/item.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/connectiontext.h"
 #include "session/audit.h"
-#include "session/openview.h"
 #include "tests/appointments/appointmentfixture.h"
 
 using db::Sql;
@@ -26,11 +26,10 @@ const QString Error = QStringLiteral("Error");
 const QString AddingFailed = QStringLiteral("Error adding appointment. ");
 const QString DeletingFailed = QStringLiteral("Error deleting appointment. ");
 
-/// The day view with O'Brien's appointment selected, which has the blue room.
-class SeriesBooking : public AppointmentFixture, public OpenView {
+/// O'Brien's appointment, which has the blue room.
+class SeriesBooking : public AppointmentFixture {
   protected:
     SeriesBooking() {
-        registerOpenView();
         Session().ProviderId = QStringLiteral("REED");
         Session().ConnectionString = database.connectionText();
         desk.setNow(QDateTime(day, QTime(8, 0)));
@@ -46,7 +45,8 @@ class SeriesBooking : public AppointmentFixture, public OpenView {
                 run(QStringLiteral("Drop Trigger ") + trigger);
     }
 
-    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override {
+    /// As the view shows it.
+    [[nodiscard]] CalendarItem shown() const {
         CalendarItem item;
         item.ItemKey = QString::number(key);
         item.ItemDay = day;
@@ -56,14 +56,11 @@ class SeriesBooking : public AppointmentFixture, public OpenView {
         item.ItemNote = QStringLiteral("||10017|A-17");
         return item;
     }
-    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override { return std::nullopt; }
-    void DropSelection() override {}
 
     void run(const QString& statement) { database.connection().Execute(statement); }
     /// Books eleven weekly appointments more, each with the room; where the database refuses one it says `failure`.
     void repeat(const QString& failure = {}) {
-        frmRecurAppt form;
-        form.rowsChanged = [this] { ++reloads; };
+        frmRecurAppt form(shown(), {QStringLiteral("REED"), QString()}, [this] { ++reloads; });
         form.txtRecrMaxEvents->setValue(12);
         desk.expectBox(
             QStringLiteral(

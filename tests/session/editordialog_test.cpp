@@ -15,7 +15,6 @@
 #include "platform/controls/noticebar.h"
 #include "platform/desktop/opendialog.h"
 #include "session/runeditor.h"
-#include "session/session.h"
 #include "tests/support/scripteddesk.h"
 
 namespace {
@@ -131,15 +130,6 @@ namespace {
 
 class RunEditorTest : public testing::Test {
   protected:
-    RunEditorTest() {
-        ResetSession();
-        Session().ApptKind = 2;
-        Session().IsNewAppt = true;
-        Session().CurrentApptKey = 17;
-        Session().ActivityKey = 18;
-    }
-    ~RunEditorTest() override { ResetSession(); }
-
     void run() {
         RunEditor(
             std::make_unique<SampleEditor>(&window), [this] { happened << QStringLiteral("closed"); },
@@ -150,11 +140,6 @@ class RunEditorTest : public testing::Test {
         desk.expectForm("EditorDialog", [this, text](QDialog& form) {
             auto& editor = dynamic_cast<SampleEditor&>(form);
             shown = editor.field->text();
-            session = QStringLiteral("%1 %2 %3 %4")
-                          .arg(Session().ApptKind)
-                          .arg(Session().IsNewAppt)
-                          .arg(Session().CurrentApptKey)
-                          .arg(Session().ActivityKey);
             editor.field->setText(text);
             editor.save();
         });
@@ -171,7 +156,6 @@ class RunEditorTest : public testing::Test {
     NoticeBar bar;
     QStringList happened;
     QString shown;
-    QString session;
 };
 
 }  // namespace
@@ -190,18 +174,9 @@ TEST_F(RunEditorTest, WhatCouldNotBeSavedIsOpenedAgainWithAllThatWasTyped) {
     EXPECT_EQ(bar.Texts(), QStringList(QStringLiteral("Not saved: sample of today")));
     EXPECT_EQ(happened, QStringList(QStringLiteral("closed")));
 
-    Session().ApptKind = 1;
-    Session().IsNewAppt = false;
-    Session().CurrentApptKey = 99;
-    Session().ActivityKey = 98;
     expectSaving(QStringLiteral("refused again"));
     press("cmdNotice");
     EXPECT_EQ(shown, QStringLiteral("refused O'Brien"));
-    EXPECT_EQ(session, QStringLiteral("2 1 17 18"));
-    EXPECT_EQ(Session().ApptKind, 1);
-    EXPECT_EQ(Session().CurrentApptKey, 99);
-    EXPECT_EQ(Session().ActivityKey, 98);
-    EXPECT_FALSE(Session().IsNewAppt);
     EXPECT_EQ(bar.Texts().size(), 1);
 
     expectSaving(QStringLiteral("at last"));

@@ -400,7 +400,7 @@ TEST_F(AllProviders, ADraggedActivityOpensItsSchedulerAndNothingElseIsSaved) {
     run(QStringLiteral("Insert Into appointmentsevents (nkeyid, clinicianid) Values(%1, 'LANE')").arg(key));
     openByHand();
     desk.expectForm("frmactsc", [key](QDialog& form) {
-        EXPECT_EQ(Session().ActivityKey, key);
+        EXPECT_EQ(dynamic_cast<frmactsc&>(form).Request().ActivityKey, key);
         form.reject();
     });
     dragTo("Meeting", 3, 660);

@@ -57,7 +57,7 @@ TEST_F(DayActivity, TheCommandSchedulesANewActivityForTheDateThatIsShown) {
     main.SetDate(QDate(2026, 3, 12));
     openByHand();
     expectScheduler([](frmactsc& form) {
-        EXPECT_EQ(Session().ActivityKey, 0);
+        EXPECT_EQ(form.Request().ActivityKey, 0);
         EXPECT_EQ(form.ctDEditComp->Date(), QDate(2026, 3, 12));
         EXPECT_EQ(form.ctstart->Time(), -1);
         form.reject();
@@ -104,7 +104,7 @@ TEST_F(DayActivity, EnterOpensAnActivityOfSeveralProvidersInItsScheduler) {
     openByHand();
     select("Meeting");
     expectScheduler([this, key](frmactsc& form) {
-        EXPECT_EQ(Session().ActivityKey, key);
+        EXPECT_EQ(form.Request().ActivityKey, key);
         EXPECT_EQ(form.List1->SelectedNames(), (QStringList{"Lane", "Reed"}));
         otherDeskSets(key, QStringLiteral("cappttext = 'Big meeting'"));
         form.reject();
@@ -143,7 +143,7 @@ TEST_F(DayActivity, ADragOpensTheSchedulerWithTheNewTimesAndOkStoresThem) {
     const qint64 key = addMeeting();
     openByHand();
     expectScheduler([key](frmactsc& form) {
-        EXPECT_EQ(Session().ActivityKey, key);
+        EXPECT_EQ(form.Request().ActivityKey, key);
         EXPECT_EQ(form.ctstart->Time(), 660);
         EXPECT_EQ(form.ctend->Time(), 720);
         EXPECT_EQ(form.ctDEditComp->Date(), QDate(2026, 3, 11));

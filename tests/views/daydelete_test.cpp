@@ -203,7 +203,7 @@ TEST_F(DayDelete, IsNotOfferedForTheHolidayBanner) {
     EXPECT_FALSE(command("mnuADelete").isEnabled());
     EXPECT_EQ(command("mnuADelete").toolTip().toStdString(), "A holiday is not an appointment.");
     QTest::keyClick(&calendar(), Qt::Key_Delete);
-    view.DeleteSelectedAppointment();
+    view.DeleteSelectedAppointment(true);
     QApplication::processEvents();
 
     EXPECT_EQ(bookings(0), 1) << "A meeting that belongs to no appointment has apptid 0.";
@@ -215,7 +215,7 @@ TEST_F(DayDelete, WithoutASelectionDoesNothing) {
 
     EXPECT_FALSE(command("mnuADelete").isEnabled());
     QTest::keyClick(&calendar(), Qt::Key_Delete);
-    view.DeleteSelectedAppointment();
+    view.DeleteSelectedAppointment(true);
 
     EXPECT_EQ(itemTexts(), QStringList{"Anna"});
 }
@@ -242,8 +242,7 @@ TEST_F(DayDelete, OfAnUnfinishedAppointmentAsksAndLogsNothing) {
     CalendarView& view = open();
     select("Half made");
 
-    Session().IsNewAppt = true;
-    view.DeleteSelectedAppointment();
+    view.DeleteSelectedAppointment(true);
 
     EXPECT_EQ(rows(key), 0);
     EXPECT_EQ(bookings(key), 0);
@@ -258,9 +257,8 @@ TEST_F(DayDelete, OfAnUnfinishedAppointmentThatFailsIsToldAndLeavesIt) {
     select("Half made");
     const QString reason = database_.refuse(QStringLiteral("Delete"), QStringLiteral("roomschedule"));
 
-    Session().IsNewAppt = true;
     desk.expectBox(QStringLiteral("Error deleting appointment. ") + reason, QStringLiteral("Error"));
-    view.DeleteSelectedAppointment();
+    view.DeleteSelectedAppointment(true);
 
     EXPECT_EQ(rows(key), 1);
     EXPECT_EQ(bookings(key), 1);
@@ -274,20 +272,8 @@ TEST_F(DayDelete, OfAnUnfinishedAppointmentThatIsGoneAlreadyTakesItsRoom) {
     select("Half made");
     database_.connection().Execute(db::Sql("Delete from appointments Where nkeyid = {}", key));
 
-    Session().IsNewAppt = true;
-    view.DeleteSelectedAppointment();
+    view.DeleteSelectedAppointment(true);
 
     EXPECT_EQ(bookings(key), 0);
     EXPECT_TRUE(itemTexts().isEmpty());
-}
-
-TEST_F(DayDelete, ByTheCommandAsksAlsoWhereAFlagWasLeftOn) {
-    const qint64 key = add(anAppointment("Anna"));
-    open();
-    select("Anna");
-
-    Session().IsNewAppt = true;
-    deleteAnswering(Answer::No);
-
-    EXPECT_EQ(rows(key), 1);
 }

@@ -29,11 +29,10 @@ class DayEdit : public DayHand {
   protected:
     /// The editor must open for a row.
     void expectEditor(int kind, qint64 key, std::function<void()> meanwhile = {}) {
-        desk.expectForm("frmnore", [kind, key, meanwhile](QDialog&) {
-            EXPECT_EQ(Session().ApptKind, kind);
-            EXPECT_FALSE(Session().IsNewAppt);
-            EXPECT_EQ(Session().CurrentApptKey, key);
-            EXPECT_EQ(SelectedItemKey(View::Day), key);
+        desk.expectForm("frmnore", [kind, key, meanwhile](QDialog& form) {
+            EXPECT_EQ(theEditor(form).Request().ApptKind, kind);
+            EXPECT_FALSE(theEditor(form).Request().IsNewAppt);
+            EXPECT_EQ(theEditor(form).Request().CurrentApptKey, key);
             if (meanwhile)
                 meanwhile();
         });
@@ -41,8 +40,8 @@ class DayEdit : public DayHand {
     /// The editor must open for a new entry at the time.
     void expectNew(int kind, int start, int end, std::function<void()> meanwhile = {}) {
         desk.expectForm("frmnore", [=](QDialog& form) {
-            EXPECT_EQ(Session().ApptKind, kind);
-            EXPECT_TRUE(Session().IsNewAppt);
+            EXPECT_EQ(theEditor(form).Request().ApptKind, kind);
+            EXPECT_TRUE(theEditor(form).Request().IsNewAppt);
             EXPECT_EQ(theEditor(form).ctstart->Time(), start);
             EXPECT_EQ(theEditor(form).ctend->Time(), end);
             EXPECT_EQ(theEditor(form).ctedate->Date(), QDate(2026, 3, 11));
@@ -64,8 +63,6 @@ TEST_F(DayEdit, ADoubleClickOpensTheAppointment) {
     expectEditor(1, key);
 
     doubleClick(rectOf("Anna").center());
-
-    EXPECT_FALSE(Session().IsNewAppt);
 }
 
 TEST_F(DayEdit, WhatCouldNotBeSavedIsOpenedAgainFromTheBarWithAllThatWasTyped) {
@@ -253,7 +250,6 @@ TEST_F(DayEdit, EachNewCommandOpensTheEditorForItsKindAtTheSelectedTime) {
         calendar().selectRange(1, 600, 645);
         expectNew(kind, 600, 645);
         command(name).trigger();
-        EXPECT_FALSE(Session().IsNewAppt) << name;
     }
 }
 
@@ -265,7 +261,6 @@ TEST_F(DayEdit, WithoutASelectedTimeEachNewCommandSaysSo) {
     for (const char* name : {"mnuANPat", "mnuANEvent", "mnuANAvail", "mnuASType"}) {
         desk.expectBox(noTime, "Warning");
         command(name).trigger();
-        EXPECT_FALSE(Session().IsNewAppt) << name;
     }
 }
 
@@ -382,7 +377,7 @@ TEST_F(DayEdit, ANewEntryThatIsGivenUpLeavesNothingBehind) {
 
     this->key(Qt::Key_Return);
 
-    EXPECT_FALSE(Session().IsNewAppt);
+    EXPECT_FALSE(view_->SelectedTime());
     EXPECT_EQ(itemTexts(), QStringList());
 }
 
@@ -405,7 +400,6 @@ TEST_F(DayReadOnly, NothingOpensTheEditor) {
 
     EXPECT_FALSE(view_->CanAdd());
     EXPECT_FALSE(command("mnuAEdit").isEnabled());
-    EXPECT_EQ(Session().ApptKind, 0);
 }
 
 TEST_F(DayReadOnly, EmptyTimeHasNoPopup) {

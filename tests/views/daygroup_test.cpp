@@ -61,7 +61,6 @@ TEST_F(DayGroup, ANewGroupTakesTheSelectedTimeAndStandsSelectedOnTheDay) {
     EXPECT_EQ(members(), 2);
     ASSERT_TRUE(view_->SelectedItem());
     EXPECT_EQ(view_->SelectedItem()->ItemText, "Anger");
-    EXPECT_FALSE(Session().IsNewAppt);
 }
 
 TEST_F(DayGroup, WithoutASelectedTimeNoGroupIsMade) {
@@ -70,8 +69,6 @@ TEST_F(DayGroup, WithoutASelectedTimeNoGroupIsMade) {
     desk.expectBox("No Appointment Time is Currently Selected", "Warning");
 
     command("mnuASGroup").trigger();
-
-    EXPECT_FALSE(Session().IsNewAppt);
 }
 
 TEST_F(DayGroup, EnterOnAGroupOpensItsAttendance) {

@@ -270,9 +270,9 @@ TEST_F(MonthView, TheListsOpenInTheirModes) {
 
 TEST_F(MonthView, TheActivitySchedulerOpensAndTheMonthIsReadAfterwards) {
     open();
-    Session().ActivityKey = 77;
     desk.expectForm("frmactsc", [this](QDialog& form) {
-        EXPECT_EQ(Session().ActivityKey, 0);
+        EXPECT_EQ(dynamic_cast<frmactsc&>(form).Request().ActivityKey, 0);
+        EXPECT_EQ(dynamic_cast<frmactsc&>(form).ctDEditComp->Date(), main.Date());
         add(anAppointment("Booked there"));
         form.reject();
     });
