@@ -11,9 +11,9 @@
 /// The list of the dialogs: rows of cells under headers, some columns with check boxes, each row with hidden item data
 /// (a key, number or text), a text item and a note mark.
 ///
-/// Rows count from 0, and -1 means none. Columns count from 1. A row is given as its cells joined by ";"; the cell of a
-/// check column is checked when its text is a number other than 0. A row or column that is not there is ignored by
-/// commands and answered with an empty value by questions.
+/// Rows count from 0, and -1 means none. Columns count from 1. The cell of a check column is checked when its
+/// text is a number other than 0. A row or column that is not there is ignored by commands and answered with an empty
+/// value by questions.
 ///
 /// Keys: letters move to the next row that starts with what was typed, Space flips the row's check box and Shift+Space
 /// its second one, Enter activates the row, Ctrl+C copies the selected rows.
@@ -36,10 +36,8 @@ class ctList : public QTreeView {
     void SetChecksEnabled(bool enabled) { model_.setChecksEnabled(enabled); }
 
     void Clear();
-    /// Returns the new row's position.
-    int AddRow(const QString& joinedCells) { return model_.addRow(joinedCells); }
-    /// AddRow with the row's item data.
-    int AddRow(const QString& joinedCells, const QVariant& itemData);
+    /// Returns the new row's position. Cells for columns that are not there are kept and never shown.
+    int AddRow(const QStringList& cells, const QVariant& itemData = {});
     /// The selection goes to no row when the selected one is removed.
     void RemoveRow(int row);
     void SetCell(int row, int column, const QString& text) { model_.setCell(row, column, text); }
@@ -49,7 +47,7 @@ class ctList : public QTreeView {
     /// The cell names a patient, or tells of one what is nobody else's business: it is hidden with the names.
     void NameCell(int row, int column) { model_.nameCell(row, column); }
     /// Hides or shows what NameCell has marked, in the list and in what is copied from it; off at first. Cell and
-    /// RowText go on telling what the list holds.
+    /// Cells go on telling what the list holds.
     void SetNamesHidden(bool hidden) { model_.setNamesHidden(hidden); }
     /// Raises no CheckChanged.
     void SetChecked(int row, int column, bool checked) { model_.setChecked(row, column, checked); }
@@ -63,12 +61,12 @@ class ctList : public QTreeView {
     [[nodiscard]] int ColumnCount() const { return model_.columnCount(); }
     [[nodiscard]] QString Header(int column) const;
     /// The row as it was added, with the cells set since.
-    [[nodiscard]] QString RowText(int row) const { return model_.rowText(row); }
+    [[nodiscard]] QStringList Cells(int row) const { return model_.cells(row); }
     [[nodiscard]] QString Cell(int row, int column) const { return model_.cell(row, column); }
-    /// The cell as the user sees it.
+    /// The cell as the user sees it, in one line.
     [[nodiscard]] QString ShownCell(int row, int column) const { return model_.shownCell(row, column); }
-    /// The row as the user sees it, its cells joined by ";".
-    [[nodiscard]] QString ShownRowText(int row) const;
+    /// The row as the user sees it, a cell for each column.
+    [[nodiscard]] QStringList ShownCells(int row) const;
     [[nodiscard]] QVariant ItemData(int row) const { return model_.rowData(row); }
     [[nodiscard]] QString ItemText(int row) const { return model_.itemText(row); }
     [[nodiscard]] bool NoteMark(int row) const { return model_.noteMark(row); }

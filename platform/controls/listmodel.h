@@ -20,13 +20,8 @@ struct ListColumn {
 /// What stands where a hidden name, or what would betray it, is listed.
 [[nodiscard]] QString HiddenNameText();
 
-/// The cells of a row joined by ";", as lists are given their rows. What would part a cell in two becomes harmless: ";"
-/// and line ends become commas.
-[[nodiscard]] QString JoinCells(const QStringList& cells);
-
-/// The rows behind a ctList. A row keeps the text it was given, its cells joined by ";", and cells are cut out when
-/// they are looked at, so that a hundred thousand rows cost no more than their texts. Rows count from 0, columns from 1
-/// as the forms name them; column 0 exists only in the QModelIndex interface.
+/// The rows behind a ctList. Rows count from 0, columns from 1 as the forms name them; column 0 exists only in the
+/// QModelIndex interface.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -38,7 +33,7 @@ class ListModel : public QAbstractTableModel {
     void setColumns(std::vector<ListColumn> columns);
     void setHeader(int column, const QString& text);
     void clear();
-    int addRow(const QString& joinedCells);
+    int addRow(const QStringList& cells);
     void removeRowAt(int row);
     void setCell(int row, int column, const QString& text);
     void setChecked(int row, int column, bool checked);
@@ -55,7 +50,7 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] bool isCheckColumn(int column) const;
     [[nodiscard]] bool isColorColumn(int column) const;
     [[nodiscard]] int firstTextColumn() const;
-    [[nodiscard]] QString rowText(int row) const;
+    [[nodiscard]] QStringList cells(int row) const;
     [[nodiscard]] QString cell(int row, int column) const;
     [[nodiscard]] QString shownCell(int row, int column) const;
     [[nodiscard]] bool checked(int row, int column) const;
@@ -79,7 +74,7 @@ class ListModel : public QAbstractTableModel {
     using QAbstractTableModel::itemData;
 
     struct Row {
-        QString text;
+        QStringList cells;
         QString itemText;
         QVariant itemData;
         quint32 checks = 0;  ///< Bit n for column n + 1.
@@ -87,7 +82,7 @@ class ListModel : public QAbstractTableModel {
         bool noteMark = false;
     };
 
-    [[nodiscard]] QStringView cellView(const Row& row, int column) const;
+    [[nodiscard]] static QStringView cellView(const Row& row, int column);
     void changed(int row);
 
     std::vector<ListColumn> columns_;
