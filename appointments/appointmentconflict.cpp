@@ -29,8 +29,8 @@ AppointmentConflict::AppointmentConflict(QWidget* parent) : QDialog(parent) {
     connect(ctList1, &ctList::SelectionChanged, this, &AppointmentConflict::tellLength);
     FollowHiddenNames(ctList1);
     FollowHiddenNames(this, [this](bool) { tellLength(); });
-    connect(cmdaccept, &QPushButton::clicked, this, &AppointmentConflict::cmdaccept_Click);
-    connect(cmdreschedule, &QPushButton::clicked, this, &AppointmentConflict::cmdreschedule_Click);
+    connect(cmdaccept, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cmdreschedule, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void AppointmentConflict::tellLength() {
@@ -100,14 +100,4 @@ void AppointmentConflict::layOutForm() {
     column->addWidget(ctList1, 1);
     column->addWidget(lbllength);
     column->addLayout(buttons);
-}
-
-void AppointmentConflict::cmdaccept_Click() {
-    tag = QStringLiteral("Y");
-    accept();
-}
-
-void AppointmentConflict::cmdreschedule_Click() {
-    tag = QStringLiteral("N");
-    reject();
 }

@@ -7,8 +7,8 @@ class QPushButton;
 class ctList;
 
 /// The list of what a proposed time conflicts with, and the choice to accept the conflict or to reschedule. The caller
-/// fills ctList1 with rows of the five columns, shows the form modally and reads `tag`. Under the list stands who is in
-/// the way in the selected row, with its text item: for how long.
+/// fills ctList1 with rows of the five columns, shows the form modally and asks whether it IsAccepted. Under the list
+/// stands who is in the way in the selected row, with its text item: for how long.
 ///
 /// Closing the dialog in any other way, by Escape or the window's own button, is rescheduling, and rescheduling is what
 /// Enter does first: nothing is booked by accident.
@@ -24,7 +24,8 @@ class AppointmentConflict : public QDialog {
 
     static constexpr int TextColumn = 4;
 
-    QString tag = QStringLiteral("N");  ///< "Y" once the user has accepted the conflict.
+    /// The user has accepted the conflict.
+    [[nodiscard]] bool IsAccepted() const { return result() == Accepted; }
 
     ctList* ctList1 = nullptr;
     QLabel* lblmessage = nullptr;
@@ -39,6 +40,4 @@ class AppointmentConflict : public QDialog {
     void tellLength();
     void buildControls();
     void layOutForm();
-    void cmdaccept_Click();
-    void cmdreschedule_Click();
 };

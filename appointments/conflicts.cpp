@@ -152,7 +152,7 @@ bool mustStop(Booked booked, MinuteSpan proposed, Search&& search) {
         form.ShowAsRoomConflict();
     addRows(form, conflicts, proposed);
     ShowModal(form);
-    return form.tag == QStringLiteral("N");
+    return !form.IsAccepted();
 }
 
 }  // namespace

@@ -21,7 +21,6 @@ namespace {
 
 constexpr int FirstDateValue = 100;  // Below it, a date field holds no date.
 constexpr int LongestSubject = 100;
-const QString Tag = QStringLiteral("EDIT");
 
 }  // namespace
 
@@ -30,7 +29,6 @@ frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& 
     shown_.date = date;
     setObjectName(QStringLiteral("frmRoomAppt"));
     setWindowTitle(QStringLiteral("Room Schedule"));
-    setProperty("tag", meeting.key > 0 ? Tag : QString());
     buildForm(roomName);
     shown_.text = txtsubject->text();
     // Before the form takes its size.
@@ -161,9 +159,9 @@ void frmRoomAppt::cmdOk_Click() {
     if (!meeting_.bound && !isComplete())
         return;
     try {
-        if (!property("tag").toString().isEmpty() && !SaveUpdate())
+        if (IsEdit() && !SaveUpdate())
             return closeUnsaved();
-        if (property("tag").toString().isEmpty())
+        if (!IsEdit())
             SaveNew();
         accept();
     } catch (const db::DatabaseError& error) {

@@ -9,7 +9,7 @@ class QPushButton;
 class ctDEdit;
 
 /// One meeting in a room: its date, its times and what it is about. A new one is added by OK; the stored one that the
-/// form was given to edit (its tag is "EDIT" then) is changed by it. OK without a change writes nothing. A save that
+/// form was given to edit is changed by it. OK without a change writes nothing. A save that
 /// fails closes the form, which RunEditor keeps. The caller reads its room anew when the form has closed.
 class frmRoomAppt : public EditorDialog {
     Q_OBJECT
@@ -21,6 +21,8 @@ class frmRoomAppt : public EditorDialog {
     frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent = nullptr);
     ~frmRoomAppt() override;
 
+    /// Whether a stored meeting is changed.
+    [[nodiscard]] bool IsEdit() const { return meeting_.key > 0; }
     /// The key of the meeting that was added or changed; 0 where nothing was saved.
     [[nodiscard]] int SavedKey() const { return savedKey_; }
     [[nodiscard]] QDate SavedDate() const { return wanted().date; }

@@ -110,7 +110,7 @@ TEST_F(RoomScheduler, ADoubleClickOnFreeTimeAddsByTheDialogAndSelectsTheMeeting)
         auto& dialog = dynamic_cast<frmRoomAppt&>(form);
         EXPECT_EQ(dialog.lblRoom->text(), "Blue");
         EXPECT_EQ(dialog.ctstart->Time(), 600);
-        EXPECT_TRUE(dialog.property("tag").toString().isEmpty());
+        EXPECT_FALSE(dialog.IsEdit());
         dialog.txtsubject->setText(QStringLiteral("D'Arcy"));
         dialog.cmdOk->click();
     });
@@ -125,7 +125,7 @@ TEST_F(RoomScheduler, ADoubleClickOnAMeetingEditsItAndOnASlotDoesNothing) {
     open();
     desk.expectForm("frmRoomAppt", [](QDialog& form) {
         auto& dialog = dynamic_cast<frmRoomAppt&>(form);
-        EXPECT_EQ(dialog.property("tag").toString(), "EDIT");
+        EXPECT_TRUE(dialog.IsEdit());
         EXPECT_EQ(dialog.txtsubject->text(), "Meeting");
         dialog.ctend->setTime(630);
         dialog.cmdOk->click();
