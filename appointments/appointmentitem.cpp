@@ -1,4 +1,4 @@
-#include "views/appointmentitem.h"
+#include "appointments/appointmentitem.h"
 
 #include <QStringList>
 
@@ -77,6 +77,18 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     item.ItemReminderIcon = row["BremindIco"].boolean();
     item.ItemSessionIcon = row["NoteID"].integer() > 0 ? 1 : 0;
     return item;
+}
+
+ShownAppointment RowOf(const db::Recordset& row, CalendarItem item) {
+    return {std::move(item), intOf(row, "appttype"), row["CourtesyCallStatus"].text(), row["clinicianid"].text()};
+}
+
+bool ShownAppointment::BelongsAs(const ShownAppointment& other) const {
+    return stored.ItemDay == other.stored.ItemDay && clinicianId == other.clinicianId;
+}
+
+bool ShownAppointment::StandsAs(const ShownAppointment& other) const {
+    return BelongsAs(other) && stored.ItemStart == other.stored.ItemStart && stored.ItemEnd == other.stored.ItemEnd;
 }
 
 CalendarItem HolidayBanner(const QString& holiday, QDate day) {

@@ -20,6 +20,22 @@ struct ItemPainting {
 /// `ncolor`; nulls anywhere give a plain item.
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting);
 
+/// A row of `appointments` as a view holds it: its item, and what the commands need of it besides.
+struct ShownAppointment {
+    CalendarItem stored;  ///< The item as the row was last read or written.
+    int apptType = 0;
+    QString callStatus;
+    QString clinicianId;
+
+    /// Whether it is the same provider's on the same day.
+    [[nodiscard]] bool BelongsAs(const ShownAppointment& other) const;
+    /// Whether it is at the same time there, too.
+    [[nodiscard]] bool StandsAs(const ShownAppointment& other) const;
+};
+
+/// The current row, under the item that was made of it.
+[[nodiscard]] ShownAppointment RowOf(const db::Recordset& row, CalendarItem item);
+
 /// The colours of an item by its `ncolor` and `appttype`.
 void PaintByCode(CalendarItem& item, int code, int apptType);
 

@@ -5,19 +5,25 @@
 #include "session/errorbox.h"
 #include "session/session.h"
 
-namespace {
+QString AppointmentStatement(int key) {
+    return db::Sql("Select * from appointments Where nKeyId = {}", key);
+}
 
-constexpr int LongestRoomText = 100;
+QString ArrivalStatement(int key) {
+    return db::Sql("SELECT * From appointments Where nkeyid ={}", key);
+}
 
-}  // namespace
+QString AttendeesStatement(int key) {
+    return db::Sql("Select * from AppointmentsEvents Where nkeyid = {}", key);
+}
 
-bool SetApptStatus(int key, int code) {
-    qint64 changed = 0;
-    TryAndTell(StatusUnsaved, [&] {
-        changed =
-            Session().Connection.Execute(db::Sql("Update appointments Set ncolor = {} Where nkeyId = {}", code, key));
-    });
-    return changed != 0;
+bool IsSharedActivity(int key) {
+    return !db::Recordset(AttendeesStatement(key), Session().Connection).Eof();
+}
+
+int NbrAttendesForEvent(int key) {
+    return db::Recordset(db::Sql("SELECT * From AppointmentsEvents Where nkeyid ={}", key), Session().Connection)
+        .RecordCount();
 }
 
 QString ApptRoomStatement(int apptKey) {
@@ -38,24 +44,4 @@ int ApptRoomId(int apptKey) {
         TellError(QStringLiteral("Error reading room schedule. "), error);
         return -1;
     }
-}
-
-void BookRoom(int roomId, int apptKey, int start, int end, QDate date, const QString& text) {
-    Session().Connection.Execute(db::Sql(
-        "Insert Into roomschedule (nStartTime, nEndTime, nApptDate, croomtext, croomid, apptid) Values({}, {}, '{}', '{}', {}, {})",
-        start, end, date, text, roomId, apptKey));
-}
-
-void UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text) {
-    if (apptKey < 1)
-        return;
-    db::Recordset booking(RoomSlotStatement(apptKey), Session().Connection, db::Lock::Optimistic);
-    if (booking.Eof())
-        return;
-    booking.Set("nStartTime", start);
-    booking.Set("nendTime", end);
-    booking.Set("nApptDate", date);
-    if (!text.isEmpty())
-        booking.Set("croomtext", text.left(LongestRoomText));
-    booking.Update();
 }

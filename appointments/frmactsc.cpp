@@ -110,6 +110,7 @@ void frmactsc::LoadGroupEvent() {
         if (rows.Eof())
             return;
         const Event event = eventOf(rows);
+        const db::RowState state = writtenState(rows);
         cboevents->SetText(event.text);
         cbolocation->SetText(event.location);
         ctDEditComp->setDate(event.date);
@@ -123,7 +124,7 @@ void frmactsc::LoadGroupEvent() {
         for (const QString& id : attendees)
             showAttendee(id);
         storedAttendees_ = attendees;
-        storedEvent_ = event;
+        storedState_ = state;
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment. "), error);
     }

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "appointments/editorrequest.h"
+#include "platform/database/rowmerge.h"
 #include "session/editordialog.h"
 
 class AttendeeList;
@@ -65,15 +66,13 @@ class frmactsc : public EditorDialog {
     static constexpr int LongestText = 100;     ///< Of `cappttext`; more is cut by a save.
     static constexpr int LongestLocation = 50;  ///< Of `CLOCATION`; likewise.
 
-    /// What a save writes, as the row was last read or written here.
+    /// What a save writes.
     struct Event {
         int start = 0;
         int end = 0;
         QDate date;
         QString text;
         QString location;
-
-        friend bool operator==(const Event&, const Event&) = default;
     };
 
     // frmactsc_layout.cpp
@@ -87,7 +86,6 @@ class frmactsc : public EditorDialog {
     void load();
     [[nodiscard]] QStringList loadStatements() const;
     [[nodiscard]] static QString eventStatement(int key);
-    [[nodiscard]] static QString attendeesStatement(int key);
     void loadprovs();
     void LoadGroupEvent();
     void showAttendee(const QString& id);
@@ -112,12 +110,13 @@ class frmactsc : public EditorDialog {
     void writeFields(db::Recordset& row) const;
     void insertAttendees(int key) const;
     [[nodiscard]] static Event eventOf(const db::Recordset& row);
+    [[nodiscard]] static db::RowState writtenState(const db::Recordset& row);
     [[nodiscard]] bool attendeesStand() const;
 
     const ActivityRequest request_;
     const int key_ = request_.ActivityKey;  ///< Of the row; 0 for a new one.
-    std::optional<Event> storedEvent_;
-    QStringList storedAttendees_;  ///< Whom the database holds, as far as this form knows.
+    db::RowState storedState_;              ///< Of the row, in the columns that a save writes, as it was read.
+    QStringList storedAttendees_;           ///< Whom the database holds, as far as this form knows.
     bool eventTyped_ = false;
     bool locationTyped_ = false;
 };

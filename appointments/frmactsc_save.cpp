@@ -1,8 +1,11 @@
+#include <array>
 #include <QSet>
 
+#include "appointments/appointmentroom.h"
 #include "appointments/appointmentrows.h"
 #include "appointments/attendeelist.h"
 #include "appointments/frmactsc.h"
+#include "appointments/writeoutcome.h"
 #include "data/codes.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -72,7 +75,7 @@ bool frmactsc::SaveNewEvent() {
         });
         return true;
     } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error saving appointment. "), error);
+        TellError(WriteTrouble(WriteStep::Appointment), error);
         return false;
     }
 }
@@ -81,8 +84,8 @@ bool frmactsc::SaveUpdateEvent() {
     const BusyPointer busy;
     const QString statement = Sql("Select * from appointments Where nkeyid = {}", key_);
     const db::ReadTogether together(Session().Connection,
-                                    {statement, attendeesStatement(key_), RoomSlotStatement(key_)});
-    QString trouble = QStringLiteral("Error saving appointment. ");
+                                    {statement, AttendeesStatement(key_), RoomSlotStatement(key_)});
+    WriteStep step = WriteStep::Appointment;
     try {
         bool gone = false;
         db::InTransaction(Session().Connection, [&] {
@@ -90,10 +93,11 @@ bool frmactsc::SaveUpdateEvent() {
             gone = row.Eof();
             if (gone)
                 return;
-            if (storedEvent_ != eventOf(row) || (attendeesChanged && !attendeesStand()))
+            db::RequireUnchanged(storedState_, writtenState(row));
+            if (attendeesChanged && !attendeesStand())
                 throw db::RowChangedError();
             writeUpdate(row);
-            trouble = QStringLiteral("Error saving room schedule. ");
+            step = WriteStep::Room;
             const Event event = eventOf(row);
             UpdateRoomTime(key_, event.start, event.end, event.date, event.text);
         });
@@ -102,7 +106,7 @@ bool frmactsc::SaveUpdateEvent() {
                    ErrorBox, QStringLiteral("Error"));
         return !gone;
     } catch (const db::DatabaseError& error) {
-        TellError(trouble, error);
+        TellError(WriteTrouble(step), error);
         return false;
     }
 }
@@ -133,16 +137,17 @@ void frmactsc::insertAttendees(int key) const {
             Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, '{}')", key, id));
 }
 
-QString frmactsc::attendeesStatement(int key) {
-    return Sql("Select * from AppointmentsEvents Where nkeyid = {}", key);
-}
-
 // Whether no other desk has changed the attendees that are about to be written anew.
 bool frmactsc::attendeesStand() const {
     QSet<QString> now;
-    for (Recordset rows(attendeesStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext())
+    for (Recordset rows(AttendeesStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext())
         now << rows["clinicianid"].text();
     return now == QSet<QString>(storedAttendees_.begin(), storedAttendees_.end());
+}
+
+db::RowState frmactsc::writtenState(const Recordset& row) {
+    static constexpr std::array columns{"nStartTime", "nEndTime", "dapptdate", "cappttext", "CLOCATION"};
+    return {row, columns};
 }
 
 frmactsc::Event frmactsc::eventOf(const Recordset& row) {

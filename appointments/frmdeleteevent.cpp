@@ -5,14 +5,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "platform/database/recordset.h"
-#include "platform/database/sql.h"
-#include "platform/database/transaction.h"
+#include "appointments/appointmentdelete.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
-#include "session/session.h"
-
-using db::Sql;
 
 frmDeleteEvent::frmDeleteEvent(int key, const QString& attendee, QWidget* parent)
     : QDialog(parent), key_(key), attendee_(attendee) {
@@ -52,41 +47,12 @@ frmDeleteEvent::frmDeleteEvent(int key, const QString& attendee, QWidget* parent
 
 void frmDeleteEvent::deleteChosen() {
     if (optdelete[2]->isChecked()) {
-        Tag = QString::fromLatin1(SelectedTag);
+        wantsSpecificAttendees_ = true;
         return accept();
     }
-    try {
-        db::InTransaction(Session().Connection, [this] {
-            if (optdelete[0]->isChecked())
-                deleteForAttendee();
-            else
-                deleteForAll();
-        });
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error deleting appointment. "), error);
-        return;
-    }
-    accept();
-}
-
-void frmDeleteEvent::deleteForAttendee() const {
-    Session().Connection.Execute(
-        Sql("Delete from AppointmentsEvents Where nkeyid ={} AND Clinicianid = '{}'", key_, attendee_));
-    if (NbrAttendesForEvent(key_) == 0)
-        deleteAppointment();
-}
-
-void frmDeleteEvent::deleteForAll() const {
-    Session().Connection.Execute(Sql("Delete from AppointmentsEvents Where nkeyid ={}", key_));
-    deleteAppointment();
-}
-
-void frmDeleteEvent::deleteAppointment() const {
-    Session().Connection.Execute(Sql("Delete  from Appointments Where nkeyid ={}", key_));
-    Session().Connection.Execute(Sql("Delete from roomschedule Where apptid = {}", key_));
-}
-
-int NbrAttendesForEvent(int key) {
-    return db::Recordset(Sql("SELECT * From AppointmentsEvents Where nkeyid ={}", key), Session().Connection)
-        .RecordCount();
+    const WriteOutcome deleted = optdelete[0]->isChecked() ? DeleteAttendance(key_, attendee_) : DeleteActivity(key_);
+    if (deleted.failure)
+        TellError(QStringLiteral("Error deleting appointment. "), *deleted.failure);
+    else
+        accept();
 }

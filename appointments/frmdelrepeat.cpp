@@ -14,8 +14,6 @@
 namespace {
 
 constexpr int CheckColumn = 1;
-constexpr int DateColumn = 2;
-constexpr int TimeColumn = 3;
 constexpr int TextColumn = 4;
 
 }  // namespace
@@ -78,8 +76,7 @@ QSize frmdelrepeat::sizeHint() const {
 void frmdelrepeat::AddAppointment(const Row& row) {
     const int added =
         ctList1->AddRow({QString::number(row.checked ? 1 : 0), row.date, row.time, row.text.simplified()}, row.key);
-    if (row.isGroup)
-        ctList1->SetItemText(added, QStringLiteral("G"));
+    rows_.push_back({row.key, {row.date, row.time, row.text.simplified()}, row.isGroup});
     if (row.namesPatient)
         ctList1->NameCell(added, TextColumn);
     if (row.checked)
@@ -105,12 +102,11 @@ void frmdelrepeat::deleteChecked() {
     SeriesWork work;
     work.kind = SeriesWork::Kind::Deletion;
     std::vector<SeriesRow> rows;
-    for (int row = 0; row < ctList1->RowCount(); ++row) {
-        if (!ctList1->Checked(row, CheckColumn))
+    for (const SeriesRow& row : rows_) {
+        if (!ctList1->Checked(ctList1->FindItemData(row.key), CheckColumn))
             continue;
-        rows.push_back({ctList1->ItemData(row).toInt(), ctList1->Cell(row, DateColumn), ctList1->Cell(row, TimeColumn),
-                        ctList1->Cell(row, TextColumn), ctList1->ItemText(row) == QLatin1String("G")});
-        work.keys.push_back(rows.back().key);
+        rows.push_back(row);
+        work.keys.push_back(row.key);
     }
     const std::shared_ptr<SeriesMark> mark = SeriesMark::Begin(work);
     const SeriesOutcome outcome = DeleteSeries(rows, *mark);

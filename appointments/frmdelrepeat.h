@@ -2,6 +2,9 @@
 
 #include <functional>
 #include <QDialog>
+#include <vector>
+
+#include "appointments/appointmentdelete.h"
 
 class ctList;
 class QPushButton;
@@ -31,7 +34,7 @@ class frmdelrepeat : public QDialog {
     /// Checks or unchecks every row.
     void selecttodelete(bool state);
 
-    ctList* ctList1 = nullptr;  ///< Item data: the key; item text: "G" for a group.
+    ctList* ctList1 = nullptr;  ///< Item data: the key.
     QPushButton* cmdOk = nullptr;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -41,4 +44,5 @@ class frmdelrepeat : public QDialog {
     void allowOk();
 
     std::function<void()> rowsChanged_;
+    std::vector<SeriesRow> rows_;  ///< As they were added.
 };

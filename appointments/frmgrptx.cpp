@@ -76,14 +76,10 @@ void frmgrptx::load() {
     dirty = false;
 }
 
-QString frmgrptx::rowStatement(int key) {
-    return Sql("Select * from appointments Where nKeyId = {}", key);
-}
-
 QStringList frmgrptx::loadStatements() const {
     QStringList statements{GroupsStatement, LocationsStatement, RoomsStatement};
     if (!request_.IsNewAppt)
-        statements << rowStatement(key_) << ApptRoomStatement(key_) << savedPhonesStatement(key_)
+        statements << AppointmentStatement(key_) << ApptRoomStatement(key_) << savedPhonesStatement(key_)
                    << savedMembersStatement(key_);
     return statements;
 }
@@ -97,7 +93,7 @@ void frmgrptx::loadgroups() {
 
 void frmgrptx::LoadAppointment() {
     try {
-        const Recordset row(rowStatement(key_), Session().Connection);
+        const Recordset row(AppointmentStatement(key_), Session().Connection);
         if (row.Eof())
             return;
         showRow(row);

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "appointments/editorrequest.h"
-#include "platform/database/value.h"
+#include "platform/database/rowmerge.h"
 #include "session/editordialog.h"
 
 class CompletingCombo;
@@ -131,7 +131,6 @@ class frmgrptx : public EditorDialog {
     [[nodiscard]] bool saveappt(int key, const QString& providerId);
     [[nodiscard]] bool conflicts(int key, const QString& providerId) const;
     [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
-    [[nodiscard]] static QString rowStatement(int key);
     [[nodiscard]] static QString savedMembersStatement(int key);
     [[nodiscard]] static QString savedPhonesStatement(int key);
     [[nodiscard]] static QString attendanceStatement(int key);
@@ -140,13 +139,14 @@ class frmgrptx : public EditorDialog {
     void writeFields(db::Recordset& row, bool isNew, const QString& providerId) const;
     void savemembers(int key) const;
     void audit(bool isNew) const;
-    [[nodiscard]] bool standsAsLoaded(const db::Recordset& row, int key) const;
-    [[nodiscard]] static std::vector<db::Value> writtenState(const db::Recordset& row);
+    /// Throws db::RowChangedError where another desk has changed the row, its members or its room.
+    void requireUnchanged(const db::Recordset& row, int key) const;
+    [[nodiscard]] static db::RowState writtenState(const db::Recordset& row);
 
     const EditorRequest request_;
     const int key_ = request_.Key();  ///< Of the row, 0 for a new one.
     // What the database holds, as far as this form knows.
-    std::optional<std::vector<db::Value>> storedState_;
+    db::RowState storedState_;
     std::optional<Attendance> storedMembers_;
     int storedRoom_ = 0;
     int groupOnList_ = 0;  ///< Whose members stand on the list.

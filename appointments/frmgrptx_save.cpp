@@ -1,5 +1,6 @@
 #include <array>
 
+#include "appointments/appointmentroom.h"
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
 #include "appointments/editorparts.h"
@@ -64,7 +65,7 @@ QStringList frmgrptx::savingStatements(int key, const QString& providerId) const
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    QStringList statements{ApptConflictStatement(key, date, start, end, {}, providerId), rowStatement(key),
+    QStringList statements{ApptConflictStatement(key, date, start, end, {}, providerId), AppointmentStatement(key),
                            attendanceStatement(key), ApptRoomStatement(key)};
     if (cborooms->ListIndex() >= 0)
         statements << RoomConflictStatements(key, date, start, end, cborooms->ItemData(), key);
@@ -77,10 +78,10 @@ bool frmgrptx::saveappt(int key, const QString& providerId) {
     QString trouble = QStringLiteral("Error saving appointment. ");
     try {
         db::InTransaction(Session().Connection, [&] {
-            Recordset row(rowStatement(key), Session().Connection, Lock::Optimistic);
+            Recordset row(AppointmentStatement(key), Session().Connection, Lock::Optimistic);
             isNew = row.Eof();
-            if (!isNew && !standsAsLoaded(row, key))
-                throw db::RowChangedError();
+            if (!isNew)
+                requireUnchanged(row, key);
             const int saved = writeEntry(row, providerId);
             trouble = QStringLiteral("Error saving group members. ");
             savemembers(saved);
@@ -95,13 +96,15 @@ bool frmgrptx::saveappt(int key, const QString& providerId) {
     return true;
 }
 
-bool frmgrptx::standsAsLoaded(const Recordset& row, int key) const {
-    if (storedState_ != writtenState(row) || storedMembers_ != attendanceOf(key))
-        return false;
+void frmgrptx::requireUnchanged(const Recordset& row, int key) const {
+    db::RequireUnchanged(storedState_, writtenState(row));
+    if (storedMembers_ != attendanceOf(key))
+        throw db::RowChangedError();
     if (roomUnread_)
-        return true;
+        return;
     const Recordset booking(ApptRoomStatement(key), Session().Connection);
-    return storedRoom_ == (booking.Eof() ? 0 : static_cast<int>(booking["croomid"].integer()));
+    if (storedRoom_ != (booking.Eof() ? 0 : static_cast<int>(booking["croomid"].integer())))
+        throw db::RowChangedError();
 }
 
 int frmgrptx::writeEntry(Recordset& row, const QString& providerId) const {
@@ -140,14 +143,10 @@ void frmgrptx::writeFields(Recordset& row, bool isNew, const QString& providerId
     row.Set("lastmodifieduid", Session().UID);
 }
 
-std::vector<db::Value> frmgrptx::writtenState(const Recordset& row) {
+db::RowState frmgrptx::writtenState(const Recordset& row) {
     static constexpr std::array columns{"nStartTime", "nEndTime",    "dapptdate", "cappttext",
                                         "CLOCATION",  "clinicianid", "ncolor",    "CapptNote"};
-    std::vector<db::Value> state;
-    state.reserve(columns.size());
-    for (const char* column : columns)
-        state.push_back(row[column].value());
-    return state;
+    return {row, columns};
 }
 
 void frmgrptx::savemembers(int key) const {

@@ -13,6 +13,7 @@
 #include "appointments/editorparts.h"
 #include "appointments/patientalerts.h"
 #include "appointments/patientrows.h"
+#include "data/codes.h"
 #include "data/minutetime.h"
 #include "platform/calendar/colour.h"
 #include "platform/controls/completingcombo.h"
@@ -133,7 +134,7 @@ void frmnore::cmdrooms_Click() {
 }
 
 void frmnore::cbostatus_Click() {
-    if (cbostatus->Text() == QStringLiteral("Checked-In"))
+    if (cbostatus->ItemData() == ncolor::CheckedIn)
         ShowPatientAlerts(patientTag_, QString::fromLatin1(CheckInAlert));
 }
 

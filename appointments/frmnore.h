@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "appointments/editorrequest.h"
-#include "platform/database/value.h"
+#include "platform/database/rowmerge.h"
 #include "session/editordialog.h"
 
 class CompletingCombo;
@@ -164,7 +164,6 @@ class frmnore : public EditorDialog {
     void load();
     [[nodiscard]] QStringList loadStatements() const;
     [[nodiscard]] QStringList statementsOfKind() const;
-    [[nodiscard]] static QString rowStatement(int key);
     void showFormats();
     void showCaptions();
     void loadKind();
@@ -204,9 +203,10 @@ class frmnore : public EditorDialog {
     bool writeEntry(int key, const QString& providerId);
     /// The current row of `appointments` in the columns that a save writes: two of them are equal when nobody has
     /// changed in between what a save would write over.
-    [[nodiscard]] static std::vector<db::Value> writtenState(const db::Recordset& row);
+    [[nodiscard]] static db::RowState writtenState(const db::Recordset& row);
     void writeFields(db::Recordset& row, bool isNew, const QString& providerId);
     void writeKind(db::Recordset& row);
+    void writePatient(db::Recordset& row);
     void insertRoom(int apptKey);
     void auditSave(bool isNew) const;
 
@@ -268,6 +268,6 @@ class frmnore : public EditorDialog {
     int categoryColour_ = 0;  ///< What lblaptcolor shows.
     bool availOrEventTyped_ = false;
     bool locationTyped_ = false;
-    bool roomUnread_ = false;  ///< Whether the row has a room could not be read, so that none may be taken from it.
-    std::optional<std::vector<db::Value>> loadedState_;  ///< Of the row, in the columns that a save writes.
+    bool roomUnread_ = false;   ///< Whether the row has a room could not be read, so that none may be taken from it.
+    db::RowState loadedState_;  ///< Of the row, in the columns that a save writes.
 };

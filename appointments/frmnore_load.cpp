@@ -99,16 +99,12 @@ void frmnore::load() {
     showSlot();
 }
 
-QString frmnore::rowStatement(int key) {
-    return Sql("Select * from appointments Where nKeyId = {}", key);
-}
-
 QStringList frmnore::loadStatements() const {
     const QString& provider = Session().ProviderId;
     QStringList statements = statementsOfKind() << facesheetStatement(FacesheetAccountLabel)
                                                 << AlarmStatusStatement(provider) << AlarmTimeStatement(provider);
     if (!request_.IsNewAppt)
-        statements << rowStatement(key_) << ApptRoomStatement(key_);
+        statements << AppointmentStatement(key_) << ApptRoomStatement(key_);
     return statements;
 }
 
@@ -233,7 +229,7 @@ void frmnore::SetApptType(int key) {
 void frmnore::LoadAppointment() {
     const bool ofPatient = request_.ApptKind == apptkind::Patient;
     try {
-        const Recordset row(rowStatement(key_), Session().Connection);
+        const Recordset row(AppointmentStatement(key_), Session().Connection);
         if (row.Eof())
             return;
         const db::ReadTogether patient(

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "appointments/appointmentroom.h"
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
 #include "appointments/editorparts.h"
@@ -18,6 +19,7 @@
 #include "platform/controls/notefield.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
+#include "platform/database/rowmerge.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
 #include "platform/database/waiting.h"
@@ -93,7 +95,8 @@ QStringList frmnore::savingStatements(int key, const QString& providerId) const 
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    QStringList statements{ApptConflictStatement(key, date, start, end, patientTag_, providerId), rowStatement(key)};
+    QStringList statements{ApptConflictStatement(key, date, start, end, patientTag_, providerId),
+                           AppointmentStatement(key)};
     if (request_.ApptKind == apptkind::Patient)
         statements << PatientStatement(patientTag_);
     if (cborooms->ListIndex() >= 0)
@@ -112,10 +115,16 @@ bool frmnore::conflicts(int key, const QString& providerId) {
 }
 
 QString frmnore::entryText() const {
-    for (const QString& text : {txtpatients->text(), cboevents->Text(), cboavail->Text()})
-        if (!text.isEmpty())
-            return text;
-    return cbocats->Text();
+    switch (request_.ApptKind) {
+        case apptkind::Patient:
+            return txtpatients->text();
+        case apptkind::Activity:
+            return cboevents->Text();
+        case apptkind::Unavailable:
+            return cboavail->Text();
+        default:
+            return cbocats->Text();
+    }
 }
 
 bool frmnore::saveappt(int key, const QString& providerId) {
@@ -134,10 +143,10 @@ bool frmnore::saveappt(int key, const QString& providerId) {
 }
 
 bool frmnore::writeEntry(int key, const QString& providerId) {
-    Recordset row(rowStatement(key), Session().Connection, db::Lock::Optimistic);
+    Recordset row(AppointmentStatement(key), Session().Connection, db::Lock::Optimistic);
     const bool isNew = row.Eof();
-    if (!isNew && loadedState_ != writtenState(row))
-        throw db::RowChangedError();
+    if (!isNew)
+        db::RequireUnchanged(loadedState_, writtenState(row));
     if (isNew)
         row.AddNew();
     writeFields(row, isNew, providerId);
@@ -149,17 +158,13 @@ bool frmnore::writeEntry(int key, const QString& providerId) {
     return isNew;
 }
 
-std::vector<db::Value> frmnore::writtenState(const Recordset& row) {
+db::RowState frmnore::writtenState(const Recordset& row) {
     static constexpr std::array columns{
         "nStartTime", "nEndTime",         "dapptdate",      "cappttext",   "appointment_type", "CLOCATION",
         "BLOCATEICO", "BremindIco",       "ReminderTime",   "BPrivateIco", "appttype",         "ncolor",
         "BTentIco",   "patientid",        "PatientAcct",    "hphone",      "wphone",           "clinicianid",
         "CapptNote",  "lastmodifieddate", "lastmodifieduid"};
-    std::vector<db::Value> state;
-    state.reserve(columns.size());
-    for (const char* column : columns)
-        state.push_back(row[column].value());
-    return state;
+    return {row, columns};
 }
 
 void frmnore::writeFields(Recordset& row, bool isNew, const QString& providerId) {
@@ -188,24 +193,31 @@ void frmnore::writeFields(Recordset& row, bool isNew, const QString& providerId)
     row.Set("lastmodifieduid", Session().UID);
 }
 
-// Which kind it is goes by the texts: the pages that are hidden hold none.
 void frmnore::writeKind(Recordset& row) {
-    if (!txtpatients->text().isEmpty()) {
-        if (cbostatus->ListIndex() >= 0)
-            row.Set("ncolor", cbostatus->ItemData());
-        row.Set("BTentIco", cbostatus->Text() == QStringLiteral("Tentative") ? 1 : 0);
-        row.Set("patientid", patientTag_);
-        row.Set("PatientAcct", txtaccount->text());
-        row.Set("hphone", lblHPhone->text().left(LongestPhoneCopy));
-        row.Set("wphone", lblwphone->text().left(LongestPhoneCopy));
-    } else if (!cboevents->Text().isEmpty()) {
-        row.Set("ncolor", ncolor::Activity);
-    } else if (!cboavail->Text().isEmpty()) {
-        row.Set("ncolor", ncolor::Unavailable);
-    } else {
-        row.Set("ncolor", categoryColour_);
-        row.Set("appointment_type", categoryColour_);
+    switch (request_.ApptKind) {
+        case apptkind::Patient:
+            writePatient(row);
+            break;
+        case apptkind::Activity:
+            row.Set("ncolor", ncolor::Activity);
+            break;
+        case apptkind::Unavailable:
+            row.Set("ncolor", ncolor::Unavailable);
+            break;
+        default:
+            row.Set("ncolor", categoryColour_);
+            row.Set("appointment_type", categoryColour_);
     }
+}
+
+void frmnore::writePatient(Recordset& row) {
+    if (cbostatus->ListIndex() >= 0)
+        row.Set("ncolor", cbostatus->ItemData());
+    row.Set("BTentIco", cbostatus->ItemData() == ncolor::Tentative ? 1 : 0);
+    row.Set("patientid", patientTag_);
+    row.Set("PatientAcct", txtaccount->text());
+    row.Set("hphone", lblHPhone->text().left(LongestPhoneCopy));
+    row.Set("wphone", lblwphone->text().left(LongestPhoneCopy));
 }
 
 void frmnore::insertRoom(int apptKey) {

@@ -10,13 +10,12 @@
 #include <QStackedWidget>
 #include <QTimer>
 
+#include "appointments/appointmentitem.h"
 #include "appointments/frmslist.h"
 #include "appointments/recurrencetext.h"
 #include "appointments/seriesdates.h"
 #include "data/minutetime.h"
-#include "data/namedpatients.h"
 #include "data/pipefields.h"
-#include "platform/calendar/item.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
@@ -42,11 +41,11 @@ int value(const ctNEdit* field) {
 
 frmRecurAppt::frmRecurAppt(const CalendarItem& item, BookedProvider provider, std::function<void()> rowsChanged,
                            QWidget* parent)
-    : EditorDialog(parent), provider_(std::move(provider)), rowsChanged_(std::move(rowsChanged)) {
+    : EditorDialog(parent), source_(item), provider_(std::move(provider)), rowsChanged_(std::move(rowsChanged)) {
     setObjectName(QStringLiteral("frmRecurAppt"));
     setWindowTitle(QStringLiteral("Recurrance"));
     buildForm();
-    if (!loadSource(item)) {
+    if (!loadSource()) {
         MsgBox(QStringLiteral("Error retreiving Appointment values."), ExclamationBox, QStringLiteral("Error"));
         QTimer::singleShot(0, this, &QDialog::reject);
     }
@@ -57,7 +56,7 @@ frmRecurAppt::frmRecurAppt(const CalendarItem& item, BookedProvider provider, st
 }
 
 QString frmRecurAppt::Subject() const {
-    return tr("series of the appointment on %1").arg(ShortDateText(source_.date));
+    return tr("series of the appointment on %1").arg(ShortDateText(source_.ItemDay));
 }
 
 // A date that was decided is typed as much as a number is.
@@ -65,28 +64,26 @@ bool frmRecurAppt::IsChanged() const {
     return EditorDialog::IsChanged() || seriesdates->HasDecisions();
 }
 
-bool frmRecurAppt::loadSource(const CalendarItem& item) {
-    if (item.ItemKey.toInt() < 1)
+bool frmRecurAppt::loadSource() {
+    if (sourceKey() < 1)
         return false;
-    const QString patientId = GetPipeField(item.ItemNote, PatientPiece);
-    source_ = {item.ItemKey.toInt(), item.ItemDay,  item.ItemStart,
-               item.ItemEnd,         item.ItemText, NamesPatient(item.ItemColor, !patientId.isEmpty()),
-               item.ItemLocation,    item.ItemNote};
+    const QString patientId = GetPipeField(source_.ItemNote, PatientPiece);
     FollowHiddenNames(this, [this](bool) { showSource(); });
-    seriesdates->SetSource({source_.key, source_.start, source_.end, provider_.id, patientId}, source_.date);
-    return source_.date.isValid() && !source_.text.isEmpty();
+    seriesdates->SetSource({sourceKey(), source_.ItemStart, source_.ItemEnd, provider_.id, patientId}, source_.ItemDay);
+    return source_.ItemDay.isValid() && !source_.ItemText.isEmpty();
 }
 
 void frmRecurAppt::showSource() {
     const bool military = Session().MilitaryTime;
     lblsource->setText(QStringLiteral("%1, %2 - %3")
-                           .arg(source_.namesPatient ? ShownName(source_.text) : source_.text,
-                                MinutesToTimeText(source_.start, military), MinutesToTimeText(source_.end, military)));
+                           .arg(NamesPatient(source_) ? ShownName(source_.ItemText) : source_.ItemText,
+                                MinutesToTimeText(source_.ItemStart, military),
+                                MinutesToTimeText(source_.ItemEnd, military)));
 }
 
 // What the appointment's own date suggests, so that the most frequent series needs no more than OK.
 void frmRecurAppt::presetPattern() {
-    const QDate date = source_.date.isValid() ? source_.date : Today();
+    const QDate date = source_.ItemDay.isValid() ? source_.ItemDay : Today();
     txtRecrStartDate->setDate(date);
     txtRecrMaxEvents->setValue(FirstEvents);
     radRecurrence->button(static_cast<int>(RecurrencePattern::Type::Weekly))->setChecked(true);
@@ -186,7 +183,7 @@ void frmRecurAppt::describe() {
     const std::vector<QDate> dates = endless ? std::vector<QDate>() : BRGetDateStream(pattern_);
     lblsentence->setText(!pattern_.startDate.isValid() ? tr("Enter a start date.")
                          : endless                     ? tr("Enter when the series ends.")
-                                                       : DescribeSeries(pattern_, dates, source_.date));
+                                                       : DescribeSeries(pattern_, dates, source_.ItemDay));
     seriesdates->ShowDates(dates);
     pattern_.patternLoaded = loaded;
 }
@@ -249,8 +246,8 @@ void frmRecurAppt::getSampleDates() {
             for (const QDate date : dates)
                 sample.AddDate(
                     QLocale::c().toString(date, format),
-                    date == source_.date ? tr("this appointment itself") : seriesdates->InTheWay(date).Text(),
-                    date != source_.date);
+                    date == source_.ItemDay ? tr("this appointment itself") : seriesdates->InTheWay(date).Text(),
+                    date != source_.ItemDay);
         });
     }
     ShowModal(sample);

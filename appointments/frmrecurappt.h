@@ -6,10 +6,10 @@
 
 #include "appointments/seriesmark.h"
 #include "data/recurrence.h"
+#include "platform/calendar/item.h"
 #include "session/editordialog.h"
 #include "session/slot.h"
 
-struct CalendarItem;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
@@ -81,16 +81,6 @@ class frmRecurAppt : public EditorDialog {
     std::array<QPushButton*, 3> cmdRecur{};  ///< OK, Cancel, Sample Dates.
 
   private:
-    struct Source {
-        int key = 0;
-        QDate date;
-        int start = 0;
-        int end = 0;
-        QString text;
-        bool namesPatient = false;
-        QString location;
-        QString note;  ///< Service, note, patient id and account, joined by "|".
-    };
     struct Room {
         int id = 0;
         QString text;  ///< Empty: the copies get no room.
@@ -108,7 +98,8 @@ class frmRecurAppt : public EditorDialog {
     void connectControls();
 
     // frmrecurappt.cpp
-    [[nodiscard]] bool loadSource(const CalendarItem& item);
+    [[nodiscard]] bool loadSource();
+    [[nodiscard]] int sourceKey() const { return source_.ItemKey.toInt(); }
     void showSource();
     void presetPattern();
     void UIComputeEndDate();
@@ -122,7 +113,7 @@ class frmRecurAppt : public EditorDialog {
     [[nodiscard]] bool isTakenElsewhere(QDate date, const Room& room) const;
     /// Whether no copy is written on a date: it is the appointment's own, or the user does not want it.
     [[nodiscard]] bool leavesOut(QDate date, const Room& room) const;
-    [[nodiscard]] Room roomForCopies(int sourceKey) const;
+    [[nodiscard]] Room roomForCopies(int key) const;
     /// Who goes along into the series, which the user is asked where there is anybody. Throws db::DatabaseError.
     [[nodiscard]] Companions askForCompanions() const;
     void tellMade(int made) const;
@@ -133,8 +124,8 @@ class frmRecurAppt : public EditorDialog {
                                      Companions companions) const;
     void book(db::Recordset& rows, const SeriesWork& work);
 
+    const CalendarItem source_;  ///< The appointment that is repeated, as the view showed it.
     const BookedProvider provider_;
     const std::function<void()> rowsChanged_;
-    Source source_;
     RecurrencePattern pattern_;
 };

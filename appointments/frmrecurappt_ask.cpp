@@ -16,7 +16,8 @@ using db::SqlDate;
 bool frmRecurAppt::collides(QDate date) const {
     return !Recordset(
                 Sql("Select * from appointments Where ClinicianId = '{}' AND dapptdate = '{}' AND (({} BETWEEN nstarttime AND nendtime) OR ({} BETWEEN nstarttime AND nendtime) OR (nstarttime BETWEEN {} AND {}))",
-                    provider_.id, SqlDate(date), source_.start, source_.end, source_.start, source_.end),
+                    provider_.id, SqlDate(date), source_.ItemStart, source_.ItemEnd, source_.ItemStart,
+                    source_.ItemEnd),
                 Session().Connection)
                 .Eof();
 }
@@ -52,8 +53,8 @@ bool frmRecurAppt::leavesOut(QDate date, const Room& room) const {
     return getconflict(date) || isTakenElsewhere(date, room);
 }
 
-frmRecurAppt::Room frmRecurAppt::roomForCopies(int sourceKey) const {
-    Room room{ApptRoomId(sourceKey), {}};
+frmRecurAppt::Room frmRecurAppt::roomForCopies(int key) const {
+    Room room{ApptRoomId(key), {}};
     if (room.id <= 0)
         return room;
     const Recordset name(Sql("Select room from rooms Where roomid = {}", room.id), Session().Connection);
@@ -70,7 +71,7 @@ frmRecurAppt::Room frmRecurAppt::roomForCopies(int sourceKey) const {
 frmRecurAppt::Companions frmRecurAppt::askForCompanions() const {
     const Recordset counts(
         Sql("Select (Select Count(*) From appointmentsevents Where nkeyid = {}) As attendees, (Select Count(*) From AppointmentsGroup Where nKeyId = {}) As members",
-            source_.key, source_.key),
+            sourceKey(), sourceKey()),
         Session().Connection);
     const qint64 attendees = counts["attendees"].integer();
     const qint64 members = counts["members"].integer();

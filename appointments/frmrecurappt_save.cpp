@@ -20,7 +20,7 @@ bool frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions c
     const BusyPointer busy;
     Recordset rows;
     try {
-        rows.Open(Sql("Select * from appointments Where nkeyid = {}", source_.key), Session().Connection,
+        rows.Open(Sql("Select * from appointments Where nkeyid = {}", sourceKey()), Session().Connection,
                   Lock::Optimistic);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error opening database. "), error);
@@ -49,10 +49,10 @@ bool frmRecurAppt::SaveProviderApt(const std::vector<QDate>& dates, Companions c
 // All that is asked is asked before the first row is written.
 SeriesWork frmRecurAppt::planFor(const Recordset& rows, const std::vector<QDate>& dates, Companions companions) const {
     SeriesWork work;
-    work.date = source_.date;
-    work.start = source_.start;
-    work.end = source_.end;
-    work.source = work.reference = source_.key;
+    work.date = source_.ItemDay;
+    work.start = source_.ItemStart;
+    work.end = source_.ItemEnd;
+    work.source = work.reference = sourceKey();
     // A series grows from its first member.
     if (rows["repeating"].integer() == 1 && rows["repeating_ref"].integer() > 0)
         work.reference = static_cast<int>(rows["repeating_ref"].integer());
@@ -67,14 +67,14 @@ SeriesWork frmRecurAppt::planFor(const Recordset& rows, const std::vector<QDate>
     const Recordset last(
         Sql("Select Max(nkeyid) from appointments Where repeating = 1 AND repeating_ref = {}", work.reference),
         Session().Connection);
-    work.lastKey = std::max(last[0].integer(), qint64{source_.key});
+    work.lastKey = std::max(last[0].integer(), qint64{sourceKey()});
     return work;
 }
 
 void frmRecurAppt::book(Recordset& rows, const SeriesWork& work) {
-    const SeriesCopy copy{source_.text, source_.location,
-                          GetPipeField(source_.note, 1) + QLatin1Char('|') + GetPipeField(source_.note, 2),
-                          GetPipeField(source_.note, 3), GetPipeField(source_.note, 4),
+    const SeriesCopy copy{source_.ItemText, source_.ItemLocation,
+                          GetPipeField(source_.ItemNote, 1) + QLatin1Char('|') + GetPipeField(source_.ItemNote, 2),
+                          GetPipeField(source_.ItemNote, 3), GetPipeField(source_.ItemNote, 4),
                           // The row's own code: what the calendar paints for a type slot is never stored.
                           static_cast<int>(rows["ncolor"].integer()), rows["appttype"].value(),
                           rows["appointment_type"].value()};

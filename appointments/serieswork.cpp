@@ -5,14 +5,12 @@
 #include <QCoreApplication>
 #include <QSet>
 
-#include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/sql.h"
-#include "platform/database/transaction.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
@@ -27,37 +25,8 @@ using db::SqlDate;
 
 namespace {
 
-constexpr int LastStatus = 0xC3;  // Colours up to it stand for statuses.
-
-/// What a copy's status is made of its source's.
-struct CopyStatus {
-    int code = 0;
-    bool tentative = false;
-};
-
-CopyStatus copyStatus(int sourceColor) {
-    if (sourceColor == ncolor::LegendTentative)
-        return {sourceColor, true};
-    if (sourceColor == ncolor::Kept)
-        return {ncolor::Pending, false};
-    return {sourceColor > LastStatus ? sourceColor : ncolor::Pending, false};
-}
-
 QString words(const char* text) {
     return QCoreApplication::translate("SeriesWork", text);
-}
-
-// Nobody has come to a copy yet, and who has left the group by then does not come.
-void copyCompany(const SeriesWork& work, int copyKey, QDate date) {
-    db::Connection& connection = Session().Connection;
-    if (work.company == SeriesWork::Company::Attendees)
-        connection.Execute(Sql(
-            "Insert Into appointmentsevents (nkeyid, clinicianid) Select {}, clinicianid From appointmentsevents Where nkeyid = {}",
-            copyKey, work.source));
-    if (work.company == SeriesWork::Company::Members)
-        connection.Execute(Sql(
-            "Insert Into AppointmentsGroup (nKeyId, PatientId, PatientAcct, PatientName, Kept, GroupId) Select {}, PatientId, PatientAcct, PatientName, 0, GroupId From AppointmentsGroup Where nKeyId = {} And Not Exists (Select * From GroupMembers Where GroupMembers.GroupID = AppointmentsGroup.GroupId And GroupMembers.PatientID = AppointmentsGroup.PatientId And GroupMembers.enddate < '{}')",
-            copyKey, work.source, date));
 }
 
 QString roomName(int room) {
@@ -67,63 +36,15 @@ QString roomName(int room) {
     return name.Eof() ? QString() : name[0].text();
 }
 
-void addCopy(Recordset& rows, const SeriesCopy& copy, const SeriesWork& work, const QString& room, QDate date) {
-    const CopyStatus status = copyStatus(copy.color);
-    rows.AddNew();
-    rows.Set("nStartTime", work.start);
-    rows.Set("nEndTime", work.end);
-    rows.Set("dapptdate", date);
-    rows.Set("cappttext", copy.text);
-    rows.Set("CLOCATION", copy.location);
-    rows.Set("BLOCATEICO", copy.location.isEmpty() ? 0 : 1);
-    rows.Set("BTentIco", status.tentative ? 1 : 0);
-    rows.Set("ncolor", status.code);
-    rows.Set("repeating", 1);
-    rows.Set("repeating_ref", work.reference);
-    rows.Set("clinicianid", work.provider);
-    rows.Set("CapptNote", copy.note);
-    rows.Set("patientid", copy.patientId);
-    rows.Set("PatientAcct", copy.account);
-    for (const char* flag : {"BremindIco", "BPrivateIco", "allday"})
-        rows.Set(flag, 0);
-    rows.Set("appttype", copy.appttype);
-    rows.Set("appointment_type", copy.category);
-    rows.Update();
-    const int key = static_cast<int>(rows["nkeyid"].integer());
-    if (!room.isEmpty())
-        BookRoom(work.room, key, work.start, work.end, date, room);
-    copyCompany(work, key, date);
-}
-
-void deleteWhole(const SeriesRow& row) {
-    db::Connection& connection = Session().Connection;
-    db::InTransaction(connection, [&] {
-        connection.Execute(Sql("Delete from appointments Where nkeyid = {}", row.key));
-        AuditDeletedAppointment(row.date, row.time, row.text);
-        connection.Execute(Sql("Delete from roomschedule Where apptid = {}", row.key));
-        connection.Execute(Sql("Delete from appointmentsevents Where nkeyid = {}", row.key));
-        if (row.isGroup)
-            connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyid = {}", row.key));
-    });
-}
-
-// The source is the series' first member, or was one before.
-void joinSeries(Recordset& rows, const SeriesWork& work) {
-    if (rows["repeating"].integer() == 1)
-        return;
-    rows.Set("repeating", 1);
-    rows.Set("repeating_ref", work.reference);
-    rows.Update();
-}
-
 SeriesOutcome bookDates(Recordset& rows, const SeriesCopy& copy, const SeriesWork& work,
                         const std::vector<QDate>& dates) {
     SeriesOutcome outcome{0, static_cast<int>(work.dates.size()), {}};
     try {
-        joinSeries(rows, work);
+        JoinSeries(rows, work);
         const QString room = roomName(work.room);
         for (const QDate date : dates) {
-            db::InTransaction(Session().Connection, [&] { addCopy(rows, copy, work, room, date); });
+            if (outcome.failure = AddCopy(rows, copy, work, room, date).failure; outcome.failure)
+                break;
             ++outcome.done;
         }
     } catch (const db::DatabaseError& error) {
@@ -161,8 +82,9 @@ std::vector<SeriesRow> rowsLeft(const SeriesWork& work) {
                         Session().Connection);
          !rows.Eof(); rows.MoveNext()) {
         const int start = static_cast<int>(rows["nStartTime"].integer());
-        left.push_back({static_cast<int>(rows["nkeyid"].integer()), AuditDate(rows["dapptdate"].date()),
-                        MinutesToTimeText(start, Session().MilitaryTime), rows["cappttext"].text(),
+        left.push_back({static_cast<int>(rows["nkeyid"].integer()),
+                        {AuditDate(rows["dapptdate"].date()), MinutesToTimeText(start, Session().MilitaryTime),
+                         rows["cappttext"].text()},
                         rows["Ncolor"].integer() == ncolor::Group});
     }
     return left;
@@ -281,12 +203,10 @@ SeriesOutcome DeleteSeries(const std::vector<SeriesRow>& rows, SeriesMark& mark)
     SeriesOutcome outcome{0, static_cast<int>(mark.Work().keys.size()), {}};
     const BusyPointer busy;
     for (const SeriesRow& row : rows) {
-        try {
-            deleteWhole(row);
+        if (const WriteOutcome deleted = DeleteOfSeries(row); deleted.IsDone())
             ++outcome.done;
-        } catch (const db::DatabaseError& error) {
-            outcome.failure = error;
-        }
+        else
+            outcome.failure = deleted.failure;
     }
     if (!outcome.failure)
         mark.Remove();

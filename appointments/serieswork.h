@@ -4,29 +4,10 @@
 #include <memory>
 #include <optional>
 
+#include "appointments/appointmentdelete.h"
+#include "appointments/seriescopies.h"
 #include "appointments/seriesmark.h"
 #include "platform/database/recordset.h"
-
-/// What every copy of an appointment takes from it.
-struct SeriesCopy {
-    QString text;
-    QString location;
-    QString note;  ///< Service and note, joined by "|".
-    QString patientId;
-    QString account;
-    int color = 0;  ///< The source's own code, of which the copy's status is made.
-    db::Value appttype;
-    db::Value category;
-};
-
-/// A row that is to be deleted, and how the audit log names it.
-struct SeriesRow {
-    int key = 0;
-    QString date;
-    QString time;
-    QString text;
-    bool isGroup = false;
-};
 
 /// How far work on a series has come. Each row is written or deleted with all that hangs on it in one transaction.
 struct SeriesOutcome {

@@ -7,7 +7,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include "appointments/appointmentrows.h"
+#include "appointments/appointmentwrites.h"
 #include "appointments/frmactsc.h"
 #include "appointments/frmgrptx.h"
 #include "appointments/frmnore.h"
@@ -103,7 +103,7 @@ void countCommands() {
     count("A drag", [&] { drag(calendar, key, -5); });
     count("A status", [&] { day.findChild<QAction*>(QStringLiteral("mnuAKept"))->trigger(); });
     day.findChild<QAction*>(QStringLiteral("mnuAMissed"))->trigger();
-    SetApptStatus(row.key, ncolor::Pending);
+    (void)SetApptStatus(row.key, ncolor::Pending);
 }
 
 EditorRequest entry(int key) {

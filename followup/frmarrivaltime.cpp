@@ -4,19 +4,17 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "data/codes.h"
+#include "appointments/appointmentrows.h"
+#include "appointments/appointmentwrites.h"
 #include "followup/checkintime.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/database/recordset.h"
-#include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
-using db::Lock;
 using db::Recordset;
-using db::Sql;
 
 namespace {
 
@@ -79,7 +77,7 @@ void frmarrivalTime::LoadCheckedinStatus() {
     int minutes = -1;
     if (checksIn()) {
         try {
-            const Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", checkInKey_), Session().Connection);
+            const Recordset row(ArrivalStatement(checkInKey_), Session().Connection);
             if (!row.Eof())
                 minutes = MinutesOfCheckIn(row["CheckInTime"].text());
         } catch (const db::DatabaseError& error) {
@@ -109,19 +107,11 @@ void frmarrivalTime::cmdOk_Click() {
         accept();
 }
 
+// A row that is gone is told by the view, which saves it whole next.
 bool frmarrivalTime::SaveCheckedIn() {
-    try {
-        Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", checkInKey_), Session().Connection,
-                      Lock::Optimistic);
-        // A row that is gone is told by the view, which saves it whole next.
-        if (row.Eof())
-            return true;
-        row.Set("CheckInTime", CheckInTimeText(Today(), Arrival(), Session().DateOrder == DayFirst));
-        row.Set("ncolor", ncolor::CheckedIn);
-        row.Update();
-        return true;
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error saving arrival time. "), error);
-        return false;
-    }
+    const WriteOutcome outcome =
+        CheckIn(checkInKey_, CheckInTimeText(Today(), Arrival(), Session().DateOrder == DayFirst));
+    if (outcome.failure)
+        TellError(QStringLiteral("Error saving arrival time. "), *outcome.failure);
+    return !outcome.failure;
 }

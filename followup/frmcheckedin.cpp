@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include "appointments/appointmentwrites.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "followup/checkintime.h"
@@ -185,19 +186,19 @@ void frmCheckedIn::correctArrival(int row) {
     const QString arrival = CheckInTimeText(Today(), minutes, false);
     if (!shown.isEmpty() && ShownCheckIn(arrival) == shown)
         return;
-    try {
-        const qint64 found = Session().Connection.Execute(
-            Sql("Update appointments Set Checkintime = '{}' Where nkeyid = {}", arrival, key.toLongLong()));
-        if (found == 0) {
-            MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
-                   ExclamationBox, QStringLiteral("Error"));
-            loadcheckedin();
-            return;
-        }
-        // The timer may have read the list anew meanwhile.
-        ctList1->SetCell(ctList1->FindItemData(key), ArrivalColumn, ShownCheckIn(arrival));
-    } catch (const db::DatabaseError& error) {
-        MsgBox(QStringLiteral("Error updating arrival time. (%1). ").arg(error.number) + error.description, ErrorBox,
-               QStringLiteral("Error"));
+    const WriteOutcome outcome = CorrectArrival(key.toInt(), arrival);
+    if (outcome.failure) {
+        MsgBox(QStringLiteral("Error updating arrival time. (%1). ").arg(outcome.failure->number) +
+                   outcome.failure->description,
+               ErrorBox, QStringLiteral("Error"));
+        return;
     }
+    if (outcome.end == WriteOutcome::End::Gone) {
+        MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
+               ExclamationBox, QStringLiteral("Error"));
+        loadcheckedin();
+        return;
+    }
+    // The timer may have read the list anew meanwhile.
+    ctList1->SetCell(ctList1->FindItemData(key), ArrivalColumn, ShownCheckIn(arrival));
 }

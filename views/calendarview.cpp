@@ -178,21 +178,8 @@ int CalendarView::addItem(CalendarItem item) {
 }
 
 int CalendarView::addAppointment(const db::Recordset& row, CalendarItem item) {
-    facts_[item.ItemKey] = factsOf(row, item);
+    facts_[item.ItemKey] = RowOf(row, item);
     return addItem(std::move(item));
-}
-
-CalendarView::RowFacts CalendarView::factsOf(const db::Recordset& row, const CalendarItem& item) {
-    return {static_cast<int>(row["appttype"].integer()), row["CourtesyCallStatus"].text(), row["clinicianid"].text(),
-            item};
-}
-
-bool CalendarView::RowFacts::BelongsAs(const RowFacts& other) const {
-    return stored.ItemDay == other.stored.ItemDay && clinicianId == other.clinicianId;
-}
-
-bool CalendarView::RowFacts::StandsAs(const RowFacts& other) const {
-    return BelongsAs(other) && stored.ItemStart == other.stored.ItemStart && stored.ItemEnd == other.stored.ItemEnd;
 }
 
 ItemPainting CalendarView::painting() const {

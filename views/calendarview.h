@@ -5,15 +5,16 @@
 #include <QHash>
 #include <QSet>
 
+#include "appointments/appointmentitem.h"
 #include "platform/calendar/ctmday.h"
 #include "platform/database/recordset.h"
 #include "session/slot.h"
 #include "shell/menuview.h"
 #include "shell/schedulesheet.h"
-#include "views/appointmentitem.h"
 
 class EditorDialog;
 struct EditorRequest;
+struct WriteOutcome;
 
 /// What the views on a `ctMDay` share: the calendar itself, the commands on appointments and what the user's rights
 /// leave of them, the hours and the grid from the preferences. A view states only its difference.
@@ -56,19 +57,6 @@ class CalendarView : public MenuView {
     void DeleteSelectedAppointment(bool IsNewAppt);
 
   protected:
-    /// What the commands need of an item's row besides what the item shows.
-    struct RowFacts {
-        int apptType = 0;
-        QString callStatus;
-        QString clinicianId;
-        CalendarItem stored;  ///< The item as the row was last read or written.
-
-        /// Whether it is the same provider's on the same day.
-        [[nodiscard]] bool BelongsAs(const RowFacts& other) const;
-        /// Whether it is at the same time there, too.
-        [[nodiscard]] bool StandsAs(const RowFacts& other) const;
-    };
-
     /// The date of a column, counted from 1; days as columns have one each.
     [[nodiscard]] virtual QDate dateOfColumn(int column) const;
     /// The provider of a column where providers stand as columns: what is dropped there becomes this provider's.
@@ -132,15 +120,13 @@ class CalendarView : public MenuView {
     bool saveappt(int index, const QString& subject = {});
 
     ctMDay* ctMDay1;
-    QHash<QString, RowFacts> facts_;  ///< By ItemKey.
+    QHash<QString, ShownAppointment> facts_;  ///< By ItemKey.
 
     static constexpr int NonWorkingColor = 0x808080;  ///< Of the hours in which the provider does not work.
 
   private:
     void bindCommands();
     void hideNames(bool hidden);
-
-    [[nodiscard]] static RowFacts factsOf(const db::Recordset& row, const CalendarItem& item);
 
     // calendarview_edit.cpp
     void bindEditing();
@@ -165,14 +151,12 @@ class CalendarView : public MenuView {
     void bindInPlaceWork();
     void lockItem(int index);
     void moveappt(int index);
-    void storeMove(const CalendarItem& item, int room);
+    void storeMove(const CalendarItem& item, bool room);
     /// What a save of an item in place reads, and the details that are shown behind it.
     [[nodiscard]] QStringList savingStatements(const CalendarItem& item) const;
-    [[nodiscard]] static bool isSharedActivity(int key);
-    void showRow(const db::Recordset& row);
+    void showRow(ShownAppointment row);
     void putBack(const QString& key);
-    void tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error,
-                     const QString& subject = {});
+    void tellUnsaved(const QString& key, const WriteOutcome& outcome, const QString& subject = {});
     /// Keeps a text that was typed in place and could not be saved; `read` is the item as it was read.
     void keepText(const CalendarItem& read, const QString& text) const;
 
@@ -207,8 +191,8 @@ class CalendarView : public MenuView {
     void deleteAppointment(const CalendarItem& item);
     void deleteActivity(int key);
     [[nodiscard]] bool deleteFromSeries(int key, int ref);
-    void cancelAddedAppointment(int key);
-    void deleteRow(db::Recordset& row, int key);
+    /// Tells why a deletion failed; whether it went well.
+    [[nodiscard]] static bool isDeleted(const WriteOutcome& outcome);
     void removeItemsOf(int key);
 
     QMenu* newPopup_ = nullptr;

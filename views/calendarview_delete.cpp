@@ -3,13 +3,14 @@
 #include <tuple>
 #include <vector>
 
+#include "appointments/appointmentdelete.h"
+#include "appointments/appointmentrows.h"
 #include "appointments/frmdeleteevent.h"
 #include "appointments/frmdelrepeat.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
 #include "platform/database/sql.h"
-#include "platform/database/transaction.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "session/audit.h"
@@ -23,8 +24,10 @@ using db::Sql;
 
 namespace {
 
-void auditDeletion(const CalendarItem& item, QDate day) {
-    AuditDeletedAppointment(AuditDate(day), MinutesToTimeText(item.ItemStart, Session().MilitaryTime), item.ItemText);
+const QString DeletionFailed = QStringLiteral("Error deleting appointment. ");
+
+AuditedAppointment auditedAs(const CalendarItem& item, QDate day) {
+    return {AuditDate(day), MinutesToTimeText(item.ItemStart, Session().MilitaryTime), item.ItemText};
 }
 
 /// A row of a series for the list, which stands in the order of time.
@@ -66,9 +69,9 @@ void CalendarView::deleteCommand() {
         return;
     bool shared = false;
     try {
-        shared = isSharedActivity(key);
+        shared = IsSharedActivity(key);
     } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error deleting appointment. "), error);
+        TellError(DeletionFailed, error);
         return;
     }
     if (shared)
@@ -81,7 +84,7 @@ void CalendarView::deleteCommand() {
 void CalendarView::deleteActivity(int key) {
     frmDeleteEvent question(key, Provider().id, window());
     ShowModal(question);
-    if (question.Tag == QLatin1String(frmDeleteEvent::SelectedTag))
+    if (question.WantsSpecificAttendees())
         scheduleActivity(key);
     else
         Reload();
@@ -91,14 +94,22 @@ void CalendarView::DeleteSelectedAppointment(bool IsNewAppt) {
     const std::optional<CalendarItem> item = SelectedItem();
     if (!item || item->ItemKey.toInt() < 1)
         return;
-    try {
-        if (IsNewAppt)
-            cancelAddedAppointment(item->ItemKey.toInt());
-        else
-            deleteAppointment(*item);
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error deleting appointment. "), error);
+    if (IsNewAppt) {
+        if (isDeleted(CancelAddedAppointment(item->ItemKey.toInt())))
+            removeItemsOf(item->ItemKey.toInt());
+        return;
     }
+    try {
+        deleteAppointment(*item);
+    } catch (const db::DatabaseError& error) {
+        TellError(DeletionFailed, error);
+    }
+}
+
+bool CalendarView::isDeleted(const WriteOutcome& outcome) {
+    if (outcome.failure)
+        TellError(DeletionFailed, *outcome.failure);
+    return outcome.IsDone();
 }
 
 void CalendarView::deleteAppointment(const CalendarItem& item) {
@@ -106,16 +117,15 @@ void CalendarView::deleteAppointment(const CalendarItem& item) {
                QStringLiteral("Delete Appointment")) != Answer::Yes)
         return;
     const int key = item.ItemKey.toInt();
-    Recordset row(Sql("Select * from appointments Where nKeyId = {}", key), Session().Connection, Lock::Optimistic);
+    Recordset row(AppointmentStatement(key), Session().Connection, Lock::Optimistic);
     if (row.Eof()) {
         removeItemsOf(key);
         return;
     }
     if (row["repeating"].integer() != 0 && deleteFromSeries(key, static_cast<int>(row["repeating_ref"].integer())))
         return;
-    deleteRow(row, key);
-    auditDeletion(item, item.ItemDay.isValid() ? item.ItemDay : ctMDay1->Date());
-    removeItemsOf(key);
+    if (isDeleted(DeleteAppointment(row, auditedAs(item, item.ItemDay.isValid() ? item.ItemDay : ctMDay1->Date()))))
+        removeItemsOf(key);
 }
 
 // False where the row says that it repeats but belongs to no series: it is deleted as one of its own then.
@@ -139,30 +149,6 @@ bool CalendarView::deleteFromSeries(int key, int ref) {
     ShowModal(list);
     Reload();
     return true;
-}
-
-void CalendarView::deleteRow(Recordset& row, int key) {
-    db::Connection& connection = Session().Connection;
-    const qint64 code = row["Ncolor"].integer();
-    db::InTransaction(connection, [&] {
-        if (code == ncolor::Group)
-            connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyid = {}", key));
-        connection.Execute(Sql("Delete from roomschedule Where apptid = {}", key));
-        if (code == ncolor::Activity)
-            connection.Execute(Sql("Delete  from appointmentsevents Where nkeyid = {}", key));
-        row.Delete();
-    });
-}
-
-void CalendarView::cancelAddedAppointment(int key) {
-    db::Connection& connection = Session().Connection;
-    Recordset row(Sql("Select * from appointments Where nKeyId = {}", key), connection, Lock::Optimistic);
-    db::InTransaction(connection, [&] {
-        if (!row.Eof())
-            row.Delete();
-        connection.Execute(Sql("Delete from roomschedule Where apptid = {}", key));
-    });
-    removeItemsOf(key);
 }
 
 void CalendarView::removeItemsOf(int key) {

@@ -3,6 +3,7 @@
 #include <QSet>
 #include <QShortcut>
 
+#include "appointments/appointmentrows.h"
 #include "appointments/frmactsc.h"
 #include "appointments/frmgrptx.h"
 #include "appointments/frmnore.h"
@@ -165,8 +166,8 @@ void CalendarView::editappt2(int index) {
             Reload();
             return;
         }
-        const RowFacts before = facts_.value(QString::number(key));
-        showRow(row);
+        const ShownAppointment before = facts_.value(QString::number(key));
+        showRow(RowOf(row, ItemFromAppointment(row, painting())));
         // The editor shows neither the day nor the provider: where another desk has changed one of them, saving would
         // take it back unseen.
         if (!facts_[QString::number(key)].BelongsAs(before))
@@ -182,7 +183,7 @@ void CalendarView::editappt2(int index) {
 void CalendarView::editappt(int index) {
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
     const int kind = kindOf(item, facts_.value(item.ItemKey).apptType);
-    if (kind == apptkind::Activity && isSharedActivity(item.ItemKey.toInt())) {
+    if (kind == apptkind::Activity && IsSharedActivity(item.ItemKey.toInt())) {
         scheduleActivity(item.ItemKey.toInt());
         return;
     }

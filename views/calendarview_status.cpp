@@ -1,18 +1,22 @@
 #include <QAction>
 
-#include "appointments/appointmentrows.h"
+#include "appointments/appointmentwrites.h"
 #include "appointments/patientalerts.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
 #include "followup/frmarrivaltime.h"
 #include "followup/frmcheckedin.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
 #include "session/session.h"
-#include "views/appointmentitem.h"
 #include "views/calendarview.h"
 
 namespace {
+
+// Before the reason, and the notice's subject.
+const QString StatusUnsaved = QStringLiteral("The status was not saved. ");
 
 constexpr const char* statusCommands[] = {"mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"};
 
@@ -78,7 +82,15 @@ int CalendarView::itemForStatus() {
 
 void CalendarView::changeStatus(QLatin1String command, int code) {
     const int index = itemForStatus();
-    if (index < 1 || !SetApptStatus(std::as_const(*ctMDay1).Item(index).ItemKey.toInt(), code))
+    if (index < 1)
+        return;
+    const WriteOutcome outcome = SetApptStatus(std::as_const(*ctMDay1).Item(index).ItemKey.toInt(), code);
+    if (outcome.failure)
+        TellInBar(StatusUnsaved, *outcome.failure);
+    else
+        DropNotice(StatusUnsaved);
+    // What was not stored is not shown.
+    if (!outcome.IsDone())
         return;
     showStatus(index, code);
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QPushButton>
 
+#include "appointments/appointmentitem.h"
 #include "appointments/conflicts.h"
 #include "data/codes.h"
 #include "data/holidays.h"
@@ -21,7 +22,6 @@
 #include "session/preferences.h"
 #include "session/session.h"
 #include "shell/menutables.h"
-#include "views/appointmentitem.h"
 
 using db::Ignoring;
 using db::ReadTogether;

@@ -4,6 +4,7 @@
 #include <QSet>
 #include <QVBoxLayout>
 
+#include "appointments/appointmentitem.h"
 #include "appointments/frmactsc.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
@@ -20,7 +21,6 @@
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "shell/menutables.h"
-#include "views/appointmentitem.h"
 
 using db::Recordset;
 using db::Sql;

@@ -64,7 +64,7 @@ class frmsched : public CalendarView {
     void showNote(const QString& note);
     void addInfo(const QString& label, const QString& value);
     void addRoom(const QString& key);
-    void addContacts(const CalendarItem& item, const RowFacts& facts);
+    void addContacts(const CalendarItem& item, const ShownAppointment& facts);
     void getgroumembers(const QString& key);
     [[nodiscard]] QString patientField(const QString& patientId, const char* field, QString* otherPhoneType) const;
 

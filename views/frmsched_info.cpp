@@ -87,7 +87,7 @@ bool betraysPatient(const QString& label) {
 }  // namespace
 
 QStringList frmsched::detailStatements(const CalendarItem& item) const {
-    const RowFacts facts = facts_.value(item.ItemKey);
+    const ShownAppointment facts = facts_.value(item.ItemKey);
     QStringList statements{roomStatement(item.ItemKey)};
     if (hasContacts(item, facts.apptType)) {
         for (const char* field : {"telephone_h", "telephone_b", "Other_Phone", "EmailAddress", "PreferredContactMode"})
@@ -107,7 +107,7 @@ void frmsched::displayapptinfo(int index) {
         return;
     }
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
-    const RowFacts facts = facts_.value(item.ItemKey);
+    const ShownAppointment facts = facts_.value(item.ItemKey);
     const bool military = Session().MilitaryTime;
     const db::ReadTogether together(Session().Connection, detailStatements(item));
 
@@ -152,7 +152,7 @@ void frmsched::addRoom(const QString& key) {
     addInfo(QStringLiteral("Room"), booked.Eof() ? QString() : booked["room"].text());
 }
 
-void frmsched::addContacts(const CalendarItem& item, const RowFacts& facts) {
+void frmsched::addContacts(const CalendarItem& item, const ShownAppointment& facts) {
     const QString patientId = GetPipeField(item.ItemNote, 3);
     const QString phoneFormat = MaskToFormat(Session().PhoneMask);
     QString otherPhoneType;

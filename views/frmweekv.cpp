@@ -3,6 +3,7 @@
 #include <QLocale>
 #include <QVBoxLayout>
 
+#include "appointments/appointmentitem.h"
 #include "data/codes.h"
 #include "data/holidays.h"
 #include "data/recurrence.h"
@@ -14,7 +15,6 @@
 #include "session/preferences.h"
 #include "session/session.h"
 #include "shell/menutables.h"
-#include "views/appointmentitem.h"
 
 using db::Ignoring;
 using db::ReadTogether;

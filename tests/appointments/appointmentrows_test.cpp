@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "appointments/alarmpreferences.h"
+#include "appointments/appointmentroom.h"
+#include "appointments/appointmentwrites.h"
 #include "data/codes.h"
 #include "tests/appointments/appointmentfixture.h"
 
@@ -39,19 +41,22 @@ class AlarmPreferences : public AppointmentFixture {
 TEST_F(AppointmentRows, AStatusIsOneWriteOfTheColour) {
     const int key = appointment({});
     const int other = appointment({});
-    EXPECT_TRUE(SetApptStatus(key, ncolor::Missed));
+    EXPECT_TRUE(SetApptStatus(key, ncolor::Missed).IsDone());
     EXPECT_EQ(database.number(db::Sql("Select ncolor from appointments Where nkeyid = {}", key)), ncolor::Missed);
     EXPECT_EQ(database.number(db::Sql("Select ncolor from appointments Where nkeyid = {}", other)), ncolor::Blank);
 }
 
 TEST_F(AppointmentRows, AStatusForARowThatIsGoneChangesNothingAndReportsNothing) {
-    EXPECT_FALSE(SetApptStatus(Appointment, ncolor::Missed));
+    EXPECT_EQ(SetApptStatus(Appointment, ncolor::Missed).end, WriteOutcome::End::Gone);
     EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from appointments")), 0);
 }
 
 TEST_F(AppointmentRows, AStatusThatCannotBeStoredReportsNothingButIsKnown) {
-    (void)loseDatabase();
-    EXPECT_FALSE(SetApptStatus(Appointment, ncolor::Missed));
+    const QString why = loseDatabase();
+    const WriteOutcome outcome = SetApptStatus(Appointment, ncolor::Missed);
+    EXPECT_EQ(outcome.end, WriteOutcome::End::Failed);
+    ASSERT_TRUE(outcome.failure);
+    EXPECT_EQ(outcome.failure->description, why);
 }
 
 TEST_F(AppointmentRows, TheRoomOfAnAppointmentIsTheOneBookedForIt) {

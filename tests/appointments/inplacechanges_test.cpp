@@ -1,11 +1,11 @@
-#include "views/inplacechanges.h"
+#include "appointments/inplacechanges.h"
 
 #include <functional>
 
+#include "appointments/appointmentitem.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
-#include "tests/views/dayfixture.h"
-#include "views/appointmentitem.h"
+#include "tests/appointments/appointmentfixture.h"
 
 using db::Lock;
 using db::Recordset;
@@ -48,15 +48,13 @@ const Change changes[] = {
 }  // namespace
 
 /// What a view writes back of an item that it changed, while another desk may have changed the row too.
-class InPlaceChanges : public DayFixture, public testing::WithParamInterface<Change> {
+class InPlaceChanges : public AppointmentFixture, public testing::WithParamInterface<Change> {
   protected:
     InPlaceChanges() {
-        key_ = add(anAppointment("Anna")
-                       .status(16711681)
-                       .with("CLOCATION", "'Hall'")
-                       .with("CapptNote", "'Svc|Note'")
-                       .with("patientid", "'10017'")
-                       .with("PatientAcct", "'A-7'"));
+        key_ = appointment({.end = 590, .text = QStringLiteral("Anna")});
+        database.connection().Execute(Sql(
+            "Update appointments Set ncolor = 16711681, CLOCATION = 'Hall', CapptNote = 'Svc|Note', PatientAcct = 'A-7' Where nkeyid = {}",
+            key_));
         before_ = read();
     }
 
@@ -70,14 +68,14 @@ class InPlaceChanges : public DayFixture, public testing::WithParamInterface<Cha
         present.Update();
     }
     void otherDeskSets(const Change& change, const char* value) {
-        run(Sql("Update appointments Set {} = {} Where nKeyId = {}", db::Raw{QLatin1String(change.column)},
-                db::Raw{QLatin1String(value)}, key_));
+        database.connection().Execute(Sql("Update appointments Set {} = {} Where nKeyId = {}",
+                                          db::Raw{QLatin1String(change.column)}, db::Raw{QLatin1String(value)}, key_));
     }
     [[nodiscard]] QString stored(const Change& change) {
-        return database_.text(Sql("Select {} from appointments", db::Raw{QLatin1String(change.column)}));
+        return database.text(Sql("Select {} from appointments", db::Raw{QLatin1String(change.column)}));
     }
 
-    qint64 key_ = 0;
+    int key_ = 0;
     CalendarItem before_;
 };
 

@@ -204,3 +204,36 @@ TEST_F(DayActivity, DeletingForSpecificAttendeesLetsTheUserChangeThem) {
     EXPECT_EQ(attendees(key), "REED");
     EXPECT_EQ(itemTexts(), QStringList{"Meeting"});
 }
+
+TEST_F(DayActivity, TheActivityIsSavedThatWasOpenedWhateverBecomesOfTheViewUnderIt) {
+    run("Insert Into Events (Event) Values('Meeting')");
+    const qint64 key = addMeeting();
+    const qint64 other = addActivity("Other", {QStringLiteral("REED")});
+    openByHand();
+    select("Meeting");
+    expectScheduler([&](frmactsc& form) {
+        select("Other");
+        view_->Reload();
+        form.ctend->setTime(615);
+        turn(form, "BAKER");
+        form.cmdOk->click();
+    });
+    this->key(Qt::Key_Return);
+    EXPECT_EQ(times(key), "540-615");
+    EXPECT_EQ(attendees(key), "BAKER LANE REED");
+    EXPECT_EQ(times(other), "540-600");
+    EXPECT_EQ(attendees(other), "REED");
+
+    select("Meeting");
+    expectScheduler([&](frmactsc& form) {
+        otherDeskDeletes(key);
+        view_->Reload();
+        select("Other");
+        form.ctend->setTime(630);
+        form.cmdOk->click();
+    });
+    desk.expectBox("Error saving appointment. Another user may have deleted this appointment. ", "Error");
+    this->key(Qt::Key_Return);
+    EXPECT_EQ(itemTexts(), QStringList{"Other"});
+    EXPECT_EQ(times(other), "540-600");
+}

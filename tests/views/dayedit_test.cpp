@@ -122,6 +122,54 @@ TEST_F(DayEdit, TheKindFollowsTheRow) {
     opensAs(anAppointment("Slot in the groups' colour").with("appttype", "4").status(ncolor::Group), 4);
 }
 
+TEST_F(DayEdit, TheEditorSavesTheRowThatItWasOpenedOnWhateverBecomesOfTheViewUnderIt) {
+    run("Insert Into Events (Event) Values('Meeting')");
+    const std::function<void()> happenings[] = {[this] { select("Other"); }, [this] { view_->Reload(); },
+                                                [this] { calendar().clearSelection(); },
+                                                [this] {
+                                                    main.SetDate(main.Date().addDays(1));
+                                                    view_->Reload();
+                                                }};
+    const qint64 key = add(anAppointment("Meeting").at(9, 0).until(10, 0).status(ncolor::Activity));
+    const qint64 other = add(anAppointment("Other").at(11, 0).until(12, 0).status(ncolor::Activity));
+    openByHand();
+    int note = 0;
+    for (const auto& happens : happenings) {
+        main.SetDate(QDate(2026, 3, 11));
+        view_->Reload();
+        select("Meeting");
+        desk.expectForm("frmnore", [&](QDialog& form) {
+            happens();
+            theEditor(form).txtnotes->setPlainText(QString::number(++note));
+            theEditor(form).cmdOk->click();
+        });
+        command("mnuAEdit").trigger();
+        EXPECT_EQ(stored(key, "CapptNote"), QStringLiteral("|%1").arg(note));
+        EXPECT_EQ(stored(other, "cappttext") + stored(other, "CapptNote"), "Other");
+    }
+}
+
+TEST_F(DayEdit, ARowThatAnotherDeskDeletesUnderTheEditorIsAddedAgainAndNoOtherIsWritten) {
+    run("Insert Into Events (Event) Values('Meeting')");
+    const qint64 key = add(anAppointment("Meeting").at(9, 0).until(10, 0).status(ncolor::Activity));
+    const qint64 other = add(anAppointment("Other").at(11, 0).until(12, 0).status(ncolor::Activity));
+    openByHand();
+    select("Meeting");
+    desk.expectForm("frmnore", [&](QDialog& form) {
+        otherDeskDeletes(key);
+        view_->Reload();
+        select("Other");
+        theEditor(form).txtnotes->setPlainText(QStringLiteral("mine"));
+        theEditor(form).cmdOk->click();
+    });
+
+    command("mnuAEdit").trigger();
+
+    EXPECT_EQ(itemTexts(), (QStringList{"Meeting", "Other"}));
+    EXPECT_EQ(stored(item("Meeting").ItemKey.toLongLong(), "CapptNote"), "|mine");
+    EXPECT_EQ(stored(other, "CapptNote"), "");
+}
+
 TEST_F(DayEdit, TheRowTellsTheKindNotTheItemThatAnotherDeskHasOvertaken) {
     const qint64 key = add(anAppointment("Slot").with("appttype", "4").status(0x123456));
     openByHand();

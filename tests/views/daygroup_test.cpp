@@ -124,3 +124,32 @@ TEST_F(DayGroup, AGroupIsMovedAndKeepsItsMembers) {
     EXPECT_EQ(stored(key, "nStartTime"), "660");
     EXPECT_EQ(members(), 1);
 }
+
+TEST_F(DayGroup, TheGroupIsSavedThatWasOpenedWhateverBecomesOfTheViewUnderIt) {
+    const qint64 key = addGroup();
+    const qint64 other = add(anAppointment("Other").at(11, 0).until(12, 0).status(ncolor::Group));
+    openByHand();
+    select("Anger");
+    expectDialog([&](frmgrptx& form) {
+        select("Other");
+        view_->Reload();
+        form.ctstart->setTime(555);
+        form.cmdOk->click();
+    });
+    this->key(Qt::Key_Return);
+    EXPECT_EQ(stored(key, "nStartTime"), "555");
+    EXPECT_EQ(stored(other, "nStartTime"), "660");
+
+    select("Anger");
+    expectDialog([&](frmgrptx& form) {
+        otherDeskDeletes(key);
+        view_->Reload();
+        select("Other");
+        form.ctend->setTime(615);
+        form.cmdOk->click();
+    });
+    this->key(Qt::Key_Return);
+    EXPECT_EQ(itemTexts(), (QStringList{"Anger", "Other"}));
+    EXPECT_EQ(stored(item("Anger").ItemKey.toLongLong(), "nEndTime"), "615");
+    EXPECT_EQ(stored(other, "nEndTime"), "720");
+}

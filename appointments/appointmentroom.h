@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+// The room that an appointment has, a row of `roomschedule` with its key. Both belong into the transaction of their
+// appointment, and throw db::DatabaseError.
+
+/// Books a room for an appointment, from `start` to `end` in minutes since midnight.
+void BookRoom(int roomId, int apptKey, int start, int end, QDate date, const QString& text);
+
+/// Moves the first room booking of an appointment to another time, in minutes since midnight, and day, and gives it
+/// another text (its first 100 characters) where `text` is not empty. Without a booking, and for a key below 1, nothing
+/// is done.
+void UpdateRoomTime(int apptKey, int start, int end, QDate date, const QString& text);
