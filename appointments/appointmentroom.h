@@ -3,8 +3,15 @@
 #include <QDate>
 #include <QString>
 
-// The room that an appointment has, a row of `roomschedule` with its key. Both belong into the transaction of their
-// appointment, and throw db::DatabaseError.
+// The room that an appointment has, a row of `roomschedule` with its key. The writes belong into the transaction of
+// their appointment, and throw db::DatabaseError.
+
+/// The room that a saved appointment has from now on.
+struct WantedRoom {
+    int id = 0;  ///< 0: none.
+    QString text;
+    bool unread = false;  ///< Whether it had one could not be read: where none is wanted none is taken from it.
+};
 
 /// Books a room for an appointment, from `start` to `end` in minutes since midnight.
 void BookRoom(int roomId, int apptKey, int start, int end, QDate date, const QString& text);

@@ -109,13 +109,12 @@ void frmactsc::LoadGroupEvent() {
         Recordset rows(eventStatement(key_), Session().Connection);
         if (rows.Eof())
             return;
-        const Event event = eventOf(rows);
-        const db::RowState state = writtenState(rows);
-        cboevents->SetText(event.text);
-        cbolocation->SetText(event.location);
-        ctDEditComp->setDate(event.date);
-        ctstart->setTime(event.start);
-        ctend->setTime(event.end);
+        const db::RowState state = ActivityState(rows);
+        cboevents->SetText(rows["cappttext"].text());
+        cbolocation->SetText(rows["CLOCATION"].text());
+        ctDEditComp->setDate(rows["dapptdate"].date());
+        ctstart->setTime(static_cast<int>(rows["nStartTime"].integer()));
+        ctend->setTime(static_cast<int>(rows["nEndTime"].integer()));
         QStringList attendees;
         for (; !rows.Eof(); rows.MoveNext())
             attendees << rows[QStringLiteral("appointmentsevents.clinicianid")].text();

@@ -4,8 +4,8 @@
 #include <QDate>
 #include <QStringList>
 
+#include "appointments/activitywrite.h"
 #include "appointments/editorrequest.h"
-#include "platform/database/rowmerge.h"
 #include "session/editordialog.h"
 
 class AttendeeList;
@@ -63,17 +63,8 @@ class frmactsc : public EditorDialog {
   private:
     static constexpr int FirstValidDate = 2;
     static constexpr int NoTime = -1;
-    static constexpr int LongestText = 100;     ///< Of `cappttext`; more is cut by a save.
-    static constexpr int LongestLocation = 50;  ///< Of `CLOCATION`; likewise.
-
-    /// What a save writes.
-    struct Event {
-        int start = 0;
-        int end = 0;
-        QDate date;
-        QString text;
-        QString location;
-    };
+    static constexpr int LongestText = ActivityFields::LongestText;
+    static constexpr int LongestLocation = ActivityFields::LongestLocation;
 
     // frmactsc_layout.cpp
     void buildForm();
@@ -106,12 +97,9 @@ class frmactsc : public EditorDialog {
     /// Both are false where nothing was saved, which the user has been told.
     [[nodiscard]] bool SaveNewEvent();
     [[nodiscard]] bool SaveUpdateEvent();
-    void writeUpdate(db::Recordset& row) const;
-    void writeFields(db::Recordset& row) const;
-    void insertAttendees(int key) const;
-    [[nodiscard]] static Event eventOf(const db::Recordset& row);
-    [[nodiscard]] static db::RowState writtenState(const db::Recordset& row);
-    [[nodiscard]] bool attendeesStand() const;
+    /// Tells how a save ended where it did not go well.
+    [[nodiscard]] static bool isSaved(const WriteOutcome& outcome);
+    [[nodiscard]] ActivityFields entered() const;
 
     const ActivityRequest request_;
     const int key_ = request_.ActivityKey;  ///< Of the row; 0 for a new one.

@@ -97,13 +97,13 @@ void frmgrptx::LoadAppointment() {
         if (row.Eof())
             return;
         showRow(row);
-        storedState_ = writtenState(row);
+        stored_.row = GroupRowState(row);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment. "), error);
         return;
     }
     roomUnread_ = !ShowBookedRoom(*cborooms, key_);
-    storedRoom_ = cborooms->ItemData();
+    stored_.room = cborooms->ItemData();
     loadsavedmembers();
 }
 

@@ -2,12 +2,10 @@
 
 #include <optional>
 #include <QDate>
-#include <QMap>
 #include <QStringList>
-#include <vector>
 
 #include "appointments/editorrequest.h"
-#include "platform/database/rowmerge.h"
+#include "appointments/groupwrite.h"
 #include "session/editordialog.h"
 
 class CompletingCombo;
@@ -78,8 +76,6 @@ class frmgrptx : public EditorDialog {
     static constexpr int FirstValidDate = 2;
     static constexpr int LongestLocation = 50;
 
-    /// Who is scheduled by the rows of `AppointmentsGroup`, by patient id, and whether they attended.
-    using Attendance = QMap<QString, bool>;
     /// What a row of the list keeps of its patient, as its item text: {patient id}|{account}|{home phone}.
     struct Mark {
         QString patientId;
@@ -122,7 +118,6 @@ class frmgrptx : public EditorDialog {
                    Boxes boxes);
     void showMembers();
     [[nodiscard]] QString patientId(int row) const;
-    [[nodiscard]] static Attendance attendanceOf(int key);
 
     // frmgrptx_save.cpp
     void cmdOk_Click();
@@ -133,22 +128,14 @@ class frmgrptx : public EditorDialog {
     [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
     [[nodiscard]] static QString savedMembersStatement(int key);
     [[nodiscard]] static QString savedPhonesStatement(int key);
-    [[nodiscard]] static QString attendanceStatement(int key);
-    /// Writes the row, a new one where the cursor stands at the end, and its room; the key of the row.
-    [[nodiscard]] int writeEntry(db::Recordset& row, const QString& providerId) const;
-    void writeFields(db::Recordset& row, bool isNew, const QString& providerId) const;
-    void savemembers(int key) const;
+    [[nodiscard]] GroupFields entered(const QString& providerId) const;
     void audit(bool isNew) const;
     /// Throws db::RowChangedError where another desk has changed the row, its members or its room.
     void requireUnchanged(const db::Recordset& row, int key) const;
-    [[nodiscard]] static db::RowState writtenState(const db::Recordset& row);
 
     const EditorRequest request_;
     const int key_ = request_.Key();  ///< Of the row, 0 for a new one.
-    // What the database holds, as far as this form knows.
-    db::RowState storedState_;
-    std::optional<Attendance> storedMembers_;
-    int storedRoom_ = 0;
+    GroupState stored_;
     int groupOnList_ = 0;  ///< Whose members stand on the list.
     QDate membersOf_;      ///< And for which date.
     bool roomUnread_ = false;

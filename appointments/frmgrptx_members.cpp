@@ -103,7 +103,7 @@ void frmgrptx::loadsavedmembers() {
         for (Recordset rows(savedPhonesStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext())
             phones.insert(rows["id"].text().toLower(), {FormatPhone(rows["telephone_h"].text(), formats.home),
                                                         FormatPhone(rows["telephone_b"].text(), formats.work)});
-        Attendance saved;
+        GroupAttendance saved;
         for (Recordset rows(savedMembersStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString id = rows["PatientId"].text();
             const bool kept = rows["kept"].integer() == 1;
@@ -113,7 +113,7 @@ void frmgrptx::loadsavedmembers() {
             saved.insert(id, kept);
             groupOnList_ = static_cast<int>(rows["GroupId"].integer());
         }
-        storedMembers_ = saved;
+        stored_.members = saved;
         // The name may be another group's today, and the group may have another name.
         if (cbogroup->FindItemData(groupOnList_) >= 0)
             setmembers(groupOnList_);
@@ -128,27 +128,16 @@ void frmgrptx::loadsavedmembers() {
 
 void frmgrptx::loadgroupstatus() {
     try {
-        const Attendance saved = attendanceOf(key_);
+        const GroupAttendance saved = AttendanceOf(key_);
         for (int row = 0; row < ctList1->RowCount(); ++row)
             if (const auto member = saved.constFind(patientId(row)); member != saved.cend()) {
                 ctList1->SetChecked(row, SchdColumn, true);
                 ctList1->SetChecked(row, KeptColumn, *member);
             }
-        storedMembers_ = saved;
+        stored_.members = saved;
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading groups member attendance list. "), error);
     }
-}
-
-QString frmgrptx::attendanceStatement(int key) {
-    return Sql("Select * from AppointmentsGroup Where nKeyId = {}", key);
-}
-
-frmgrptx::Attendance frmgrptx::attendanceOf(int key) {
-    Attendance attendance;
-    for (Recordset rows(attendanceStatement(key), Session().Connection); !rows.Eof(); rows.MoveNext())
-        attendance.insert(rows["PatientId"].text(), rows["kept"].integer() == 1);
-    return attendance;
 }
 
 void frmgrptx::cmdLoadMembers_Click() {
@@ -180,8 +169,8 @@ bool frmgrptx::DeleteSavedMembers() {
         return true;
     try {
         Session().Connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyId = {}", key_));
-        membersDeleted_ = membersDeleted_ || !storedMembers_ || !storedMembers_->isEmpty();
-        storedMembers_ = Attendance();
+        membersDeleted_ = membersDeleted_ || !stored_.members || !stored_.members->isEmpty();
+        stored_.members = GroupAttendance();
         return true;
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error deleting group members. "), error);
@@ -240,7 +229,7 @@ void frmgrptx::showMembers() {
         lines << tr("%1 of %2 scheduled, %3 kept").arg(scheduled).arg(count).arg(kept);
         if (keptOnly > 0)
             lines << tr("Kept is stored only for who is scheduled (%1 not).").arg(keptOnly);
-    } else if (key_ != 0 && (!storedMembers_ || !storedMembers_->isEmpty())) {
+    } else if (key_ != 0 && (!stored_.members || !stored_.members->isEmpty())) {
         lines << tr("The members that are stored for this appointment are not loaded. Load Members loads them.");
     } else if (cbogroup->ListIndex() >= 0) {
         lines << tr("Nobody takes part in this group on this date, or the group has no leader or is not active.");

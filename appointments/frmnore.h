@@ -4,10 +4,9 @@
 #include <optional>
 #include <QDate>
 #include <QTimer>
-#include <vector>
 
 #include "appointments/editorrequest.h"
-#include "platform/database/rowmerge.h"
+#include "appointments/entrywrite.h"
 #include "session/editordialog.h"
 
 class CompletingCombo;
@@ -199,15 +198,8 @@ class frmnore : public EditorDialog {
     [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
     [[nodiscard]] bool conflicts(int key, const QString& providerId);
     [[nodiscard]] QString entryText() const;
-    /// Writes row and room; whether the row is a new one. Throws db::DatabaseError.
-    bool writeEntry(int key, const QString& providerId);
-    /// The current row of `appointments` in the columns that a save writes: two of them are equal when nobody has
-    /// changed in between what a save would write over.
-    [[nodiscard]] static db::RowState writtenState(const db::Recordset& row);
-    void writeFields(db::Recordset& row, bool isNew, const QString& providerId);
-    void writeKind(db::Recordset& row);
-    void writePatient(db::Recordset& row);
-    void insertRoom(int apptKey);
+    [[nodiscard]] EntryFields entered(const QString& providerId) const;
+    [[nodiscard]] QString roomText() const;
     void auditSave(bool isNew) const;
 
     // frmnore_lookup.cpp

@@ -236,7 +236,7 @@ void frmnore::LoadAppointment() {
             Session().Connection,
             ofPatient ? ShownPatientStatements(row["patientid"].text(), row["dapptdate"].date()) : QStringList());
         showRow(row);
-        loadedState_ = writtenState(row);
+        loadedState_ = EntryState(row);
         showRoom();
         if (ofPatient)
             showAuthorization();

@@ -1,4 +1,3 @@
-#include <array>
 #include <optional>
 #include <QApplication>
 #include <QCheckBox>
@@ -6,7 +5,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "appointments/appointmentroom.h"
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
 #include "appointments/editorparts.h"
@@ -18,10 +16,6 @@
 #include "platform/controls/ctlist.h"
 #include "platform/controls/notefield.h"
 #include "platform/database/readtogether.h"
-#include "platform/database/recordset.h"
-#include "platform/database/rowmerge.h"
-#include "platform/database/sql.h"
-#include "platform/database/transaction.h"
 #include "platform/database/waiting.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
@@ -29,14 +23,15 @@
 #include "session/errorbox.h"
 #include "session/session.h"
 
-using db::Recordset;
-using db::Sql;
-
 namespace {
 
 constexpr int UsualLeadMinutes = 10;
-constexpr int LongestPhoneCopy = 40;  // appointments.hphone and wphone
 constexpr int LongestAuditedText = 100;
+
+/// The data of the item that is selected, where one is.
+std::optional<int> chosen(const CompletingCombo& box) {
+    return box.ListIndex() >= 0 ? std::optional(box.ItemData()) : std::nullopt;
+}
 
 }  // namespace
 
@@ -129,113 +124,51 @@ QString frmnore::entryText() const {
 
 bool frmnore::saveappt(int key, const QString& providerId) {
     const BusyPointer busy;
-    bool isNew = false;
-    try {
-        db::InTransaction(Session().Connection, [&] { isNew = writeEntry(key, providerId); });
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error saving appointment. "), error);
+    const EntryOutcome outcome = SaveEntry(key, entered(providerId), loadedState_);
+    if (outcome.failure) {
+        TellError(WriteTrouble(outcome.step), *outcome.failure);
         return false;
     }
-    auditSave(isNew);
-    if (isNew && key > 0)
+    auditSave(outcome.isNew);
+    if (outcome.isNew && key > 0)
         TellAddedAgain();
     return true;
 }
 
-bool frmnore::writeEntry(int key, const QString& providerId) {
-    Recordset row(AppointmentStatement(key), Session().Connection, db::Lock::Optimistic);
-    const bool isNew = row.Eof();
-    if (!isNew)
-        db::RequireUnchanged(loadedState_, writtenState(row));
-    if (isNew)
-        row.AddNew();
-    writeFields(row, isNew, providerId);
-    if (!isNew && key > 0 && !(roomUnread_ && cborooms->ListIndex() < 0))
-        Session().Connection.Execute(Sql("Delete  from roomschedule Where apptid = {}", key));
-    row.Update();
-    if (cborooms->ListIndex() >= 0)
-        insertRoom(static_cast<int>(row["nkeyid"].integer()));
-    return isNew;
+EntryFields frmnore::entered(const QString& providerId) const {
+    EntryFields fields;
+    fields.ApptKind = request_.ApptKind;
+    fields.date = ctedate->Date();
+    fields.start = ctstart->Time();
+    fields.end = ctend->Time();
+    fields.text = entryText();
+    fields.location = cbolocation->Text();
+    fields.note = cbocpt->Text() + QLatin1Char('|') + txtnotes->StoredText();
+    fields.provider = providerId;
+    fields.category = chosen(*cboapttype);
+    if (ckAlarm->isChecked())
+        fields.reminderLead = alarmLeadMinutes_ > 0 ? alarmLeadMinutes_ : UsualLeadMinutes;
+    fields.status = chosen(*cbostatus);
+    fields.patientId = patientTag_;
+    fields.account = txtaccount->text();
+    fields.homePhone = lblHPhone->text();
+    fields.workPhone = lblwphone->text();
+    fields.categoryColour = categoryColour_;
+    fields.room = {cborooms->ItemData(), roomText(), roomUnread_};
+    return fields;
 }
 
-db::RowState frmnore::writtenState(const Recordset& row) {
-    static constexpr std::array columns{
-        "nStartTime", "nEndTime",         "dapptdate",      "cappttext",   "appointment_type", "CLOCATION",
-        "BLOCATEICO", "BremindIco",       "ReminderTime",   "BPrivateIco", "appttype",         "ncolor",
-        "BTentIco",   "patientid",        "PatientAcct",    "hphone",      "wphone",           "clinicianid",
-        "CapptNote",  "lastmodifieddate", "lastmodifieduid"};
-    return {row, columns};
-}
-
-void frmnore::writeFields(Recordset& row, bool isNew, const QString& providerId) {
-    if (isNew) {
-        row.Set("createddate", Now());
-        row.Set("createduid", Session().UID);
-    }
-    const int start = ctstart->Time();
-    row.Set("nStartTime", start);
-    row.Set("nEndTime", ctend->Time());
-    row.Set("dapptdate", ctedate->Date());
-    row.Set("cappttext", entryText());
-    row.Set("appointment_type", cboapttype->ListIndex() >= 0 ? db::Value(cboapttype->ItemData()) : db::Value());
-    row.Set("CLOCATION", cbolocation->Text());
-    row.Set("BLOCATEICO", cbolocation->Text().isEmpty() ? 0 : 1);
-    row.Set("BremindIco", ckAlarm->isChecked() ? 1 : 0);
-    const int lead = alarmLeadMinutes_ > 0 ? alarmLeadMinutes_ : UsualLeadMinutes;
-    row.Set("ReminderTime", ckAlarm->isChecked() ? db::Value(start - lead) : db::Value());
-    row.Set("BPrivateIco", 0);
-    if (request_.ApptKind == apptkind::TypeSlot)
-        row.Set("appttype", ApptTypeSlot);
-    writeKind(row);
-    row.Set("clinicianid", providerId);
-    row.Set("CapptNote", cbocpt->Text() + QLatin1Char('|') + txtnotes->StoredText());
-    row.Set("lastmodifieddate", Now());
-    row.Set("lastmodifieduid", Session().UID);
-}
-
-void frmnore::writeKind(Recordset& row) {
+QString frmnore::roomText() const {
     switch (request_.ApptKind) {
         case apptkind::Patient:
-            writePatient(row);
-            break;
+            return request_.provider.name;
         case apptkind::Activity:
-            row.Set("ncolor", ncolor::Activity);
-            break;
-        case apptkind::Unavailable:
-            row.Set("ncolor", ncolor::Unavailable);
-            break;
-        default:
-            row.Set("ncolor", categoryColour_);
-            row.Set("appointment_type", categoryColour_);
-    }
-}
-
-void frmnore::writePatient(Recordset& row) {
-    if (cbostatus->ListIndex() >= 0)
-        row.Set("ncolor", cbostatus->ItemData());
-    row.Set("BTentIco", cbostatus->ItemData() == ncolor::Tentative ? 1 : 0);
-    row.Set("patientid", patientTag_);
-    row.Set("PatientAcct", txtaccount->text());
-    row.Set("hphone", lblHPhone->text().left(LongestPhoneCopy));
-    row.Set("wphone", lblwphone->text().left(LongestPhoneCopy));
-}
-
-void frmnore::insertRoom(int apptKey) {
-    QString text;
-    switch (request_.ApptKind) {
-        case apptkind::Patient:
-            text = request_.provider.name;
-            break;
-        case apptkind::Activity:
-            text = cboevents->Text();
-            break;
+            return cboevents->Text();
         case apptkind::TypeSlot:
-            text = cbocats->Text();
-            break;
+            return cbocats->Text();
         default:
-            break;
+            return {};
     }
-    BookRoom(cborooms->ItemData(), apptKey, ctstart->Time(), ctend->Time(), ctedate->Date(), text);
 }
 
 void frmnore::auditSave(bool isNew) const {

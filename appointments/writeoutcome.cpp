@@ -1,6 +1,13 @@
 #include "appointments/writeoutcome.h"
 
 QString WriteTrouble(WriteStep step) {
-    return step == WriteStep::Room ? QStringLiteral("Error saving room schedule. ")
-                                   : QStringLiteral("Error saving appointment. ");
+    switch (step) {
+        case WriteStep::Room:
+            return QStringLiteral("Error saving room schedule. ");
+        case WriteStep::Members:
+            return QStringLiteral("Error saving group members. ");
+        case WriteStep::Appointment:
+            break;
+    }
+    return QStringLiteral("Error saving appointment. ");
 }

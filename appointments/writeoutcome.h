@@ -9,7 +9,7 @@
 // whole or not at all, and says nothing: who calls one has asked the user before, and tells how it ended.
 
 /// What of an appointment was being written when a write failed.
-enum class WriteStep { Appointment, Room };
+enum class WriteStep { Appointment, Room, Members };
 
 /// How a write ended.
 struct WriteOutcome {

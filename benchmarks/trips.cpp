@@ -123,8 +123,8 @@ void countEditors() {
     count("Editor, an appointment", [&] { editor = std::make_unique<frmnore>(entry(row.key)); });
     count("Editor, a save", [&] { editor->saveappt(row.key, QStringLiteral("REED")); });
     const Row group = rowOf(ncolor::Group);
-    count("Editor, a group", [&] { const frmgrptx form(entry(group.key)); });
-    count("Editor, a new activity", [] { const frmactsc form({0, QDate::currentDate(), std::nullopt}); });
+    count("Editor, a group", [&] { const frmgrptx dialog(entry(group.key)); });
+    count("Editor, a new activity", [] { const frmactsc dialog({0, QDate::currentDate(), std::nullopt}); });
 }
 
 }  // namespace

@@ -46,6 +46,14 @@ TEST_F(AllProviders, WithoutASelectedColumnNothingIsAdded) {
     EXPECT_FALSE(view_->CanAdd());
 }
 
+TEST_F(AllProviders, ANewEntryThatIsGivenUpLeavesTheTimeSelected) {
+    openByHand();
+    calendar().selectRange(2, 600, 630);
+    desk.expectForm("frmnore", [](QDialog& form) { form.reject(); });
+    command("mnuPatient").trigger();
+    EXPECT_TRUE(view_->SelectedTime());
+}
+
 TEST_F(AllProviders, AGroupOpensItsAttendance) {
     add(anAppointment("Anger").of("LANE").status(ncolor::Group));
     openByHand();
