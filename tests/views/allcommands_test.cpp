@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QPushButton>
 
+#include "appointments/frmactsc.h"
 #include "appointments/frmgrptx.h"
 #include "appointments/frmnore.h"
 #include "data/codes.h"

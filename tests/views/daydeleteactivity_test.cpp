@@ -13,7 +13,7 @@ TEST_F(DayDelete, OfAnActivityWithAttendeesAsksForWhom) {
     desk.expectForm("frmDeleteEvent", [](QDialog& form) {
         const auto& question = dynamic_cast<frmDeleteEvent&>(form);
         EXPECT_TRUE(question.optdelete[0]->isChecked());
-        EXPECT_TRUE(question.Tag.isEmpty());
+        EXPECT_FALSE(question.WantsSpecificAttendees());
         button(form, "Command2").click();
     });
     deleteSelected();

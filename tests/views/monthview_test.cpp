@@ -7,6 +7,7 @@
 #include "data/codes.h"
 #include "people/frmlocs.h"
 #include "platform/calendar/ctweek.h"
+#include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
 #include "search/frmfinda.h"
 #include "tests/shell/practicefixture.h"
@@ -269,10 +270,11 @@ TEST_F(MonthView, TheListsOpenInTheirModes) {
 }
 
 TEST_F(MonthView, TheActivitySchedulerOpensAndTheMonthIsReadAfterwards) {
+    main.SetDate(QDate(2026, 3, 20));
     open();
     desk.expectForm("frmactsc", [this](QDialog& form) {
         EXPECT_EQ(dynamic_cast<frmactsc&>(form).Request().ActivityKey, 0);
-        EXPECT_EQ(dynamic_cast<frmactsc&>(form).ctDEditComp->Date(), main.Date());
+        EXPECT_EQ(dynamic_cast<frmactsc&>(form).ctDEditComp->Date(), QDate(2026, 3, 20));
         add(anAppointment("Booked there"));
         form.reject();
     });
