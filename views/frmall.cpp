@@ -107,7 +107,7 @@ void frmall::LoadProviders() {
             const QString id = rows["Id"].text();
             const QString name = rows["prov_lastname"].text();
             const QString discipline = rows["discipline"].text();
-            const int row = ctList1->AddRow(JoinCells({QStringLiteral("1"), name, discipline}), id);
+            const int row = ctList1->AddRow({QStringLiteral("1"), name, discipline}, id);
             ctList1->SetItemText(row, name);
             if (!discipline.isEmpty() && cbodisc->findText(discipline, Qt::MatchFixedString) < 0)
                 cbodisc->addItem(discipline);

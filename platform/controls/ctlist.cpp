@@ -50,8 +50,8 @@ void ctList::Clear() {
         Q_EMIT SelectionChanged();
 }
 
-int ctList::AddRow(const QString& joinedCells, const QVariant& itemData) {
-    const int row = AddRow(joinedCells);
+int ctList::AddRow(const QStringList& cells, const QVariant& itemData) {
+    const int row = model_.addRow(cells);
     SetItemData(row, itemData);
     return row;
 }
@@ -88,11 +88,11 @@ QString ctList::Header(int column) const {
     return model_.headerData(column - 1, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
-QString ctList::ShownRowText(int row) const {
+QStringList ctList::ShownCells(int row) const {
     QStringList cells;
-    for (int column = 1; column <= ColumnCount() && row < RowCount(); ++column)
+    for (int column = 1; column <= ColumnCount() && model_.has(row); ++column)
         cells << ShownCell(row, column);
-    return cells.join(QLatin1Char(';'));
+    return cells;
 }
 
 int ctList::SelectedRow() const {

@@ -11,9 +11,9 @@
 /// The list of the dialogs. It shows rows of cells under headers. A column may hold check boxes. Each row also carries
 /// hidden item data (a key, number or text), a text item and a note mark.
 ///
-/// Rows count from 0, and -1 means none. Columns count from 1. A row is given as its cells joined by ";". The cell of a
-/// check column is checked when its text is a number other than 0. Commands ignore a row or column that does not exist,
-/// and questions answer it with an empty value.
+/// Rows count from 0, and -1 means none. Columns count from 1. The cell of a check column is checked when its text is a
+/// number other than 0. Commands ignore a row or column that does not exist, and questions answer it with an empty
+/// value.
 ///
 /// Keys: letters move to the next row that starts with the typed text, Space flips the row's check box and Shift+Space
 /// its second one, Enter activates the row, Ctrl+C copies the selected rows.
@@ -38,10 +38,8 @@ class ctList : public QTreeView {
     void SetChecksEnabled(bool enabled) { model_.setChecksEnabled(enabled); }
 
     void Clear();
-    /// Adds a row at the end and returns its position.
-    int AddRow(const QString& joinedCells) { return model_.addRow(joinedCells); }
-    /// Adds a row with its item data.
-    int AddRow(const QString& joinedCells, const QVariant& itemData);
+    /// Adds a row at the end and returns its position. Cells beyond the last column are kept but never shown.
+    int AddRow(const QStringList& cells, const QVariant& itemData = {});
     /// Removes a row. When it was selected, no row is selected afterwards.
     void RemoveRow(int row);
     void SetCell(int row, int column, const QString& text) { model_.setCell(row, column, text); }
@@ -52,7 +50,7 @@ class ctList : public QTreeView {
     /// names.
     void NameCell(int row, int column) { model_.nameCell(row, column); }
     /// Hides or shows the cells that NameCell has marked, in the list and in text copied from it. They are shown at
-    /// first. Cell and RowText always return the real text.
+    /// first. Cell and Cells always return the real text.
     void SetNamesHidden(bool hidden) { model_.setNamesHidden(hidden); }
     /// Checks or clears a box without raising CheckChanged.
     void SetChecked(int row, int column, bool checked) { model_.setChecked(row, column, checked); }
@@ -66,12 +64,12 @@ class ctList : public QTreeView {
     [[nodiscard]] int ColumnCount() const { return model_.columnCount(); }
     [[nodiscard]] QString Header(int column) const;
     /// The row as it was added, with the cells that were set since.
-    [[nodiscard]] QString RowText(int row) const { return model_.rowText(row); }
+    [[nodiscard]] QStringList Cells(int row) const { return model_.cells(row); }
     [[nodiscard]] QString Cell(int row, int column) const { return model_.cell(row, column); }
-    /// The cell as the user sees it.
+    /// The cell as the user sees it, in one line.
     [[nodiscard]] QString ShownCell(int row, int column) const { return model_.shownCell(row, column); }
-    /// The row as the user sees it, its cells joined by ";".
-    [[nodiscard]] QString ShownRowText(int row) const;
+    /// The row as the user sees it, a cell for each column.
+    [[nodiscard]] QStringList ShownCells(int row) const;
     [[nodiscard]] QVariant ItemData(int row) const { return model_.rowData(row); }
     [[nodiscard]] QString ItemText(int row) const { return model_.itemText(row); }
     [[nodiscard]] bool NoteMark(int row) const { return model_.noteMark(row); }

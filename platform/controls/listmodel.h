@@ -20,13 +20,8 @@ struct ListColumn {
 /// The text that is shown in place of a hidden name or a private cell.
 [[nodiscard]] QString HiddenNameText();
 
-/// Joins the cells of a row by ";", the form in which lists take their rows. A ";" or a line end inside a cell becomes
-/// a comma, so that it does not split the cell.
-[[nodiscard]] QString JoinCells(const QStringList& cells);
-
-/// The rows behind a ctList. A row keeps its text, the cells joined by ";". Cells are cut out when they are read, so
-/// that a hundred thousand rows cost no more than their texts. Rows count from 0. Columns count from 1, as the forms
-/// name them; columns from 0 exist only in the QModelIndex interface.
+/// The rows behind a ctList. Rows count from 0. Columns count from 1, as the forms name them; columns from 0 exist only
+/// in the QModelIndex interface.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -38,7 +33,7 @@ class ListModel : public QAbstractTableModel {
     void setColumns(std::vector<ListColumn> columns);
     void setHeader(int column, const QString& text);
     void clear();
-    int addRow(const QString& joinedCells);
+    int addRow(const QStringList& cells);
     void removeRowAt(int row);
     void setCell(int row, int column, const QString& text);
     void setChecked(int row, int column, bool checked);
@@ -55,7 +50,7 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] bool isCheckColumn(int column) const;
     [[nodiscard]] bool isColorColumn(int column) const;
     [[nodiscard]] int firstTextColumn() const;
-    [[nodiscard]] QString rowText(int row) const;
+    [[nodiscard]] QStringList cells(int row) const;
     [[nodiscard]] QString cell(int row, int column) const;
     [[nodiscard]] QString shownCell(int row, int column) const;
     [[nodiscard]] bool checked(int row, int column) const;
@@ -78,7 +73,7 @@ class ListModel : public QAbstractTableModel {
     using QAbstractTableModel::itemData;
 
     struct Row {
-        QString text;
+        QStringList cells;
         QString itemText;
         QVariant itemData;
         quint32 checks = 0;  ///< Bit n belongs to column n + 1.
@@ -86,7 +81,7 @@ class ListModel : public QAbstractTableModel {
         bool noteMark = false;
     };
 
-    [[nodiscard]] QStringView cellView(const Row& row, int column) const;
+    [[nodiscard]] static QStringView cellView(const Row& row, int column);
     void changed(int row);
 
     std::vector<ListColumn> columns_;
