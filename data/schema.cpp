@@ -9,7 +9,6 @@
 
 // The scripts are in a static library, whose resources are dropped unless they are asked for. The macro must be used
 // outside of a namespace.
-// be called outside of a namespace.
 static void LoadScripts() {
     Q_INIT_RESOURCE(schema);
 }

@@ -10,7 +10,6 @@
 ///
 /// A broken connection is told only once. Further errors of the connection in the same routine are not shown until the
 /// routine has returned.
-/// the user, stays unsaid.
 void TellError(const QString& text, const db::DatabaseError& error);
 
 /// Tells the user in the window's bar what the database refused: `what`, which ends with a blank, followed by the

@@ -20,11 +20,6 @@ class QPushButton;
 ///
 /// After five wrong passwords each further try has to wait, twice as long as the one before, and is written to the
 /// audit log.
-///
-/// The box ckpassword tells whether this computer remembers the password. That is a setting of the whole practice
-/// (recallpw), so the box is there only where the practice remembers passwords, and nobody ticks it by hand.
-///
-/// After five wrong passwords each further try waits, twice as long as the one before, and goes to the audit log.
 class frmsvspl : public QDialog {
     Q_OBJECT
 

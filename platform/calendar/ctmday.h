@@ -24,7 +24,6 @@ class QScrollBar;
 /// A signal marked (last) is raised at the end of a mouse or key event, so that a view may open boxes and dialogs,
 /// reload or remove items in its slot. It never waits for the next event, so that keys typed ahead while the program
 /// was busy reach the dialog that the event before them has opened. Only TextEdited waits, at most until CommitEdit.
-/// was busy finds what the event before it has opened. TextEdited alone waits, at most until CommitEdit.
 class ctMDay : public QWidget {
     Q_OBJECT
 
