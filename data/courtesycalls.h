@@ -4,7 +4,7 @@
 
 #include "platform/database/connection.h"
 
-/// Return the statements that the two routines below read, or an empty text for an empty code.
+/// These routines return the statements that the two routines below read, or an empty text for an empty code.
 [[nodiscard]] QString CallIconStatement(const QString& code);
 [[nodiscard]] QString CallTextStatement(const QString& code);
 

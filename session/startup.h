@@ -28,7 +28,7 @@ class StartUpWindow {
     /// Writes the panels " User: ..." and " Schedule for: ..." from the session values.
     virtual void WritePanels() = 0;
     /// Fills the task pane. The group of the companion is shown when the session's FHDatabaseId is not empty. Start-up
-    /// has emptied it for a user of only one schedule that has no pair in the companion.
+    /// has emptied FHDatabaseId for a user of only one schedule that has no pair in the companion.
     virtual void InitTaskPane() = 0;
     /// Lets the window react to its controls from now on, and sets the date picker to this date without loading
     /// anything.

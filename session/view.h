@@ -1,7 +1,6 @@
 #pragma once
 
-/// The views of the main window. Their numbers are those of the command line, of Ctrl+1 to Ctrl+6 and of the order in
-/// the task pane.
+/// The views of the main window. Their numbers are those of Ctrl+1 to Ctrl+6 and of the order in the task pane.
 enum class View {
     None = 0,  ///< No view is open yet.
     Day = 1,

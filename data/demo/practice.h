@@ -16,9 +16,9 @@ inline constexpr int UsualAppointments = 40500;
 
 struct Options {
     std::uint64_t seed = 1;
-    int appointments = UsualAppointments;  ///< Approximate. A larger number lengthens the past up to ten years and then
-                                           ///< adds providers.
-    QDate today;                           ///< The day around which the practice is dated.
+    /// The approximate number. A larger one lengthens the past up to ten years and then adds providers.
+    int appointments = UsualAppointments;
+    QDate today;  ///< The day around which the practice is dated.
 };
 
 /// A stretch of one day in minutes since midnight. An end of 0 means a day off.

@@ -7,8 +7,8 @@ struct CalendarItem;
 /// The least contrast of text against its background.
 inline constexpr double ReadableContrast = 4.5;
 
-/// Returns the colour of a Windows colour value 0xBBGGRR. Higher bits (system colours, status codes) are ignored. Only
-/// 0x1000000, the value of a type with the colour white, is white.
+/// Returns the colour of a Windows colour value 0xBBGGRR. Higher bits (system colours, status codes) are ignored, with
+/// one exception: 0x1000000, which is stored for a type with the colour white, is white.
 QColor ColorFromWindows(int value);
 
 /// Returns the contrast of two opaque colours by their relative luminance, from 1 (equal) to 21 (black on white).

@@ -12,8 +12,8 @@ struct TimeScale {
     /// Returns the pixel at which the minute begins. A minute outside the axis is brought to its end.
     [[nodiscard]] int y(int minute) const;
     /// Returns the last minute that begins at or above the pixel. A pixel outside the axis is brought to its end. It is
-    /// the inverse of y where each minute has a pixel of its own. At every scale, a lower pixel never gives an earlier
-    /// minute.
+    /// the inverse of y where each minute has a pixel of its own. At every scale, a pixel further down never gives an
+    /// earlier minute.
     [[nodiscard]] int minuteAt(int pixel) const;
     [[nodiscard]] int height() const { return y(last); }
 

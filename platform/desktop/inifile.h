@@ -3,8 +3,8 @@
 #include <QString>
 
 /// Reads one key of an ini file in the Windows format. Names of sections and keys match in any case. Blanks around
-/// names and values are dropped, one pair of quotes around a value is removed, and lines that begin with ";" are
-/// skipped. The first line with the key counts. A missing file, section or key gives "". A value is cut to 500
+/// names and values are dropped, one pair of quotes around a value is removed, and lines that begin with ";" or have no
+/// "=" are skipped. The first line with the key counts. A missing file, section or key gives "". A value is cut to 500
 /// characters. The file may be UTF-8, UTF-16 with a byte order mark, or Latin-1.
 [[nodiscard]] QString ReadIniValue(const QString& file, const QString& section, const QString& key);
 

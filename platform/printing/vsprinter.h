@@ -11,8 +11,10 @@ class QWidget;
 ///     VSPrinter vp;
 ///     vp.SetHeader("|Appointments|");
 ///     vp.SetFooter("||Page %d");
-///     vp.AddTable({.widths = {2880, 1440}, .titles = {"Description", "Date"}, .rows = {{"Jones, Mary",
-///     "03/07/2026"}}}); vp.Preview(this);
+///     vp.AddTable({.widths = {2880, 1440},
+///                  .titles = {"Description", "Date"},
+///                  .rows = {{"Jones, Mary", "03/07/2026"}}});
+///     vp.Preview(this);
 ///
 /// Font, alignment and indent apply to what is added after them. Margins, paper, header and footer apply to the whole
 /// document.
