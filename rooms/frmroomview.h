@@ -24,7 +24,7 @@ class frmRoomView : public QDialog {
 
     /// Reads the rooms.
     void LoadRooms();
-    /// One column for each room, with the wanted time shaded.
+    /// Makes one column for each room, with the wanted time shaded.
     void resetcols();
     /// Reads the day's bookings. A booking whose room no longer exists is shown in the first column.
     void loadRoomView();
