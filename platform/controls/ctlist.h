@@ -38,7 +38,7 @@ class ctList : public QTreeView {
     void SetChecksEnabled(bool enabled) { model_.setChecksEnabled(enabled); }
 
     void Clear();
-    /// Adds a row at the end and returns its position. Cells beyond the last column are kept but never shown.
+    /// Adds a row at the end and returns its position. Cells beyond the last column are kept and never shown.
     int AddRow(const QStringList& cells, const QVariant& itemData = {});
     /// Removes a row. When it was selected, no row is selected afterwards.
     void RemoveRow(int row);

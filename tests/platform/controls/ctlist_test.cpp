@@ -388,7 +388,8 @@ TEST_F(ListTest, AHundredThousandRowsAreAllThereAndTheLastCanBeReached) {
 }
 
 TEST_F(ListTest, WhatDoesNotFitIsTippedAsItStandsItsMarkupToo) {
-    list.AddRow(QStringLiteral("0;Call;<b>Urgent</b> <img src='/etc/hosts'> and more than fits"));
+    list.AddRow({QStringLiteral("0"), QStringLiteral("Call"),
+                 QStringLiteral("<b>Urgent</b> <img src='/etc/hosts'> and more than fits")});
     show();
     const QPoint place = centreOf(0, Priority);
     QHelpEvent help(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
