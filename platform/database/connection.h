@@ -11,16 +11,17 @@
 
 #include "platform/database/engine.h"
 #include "platform/database/error.h"
+#include "platform/database/write.h"
 
 namespace db {
 
 class ReadTogether;
+struct WriteShape;
 
-/// A write that went through, as an observer of the connection sees it.
-struct Write {
-    QString statement;  ///< As sent, a Recordset's own with its places as ?.
-    QString table;      ///< The table written to.
-    qint64 rows = 0;
+/// What an observer is told of each write.
+enum class Told {
+    Statements,  ///< The statement, its table and its number of rows.
+    Rows         ///< The key of each row besides, and its values before and after.
 };
 
 /// One connection to a database, opened by a connection text of the form "Provider=SQLOLEDB;Data Source=...;Initial
@@ -87,9 +88,26 @@ class Connection {
     /// The transaction is over afterwards, even where the database refuses.
     void RollbackTrans();
 
-    /// Every write, by Execute or by a Recordset, is told to the observer after it went through: those of a transaction
-    /// after its commit.
-    void Observe(std::function<void(const Write&)> observer) { observer_ = std::move(observer); }
+    /// Every write, by Execute, InsertRows or a Recordset, is told to the observer after it went through, in the order
+    /// in which they were sent: those of a transaction after its commit, each for itself where several went to one row.
+    /// Nothing is told of a write that failed, of a transaction that was rolled back, and of a commit of which nobody
+    /// knows whether it was carried out. An empty observer ends it. There is one at a time.
+    ///
+    /// The observer may read and write through the connection. What it writes is told to nobody, and LastIdentity stays
+    /// that of the write it was told of. The write stands whatever it does: an exception of it goes no further.
+    ///
+    /// For Told::Rows a write that stands alone is sent within a transaction of its own, and its rows are read before
+    /// and after it: an Update and a Delete by their condition, which is then evaluated twice, an Insert by the keys
+    /// that it gave. That costs four trips to a server, two within a transaction. A fault by which one of these reads
+    /// ends the transaction or breaks the link is the write's own. Other desks do not come in between, on the embedded
+    /// engine since nobody else writes meanwhile, on a SQL Server since the rows read are locked.
+    ///
+    /// The rows are not told (Write::rowsAreTold) of a statement on the schema, on a table without a key, and of one
+    /// that ShapeOfWrite cannot take apart; of an Update of the key unless of one row to a plain value; of an Insert
+    /// whose key has neither a plain value nor comes from the Select nor is the database's own; and where the rows that
+    /// were found are not as many as the database says it wrote, as when a trigger took part, or when another desk on
+    /// a server brought a row under the condition between the read and the write.
+    void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows);
 
     /// How often the connections of this program asked a server since it started: every login, every statement, every
     /// look into the catalogue, every begin and end of a transaction; statements that are read together count once. It
@@ -100,6 +118,7 @@ class Connection {
   private:
     friend class Recordset;
     friend class ReadTogether;
+    friend class WrittenRows;
     enum class Transaction { None, Open, Ended };  ///< Ended by the database, and not yet rolled back here.
     /// What may be done with a step whose link was cut.
     enum class Cut {
@@ -110,6 +129,7 @@ class Connection {
 
     Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
     void written(Write write);
+    void tell(const Write& write);
     void open(const QString& connectionText, bool create);
     void openAnew();
     void refuseUntilOpened(const DatabaseError& error);
@@ -121,7 +141,14 @@ class Connection {
     auto atEngine(const QString& sent, Cut cut, Step&& step);
     /// Lets go of a link that is not whole. True where the step may be sent again; the error then stays unsaid.
     bool letGoOf(Link link, Cut cut, const DatabaseError& error);
-    qint64 send(const QString& statement, const std::vector<Value>& bound);
+    /// What went through is for `written` to tell, once the sender is done with it.
+    Write send(const QString& statement, const std::vector<Value>& bound, const QString& table);
+    /// The rows of it are read before and after, in a transaction that is open.
+    void sendObserved(Write& write, const std::vector<Value>& bound, const WriteShape& shape, const TableInfo& info);
+    void forgetWhatChanges(const QString& statement);
+    qint64 sendAlone(const QString& statement, const std::vector<Value>& bound);
+    Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                            const std::vector<Value>& bound);
     /// From what was read together, where the statement stands there, and all rows are wanted.
     ResultTable read(const QString& statement, int mostRows);
     ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0);
@@ -141,6 +168,9 @@ class Connection {
     std::optional<DatabaseError> replaced_;
     std::function<void(const QString&)> tellReplaced_;
     std::function<void(const Write&)> observer_;
+    Told told_ = Told::Rows;
+    bool telling_ = false;            ///< The observer is at work.
+    std::optional<qint64> identity_;  ///< The last key, where the observer may have been given another one since.
     Transaction transaction_ = Transaction::None;
     std::vector<Write> untold_;  ///< Of the transaction that is open.
     QList<ReadTogether*> together_;

@@ -23,6 +23,15 @@ struct TableInfo {
     std::vector<ColumnInfo> columns;
     std::vector<QString> keyColumns;
     QString identityColumn;  ///< Assigned by the database; empty where there is none.
+
+    /// The columns that tell one row from another; none where nothing does.
+    [[nodiscard]] std::vector<QString> RowKey() const;
+};
+
+/// What one Insert added to a table whose key the database assigns.
+struct Numbered {
+    qint64 rows = 0;
+    std::vector<qint64> keys;  ///< Of the rows, in ascending order; none where nobody can tell them.
 };
 
 /// How an engine's way to its database is.
@@ -44,6 +53,13 @@ class Engine {
     virtual qint64 execute(const QString& statement, const std::vector<Value>& bound = {}) = 0;
     /// Rows of so many columns that one Insert with bound values best takes: 1 where there is nothing to gain.
     [[nodiscard]] virtual int mostRowsOfInsert(int /*columns*/) const { return 1; }
+    /// Runs one Insert of any number of rows into a table with an identity column. From `valuesAt` on the statement
+    /// holds Values or a Select.
+    virtual Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                                    const std::vector<Value>& bound);
+    /// What stands behind a table in a Select so that no other desk changes the rows read until the transaction ends;
+    /// empty where nobody else writes during a transaction anyway.
+    [[nodiscard]] virtual QString lockingHint() const { return {}; }
     /// Runs one statement that gives rows and reads them whole, or no more than the first `mostRows` where that is
     /// above 0: the statement then stops there.
     virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0) = 0;

@@ -32,6 +32,12 @@ RowState::RowState(const Recordset& row, std::span<const char* const> columns) {
         Set(QString::fromUtf8(column), row[column].value());
 }
 
+RowState::RowState(const ResultTable& table, int row) {
+    values_.reserve(table.columns().size());
+    for (int column = 0; column < table.columnCount(); ++column)
+        values_.push_back({table.columns()[static_cast<std::size_t>(column)].name, table.at(row, column).value()});
+}
+
 void RowState::Set(const QString& column, const Value& value) {
     const auto known = std::find_if(values_.begin(), values_.end(),
                                     [&](const ColumnValue& each) { return isSame(each.column, column); });

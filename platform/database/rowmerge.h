@@ -12,6 +12,7 @@
 namespace db {
 
 class Recordset;
+class ResultTable;
 
 /// What a row holds in the columns that count, as typed values: read from the row, or made of what stands for it on a
 /// form. Two states are equal where they have the same columns with the same values, in any order. Columns are named in
@@ -29,6 +30,8 @@ class RowState {
     RowState(std::initializer_list<ColumnValue> values);
     /// Of the cursor's current row, with its changes that were not sent yet. Throws what reading a field throws.
     RowState(const Recordset& row, std::span<const char* const> columns);
+    /// Of a row of a table, in all its columns.
+    RowState(const ResultTable& table, int row);
 
     /// Adds a column, or gives it another value.
     void Set(const QString& column, const Value& value);

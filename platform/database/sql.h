@@ -23,6 +23,9 @@ QString SqlDate(QDate date);
 /// still to be doubled, as Sql does.
 QString LikeText(const QString& text);
 
+/// A name as it stands in a statement whatever its letters are: in brackets.
+QString Bracketed(QString name);
+
 /// What fills one place of a statement.
 class SqlArgument {
   public:
