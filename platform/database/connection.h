@@ -103,10 +103,10 @@ class Connection {
     /// engine since nobody else writes meanwhile, on a SQL Server since the rows read are locked.
     ///
     /// The rows are not told (Write::rowsAreTold) of a statement on the schema, on a table without a key, and of one
-    /// that ShapeOfWrite cannot take apart; of an Update of the key unless of one row to a plain value; of an Insert
-    /// whose key has neither a plain value nor comes from the Select nor is the database's own; and where the rows that
-    /// were found are not as many as the database says it wrote, as when a trigger took part, or when another desk on
-    /// a server brought a row under the condition between the read and the write.
+    /// that ShapeOfWrite cannot take apart; where a column of the key is set to anything but a plain value, unless the
+    /// database assigns it or the Insert takes it from a Select; and where the rows that were found are not as many as
+    /// the database says it wrote, as when a trigger took part, or when another desk on a server brought a row under
+    /// the condition between the read and the write.
     void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows);
 
     /// How often the connections of this program asked a server since it started: every login, every statement, every

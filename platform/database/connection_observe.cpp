@@ -58,7 +58,7 @@ void Connection::sendObserved(Write& write, const std::vector<Value>& bound, con
     write.rows = rows.send();
     if (isRead && reads([&] { rows.readAfter(); }))
         write.changes = rows.changes();
-    write.rowsAreTold = isRead && static_cast<qint64>(write.changes.size()) == write.rows;
+    write.rowsAreTold = static_cast<qint64>(write.changes.size()) == write.rows;
     if (!write.rowsAreTold)
         write.changes.clear();
 }

@@ -1,6 +1,7 @@
 #include "platform/database/writtenrows.h"
 
 #include <algorithm>
+#include <QHash>
 
 #include "platform/database/connection.h"
 #include "platform/database/sql.h"
@@ -14,6 +15,14 @@ constexpr std::size_t mostKeysOfRead = 100;
 
 bool isSame(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+/// By which two keys are one.
+QString textOf(const std::vector<Value>& key) {
+    QStringList texts;
+    for (const Value& value : key)
+        texts << value.text();
+    return texts.join(QChar::Null);
 }
 
 }  // namespace
@@ -59,12 +68,14 @@ std::vector<RowChange> WrittenRows::changes() const {
         return changes;
     }
     const bool isUpdate = sent_.shape.verb == WriteShape::Verb::Update;
-    if (isUpdate && after_.size() != before_.size())
-        return {};
+    QHash<QString, const RowState*> byKey;
+    for (const RowState& row : after_)
+        byKey.insert(textOf(keyOf(row)), &row);
     for (std::size_t i = 0; i < before_.size(); ++i) {
-        if (isUpdate && keyOf(after_[i]) != keysAfter_[i])
+        const RowState* after = isUpdate && i < keysAfter_.size() ? byKey.value(textOf(keysAfter_[i])) : nullptr;
+        if (isUpdate && !after)
             return {};
-        changes.push_back({keyStateOf(before_[i]), before_[i], isUpdate ? std::optional(after_[i]) : std::nullopt});
+        changes.push_back({keyStateOf(before_[i]), before_[i], after ? std::optional(*after) : std::nullopt});
     }
     return changes;
 }
@@ -92,7 +103,7 @@ void WrittenRows::readByCondition() {
         before_.emplace_back(rows, row);
 }
 
-/// An Update leaves the key as it was, or gives one row another one.
+/// An Update leaves the key as it was, or gives a column of it a plain value.
 void WrittenRows::takeUpdatedKeys() {
     for (const RowState& row : before_)
         keysAfter_.push_back(keyOf(row));
@@ -102,11 +113,10 @@ void WrittenRows::takeUpdatedKeys() {
         if (changed == key_.end())
             continue;
         const std::optional<Value> value = plainValue(assignment.value, *changed);
-        if (!value || keysAfter_.size() != 1) {
-            keysAfter_.clear();
-            return;
-        }
-        keysAfter_.front()[static_cast<std::size_t>(changed - key_.begin())] = *value;
+        if (!value)
+            return keysAfter_.clear();
+        for (Key& key : keysAfter_)
+            key[static_cast<std::size_t>(changed - key_.begin())] = *value;
     }
 }
 
@@ -172,7 +182,6 @@ Value WrittenRows::typed(const Value& value, const QString& column) const {
         case ColumnType::Text:
             return value.text();
         case ColumnType::DateTime:
-            return value.dateTime().isValid() ? Value(value.dateTime()) : value;
         case ColumnType::Real:
         case ColumnType::Boolean:
             break;

@@ -7,6 +7,7 @@
 #include "contract.h"
 #include "platform/database/connectiontext.h"
 #include "platform/database/transaction.h"
+#include "platform/database/waiting.h"
 #include "serverdouble.h"
 
 using db::Connection;
@@ -212,6 +213,32 @@ TEST_F(BrokenLink, AFaultOfTheConditionByWhichTheServerEndsTheTransactionIsTheWr
     EXPECT_EQ(error.statement, "Update t Set a = 1 Where b = 'x'");
     EXPECT_FALSE(server_->received("Update t"));
     EXPECT_EQ(FailureOf([&] { connection_.BeginTrans(); }).number, 0);
+}
+
+TEST_F(BrokenLink, AWaitForTheRowsThatTheUserGivesUpLeavesThemUnwritten) {
+    struct GivesUp final : db::Waiting {
+        bool GoesOn() override { return false; }
+    };
+    observeRows();
+    server_->answer("@@TranCount", {"1"});
+    server_->refuse("Select * From t", {1222, "Lock request time out period exceeded."});
+    db::ShowWaiting() = [] { return std::make_unique<GivesUp>(); };
+    const DatabaseError error = FailureOf([&] { connection_.Execute("Update t Set a = 1"); });
+    db::ShowWaiting() = {};
+    db::AskAboutWaitsAgain();
+    EXPECT_EQ(error.number, db::GivenUp);
+    EXPECT_FALSE(server_->received("Update t Set a = 1"));
+    EXPECT_TRUE(server_->received("Rollback Transaction"));
+    EXPECT_TRUE(writes_.empty());
+}
+
+TEST_F(BrokenLink, RowsThatAreNotAsManyAsWereWrittenAreNotTold) {
+    observeRows();
+    server_->answer("Scope_Identity", {"8", "2"});
+    EXPECT_EQ(connection_.Execute("Insert Into t (cell) Values ('0'), ('1')"), 2);
+    ASSERT_EQ(writes_.size(), 1U);
+    EXPECT_FALSE(writes_.front().rowsAreTold);
+    EXPECT_TRUE(writes_.front().changes.empty());
 }
 
 TEST_F(BrokenLink, RowsWhoseTriggerKeepsTheServerFromTellingTheirKeysAreInsertedAllTheSame) {
