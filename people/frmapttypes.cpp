@@ -21,6 +21,7 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -29,7 +30,6 @@ using db::Sql;
 namespace {
 
 constexpr int MostCharacters = 100;  // Of AptCategories.aptcategory.
-constexpr int WriteAccess = 2;
 const QString Title = QStringLiteral("Solvane");
 
 int windowsColor(const QColor& color) {
@@ -138,7 +138,7 @@ void frmapttypes::loadtypes() {
              !rows.Eof(); rows.MoveNext()) {
             const QString name = rows["aptcategory"].text();
             const int color = static_cast<int>(rows["aptcategorycolor"].integer());
-            const int row = fg->AddRow(JoinCells({ColorFromWindows(color).name(), name}),
+            const int row = fg->AddRow({ColorFromWindows(color).name(), name},
                                        QVariantList{rows["aptcategoryid"].integer(), color});
             fg->SetItemText(row, name);
         }
@@ -196,7 +196,7 @@ int frmapttypes::selectedColor() const {
 }
 
 bool frmapttypes::mayChange() {
-    if (Session().ScreenAccess >= WriteAccess)
+    if (MayWrite())
         return true;
     MsgBox(QStringLiteral("You do not have permissions for this function."), ExclamationBox, Title);
     return false;

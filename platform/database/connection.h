@@ -21,7 +21,7 @@ struct WriteShape;
 /// What an observer is told of each write.
 enum class Told {
     Statements,  ///< The statement, its table and its number of rows.
-    Rows         ///< The key of each row besides, and its values before and after.
+    Rows         ///< In addition each row's key and its values before and after.
 };
 
 /// One connection to a database, opened by a connection text of the form "Provider=SQLOLEDB;Data Source=...;Initial
@@ -88,25 +88,29 @@ class Connection {
     /// The transaction is over afterwards, even where the database refuses.
     void RollbackTrans();
 
-    /// Every write, by Execute, InsertRows or a Recordset, is told to the observer after it went through, in the order
-    /// in which they were sent: those of a transaction after its commit, each for itself where several went to one row.
-    /// Nothing is told of a write that failed, of a transaction that was rolled back, and of a commit of which nobody
-    /// knows whether it was carried out. An empty observer ends it. There is one at a time.
+    /// Tells the observer every write by Execute, InsertRows or a Recordset after it succeeded, in the order in which
+    /// the writes were sent. The writes of a transaction are told after its commit, one by one even where several
+    /// changed the same row. A write that failed is not told, nor is a transaction that was rolled back or whose commit
+    /// broke off unanswered. There is one observer at a time; an empty one ends the telling.
     ///
-    /// The observer may read and write through the connection. What it writes is told to nobody, and LastIdentity stays
-    /// that of the write it was told of. The write stands whatever it does: an exception of it goes no further.
+    /// The observer may read and write through the connection. Its own writes are not told, and LastIdentity stays the
+    /// key of the write that it was told. An exception that it throws is logged and reaches nobody, since the write is
+    /// stored already.
     ///
-    /// For Told::Rows a write that stands alone is sent within a transaction of its own, and its rows are read before
-    /// and after it: an Update and a Delete by their condition, which is then evaluated twice, an Insert by the keys
-    /// that it gave. That costs four trips to a server, two within a transaction. A fault by which one of these reads
-    /// ends the transaction or breaks the link is the write's own. Other desks do not come in between, on the embedded
-    /// engine since nobody else writes meanwhile, on a SQL Server since the rows read are locked.
+    /// With Told::Rows a write outside a transaction is sent within one of its own, and its rows are read before and
+    /// after it. The condition of an Update or a Delete is therefore evaluated twice. To a server that is four trips
+    /// more, or two within a transaction. When such a read breaks the link, ends the transaction or is given up by the
+    /// user, the write fails with that error. No other desk can change the rows between the read and the write: the
+    /// embedded engine lets nobody else write meanwhile, and a SQL Server locks the rows that are read.
     ///
-    /// The rows are not told (Write::rowsAreTold) of a statement on the schema, on a table without a key, and of one
-    /// that ShapeOfWrite cannot take apart; where a column of the key is set to anything but a plain value, unless the
-    /// database assigns it or the Insert takes it from a Select; and where the rows that were found are not as many as
-    /// the database says it wrote, as when a trigger took part, or when another desk on a server brought a row under
-    /// the condition between the read and the write.
+    /// The rows of a write are not told (Write::rowsAreTold is false)
+    /// - when the statement changes the schema, or the table has no key;
+    /// - when ShapeOfWrite does not know the statement;
+    /// - when it sets a column of the key to an expression (the Select of an Insert may give the key);
+    /// - when the database wrote another number of rows than were found, as happens when a trigger takes part, or when
+    ///   another desk brings a row of a server under the condition between the read and the write.
+    ///
+    /// A change of the rows of other tables, by a trigger or a cascade, is not told.
     void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows);
 
     /// How often the connections of this program asked a server since it started: every login, every statement, every
@@ -141,9 +145,9 @@ class Connection {
     auto atEngine(const QString& sent, Cut cut, Step&& step);
     /// Lets go of a link that is not whole. True where the step may be sent again; the error then stays unsaid.
     bool letGoOf(Link link, Cut cut, const DatabaseError& error);
-    /// What went through is for `written` to tell, once the sender is done with it.
+    /// Sends a write. The caller passes the result to `written` when its own work on the row is done.
     Write send(const QString& statement, const std::vector<Value>& bound, const QString& table);
-    /// The rows of it are read before and after, in a transaction that is open.
+    /// Sends a write within the open transaction and reads its rows before and after it.
     void sendObserved(Write& write, const std::vector<Value>& bound, const WriteShape& shape, const TableInfo& info);
     void forgetWhatChanges(const QString& statement);
     qint64 sendAlone(const QString& statement, const std::vector<Value>& bound);
@@ -170,7 +174,7 @@ class Connection {
     std::function<void(const Write&)> observer_;
     Told told_ = Told::Rows;
     bool telling_ = false;            ///< The observer is at work.
-    std::optional<qint64> identity_;  ///< The last key, where the observer may have been given another one since.
+    std::optional<qint64> identity_;  ///< The last key, kept when the observer may have inserted rows since.
     Transaction transaction_ = Transaction::None;
     std::vector<Write> untold_;  ///< Of the transaction that is open.
     QList<ReadTogether*> together_;

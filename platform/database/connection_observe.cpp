@@ -1,4 +1,4 @@
-// What an observer of a connection is told, and when.
+// The telling of writes to the observer of a connection.
 
 #include <optional>
 #include <QLoggingCategory>
@@ -42,7 +42,7 @@ Write Connection::send(const QString& statement, const std::vector<Value>& bound
 
 void Connection::sendObserved(Write& write, const std::vector<Value>& bound, const WriteShape& shape,
                               const TableInfo& info) {
-    // A read that fails is no failure of the write, unless nothing can be written any more.
+    // A read that fails does not fail the write, unless the write could not be carried out any more.
     const auto reads = [&](auto&& step) {
         try {
             step();
@@ -76,12 +76,12 @@ void Connection::tell(const Write& write) {
     std::optional<qint64> identity = identity_;
     if (!identity && engine_)
         Ignoring([&] { identity = LastIdentity(); });
-    const auto observer = observer_;  // It may put another one in its own place.
+    const auto observer = observer_;  // The observer may call Observe.
     const QScopedValueRollback<bool> telling(telling_, true);
     try {
         observer(write);
     } catch (...) {
-        // The caller would take it for a write that failed.
+        // The caller would take the exception for a failure of the write.
         qCWarning(writeLog) << "An observer of the writes failed.";
     }
     identity_ = identity;

@@ -10,7 +10,7 @@ std::vector<QString> TableInfo::RowKey() const {
     return keyColumns;
 }
 
-// Nobody else inserts meanwhile, so that the keys follow one another.
+// Nobody else can insert meanwhile, so the keys follow one another.
 Numbered Engine::insertNumbered(const QString& statement, qsizetype /*valuesAt*/, const QString& /*identityColumn*/,
                                 const std::vector<Value>& bound) {
     Numbered inserted;

@@ -71,7 +71,7 @@ bool operator==(const RowState& left, const RowState& right) {
            });
 }
 
-RowClash::RowClash(QStringList changedByBoth) : DatabaseError(RowChangedError()), columns(std::move(changedByBoth)) {}
+RowClash::RowClash(QStringList changedColumns) : DatabaseError(RowChangedError()), columns(std::move(changedColumns)) {}
 
 RowMerge Merge(const RowState& before, const RowState& wanted, const RowState& now) {
     if (before.Values().size() != wanted.Values().size() || now.Values().size() != wanted.Values().size())

@@ -8,21 +8,21 @@
 
 namespace db {
 
-/// What a write made of one row.
+/// What a write changed in one row.
 struct RowChange {
-    RowState key;                    ///< The columns that tell the row from others, as they were before an Update.
-    std::optional<RowState> before;  ///< All columns; none for a row that was added.
-    std::optional<RowState> after;   ///< None for a row that was deleted.
+    RowState key;  ///< The columns of the key. An Update that sets them tells them as they were before.
+    std::optional<RowState> before;  ///< All columns before the write. An inserted row has none.
+    std::optional<RowState> after;   ///< All columns after the write. A deleted row has none.
 };
 
-/// A write that went through, as an observer of the connection sees it.
+/// A write that succeeded, as Connection::Observe tells it.
 struct Write {
-    QString statement;  ///< As sent, a Recordset's own with its places as ?.
+    QString statement;  ///< The statement as it was sent. A Recordset's own has its places as ?.
     QString table;      ///< The table written to.
     qint64 rows = 0;
-    /// Whether `changes` tells every row that was written to. It tells none of them otherwise.
+    /// True when `changes` holds every row that was written to. Otherwise it holds none.
     bool rowsAreTold = false;
-    std::vector<RowChange> changes;  ///< In the order of the table's key.
+    std::vector<RowChange> changes;  ///< The rows in the order of the table's key.
 };
 
 }  // namespace db

@@ -33,7 +33,7 @@ class Reader {
         return here;
     }
 
-    /// The last part of a name, whose owners stand before it; empty where there is none.
+    /// Takes a name with its owners and returns its last part. Returns an empty text when no name stands here.
     QString takeName() {
         if (atEnd() || !tokens_[at_].isName())
             return {};
@@ -45,7 +45,7 @@ class Reader {
         return name;
     }
 
-    /// One value, up to a comma, a closing bracket or one of the words that end a list of values.
+    /// Takes one value, up to a comma, a closing bracket, Where or From.
     WriteShape::Written takeValue() {
         const std::size_t first = at_;
         for (int depth = 0; !atEnd(); ++at_) {
@@ -56,12 +56,12 @@ class Reader {
         return writtenIn(first);
     }
 
-    /// How many places stand before the next token.
+    /// Returns how many ? stand before the next token.
     [[nodiscard]] std::size_t placesBefore() const { return placesBefore(at_); }
 
     [[nodiscard]] qsizetype offset() const { return offsetOf(tokens_[at_]); }
 
-    /// The statement from one token on.
+    /// Returns the statement from one token on.
     [[nodiscard]] QString textFrom(std::size_t token) const { return textOf(token, tokens_.size()); }
     [[nodiscard]] QString textOf(std::size_t first, std::size_t end) const {
         if (first == end)
@@ -71,8 +71,7 @@ class Reader {
     }
     [[nodiscard]] std::size_t position() const { return at_; }
 
-    /// Whether one of the words that would take rows away from what is read, or give them another source, stands
-    /// outside brackets from here on.
+    /// Returns true when a word after which a Select would not read the written rows stands outside brackets.
     [[nodiscard]] bool isLimitedFromHere() const {
         int depth = 0;
         return std::any_of(tokens_.begin() + static_cast<std::ptrdiff_t>(at_), tokens_.end(), [&](const Token& token) {
@@ -131,7 +130,7 @@ class Reader {
 
 using Shape = std::optional<WriteShape>;
 
-/// Behind the table of an Update or a Delete, or behind what an Update sets.
+/// Reads what stands behind the table of a Delete and behind the assignments of an Update.
 Shape withCondition(Reader& in, WriteShape shape) {
     if (in.isLimitedFromHere())
         return {};
@@ -157,7 +156,7 @@ Shape shapeOfUpdate(Reader& in, WriteShape shape) {
     return withCondition(in, std::move(shape));
 }
 
-/// One row of Values, in its brackets; nothing where it is not whole.
+/// Takes one row of Values in its brackets. Returns nothing when it is not complete.
 std::optional<std::vector<WriteShape::Written>> takeRow(Reader& in) {
     std::vector<WriteShape::Written> row;
     if (!in.take("("))

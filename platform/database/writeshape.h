@@ -10,10 +10,10 @@
 
 namespace db {
 
-/// What an Insert, an Update or a Delete writes to, as the statement tells it.
+/// The parts of an Insert, an Update or a Delete that tell which rows it writes to.
 struct WriteShape {
     enum class Verb { Insert, Update, Delete };
-    /// A value as it stands in a statement: none for an expression, the number of its place, counted from 0, for a ?.
+    /// A value of the statement. It is empty for an expression, and the number of its place, from 0, for a ?.
     using Written = std::variant<std::monostate, std::size_t, Value>;
     struct Assignment {
         QString column;
@@ -21,22 +21,22 @@ struct WriteShape {
     };
 
     Verb verb = Verb::Insert;
-    QString table;  ///< As it stands there, with its owner and its brackets.
+    QString table;  ///< The table as it is written in the statement, with owner and brackets.
 
     // Of an Update and a Delete.
-    QString condition;             ///< What stands behind Where; empty where every row is meant.
-    std::size_t placesBefore = 0;  ///< How many ? stand before the condition.
+    QString condition;             ///< The text behind Where. It is empty when the statement has no Where.
+    std::size_t placesBefore = 0;  ///< The number of ? before the condition.
     std::vector<Assignment> assignments;
 
     // Of an Insert.
-    QStringList columns;                     ///< Empty where the statement names none.
-    std::vector<std::vector<Written>> rows;  ///< Of Values; none where a Select gives them.
-    qsizetype valuesAt = 0;                  ///< Where Values or the Select begins.
+    QStringList columns;                     ///< It is empty when the statement names none.
+    std::vector<std::vector<Written>> rows;  ///< The rows of Values. It is empty when the rows come from a Select.
+    qsizetype valuesAt = 0;                  ///< The position at which Values or the Select begins.
 };
 
-/// The shape of a write to one table whose rows can be read by it: nothing for any other statement, nor for one with
-/// Top, From besides the table's own, Output, Option, a hint, another name of the table, Default Values or Exec. What
-/// is no statement at all may have a shape, too: it is for one that the database takes.
+/// Returns the shape of a write to one table. Returns nothing for any other statement, and for a write with Top, with a
+/// second From, Output, Option, a hint, an alias of the table, Default Values or Exec. The statement is not checked: a
+/// shape may also be returned for one that the database will refuse.
 [[nodiscard]] std::optional<WriteShape> ShapeOfWrite(const QString& statement);
 
 }  // namespace db

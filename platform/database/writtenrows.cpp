@@ -10,14 +10,14 @@ namespace db {
 
 namespace {
 
-/// A server takes some two thousand values a statement, and the embedded engine conditions of limited depth.
+/// A server takes some two thousand values in one statement, and the embedded engine limits how deep a condition nests.
 constexpr std::size_t mostKeysOfRead = 100;
 
 bool isSame(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
 }
 
-/// By which two keys are one.
+/// Returns a text that is the same for equal keys only.
 QString textOf(const std::vector<Value>& key) {
     QStringList texts;
     for (const Value& value : key)
@@ -42,7 +42,7 @@ void WrittenRows::readBefore() {
 qint64 WrittenRows::send() {
     if (!isInsert() || !isNumbered())
         return connection_.sendAlone(sent_.statement, sent_.bound);
-    // One row needs nothing but the last key, which is asked for anyway.
+    // The key of a single row is the last key, which costs no trip.
     Numbered inserted;
     if (sent_.shape.rows.size() == 1) {
         inserted.rows = connection_.sendAlone(sent_.statement, sent_.bound);
@@ -80,7 +80,7 @@ std::vector<RowChange> WrittenRows::changes() const {
     return changes;
 }
 
-/// Whether the database gives the inserted rows their whole key.
+/// Returns true when the database assigns the whole key of inserted rows.
 bool WrittenRows::isNumbered() const {
     return key_.size() == 1 && isSame(key_.front(), sent_.table.identityColumn);
 }
@@ -103,7 +103,7 @@ void WrittenRows::readByCondition() {
         before_.emplace_back(rows, row);
 }
 
-/// An Update leaves the key as it was, or gives a column of it a plain value.
+/// An Update leaves the key as it was, or sets a column of it to a plain value.
 void WrittenRows::takeUpdatedKeys() {
     for (const RowState& row : before_)
         keysAfter_.push_back(keyOf(row));
@@ -170,7 +170,8 @@ std::optional<Value> WrittenRows::plainValue(const WriteShape::Written& written,
     return place && *place < sent_.bound.size() ? std::optional(typed(sent_.bound[*place], column)) : std::nullopt;
 }
 
-/// As the column will hold it: a condition that compares a text with a number would convert the column instead.
+/// Returns the value in the type of the column. A condition that compares a text column with a number would convert
+/// the column, and fail at the first text that is no number.
 Value WrittenRows::typed(const Value& value, const QString& column) const {
     const auto info = std::find_if(sent_.table.columns.begin(), sent_.table.columns.end(),
                                    [&](const ColumnInfo& each) { return isSame(each.name, column); });

@@ -10,10 +10,10 @@ namespace db {
 
 class Connection;
 
-/// The rows of one statement that writes, read before and after it in the transaction that is open.
+/// Reads the rows of one write before and after it, within the transaction that is open.
 class WrittenRows {
   public:
-    /// What it was made of must outlive it.
+    /// The statement and what is known of it. All of it must outlive the WrittenRows.
     struct Sent {
         const QString& statement;
         const std::vector<Value>& bound;
@@ -23,12 +23,12 @@ class WrittenRows {
 
     WrittenRows(Connection& connection, const Sent& sent);
 
-    // In this order.
+    // These three are called in this order.
     void readBefore();
-    /// Sends the statement, and answers how many rows it wrote.
+    /// Sends the statement and returns how many rows it wrote.
     qint64 send();
     void readAfter();
-    /// Of every row that was found; an empty list where one of them could not be followed.
+    /// Returns the change of every row that was found. Returns nothing when one of them was not found after the write.
     [[nodiscard]] std::vector<RowChange> changes() const;
 
   private:
@@ -50,9 +50,9 @@ class WrittenRows {
 
     Connection& connection_;
     Sent sent_;
-    std::vector<QString> key_;  ///< Columns.
+    std::vector<QString> key_;  ///< The names of its columns.
     std::vector<RowState> before_;
-    std::vector<Key> keysAfter_;  ///< By which the rows are found after the write.
+    std::vector<Key> keysAfter_;  ///< The keys by which the rows are read after the write.
     std::vector<RowState> after_;
 };
 
