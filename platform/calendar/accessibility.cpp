@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/calendar/ctweek.h"
 #include "platform/calendar/glyphs.h"
 
 namespace {
@@ -143,9 +144,25 @@ class AccessibleCalendar : public QAccessibleWidget {
     mutable std::map<int, QAccessible::Id> ids_;
 };
 
+/// A month. What it says of its selected day is made when asked for, since items are added one by one.
+class AccessibleMonth : public QAccessibleWidget {
+  public:
+    explicit AccessibleMonth(ctWeek* month) : QAccessibleWidget(month) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Description ? static_cast<ctWeek*>(widget())->SelectionText()
+                                                : QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
-    auto* calendar = className == QLatin1String("ctMDay") ? qobject_cast<ctMDay*>(object) : nullptr;
-    return calendar == nullptr ? nullptr : new AccessibleCalendar(calendar);
+    if (className == QLatin1String("ctMDay"))
+        if (auto* calendar = qobject_cast<ctMDay*>(object); calendar != nullptr)
+            return new AccessibleCalendar(calendar);
+    if (className == QLatin1String("ctWeek"))
+        if (auto* month = qobject_cast<ctWeek*>(object); month != nullptr)
+            return new AccessibleMonth(month);
+    return nullptr;
 }
 
 }  // namespace
@@ -177,4 +194,11 @@ void AnnounceCalendarSelection(ctMDay& calendar) {
         changed.setChild(static_cast<int>(place - order.begin()));
         QAccessible::updateAccessibility(&changed);
     }
+}
+
+void AnnounceMonthSelection(ctWeek& month) {
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent changed(&month, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
 }
