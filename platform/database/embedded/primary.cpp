@@ -37,8 +37,8 @@ Expression readParentheses(Context& context) {
     if (in.atWord("select")) {
         SelectText select = ReadSelect(context);
         in.expectOperator(")");
-        const Kind kind = select.columns.empty() ? Kind::Unknown : select.columns.front().kind;
-        return {.sql = "(" + select.sql + ")", .kind = kind};
+        const SelectColumn value = select.columns.empty() ? SelectColumn() : select.columns.front();
+        return {.sql = "(" + select.sql + ")", .kind = value.kind, .type = value.type};
     }
     Expression inner = ReadAny(context);
     in.expectOperator(")");

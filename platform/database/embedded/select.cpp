@@ -10,12 +10,14 @@ namespace db::embedded {
 
 namespace {
 
+constexpr std::string_view intersect = " INTERSECT ";
+
 std::string acceptUnion(TokenReader& in) {
     if (in.acceptWord("union"))
         return in.acceptWord("all") ? " UNION ALL " : " UNION ";
     if (in.acceptWord("except"))
         return " EXCEPT ";
-    return in.acceptWord("intersect") ? " INTERSECT " : "";
+    return std::string(in.acceptWord("intersect") ? intersect : "");
 }
 
 std::string placeOf(const std::vector<SelectColumn>& columns, const std::string& name) {
@@ -119,6 +121,17 @@ std::vector<Kind> commonKinds(const std::vector<Member>& members) {
     return kinds;
 }
 
+/// The type that the members have in common in that place; of whole numbers the wider one.
+SqlType commonType(const std::vector<Member>& members, std::size_t place, Kind kind) {
+    const SqlType& first = members.front().columns[place].type;
+    const auto isFirst = [&](const Member& member) { return member.columns[place].type == first; };
+    if (std::all_of(members.begin(), members.end(), isFirst))
+        return first;
+    const auto isBig = [place](const Member& member) { return member.columns[place].type.name == "bigint"; };
+    const bool big = kind == Kind::Integer && std::any_of(members.begin(), members.end(), isBig);
+    return big ? *MakeType("bigint") : SqlType();
+}
+
 /// The member with texts made what the other members have in their place, a number or a moment.
 std::string convertedMember(const Member& member, const std::vector<Kind>& kinds) {
     std::string names;
@@ -140,10 +153,22 @@ std::string convertedMember(const Member& member, const std::vector<Kind>& kinds
 SelectText joined(const std::vector<Member>& members) {
     const std::vector<Kind> kinds = commonKinds(members);
     SelectText select{{}, members.front().columns};
-    for (std::size_t i = 0; i < kinds.size(); ++i)
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
         select.columns[i].kind = kinds[i];
-    for (const Member& member : members)
-        select.sql += member.op + convertedMember(member, kinds);
+        select.columns[i].type = commonType(members, i, kinds[i]);
+    }
+    const auto isIntersected = [&](std::size_t i) { return i < members.size() && members[i].op == intersect; };
+    bool open = false;
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        // Intersect binds more closely than the others; SQLite takes all of them from the left.
+        const bool opens = i > 0 && !isIntersected(i) && isIntersected(i + 1);
+        open = open || opens;
+        select.sql += members[i].op + (opens ? "SELECT * FROM (" : "") + convertedMember(members[i], kinds);
+        if (open && !isIntersected(i + 1)) {
+            select.sql += ")";
+            open = false;
+        }
+    }
     return select;
 }
 

@@ -11,6 +11,7 @@ struct SelectColumn {
     std::string name;   ///< "" for an expression without an alias.
     std::string table;  ///< The base table of a column.
     Kind kind = Kind::Unknown;
+    SqlType type = {};  ///< Where a column or a conversion tells it.
 };
 
 struct SelectText {

@@ -18,6 +18,8 @@ struct SqlType {
     int maxLength = 0;      ///< Characters of a text; 0 for no limit.
     int scale = -1;         ///< Digits after the point; -1 where they float.
     int precision = 0;
+
+    friend bool operator==(const SqlType&, const SqlType&) = default;
 };
 
 /// The type by its T-SQL name and the numbers after it (nvarchar(50), decimal(10,2); max is 0). Nothing for a type that
