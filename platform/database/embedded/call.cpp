@@ -115,12 +115,7 @@ Kind kindOf(const KnownFunction& function, const std::vector<Expression>& argume
         case Gives::Same:
             break;
     }
-    // IsNull and NullIf have the type of what they look at, Coalesce the highest of all.
-    Kind kind = arguments.front().kind;
-    if (function.name == "coalesce" || kind == Kind::Null)
-        for (const Expression& argument : arguments)
-            kind = CommonKind(kind, argument.kind);
-    return kind;
+    return arguments.front().kind;
 }
 
 std::string argumentList(const std::vector<Expression>& arguments) {
@@ -188,10 +183,9 @@ Expression readAggregate(Context& context, const KnownFunction& function) {
     if (adds && argument.kind == Kind::Text)
         argument.sql = "svs_cast(" + argument.sql + ", 'float')";
     const Kind own = adds && argument.kind == Kind::Bit ? Kind::Integer : argument.kind;
-    Expression total{
-        .sql = std::string(function.sqlite) + (distinct ? "(DISTINCT " + Collated(argument) : "(" + argument.sql) + ")",
-        .kind = function.gives == Gives::Integer ? Kind::Integer : own,
-        .type = function.gives == Gives::Integer ? SqlType() : argument.type};
+    Expression total{.sql = std::string(function.sqlite) + (distinct ? "(DISTINCT " : "(") + Collated(argument) + ")",
+                     .kind = function.gives == Gives::Integer ? Kind::Integer : own,
+                     .type = function.gives == Gives::Integer ? SqlType() : argument.type};
     return totalled(function, std::move(total), argument);
 }
 
@@ -205,6 +199,26 @@ Expression isNull(std::vector<Expression> arguments) {
         otherwise = Converted(otherwise, looked.kind);
     const Kind kind = looked.kind == Kind::Null ? otherwise.kind : looked.kind;
     return {.sql = "coalesce(" + argumentList(arguments) + ")", .kind = kind, .type = looked.type};
+}
+
+/// Coalesce has the highest kind of all.
+Expression coalesce(const std::vector<Expression>& arguments) {
+    Kind kind = Kind::Unknown;
+    for (const Expression& argument : arguments)
+        kind = CommonKind(kind, argument.kind);
+    std::string list;
+    for (const Expression& argument : arguments)
+        AppendToList(list, Converted(argument, kind).sql);
+    return {.sql = "coalesce(" + list + ")", .kind = kind};
+}
+
+/// NullIf gives its first argument as it is, whatever that is compared as.
+Expression nullIf(const Expression& value, Expression other) {
+    Expression compared = value;
+    MakeComparable(compared, other);
+    return {.sql = "CASE WHEN " + compared.sql + " = " + other.sql + " THEN NULL ELSE " + value.sql + " END",
+            .kind = value.kind,
+            .type = value.type};
 }
 
 /// IIf(condition, value, value), a Case in short.
@@ -252,9 +266,10 @@ Expression ReadCall(Context& context, const std::string& name) {
         arguments.front() = {.sql = "svs_cast(" + arguments.front().sql + ", 'float')", .kind = Kind::Real};
     if (function.name == "isnull")
         return isNull(std::move(arguments));
-    if (function.name == "coalesce" || function.name == "nullif")
-        for (std::size_t i = 1; i < arguments.size(); ++i)
-            MakeComparable(arguments.front(), arguments[i]);
+    if (function.name == "coalesce")
+        return coalesce(arguments);
+    if (function.name == "nullif")
+        return nullIf(arguments[0], arguments[1]);
     if (function.name == "round" && arguments.size() == 2)
         arguments.push_back({.sql = "0"});
     const Kind kind = kindOf(function, arguments);

@@ -157,8 +157,7 @@ Expression CheckedWhole(Expression result, const Expression& left, const Express
     static constexpr std::array<const char*, 4> names = {"tinyint", "smallint", "int", "bigint"};
     const char* name = names[std::max(rank(left), rank(right))];
     result.type = *MakeType(name);
-    if (result.type.name != "bigint")
-        result.sql = "svs_int(" + result.sql + ", " + QuotedText(name) + ")";
+    result.sql = "svs_int(" + result.sql + ", " + QuotedText(name) + ")";
     return result;
 }
 
