@@ -11,7 +11,7 @@ namespace db::embedded {
 namespace {
 
 enum class Gives { Same, Text, Integer, Real, DateTime };
-enum class Takes { Any, Number, DatePart, Rows };
+enum class Takes { Any, Text, Number, DatePart, Rows };
 
 struct KnownFunction {
     std::string_view name;
@@ -25,7 +25,7 @@ struct KnownFunction {
 // Round keeps its first argument's type, as the aggregates do; Avg of whole numbers is cut to one.
 constexpr auto functions = std::to_array<KnownFunction>({
     {"getdate", "getdate", 0, 0, Gives::DateTime},
-    {"len", "len", 1, 1, Gives::Integer},
+    {"len", "len", 1, 1, Gives::Integer, Takes::Text},
     {"day", "day", 1, 1, Gives::Integer},
     {"month", "month", 1, 1, Gives::Integer},
     {"year", "year", 1, 1, Gives::Integer},
@@ -34,24 +34,24 @@ constexpr auto functions = std::to_array<KnownFunction>({
     {"dateadd", "dateadd", 3, 3, Gives::DateTime, Takes::DatePart},
     {"datediff", "datediff", 3, 3, Gives::Integer, Takes::DatePart},
     {"isdate", "isdate", 1, 1, Gives::Integer},
-    {"upper", "upper", 1, 1, Gives::Text},
-    {"lower", "lower", 1, 1, Gives::Text},
-    {"rtrim", "rtrim", 1, 1, Gives::Text},
-    {"ltrim", "ltrim", 1, 1, Gives::Text},
-    {"trim", "trim", 1, 1, Gives::Text},
-    {"left", "\"left\"", 2, 2, Gives::Text},
-    {"right", "\"right\"", 2, 2, Gives::Text},
-    {"substring", "substring", 3, 3, Gives::Text},
-    {"charindex", "charindex", 2, 3, Gives::Integer},
-    {"patindex", "patindex", 2, 2, Gives::Integer},
-    {"replace", "svs_replace", 3, 3, Gives::Text},
-    {"stuff", "stuff", 4, 4, Gives::Text},
-    {"replicate", "replicate", 2, 2, Gives::Text},
-    {"reverse", "reverse", 1, 1, Gives::Text},
+    {"upper", "upper", 1, 1, Gives::Text, Takes::Text},
+    {"lower", "lower", 1, 1, Gives::Text, Takes::Text},
+    {"rtrim", "rtrim", 1, 1, Gives::Text, Takes::Text},
+    {"ltrim", "ltrim", 1, 1, Gives::Text, Takes::Text},
+    {"trim", "trim", 1, 1, Gives::Text, Takes::Text},
+    {"left", "\"left\"", 2, 2, Gives::Text, Takes::Text},
+    {"right", "\"right\"", 2, 2, Gives::Text, Takes::Text},
+    {"substring", "substring", 3, 3, Gives::Text, Takes::Text},
+    {"charindex", "charindex", 2, 3, Gives::Integer, Takes::Text},
+    {"patindex", "patindex", 2, 2, Gives::Integer, Takes::Text},
+    {"replace", "svs_replace", 3, 3, Gives::Text, Takes::Text},
+    {"stuff", "stuff", 4, 4, Gives::Text, Takes::Text},
+    {"replicate", "replicate", 2, 2, Gives::Text, Takes::Text},
+    {"reverse", "reverse", 1, 1, Gives::Text, Takes::Text},
     {"char", "svs_char", 1, 1, Gives::Text},
     {"nchar", "svs_char", 1, 1, Gives::Text},
-    {"ascii", "ascii", 1, 1, Gives::Integer},
-    {"unicode", "ascii", 1, 1, Gives::Integer},
+    {"ascii", "ascii", 1, 1, Gives::Integer, Takes::Text},
+    {"unicode", "ascii", 1, 1, Gives::Integer, Takes::Text},
     {"abs", "abs", 1, 1, Gives::Same, Takes::Number},
     {"sign", "sign", 1, 1, Gives::Same, Takes::Number},
     {"round", "svs_round", 2, 3, Gives::Same, Takes::Number},
@@ -69,7 +69,6 @@ constexpr auto functions = std::to_array<KnownFunction>({
     {"min", "min", 1, 1, Gives::Same, Takes::Rows},
     {"max", "max", 1, 1, Gives::Same, Takes::Rows},
     {"scope_identity", "last_insert_rowid", 0, 0, Gives::Integer},
-    {"datalength", "length", 1, 1, Gives::Integer},
 });
 
 const KnownFunction& functionOf(const std::string& name) {
@@ -264,6 +263,10 @@ Expression ReadCall(Context& context, const std::string& name) {
     checkCount(function, arguments.size());
     if (function.takes == Takes::Number && arguments.front().kind == Kind::Text)
         arguments.front() = {.sql = "svs_cast(" + arguments.front().sql + ", 'float')", .kind = Kind::Real};
+    if (function.takes == Takes::Text)
+        for (Expression& argument : arguments)
+            if (argument.kind == Kind::DateTime || argument.kind == Kind::Real)
+                argument.sql = AsText(argument);
     if (function.name == "isnull")
         return isNull(std::move(arguments));
     if (function.name == "coalesce")
@@ -272,9 +275,11 @@ Expression ReadCall(Context& context, const std::string& name) {
         return nullIf(arguments[0], arguments[1]);
     if (function.name == "round" && arguments.size() == 2)
         arguments.push_back({.sql = "0"});
-    const Kind kind = kindOf(function, arguments);
-    std::string sql = std::string(function.sqlite) + "(" + argumentList(arguments) + ")";
-    return {.sql = std::move(sql), .kind = kind};
+    if (function.sqlite == "svs_char")
+        arguments.push_back({.sql = function.name == "char" ? "255" : "65535"});
+    Expression result{.sql = std::string(function.sqlite) + "(" + argumentList(arguments) + ")",
+                      .kind = kindOf(function, arguments)};
+    return function.name == "power" ? CheckedWhole(std::move(result), arguments.front(), {}) : result;
 }
 
 SqlType ReadType(TokenReader& in, int lengthLeftOut) {

@@ -129,7 +129,7 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"stuff", 4, invoke<Stuff>},
         Definition{"replicate", 2, invokeUnlessNull<Replicate>},
         Definition{"reverse", 1, invokeUnlessNull<Reverse>},
-        Definition{"svs_char", 1, invokeUnlessNull<Character>},
+        Definition{"svs_char", 2, invokeUnlessNull<Character>},
         Definition{"ascii", 1, invokeUnlessNull<CodeOf>},
         Definition{"svs_divide", 2, invokeUnlessNull<Divide>},
         Definition{"svs_modulo", 2, invokeUnlessNull<Modulo>},
@@ -157,6 +157,7 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"svs_add", 2, invokeUnlessNull<add>},
         Definition{"svs_cast", 2, invokeUnlessNull<cast>},
         Definition{"svs_cast_text", 2, invokeUnlessNull<CastText>},
+        Definition{"svs_cast_text", 3, invokeUnlessNull<CastText>},
     };
     for (const Definition& each : definitions)
         if (const int code = sqlite3_create_function_v2(database, each.name, each.arguments, always, state, each.body,

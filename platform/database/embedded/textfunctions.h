@@ -17,12 +17,12 @@ void Replace(const FunctionCall& call);
 void Stuff(const FunctionCall& call);
 void Replicate(const FunctionCall& call);
 void Reverse(const FunctionCall& call);
-/// svs_char(code): Char and NChar; null for a code that is no character.
+/// svs_char(code, last): Char and NChar; null for a code that is no character, being below 0 or beyond the last.
 void Character(const FunctionCall& call);
 /// ascii(text): Ascii and Unicode, the code of the first character.
 void CodeOf(const FunctionCall& call);
-/// svs_cast_text(value, length): Convert and Cast to text, cut to the length where that is above 0 and filled with
-/// blanks to it where it is below.
+/// svs_cast_text(value, length, type): Convert and Cast to text, cut to the length where that is above 0 and filled with
+/// blanks to it where it is below. A whole number is never cut: it becomes "*", or 8115 where the type is of Unicode.
 void CastText(const FunctionCall& call);
 
 }  // namespace db::embedded

@@ -148,8 +148,8 @@ TEST_F(Choices, NullIfMakesOneValueNull) {
     gives("Select NullIf('', '   ')", "null");
     gives("Select NullIf(5, 6)", "5");
     gives("Select NullIf(due, '03/11/2026') from options Order by id", "null/null/2026-03-13 00:00:00");
-    gives("Select NullIf(label, 2) + '!' from options Where id = 2", "null");
-    gives("Select NullIf(label, 3) + '!' from options Where id = 2", "2!");
+    givesOnSqlServer("Select NullIf(label, 2) + '!' from options Where id = 2", "null");
+    givesOnSqlServer("Select NullIf(label, 3) + '!' from options Where id = 2", "2!");
     gives("Select 10 / NullIf(0, 0)", "null");
     fails("Select NullIf(1)", 174);
 }
