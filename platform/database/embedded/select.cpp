@@ -1,6 +1,7 @@
 #include "platform/database/embedded/select.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/database/embedded/names.h"
 #include "platform/database/embedded/selectcore.h"
@@ -26,11 +27,29 @@ std::string placeOf(const std::vector<SelectColumn>& columns, const std::string&
     return found == columns.end() ? std::string() : std::to_string(found - columns.begin() + 1);
 }
 
+/// A number in an order is the place of a column.
+std::string readPlace(TokenReader& in, const std::vector<SelectColumn>& columns) {
+    const std::string digits = in.next().text;
+    const auto place = std::strtoull(digits.c_str(), nullptr, 10);
+    if (place < 1 || place > columns.size())
+        throw DatabaseError(
+            108,
+            QStringLiteral("The ORDER BY position number %1 is out of range of the number of items in the select list.")
+                .arg(ToQt(digits)));
+    return std::to_string(place);
+}
+
+/// Whether the name ahead is a term by itself: in an expression it is a column's.
+bool isWholeTerm(const TokenReader& in) {
+    return in.peek(1).kind != TokenKind::Operator || in.atOperator(",", 1) || in.atOperator(")", 1) ||
+           in.atOperator(";", 1);
+}
+
 /// A term of a Union's order is one of its columns, and goes on as that column's place.
 std::string readUnionTerm(Context& context, const SelectCore& first) {
     TokenReader& in = context.in;
     if (in.peek().kind == TokenKind::Number)
-        return in.next().text;
+        return readPlace(in, first.columns);
     std::string name = in.expectName();
     while (in.acceptOperator("."))
         name = in.expectName();
@@ -46,8 +65,8 @@ std::string readUnionTerm(Context& context, const SelectCore& first) {
 std::string readTerm(Context& context, const SelectCore& core) {
     TokenReader& in = context.in;
     if (in.peek().kind == TokenKind::Number)
-        return in.next().text;
-    if (in.atName() && !in.atOperator(".", 1) && !in.atOperator("(", 1))
+        return readPlace(in, core.columns);
+    if (in.atName() && isWholeTerm(in))
         for (std::size_t i = 0; i < core.columns.size(); ++i)
             if (core.aliased[i] && SameName(core.columns[i].name, in.peek().text)) {
                 in.next();

@@ -59,7 +59,7 @@ TEST_F(TextFunctions, SubstringTakesAPiece) {
     gives("Select Substring('abcdef', 0, 3), Substring('abcdef', -1, 4)", "ab|ab");
     gives("Select '[' + Substring('abcdef', -5, 3) + ']', '[' + Substring('abc', 2, 0) + ']'", "[]|[]");
     gives("Select Substring(note, 7, 5) from notes Where id = 1", "World");
-    gives("Select Substring(null, 1, 2)", "null");
+    givesOnSqlServer("Select Substring(null, 1, 2)", "null");
     fails("Select Substring('abc', 1, -1)", 537, "Invalid length parameter passed to the LEFT or SUBSTRING function.");
 }
 
@@ -108,16 +108,16 @@ TEST_F(TextFunctions, StuffPutsATextInsideAnother) {
 TEST_F(TextFunctions, ReplicateRepeatsAndReverseTurns) {
     gives("Select Replicate('ab', 3), '[' + Replicate('ab', 0) + ']', Replicate('a', -1)", "ababab|[]|null");
     gives("Select Replicate('0', 5 - Len('42')) + '42'", "00042");
-    gives("Select Len(Replicate('x', 9000))", "8000");
+    givesOnSqlServer("Select Len(Replicate('x', 9000))", "8000");
     gives("Select Replicate(null, 2)", "null");
     gives("Select Reverse('abc'), '[' + Reverse('') + ']', Reverse('äb'), Reverse(null), Reverse(123)",
           "cba|[]|bä|null|321");
 }
 
 TEST_F(TextFunctions, CodesAndCharactersStandForEachOther) {
-    gives("Select Char(65), Char(97) + Char(98), Ascii('A'), Ascii('abc'), Ascii('')", "A|ab|65|97|null");
+    givesOnSqlServer("Select Char(65), Char(97) + Char(98), Ascii('A'), Ascii('abc'), Ascii('')", "A|ab|65|97|null");
     gives("Select NChar(233), Unicode('é'), NChar(8364)", "é|233|€");
-    gives("Select Char(-1), Char(256)", "null|null");
+    givesOnSqlServer("Select Char(-1), Char(256)", "null|null");
     gives("Select Len('a' + Char(13) + Char(10) + 'b')", "4");
     gives("Select Char(39) + 'x' + Char(39)", "'x'");
     gives("Select Ascii(null), Char(null)", "null|null");
