@@ -56,8 +56,11 @@ std::string_view trimmed(std::string_view text) {
 
 template <typename Number>
 bool readWhole(std::string_view text, Number& number) {
-    if (!text.empty() && text.front() == '+')
+    if (!text.empty() && text.front() == '+') {
         text.remove_prefix(1);
+        if (text.starts_with('-'))
+            return false;
+    }
     const std::size_t first = text.find_first_not_of("-.");
     if (first == std::string_view::npos || text[first] < '0' || text[first] > '9')
         return false;
