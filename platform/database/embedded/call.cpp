@@ -125,10 +125,16 @@ std::string argumentList(const std::vector<Expression>& arguments) {
 }
 
 void checkCount(const KnownFunction& function, std::size_t count) {
-    if (count < function.least || count > function.most)
-        throw DatabaseError(
-            174,
-            QStringLiteral("The %1 function requires %2 argument(s).").arg(ToQt(function.name)).arg(function.least));
+    if (count >= function.least && count <= function.most)
+        return;
+    const QString name = ToQt(function.name);
+    if (function.least == function.most)
+        throw DatabaseError(174,
+                            QStringLiteral("The %1 function requires %2 argument(s).").arg(name).arg(function.least));
+    throw DatabaseError(189, QStringLiteral("The %1 function requires %2 to %3 arguments.")
+                                 .arg(name)
+                                 .arg(function.least)
+                                 .arg(function.most));
 }
 
 /// What stands within an aggregate is not bound to Group By.
