@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/database/embedded/names.h"
+#include "platform/database/embedded/select.h"
 #include "platform/database/error.h"
 
 namespace db::embedded {
@@ -103,9 +104,9 @@ void makeHigher(Expression& left, Expression right) {
 
 Expression readIn(Context& context, Expression left, bool negated) {
     TokenReader& in = context.in;
-    if (in.atOperator("(") && in.atWord("select", 1))
-        return condition(Collated(left) + (negated ? " NOT IN " : " IN ") + ReadPrimary(context).sql);
     in.expectOperator("(");
+    if (in.atWord("select"))
+        return condition(Collated(left) + (negated ? " NOT IN (" : " IN (") + ReadInnerSelect(context).sql + ")");
     std::vector<Expression> items;
     do {
         items.push_back(ReadExpression(context));

@@ -205,6 +205,18 @@ SelectText ReadSelect(Context& context) {
     select.sql += readOrder(context, first, !members.empty());
     if (members.empty() && !first.limit.empty())
         select.sql += " LIMIT " + first.limit;
+    select.single = members.empty() && (first.limit == "1" || (first.aggregated && first.grouped.empty()));
+    return select;
+}
+
+SelectText ReadInnerSelect(Context& context) {
+    SelectText select = ReadSelect(context);
+    context.in.expectOperator(")");
+    if (select.columns.size() != 1)
+        throw DatabaseError(
+            116,
+            QStringLiteral(
+                "Only one expression can be specified in the select list when the subquery is not introduced with EXISTS."));
     return select;
 }
 

@@ -117,6 +117,35 @@ TEST_F(Subselects, AQueryOfNoRowIsNull) {
     gives("Select Count(*) from players Where (Select score from players Where id = 99) Is Null", "4");
 }
 
+TEST_F(Subselects, AQueryOfSeveralRowsIsNoValue) {
+    const QString sentence =
+        "Subquery returned more than 1 value. This is not permitted when the subquery follows =, !=, <, <= , >, >= or when the subquery is used as an expression.";
+    fails("Select (Select name from teams)", 512, sentence);
+    fails("Select name from players Where team = (Select id from teams)", 512, sentence);
+    fails("Select name from players Where team = (Select Top 2 id from teams)", 512, sentence);
+    fails("Select name from teams Where id < (Select score from players Where score Is Not Null)", 512, sentence);
+    fails("Select (Select team from players Group by team)", 512, sentence);
+    fails("Select (Select 1 Union Select 2)", 512, sentence);
+    fails("Update teams Set name = (Select name from players)", 512, sentence);
+    fails("Select name, (Select name from players Where team = teams.id) from teams", 512, sentence);
+    gives("Select name, (Select name from players Where team = teams.id and id > 11) from teams Order by id",
+          "Reds|bob/Blues|Cid/Empty|null");
+    gives("Select (Select Distinct 5 from teams), (Select 5 Union Select 5)", "5|5");
+    gives("Select (Select Top 1 id from teams Order by id Desc)", "3");
+    gives("Select (Select name from teams Where id = 1) + (Select name from teams Where id = 2)", "RedsBlues");
+    gives("Select name from teams Where name = (Select Upper(name) from teams Where id = 1)", "Reds");
+}
+
+TEST_F(Subselects, AQueryOfSeveralColumnsIsNoValue) {
+    const QString sentence =
+        "Only one expression can be specified in the select list when the subquery is not introduced with EXISTS.";
+    fails("Select (Select id, name from teams Where id = 1)", 116, sentence);
+    fails("Select name from teams Where id = (Select * from teams Where id = 1)", 116, sentence);
+    fails("Select name from teams Where id In (Select id, name from teams)", 116, sentence);
+    gives("Select Count(*) from teams Where Exists (Select id, name from teams)", "3");
+    gives("Select Count(*) from teams Where Exists (Select * from teams)", "3");
+}
+
 TEST_F(Subselects, AValueHasTheTypeOfItsQuery) {
     gives("Select Count(*) from players Where born < (Select Max(born) from players)", "2");
     gives("Select Count(*) from players Where born = (Select Convert(datetime, '5/1/1990'))", "1");
