@@ -13,7 +13,7 @@ namespace {
 constexpr int LongestText = 100;
 constexpr int LongestNote = 200;
 
-// A character of two units is not cut in half.
+// Returns the first characters of a text. A surrogate pair is not cut in half.
 QString firstOf(const QString& text, int most) {
     QString first = text.left(most);
     if (!first.isEmpty() && first.size() < text.size() && first.back().isHighSurrogate())
