@@ -26,7 +26,7 @@ struct RoomMeeting {
 int AddMeeting(const RoomMeeting& meeting);
 /// Stores what `wanted` changed of `before`, as it was read; what the user left alone keeps what the row holds. The
 /// text is stored with its first 100 characters, the note with its first 200. False where the row is gone. Throws
-/// DatabaseError, RowChangedError among them where another desk changed the same thing differently.
+/// DatabaseError, which is a RowClash where another desk changed the same thing differently.
 [[nodiscard]] bool SaveMeeting(const RoomMeeting& before, const RoomMeeting& wanted);
 /// The row as it is stored now; none where it is gone. Throws DatabaseError.
 [[nodiscard]] std::optional<RoomMeeting> StoredMeeting(int key);
