@@ -20,8 +20,8 @@
 #include "platform/desktop/localefacts.h"
 #include "session/preferences.h"
 #include "session/session.h"
+#include "shell/menutables.h"
 #include "views/appointmentitem.h"
-#include "views/menutables.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -62,7 +62,7 @@ QString columnsStatement() {
 frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvidersMenus(), parent) {
     setObjectName(QStringLiteral("frmall"));
     layOut();
-    showOpenView(QStringLiteral("mnuVAll"), 4);
+    showOpenView(QStringLiteral("mnuVAll"), View::AllProviders);
     const ReadTogether together(Session().Connection, dayStatements() << providersStatement() << columnsStatement());
     showColumns();
     LoadProviders();
@@ -107,7 +107,7 @@ void frmall::LoadProviders() {
             const QString id = rows["Id"].text();
             const QString name = rows["prov_lastname"].text();
             const QString discipline = rows["discipline"].text();
-            const int row = ctList1->AddRow(JoinCells({QStringLiteral("1"), name, discipline}), id);
+            const int row = ctList1->AddRow({QStringLiteral("1"), name, discipline}, id);
             ctList1->SetItemText(row, name);
             if (!discipline.isEmpty() && cbodisc->findText(discipline, Qt::MatchFixedString) < 0)
                 cbodisc->addItem(discipline);
@@ -341,7 +341,7 @@ void frmall::goToProvider() {
     // This view goes with the change to another.
     MainWindow& window = main();
     if (chosen->id == Session().ProviderId) {
-        window.changeview(0);
+        window.changeview(View::Day);
         return;
     }
     bool known = false;
@@ -356,6 +356,6 @@ void frmall::goToProvider() {
     }
     Session().ProviderId = chosen->id;
     Session().ProviderName = chosen->name;
-    window.changeview(0);
+    window.changeview(View::Day);
     window.ProviderChosen();
 }

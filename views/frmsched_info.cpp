@@ -44,6 +44,15 @@ QString panelStatus(int code) {
     }
 }
 
+// An appointment's text stands in the panel as one line of parts.
+QString withCommas(const QString& text) {
+    return QString(text)
+        .replace(QLatin1String("\r\n"), QLatin1String(","))
+        .replace(u'\n', u',')
+        .replace(u'\r', u',')
+        .replace(u';', u',');
+}
+
 QString roomStatement(const QString& key) {
     return Sql(
         "Select * from roomschedule Inner Join rooms on roomschedule.croomid = rooms.roomid Where roomschedule.apptid = {}",
@@ -94,7 +103,7 @@ void frmsched::displayapptinfo(int index) {
     ctListInfo->Clear();
     showNote({});
     if (index < 1) {
-        ctListInfo->AddRow(QStringLiteral(";No Appointment Selected"));
+        ctListInfo->AddRow({QString(), QStringLiteral("No Appointment Selected")});
         return;
     }
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
@@ -103,7 +112,7 @@ void frmsched::displayapptinfo(int index) {
     const db::ReadTogether together(Session().Connection, detailStatements(item));
 
     tellsOfPatient_ = NamesPatient(item);
-    addInfo(QStringLiteral("Appointment"), item.ItemText);
+    addInfo(QStringLiteral("Appointment"), withCommas(item.ItemText));
     const QString start = item.ItemStart < 0 ? tr("no start time") : MinutesToTimeText(item.ItemStart, military);
     addInfo(QStringLiteral("Time"), QStringLiteral("%1 - %2").arg(start, MinutesToTimeText(item.ItemEnd, military)));
     addInfo(QStringLiteral("Length"), QStringLiteral("%1 mins.").arg(item.ItemEnd - item.ItemStart));
@@ -133,7 +142,7 @@ void frmsched::showNote(const QString& note) {
 }
 
 void frmsched::addInfo(const QString& label, const QString& value) {
-    const int row = ctListInfo->AddRow(JoinCells({label, value}));
+    const int row = ctListInfo->AddRow({label, value});
     if (tellsOfPatient_ && betraysPatient(label))
         ctListInfo->NameCell(row, ValueColumn);
 }

@@ -27,7 +27,7 @@ std::string placeOf(const std::vector<SelectColumn>& columns, const std::string&
     return found == columns.end() ? std::string() : std::to_string(found - columns.begin() + 1);
 }
 
-/// A number in an order is the place of a column.
+/// Reads a number in an order, which is the place of a column.
 std::string readPlace(TokenReader& in, const std::vector<SelectColumn>& columns) {
     const std::string digits = in.next().text;
     const auto place = std::strtoull(digits.c_str(), nullptr, 10);
@@ -45,7 +45,7 @@ bool isWholeTerm(const TokenReader& in) {
            in.atOperator(";", 1);
 }
 
-/// A term of a Union's order is one of its columns, and goes on as that column's place.
+/// Reads a term of a Union's order. It names one of the Union's columns and is written as that column's place.
 std::string readUnionTerm(Context& context, const SelectCore& first) {
     TokenReader& in = context.in;
     if (in.peek().kind == TokenKind::Number)
@@ -104,14 +104,14 @@ std::string readOrder(Context& outer, const SelectCore& core, bool compound) {
     return sql;
 }
 
-/// Within a Union a limit belongs to its own Select.
+/// Within a Union, a limit belongs to its own Select.
 std::string limitedInUnion(const SelectCore& core) {
     return core.limit.empty() ? core.sql : "SELECT * FROM (" + core.sql + " LIMIT " + core.limit + ")";
 }
 
-/// A Select of a Union as it stands in it.
+/// One Select of a Union.
 struct Member {
-    std::string op;  ///< Before it; "" for the first.
+    std::string op;  ///< The operator before it; "" for the first.
     std::string sql;
     std::vector<SelectColumn> columns;
 };
@@ -140,7 +140,7 @@ std::vector<Kind> commonKinds(const std::vector<Member>& members) {
     return kinds;
 }
 
-/// The type that the members have in common in that place; of whole numbers the wider one.
+/// Returns the type that the members have in common in that place, of whole numbers the wider one.
 SqlType commonType(const std::vector<Member>& members, std::size_t place, Kind kind) {
     const SqlType& first = members.front().columns[place].type;
     const auto isFirst = [&](const Member& member) { return member.columns[place].type == first; };
@@ -151,7 +151,8 @@ SqlType commonType(const std::vector<Member>& members, std::size_t place, Kind k
     return big ? *MakeType("bigint") : SqlType();
 }
 
-/// The member with texts made what the other members have in their place, a number or a moment.
+/// Returns the member with its texts converted to the kind that the other members have in that place, a number or a
+/// moment.
 std::string convertedMember(const Member& member, const std::vector<Kind>& kinds) {
     std::string names;
     std::string values;

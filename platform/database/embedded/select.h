@@ -9,7 +9,7 @@ namespace db::embedded {
 
 struct SelectColumn {
     std::string name;   ///< "" for an expression without an alias.
-    std::string table;  ///< The base table of a column.
+    std::string table;  ///< The base table of a column; empty for an expression.
     Kind kind = Kind::Unknown;
     SqlType type = {};  ///< Where a column or a conversion tells it.
 };
@@ -20,13 +20,13 @@ struct SelectText {
     bool single = false;  ///< It gives one row at most, whatever the tables hold.
 };
 
-/// A whole query, with its Unions and its Order By.
+/// Reads a whole query with its Unions and its Order By.
 SelectText ReadSelect(Context& context);
 
-/// A query in parentheses, from behind the opening one, of which 116 asks a single column.
+/// Reads a query in parentheses from behind the opening one. More than one column is error 116.
 SelectText ReadInnerSelect(Context& context);
 
-/// A table's name with the owner before it left out.
+/// Reads a table's name and leaves out the owner before it.
 std::string ReadTableName(TokenReader& in);
 
 }  // namespace db::embedded
