@@ -97,7 +97,7 @@ Expression readProduct(Context& context) {
     return left;
 }
 
-/// Converts the left operand alone, since every value that it is compared with may raise its kind.
+/// Converts the left operand alone, because each value that it is compared with may raise its kind.
 void makeHigher(Expression& left, Expression right) {
     MakeComparable(left, right);
 }

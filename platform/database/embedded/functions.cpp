@@ -107,7 +107,7 @@ void cast(const FunctionCall& call) {
     call.give(StoredCell(none, column, call.cell(0)));
 }
 
-/// svs_single(value): the value of a query's only row, null for none; 512 for a second.
+/// svs_single(value) gives the value of a query's only row, or null where there is none. A second row is error 512.
 struct Single {
     sqlite3_value* value;
 };

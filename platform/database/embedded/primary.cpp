@@ -32,7 +32,7 @@ Expression number(const std::string& digits) {
             .name = digits};
 }
 
-/// A query that stands for a value: one column, and at most one row.
+/// Reads a query that stands for a value. It has one column and must not give more than one row.
 Expression readValue(Context& context) {
     const SelectText select = ReadInnerSelect(context);
     const SelectColumn& value = select.columns.front();

@@ -39,7 +39,7 @@ std::string readPlace(TokenReader& in, const std::vector<SelectColumn>& columns)
     return std::to_string(place);
 }
 
-/// Whether the name ahead is a term by itself: in an expression it is a column's.
+/// Returns whether the name ahead is a term by itself. Within an expression it could only be the name of a column.
 bool isWholeTerm(const TokenReader& in) {
     return in.peek(1).kind != TokenKind::Operator || in.atOperator(",", 1) || in.atOperator(")", 1) ||
            in.atOperator(";", 1);
@@ -180,7 +180,7 @@ SelectText joined(const std::vector<Member>& members) {
     const auto isIntersected = [&](std::size_t i) { return i < members.size() && members[i].op == intersect; };
     bool open = false;
     for (std::size_t i = 0; i < members.size(); ++i) {
-        // Intersect binds more closely than the others; SQLite takes all of them from the left.
+        // Intersect binds more closely than the others, but SQLite takes all of them from the left.
         const bool opens = i > 0 && !isIntersected(i) && isIntersected(i + 1);
         open = open || opens;
         select.sql += members[i].op + (opens ? "SELECT * FROM (" : "") + convertedMember(members[i], kinds);

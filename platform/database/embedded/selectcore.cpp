@@ -264,7 +264,7 @@ class CoreReader {
         return sql;
     }
 
-    /// SQLite wants a query that is one group by its Having alone to have an aggregate in its list.
+    /// Wraps a query that is one group by its Having alone, because SQLite wants an aggregate in its list.
     [[nodiscard]] std::string wholeGroup(const std::string& rest) const {
         return isOneGroup_ ? " FROM (SELECT count(*)" + rest + ")" : rest;
     }

@@ -37,7 +37,7 @@ Limits limitsOf(const SqlType& type) {
 Cell wholeNumber(double number, const SqlType& type) {
     const Limits limits = limitsOf(type);
     const double whole = std::trunc(number);
-    // The highest bigint is no double; the whole number behind it is one.
+    // The highest bigint is no double, but the whole number after it is one.
     if (whole >= static_cast<double>(limits.lowest) && whole < static_cast<double>(limits.highest) + 1)
         return static_cast<qint64>(whole);
     if (type.name == "smallint" || type.name == "tinyint")

@@ -28,7 +28,7 @@ qint64 lengthGiven(const FunctionCall& call, int i) {
     return length;
 }
 
-/// What stands for a whole number in a text that has no room for it; a text of Unicode is an error.
+/// Returns the sign that stands for a whole number in a text without room for it. A text of Unicode is error 8115.
 QString tooShortFor(const FunctionCall& call) {
     const QString type = call.count() > 2 ? textOf(call, 2) : QString();
     if (type.startsWith(u'n'))

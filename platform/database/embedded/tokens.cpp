@@ -53,7 +53,7 @@ class Cutter {
         return false;
     }
 
-    /// Comments stand within comments.
+    /// A comment may contain comments.
     void skipComment() {
         int depth = 0;
         do {

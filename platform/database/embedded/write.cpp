@@ -95,7 +95,7 @@ std::vector<const TableColumn*> readTargets(Context& context, const Table& table
     return columns;
 }
 
-/// What a statement that inserts says where it gives fewer or more values than there are columns.
+/// The error of an Insert that gives another number of values than there are columns.
 struct CountFault {
     int number;
     const char* sentence;
@@ -127,7 +127,7 @@ void checkSelected(std::size_t columns, std::size_t values, bool listed) {
          "The select list for the INSERT statement contains more items than the insert list. The number of SELECT values must match the number of INSERT columns."});
 }
 
-/// Where an Insert writes to.
+/// The table and columns that an Insert writes to.
 struct Target {
     TableHandle table;
     std::vector<const TableColumn*> columns;
