@@ -5,27 +5,28 @@
 #include "appointments/writeoutcome.h"
 #include "platform/database/recordset.h"
 
-// The ways in which an appointment is deleted, side by side since they differ on purpose, each in one transaction.
+// The four ways of deleting an appointment. They stand side by side because they differ on purpose. Each is one
+// transaction, none of them shows anything, and a row that is missing is no failure.
 //
-// - One that the user chose takes along what its kind has, members or attendees, and its room. The cursor that read the
-//   row deletes it, so that one which another desk has changed since is told; the audit log has a line once it is gone.
-// - One of a series is taken from a list that may be old: a row that is gone counts as deleted, whatever hangs on the
-//   key goes with it, and the line for the log stands in the same transaction, since the work may be cut off between
-//   two rows and is then done again for the rest.
-// - One that is still being added was nobody's appointment yet: nothing hangs on it but its room, and no line is left.
-// - An Activity of several providers leaves no line either. For one attendee only the attendance goes, and the Activity
-//   with the last of them.
-//
-// None of them asks or tells. A row that is gone is no failure.
+// - DeleteAppointment deletes a row that the user chose, with its room and with the members or attendees that its kind
+//   has. It deletes through the cursor that read the row, so that a change by another desk is noticed. The audit line
+//   is written after the commit.
+// - DeleteOfSeries deletes a row from a list that may be out of date. A missing row counts as deleted, and everything
+//   under its key goes with it. The audit line is part of the transaction, because the work on a series may be cut off
+//   between two rows and continue later.
+// - CancelAddedAppointment takes back a row that is still being added. Only its room can belong to it, and there is no
+//   audit line, since the row was never an appointment.
+// - DeleteActivity and DeleteAttendance delete an Activity of several providers, for all of them or for one. Deleting
+//   the last attendance deletes the Activity. There is no audit line for either.
 
-/// How the audit log names an appointment that was deleted.
+/// The words with which the audit log names a deleted appointment.
 struct AuditedAppointment {
     QString date;
     QString time;
     QString text;
 };
 
-/// A row of a series that is to be deleted.
+/// A row of a series to delete.
 struct SeriesRow {
     int key = 0;
     AuditedAppointment audited;
@@ -37,5 +38,5 @@ struct SeriesRow {
 [[nodiscard]] WriteOutcome DeleteOfSeries(const SeriesRow& row);
 [[nodiscard]] WriteOutcome CancelAddedAppointment(int key);
 [[nodiscard]] WriteOutcome DeleteActivity(int key);
-/// Takes a provider out of an Activity.
+/// Removes one provider from an Activity.
 [[nodiscard]] WriteOutcome DeleteAttendance(int key, const QString& attendee);

@@ -20,20 +20,20 @@ struct ItemPainting {
 /// `ncolor`; nulls anywhere give a plain item.
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting);
 
-/// A row of `appointments` as a view holds it: its item, and what the commands need of it besides.
+/// A row of `appointments` as a view keeps it: its item and the other columns that the commands need.
 struct ShownAppointment {
     CalendarItem stored;  ///< The item as the row was last read or written.
     int apptType = 0;
     QString callStatus;
     QString clinicianId;
 
-    /// Whether it is the same provider's on the same day.
+    /// Whether both rows have the same provider and day.
     [[nodiscard]] bool BelongsAs(const ShownAppointment& other) const;
-    /// Whether it is at the same time there, too.
+    /// Whether both rows have the same provider, day and times.
     [[nodiscard]] bool StandsAs(const ShownAppointment& other) const;
 };
 
-/// The current row, under the item that was made of it.
+/// The current row together with its item.
 [[nodiscard]] ShownAppointment RowOf(const db::Recordset& row, CalendarItem item);
 
 /// The colours of an item by its `ncolor` and `appttype`.

@@ -3,14 +3,14 @@
 #include <QDate>
 #include <QString>
 
-// The room that an appointment has, a row of `roomschedule` with its key. The writes belong into the transaction of
-// their appointment, and throw db::DatabaseError.
+// The room of an appointment is a row of `roomschedule` with the key of the appointment. These writes belong into the
+// transaction of the appointment. They throw db::DatabaseError.
 
-/// The room that a saved appointment has from now on.
+/// The room that an appointment has after a save.
 struct WantedRoom {
     int id = 0;  ///< 0: none.
     QString text;
-    bool unread = false;  ///< Whether it had one could not be read: where none is wanted none is taken from it.
+    bool unread = false;  ///< The present booking could not be read. A save without a room must then keep it.
 };
 
 /// Books a room for an appointment, from `start` to `end` in minutes since midnight.

@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// The row of an appointment, for who reads or writes it.
+/// The statement that reads the row of an appointment.
 [[nodiscard]] QString AppointmentStatement(int key);
-/// The same, for the arrival.
+/// The statement that reads the row for the time of arrival.
 [[nodiscard]] QString ArrivalStatement(int key);
-/// Who attends an Activity of several providers.
+/// The statement that reads the attendees of an Activity.
 [[nodiscard]] QString AttendeesStatement(int key);
-/// Whether an appointment is an Activity that several providers attend. Throws db::DatabaseError.
+/// Whether an appointment is an Activity with attendees. Throws db::DatabaseError.
 [[nodiscard]] bool IsSharedActivity(int key);
 /// How many attendees the Activity has. Throws db::DatabaseError.
 [[nodiscard]] int NbrAttendesForEvent(int key);

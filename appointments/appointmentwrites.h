@@ -8,37 +8,36 @@
 #include "appointments/writeoutcome.h"
 #include "session/slot.h"
 
-/// How a write that the view shows ended.
+/// How a write ended whose result the view shows.
 struct RowOutcome : WriteOutcome {
-    ShownAppointment row;  ///< As it stands after a write that was done.
+    ShownAppointment row;  ///< The row after a successful write.
 };
 
-/// What a save of an item in place reads, for who reads it together with others.
+/// The statements that SaveInPlace reads, for a caller that reads them together with others.
 [[nodiscard]] QStringList InPlaceStatements(int key);
-/// Stores what was changed of an item in place, and the time and text of its room: `read` is the item as its row was
-/// read, `wanted` as the user leaves it. What the user left alone keeps what the row holds.
+/// Stores the changes that the user made to an item in place, and the time and text of its room. `read` is the item as
+/// its row was read, and `wanted` is the item with the changes. Columns that the user did not change keep their values.
 [[nodiscard]] RowOutcome SaveInPlace(const CalendarItem& read, const CalendarItem& wanted, const ItemPainting& painted);
 
-/// Where an appointment goes that was dragged or resized.
+/// The new place of an appointment that was dragged or resized.
 struct AppointmentMove {
-    ShownAppointment before;  ///< As the view read it last.
+    ShownAppointment before;  ///< The row as the view read it last.
     QDate day;
     int start = 0;  ///< Minutes since midnight, as end.
     int end = 0;
-    QString text;       ///< By which the audit log names it.
-    bool room = false;  ///< It has a room, which goes along.
-    /// Where providers stand as columns: whose it becomes, and the name of whose it was.
+    QString text;       ///< The name of the appointment in the audit log.
+    bool room = false;  ///< Whether the appointment has a room, which then moves too.
+    /// The new provider in a view with providers as columns, and the name of the previous one.
     std::optional<BookedProvider> provider;
     QString providerBefore;
 };
 
-/// Writes the new time, and day and provider with it. A row that does not stand where the view read it has been moved
-/// by another desk, which is a failure.
+/// Writes the new time, day and provider. The move fails when another desk has moved the row since the view read it.
 [[nodiscard]] RowOutcome MoveAppointment(const AppointmentMove& move, const ItemPainting& painted);
 
-/// Gives the appointment a status code (data/codes.h).
+/// Sets the status code (data/codes.h) of an appointment.
 [[nodiscard]] WriteOutcome SetApptStatus(int key, int code);
-/// Stores the arrival (followup/checkintime.h) and the status Checked-In.
+/// Stores the time of arrival as text, and the status Checked-In.
 [[nodiscard]] WriteOutcome CheckIn(int key, const QString& arrival);
-/// Stores another arrival and leaves the status alone.
+/// Stores another time of arrival and keeps the status.
 [[nodiscard]] WriteOutcome CorrectArrival(int key, const QString& arrival);

@@ -8,40 +8,40 @@
 #include "appointments/writeoutcome.h"
 #include "platform/database/rowmerge.h"
 
-/// What the editor of an entry leaves to be stored, whatever its kind.
+/// The data of an entry of any kind, as the editor stores it.
 struct EntryFields {
     int ApptKind = 0;  ///< apptkind
     QDate date;
     int start = 0;  ///< Minutes since midnight, as end.
     int end = 0;
-    QString text;  ///< Who, or what.
+    QString text;  ///< The name of the patient, event, block or category.
     QString location;
     QString note;                     ///< Service and note, joined by "|".
-    std::optional<int> category;      ///< The appointment type of a patient's entry; none where none is chosen.
-    std::optional<int> reminderLead;  ///< Minutes before the start; none for no reminder.
-    QString provider;                 ///< In whose schedule it stands.
+    std::optional<int> category;      ///< The appointment type of a patient's entry, if one is chosen.
+    std::optional<int> reminderLead;  ///< Minutes before the start, or no reminder.
+    QString provider;                 ///< The id of the provider in whose schedule the entry stands.
 
-    // A patient's.
-    std::optional<int> status;  ///< ncolor; none leaves what the row has.
+    // Only for a patient's entry.
+    std::optional<int> status;  ///< The status code; without one the row keeps its code.
     QString patientId;
     QString account;
     QString homePhone;
     QString workPhone;
 
-    int categoryColour = 0;  ///< Of a slot of an appointment type.
+    int categoryColour = 0;  ///< Only for a slot of an appointment type.
 
     WantedRoom room;
 };
 
 /// How the save of an entry ended.
 struct EntryOutcome : WriteOutcome {
-    bool isNew = false;  ///< A row was added: there was none, or another desk has deleted it.
+    bool isNew = false;  ///< Whether a row was added, because there was none or another desk has deleted it.
 };
 
-/// The current row of `appointments` in the columns that a save writes: two of them are equal when nobody has changed
-/// in between what a save would write over.
+/// The columns of the current row of `appointments` that a save overwrites. Two states are equal when nobody has
+/// changed these columns in between.
 [[nodiscard]] db::RowState EntryState(const db::Recordset& row);
 
-/// Writes an entry into the row `key`, or into a new one where there is none (any more), and its room. A row that is
-/// not as it was `loaded` is not written over: that is a failure.
+/// Writes an entry and its room to the row `key`, or to a new row when there is none. The save fails when the row is
+/// not as it was `loaded`.
 [[nodiscard]] EntryOutcome SaveEntry(int key, const EntryFields& fields, const db::RowState& loaded);

@@ -45,13 +45,13 @@ class frmnore : public EditorDialog {
     /// together.
     static int QuickLookUp;
 
-    /// The time chosen in the view counts as a change, so that OK on a new entry with nothing chosen does nothing at
-    /// all instead of closing.
+    /// The time that was chosen in the view counts as a change, so that OK on a new entry without a patient does
+    /// nothing instead of closing the form.
     explicit frmnore(const EditorRequest& request, QWidget* parent = nullptr);
     ~frmnore() override;
 
     [[nodiscard]] const EditorRequest& Request() const { return request_; }
-    /// Whether the user gave a new entry up, so that nothing is left of the time that was chosen for it.
+    /// Whether the user gave up a new entry.
     [[nodiscard]] bool GivenUp() const { return givenUp_; }
     /// The `patient_info.id` of the chosen patient; "" for none. What was shown of another patient's authorization and
     /// e-mail address is emptied with it.

@@ -33,8 +33,8 @@ class frmRecurAppt : public EditorDialog {
     Q_OBJECT
 
   public:
-    /// `item` is the appointment as the view shows it, `provider` the one in whose schedule its copies are booked,
-    /// `rowsChanged` reads the view anew where the user lets the rest of a series be booked later.
+    /// `item` is the appointment as the view shows it, and the copies are booked in the schedule of `provider`.
+    /// `rowsChanged` reloads the view when the user books the rest of an interrupted series later.
     frmRecurAppt(const CalendarItem& item, BookedProvider provider, std::function<void()> rowsChanged,
                  QWidget* parent = nullptr);
 

@@ -9,14 +9,14 @@
 #include "appointments/appointmentroom.h"
 #include "appointments/entrywrite.h"
 
-/// Who is scheduled by the rows of `AppointmentsGroup`, by patient id, and whether they attended.
+/// The patients that rows of `AppointmentsGroup` schedule, by id, and whether they attended.
 using GroupAttendance = QMap<QString, bool>;
 
 [[nodiscard]] QString AttendanceStatement(int key);
 /// Throws db::DatabaseError.
 [[nodiscard]] GroupAttendance AttendanceOf(int key);
 
-/// What the dialog of a group appointment leaves to be stored.
+/// The data of a group appointment, as its dialog stores it.
 struct GroupFields {
     struct Member {
         QString patientId;
@@ -34,19 +34,19 @@ struct GroupFields {
     QString provider;
     int groupId = 0;
     WantedRoom room;
-    std::vector<Member> members;  ///< Who is scheduled.
+    std::vector<Member> members;  ///< The scheduled patients.
 };
 
-/// What the database held of a group appointment, as far as the dialog knows.
+/// The state of a group appointment in the database, as far as the dialog knows it.
 struct GroupState {
     db::RowState row;
     std::optional<GroupAttendance> members;
     int room = 0;
 };
 
-/// The current row of `appointments` in the columns that a save of a group compares.
+/// The columns of the current row of `appointments` that a save of a group compares.
 [[nodiscard]] db::RowState GroupRowState(const db::Recordset& row);
 
-/// Writes a group appointment into the row `key`, or into a new one where there is none (any more), its room and its
-/// members. Where row, members or room are not as they were `loaded` nothing is written over: that is a failure.
+/// Writes a group appointment with its room and members to the row `key`, or to a new row when there is none. The save
+/// fails when row, members or room are not as they were `loaded`.
 [[nodiscard]] EntryOutcome SaveGroup(int key, const GroupFields& fields, const GroupState& loaded);

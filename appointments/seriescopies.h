@@ -4,7 +4,7 @@
 #include "appointments/writeoutcome.h"
 #include "platform/database/recordset.h"
 
-/// What every copy of an appointment takes from it.
+/// The data that every copy takes from its appointment.
 struct SeriesCopy {
     QString text;
     QString location;
@@ -16,10 +16,10 @@ struct SeriesCopy {
     db::Value category;
 };
 
-/// Makes the row under a writable cursor on `appointments` the first member of the series of `work`; one that is a
-/// member stays as it is. Throws db::DatabaseError.
+/// Makes the current row of a writable cursor on `appointments` a member of the series of `work`. A row that is a
+/// member already stays as it is. Throws db::DatabaseError.
 void JoinSeries(db::Recordset& row, const SeriesWork& work);
-/// Adds one copy on a date by a writable cursor on `appointments`, with its room, where `room` names it, and with who
-/// comes along.
+/// Adds one copy on a date through a writable cursor on `appointments`, together with its attendees or members, and
+/// with the room that `room` names, if any.
 [[nodiscard]] WriteOutcome AddCopy(db::Recordset& rows, const SeriesCopy& copy, const SeriesWork& work,
                                    const QString& room, QDate date);

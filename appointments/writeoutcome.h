@@ -5,31 +5,31 @@
 
 #include "platform/database/error.h"
 
-// What is written of an appointment is written by routines that take values and give an outcome. Each write is done
-// whole or not at all, and says nothing: who calls one has asked the user before, and tells how it ended.
+// The routines that write appointments take values and return an outcome. Each writes everything or nothing. None of
+// them shows anything: the caller asks the user before, and tells the user how the write ended.
 
-/// What of an appointment was being written when a write failed.
+/// The part of an appointment that was being written when a write failed.
 enum class WriteStep { Appointment, Room, Members };
 
 /// How a write ended.
 struct WriteOutcome {
     enum class End {
         Done,
-        Gone,   ///< Another desk has deleted the row.
+        Gone,   ///< Another desk has deleted the row, and nothing was written.
         Failed  ///< Nothing was written.
     };
 
     End end = End::Done;
-    WriteStep step = WriteStep::Appointment;   ///< Of a failure.
-    std::optional<db::DatabaseError> failure;  ///< RowChanged where another desk has changed what was to be written.
+    WriteStep step = WriteStep::Appointment;   ///< At which the write failed.
+    std::optional<db::DatabaseError> failure;  ///< Its number is RowChanged when another desk has changed the row.
 
     [[nodiscard]] bool IsDone() const { return end == End::Done; }
 };
 
-/// What the user is told before the reason why a step failed.
+/// The text that the user is shown before the reason why a step failed.
 [[nodiscard]] QString WriteTrouble(WriteStep step);
 
-/// Runs a write, which tells in its outcome, a WriteOutcome or more, how far it has come.
+/// Runs a write. `write` gets the outcome, a WriteOutcome or a struct derived from it, and notes its progress there.
 template <typename Outcome = WriteOutcome, typename Write>
 [[nodiscard]] Outcome AttemptWrite(Write&& write) {
     Outcome outcome;

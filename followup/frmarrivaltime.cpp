@@ -47,7 +47,7 @@ void frmarrivalTime::buildForm() {
     lblproblem = new QLabel(this);
     lblproblem->setObjectName(QStringLiteral("lblproblem"));
     lblproblem->setWordWrap(true);
-    // The line keeps its place, so that the form does not jump when it fills.
+    // The line always keeps its height, so that the form does not jump when it is filled.
     lblproblem->setMinimumHeight(fontMetrics().height() * 2);
     lblproblem->setAlignment(Qt::AlignTop);
     cmdOk = new QPushButton(tr("&OK"), this);
@@ -107,7 +107,7 @@ void frmarrivalTime::cmdOk_Click() {
         accept();
 }
 
-// A row that is gone is told by the view, which saves it whole next.
+// A missing row is reported by the view, which saves the whole row next.
 bool frmarrivalTime::SaveCheckedIn() {
     const WriteOutcome outcome =
         CheckIn(checkInKey_, CheckInTimeText(Today(), Arrival(), Session().DateOrder == DayFirst));

@@ -17,10 +17,10 @@ class ctMEdit;
 /// Adds a patient while an appointment is being made: a row of patient_info, the first row of incident_hx, and, where
 /// the companion link is on, a client of the companion.
 ///
-/// The caller gives the names that are known already, shows the form modally and asks for the NewPatientId. The two
-/// rows are written in one transaction, since a patient without an episode would be invisible to a user who sees only
-/// the own patients. Only a save that went through closes the form: after a failure, a "No" to a duplicate name, and an
-/// answer to save what is not complete yet, it stays open with all that was typed.
+/// The caller passes the names that are already known, shows the form modally and asks for the NewPatientId. Both rows
+/// are written in one transaction, because a patient without an episode would be invisible to a user who sees only
+/// their own patients. Only a successful save closes the form. After a failure, a "No" to a duplicate name, and a wish
+/// to save incomplete data, it stays open with everything that was typed.
 class frmnewpat : public QDialog {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ class frmnewpat : public QDialog {
 
     QLabel* lblid = nullptr;
     QLabel* lblage = nullptr;
-    /// What is still missing, or will not be saved as it stands.
+    /// The data that is still missing, or that will not be saved as it was typed.
     QLabel* lblmissing = nullptr;
     QLineEdit* txtid = nullptr;
     QLineEdit* txtlname = nullptr;
@@ -56,17 +56,18 @@ class frmnewpat : public QDialog {
     ctMEdit* txtwphone = nullptr;
     QComboBox* cbosex = nullptr;
     QComboBox* cboprovider = nullptr;
-    /// The ids of the providers, row by row those of cboprovider; never shown.
+    /// The ids of the providers in the rows of cboprovider; never shown.
     QListWidget* lstproviders = nullptr;
     QCheckBox* ckactive = nullptr;
     ctDEdit* txtdic = nullptr;
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdcancel = nullptr;
 
-    /// Asks whether to save what was changed, by Escape, Cancel and the window's button alike.
+    /// Handles Escape, Cancel and the window's close button. Asks whether to save when something was changed.
     void reject() override;
 
-    /// A last and a first name, a provider, a sex, and a date of birth that is a date and not after today.
+    /// Whether all required fields are filled: a last and a first name, a provider, a sex, and a date of birth that is
+    /// a date and not after today.
     [[nodiscard]] bool IsRequiredFields() const { return missingFields().isEmpty(); }
     /// Whether a patient has these names, in any case. Throws DatabaseError.
     [[nodiscard]] static bool dupname(const QString& last, const QString& first);
@@ -77,7 +78,7 @@ class frmnewpat : public QDialog {
         QWidget* field;
     };
 
-    // Building, in the file frmnewpat_form.cpp.
+    // Building the form; these members are in frmnewpat_form.cpp.
     void buildForm();
     void addName(QGridLayout& grid, int row);
     void addIdentity(QGridLayout& grid, int row);
@@ -95,15 +96,15 @@ class frmnewpat : public QDialog {
     void showMissing();
     void cmdOk_Click();
 
-    // Saving, in the file frmnewpat_save.cpp.
-    /// True when the patient is stored; all else was told.
+    // Saving; these members are in frmnewpat_save.cpp.
+    /// Returns true when the patient is stored. Otherwise the user has been told the reason.
     bool savenewpatient();
     bool mayAddName() const;
     void insertPatient(const QString& id);
     void insertEpisode(const QString& id);
     [[nodiscard]] bool wantsExport() const;
-    /// Where the link is on: at once when the practice exports without being asked, else after a question. A failing
-    /// export leaves the patient saved.
+    /// Exports the patient where the link is on: at once when the practice exports without a question, otherwise after
+    /// one. A failing export leaves the patient saved.
     void exportPatient(const QString& id);
 
     /// Invalid unless the date of birth is a date and not after today.
@@ -114,6 +115,6 @@ class frmnewpat : public QDialog {
 
     bool dirty = false;
     std::optional<QString> newPatientId_;
-    /// Why the last date of birth was taken out again; until the next one is typed.
+    /// The reason why the last date of birth was removed. It stays until the next date is typed.
     QString birthDateNote_;
 };

@@ -9,8 +9,9 @@ class QPushButton;
 class QRadioButton;
 class ctDEdit;
 
-/// One task of a provider: a new one of the session's provider, or the one of a key. OK stores it and accepts the form;
-/// a failure is told and leaves what was typed for another attempt. The task list is the caller's to reload.
+/// Edits one task of a provider: the task with the given key, or a new one of the session's provider. OK stores it and
+/// accepts the form. After a failure, which the user is told, the typed text stays for another attempt. The caller
+/// reloads the task list.
 class w_Item : public EditorDialog {
     Q_OBJECT
 
@@ -22,12 +23,12 @@ class w_Item : public EditorDialog {
 
     QLineEdit* txtTaskDesc = nullptr;
     QPlainTextEdit* txtnotes = nullptr;
-    ctDEdit* ctDEditComp = nullptr;  ///< When the task is due; may stay empty.
+    ctDEdit* ctDEditComp = nullptr;  ///< The date when the task is due; may stay empty.
     QRadioButton* Option4 = nullptr;
     QRadioButton* Option3 = nullptr;
     QRadioButton* Option2 = nullptr;
     QRadioButton* option1 = nullptr;
-    QLabel* lbldate = nullptr;  ///< When it was entered.
+    QLabel* lbldate = nullptr;  ///< The date when the task was entered.
     QPushButton* btnOK = nullptr;
     QPushButton* btnCancel = nullptr;
 
@@ -39,7 +40,7 @@ class w_Item : public EditorDialog {
     [[nodiscard]] int priority() const;
     [[nodiscard]] QString notes() const;
     void btnOK_Click();
-    /// Both answer whether the task is stored.
+    /// These two return whether the task was stored.
     [[nodiscard]] bool addTask() const;
     [[nodiscard]] bool changeTask() const;
 

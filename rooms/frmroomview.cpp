@@ -135,7 +135,7 @@ void frmRoomView::loadRoomView() {
             owners_.push_back(rows["apptid"].integer());
             if (const int place = GetRoomPos(static_cast<int>(rows["croomid"].integer())); place > -1)
                 item.ItemColumn = place + 1;
-            // A meeting before the day's first hour is in the way too.
+            // A meeting before the first hour of the day also blocks the room, so it must be shown.
             if (start >= 0 && start < ctMDay1->FirstTime())
                 ctMDay1->setFirstTime(start);
         }
