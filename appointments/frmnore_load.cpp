@@ -96,7 +96,7 @@ void frmnore::load() {
     ckAlarm->setChecked(GetAlarmStatus(Session().ProviderId));
     alarmLeadMinutes_ = GetAlarmTime(Session().ProviderId);
     loadKind();
-    const bool dayStands = Session().CurrentView == 1;
+    const bool dayStands = Session().CurrentView == View::Day;
     for (QWidget* ofDate :
          {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(lbldate), static_cast<QWidget*>(lblweekday)})
         ofDate->setVisible(!dayStands);

@@ -22,6 +22,7 @@
 #include "platform/theme/theme.h"
 #include "session/formposition.h"
 #include "session/hiddennames.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -33,7 +34,6 @@ namespace {
 constexpr int RefreshMilliseconds = 60000;
 constexpr int PatientColumn = 1;
 constexpr int ArrivalColumn = 2;
-constexpr int WriteAccess = 2;
 
 QString statementOfToday() {
     const SessionValues& session = Session();
@@ -172,7 +172,7 @@ void frmCheckedIn::readRows() {
 }
 
 void frmCheckedIn::correctArrival(int row) {
-    if (Session().ScreenAccess < WriteAccess)
+    if (!MayWrite())
         return;
     const QVariant key = ctList1->ItemData(row);
     const QString shown = ctList1->Cell(row, ArrivalColumn);

@@ -21,6 +21,7 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -29,7 +30,6 @@ using db::Sql;
 namespace {
 
 constexpr int MostCharacters = 100;  // Of AptCategories.aptcategory.
-constexpr int WriteAccess = 2;
 const QString Title = QStringLiteral("Solvane");
 
 int windowsColor(const QColor& color) {
@@ -196,7 +196,7 @@ int frmapttypes::selectedColor() const {
 }
 
 bool frmapttypes::mayChange() {
-    if (Session().ScreenAccess >= WriteAccess)
+    if (MayWrite())
         return true;
     MsgBox(QStringLiteral("You do not have permissions for this function."), ExclamationBox, Title);
     return false;

@@ -1,17 +1,9 @@
 #pragma once
 
 #include <optional>
-#include <QDate>
 
-#include "search/finddialog.h"
-
-/// Where a found appointment stands.
-struct FoundAppointment {
-    QString key;
-    QDate date;
-    int start = 0;  ///< Minutes since midnight.
-    bool allDay = false;
-};
+#include "shell/finddialog.h"
+#include "shell/foundappointment.h"
 
 /// Finds the appointments of the session's provider, past and future, by a text: one letter finds those that begin with
 /// it, a longer text those that hold it. What was found can be printed. The caller shows the form modally and goes to

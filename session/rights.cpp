@@ -7,6 +7,9 @@
 
 namespace {
 
+constexpr int WriteAccess = 2;
+constexpr int DeleteAccess = 3;
+
 // True when the statement gives a row; a failing one gives none.
 bool hasRow(const QString& statement) {
     bool found = false;
@@ -30,6 +33,14 @@ void NormalizeScreenAccess() {
         session.ScreenAccess -= 3;
         session.AllProviders = true;
     }
+}
+
+bool MayWrite() {
+    return Session().ScreenAccess >= WriteAccess;
+}
+
+bool MayDelete() {
+    return Session().ScreenAccess >= DeleteAccess;
 }
 
 QString ProviderNameStatement(const QString& userId) {

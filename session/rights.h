@@ -9,6 +9,11 @@
 /// 6 the levels 1 to 3 with all providers; other values change nothing.
 void NormalizeScreenAccess();
 
+/// Whether the user logged on may book, change and set statuses (ScreenAccess 2 and more).
+[[nodiscard]] bool MayWrite();
+/// Whether the user logged on may delete, too (ScreenAccess 3).
+[[nodiscard]] bool MayDelete();
+
 /// The statement that getprovname reads for a user.
 [[nodiscard]] QString ProviderNameStatement(const QString& userId);
 

@@ -28,7 +28,6 @@
 
 namespace {
 
-constexpr int CompanionView = 5;
 const QString ErrorTitle = QStringLiteral("Error");
 
 void findFolders(const StartUpOptions& options) {
@@ -251,10 +250,10 @@ bool companionOpensFirst() {
 
 void openFirstView(StartUpWindow& window) {
     if (companionOpensFirst()) {
-        window.changeview(CompanionView);
+        window.changeview(View::Companion);
         return;
     }
-    Session().CurrentView = 1;
+    Session().CurrentView = View::Day;
     window.ShowDayView();
 }
 

@@ -3,6 +3,8 @@
 #include <QDate>
 #include <QString>
 
+#include "session/view.h"
+
 /// What start-up asks of the main window that it brings to life, in the order of the calls. The session values that a
 /// call needs are set before it.
 class StartUpWindow {
@@ -32,10 +34,10 @@ class StartUpWindow {
     virtual void MarkReady(QDate today) = 0;
     /// The schedule panel becomes a link that offers the provider list.
     virtual void MakeScheduleLink() = 0;
-    /// Shows the day view; CurrentView is 1 already.
+    /// Shows the day view; CurrentView is View::Day already.
     virtual void ShowDayView() = 0;
-    /// Called with 5 when the companion schedule opens first.
-    virtual void changeview(int index) = 0;
+    /// Called when the companion schedule opens first.
+    virtual void changeview(View view) = 0;
 };
 
 struct StartUpOptions {

@@ -7,6 +7,7 @@
 #include "platform/database/readtogether.h"
 #include "platform/text/plaintext.h"
 #include "session/hiddennames.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent)
@@ -212,23 +213,19 @@ void CalendarView::ApplyPreferences() {
 }
 
 void CalendarView::setmenuaccess() {
-    const SessionValues& session = Session();
-    if (session.ScreenAccess == 1) {
-        for (const char* name : {"mnuANew", "mnuAEdit", "mnuADelete", "mnuAsep1", "mnuToDo"})
+    if (!MayWrite()) {
+        for (const char* name : {"mnuANew", "mnuAEdit", "mnuAsep1", "mnuToDo", "mnuCheckediN", "mnuAKept", "mnuAMissed",
+                                 "mnuAPCancel", "mnuATCancel"})
             menus_.Allow(QLatin1String(name), false);
         for (const char* name : {"mnuARepeat", "mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFAtypes", "mnuFAvail",
                                  "mnuVActivity", "mnuFHolidays"})
             menus_.Show(QLatin1String(name), false);
     }
-    if (session.ScreenAccess == 2) {
+    if (!MayDelete()) {
         for (const char* name : {"mnuADelete", "mnuTDelete"})
             menus_.Allow(QLatin1String(name), false);
     }
-    if (session.ScreenAccess < 2) {
-        for (const char* name : {"mnuADelete", "mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"})
-            menus_.Allow(QLatin1String(name), false);
-    }
-    if (!session.AllProviders) {
+    if (!Session().AllProviders) {
         for (const char* name : {"mnuFSelect", "mnuFsep1", "mnuVAll", "mnuASearchA"})
             menus_.Allow(QLatin1String(name), false);
     }

@@ -8,9 +8,9 @@
 #include "platform/calendar/ctmday.h"
 #include "platform/database/recordset.h"
 #include "session/openview.h"
+#include "shell/menuview.h"
+#include "shell/schedulesheet.h"
 #include "views/appointmentitem.h"
-#include "views/menuview.h"
-#include "views/schedulesheet.h"
 
 class EditorDialog;
 

@@ -13,6 +13,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "views/calendarview.h"
@@ -36,10 +37,6 @@ constexpr NewCommand newCommands[] = {
 
 // As the submenu mnuANew holds them.
 constexpr const char* popupCommands[] = {"mnuANPat", "mnuASGroup", "mnuANEvent", "mnuASType", "mnuANAvail"};
-
-bool mayWrite() {
-    return Session().ScreenAccess >= 2;
-}
 
 int kindOf(const CalendarItem& item, int apptType) {
     if (apptType == ApptTypeSlot)
@@ -79,7 +76,7 @@ void CalendarView::suitEditing(int index) {
 }
 
 void CalendarView::popupOnEmptyTime(int index, const QPoint& place) {
-    if (index < 1 && mayWrite())
+    if (index < 1 && MayWrite())
         newPopup_->popup(place);
 }
 
@@ -88,7 +85,7 @@ void CalendarView::AddAppointment() {
 }
 
 bool CalendarView::CanAdd() const {
-    return mayWrite();
+    return MayWrite();
 }
 
 void CalendarView::newappt(int kind) {
@@ -101,7 +98,7 @@ void CalendarView::newGroup() {
 
 template <class Editor>
 void CalendarView::addBy(int kind) {
-    if (!mayWrite())
+    if (!MayWrite())
         return;
     ctMDay1->CommitEdit();
     Session().ApptKind = kind;
@@ -120,7 +117,7 @@ void CalendarView::addBy(int kind) {
 }
 
 void CalendarView::newActivity() {
-    if (!mayWrite())
+    if (!MayWrite())
         return;
     ctMDay1->CommitEdit();
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
@@ -148,7 +145,7 @@ void CalendarView::selectAddedTo(const QSet<QString>& before) {
 
 void CalendarView::editCommand() {
     ctMDay1->CommitEdit();
-    if (mayWrite())
+    if (MayWrite())
         editappt2(ctMDay1->SelectedItem());
 }
 

@@ -12,6 +12,7 @@
 #include "platform/desktop/localefacts.h"
 #include "session/audit.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "views/calendarview.h"
@@ -129,8 +130,8 @@ void CalendarView::bindInPlaceWork() {
 
 void CalendarView::lockItem(int index) {
     CalendarItem& item = ctMDay1->Item(index);
-    const bool whole = Session().ScreenAccess < 2 || facts_.value(item.ItemKey).apptType == ApptTypeSlot ||
-                       item.ItemColor == ncolor::Holiday;
+    const bool whole =
+        !MayWrite() || facts_.value(item.ItemKey).apptType == ApptTypeSlot || item.ItemColor == ncolor::Holiday;
     item.ItemTextLocked = whole || IsPatientRow(item.ItemColor) || item.ItemColor == ncolor::Group;
     item.ItemMoveLocked = whole;
 }

@@ -4,6 +4,7 @@
 #include <QMenu>
 
 #include "data/codes.h"
+#include "session/rights.h"
 #include "session/session.h"
 #include "views/calendarview.h"
 
@@ -45,7 +46,7 @@ constexpr const char* notForItems[] = {"mnuANew", "mnuAsep1", "mnuAFind", "mnuAS
 // The popup is the Appointments menu with the slip of the File menu. What it changes of the commands holds while it is
 // open; the menu bar has them back before the chosen one runs.
 void CalendarView::popupOnItem(int index, const QPoint& place) {
-    if (index < 1 || Session().ScreenAccess < 2)
+    if (index < 1 || !MayWrite())
         return;
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
     const PopupOffer& offer = offerFor(item.ItemColor, facts_.value(item.ItemKey).apptType);

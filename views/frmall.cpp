@@ -20,8 +20,8 @@
 #include "platform/desktop/localefacts.h"
 #include "session/preferences.h"
 #include "session/session.h"
+#include "shell/menutables.h"
 #include "views/appointmentitem.h"
-#include "views/menutables.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -62,7 +62,7 @@ QString columnsStatement() {
 frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvidersMenus(), parent) {
     setObjectName(QStringLiteral("frmall"));
     layOut();
-    showOpenView(QStringLiteral("mnuVAll"), 4);
+    showOpenView(QStringLiteral("mnuVAll"), View::AllProviders);
     const ReadTogether together(Session().Connection, dayStatements() << providersStatement() << columnsStatement());
     showColumns();
     LoadProviders();
@@ -341,7 +341,7 @@ void frmall::goToProvider() {
     // This view goes with the change to another.
     MainWindow& window = main();
     if (chosen->id == Session().ProviderId) {
-        window.changeview(0);
+        window.changeview(View::Day);
         return;
     }
     bool known = false;
@@ -356,6 +356,6 @@ void frmall::goToProvider() {
     }
     Session().ProviderId = chosen->id;
     Session().ProviderName = chosen->name;
-    window.changeview(0);
+    window.changeview(View::Day);
     window.ProviderChosen();
 }

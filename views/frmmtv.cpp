@@ -16,10 +16,11 @@
 #include "platform/text/plaintext.h"
 #include "search/frmfinda.h"
 #include "session/hiddennames.h"
+#include "session/rights.h"
 #include "session/runeditor.h"
 #include "session/session.h"
+#include "shell/menutables.h"
 #include "views/appointmentitem.h"
-#include "views/menutables.h"
 
 using db::Recordset;
 using db::Sql;
@@ -68,7 +69,7 @@ frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(),
 }
 
 void frmmtv::bindMonthCommands() {
-    showOpenView(QStringLiteral("mnuVMonth"), 3);
+    showOpenView(QStringLiteral("mnuVMonth"), View::Month);
     menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
     menus().Bind(QStringLiteral("mnuVActivity"), [this] {
         Session().ActivityKey = 0;
@@ -90,7 +91,7 @@ void frmmtv::bindCalendar() {
 
 void frmmtv::setmenuaccess() {
     const SessionValues& session = Session();
-    showAny({"mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFsep2", "mnuVActivity"}, session.ScreenAccess >= 2);
+    showAny({"mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFsep2", "mnuVActivity"}, MayWrite());
     showAny({"mnuFSelect", "mnuFsep1", "mnuVAll"}, session.AllProviders);
 }
 
@@ -162,7 +163,7 @@ void frmmtv::goTo(QDate day) {
 
 void frmmtv::openDay(QDate day) {
     main().SetDate(day);
-    main().changeview(0);
+    main().changeview(View::Day);
 }
 
 void frmmtv::FindAppointment() {

@@ -11,7 +11,7 @@
 #include "platform/desktop/localefacts.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
-#include "views/menutables.h"
+#include "shell/menutables.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -38,7 +38,7 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     setObjectName(QStringLiteral("frmsched"));
     layOut();
     bindTaskCommands();
-    showOpenView(QStringLiteral("mnuVDay"), 1);
+    showOpenView(QStringLiteral("mnuVDay"), View::Day);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
     FollowHiddenNames(ctListInfo);
     FollowHiddenNames(this, [this](bool) { showNote(note_); });

@@ -12,6 +12,7 @@
 #include "platform/printing/vsprinter.h"
 #include "platform/text/plaintext.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 #include "views/frmsched.h"
 
@@ -57,7 +58,6 @@ std::vector<Task> readTasks(const QString& statement) {
     return read;
 }
 
-constexpr int WriteAccess = 2;
 constexpr int NewTask = -1;
 
 }  // namespace
@@ -71,8 +71,8 @@ void frmsched::bindTaskCommands() {
     });
     menus().Bind(QStringLiteral("mnuTDelete"), [this] { deleteTask(); });
     menus().Bind(QStringLiteral("mnuTPrint"), [this] { printTasks(); });
-    ctList1->SetChecksEnabled(Session().ScreenAccess >= WriteAccess);
-    if (Session().ScreenAccess < WriteAccess)
+    ctList1->SetChecksEnabled(MayWrite());
+    if (!MayWrite())
         return;
     connect(ctList1, &ctList::RowActivated, this, [this, selected] { openTask(selected()); });
     connect(ctList1, &ctList::CheckChanged, this, [this](int row, int, bool done) { tickTask(row, done); });

@@ -13,8 +13,8 @@
 #include "platform/desktop/localefacts.h"
 #include "session/preferences.h"
 #include "session/session.h"
+#include "shell/menutables.h"
 #include "views/appointmentitem.h"
-#include "views/menutables.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -56,7 +56,7 @@ frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekM
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(ctMDay1);
     setFocusProxy(ctMDay1);
-    showOpenView(QStringLiteral("mnuVWeek"), 2);
+    showOpenView(QStringLiteral("mnuVWeek"), View::Week);
     const ReadTogether together(Session().Connection, weekStatements(mondayOf(this->main().Date()))
                                                           << columnsStatement());
     showDays();

@@ -11,13 +11,13 @@
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/ctlist.h"
 #include "platform/printing/printpreview.h"
+#include "rooms/frmfroom.h"
+#include "rooms/frmrooms.h"
+#include "rooms/frmroomview.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
-#include "views/frmfroom.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmweekv.h"
-#include "views/rooms/frmroomview.h"
 
 namespace {
 

@@ -7,8 +7,11 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 namespace {
 
@@ -382,4 +385,16 @@ TEST_F(ListTest, AHundredThousandRowsAreAllThereAndTheLastCanBeReached) {
     list.SelectRow(Many - 1);
     EXPECT_EQ(list.FindItemData(Many - 1), Many - 1);
     EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.model()->index(Many - 1, 1))));
+}
+
+TEST_F(ListTest, WhatDoesNotFitIsTippedAsItStandsItsMarkupToo) {
+    list.AddRow({QStringLiteral("0"), QStringLiteral("Call"),
+                 QStringLiteral("<b>Urgent</b> <img src='/etc/hosts'> and more than fits")});
+    show();
+    const QPoint place = centreOf(0, Priority);
+    QHelpEvent help(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list.viewport(), &help);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(),
+              "<b>Urgent</b> <img src='/etc/hosts'> and more than fits");
+    QToolTip::hideText();
 }

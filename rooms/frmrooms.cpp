@@ -1,0 +1,291 @@
+#include "rooms/frmrooms.h"
+
+#include <algorithm>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "platform/calendar/ctmday.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/database/readtogether.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
+#include "platform/desktop/userstore.h"
+#include "platform/text/plaintext.h"
+#include "platform/theme/icon.h"
+#include "platform/theme/theme.h"
+#include "rooms/slotnames.h"
+#include "session/hiddennames.h"
+#include "session/rights.h"
+#include "session/session.h"
+#include "shell/menutables.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+constexpr int MeetingColor = 0xC0C000;
+constexpr int BoundColor = 255;  // red
+constexpr int DefaultInterval = 30;
+constexpr int HintCharacters = 20;  ///< The least that a line of the hint holds.
+const QString LastRoom = QStringLiteral("frmrooms.room");
+
+/// What the user may do here. It has room for the longest of its texts at all times: where another text came while the
+/// user double-clicks, the second click would fall on another time of a grid that has moved.
+class Hint : public QLabel {
+  public:
+    Hint(QStringList texts, QWidget* parent) : QLabel(parent), texts_(std::move(texts)) {
+        setWordWrap(true);
+        setTextFormat(Qt::PlainText);
+    }
+    [[nodiscard]] int heightForWidth(int width) const override {
+        int height = 0;
+        for (const QString& text : texts_)
+            height = std::max(height, fontMetrics().boundingRect(0, 0, width, 0, Qt::TextWordWrap, text).height());
+        return height;
+    }
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return {fontMetrics().averageCharWidth() * HintCharacters, fontMetrics().height()};
+    }
+
+  private:
+    QStringList texts_;
+};
+
+QString roomsStatement() {
+    return QStringLiteral("Select * from Rooms");
+}
+
+QString bookingsStatement(QDate date, int room) {
+    return Sql("Select * from roomschedule where nApptDate = '{}' AND croomid = {}", date, room);
+}
+
+}  // namespace
+
+frmrooms::frmrooms(MainWindow& main, QWidget* parent) : MenuView(main, RoomMenus(), parent), date_(main.Date()) {
+    setObjectName(QStringLiteral("frmrooms"));
+    setWindowTitle(QStringLiteral("Select Time and Type Meeting or Activity"));
+    layOut();
+    bindRoomCommands();
+    bindGrid();
+    setmenuaccess();
+    setGrid();
+    txtdate->setDate(date_);
+    FollowHiddenNames(this, [this](bool hidden) { hideNames(hidden); });
+    loadroomslist();
+    connect(cborooms, &QComboBox::currentIndexChanged, this, &frmrooms::followRoom);
+    connect(txtdate, &ctDEdit::Change, this, [this] {
+        // While a date is being typed it is not read as what its first letters mean.
+        if (txtdate->Text() == DateFieldText(txtdate->Date(), static_cast<DateOrder>(Session().DateOrder)))
+            setDate(txtdate->Date());
+    });
+    connect(txtdate, &ctDEdit::editingFinished, this, [this] { setDate(txtdate->Date()); });
+}
+
+// The focus leaves its field when the view goes, which must still find the whole view.
+frmrooms::~frmrooms() {
+    hide();
+}
+
+QPushButton* frmrooms::stepButton(const char* name, const QString& tip, const char* icon, int step) {
+    auto* button = new QPushButton(Icon(icon), QString(), this);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, step] { cycledate(step); });
+    return button;
+}
+
+void frmrooms::layOut() {
+    cborooms = new QComboBox(this);
+    cborooms->setObjectName(QStringLiteral("cborooms"));
+    cborooms->setMinimumContentsLength(6);
+    cborooms->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    cborooms->setMaxVisibleItems(20);
+    txtdate = new ctDEdit(ctDEdit::Kind::Date, this);
+    txtdate->setObjectName(QStringLiteral("txtdate"));
+    txtdate->setDateOrder(Session().DateOrder);
+    ctDays1 = new ctMDay(this);
+    ctDays1->setObjectName(QStringLiteral("ctDays1"));
+    ctDays1->setAccessibleName(tr("Room"));
+    lblhint_ = new Hint({windowTitle(), noRoomHint(), unreadHint(), boundHint(), bookedElsewhereHint(date_)}, this);
+    lblhint_->setObjectName(QStringLiteral("lblhint"));
+    const auto labelled = [this](const QString& text, QWidget* field) {
+        auto* label = new QLabel(text, this);
+        label->setBuddy(field);
+        return label;
+    };
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(Space(8), Space(4), Space(8), Space(4));
+    bar->setSpacing(Space(8));
+    bar->addWidget(labelled(tr("Roo&m:"), cborooms));
+    bar->addWidget(cborooms, 1);
+    bar->addWidget(labelled(tr("Da&te:"), txtdate));
+    bar->addWidget(txtdate);
+    bar->addWidget(stepButton("cmdprevious", tr("Previous Day"), "previous", 0));
+    bar->addWidget(stepButton("cmdnext", tr("Next Day"), "next", 1));
+    // Below, since a small screen has no room for it in the line.
+    auto* below = new QHBoxLayout;
+    below->setContentsMargins(Space(8), 0, Space(8), Space(4));
+    below->addWidget(lblhint_);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    whole->addLayout(bar);
+    whole->addLayout(below);
+    whole->addWidget(ctDays1, 1);
+    setFocusProxy(ctDays1);
+}
+
+void frmrooms::setGrid() {
+    const SessionValues& session = Session();
+    const int unit = session.TimeUnit;
+    ctDays1->setTimeInterval(unit == 15 || unit == 60 ? unit : DefaultInterval);
+    ctDays1->setTwentyFourHour(session.MilitaryTime);
+    ctDays1->setReadOnly(!MayWrite());
+}
+
+void frmrooms::ApplyPreferences() {
+    setGrid();
+    Reload();
+}
+
+int frmrooms::roomId() const {
+    return cborooms->currentData().toInt();
+}
+
+void frmrooms::loadroomslist() {
+    const QSignalBlocker quiet(cborooms);
+    const int chosen = cborooms->count() > 0 ? roomId() : ReadUserSetting(LastRoom).toInt();
+    cborooms->clear();
+    // Most likely the chosen room is still on the list.
+    const db::ReadTogether together(Session().Connection, {roomsStatement(), bookingsStatement(date_, chosen)});
+    const auto addRooms = [this] {
+        for (Recordset rows(roomsStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
+            cborooms->addItem(rows["Room"].text(), static_cast<int>(rows["RoomID"].integer()));
+    };
+    roomsRead_ = readInto(*ctDays1, QStringLiteral("Error loading room list. "), addRooms);
+    if (const int index = cborooms->findData(chosen); index >= 0)
+        cborooms->setCurrentIndex(index);
+    LoadRooms();
+}
+
+void frmrooms::Reload() {
+    if (roomsRead_)
+        LoadRooms();
+    else
+        loadroomslist();
+}
+
+void frmrooms::listsChanged() {
+    loadroomslist();
+}
+
+void frmrooms::followRoom() {
+    WriteUserSetting(LastRoom, QString::number(roomId()));
+    LoadRooms();
+}
+
+void frmrooms::LoadRooms() {
+    const bool hasRoom = cborooms->currentIndex() >= 0;
+    const bool same = date_ == loadedDate_ && roomId() == loadedRoom_;
+    const int keptTop = ctDays1->TopTime();
+    // What is being typed is stored before its item goes.
+    ctDays1->CommitEdit();
+    const RoomMeeting* selected = meetingAt(ctDays1->SelectedItem());
+    const int keptKey = same && selected != nullptr ? selected->key : 0;
+    loadedDate_ = date_;
+    loadedRoom_ = roomId();
+
+    ctDays1->setDate(date_);
+    ctDays1->ClearItems();
+    rows_.clear();
+    ctDays1->setPrimeStart(Session().DayStartHour * 60);
+    ctDays1->setFirstTime(Session().DayStartHour * 60);
+    ctDays1->setPrimeEnd(Session().DayEndHour * 60);
+    ctDays1->setLastTime(Session().DayEndHour * 60 - 1);
+    ctDays1->setEnabled(hasRoom);
+    if (hasRoom)
+        bookingsRead_ = readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] {
+            addMeetings();
+            hideNames(Session().HidePatientNames);
+        });
+    ctDays1->setTopTime(same ? std::max(keptTop, ctDays1->FirstTime()) : ctDays1->FirstTime());
+    if (const int index = ctDays1->IndexOfKey(QString::number(keptKey)); keptKey > 0 && index > 0)
+        ctDays1->setSelectedItem(index);
+    followSelection();
+    main().ShowDateText(LongDateText(date_));
+}
+
+void frmrooms::addMeetings() {
+    Recordset rows(bookingsStatement(date_, roomId()), Session().Connection);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const RoomMeeting meeting = MeetingOf(rows);
+        // A meeting before the day's first hour is in the way too.
+        if (meeting.start >= 0 && !rows["nStartTime"].value().isNull() && meeting.start < ctDays1->FirstTime())
+            ctDays1->setFirstTime(meeting.start);
+        const QString key = QString::number(meeting.key);
+        showMeeting(ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, key), meeting);
+    }
+    hideNames(Session().HidePatientNames);
+}
+
+void frmrooms::showMeeting(int index, const RoomMeeting& meeting) {
+    CalendarItem& item = ctDays1->Item(index);
+    rows_[item.ItemKey] = meeting;
+    item.ItemStart = meeting.start;
+    item.ItemEnd = meeting.end;
+    item.ItemText = OneLine(meeting.text);
+    item.ItemNote = meeting.note;
+    item.ItemTip = meeting.note;
+    item.ItemNoteIcon = !meeting.note.isEmpty();
+    item.ItemColor = meeting.bound ? BoundColor : MeetingColor;
+    item.ItemBound = meeting.bound;
+    item.ItemTextLocked = item.ItemMoveLocked = meeting.bound;
+    if (meeting.bound)
+        item.ItemStatusText = tr("Belongs to an appointment or activity");
+}
+
+void frmrooms::hideNames(bool hidden) {
+    std::vector<qint64> owners;
+    for (int index = 1; index <= ctDays1->ItemCount(); ++index)
+        owners.push_back(rows_.value(std::as_const(*ctDays1).Item(index).ItemKey).owner);
+    HideSlotNames(*ctDays1, owners, hidden);
+}
+
+const RoomMeeting* frmrooms::meetingAt(int item) const {
+    const auto found = rows_.constFind(std::as_const(*ctDays1).Item(item).ItemKey);
+    return item < 1 || found == rows_.constEnd() ? nullptr : &*found;
+}
+
+void frmrooms::setDate(QDate date) {
+    if (!date.isValid() || date == date_)
+        return;
+    date_ = date;
+    LoadRooms();
+}
+
+void frmrooms::ShowDate(QDate date) {
+    if (date == date_)
+        LoadRooms();
+    txtdate->setDate(date);
+    setDate(date);
+}
+
+void frmrooms::cycledate(int step) {
+    ShowDate(step == 2 ? Today() : date_.addDays(step == 0 ? -1 : 1));
+}
+
+bool frmrooms::StepOwnDate(int direction) {
+    cycledate(direction < 0 ? 0 : 1);
+    return true;
+}
+
+QDate frmrooms::Stepped(QDate from, int /*direction*/) const {
+    return from;
+}

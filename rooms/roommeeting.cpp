@@ -1,0 +1,80 @@
+#include "rooms/roommeeting.h"
+
+#include "platform/database/sql.h"
+#include "session/session.h"
+
+using db::Lock;
+using db::Recordset;
+using db::Sql;
+using db::Value;
+
+namespace {
+
+constexpr int LongestText = 100;
+constexpr int LongestNote = 200;
+
+// A character of two units is not cut in half.
+QString firstOf(const QString& text, int most) {
+    QString first = text.left(most);
+    if (!first.isEmpty() && first.size() < text.size() && first.back().isHighSurrogate())
+        first.chop(1);
+    return first;
+}
+
+struct SavedField {
+    const char* column;
+    Value (*of)(const RoomMeeting& meeting);
+};
+
+constexpr SavedField savedFields[] = {
+    {"nStartTime", [](const RoomMeeting& meeting) { return Value(meeting.start); }},
+    {"nEndTime", [](const RoomMeeting& meeting) { return Value(meeting.end); }},
+    {"nApptDate", [](const RoomMeeting& meeting) { return Value(meeting.date); }},
+    {"croomtext", [](const RoomMeeting& meeting) { return Value(firstOf(meeting.text, LongestText)); }},
+    {"croomid", [](const RoomMeeting& meeting) { return Value(meeting.room); }},
+    {"CroomNOTE", [](const RoomMeeting& meeting) { return Value(firstOf(meeting.note, LongestNote)); }},
+};
+
+}  // namespace
+
+RoomMeeting MeetingOf(const Recordset& row) {
+    const auto number = [&row](const char* column) { return static_cast<int>(row[column].integer()); };
+    return {number("nKeyId"),        number("nStartTime"),    number("nEndTime"),
+            row["nApptDate"].date(), row["croomtext"].text(), row["CroomNOTE"].text(),
+            number("croomid"),       number("apptid") > 0,    row["apptid"].integer()};
+}
+
+int AddMeeting(const RoomMeeting& meeting) {
+    Recordset row(QStringLiteral("Select * from roomschedule where 0=1"), Session().Connection, Lock::Optimistic);
+    row.AddNew();
+    row.Set("nStartTime", meeting.start);
+    row.Set("nEndTime", meeting.end);
+    row.Set("nApptDate", meeting.date);
+    row.Set("croomtext", firstOf(meeting.text, LongestText));
+    row.Set("croomid", meeting.room);
+    row.Update();
+    return static_cast<int>(row["nKeyId"].integer());
+}
+
+bool SaveMeeting(const RoomMeeting& before, const RoomMeeting& wanted) {
+    Recordset row(Sql("Select * from roomschedule Where nKeyId = {}", before.key), Session().Connection,
+                  Lock::Optimistic);
+    if (row.Eof())
+        return false;
+    const RoomMeeting now = MeetingOf(row);
+    for (const SavedField& field : savedFields) {
+        const Value value = field.of(wanted);
+        if (value == field.of(before))
+            continue;
+        if (field.of(now) != field.of(before) && field.of(now) != value)
+            throw db::RowChangedError();
+        row.Set(field.column, value);
+    }
+    row.Update();
+    return true;
+}
+
+std::optional<RoomMeeting> StoredMeeting(int key) {
+    const Recordset row(Sql("Select * from roomschedule Where nKeyId = {}", key), Session().Connection);
+    return row.Eof() ? std::nullopt : std::optional(MeetingOf(row));
+}

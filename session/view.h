@@ -1,0 +1,13 @@
+#pragma once
+
+/// The views of the main window. The numbers are those of the command line, of Ctrl+1 to Ctrl+6 and of the order in the
+/// task pane.
+enum class View {
+    None = 0,  ///< Before the first view is open.
+    Day = 1,
+    Week = 2,
+    Month = 3,
+    AllProviders = 4,
+    Rooms = 5,
+    Companion = 6
+};
