@@ -133,7 +133,7 @@ QSize ctList::sizeHint() const {
 }
 
 void ctList::keyPressEvent(QKeyEvent* event) {
-    // The first row has the focus in a list that was only just entered, but is not selected yet.
+    // In a list that was only just entered, the first row has the focus but is not selected yet.
     const bool worksOnRow = event->key() == Qt::Key_Space || event->key() == Qt::Key_Home;
     if (worksOnRow && SelectedRow() < 0 && currentIndex().isValid())
         SelectRow(currentIndex().row());
@@ -193,7 +193,7 @@ void ctList::changeEvent(QEvent* event) {
         layOutColumns();
 }
 
-// Without headings the user cannot size the columns.
+// Without headings the user cannot change the widths, so they follow the list's size.
 void ctList::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
     if (isHeaderHidden())

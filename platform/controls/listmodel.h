@@ -6,22 +6,22 @@
 
 /// One column of a ctList.
 struct ListColumn {
-    /// A colour's cell holds its name as QColor reads it ("#ff8000") and shows a swatch.
+    /// The cell of a Color column holds a colour as QColor reads it ("#ff8000") and shows a swatch.
     enum class Kind { Text, Check, Color };
 
     QString header;
     Kind kind = Kind::Text;
-    /// Width to begin with, in average characters; 0 shares what the others leave. Without headings, at most half the
-    /// list.
+    /// The initial width in average characters. With 0 the column shares the width that the others leave. In a list
+    /// without headings it is at most half the list.
     int widthCharacters = 0;
     Qt::Alignment alignment = Qt::AlignLeft;
 };
 
-/// What stands where a hidden name, or what would betray it, is listed.
+/// The text that is shown in place of a hidden name or a private cell.
 [[nodiscard]] QString HiddenNameText();
 
-/// The rows behind a ctList. Rows count from 0, columns from 1 as the forms name them; column 0 exists only in the
-/// QModelIndex interface.
+/// The rows behind a ctList. Rows count from 0. Columns count from 1, as the forms name them; columns from 0 exist only
+/// in the QModelIndex interface.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -58,10 +58,9 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] QString itemText(int row) const;
     [[nodiscard]] bool noteMark(int row) const;
     [[nodiscard]] bool checksEnabled() const { return checksEnabled_; }
-    /// The first row whose item data equals `data`, -1 where none does.
+    /// Returns the first row whose item data equals `data`, or -1.
     [[nodiscard]] int findItemData(const QVariant& data) const;
-    /// The next row after `after`, wrapping at the end, whose cell starts with `prefix` in any case; -1 where none
-    /// does.
+    /// Returns the next row after `after`, wrapping at the end, whose cell starts with `prefix` in any case, or -1.
     [[nodiscard]] int findPrefix(const QString& prefix, int column, int after) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -77,8 +76,8 @@ class ListModel : public QAbstractTableModel {
         QStringList cells;
         QString itemText;
         QVariant itemData;
-        quint32 checks = 0;  ///< Bit n for column n + 1.
-        quint32 names = 0;   ///< The same.
+        quint32 checks = 0;  ///< Bit n belongs to column n + 1.
+        quint32 names = 0;   ///< The cells marked by nameCell, in the same bits.
         bool noteMark = false;
     };
 
