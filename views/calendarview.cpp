@@ -28,14 +28,14 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
 }
 
 void CalendarView::bindCommands() {
-    menus_.Bind(QStringLiteral("mnuFPrintS"), [this] { printS(); });
+    menus_.Bind(menu::mnuFPrintS, [this] { printS(); });
     // The word for a patient follows the practice.
-    QAction& newPatient = menus_.Command(QStringLiteral("mnuANPat"));
+    QAction& newPatient = menus_.Command(menu::mnuANPat);
     newPatient.setText(newPatient.text().replace(QLatin1String("Patient"), CaptionText(Session().WordUsage)));
-    menus_.Allow(QStringLiteral("mnuFExport"), false);
-    menus_.Allow(QStringLiteral("mnuFsep4"), false);
-    menus_.Allow(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
-    menus_.Allow(QStringLiteral("mnuVAll"), Session().AllProviders);
+    menus_.Allow(menu::mnuFExport, false);
+    menus_.Allow(menu::mnuFsep4, false);
+    menus_.Allow(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
+    menus_.Allow(menu::mnuVAll, Session().AllProviders);
     connect(ctMDay1, &ctMDay::DayStepRequested, this,
             [this](int direction) { main_.cycledate(direction < 0 ? 0 : 1); });
 }
@@ -214,19 +214,19 @@ void CalendarView::ApplyPreferences() {
 
 void CalendarView::setmenuaccess() {
     if (!MayWrite()) {
-        for (const char* name : {"mnuANew", "mnuAEdit", "mnuAsep1", "mnuToDo", "mnuCheckediN", "mnuAKept", "mnuAMissed",
-                                 "mnuAPCancel", "mnuATCancel"})
-            menus_.Allow(QLatin1String(name), false);
-        for (const char* name : {"mnuARepeat", "mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFAtypes", "mnuFAvail",
-                                 "mnuVActivity", "mnuFHolidays"})
-            menus_.Show(QLatin1String(name), false);
+        for (const MenuName name : {menu::mnuANew, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
+                                    menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel})
+            menus_.Allow(name, false);
+        for (const MenuName name : {menu::mnuARepeat, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList,
+                                    menu::mnuFAtypes, menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
+            menus_.Show(name, false);
     }
     if (!MayDelete()) {
-        for (const char* name : {"mnuADelete", "mnuTDelete"})
-            menus_.Allow(QLatin1String(name), false);
+        for (const MenuName name : {menu::mnuADelete, menu::mnuTDelete})
+            menus_.Allow(name, false);
     }
     if (!Session().AllProviders) {
-        for (const char* name : {"mnuFSelect", "mnuFsep1", "mnuVAll", "mnuASearchA"})
-            menus_.Allow(QLatin1String(name), false);
+        for (const MenuName name : {menu::mnuFSelect, menu::mnuFsep1, menu::mnuVAll, menu::mnuASearchA})
+            menus_.Allow(name, false);
     }
 }

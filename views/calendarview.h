@@ -184,11 +184,11 @@ class CalendarView : public MenuView, public OpenView {
     void suitCommands(int index);
     [[nodiscard]] bool hasStatus(int index) const;
     [[nodiscard]] int itemForStatus();
-    void changeStatus(QLatin1String command, int code);
+    void changeStatus(MenuName command, int code);
     void checkIn();
     void keepAppointment();
-    void saveStatus(int index, QLatin1String command, int code);
-    void tickStatus(QLatin1String command);
+    void saveStatus(int index, MenuName command, int code);
+    void tickStatus(MenuName command);
     void showStatus(int index, int code);
 
     // calendarview_popup.cpp

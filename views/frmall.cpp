@@ -62,7 +62,7 @@ QString columnsStatement() {
 frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvidersMenus(), parent) {
     setObjectName(QStringLiteral("frmall"));
     layOut();
-    showOpenView(QStringLiteral("mnuVAll"), View::AllProviders);
+    showOpenView(menu::mnuVAll, View::AllProviders);
     const ReadTogether together(Session().Connection, dayStatements() << providersStatement() << columnsStatement());
     showColumns();
     LoadProviders();
@@ -72,10 +72,10 @@ frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvid
 }
 
 void frmall::connectPanel() {
-    QAction& display = menus().Command(QStringLiteral("mnuVDisplay"));
+    QAction& display = menus().Command(menu::mnuVDisplay);
     display.setCheckable(true);
     display.setChecked(true);
-    menus().Bind(QStringLiteral("mnuVDisplay"), [this, &display] { panel_->setVisible(display.isChecked()); });
+    menus().Bind(menu::mnuVDisplay, [this, &display] { panel_->setVisible(display.isChecked()); });
     connect(cbodisc, &QComboBox::activated, this, &frmall::filter);
     connect(ctList1, &ctList::CheckChanged, this, &frmall::checkProvider);
     connect(cboprovs, &QComboBox::activated, this, [this](int index) { chooseColumn(index + 1); });

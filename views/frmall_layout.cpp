@@ -55,7 +55,7 @@ void frmall::resizeEvent(QResizeEvent* event) {
     CalendarView::resizeEvent(event);
     if (!std::exchange(sized_, true) && width() < fontMetrics().averageCharWidth() * PanelCharacters * 3) {
         panel_->hide();
-        menus().Command(QStringLiteral("mnuVDisplay")).setChecked(false);
+        menus().Command(menu::mnuVDisplay).setChecked(false);
     }
 }
 

@@ -38,7 +38,7 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     setObjectName(QStringLiteral("frmsched"));
     layOut();
     bindTaskCommands();
-    showOpenView(QStringLiteral("mnuVDay"), View::Day);
+    showOpenView(menu::mnuVDay, View::Day);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
     FollowHiddenNames(ctListInfo);
     FollowHiddenNames(this, [this](bool) { showNote(note_); });

@@ -66,7 +66,6 @@ class frmsched : public CalendarView {
     void addRoom(const QString& key);
     void addContacts(const CalendarItem& item, const RowFacts& facts);
     void getgroumembers(const QString& key);
-    [[nodiscard]] QString patientField(const QString& patientId, const char* field, QString* otherPhoneType) const;
 
     QSplitter* SSSplitter1 = nullptr;
     QSplitter* sidePanes_ = nullptr;

@@ -1,10 +1,11 @@
 #include <QPlainTextEdit>
 
+#include "appointments/patientcontacts.h"
 #include "data/codes.h"
 #include "data/courtesycalls.h"
 #include "data/minutetime.h"
-#include "data/phone.h"
 #include "data/pipefields.h"
+#include "data/statuses.h"
 #include "platform/controls/ctlist.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -14,7 +15,6 @@
 #include "views/frmsched.h"
 
 using db::Ignoring;
-using db::Raw;
 using db::Recordset;
 using db::Sql;
 
@@ -22,27 +22,6 @@ namespace {
 
 constexpr int longestWord = 2000;
 constexpr int ValueColumn = 2;
-
-// The panel's word for a status; both cancellations read alike here.
-QString panelStatus(int code) {
-    switch (code) {
-        case ncolor::Pending:
-            return QStringLiteral("Pending");
-        case ncolor::Tentative:
-            return QStringLiteral("Tentative");
-        case ncolor::Missed:
-            return QStringLiteral("Missed");
-        case ncolor::PatientCancelled:
-        case ncolor::TherapistCancelled:
-            return QStringLiteral("Cancelled");
-        case ncolor::Kept:
-            return QStringLiteral("Kept");
-        case ncolor::CheckedIn:
-            return QStringLiteral("Checked-In");
-        default:
-            return {};
-    }
-}
 
 // An appointment's text stands in the panel as one line of parts.
 QString withCommas(const QString& text) {
@@ -57,11 +36,6 @@ QString roomStatement(const QString& key) {
     return Sql(
         "Select * from roomschedule Inner Join rooms on roomschedule.croomid = rooms.roomid Where roomschedule.apptid = {}",
         key.toLongLong());
-}
-
-QString contactStatement(const QString& patientId, const char* field) {
-    return Sql("Select {} , Other_Phone_Type from Patient_info Where id = '{}'", Raw{QString::fromLatin1(field)},
-               patientId);
 }
 
 QString membersStatement(const QString& key) {
@@ -91,7 +65,7 @@ QStringList frmsched::detailStatements(const CalendarItem& item) const {
     QStringList statements{roomStatement(item.ItemKey)};
     if (hasContacts(item, facts.apptType)) {
         for (const char* field : {"telephone_h", "telephone_b", "Other_Phone", "EmailAddress", "PreferredContactMode"})
-            statements << contactStatement(GetPipeField(item.ItemNote, 3), field);
+            statements << DetailStatement(GetPipeField(item.ItemNote, 3), QLatin1String(field));
         statements << CallTextStatement(facts.callStatus);
     }
     if (item.ItemColor == ncolor::Group)
@@ -154,33 +128,23 @@ void frmsched::addRoom(const QString& key) {
 
 void frmsched::addContacts(const CalendarItem& item, const RowFacts& facts) {
     const QString patientId = GetPipeField(item.ItemNote, 3);
-    const QString phoneFormat = MaskToFormat(Session().PhoneMask);
     QString otherPhoneType;
-    addInfo(QStringLiteral("Home Phone"),
-            FormatPhone(patientField(patientId, "telephone_h", &otherPhoneType), phoneFormat));
-    addInfo(QStringLiteral("Work Phone"),
-            FormatPhone(patientField(patientId, "telephone_b", &otherPhoneType), WithExtension(phoneFormat)));
+    const auto detail = [&](const char* field) {
+        const ContactDetail read = PatientDetail(patientId, QLatin1String(field));
+        if (!read.otherPhoneType.isEmpty())
+            otherPhoneType = read.otherPhoneType;
+        return read.text;
+    };
+    addInfo(QStringLiteral("Home Phone"), detail("telephone_h"));
+    addInfo(QStringLiteral("Work Phone"), detail("telephone_b"));
     if (!otherPhoneType.isEmpty())
-        addInfo(otherPhoneType, FormatPhone(patientField(patientId, "Other_Phone", &otherPhoneType), phoneFormat));
-    addInfo(QStringLiteral("E-Mail"), patientField(patientId, "EmailAddress", &otherPhoneType));
-    addInfo(QStringLiteral("Preferred Contact Method"),
-            patientField(patientId, "PreferredContactMode", &otherPhoneType));
+        addInfo(otherPhoneType, detail("Other_Phone"));
+    addInfo(QStringLiteral("E-Mail"), detail("EmailAddress"));
+    addInfo(QStringLiteral("Preferred Contact Method"), detail("PreferredContactMode"));
     if (!facts.callStatus.isEmpty())
         addInfo(QStringLiteral("Courtesy Call Status"), GetCallStatusText(Session().Connection, facts.callStatus));
-    if (const QString status = panelStatus(item.ItemColor); !status.isEmpty())
-        addInfo(QStringLiteral("Status"), status);
-}
-
-QString frmsched::patientField(const QString& patientId, const char* field, QString* otherPhoneType) const {
-    QString value;
-    Ignoring([&] {
-        const Recordset patient(contactStatement(patientId, field), Session().Connection);
-        if (patient.Eof())
-            return;
-        value = patient[0].text();
-        *otherPhoneType = patient[1].text();
-    });
-    return value;
+    if (const char* status = StatusOf(item.ItemColor).inDetails; *status != '\0')
+        addInfo(QStringLiteral("Status"), QString::fromLatin1(status));
 }
 
 // The members stand under one label; attendance is told behind the name.

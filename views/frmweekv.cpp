@@ -56,7 +56,7 @@ frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekM
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(ctMDay1);
     setFocusProxy(ctMDay1);
-    showOpenView(QStringLiteral("mnuVWeek"), View::Week);
+    showOpenView(menu::mnuVWeek, View::Week);
     const ReadTogether together(Session().Connection, weekStatements(mondayOf(this->main().Date()))
                                                           << columnsStatement());
     showDays();
