@@ -22,6 +22,8 @@ struct RoomMeeting {
 };
 
 [[nodiscard]] RoomMeeting MeetingOf(const db::Recordset& row);
+/// The minute at which a row of `roomschedule` starts; -1 where it tells none.
+[[nodiscard]] int StartOf(const db::Recordset& row);
 /// Stores a new row and returns its key. Throws DatabaseError.
 int AddMeeting(const RoomMeeting& meeting);
 /// Stores what `wanted` changed of `before`, as it was read; what the user left alone keeps what the row holds. The

@@ -1,6 +1,7 @@
 #include "views/frmall.h"
 
 #include <algorithm>
+#include <numeric>
 #include <QAction>
 #include <QComboBox>
 #include <QHash>
@@ -21,7 +22,6 @@
 #include "session/preferences.h"
 #include "session/session.h"
 #include "shell/menutables.h"
-#include "views/appointmentitem.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -193,7 +193,10 @@ void frmall::loadmdayview() {
                             item.ItemColumn = *column;
                             return true;
                         });
-        loadHoliday(date);
+        std::vector<int> everyColumn(List1.size());
+        std::iota(everyColumn.begin(), everyColumn.end(), 1);
+        if (addHoliday(date, everyColumn))
+            ctMDay1->setDayBackColor(ncolor::Holiday);
     };
     if (providersRead_)
         readInto(*ctMDay1, QStringLiteral("Error loading schedule. "), addRows);
@@ -202,20 +205,6 @@ void frmall::loadmdayview() {
     const QString caption = LongDateText(date);
     main().ShowDateText(caption);
     main().ShowTitle(caption);
-}
-
-void frmall::loadHoliday(QDate date) {
-    const std::optional<QString> holiday = HolidayOn(Session().Connection, date);
-    if (!holiday)
-        return;
-    ctMDay1->setHolidayFlag(true);
-    ctMDay1->setDayHeaderColor(ncolor::Holiday);
-    ctMDay1->setDayBackColor(ncolor::Holiday);
-    for (int column = 1; column <= static_cast<int>(List1.size()); ++column) {
-        CalendarItem banner = HolidayBanner(*holiday, date);
-        banner.ItemColumn = column;
-        addItem(banner);
-    }
 }
 
 void frmall::LoadWorkSchedule(QDate date) {
@@ -229,9 +218,7 @@ void frmall::LoadWorkSchedule(QDate date) {
             hours.Find(Sql("providerid = '{}'", List1[i]));
             if (hours.Eof())
                 continue;
-            shadeAround(hours, [this, column = static_cast<int>(i) + 1](int from, int until) {
-                ctMDay1->AddTimeRange(from, until, NonWorkingColor, column);
-            });
+            board_->ShadeAround(hours, static_cast<int>(i) + 1);
         }
     });
 }

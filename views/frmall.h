@@ -67,7 +67,6 @@ class frmall : public CalendarView {
     void chooseColumn(int column);
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
     [[nodiscard]] QStringList dayStatements() const;
-    void loadHoliday(QDate date);
 
     std::vector<QString> List1;  ///< The provider's id of each column.
     QWidget* panel_ = nullptr;

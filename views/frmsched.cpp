@@ -76,7 +76,10 @@ void frmsched::LoadDayView() {
     beginLoad(date, Session().ProviderId);
     readInto(*ctMDay1, QStringLiteral("Error reading appointments. "),
              [&] { addAppointments(Recordset(appointmentsStatement(date), Session().Connection)); });
-    Ignoring([&] { loadHoliday(date); });
+    Ignoring([&] {
+        if (addHoliday(date))
+            ctMDay1->setDayBackColor(ncolor::Holiday);
+    });
     LoadWorkSchedule(date);
     endLoad();
     main().ShowDateText(LongDateText(date));
@@ -85,22 +88,12 @@ void frmsched::LoadDayView() {
         showFound(*found);
 }
 
-void frmsched::loadHoliday(QDate date) {
-    const std::optional<QString> holiday = HolidayOn(Session().Connection, date);
-    if (!holiday)
-        return;
-    ctMDay1->setHolidayFlag(true);
-    addItem(HolidayBanner(*holiday, date));
-    ctMDay1->setDayHeaderColor(ncolor::Holiday);
-    ctMDay1->setDayBackColor(ncolor::Holiday);
-}
-
 void frmsched::LoadWorkSchedule(QDate day) {
     ctMDay1->ClearTimeRanges();
     Ignoring([&] {
         const Recordset hours(hoursStatement(day), Session().Connection);
         if (!hours.Eof())
-            shadeAround(hours, [this](int from, int until) { ctMDay1->AddTimeRange(from, until, NonWorkingColor); });
+            board_->ShadeAround(hours);
     });
 }
 

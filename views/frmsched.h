@@ -48,7 +48,6 @@ class frmsched : public CalendarView {
 
     // frmsched.cpp
     [[nodiscard]] QStringList dayStatements() const;
-    void loadHoliday(QDate date);
 
     // frmsched_tasks.cpp
     void bindTaskCommands();
