@@ -9,7 +9,6 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
-#include "session/hiddennames.h"
 #include "session/session.h"
 #include "shell/menutables.h"
 
@@ -40,8 +39,6 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     bindTaskCommands();
     showOpenView(QStringLiteral("mnuVDay"), View::Day);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
-    FollowHiddenNames(ctListInfo);
-    FollowHiddenNames(this, [this](bool) { showNote(note_); });
     const ReadTogether together(Session().Connection, dayStatements() << tasksStatement());
     LoadDayView();
     LoadToDo();
