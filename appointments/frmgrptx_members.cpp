@@ -201,9 +201,9 @@ void frmgrptx::addMember(const Mark& mark, const QString& name, const QString& h
                          Boxes boxes) {
     if (ctList1->FindItemData(mark.patientId) >= 0)
         return;
-    const int row = ctList1->AddRow(JoinCells({QString::number(boxes.scheduled ? 1 : 0), name,
-                                               QString::number(boxes.kept ? 1 : 0), homePhone, workPhone}),
-                                    mark.patientId);
+    const int row = ctList1->AddRow(
+        {QString::number(boxes.scheduled ? 1 : 0), name, QString::number(boxes.kept ? 1 : 0), homePhone, workPhone},
+        mark.patientId);
     ctList1->SetItemText(row, QStringList{mark.patientId, CleanFieldText(mark.account), mark.homePhone}.join(u'|'));
 }
 

@@ -4,7 +4,6 @@
 #include <QStringList>
 
 #include "data/phone.h"
-#include "data/pipefields.h"
 #include "platform/database/sql.h"
 #include "platform/text/plaintext.h"
 #include "session/session.h"
@@ -13,11 +12,8 @@ using db::LikeText;
 using db::Recordset;
 using db::Sql;
 
-QString PatientFacts::ListRow() const {
-    QStringList cells;
-    for (const QString& cell : {name, account, homePhone, workPhone, cpt, otherPhone, email})
-        cells << CleanFieldText(cell);
-    return cells.join(u';');
+QStringList PatientFacts::ListRow() const {
+    return {name, account, homePhone, workPhone, cpt, otherPhone, email};
 }
 
 namespace {

@@ -8,7 +8,6 @@
 
 #include "data/codes.h"
 #include "data/minutetime.h"
-#include "data/pipefields.h"
 #include "followup/checkintime.h"
 #include "followup/frmarrivaltime.h"
 #include "platform/controls/ctlist.h"
@@ -164,12 +163,9 @@ void frmCheckedIn::readRows() {
         const QString appointment =
             ShortDateText(rows["dapptdate"].date()) + u' ' +
             MinutesToTimeText(static_cast<int>(rows["nstarttime"].integer()), Session().MilitaryTime);
-        const int row =
-            ctList1->AddRow(QStringList{CleanFieldText(rows["cappttext"].text()),
-                                        CleanFieldText(ShownCheckIn(rows["CheckInTime"].text())), appointment,
-                                        CleanFieldText(names.value(provider.toUpper(), provider))}
-                                .join(u';'),
-                            rows["nkeyid"].integer());
+        const int row = ctList1->AddRow({rows["cappttext"].text(), ShownCheckIn(rows["CheckInTime"].text()),
+                                         appointment, names.value(provider.toUpper(), provider)},
+                                        rows["nkeyid"].integer());
         ctList1->SetItemText(row, provider);
         ctList1->NameCell(row, PatientColumn);
     }

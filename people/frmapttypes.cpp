@@ -138,7 +138,7 @@ void frmapttypes::loadtypes() {
              !rows.Eof(); rows.MoveNext()) {
             const QString name = rows["aptcategory"].text();
             const int color = static_cast<int>(rows["aptcategorycolor"].integer());
-            const int row = fg->AddRow(JoinCells({ColorFromWindows(color).name(), name}),
+            const int row = fg->AddRow({ColorFromWindows(color).name(), name},
                                        QVariantList{rows["aptcategoryid"].integer(), color});
             fg->SetItemText(row, name);
         }

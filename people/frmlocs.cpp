@@ -162,8 +162,7 @@ void frmlocs::loadlist() {
     try {
         for (Recordset rows(QLatin1String(facts.load), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString name = rows[facts.name].text();
-            // The item text keeps the name as it is.
-            const int row = List1->AddRow(JoinCells({name}), rows[facts.key].integer());
+            const int row = List1->AddRow({name}, rows[facts.key].integer());
             List1->SetItemText(row, name);
         }
     } catch (const db::DatabaseError& error) {

@@ -112,7 +112,7 @@ void frmsltpv::loadProviders() {
             Session().Connection);
         for (; !providers.Eof(); providers.MoveNext()) {
             const QString id = providers["id"].text();
-            const int row = List1->AddRow(JoinCells({providers["prov_lastname"].text(), id}), id);
+            const int row = List1->AddRow({providers["prov_lastname"].text(), id}, id);
             List1->SetItemText(row, providers["prov_lastname"].text());
         }
         lblnobody->setVisible(List1->RowCount() == 0);

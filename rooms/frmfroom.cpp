@@ -5,7 +5,6 @@
 
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
-#include "data/pipefields.h"
 #include "platform/controls/datefield.h"
 #include "platform/database/error.h"
 #include "platform/database/sql.h"
@@ -35,14 +34,13 @@ QString frmfroom::statementFor(const QString& text) const {
                db::LikeText(text));
 }
 
-QString frmfroom::listLine(const Recordset& row) const {
+QStringList frmfroom::listLine(const Recordset& row) const {
     const auto time = [&row, military = Session().MilitaryTime](const char* column) {
         return MinutesToTimeText(static_cast<int>(row[column].integer()), military);
     };
-    return QStringList{CleanFieldText(row["croomtext"].text()),
-                       DateFieldText(row["napptdate"].date(), static_cast<DateOrder>(Session().DateOrder)),
-                       time("nstarttime"), time("nendtime"), CleanFieldText(row["room"].text())}
-        .join(u';');
+    return {row["croomtext"].text(),
+            DateFieldText(row["napptdate"].date(), static_cast<DateOrder>(Session().DateOrder)), time("nstarttime"),
+            time("nendtime"), row["room"].text()};
 }
 
 void frmfroom::nameHits(Recordset& rows) {

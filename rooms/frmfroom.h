@@ -25,7 +25,7 @@ class frmfroom : public FindDialog {
 
   protected:
     [[nodiscard]] QString statementFor(const QString& text) const override;
-    [[nodiscard]] QString listLine(const db::Recordset& row) const override;
+    [[nodiscard]] QStringList listLine(const db::Recordset& row) const override;
     void nameHits(db::Recordset& rows) override;
     void goTo(qint64 key) override;
 

@@ -63,17 +63,16 @@ QString frmfinda::statementFor(const QString& text) const {
                db::LikeText(text), provider);
 }
 
-QString frmfinda::listLine(const Recordset& row) const {
+QStringList frmfinda::listLine(const Recordset& row) const {
     const auto time = [&row, military = Session().MilitaryTime](const char* column) {
         return MinutesToTimeText(static_cast<int>(row[column].integer()), military);
     };
-    return QStringList{CleanFieldText(row["cappttext"].text()),
-                       DateFieldText(row["dapptdate"].date(), static_cast<DateOrder>(Session().DateOrder)),
-                       time("nstarttime"),
-                       time("nendtime"),
-                       CleanFieldText(row["clocation"].text()),
-                       statusWord(static_cast<int>(row["ncolor"].integer()))}
-        .join(u';');
+    return {CleanFieldText(row["cappttext"].text()),
+            DateFieldText(row["dapptdate"].date(), static_cast<DateOrder>(Session().DateOrder)),
+            time("nstarttime"),
+            time("nendtime"),
+            row["clocation"].text(),
+            statusWord(static_cast<int>(row["ncolor"].integer()))};
 }
 
 void frmfinda::nameHits(Recordset& rows) {

@@ -19,7 +19,7 @@ class frmfinda : public FindDialog {
 
   protected:
     [[nodiscard]] QString statementFor(const QString& text) const override;
-    [[nodiscard]] QString listLine(const db::Recordset& row) const override;
+    [[nodiscard]] QStringList listLine(const db::Recordset& row) const override;
     void nameHits(db::Recordset& rows) override;
     void goTo(qint64 key) override;
 

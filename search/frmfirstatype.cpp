@@ -250,10 +250,9 @@ void frmfirstatype::search(int length, const QString& provider) {
 
 void frmfirstatype::addResult(QDate date, int start, int length, const QString& attends) {
     const bool military = Session().MilitaryTime;
-    ctList1->AddRow(
-        JoinCells({QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")), MinutesToTimeText(start, military),
-                   MinutesToTimeText(start + length, military), attends}),
-        date);
+    ctList1->AddRow({QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")),
+                     MinutesToTimeText(start, military), MinutesToTimeText(start + length, military), attends},
+                    date);
 }
 
 void frmfirstatype::reject() {

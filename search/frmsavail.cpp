@@ -174,7 +174,7 @@ void frmsavail::listFree(const QStringList& busy) {
             continue;
         const QString name = rows["prov_lastname"].text();
         const int row = List1->AddRow(
-            JoinCells({name, id, AttendanceText(attendances, id, ctdate->Date(), ctstart->Time(), ctend->Time())}), id);
+            {name, id, AttendanceText(attendances, id, ctdate->Date(), ctstart->Time(), ctend->Time())}, id);
         List1->SetItemText(row, name);
     }
 }

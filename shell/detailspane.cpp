@@ -60,7 +60,7 @@ void DetailsPane::Clear() {
 }
 
 void DetailsPane::AddRow(const QString& label, const QString& value, About about) {
-    const int row = ctListInfo->AddRow(JoinCells({label, value}));
+    const int row = ctListInfo->AddRow({label, value});
     if (about == About::Patient)
         ctListInfo->NameCell(row, ValueColumn);
 }

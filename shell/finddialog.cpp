@@ -13,6 +13,7 @@
 #include "platform/controls/textfield.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "platform/printing/tabletext.h"
 #include "platform/printing/vsprinter.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
@@ -21,6 +22,16 @@
 #include "session/session.h"
 
 using db::Recordset;
+
+namespace {
+
+QString tableRow(QStringList cells) {
+    for (QString& cell : cells)
+        cell = CleanFieldText(cell);
+    return insertpipes(cells.join(u';')) + u';';
+}
+
+}  // namespace
 
 FindDialog::FindDialog(Texts texts, std::vector<ListColumn> columns, QWidget* parent)
     : QDialog(parent), texts_(std::move(texts)) {
@@ -149,11 +160,11 @@ void FindDialog::cmdprint_Click() {
     QString body;
     for (int row = 0; row < ctList1->RowCount(); ++row)
         if (!selectedOnly || ctList1->selectionModel()->isRowSelected(row))
-            body += insertpipes(ctList1->ShownRowText(row)) + u';';
+            body += tableRow(ctList1->ShownCells(row));
     VSPrinter vp;
     vp.SetTitle(GetPipeField(texts_.header, 2));
     vp.SetHeader(texts_.header);
     vp.SetFooter(QStringLiteral("||Page %d"));
-    vp.AddTable(texts_.widths, texts_.titles, body);
+    vp.AddTable(printing::ParseTable(texts_.widths, texts_.titles, body));
     vp.Preview(this);
 }

@@ -36,7 +36,7 @@ class FindDialog : public QDialog {
         QString many;       ///< "%1 appointments"
         QString selectOne;  ///< Where selected lines are to be printed and none is.
         QString failure;    ///< Before the reason of a statement that failed.
-        QString widths;     ///< Of the printed columns, in twips, as VSPrinter::AddTable takes them.
+        QString widths;     ///< Of the printed columns, in twips, as printing::ParseTable reads them.
         QString titles;     ///< The same for their titles.
     };
 
@@ -44,8 +44,8 @@ class FindDialog : public QDialog {
 
     /// The statement that finds the rows which fit the text.
     [[nodiscard]] virtual QString statementFor(const QString& text) const = 0;
-    /// A row as the list shows it, its cells joined by ";".
-    [[nodiscard]] virtual QString listLine(const db::Recordset& row) const = 0;
+    /// A row as the list shows it.
+    [[nodiscard]] virtual QStringList listLine(const db::Recordset& row) const = 0;
     /// The rows were all listed: the description of those that name a patient is to be hidden with the names
     /// (ctList::NameCell). May throw db::DatabaseError.
     virtual void nameHits(db::Recordset& rows) = 0;

@@ -51,7 +51,7 @@ void ProviderPanel::Clear() {
 
 void ProviderPanel::Add(const ListedProvider& provider) {
     const QString check = provider.shown ? QStringLiteral("1") : QStringLiteral("0");
-    const int row = ctList1->AddRow(JoinCells({check, provider.name, provider.discipline}), provider.id);
+    const int row = ctList1->AddRow({check, provider.name, provider.discipline}, provider.id);
     ctList1->SetItemText(row, provider.name);
 }
 

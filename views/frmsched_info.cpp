@@ -38,6 +38,15 @@ QString panelStatus(int code) {
     }
 }
 
+// An appointment's text stands in the panel as one line of parts.
+QString withCommas(const QString& text) {
+    return QString(text)
+        .replace(QLatin1String("\r\n"), QLatin1String(","))
+        .replace(u'\n', u',')
+        .replace(u'\r', u',')
+        .replace(u';', u',');
+}
+
 QString roomStatement(const QString& key) {
     return Sql(
         "Select * from roomschedule Inner Join rooms on roomschedule.croomid = rooms.roomid Where roomschedule.apptid = {}",
@@ -85,7 +94,7 @@ void frmsched::displayapptinfo(int index) {
     const db::ReadTogether together(Session().Connection, detailStatements(item));
 
     const About about = NamesPatient(item) ? About::Patient : About::Nobody;
-    details_->AddRow(QStringLiteral("Appointment"), item.ItemText, about);
+    details_->AddRow(QStringLiteral("Appointment"), withCommas(item.ItemText), about);
     const QString start = item.ItemStart < 0 ? tr("no start time") : MinutesToTimeText(item.ItemStart, military);
     details_->AddRow(QStringLiteral("Time"),
                      QStringLiteral("%1 - %2").arg(start, MinutesToTimeText(item.ItemEnd, military)));

@@ -10,6 +10,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/printing/vsprinter.h"
+#include "platform/text/plaintext.h"
 #include "session/errorbox.h"
 #include "session/rights.h"
 #include "session/session.h"
@@ -38,7 +39,7 @@ QString priorityWord(qint64 priority) {
 
 struct Task {
     qint64 id = 0;
-    QString cells;
+    QStringList cells;
     bool hasNotes = false;
 };
 
@@ -50,11 +51,9 @@ std::vector<Task> readTasks(const QString& statement) {
         if (word.isEmpty())
             continue;
         const QDate due = tasks["datedue"].date();
-        QString text = tasks["ToDo"].text();
-        text.replace(QLatin1Char(';'), QLatin1Char(','));
-        const QStringList cells{tasks["Completed"].boolean() ? QStringLiteral("1") : QStringLiteral("0"), text, word,
-                                due.isValid() ? due.toString(dateFormat) : QString()};
-        read.push_back({tasks["TaskId"].integer(), cells.join(QLatin1Char(';')), !tasks["Notes"].text().isEmpty()});
+        const QStringList cells{tasks["Completed"].boolean() ? QStringLiteral("1") : QStringLiteral("0"),
+                                tasks["ToDo"].text(), word, due.isValid() ? due.toString(dateFormat) : QString()};
+        read.push_back({tasks["TaskId"].integer(), cells, !tasks["Notes"].text().isEmpty()});
     }
     return read;
 }
@@ -128,18 +127,21 @@ void frmsched::offerTaskPrint() {
 }
 
 void frmsched::printTasks() {
-    QString body;
+    std::vector<QStringList> rows;
     for (int row = 0; row < ctList1->RowCount(); ++row) {
         QStringList cells{ctList1->Checked(row, 1) ? tr("Yes") : QString()};
         for (int column = 2; column <= ctList1->ColumnCount(); ++column)
-            cells << CleanFieldText(ctList1->Cell(row, column));
-        body += cells.join(u'|') + u';';
+            cells << OneLine(ctList1->Cell(row, column));
+        rows.push_back(cells);
     }
     VSPrinter vp;
     vp.SetTitle(tr("Tasks"));
     vp.SetHeader(QStringLiteral("|To Do List - %1|").arg(CleanFieldText(Session().ProviderName)));
     vp.SetFooter(QStringLiteral("||Page %d"));
-    vp.AddTable(QStringLiteral("720|6000|1300|1500;"), QStringLiteral("Done|Task|Priority|Complete by;"), body);
+    vp.AddTable({.widths = {720, 6000, 1300, 1500},
+                 .titles = {QStringLiteral("Done"), QStringLiteral("Task"), QStringLiteral("Priority"),
+                            QStringLiteral("Complete by")},
+                 .rows = std::move(rows)});
     vp.Preview(window());
 }
 

@@ -152,7 +152,8 @@ class CardText {
 
     /// The longest way to tell the time that fits.
     [[nodiscard]] QString timeFor(int width) const {
-        const QFontMetrics small(style_.small);
+        // Whole pixels are too rough: a time that is a part of a pixel too long would be shortened once more.
+        const QFontMetricsF small(style_.small);
         QString span = ClockSpan(state_.start, state_.end, state_.twentyFourHour);
         if (small.horizontalAdvance(span) <= width)
             return span;
@@ -170,7 +171,7 @@ class CardText {
             return;
         const int used = text.isEmpty() ? 0 : QFontMetrics(font_).horizontalAdvance(text) + 2 * style_.margin;
         const QString time = timeFor(line.width() - used);
-        if (used + QFontMetrics(style_.small).horizontalAdvance(time) <= line.width())
+        if (used + QFontMetricsF(style_.small).horizontalAdvance(time) <= line.width())
             DrawLine(painter_, line.adjusted(used, 0, 0, 0), time, style_.small, colors_.dimText);
     }
 

@@ -45,16 +45,25 @@ struct Paragraph {
     int indent = 0;  ///< From the left margin.
 };
 
-/// Rows of cells under column titles. The titles stand again on top of each page that the table reaches, and a row is
-/// divided between two pages only when it is higher than a page.
-struct Table {
-    std::vector<int> widths;  ///< Of the columns; all are narrowed alike where they are wider than the page.
-    QStringList titles;       ///< None: the table has no row of titles.
-    std::vector<QStringList> rows;
-    QFont font;
+/// What a table says. Long cells break into lines, and a line end in a cell is one on paper. A row's missing cells are
+/// empty, and what it has too much goes into its last cell.
+struct TableContent {
+    std::vector<int> widths;  ///< Of the columns, above 0; all are narrowed alike where they are wider than the page.
+    QStringList titles = {};  ///< None: the table has no row of titles.
+    std::vector<QStringList> rows = {};
+};
+
+/// How a table looks; as given, with grid lines and shaded titles.
+struct TableLook {
     bool grid = true;
     bool titleShading = true;
     std::optional<QColor> shading = std::nullopt;  ///< Behind the rows.
+};
+
+/// Rows of cells under column titles. The titles stand again on top of each page that the table reaches, and a row is
+/// divided between two pages only when it is higher than a page.
+struct Table : TableContent, TableLook {
+    QFont font;
 };
 
 /// Empty height.

@@ -5,21 +5,14 @@
 class QPrinter;
 class QWidget;
 
-/// How a table looks; as given, with grid lines and shaded titles.
-struct TableLook {
-    bool grid = true;
-    bool titleShading = true;
-    std::optional<QColor> shading = std::nullopt;  ///< Behind the rows.
-};
-
 /// Makes a document for paper, shows it, prints it and writes it into a file. Lengths are in twips (1440 to the inch),
 /// sizes of type in points. The same text stands at the same place in the preview, in the file and on every printer.
 ///
 ///     VSPrinter vp;
 ///     vp.SetHeader("|Appointments|");
 ///     vp.SetFooter("||Page %d");
-///     vp.AddTable("2880|1440;", "Description|Date;", "Jones, Mary|03/07/2026;");
-///     vp.Preview(this);
+///     vp.AddTable({.widths = {2880, 1440}, .titles = {"Description", "Date"}, .rows = {{"Jones, Mary",
+///     "03/07/2026"}}}); vp.Preview(this);
 ///
 /// Font, alignment and indent hold for what is added after them. Margins, paper, header and footer are the whole
 /// document's.
@@ -54,13 +47,9 @@ class VSPrinter {
     /// Moves down.
     void AddSpace(int twips);
     void NewPage();
-    /// `format` is the columns' widths in twips, "2880|1440;"; wider than the page, all are narrowed alike. `header` is
-    /// the columns' titles, which stand on each page that the table reaches; empty for none. `body` is rows of cells,
-    /// "cell|cell;cell|cell;": what a cell says must hold neither sign. Long cells break into lines, a line end in a
-    /// cell is one on paper, and a row is divided between pages only when it is higher than a page. A row's missing
-    /// cells are empty, and what it has too much goes into its last cell. A format without a width above 0 throws
-    /// std::invalid_argument.
-    void AddTable(const QString& format, const QString& header, const QString& body, const TableLook& look = {});
+    /// The titles stand on each page that the table reaches, and a row is divided between pages only when it is higher
+    /// than a page. A table without columns, or with one whose width is not above 0, throws std::invalid_argument.
+    void AddTable(printing::TableContent content, const printing::TableLook& look = {});
 
     /// A picture that fills what is left of the page; see printing::Figure.
     void AddFigure(std::function<void(QPainter& painter, const QRectF& room)> paint);

@@ -261,6 +261,13 @@ TEST_F(GroupSave, AGroupAndMembersWithApostrophesAreSaved) {
     EXPECT_EQ(members(newestKey()), QStringLiteral("x Baker, Bo; x O'Abel, Ann"));
 }
 
+TEST_F(GroupSave, AMemberIsSavedUnderTheNameAsItStands) {
+    run(QStringLiteral("Update patient_info Set last_name = 'Abel; Jr|' Where id = 'P1'"));
+    openNewGroup(QStringLiteral("Anger"));
+    ok();
+    EXPECT_EQ(members(newestKey()), QStringLiteral("x Abel; Jr|, Ann; x Baker, Bo"));
+}
+
 TEST_F(GroupSave, ThreeHundredMembersAreSavedAndComeBack) {
     for (int i = 0; i < 300; ++i) {
         const QString id = QStringLiteral("G%1").arg(i);

@@ -61,7 +61,7 @@ class PatientLookUp : public EditorFixture {
     [[nodiscard]] QStringList matches() const {
         QStringList rows;
         for (int row = 0; row < form->pnlmatches->lstmatches->RowCount(); ++row)
-            rows << form->pnlmatches->lstmatches->RowText(row).replace(u';', QLatin1String(" | "));
+            rows << form->pnlmatches->lstmatches->Cells(row).join(QLatin1String(" | "));
         return rows;
     }
     static void letQueuedWorkRun() { QApplication::processEvents(); }

@@ -260,11 +260,15 @@ TEST_F(ABoard, AsksForTheLocksAgainBeforeTheUserWorksOnAnItem) {
 TEST_F(ABoard, StoresWhatIsBeingTypedBeforeItsItemGoes) {
     load({anItem("Anna")});
     QStringList stored;
-    QObject::connect(&calendar(), &ctMDay::TextEdited, &view,
-                     [&](int index) { stored << std::as_const(calendar()).Item(index).ItemText; });
+    QObject::connect(&calendar(), &ctMDay::TextEdited, &view, [&](int index) {
+        stored << std::as_const(calendar()).Item(index).ItemText;
+        load({anItem("Bert")});  // As a view does that finds the row changed by another desk.
+    });
     beginTyping("Anna", "Bert");
-    load(day.addDays(1), {}, {});
+    load(day.addDays(1), {}, {anItem("Cora")});
     EXPECT_EQ(stored, QStringList{"Bert"});
+    EXPECT_EQ(itemTexts(), QStringList{"Cora"});
+    EXPECT_TRUE(board.Shows(day.addDays(1)));
 }
 
 TEST_F(ABoard, ShadesTheTimeOutsideTheWorkingHours) {

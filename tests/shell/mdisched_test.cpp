@@ -25,7 +25,7 @@ class MainWindowTest : public MainWindowFixture {
     void expectProvider(const QString& id, const QString& name) {
         desk.expectForm("frmsltpv", [id, name](QDialog& form) {
             auto& list = *static_cast<frmsltpv&>(form).List1;
-            const int row = list.AddRow(name + QLatin1Char(';') + id, id);
+            const int row = list.AddRow({name, id}, id);
             list.SetItemText(row, name);
             list.SelectRow(row);
             static_cast<frmsltpv&>(form).cmdOk->setEnabled(true);

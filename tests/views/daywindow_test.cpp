@@ -90,10 +90,10 @@ TEST_F(DayWindow, HidingNamesTakesTheNameOutOfTheDetails) {
 
     press(Qt::Key_H, Qt::ControlModifier);
     EXPECT_EQ(day().SelectedItem(), 1);
-    EXPECT_EQ(the<ctList>("ctListInfo").ShownRowText(0), QStringLiteral("Appointment;(hidden)"));
+    EXPECT_EQ(the<ctList>("ctListInfo").ShownCells(0).join(u';'), QStringLiteral("Appointment;(hidden)"));
 
     press(Qt::Key_H, Qt::ControlModifier);
-    EXPECT_EQ(the<ctList>("ctListInfo").ShownRowText(0), QStringLiteral("Appointment;Anna"));
+    EXPECT_EQ(the<ctList>("ctListInfo").ShownCells(0).join(u';'), QStringLiteral("Appointment;Anna"));
 }
 
 TEST_F(DayWindow, TheSplitterRemembersWhereTheUserPutIt) {

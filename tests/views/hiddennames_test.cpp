@@ -69,7 +69,7 @@ class HiddenNames : public DayHand {
     static QStringList rowsOf(const ctList& list) {
         QStringList rows;
         for (int row = 0; row < list.RowCount(); ++row)
-            rows << list.ShownRowText(row);
+            rows << list.ShownCells(row).join(u';');
         return rows;
     }
     template <class Widget>

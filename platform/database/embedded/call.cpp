@@ -22,7 +22,7 @@ struct KnownFunction {
     Takes takes = Takes::Any;
 };
 
-// Round keeps its first argument's type, as the aggregates do; Avg of whole numbers is cut to one.
+// Round keeps its first argument's type, and so do the aggregates. Avg of whole numbers is cut to a whole number.
 constexpr auto functions = std::to_array<KnownFunction>({
     {"getdate", "getdate", 0, 0, Gives::DateTime},
     {"len", "len", 1, 1, Gives::Integer},
@@ -80,7 +80,7 @@ const KnownFunction& functionOf(const std::string& name) {
     return *found;
 }
 
-/// The bare word that names a part of a date goes on as a text.
+/// Turns the bare word that names a part of a date into a text.
 Expression readDatePart(Context& context) {
     const Token part = context.in.next();
     if (part.kind != TokenKind::Word)
@@ -115,7 +115,7 @@ Kind kindOf(const KnownFunction& function, const std::vector<Expression>& argume
         case Gives::Same:
             break;
     }
-    // IsNull and NullIf have the type of what they look at, Coalesce the highest of all.
+    // IsNull and NullIf have the type of their first argument, Coalesce the highest type of all.
     Kind kind = arguments.front().kind;
     if (function.name == "coalesce" || kind == Kind::Null)
         for (const Expression& argument : arguments)
@@ -137,7 +137,7 @@ void checkCount(const KnownFunction& function, std::size_t count) {
             QStringLiteral("The %1 function requires %2 argument(s).").arg(ToQt(function.name)).arg(function.least));
 }
 
-/// What stands within an aggregate is not bound to Group By.
+/// Marks the inside of an aggregate, where Group By does not restrict the columns.
 class WithinAggregate {
   public:
     explicit WithinAggregate(const Context& context) : grouping_(context.scope ? context.scope->grouping : nullptr) {
@@ -157,7 +157,7 @@ class WithinAggregate {
     Grouping* grouping_;
 };
 
-/// The sum of whole numbers is of their type, that of money has its decimals.
+/// The sum of whole numbers has their type, and the sum of money has its decimals.
 Expression totalled(const KnownFunction& function, Expression total, const Expression& argument) {
     const bool money = argument.type.name == "money" || argument.type.name == "smallmoney";
     if (function.name == "sum")
@@ -167,7 +167,7 @@ Expression totalled(const KnownFunction& function, Expression total, const Expre
     return function.name == "avg" && money ? Converted(argument.type, total, "0") : total;
 }
 
-/// Count(*), and Count, Sum and the others, of Distinct too.
+/// Reads Count(*), or Count, Sum and the other aggregates, also with Distinct.
 Expression readAggregate(Context& context, const KnownFunction& function) {
     TokenReader& in = context.in;
     const WithinAggregate within(context);
@@ -195,7 +195,7 @@ Expression readAggregate(Context& context, const KnownFunction& function) {
     return totalled(function, std::move(total), argument);
 }
 
-/// IsNull has the type of what it looks at, with its length.
+/// IsNull has the type and the length of its first argument.
 Expression isNull(std::vector<Expression> arguments) {
     Expression& looked = arguments[0];
     Expression& otherwise = arguments[1];
@@ -207,7 +207,7 @@ Expression isNull(std::vector<Expression> arguments) {
     return {.sql = "coalesce(" + argumentList(arguments) + ")", .kind = kind, .type = looked.type};
 }
 
-/// IIf(condition, value, value), a Case in short.
+/// Reads IIf(condition, value, value), a short Case.
 Expression readIif(Context& context) {
     const std::string condition = ReadCondition(context).sql;
     context.in.expectOperator(",");
@@ -221,7 +221,7 @@ Expression readIif(Context& context) {
             .kind = kind};
 }
 
-/// Concat takes any number of values and null for "".
+/// Reads Concat, which takes any number of values and reads null as "".
 Expression readConcat(Context& context) {
     std::string list;
     do {

@@ -55,15 +55,16 @@ Expression joined(Expression left, Expression right) {
     Expression result{.kind = Kind::Text};
     appendParts(result.parts, std::move(left));
     appendParts(result.parts, std::move(right));
-    // One chain instead of nested pairs, of which SQLite takes no more than a hundred.
+    // The parts make one chain instead of nested pairs, because SQLite takes no more than a hundred levels.
     for (const Expression& part : result.parts)
         result.sql.append(result.sql.empty() ? "(" : " || ").append(part.sql);
     result.sql.push_back(')');
     return result;
 }
 
-/// What the first part must start with when the whole starts with the prefix: all of it, or all before the first
-/// character of the literal that follows, since a shorter first part would put that character there.
+/// Returns the text that the first part must start with when the whole starts with the prefix. That is all of the
+/// prefix, or all before the first character of the literal that follows, because a shorter first part would put that
+/// character there.
 std::string prefixOfFirstPart(const Expression& left, std::string_view prefix) {
     if (left.parts.empty())
         return std::string(prefix);
@@ -82,7 +83,7 @@ std::string prefixOfFirstPart(const Expression& left, std::string_view prefix) {
     return result;
 }
 
-/// A range on the column's own order that holds every match, so that an index finds them.
+/// Returns a range on the column's own order that holds every match, so that an index can find the matches.
 std::string likeRange(const Expression& left, const Expression& pattern) {
     const Expression& first = left.parts.empty() ? left : left.parts.front();
     if (first.form != Form::Column || first.kind != Kind::Text || pattern.form != Form::Text)
@@ -208,7 +209,7 @@ Expression Like(const Context& context, Expression left, const Expression& patte
     for (std::size_t i = 0; !joined && i < left.parts.size(); ++i)
         sql += ", " + AsText(left.parts[i]);
     sql += ")";
-    // Where a row with null would be false instead of unknown, the difference must not show.
+    // The range makes a row with null false instead of unknown, so it is added only where the two do not differ.
     if (!negated && !context.negated && escape.empty())
         sql = likeRange(left, pattern) + sql;
     return {.sql = negated ? "NOT " + sql : "(" + sql + ")", .kind = Kind::Bit, .condition = true};

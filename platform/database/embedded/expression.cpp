@@ -29,8 +29,8 @@ void requireCondition(const Context& context, const Expression& expression) {
                 .arg(ToQt(context.in.peek().text)));
 }
 
-/// SQLite divides by zero to null and cuts what it takes the rest of to whole numbers; where neither can happen, its
-/// own operator stays.
+/// SQLite divides by zero to null, and cuts both operands of a remainder to whole numbers. Where neither can happen,
+/// its own operator stays.
 Expression quotient(const std::string& op, const Expression& a, const Expression& b, Kind kind) {
     const bool nonZero = b.form == Expression::Form::Number && b.name.find_first_of("123456789") != std::string::npos;
     const bool whole = kind == Kind::Integer;
@@ -47,7 +47,7 @@ Expression arithmetic(const std::string& op, const Expression& left, const Expre
         return {.sql = "svs_date_minus(" + left.sql + ", " + right.sql + ")", .kind = Kind::DateTime};
     if (op == "-" && left.kind == Kind::DateTime)
         return {.sql = "svs_date_plus(" + left.sql + ", -(" + right.sql + "))", .kind = Kind::DateTime};
-    // A text among numbers becomes one; MakeComparable knows how.
+    // A text beside a number becomes a number, as MakeComparable converts it.
     Expression zero{.sql = "0", .kind = CommonKind(Kind::Integer, CommonKind(a.kind, b.kind))};
     if (a.kind == Kind::Text)
         MakeComparable(a, zero);

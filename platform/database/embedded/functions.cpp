@@ -27,7 +27,7 @@ void invoke(sqlite3_context* context, int count, sqlite3_value** arguments) {
     }
 }
 
-/// Null in, null out, as nearly all functions have it.
+/// Gives null where an argument is null, as nearly all functions do.
 template <Body body>
 void invokeUnlessNull(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (!FunctionCall(context, count, arguments).anyNull())
@@ -50,7 +50,7 @@ void getDate(const FunctionCall& call) {
     call.give(std::string_view(moment));
 }
 
-/// svs_like(pattern, escape, part, ...): whether the parts, one after another, match.
+/// svs_like(pattern, escape, part, ...) tells whether the joined parts match.
 void like(const FunctionCall& call) {
     auto* pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(call.context(), 0));
     std::unique_ptr<LikePattern> made;
@@ -70,7 +70,7 @@ void like(const FunctionCall& call) {
                             [](void* old) { delete static_cast<LikePattern*>(old); });
 }
 
-/// A whole number where it is one, else a real.
+/// Returns the argument as a whole number where it is one, else as a real.
 Cell numberOf(const FunctionCall& call, int i) {
     static const SqlType whole = *MakeType("bigint");
     static const SqlType real = *MakeType("float");
@@ -85,7 +85,7 @@ double realOf(const Cell& cell) {
     return whole ? static_cast<double>(*whole) : std::get<double>(cell);
 }
 
-/// + between operands whose types only their values tell: two texts are joined, anything else is added.
+/// Adds two operands whose types only their values tell. Two texts are joined; anything else is added.
 void add(const FunctionCall& call) {
     if (call.isText(0) && call.isText(1)) {
         call.give(std::string_view(std::string(call.text(0)).append(call.text(1))));
@@ -99,7 +99,8 @@ void add(const FunctionCall& call) {
         call.give(realOf(a) + realOf(b));
 }
 
-/// svs_cast(value, declared type): Convert and Cast to anything but text, with the checks of a column of that type.
+/// svs_cast(value, declared type) serves Convert and Cast to any type but text, with the checks of a column of that
+/// type.
 void cast(const FunctionCall& call) {
     static const Table none;
     const TableColumn column{.name = {}, .type = ReadDeclaredType(call.text(1))};

@@ -22,7 +22,7 @@ Expression found(const Source& source, const TableColumn& column, const std::str
 
 Expression number(const std::string& digits) {
     const bool whole = digits.find_first_of(".eE") == std::string::npos;
-    // What no int holds is of a wider type.
+    // A number that no int holds is of a wider type.
     constexpr std::size_t digitsOfInt = 10;
     const bool wide = digits.size() > digitsOfInt || (digits.size() == digitsOfInt && digits > "2147483647");
     return {.sql = digits,

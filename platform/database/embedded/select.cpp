@@ -24,7 +24,7 @@ std::string placeOf(const std::vector<SelectColumn>& columns, const std::string&
     return found == columns.end() ? std::string() : std::to_string(found - columns.begin() + 1);
 }
 
-/// A term of a Union's order is one of its columns, and goes on as that column's place.
+/// Reads a term of a Union's order. It names one of the Union's columns and is written as that column's place.
 std::string readUnionTerm(Context& context, const SelectCore& first) {
     TokenReader& in = context.in;
     if (in.peek().kind == TokenKind::Number)
@@ -83,14 +83,14 @@ std::string readOrder(Context& outer, const SelectCore& core, bool compound) {
     return sql;
 }
 
-/// Within a Union a limit belongs to its own Select.
+/// Within a Union, a limit belongs to its own Select.
 std::string limitedInUnion(const SelectCore& core) {
     return core.limit.empty() ? core.sql : "SELECT * FROM (" + core.sql + " LIMIT " + core.limit + ")";
 }
 
-/// A Select of a Union as it stands in it.
+/// One Select of a Union.
 struct Member {
-    std::string op;  ///< Before it; "" for the first.
+    std::string op;  ///< The operator before it; "" for the first.
     std::string sql;
     std::vector<SelectColumn> columns;
 };
@@ -119,7 +119,8 @@ std::vector<Kind> commonKinds(const std::vector<Member>& members) {
     return kinds;
 }
 
-/// The member with texts made what the other members have in their place, a number or a moment.
+/// Returns the member with its texts converted to the kind that the other members have in that place, a number or a
+/// moment.
 std::string convertedMember(const Member& member, const std::vector<Kind>& kinds) {
     std::string names;
     std::string values;

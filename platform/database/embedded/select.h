@@ -9,7 +9,7 @@ namespace db::embedded {
 
 struct SelectColumn {
     std::string name;   ///< "" for an expression without an alias.
-    std::string table;  ///< The base table of a column.
+    std::string table;  ///< The base table of a column; empty for an expression.
     Kind kind = Kind::Unknown;
 };
 
@@ -18,10 +18,10 @@ struct SelectText {
     std::vector<SelectColumn> columns;
 };
 
-/// A whole query, with its Unions and its Order By.
+/// Reads a whole query with its Unions and its Order By.
 SelectText ReadSelect(Context& context);
 
-/// A table's name with the owner before it left out.
+/// Reads a table's name and leaves out the owner before it.
 std::string ReadTableName(TokenReader& in);
 
 }  // namespace db::embedded

@@ -123,13 +123,13 @@ class CoreReader {
         const auto table = context_.catalog.table(ReadTableName(in_));
         const std::string alias = readAlias().value_or(table->name);
         core_.scope.sources.push_back({alias, table});
-        // Locking hints mean nothing where readers and writers do not wait for each other.
+        // Locking hints mean nothing here, because readers and writers do not wait for each other.
         if (in_.acceptWord("with") && in_.acceptOperator("("))
             in_.skipParentheses();
         return QuotedName(table->name) + (alias == table->name ? "" : " AS " + QuotedName(alias));
     }
 
-    /// The row that a trigger runs for, as a table of one.
+    /// Returns the row that a trigger runs for, as a table of one row.
     std::string readInserted() {
         const std::string alias = readAlias().value_or("inserted");
         core_.scope.sources.push_back({alias, context_.written});
@@ -224,7 +224,7 @@ class CoreReader {
         }
     }
 
-    /// Texts without a collation of their own are given one, so that Distinct, Union and Order By treat them as texts.
+    /// Gives a collation to a text without one, so that Distinct, Union and Order By treat it as a text.
     std::string addItem(const Expression& value, const std::optional<std::string>& alias) {
         const bool column = value.form == Expression::Form::Column;
         const std::string name = alias.value_or(column ? value.name : std::string());
@@ -236,7 +236,7 @@ class CoreReader {
 
     std::string readConditions() {
         std::string sql;
-        // What an aggregate does here SQLite refuses itself.
+        // SQLite itself refuses an aggregate in Where, so one found there does not count.
         const bool aggregated = grouping_.aggregated;
         if (in_.acceptWord("where"))
             sql += " WHERE " + ReadCondition(context_).sql;

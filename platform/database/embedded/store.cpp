@@ -64,7 +64,7 @@ bool readWhole(std::string_view text, Number& number) {
     return read.ec == std::errc() && read.ptr == text.data() + text.size();
 }
 
-/// Money is read with its sign and the commas between thousands.
+/// Returns the text of an amount of money without its currency sign and without the commas between thousands.
 std::string withoutCurrency(const std::string& text) {
     std::string plain;
     std::copy_if(text.begin(), text.end(), std::back_inserter(plain), [](char c) { return c != ','; });
@@ -177,7 +177,7 @@ Cell StoredCell(const Table& table, const TableColumn& column, Cell value) {
 }
 
 double RoundedNumber(double number, int decimals) {
-    // What a decimal half may lack in binary.
+    // A half in decimal digits may lack this much in binary.
     constexpr double slack = 1e-9;
     const double factor = std::pow(10.0, decimals);
     return std::copysign(std::floor(std::fabs(number) * factor + 0.5 + slack) / factor, number);

@@ -51,7 +51,7 @@ void Right(const FunctionCall& call) {
     give(call, textOf(call, 0).right(call.integer(1)));
 }
 
-/// A start before the text shortens the length.
+/// A start before the text shortens the result.
 void Substring(const FunctionCall& call) {
     const qint64 start = call.integer(1) - 1;
     const qint64 end = start + lengthGiven(call, 2);
@@ -65,7 +65,7 @@ void CharIndex(const FunctionCall& call) {
     call.give(qint64{sought.isEmpty() ? 0 : textOf(call, 1).indexOf(sought, from, Qt::CaseInsensitive) + 1});
 }
 
-/// Where the pattern matches first; it finds the start of the text unless it begins with %.
+/// Gives the place of the first match. A pattern that does not begin with % only matches at the start of the text.
 void PatIndex(const FunctionCall& call) {
     std::string pattern(call.text(0));
     const bool anywhere = !pattern.empty() && pattern.front() == '%';
@@ -91,7 +91,7 @@ void Replace(const FunctionCall& call) {
     give(call, sought.isEmpty() ? text : QString(text).replace(sought, textOf(call, 2), Qt::CaseInsensitive));
 }
 
-/// Null where the place is outside of the text; what is put in may be null and then is nothing.
+/// Gives null where the place is outside the text. A null in place of the new text counts as empty.
 void Stuff(const FunctionCall& call) {
     if (call.isNull(0) || call.isNull(1) || call.isNull(2))
         return;
@@ -104,7 +104,7 @@ void Stuff(const FunctionCall& call) {
 }
 
 void Replicate(const FunctionCall& call) {
-    // As much as the server's plain texts hold.
+    // The server's plain texts hold this many characters.
     constexpr qint64 longest = 8000;
     const QString text = textOf(call, 0);
     if (call.integer(1) < 0)

@@ -145,7 +145,7 @@ class Cutter {
     std::vector<Token> tokens_;
 };
 
-/// Words that end or join what stands before them, and so cannot be a name without brackets.
+/// Words that end or join the parts of a statement, so that they cannot be a name without brackets.
 bool isReserved(std::string_view word) {
     static constexpr std::array<std::string_view, 71> reserved = {
         "add",    "all",      "alter",  "and",       "as",         "asc",    "begin",    "between", "by",

@@ -22,7 +22,7 @@ const TableColumn& requireColumn(const Table& table, const std::string& name) {
     return *column;
 }
 
-/// A value of the column's own type needs no conversion when the statement runs.
+/// Whether the value has the column's own type, so that it needs no conversion when the statement runs.
 bool fitsAsItStands(const TableColumn& column, const Expression& value) {
     switch (column.type.kind) {
         case Kind::Text:
@@ -129,7 +129,7 @@ std::string nameList(const std::vector<const TableColumn*>& columns) {
     return " (" + list + ")";
 }
 
-/// Insert ... Select: the rows come under names of their own, so that each value can be converted for its column.
+/// Insert ... Select gives the rows names of their own, so that each value can be converted for its column.
 std::string insertedRows(Context& context, const Table& table, const std::vector<const TableColumn*>& columns) {
     const SelectText select = ReadSelect(context);
     checkCount(columns.size(), select.columns.size());
@@ -161,7 +161,7 @@ std::string StoredLiteral(const Table& table, const TableColumn& column, const E
         else
             cell = std::strtod(literal.name.c_str(), nullptr);
     }
-    // A number keeps its digits in a text.
+    // A number that is stored in a text keeps its digits.
     if (literal.form == Form::Number && column.type.kind == Kind::Text)
         cell = literal.name;
     cell = StoredCell(table, column, std::move(cell));

@@ -44,6 +44,11 @@ class CalendarUnderHand {
         QMouseEvent event(QEvent::MouseMove, at, calendar.mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&calendar, &event);
     }
+    /// Moves the pointer without a button.
+    void hover(QPoint at) {
+        QMouseEvent event(QEvent::MouseMove, at, calendar.mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+        QCoreApplication::sendEvent(&calendar, &event);
+    }
     void release(QPoint at) { QTest::mouseRelease(&calendar, Qt::LeftButton, {}, at); }
     void click(QPoint at, Qt::KeyboardModifiers keys = {}) {
         press(at, Qt::LeftButton, keys);

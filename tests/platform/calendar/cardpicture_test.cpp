@@ -1,0 +1,180 @@
+// The shape, the pattern and the pictures of a card.
+
+#include <QPainter>
+#include <QPalette>
+
+#include "platform/calendar/card.h"
+#include "platform/calendar/glyphs.h"
+#include "tests/platform/calendar/picture.h"
+
+namespace {
+
+class CardPicture : public testing::TestWithParam<Look> {
+  protected:
+    CardPicture() : style(ScreenStyle(PaletteOf(ColoursOf(GetParam().mode)), QFont(QStringLiteral("DejaVu Sans"), 9))) {
+        item.ItemStart = 540;
+        item.ItemEnd = 600;
+        item.ItemColor = 0x2040C0;
+        item.ItemTextColor = TextColor::SameAsBackground;  // Only shapes are asked here.
+    }
+
+    [[nodiscard]] Picture painted(QSize card) const {
+        QImage image((card + QSize(20, 20)) * GetParam().ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(GetParam().ratio);
+        image.fill(style.base);
+        QPainter painter(&image);
+        PaintCard(painter, QRect(QPoint(10, 10), card), item, state, style);
+        painter.end();
+        return Picture(image);
+    }
+    [[nodiscard]] CardColors colours() const { return CardColorsFor(item, style.base, style.ink); }
+    /// Places of pictures in the card's first line, counted from the right end.
+    [[nodiscard]] QRect slot(QSize card, int number) const {
+        const int step = style.icon + style.margin / 2;
+        return {10 + card.width() - (style.margin + 1) - style.icon - number * step, 10 + style.margin, style.icon,
+                style.textLine};
+    }
+    [[nodiscard]] bool hasInk(const Picture& picture, const QRect& where) const {
+        return picture.share(where, colours().text, 120) > 0.03;
+    }
+
+    CalendarStyle style;
+    CalendarItem item;
+    CardState state;
+    QSize size{240, 70};
+};
+
+INSTANTIATE_TEST_SUITE_P(EachLook, CardPicture, testing::ValuesIn(Looks), NameOfLook);
+
+}  // namespace
+
+TEST_P(CardPicture, HasAStrongEdgeAtTheLeftAndItsFillBesideIt) {
+    const Picture picture = painted(size);
+    const int inside = 10 + style.edgeWidth;
+    EXPECT_EQ(picture.share({11, 20, style.edgeWidth - 1, 50}, colours().edge), 1);
+    EXPECT_EQ(picture.share({inside + 2, 50, 200, 20}, colours().fill), 1);
+    EXPECT_EQ(picture.share({10, 0, 220, 9}, style.base), 1) << "and nothing outside";
+    EXPECT_EQ(picture.share({10, 81, 220, 9}, style.base), 1);
+}
+
+TEST_P(CardPicture, ANarrowCardHasANarrowEdge) {
+    const Picture picture = painted({8, 40});
+    EXPECT_EQ(picture.share({11, 25, 1, 10}, colours().edge, 20), 1);
+    EXPECT_EQ(picture.share({14, 25, 2, 10}, colours().fill, 20), 1);
+}
+
+TEST_P(CardPicture, TentativeRisesUnavailableFallsAndTheOthersAreSmooth) {
+    const QRect below(10 + style.edgeWidth + 4, 40, 200, 38);
+    const auto hatching = [&] { return painted(size).share(below, colours().pattern, 4); };
+    for (int mark = 0; mark <= static_cast<int>(StatusMark::TypeSlot); ++mark) {
+        item.ItemStatusMark = static_cast<StatusMark>(mark);
+        const bool hatched =
+            item.ItemStatusMark == StatusMark::Tentative || item.ItemStatusMark == StatusMark::Unavailable;
+        EXPECT_EQ(hatching() > 0.1, hatched) << "mark " << mark;
+    }
+    item.ItemStatusMark = StatusMark::Kept;
+    item.ItemTentativeIcon = true;
+    EXPECT_GT(hatching(), 0.1) << "also when only the picture says so";
+    // Along a rising line the sum of x and y stays, along a falling one their difference.
+    const auto sameAlong = [&](int down) {
+        const Picture picture = painted(size);
+        int same = 0;
+        for (int x = below.left() + 40; x < below.left() + 140; ++x)
+            same += Picture::Distance(picture.at({x, 50}), picture.at({x + down * 12, 62})) < 8 ? 1 : 0;
+        return same;
+    };
+    EXPECT_GT(sameAlong(-1), 95);
+    EXPECT_LT(sameAlong(1), 95);
+    item.ItemTentativeIcon = false;
+    item.ItemStatusMark = StatusMark::Unavailable;
+    EXPECT_GT(sameAlong(1), 95);
+    EXPECT_LT(sameAlong(-1), 95);
+}
+
+TEST_P(CardPicture, AnOpenSlotHasADashedOutline) {
+    const QRect top(30, 10, 180, 1);
+    EXPECT_GT(painted(size).share(top, colours().outline, 20), 0.95);
+    item.ItemStatusMark = StatusMark::TypeSlot;
+    const double dashes = painted(size).share(top, colours().edge, 60);
+    EXPECT_GT(dashes, 0.4);
+    EXPECT_LT(dashes, 0.8);
+    state.selected = true;
+    EXPECT_GT(painted(size).share(top, style.dimInk, 20), 0.95) << "the selected one has the frame of all";
+}
+
+TEST_P(CardPicture, AGhostIsFramedLikeTheOneThatHasTheKeyboard) {
+    const QRect top(30, 10, 180, 1);
+    state.selected = true;
+    EXPECT_GT(painted(size).share(top, style.dimInk, 20), 0.95);
+    state.ghost = true;
+    EXPECT_GT(painted(size).share(top, style.accent, 20), 0.95);
+    state.ghost = false;
+    state.focused = true;
+    EXPECT_GT(painted(size).share(top, style.accent, 20), 0.95);
+}
+
+TEST_P(CardPicture, PicturesStandAtTheRightEndOfTheFirstLineOneBesideTheOther) {
+    const std::pair<const char*, std::function<void()>> pictures[] = {
+        {"note", [&] { item.ItemNoteIcon = true; }},
+        {"reminder", [&] { item.ItemReminderIcon = true; }},
+        {"place", [&] { item.ItemLocationIcon = true; }},
+        {"series", [&] { item.ItemSeriesIcon = 1; }},
+    };
+    int shown = 0;
+    for (const auto& [what, add] : pictures) {
+        EXPECT_FALSE(hasInk(painted(size), slot(size, shown))) << "before the " << what;
+        add();
+        ++shown;
+        for (int number = 0; number < shown; ++number)
+            EXPECT_TRUE(hasInk(painted(size), slot(size, number))) << number << " with the " << what;
+    }
+}
+
+TEST_P(CardPicture, ANarrowHighCardHasItsPicturesBelowTheName) {
+    item.ItemNoteIcon = true;
+    const QSize narrow(style.icon * 5, 90);
+    const QRect firstLine(10 + style.edgeWidth + 3, 10 + style.margin, narrow.width() - style.edgeWidth - 5,
+                          style.textLine);
+    EXPECT_FALSE(hasInk(painted(narrow), firstLine));
+    const int lines = (narrow.height() - style.margin - style.textLine) / style.smallLine;
+    const QRect last(firstLine.left(), 10 + style.margin + style.textLine + (lines - 1) * style.smallLine,
+                     firstLine.width(), style.smallLine);
+    EXPECT_TRUE(hasInk(painted(narrow), last));
+    const QSize low(style.icon * 5, style.textLine + 2 * style.margin);
+    EXPECT_TRUE(hasInk(painted(low), slot(low, 0))) << "without height it stands beside the name";
+}
+
+TEST_P(CardPicture, PicturesLeaveRoomForTheName) {
+    item.ItemNoteIcon = item.ItemReminderIcon = item.ItemLocationIcon = true;
+    item.ItemSeriesIcon = item.ItemSessionIcon = 1;
+    const QSize low(style.icon * 8, style.textLine + 2 * style.margin);
+    const Picture picture = painted(low);
+    EXPECT_TRUE(hasInk(picture, slot(low, 0)));
+    const QRect name(10 + style.edgeWidth + 3, 10 + style.margin, style.icon * 4, style.textLine);
+    EXPECT_FALSE(hasInk(picture, name)) << "half of the line stays the name's";
+}
+
+TEST_P(CardPicture, ABannerIsFilledByItsColourAndHasAFlag) {
+    item.ItemBanner = true;
+    item.ItemColor = 0x40C0F0;
+    QImage image(QSize(300, 40) * GetParam().ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(GetParam().ratio);
+    image.fill(style.base);
+    QPainter painter(&image);
+    PaintBanner(painter, QRect(0, 0, 300, style.stripHeight - 1), item, state, style);
+    painter.end();
+    const Picture picture(image);
+    CalendarItem filled = item;
+    filled.ItemBackColor = item.ItemColor;
+    const CardColors banner = CardColorsFor(filled, style.base, style.ink);
+    EXPECT_EQ(picture.share({20, 3, 200, style.stripHeight - 8}, banner.fill), 1);
+    const QRect flag(300 - style.margin - style.icon, 1, style.icon, style.stripHeight - 3);
+    EXPECT_GT(picture.share(flag, banner.text, 120), 0.1);
+    item.ItemBackColor = 0x808000;
+    painter.begin(&image);
+    PaintBanner(painter, QRect(0, 0, 300, style.stripHeight - 1), item, state, style);
+    painter.end();
+    EXPECT_EQ(
+        Picture(image).share({20, 3, 200, style.stripHeight - 8}, CardColorsFor(item, style.base, style.ink).fill), 1)
+        << "a colour of its own goes first";
+}
