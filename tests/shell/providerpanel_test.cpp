@@ -51,6 +51,7 @@ TEST_F(APanel, ListsTheDisciplineTooWhereTheViewHasAColumnForIt) {
     ProviderPanel wide(ProviderPanel::Columns::ProviderAndDiscipline);
     const ListedProvider lane{"LANE", "Lane", "Nursing", true};
     wide.Add(lane);
+    EXPECT_EQ(wide.List().Header(3), "Discipline");
     EXPECT_EQ(wide.List().Cell(0, 3), "Nursing");
     EXPECT_EQ(wide.Providers(), std::vector<ListedProvider>{lane});
 }
@@ -116,6 +117,7 @@ TEST_F(APanel, AChoiceIsKeptForTheUserWhoMadeIt) {
     EXPECT_EQ(ReadChoice(Category, Detail), "12|40|");
     Session().UID = "LANE";
     EXPECT_EQ(ReadChoice(Category, Detail), "");
+    WriteChoice(Category, Detail, "7|");
     Session().UID = "REED";
     EXPECT_EQ(ReadChoice(Category, Detail), "12|40|");
     EXPECT_EQ(database_.text("Select Count(*) from User_Preferences Where UP_Pref_Detail = 'Therapists'"), "2");
