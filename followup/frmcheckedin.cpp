@@ -49,7 +49,7 @@ QString providersStatement() {
     return QStringLiteral("Select id, prov_lastname from provider_info");
 }
 
-/// The surnames of all providers by id, archived ones too: one read instead of one for each line.
+/// Returns the surnames of all providers by id, archived ones too. One read serves all lines.
 QHash<QString, QString> providerNames() {
     QHash<QString, QString> names;
     for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
@@ -195,7 +195,7 @@ void frmCheckedIn::correctArrival(int row) {
             loadcheckedin();
             return;
         }
-        // The timer may have read the list anew meanwhile.
+        // The timer may have reloaded the list in the meantime.
         ctList1->SetCell(ctList1->FindItemData(key), ArrivalColumn, ShownCheckIn(arrival));
     } catch (const db::DatabaseError& error) {
         MsgBox(QStringLiteral("Error updating arrival time. (%1). ").arg(error.number) + error.description, ErrorBox,

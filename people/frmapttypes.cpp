@@ -29,7 +29,7 @@ using db::Sql;
 
 namespace {
 
-constexpr int MostCharacters = 100;  // Of AptCategories.aptcategory.
+constexpr int MostCharacters = 100;  // Length of AptCategories.aptcategory.
 const QString Title = QStringLiteral("Solvane");
 
 int windowsColor(const QColor& color) {
@@ -283,7 +283,7 @@ void frmapttypes::cmdsave_Click() {
         store(name);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error saving appointment type. "), error);
-        return;  // What was typed stays for another attempt.
+        return;  // The typed text stays for another attempt.
     }
     loadtypes();
 }
@@ -295,7 +295,7 @@ void frmapttypes::store(const QString& name) {
             Sql("Insert Into aptcategories (aptcategory, aptcategorycolor) Values ('{}', {})", name, color_));
         return;
     }
-    // Together, since appointments know their type by the colour alone.
+    // Both are changed together, because appointments know their type by the colour alone.
     db::InTransaction(connection, [&] {
         if (color_ != oldColor_)
             connection.Execute(
@@ -317,7 +317,7 @@ bool frmapttypes::IsChanged() const {
     return txttype->isEnabled() && (txttype->text() != oldName_ || color_ != oldColor_);
 }
 
-// The window's button closes the form, and not only what is being edited in it.
+// The window's close button closes the form, while Escape only ends the editing.
 void frmapttypes::closeEvent(QCloseEvent* event) {
     if (isVisible() && !mayGiveUp()) {
         event->ignore();

@@ -32,7 +32,7 @@ constexpr std::array entries{
     Entry{ncolor::Group, StatusMark::Group, "Group Therapy"},
 };
 
-/// The colours of a card of the calendar, with the glyph that tells them from one another without colour.
+/// Paints the colours of a calendar card, with the glyph that tells them apart without colour.
 class Swatch : public QWidget {
   public:
     Swatch(const Entry& entry, QWidget* parent) : QWidget(parent) {

@@ -22,9 +22,9 @@ using db::Sql;
 
 namespace {
 
-constexpr int MostCharacters = 100;  // Of Holidays.Holiday.
+constexpr int MostCharacters = 100;  // Length of Holidays.Holiday.
 constexpr int DateColumn = 2;
-/// How dates stand on this list, whatever the system's order.
+/// Returns a date as this list shows it, whatever the system's order.
 const QString DateForm = QStringLiteral("MM/dd/yyyy");
 
 }  // namespace

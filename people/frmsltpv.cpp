@@ -93,7 +93,7 @@ void frmsltpv::buildForm() {
     txtfind->setFocus();
 }
 
-// Up and Down go through the list while the fingers stay on the name.
+// Up and Down move in the list while the cursor stays in the name.
 bool frmsltpv::eventFilter(QObject* watched, QEvent* event) {
     if (watched == txtfind && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
@@ -129,7 +129,7 @@ void frmsltpv::cmdfind_Click() {
             List1->SelectRow(row);
             return;
         }
-    // Enter must not open another provider's schedule than the one that was typed.
+    // Enter must not open the schedule of another provider than the one whose name was typed.
     List1->SelectRow(-1);
 }
 

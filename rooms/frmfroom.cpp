@@ -47,7 +47,7 @@ void frmfroom::nameHits(Recordset& rows) {
     std::vector<qint64> owners;
     for (; !rows.Eof(); rows.MoveNext())
         owners.push_back(rows["apptid"].integer());
-    // A slot counts as a patient's where nobody can tell whose it is.
+    // When the owner of a slot cannot be read, the slot counts as a patient's.
     QSet<qint64> others;
     db::Ignoring([&] { others = KeysWithoutPatient(Session().Connection, {owners.begin(), owners.end()}); });
     for (std::size_t line = 0; line < owners.size(); ++line)

@@ -5,7 +5,7 @@
 
 #include "shell/finddialog.h"
 
-/// Where a found booking stands.
+/// The room, date and time of a found booking.
 struct FoundBooking {
     int key = 0;
     int room = 0;  ///< RoomID.
@@ -13,12 +13,12 @@ struct FoundBooking {
     int start = 0;  ///< Minutes since midnight.
 };
 
-/// Finds bookings of every room by a text in their description, and goes to the one that the user chooses.
+/// Finds bookings of every room by a text in their description and goes to the one that the user chooses.
 class frmfroom : public FindDialog {
     Q_OBJECT
 
   public:
-    /// Shows a booking; what keeps it from that, "" where it is shown.
+    /// Goes to a booking. Returns the reason why it cannot be shown, or "" when it is shown.
     using GoTo = std::function<QString(const FoundBooking& booking)>;
 
     explicit frmfroom(GoTo goTo, QWidget* parent = nullptr);

@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int FirstDateValue = 100;  // Below it, a date field holds no date.
+constexpr int FirstDateValue = 100;  // A date field with a value below this holds no date.
 constexpr int LongestSubject = 100;
 const QString Tag = QStringLiteral("EDIT");
 
@@ -33,7 +33,7 @@ frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& 
     setProperty("tag", meeting.key > 0 ? Tag : QString());
     buildForm(roomName);
     shown_.text = txtsubject->text();
-    // Before the form takes its size.
+    // The line must be filled before the form takes its size.
     showMove();
     layOutForm();
     connect(ctedate, &ctDEdit::Change, this, &frmRoomAppt::showMove);
@@ -41,7 +41,7 @@ frmRoomAppt::frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& 
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-// The focus leaves its field when the form goes, which must still find the whole form.
+// A field with the focus is left while the form is destroyed, so the form is hidden while it is still whole.
 frmRoomAppt::~frmRoomAppt() {
     hide();
 }
@@ -157,7 +157,7 @@ bool frmRoomAppt::isComplete() {
 }
 
 void frmRoomAppt::cmdOk_Click() {
-    // A slot's times may be what no field shows; they are not asked about where they cannot be changed.
+    // The times of a slot may be ones that no field can show. They are not checked where they cannot be changed.
     if (!meeting_.bound && !isComplete())
         return;
     try {

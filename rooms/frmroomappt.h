@@ -8,26 +8,26 @@ class QLineEdit;
 class QPushButton;
 class ctDEdit;
 
-/// One meeting in a room: its date, its times and what it is about. A new one is added by OK; the stored one that the
-/// form was given to edit (its tag is "EDIT" then) is changed by it. OK without a change writes nothing. A save that
-/// fails closes the form, which RunEditor keeps. The caller reads its room anew when the form has closed.
+/// Edits one meeting in a room: its date, times and subject. OK adds a new meeting or changes the stored one that the
+/// form was given (its tag is then "EDIT"). OK without a change writes nothing. A failing save closes the form, and
+/// RunEditor keeps it. The caller reloads its room when the form has closed.
 class frmRoomAppt : public EditorDialog {
     Q_OBJECT
 
   public:
-    /// A meeting without a key is new, and its date the one that the schedule shows. The form shows `date`, which may
-    /// be another than the meeting's: the form says so, and is about to book it or, by a change, to move it there. Date
-    /// and times of one that an appointment owns cannot be changed here.
+    /// A meeting without a key is new, and its date is the one that the schedule shows. The form shows `date`, which
+    /// may differ from the meeting's date. The form then says so, and OK books the meeting on `date` or, with a change,
+    /// moves it there. The date and the times of a slot that an appointment owns cannot be changed here.
     frmRoomAppt(const RoomMeeting& meeting, QDate date, const QString& roomName, QWidget* parent = nullptr);
     ~frmRoomAppt() override;
 
-    /// The key of the meeting that was added or changed; 0 where nothing was saved.
+    /// The key of the meeting that was added or changed; 0 when nothing was saved.
     [[nodiscard]] int SavedKey() const { return savedKey_; }
     [[nodiscard]] QDate SavedDate() const { return wanted().date; }
 
     QLabel* lblRoom = nullptr;
     ctDEdit* ctedate = nullptr;
-    QLabel* lblmoves = nullptr;  ///< Which other day the meeting or its schedule is on.
+    QLabel* lblmoves = nullptr;  ///< Says that the meeting or its schedule is on another day.
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
     QLineEdit* txtsubject = nullptr;
@@ -35,9 +35,9 @@ class frmRoomAppt : public EditorDialog {
     QPushButton* cmdCancel = nullptr;
 
     [[nodiscard]] QString Subject() const override;
-    /// Both throw db::DatabaseError.
+    /// Throws db::DatabaseError, as SaveUpdate does.
     void SaveNew();
-    /// False where another desk has deleted the meeting, which the user has been told.
+    /// Returns false when another desk has deleted the meeting, of which the user has been told.
     [[nodiscard]] bool SaveUpdate();
 
   private:
@@ -48,7 +48,7 @@ class frmRoomAppt : public EditorDialog {
     [[nodiscard]] bool isComplete();
     void cmdOk_Click();
 
-    RoomMeeting meeting_;  ///< As it is stored.
-    RoomMeeting shown_;    ///< As the form showed it first.
+    RoomMeeting meeting_;  ///< The meeting as it is stored.
+    RoomMeeting shown_;    ///< The meeting as the form first showed it.
     int savedKey_ = 0;
 };

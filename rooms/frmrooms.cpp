@@ -30,11 +30,11 @@ namespace {
 constexpr int MeetingColor = 0xC0C000;
 constexpr int BoundColor = 255;  // red
 constexpr int DefaultInterval = 30;
-constexpr int HintCharacters = 20;  ///< The least that a line of the hint holds.
+constexpr int HintCharacters = 20;  ///< The least number of characters in a line of the hint.
 const QString LastRoom = QStringLiteral("frmrooms.room");
 
-/// What the user may do here. It has room for the longest of its texts at all times: where another text came while the
-/// user double-clicks, the second click would fall on another time of a grid that has moved.
+/// Tells the user what can be done here. The label always has room for its longest text. If it grew while the user
+/// double-clicks, the grid would move and the second click would hit another time.
 class Hint : public QLabel {
   public:
     Hint(QStringList texts, QWidget* parent) : QLabel(parent), texts_(std::move(texts)) {
@@ -78,14 +78,14 @@ frmrooms::frmrooms(MainWindow& main, QWidget* parent) : MenuView(main, RoomMenus
     loadroomslist();
     connect(cborooms, &QComboBox::currentIndexChanged, this, &frmrooms::followRoom);
     connect(txtdate, &ctDEdit::Change, this, [this] {
-        // While a date is being typed it is not read as what its first letters mean.
+        // While a date is being typed, its first letters are not taken for a date.
         if (txtdate->Text() == DateFieldText(txtdate->Date(), static_cast<DateOrder>(Session().DateOrder)))
             setDate(txtdate->Date());
     });
     connect(txtdate, &ctDEdit::editingFinished, this, [this] { setDate(txtdate->Date()); });
 }
 
-// The focus leaves its field when the view goes, which must still find the whole view.
+// A field with the focus is left while the view is destroyed, so the view is hidden while it is still whole.
 frmrooms::~frmrooms() {
     hide();
 }
@@ -134,7 +134,7 @@ void frmrooms::layOut() {
     bar->addWidget(txtdate);
     bar->addWidget(stepButton("cmdprevious", tr("Previous Day"), "previous", 0));
     bar->addWidget(stepButton("cmdnext", tr("Next Day"), "next", 1));
-    // Below, since a small screen has no room for it in the line.
+    // The hint stands below the bar, because a small screen has no room for it there.
     auto* below = new QHBoxLayout;
     below->setContentsMargins(Space(8), 0, Space(8), Space(4));
     below->addWidget(lblhint_);
@@ -166,7 +166,7 @@ void frmrooms::loadroomslist() {
     const QSignalBlocker quiet(cborooms);
     const int chosen = cborooms->count() > 0 ? roomId() : ReadUserSetting(LastRoom).toInt();
     cborooms->clear();
-    // Most likely the chosen room is still on the list.
+    // The chosen room is most likely still on the list, so its bookings are read in the same trip.
     const db::ReadTogether together(Session().Connection, {roomsStatement(), bookingsStatement(date_, chosen)});
     const auto addRooms = [this] {
         for (Recordset rows(roomsStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
@@ -209,7 +209,7 @@ void frmrooms::LoadRooms() {
 void frmrooms::addMeetings() {
     for (Recordset rows(bookingsStatement(date_, roomId()), Session().Connection); !rows.Eof(); rows.MoveNext()) {
         const RoomMeeting meeting = MeetingOf(rows);
-        // A meeting before the day's first hour is in the way too.
+        // A meeting before the first hour of the day also blocks the room, so it must be shown.
         board_->WidenTo(StartOf(rows));
         addMeeting(meeting);
     }

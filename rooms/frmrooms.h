@@ -15,15 +15,15 @@ class ctMDay;
 struct CalendarItem;
 struct FoundBooking;
 
-/// The room scheduler: one room, one day. Meetings are booked here without an appointment; a slot that belongs to an
-/// appointment or an activity is shown, marked and locked, and moves with its owner.
+/// The room scheduler: one room, one day. Meetings are booked here without an appointment. A slot that belongs to an
+/// appointment or an activity is shown, marked and locked; it moves with its owner.
 ///
-/// Typing on a selected time makes a meeting there at once ("New mtg.") and names it; dragging, sizing and naming one
-/// in the grid are stored at once, too. The dialog starts from the date of the main window's calendar, the grid
-/// books on the date that it shows. Whoever may only read can look and find.
+/// Typing on a selected time makes a meeting there at once ("New mtg.") and edits its name. Dragging, sizing and naming
+/// a meeting in the grid are also stored at once. The dialog starts from the date of the main window's calendar, while
+/// the grid books on the date that it shows. A user who may only read can look and find.
 ///
-/// The room that a user looked at last is the one that opens next time. While patient names are hidden the texts of the
-/// slots of patients' appointments are hidden here, as they hold names.
+/// The room that a user looked at last opens again next time. While patient names are hidden, the texts of the slots of
+/// patients' appointments are hidden too, because they hold names.
 class frmrooms : public MenuView {
     Q_OBJECT
 
@@ -31,31 +31,32 @@ class frmrooms : public MenuView {
     explicit frmrooms(MainWindow& main, QWidget* parent = nullptr);
     ~frmrooms() override;
 
-    /// Reads the rooms; the chosen one stays chosen while it is there.
+    /// Reads the list of rooms. The chosen room stays chosen while it exists.
     void loadroomslist();
-    /// Reads the selected room's day. A reload of what is shown keeps the place and the selected item. A failed read is
-    /// told, so that nobody takes the room for free.
+    /// Reads the selected room's day. A reload of the same day keeps the scroll position and the selected item. A
+    /// failed read is shown to the user, so that nobody takes the room for free.
     void LoadRooms();
-    /// 0 one day back, 1 one day forward, 2 today.
+    /// Moves the date: `step` 0 goes one day back, 1 one day forward, and 2 to today.
     void cycledate(int step);
-    /// Opens the dialog on a meeting of the grid.
+    /// Opens the dialog for a meeting of the grid.
     void editappt(int item);
-    /// Stores what was changed on an item in the grid; an emptied text comes back without a word.
+    /// Stores a change of an item in the grid. When the text was emptied, the old text comes back without a message.
     void saveappt(int item, const QString& textBefore);
-    /// Deletes the selected item after a question, a slot that belongs to an appointment too; its appointment stays.
+    /// Deletes the selected item after a question. The slot of an appointment can be deleted too; its appointment
+    /// stays.
     void deleteappt();
-    /// The room's day on paper, through the preview.
+    /// Shows the room's day on paper in the preview.
     void printS();
     void setmenuaccess();
 
-    /// The rooms too, where they could not be read.
+    /// Reads the day again, and the rooms too when they could not be read.
     void Reload() override;
     void ShowDate(QDate date) override;
     bool StepOwnDate(int direction) override;
     [[nodiscard]] QDate ShownDay(QDate /*mainDate*/) const override { return date_; }
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
     void ApplyPreferences() override;
-    /// The dialog for a new meeting at the selected time.
+    /// Opens the dialog for a new meeting at the selected time.
     void AddAppointment() override;
     /// Finds a booking of any room and goes to it.
     void FindAppointment() override;
@@ -101,8 +102,8 @@ class frmrooms : public MenuView {
     ctMDay* ctDays1 = nullptr;  ///< The board's grid.
     QMenu* popup_ = nullptr;
 
-    QDate date_;                        ///< The last date that txtdate held.
-    QHash<QString, RoomMeeting> rows_;  ///< By ItemKey.
+    QDate date_;                        ///< The last valid date of txtdate.
+    QHash<QString, RoomMeeting> rows_;  ///< The meetings by their item's ItemKey.
     bool roomsRead_ = false;
     bool bookingsRead_ = false;
 };

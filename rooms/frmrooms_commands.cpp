@@ -24,7 +24,7 @@ namespace {
 
 const QString NewMeetingText = QStringLiteral("New mtg.");
 
-constexpr int DayFirst = 1;  ///< Of the session's DateOrder.
+constexpr int DayFirst = 1;  ///< A value of the session's DateOrder.
 
 void tellUnsaved(const db::DatabaseError& error) {
     TellError(QStringLiteral("Error saving room schedule. "), error);
@@ -35,13 +35,13 @@ void tellGone() {
            QStringLiteral("Error"));
 }
 
-/// A meeting that was typed in place and could not be saved; a new one has no key.
+/// A meeting that was typed in place and could not be saved. A new one has no key.
 struct UnsavedMeeting {
     RoomMeeting read;
     RoomMeeting wanted;
 
-    /// Whether nothing is left to be saved. What another desk has written in the meantime is told once, and written
-    /// over by the try after that.
+    /// Stores the meeting and returns whether nothing is left to be saved. When another desk has changed the row, the
+    /// user is told once, and the next try overwrites that change.
     bool Store() {
         try {
             if (read.key == 0)
@@ -183,7 +183,7 @@ void frmrooms::AddAppointment() {
     showDialog({0, ctDays1->SelStart(), ctDays1->SelEnd(), date_, {}, {}, roomId(), false});
 }
 
-// The slot of an appointment is changed with its appointment.
+// The slot of an appointment can only be changed with its appointment.
 void frmrooms::editappt(int item) {
     ctDays1->CommitEdit();
     const RoomMeeting* meeting = meetingAt(item);
@@ -270,7 +270,7 @@ void frmrooms::save(int index, const RoomMeeting& wanted) {
     }
 }
 
-// The view may be another one when the user tries again.
+// Another view may be open when the user tries again.
 void frmrooms::keepMeeting(const RoomMeeting& read, const RoomMeeting& wanted) const {
     const auto unsaved = std::make_shared<UnsavedMeeting>(UnsavedMeeting{read, wanted});
     KeepTyped(tr("the meeting on %1 at %2")

@@ -138,7 +138,7 @@ void frmRoomView::addBookings() {
         if (const int place = GetRoomPos(static_cast<int>(rows["croomid"].integer())); place > -1)
             item.ItemColumn = place + 1;
         owners_[item.ItemKey] = rows["apptid"].integer();
-        // A meeting before the day's first hour is in the way too.
+        // A meeting before the first hour of the day also blocks the room, so it must be shown.
         board_->WidenTo(StartOf(rows));
         board_->AddRow(std::move(item));
     }

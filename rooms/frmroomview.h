@@ -10,27 +10,27 @@ class DayBoard;
 class QPushButton;
 class ctMDay;
 
-/// All rooms side by side for one day, to be read: which room is free at the wanted time. The wanted time is shaded in
-/// every column. A double click on a room's heading or on its free time chooses that room, as Enter and the button do
-/// for the column in which a time or a booking is selected.
+/// Shows all rooms side by side for one day, for reading only, so that the user finds a room that is free at the wanted
+/// time. The wanted time is shaded in every column. A double click on free time or a click on a room's heading chooses
+/// that room. Enter and the button choose the room in whose column a time or a booking is selected.
 class frmRoomView : public QDialog {
     Q_OBJECT
 
   public:
-    /// `wanted` holds the editor's date and times; times that are not both above 0, or not in order, are not shaded.
-    /// `dateText` is how the editor writes its date.
+    /// `wanted` holds the editor's date and times. They are not shaded unless both are above 0 and in order. `dateText`
+    /// is the date as the editor writes it.
     frmRoomView(const SelectedSlot& wanted, const QString& dateText, QWidget* parent = nullptr);
 
-    /// The RoomID of the room that the user chose; 0 where the form was only looked at.
+    /// The RoomID of the chosen room; 0 when the form was only looked at.
     [[nodiscard]] int ChosenRoom() const { return chosenRoom_; }
 
     /// Reads the rooms.
     void LoadRooms();
-    /// One column for each room, with the wanted time shaded.
+    /// Makes one column for each room, with the wanted time shaded.
     void resetcols();
-    /// Reads the day's bookings. One whose room is gone stands in the first column.
+    /// Reads the day's bookings. A booking whose room no longer exists is shown in the first column.
     void loadRoomView();
-    /// The place of a room in the list, counted from 0; -1 for a room that is not there.
+    /// Returns the place of a room in the list, from 0, or -1 for an unknown room.
     [[nodiscard]] int GetRoomPos(int roomId) const;
 
     ctMDay* ctMDay1 = nullptr;

@@ -6,7 +6,7 @@
 
 #include "platform/database/recordset.h"
 
-/// One row of `roomschedule`: a meeting, or the slot that an appointment or activity owns.
+/// One row of `roomschedule`: a meeting, or the slot of an appointment or activity.
 struct RoomMeeting {
     int key = 0;    ///< nKeyId; 0 before it is stored.
     int start = 0;  ///< Minutes since midnight.
@@ -15,7 +15,7 @@ struct RoomMeeting {
     QString text;
     QString note;
     int room = 0;
-    bool bound = false;  ///< An appointment owns it.
+    bool bound = false;  ///< Whether an appointment owns it.
     qint64 owner = 0;    ///< The key of that appointment.
 
     friend bool operator==(const RoomMeeting&, const RoomMeeting&) = default;
@@ -26,9 +26,10 @@ struct RoomMeeting {
 [[nodiscard]] int StartOf(const db::Recordset& row);
 /// Stores a new row and returns its key. Throws DatabaseError.
 int AddMeeting(const RoomMeeting& meeting);
-/// Stores what `wanted` changed of `before`, as it was read; what the user left alone keeps what the row holds. The
-/// text is stored with its first 100 characters, the note with its first 200. False where the row is gone. Throws
-/// DatabaseError, RowChangedError among them where another desk changed the same thing differently.
+/// Stores the fields in which `wanted` differs from `before`, the row as it was read. The other fields keep the row's
+/// present values. The first 100 characters of the text and the first 200 of the note are stored. Returns false when
+/// the row no longer exists. Throws DatabaseError, which is a RowClash where another desk changed the same field to
+/// another value.
 [[nodiscard]] bool SaveMeeting(const RoomMeeting& before, const RoomMeeting& wanted);
-/// The row as it is stored now; none where it is gone. Throws DatabaseError.
+/// Returns the row as it is stored now, or nothing when it no longer exists. Throws DatabaseError.
 [[nodiscard]] std::optional<RoomMeeting> StoredMeeting(int key);

@@ -15,7 +15,7 @@ using db::Sql;
 
 namespace {
 
-// A stored Tentative is another code and has no word here; see ncolor::LegendTentative.
+// The stored code of Tentative is another one and has no word here; see ncolor::LegendTentative.
 QString statusWord(int code) {
     switch (code) {
         case ncolor::LegendTentative:

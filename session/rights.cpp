@@ -10,7 +10,7 @@ namespace {
 constexpr int WriteAccess = 2;
 constexpr int DeleteAccess = 3;
 
-// True when the statement gives a row; a failing one gives none.
+// Whether the statement returns a row. A failing statement returns none.
 bool hasRow(const QString& statement) {
     bool found = false;
     db::Ignoring([&] { found = !db::Recordset(statement, Session().Connection).Eof(); });

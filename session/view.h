@@ -1,9 +1,8 @@
 #pragma once
 
-/// The views of the main window. The numbers are those of the command line, of Ctrl+1 to Ctrl+6 and of the order in the
-/// task pane.
+/// The views of the main window. Their numbers are those of Ctrl+1 to Ctrl+6 and of the order in the task pane.
 enum class View {
-    None = 0,  ///< Before the first view is open.
+    None = 0,  ///< No view is open yet.
     Day = 1,
     Week = 2,
     Month = 3,

@@ -14,65 +14,66 @@
 
 class ctMDay;
 
-/// What a view decides about the items of its board; a rule that is left out locks nothing and names nobody.
+/// What a view decides about the items of its board. A rule that is left out locks nothing and names nobody.
 struct BoardRules {
-    /// Sets the item's two locks, as the user's rights and the kind of item say. It is asked whenever an item is shown,
-    /// and again just before the user works on it.
+    /// Sets the item's two locks by the user's rights and the kind of item. It is called whenever an item is shown, and
+    /// again just before the user works on it.
     std::function<void(CalendarItem& item)> lock;
-    /// Which of the items name a patient, in their order. It is asked only while the patients' names are hidden, of all
-    /// items of a load at once, so that a view which has to look that up does so once.
+    /// Returns which of the items name a patient, in their order. It is called only while the patients' names are
+    /// hidden, and with all items of a load at once, so that a view which must look that up asks the database once.
     std::function<std::vector<bool>(std::span<const CalendarItem> items)> namesPatients;
 };
 
-/// A day grid as the views are made of it: how it is loaded, with the preferred hours, the shading around working
-/// hours, the hidden names and the locks. What its items stand for only the view knows.
+/// A day grid together with the way in which a view loads it: the preferred hours, the shading around working hours,
+/// the locks, the hidden names, and the place that a reload keeps. Only the view knows what the items stand for.
 ///
-/// A load goes from BeginLoad to EndLoad; between them the view widens the grid to its rows and adds the items. A load
-/// that fails half way is ended all the same.
+/// A load goes from BeginLoad to EndLoad. Between them the view widens the grid to its rows and adds the items. EndLoad
+/// is also called when reading failed half way.
 class DayBoard : public QObject {
   public:
-    /// Makes the grid, a child of `view`, under this object name.
+    /// Makes the grid under this object name. Board and grid belong to `view`.
     DayBoard(const QString& gridName, BoardRules rules, QWidget* view);
 
-    /// The grid's step in minutes, and the hours counted to 12 or 24 as the preferences say.
+    /// Sets the grid's step in minutes, and the 12 or 24 hour clock of the preferences.
     void SetScale(int slotMinutes);
 
-    /// Empties the grid for what stands under this date and belongs to `of`: a provider, a room, whatever the view
-    /// shows one of at a time; "" where it shows them all. What is being typed is stored before its item goes. The grid
-    /// has the preferred hours, neither a holiday nor its colours; columns and shading stay.
+    /// Empties the grid for the items of this date and of `of`: the id of the provider, room or whatever else the view
+    /// shows one of at a time, "" where it shows them all. Text that is being typed is stored before its item is
+    /// removed. The grid gets the preferred hours and loses the marks of a holiday. Columns and shading stay.
     void BeginLoad(QDate date, const QString& of = {});
-    /// Opens the grid earlier where this minute is before its first; a row without a start, below 0, opens nothing.
+    /// Lets the grid begin at this minute where it would begin later. A minute below 0, of a row without a start,
+    /// changes nothing.
     void WidenTo(int startMinute);
-    /// Adds the item that was made of a row of the database, and returns its index. A row that a join gives more than
-    /// once makes one item in a column and a day: for the others it is 0.
+    /// Adds the item that was made of a row of the database, and returns its index. Where a join gives the row more
+    /// than once, only its first item in a column and a day is added; the others return 0.
     int AddRow(CalendarItem item);
-    /// Adds an item with all its attributes, and returns its index.
+    /// Adds an item that no row stands behind, such as a banner, and returns its index.
     int AddItem(CalendarItem item);
-    /// A reload of what was shown before keeps its place and its selected item, the one of the same column where
-    /// several have its key. Anything else starts at its first minute.
+    /// Hides the names and scrolls the grid. A reload of what was shown before keeps the place and the selected item;
+    /// where several items have its key, it selects the one in the same column. Any other load starts at its first
+    /// minute.
     void EndLoad();
 
-    /// Shades what lies outside the working hours of a row of ProvSched, in a column (0: in each) or on a day; a null
-    /// or no start shades the whole day.
+    /// Shades the time outside the working hours of a row of ProvSched, in a column (0: in each) or on a day. A start
+    /// that is null or 0 shades the whole day.
     void ShadeAround(const db::Recordset& hours, int column = 0);
     void ShadeAround(const db::Recordset& hours, QDate day);
 
-    /// Shows the item in place of the one that stands at the index, as it is stored now or was stored before; an index
-    /// below 1 is ignored.
+    /// Replaces the item at the index, by what is stored now or by what was stored before. An index below 1 is ignored.
     void Show(int index, CalendarItem item);
-    /// Asks anew what of the item is locked.
+    /// Sets the locks of the item anew.
     void Lock(int index);
 
-    /// Whether this is what was loaded last.
+    /// Whether the last load was of this date and of the same provider, room or the like.
     [[nodiscard]] bool Shows(QDate date, const QString& of = {}) const;
-    /// The selected item as the grid holds it; nothing where none is selected.
+    /// The selected item as the grid holds it, or nothing.
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const;
     [[nodiscard]] ctMDay& Grid() const { return *grid_; }
 
     static constexpr int NonWorkingColor = 0x808080;
 
   private:
-    /// What tells the item of one row from those of all others, of another kind with the same key among them.
+    /// Tells the item of one row from all others. Rows of two tables may have the same key, but never the same colour.
     struct RowPlace {
         QString key;
         QDate day;

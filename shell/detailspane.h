@@ -6,25 +6,25 @@
 class QPlainTextEdit;
 class ctList;
 
-/// The details of what is selected in a view: a list of labels with their values, and under it a note. What tells of a
-/// patient is hidden with the patients' names, at once. A view may add panes of its own under these.
+/// The details of the item that is selected in a view: a list of labels with values, and a note under it. Values and
+/// notes about a patient are hidden while the patients' names are hidden. A view may add panes of its own below.
 class DetailsPane : public QSplitter {
     Q_OBJECT
 
   public:
     enum class About { Nobody, Patient };
 
-    /// `caption` stands over the list, with the letter that leads there.
+    /// `caption` is the text over the list, with the letter of its Alt key.
     explicit DetailsPane(const QString& caption, QWidget* parent = nullptr);
 
-    /// Adds a pane with a caption over its content, which takes the share `stretch` of the height.
+    /// Adds a pane with a caption over its content; `stretch` is its share of the height.
     void AddPane(const QString& caption, QWidget* content, int stretch);
 
     /// Empties the list and the note.
     void Clear();
-    /// Adds a label with its value, of which one about a patient is hidden.
+    /// Adds a label with its value.
     void AddRow(const QString& label, const QString& value, About about = About::Nobody);
-    /// Shows a heading and behind it the note.
+    /// Shows a heading, which is never hidden, followed by the note.
     void ShowNote(const QString& heading, const QString& note, About about = About::Nobody);
 
   private:

@@ -14,13 +14,13 @@ struct ListedProvider {
     QString id;
     QString name;
     QString discipline;
-    bool shown = true;  ///< Checked: has a column in the view.
+    bool shown = true;  ///< Whether the provider is checked and has a column in the view.
 
     friend bool operator==(const ListedProvider&, const ListedProvider&) = default;
 };
 
-/// The providers of whom a view shows a column each: a list with a check box in each row, under a heading. By hand at
-/// least one stays checked, so that the view is never empty unseen. What a view checks itself raises no signal.
+/// The providers from whom the user chooses the columns of a view: a list with check boxes under a heading. The user
+/// cannot clear the last box, so that the view is never left without a column.
 class ProviderPanel : public QWidget {
     Q_OBJECT
 
@@ -31,24 +31,24 @@ class ProviderPanel : public QWidget {
 
     void Clear();
     void Add(const ListedProvider& provider);
-    /// Checks those who are wanted and nobody else, which may be nobody.
+    /// Checks the wanted providers and clears all others, without raising ChoiceChanged. It may leave nobody checked.
     void CheckThose(const std::function<bool(const ListedProvider& provider)>& wanted);
     void CheckAll();
-    /// Checks those of a choice as Choice tells it, compared to the letter; everybody where it is empty.
+    /// Checks the providers of a text that Choice returned, whose ids are compared exactly. An empty text checks all.
     void Choose(const QString& choice);
 
-    /// In the order of the list.
+    /// All providers in the order of the list.
     [[nodiscard]] std::vector<ListedProvider> Providers() const;
-    /// The provider of this id, in whichever case; nothing for one who is not listed.
+    /// The provider of this id, whatever its case, or nothing where nobody of that id is listed.
     [[nodiscard]] std::optional<ListedProvider> Find(const QString& id) const;
-    /// The ids of those who are checked in the order of the list, each followed by "|".
+    /// The ids of the checked providers in the order of the list, each followed by "|".
     [[nodiscard]] QString Choice() const;
-    /// Heading and list from top to bottom, to which a view may add its own rows.
+    /// The heading and the list from top to bottom. A view may add rows of its own.
     [[nodiscard]] QVBoxLayout& Rows() const { return *rows_; }
     [[nodiscard]] ctList& List() const { return *ctList1; }
 
   Q_SIGNALS:
-    /// The user has checked others than before.
+    /// Raised after the user checked or cleared a provider.
     void ChoiceChanged();
 
   private:
@@ -58,8 +58,8 @@ class ProviderPanel : public QWidget {
     ctList* ctList1;
 };
 
-/// The choice that the user logged on left under this preference. Where there is none yet it is "", and its row is
-/// made. Throws DatabaseError.
+/// Reads the choice that the user logged on has stored under this preference. Where there is none yet it adds an empty
+/// one. Throws DatabaseError.
 [[nodiscard]] QString ReadChoice(const QString& category, const QString& detail);
-/// Throws DatabaseError.
+/// Stores a choice in the row that ReadChoice has read or added. Throws DatabaseError.
 void WriteChoice(const QString& category, const QString& detail, const QString& choice);

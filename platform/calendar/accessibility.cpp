@@ -8,11 +8,12 @@
 #include <vector>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/calendar/ctweek.h"
 #include "platform/calendar/glyphs.h"
 
 namespace {
 
-/// One item of a calendar, known by its index; it goes invalid when the index means nothing any more.
+/// One item of a calendar, identified by its index. It becomes invalid when no item has that index any more.
 class AccessibleItem : public QAccessibleInterface, public QAccessibleActionInterface {
   public:
     AccessibleItem(ctMDay* calendar, int index) : calendar_(calendar), index_(index) {}
@@ -82,7 +83,8 @@ class AccessibleItem : public QAccessibleInterface, public QAccessibleActionInte
     int index_;
 };
 
-/// The calendar. Its children are the shown items in the order of Tab; their interfaces are made when asked for.
+/// The calendar. Its children are the shown items in the order of Tab. Their interfaces are created when they are asked
+/// for.
 class AccessibleCalendar : public QAccessibleWidget {
   public:
     explicit AccessibleCalendar(ctMDay* calendar) : QAccessibleWidget(calendar, QAccessible::List) {}
@@ -111,6 +113,9 @@ class AccessibleCalendar : public QAccessibleWidget {
 
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override {
         const QPoint point = calendar()->mapFromGlobal(QPoint(x, y));
+        // The selected item lies above the others.
+        if (const int selected = calendar()->SelectedItem(); calendar()->ItemRect(selected).contains(point))
+            return itemInterface(selected);
         for (const int index : order()) {
             if (calendar()->ItemRect(index).contains(point))
                 return itemInterface(index);
@@ -134,7 +139,7 @@ class AccessibleCalendar : public QAccessibleWidget {
     [[nodiscard]] QAccessibleInterface* itemInterface(int index) const {
         if (const auto known = ids_.find(index); known != ids_.end())
             return QAccessible::accessibleInterface(known->second);
-        auto* made = new AccessibleItem(calendar(), index);  // Owned by QAccessible's register from here on.
+        auto* made = new AccessibleItem(calendar(), index);  // QAccessible's registry owns it from here on.
         ids_[index] = QAccessible::registerAccessibleInterface(made);
         return made;
     }
@@ -142,9 +147,25 @@ class AccessibleCalendar : public QAccessibleWidget {
     mutable std::map<int, QAccessible::Id> ids_;
 };
 
+/// A month. What it says of its selected day is made when asked for, since items are added one by one.
+class AccessibleMonth : public QAccessibleWidget {
+  public:
+    explicit AccessibleMonth(ctWeek* month) : QAccessibleWidget(month) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Description ? static_cast<ctWeek*>(widget())->SelectionText()
+                                                : QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
-    auto* calendar = className == QLatin1String("ctMDay") ? qobject_cast<ctMDay*>(object) : nullptr;
-    return calendar == nullptr ? nullptr : new AccessibleCalendar(calendar);
+    if (className == QLatin1String("ctMDay"))
+        if (auto* calendar = qobject_cast<ctMDay*>(object); calendar != nullptr)
+            return new AccessibleCalendar(calendar);
+    if (className == QLatin1String("ctWeek"))
+        if (auto* month = qobject_cast<ctWeek*>(object); month != nullptr)
+            return new AccessibleMonth(month);
+    return nullptr;
 }
 
 }  // namespace
@@ -176,4 +197,11 @@ void AnnounceCalendarSelection(ctMDay& calendar) {
         changed.setChild(static_cast<int>(place - order.begin()));
         QAccessible::updateAccessibility(&changed);
     }
+}
+
+void AnnounceMonthSelection(ctWeek& month) {
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent changed(&month, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
 }

@@ -7,6 +7,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include "platform/calendar/accessibility.h"
 #include "platform/calendar/timescale.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
@@ -21,6 +22,7 @@ constexpr int Hour = 3'600'000;  // Milliseconds.
 }  // namespace
 
 ctWeek::ctWeek(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) {
+    InstallCalendarAccessibility();
     grid_.firstDayOfWeek = QLocale().firstDayOfWeek();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -39,6 +41,7 @@ void ctWeek::setDate(QDate date) {
     grid_.month = date;
     selected_ = date;
     invalidate();
+    AnnounceMonthSelection(*this);
 }
 
 void ctWeek::setTwentyFourHour(bool on) {
@@ -109,11 +112,15 @@ QString ctWeek::SelectionText() const {
     for (const MonthCell& cell : Layout().cells) {
         if (cell.day != selected_)
             continue;
-        for (const MonthLine& line : cell.lines)
+        int more = cell.hidden;
+        for (const MonthLine& line : cell.lines) {
             if (line.index > 0 && said.size() <= MostSpokenItems)
                 said << lineText(Item(line.index));
-        if (cell.hidden > 0)
-            said << tr("%1 more").arg(cell.hidden);
+            else if (line.index > 0)
+                ++more;
+        }
+        if (more > 0)
+            said << tr("%1 more").arg(more);
     }
     return said.join(QStringLiteral(", "));
 }
@@ -121,16 +128,16 @@ QString ctWeek::SelectionText() const {
 void ctWeek::ChangeItems(const std::function<void(CalendarItem&)>& change) {
     for (CalendarItem& item : items_)
         change(item);
-    setAccessibleDescription(SelectionText());
     invalidate();
+    AnnounceMonthSelection(*this);
 }
 
 void ctWeek::select(QDate day) {
     if (day == selected_ || !day.isValid())
         return;
     selected_ = day;
-    setAccessibleDescription(SelectionText());
     update();
+    AnnounceMonthSelection(*this);
     Q_EMIT DaySelected(day);
 }
 
@@ -162,8 +169,8 @@ void ctWeek::hideEvent(QHideEvent*) {
     midnight_.stop();
 }
 
-// Today moves on while the month is left open overnight. The clocks may be changed before that: they are read each
-// hour.
+// Moves the mark of today when the month is left open overnight. The clock may be changed before midnight, so it is
+// read every hour.
 void ctWeek::waitForMidnight() {
     const QDateTime now = clock_();
     const int left = 24 * Hour - now.time().msecsSinceStartOfDay();
@@ -196,7 +203,7 @@ void ctWeek::leaveEvent(QEvent*) {
 }
 
 void ctWeek::wheelEvent(QWheelEvent* event) {
-    // A touchpad sends many small turns; a month is a whole one.
+    // A touchpad sends many small turns. They are added up to the whole turn that means a month.
     wheelRest_ += event->angleDelta().y();
     const int steps = wheelRest_ / WheelStep;
     wheelRest_ %= WheelStep;

@@ -110,10 +110,11 @@ CalendarGrid FitGrid(const CalendarContent& content, const CalendarLayout& layou
     const QRect body = grid.body();
     const int least = std::max(style.minColumnWidth, 2);
     const int fitting = std::max(body.width() / least, 1);
-    // What the user wants side by side may be narrow, but on a small screen not so narrow that no name can be read.
-    const int readable = wishes.fitHeight ? grid.columns : std::max(body.width() / (least / 2), 1);
-    const int sharing = std::min(wishes.visibleColumns > 0 ? std::min(wishes.visibleColumns, readable) : fitting,
-                                 std::max(grid.columns, 1));
+    // Columns that the user wants side by side may be narrow, but on a small screen a name must stay readable.
+    const int columns = std::max(grid.columns, 1);
+    const int readable = wishes.fitHeight ? columns : std::max(body.width() / (least / 2), 1);
+    const int sharing =
+        std::min(wishes.visibleColumns > 0 ? std::min(wishes.visibleColumns, readable) : fitting, columns);
     grid.columnWidth = std::max(static_cast<double>(body.width()) / sharing, 4.0);
     grid.gap = std::clamp(static_cast<int>(grid.columnWidth / 14), 3, style.margin * 4);
 

@@ -60,6 +60,12 @@ class BackgroundEngine final : public Engine {
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override {
         return answerOf<qint64>([=](Engine& engine) { return engine.execute(statement, bound); });
     }
+    Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                            const std::vector<Value>& bound) override {
+        return answerOf<Numbered>(
+            [=](Engine& engine) { return engine.insertNumbered(statement, valuesAt, identityColumn, bound); });
+    }
+    [[nodiscard]] QString lockingHint() const override { return shared_->engine->lockingHint(); }
     ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override {
         return answerOf<ResultTable>([=](Engine& engine) { return engine.query(statement, bound, mostRows); });
     }

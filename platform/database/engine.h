@@ -23,6 +23,15 @@ struct TableInfo {
     std::vector<ColumnInfo> columns;
     std::vector<QString> keyColumns;
     QString identityColumn;  ///< The column whose value the database assigns; empty where there is none.
+
+    /// Returns the columns by which one row is told from another: the primary key, else the identity column, else none.
+    [[nodiscard]] std::vector<QString> RowKey() const;
+};
+
+/// What one Insert added to a table with an identity column.
+struct Numbered {
+    qint64 rows = 0;
+    std::vector<qint64> keys;  ///< The keys of the rows in ascending order. It is empty where they cannot be known.
 };
 
 /// The state of an engine's link to its database.
@@ -46,6 +55,13 @@ class Engine {
     /// Returns how many rows one Insert with bound values should hold, for rows of `columns` columns. 1 means that
     /// nothing is gained by more.
     [[nodiscard]] virtual int mostRowsOfInsert(int /*columns*/) const { return 1; }
+    /// Runs one Insert of any number of rows into a table with an identity column, and returns the keys that the
+    /// database assigned. From `valuesAt` on the statement holds Values or a Select.
+    virtual Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                                    const std::vector<Value>& bound);
+    /// Returns the hint that stands behind a table in a Select so that no other desk can change the rows that were read
+    /// until the transaction ends. It is empty where nobody else can write during a transaction.
+    [[nodiscard]] virtual QString lockingHint() const { return {}; }
     /// Runs one statement that returns rows and reads all of them. Where `mostRows` is above 0, it reads at most that
     /// many and the statement stops there.
     virtual ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0) = 0;

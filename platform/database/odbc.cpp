@@ -5,6 +5,7 @@
 #include "platform/database/backgroundengine.h"
 #include "platform/database/error.h"
 #include "platform/database/odbcstatement.h"
+#include "platform/database/sql.h"
 #include "platform/database/statement.h"
 
 namespace db {
@@ -46,6 +47,9 @@ class OdbcEngine final : public CancellableEngine {
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
     [[nodiscard]] int mostRowsOfInsert(int columns) const override;
+    Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                            const std::vector<Value>& bound) override;
+    [[nodiscard]] QString lockingHint() const override;
     ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override;
     std::vector<ResultTable> queryTogether(const QStringList& statements) override;
     void begin() override;
@@ -123,6 +127,38 @@ int OdbcEngine::mostRowsOfInsert(int columns) const {
     constexpr int mostValues = 2000;
     constexpr int mostRows = 100;
     return sqlServer_ ? std::clamp(mostValues / std::max(columns, 1), 1, mostRows) : 1;
+}
+
+// Other desks insert at the same time, so only the server knows which keys it assigned to these rows.
+Numbered OdbcEngine::insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                                    const std::vector<Value>& bound) {
+    if (!sqlServer_)
+        return Engine::insertNumbered(statement, valuesAt, identityColumn, bound);
+    const QString output = QStringLiteral("Output Inserted.%1 ").arg(Bracketed(identityColumn));
+    ResultTable told;
+    try {
+        setUp();
+        OdbcStatement sent(connection_.get(), running_);
+        run(sent, statement.first(valuesAt) + output + statement.sliced(valuesAt), bound);
+        told = sent.rows();
+        sent.finish();
+    } catch (const DatabaseError& error) {
+        constexpr int tableHasTriggers = 334;
+        if (error.number != tableHasTriggers)
+            throw;
+        return {execute(statement, bound), {}};
+    }
+    Numbered inserted{told.rowCount(), {}};
+    for (int row = 0; row < told.rowCount(); ++row)
+        inserted.keys.push_back(told.at(row, 0).integer());
+    std::sort(inserted.keys.begin(), inserted.keys.end());
+    if (!inserted.keys.empty())
+        identity_ = inserted.keys.back();
+    return inserted;
+}
+
+QString OdbcEngine::lockingHint() const {
+    return sqlServer_ ? QStringLiteral(" With (UpdLock)") : QString();
 }
 
 ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {

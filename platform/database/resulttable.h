@@ -12,9 +12,9 @@ namespace db {
 enum class ColumnType { Integer, Real, Text, DateTime, Boolean };
 
 struct Column {
-    QString name;   ///< The name that the statement gives the column.
-    QString table;  ///< The base table where the engine knows it, else empty. It tells columns of a join with the same
-                    ///< name apart.
+    QString name;  ///< The name that the statement gives the column.
+    /// The base table where the engine knows it, else empty. It tells apart the columns of a join with the same name.
+    QString table;
     ColumnType type = ColumnType::Text;
 };
 

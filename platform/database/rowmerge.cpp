@@ -32,6 +32,12 @@ RowState::RowState(const Recordset& row, std::span<const char* const> columns) {
         Set(QString::fromUtf8(column), row[column].value());
 }
 
+RowState::RowState(const ResultTable& table, int row) {
+    values_.reserve(table.columns().size());
+    for (int column = 0; column < table.columnCount(); ++column)
+        values_.push_back({table.columns()[static_cast<std::size_t>(column)].name, table.at(row, column).value()});
+}
+
 void RowState::Set(const QString& column, const Value& value) {
     const auto known = std::find_if(values_.begin(), values_.end(),
                                     [&](const ColumnValue& each) { return isSame(each.column, column); });
@@ -65,7 +71,7 @@ bool operator==(const RowState& left, const RowState& right) {
            });
 }
 
-RowClash::RowClash(QStringList changedByBoth) : DatabaseError(RowChangedError()), columns(std::move(changedByBoth)) {}
+RowClash::RowClash(QStringList changedColumns) : DatabaseError(RowChangedError()), columns(std::move(changedColumns)) {}
 
 RowMerge Merge(const RowState& before, const RowState& wanted, const RowState& now) {
     if (before.Values().size() != wanted.Values().size() || now.Values().size() != wanted.Values().size())

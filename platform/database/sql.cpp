@@ -48,6 +48,10 @@ QString SqlDate(QDate date) {
     return date.toString(QStringLiteral("yyyy/MM/dd"));
 }
 
+QString Bracketed(QString name) {
+    return QLatin1Char('[') + name.replace(QLatin1Char(']'), QLatin1String("]]")) + QLatin1Char(']');
+}
+
 QString FillSql(const QString& statement, std::initializer_list<SqlArgument> arguments) {
     const auto mistake = [&](const char* what) {
         return std::logic_error(std::string(what) + ": " + statement.toStdString());

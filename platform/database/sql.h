@@ -24,6 +24,9 @@ QString SqlDate(QDate date);
 /// not doubled yet; Sql does that.
 QString LikeText(const QString& text);
 
+/// Returns a name in brackets, in which it may hold any letters.
+QString Bracketed(QString name);
+
 /// A value that fills one place of a statement.
 class SqlArgument {
   public:

@@ -4,7 +4,7 @@ namespace printing {
 
 namespace {
 
-/// The rows of "a|b;c|d;"; nothing after the last end is no row.
+/// Returns the rows of "a|b;c|d;". The text after the last ";" is a row only when it is not empty.
 std::vector<QStringList> rowsOf(const QString& text) {
     QStringList rows = text.split(u';');
     if (rows.last().isEmpty())

@@ -14,7 +14,7 @@ namespace {
 constexpr double BodyPoints = 10;
 constexpr double MarginPoints = 9;
 
-/// With fonts as narrow as Arial behind the family, for where it is not there: the widths of the tables count on that.
+/// Adds fonts as narrow as Arial, for computers without the family, because the widths of the tables rely on that.
 QStringList familiesFrom(const QString& family) {
     return {family, QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica"),
             QStringLiteral("DejaVu Sans Condensed")};

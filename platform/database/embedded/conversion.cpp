@@ -19,6 +19,10 @@ bool isNumber(Kind kind) {
     return kind == Kind::Bit || kind == Kind::Integer || kind == Kind::Real;
 }
 
+bool isMoney(const SqlType& type) {
+    return type.name == "money" || type.name == "smallmoney";
+}
+
 void becomeDateTime(Expression& expression, bool besideColumn) {
     if (expression.form == Form::Text)
         expression.sql = QuotedText(DateTimeFromText(expression.name));
@@ -101,6 +105,8 @@ std::string likeRange(const Expression& left, const Expression& pattern) {
 std::string AsText(const Expression& expression) {
     if (expression.kind == Kind::DateTime)
         return "svs_date_text(" + expression.sql + ", 0, 0)";
+    if (isMoney(expression.type))
+        return "svs_money_text(" + expression.sql + ", 0)";
     if (isNumber(expression.kind))
         return "svs_cast_text(" + expression.sql + ", 0)";
     return expression.sql;
@@ -158,8 +164,7 @@ Expression CheckedWhole(Expression result, const Expression& left, const Express
     static constexpr std::array<const char*, 4> names = {"tinyint", "smallint", "int", "bigint"};
     const char* name = names[std::max(rank(left), rank(right))];
     result.type = *MakeType(name);
-    if (result.type.name != "bigint")
-        result.sql = "svs_int(" + result.sql + ", " + QuotedText(name) + ")";
+    result.sql = "svs_int(" + result.sql + ", " + QuotedText(name) + ")";
     return result;
 }
 
@@ -179,9 +184,10 @@ Expression Converted(Expression value, Kind kind) {
 Expression Converted(const SqlType& type, const Expression& value, const std::string& style) {
     Expression result{.kind = type.kind, .type = type};
     const bool number = type.kind == Kind::Bit || type.kind == Kind::Integer || type.kind == Kind::Real;
-    const bool money = value.type.name == "money" || value.type.name == "smallmoney";
     const bool filled = type.name == "char" || type.name == "nchar";
-    const std::string length = std::to_string(filled ? -type.maxLength : type.maxLength);
+    std::string length = std::to_string(filled ? -type.maxLength : type.maxLength);
+    if (type.kind == Kind::Text)
+        length += ", " + QuotedText(type.name);
     if (number && value.kind == Kind::DateTime)
         result.sql = "svs_cast(" + std::string(type.kind == Kind::Real ? "" : "svs_round(") + "svs_days(" + value.sql +
                      ")" + (type.kind == Kind::Real ? "" : ", 0, 0)") + ", " + QuotedText(DeclaredType(type)) + ")";
@@ -191,7 +197,7 @@ Expression Converted(const SqlType& type, const Expression& value, const std::st
         result.sql = "svs_cast(" + value.sql + ", " + QuotedText(DeclaredType(type)) + ")";
     else if (value.kind == Kind::DateTime)
         result.sql = "svs_cast_text(svs_date_text(" + value.sql + ", " + style + ", 0), " + length + ")";
-    else if (money)
+    else if (isMoney(value.type))
         result.sql = "svs_cast_text(svs_money_text(" + value.sql + ", " + style + "), " + length + ")";
     else
         result.sql = "svs_cast_text(" + value.sql + ", " + length + ")";

@@ -25,7 +25,6 @@ namespace db::embedded {
 ///
 /// The file is looked at before each statement. Once it is no longer the file that was opened, nothing is read or
 /// written any more.
-/// written any more.
 class EmbeddedEngine final : public Engine {
   public:
     /// Opens the file. A file that another program locks is waited for up to `openingTimeout` milliseconds, so that

@@ -107,6 +107,32 @@ void cast(const FunctionCall& call) {
     call.give(StoredCell(none, column, call.cell(0)));
 }
 
+/// svs_single(value) gives the value of a query's only row, or null where there is none. A second row is error 512.
+struct Single {
+    sqlite3_value* value;
+};
+
+void addToSingle(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {
+    auto* single = static_cast<Single*>(sqlite3_aggregate_context(context, sizeof(Single)));
+    if (single && !single->value)
+        single->value = sqlite3_value_dup(arguments[0]);
+    else
+        ReportFault(
+            context, static_cast<FunctionState*>(sqlite3_user_data(context)),
+            DatabaseError(
+                512,
+                QStringLiteral(
+                    "Subquery returned more than 1 value. This is not permitted when the subquery follows =, !=, <, <= , >, >= or when the subquery is used as an expression.")));
+}
+
+void giveSingle(sqlite3_context* context) {
+    const auto* single = static_cast<Single*>(sqlite3_aggregate_context(context, 0));
+    if (!single || !single->value)
+        return;
+    sqlite3_result_value(context, single->value);
+    sqlite3_value_free(single->value);
+}
+
 struct Definition {
     const char* name;
     int arguments;
@@ -130,7 +156,7 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"stuff", 4, invoke<Stuff>},
         Definition{"replicate", 2, invokeUnlessNull<Replicate>},
         Definition{"reverse", 1, invokeUnlessNull<Reverse>},
-        Definition{"svs_char", 1, invokeUnlessNull<Character>},
+        Definition{"svs_char", 2, invokeUnlessNull<Character>},
         Definition{"ascii", 1, invokeUnlessNull<CodeOf>},
         Definition{"svs_divide", 2, invokeUnlessNull<Divide>},
         Definition{"svs_modulo", 2, invokeUnlessNull<Modulo>},
@@ -158,12 +184,17 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"svs_add", 2, invokeUnlessNull<add>},
         Definition{"svs_cast", 2, invokeUnlessNull<cast>},
         Definition{"svs_cast_text", 2, invokeUnlessNull<CastText>},
+        Definition{"svs_cast_text", 3, invokeUnlessNull<CastText>},
     };
     for (const Definition& each : definitions)
         if (const int code = sqlite3_create_function_v2(database, each.name, each.arguments, always, state, each.body,
                                                         nullptr, nullptr, nullptr);
             code != SQLITE_OK)
             return code;
+    const int code =
+        sqlite3_create_function_v2(database, "svs_single", 1, always, state, nullptr, addToSingle, giveSingle, nullptr);
+    if (code != SQLITE_OK)
+        return code;
     return sqlite3_create_function_v2(database, "getdate", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, state, invoke<getDate>,
                                       nullptr, nullptr, nullptr);
 }

@@ -19,6 +19,8 @@ struct SqlType {
     int maxLength = 0;      ///< In characters; 0 for no limit.
     int scale = -1;         ///< Digits after the point; -1 for a floating number.
     int precision = 0;
+
+    friend bool operator==(const SqlType&, const SqlType&) = default;
 };
 
 /// Returns the type for a T-SQL name and the numbers after it (nvarchar(50), decimal(10,2); max is 0), or nothing for a

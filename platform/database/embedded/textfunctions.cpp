@@ -1,6 +1,7 @@
 #include "platform/database/embedded/textfunctions.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/database/embedded/functioncall.h"
 #include "platform/database/embedded/like.h"
@@ -25,6 +26,15 @@ qint64 lengthGiven(const FunctionCall& call, int i) {
     if (length < 0)
         throw DatabaseError(537, QStringLiteral("Invalid length parameter passed to the LEFT or SUBSTRING function."));
     return length;
+}
+
+/// Returns the sign that stands for a whole number in a text without room for it. A text of Unicode is error 8115.
+QString tooShortFor(const FunctionCall& call) {
+    const QString type = call.count() > 2 ? textOf(call, 2) : QString();
+    if (type.startsWith(u'n'))
+        throw DatabaseError(
+            8115, QStringLiteral("Arithmetic overflow error converting expression to data type %1.").arg(type));
+    return QStringLiteral("*");
 }
 
 }  // namespace
@@ -120,9 +130,8 @@ void Reverse(const FunctionCall& call) {
 }
 
 void Character(const FunctionCall& call) {
-    constexpr qint64 last = 0xFFFF;
     const qint64 code = call.integer(0);
-    if (code >= 0 && code <= last)
+    if (code >= 0 && code <= call.integer(1))
         give(call, QString(QChar(static_cast<char16_t>(code))));
 }
 
@@ -133,8 +142,10 @@ void CodeOf(const FunctionCall& call) {
 }
 
 void CastText(const FunctionCall& call) {
-    const QString text = call.type(0) == SQLITE_FLOAT ? NumberText(call.real(0)) : textOf(call, 0);
+    QString text = call.type(0) == SQLITE_FLOAT ? NumberText(call.real(0)) : textOf(call, 0);
     const auto length = static_cast<qsizetype>(call.integer(1));
+    if (call.type(0) == SQLITE_INTEGER && length != 0 && text.size() > std::abs(length))
+        text = tooShortFor(call);
     give(call, length == 0 ? text : length > 0 ? text.left(length) : text.left(-length).leftJustified(-length));
 }
 

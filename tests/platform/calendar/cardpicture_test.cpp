@@ -80,7 +80,7 @@ TEST_P(CardPicture, TentativeRisesUnavailableFallsAndTheOthersAreSmooth) {
         const Picture picture = painted(size);
         int same = 0;
         for (int x = below.left() + 40; x < below.left() + 140; ++x)
-            same += Picture::Distance(picture.at({x, 50}), picture.at({x + down * 12, 62})) < 8 ? 1 : 0;
+            same += Picture::Distance(picture.at({x, 50}), picture.at({x + down * 10, 60})) < 8 ? 1 : 0;
         return same;
     };
     EXPECT_GT(sameAlong(-1), 95);
