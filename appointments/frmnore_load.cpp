@@ -1,4 +1,3 @@
-#include <array>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,9 +10,11 @@
 #include "appointments/apptlists.h"
 #include "appointments/frmnore.h"
 #include "appointments/listicons.h"
+#include "appointments/patientcontacts.h"
 #include "appointments/patientrows.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
+#include "data/statuses.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
@@ -212,10 +213,8 @@ void frmnore::loadroomslist() {
 }
 
 void frmnore::fillStatus() {
-    static constexpr std::array<const char*, ncolor::PatientRows.size()> texts{
-        "", "Tentative", "Pending", "Checked-In", "Kept", "Missed", "Patient Cancelled", "Therapist Cancelled"};
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        cbostatus->AddItem(QString::fromLatin1(texts[i]), ncolor::PatientRows[i], StatusIcon(ncolor::PatientRows[i]));
+    for (const int code : ncolor::PatientRows)
+        cbostatus->AddItem(QString::fromLatin1(StatusOf(code).word), code, StatusIcon(code));
 }
 
 void frmnore::SetApptType(int key) {

@@ -70,21 +70,21 @@ struct UnsavedMeeting {
 }  // namespace
 
 void frmrooms::bindRoomCommands() {
-    showOpenView(QStringLiteral("mnuVRoom"), View::Rooms);
-    menus().Command(QStringLiteral("mnuVPrevious")).setText(tr("&Previous Day"));
-    menus().Command(QStringLiteral("mnuVNext")).setText(tr("&Next Day"));
-    menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
-    menus().Bind(QStringLiteral("mnuNew"), [this] { AddAppointment(); });
-    menus().Bind(QStringLiteral("mnuEdit"), [this] {
+    showOpenView(menu::mnuVRoom, View::Rooms);
+    menus().Command(menu::mnuVPrevious).setText(tr("&Previous Day"));
+    menus().Command(menu::mnuVNext).setText(tr("&Next Day"));
+    menus().Show(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
+    menus().Bind(menu::mnuNew, [this] { AddAppointment(); });
+    menus().Bind(menu::mnuEdit, [this] {
         if (ctDays1->SelectedItem() < 1)
             MsgBox(QStringLiteral("No appoinyment time is currently selected."), ExclamationBox,
                    QStringLiteral("Warning"));
         else
             editappt(ctDays1->SelectedItem());
     });
-    menus().Bind(QStringLiteral("mnuDelete"), [this] { deleteappt(); });
-    menus().Bind(QStringLiteral("mnuFind"), [this] { FindAppointment(); });
-    menus().Bind(QStringLiteral("mnuPrint"), [this] { printS(); });
+    menus().Bind(menu::mnuDelete, [this] { deleteappt(); });
+    menus().Bind(menu::mnuFind, [this] { FindAppointment(); });
+    menus().Bind(menu::mnuPrint, [this] { printS(); });
 }
 
 void frmrooms::bindGrid() {
@@ -125,11 +125,11 @@ void frmrooms::printS() {
 }
 
 void frmrooms::setmenuaccess() {
-    menus().Allow(QStringLiteral("mnuNew"), MayWrite());
-    menus().Allow(QStringLiteral("mnuEdit"), MayWrite());
-    menus().Allow(QStringLiteral("mnuDelete"), MayDelete());
-    menus().Show(QStringLiteral("mnuFRoomList"), MayWrite());
-    menus().Show(QStringLiteral("mnuVAll"), Session().AllProviders);
+    menus().Allow(menu::mnuNew, MayWrite());
+    menus().Allow(menu::mnuEdit, MayWrite());
+    menus().Allow(menu::mnuDelete, MayDelete());
+    menus().Show(menu::mnuFRoomList, MayWrite());
+    menus().Show(menu::mnuVAll, Session().AllProviders);
 }
 
 void frmrooms::followSelection() {
@@ -137,11 +137,11 @@ void frmrooms::followSelection() {
     const bool hasRoom = cborooms->currentIndex() >= 0;
     const bool isRead = roomsRead_ && (!hasRoom || bookingsRead_);
     const QString why = isRead ? tr("Choose a room first.") : unreadHint();
-    menus().Suit(QStringLiteral("mnuNew"), hasRoom && isRead, why);
-    menus().Suit(QStringLiteral("mnuPrint"), hasRoom && isRead, why);
-    menus().Suit(QStringLiteral("mnuEdit"), selected == nullptr || !selected->bound,
+    menus().Suit(menu::mnuNew, hasRoom && isRead, why);
+    menus().Suit(menu::mnuPrint, hasRoom && isRead, why);
+    menus().Suit(menu::mnuEdit, selected == nullptr || !selected->bound,
                  tr("This slot belongs to an appointment or activity. Change it there."));
-    menus().Suit(QStringLiteral("mnuDelete"), selected != nullptr, tr("Select a meeting first."));
+    menus().Suit(menu::mnuDelete, selected != nullptr, tr("Select a meeting first."));
     if (!isRead)
         lblhint_->setText(unreadHint());
     else if (!hasRoom)
@@ -220,9 +220,7 @@ void frmrooms::typeMeeting(const QString& text) {
         keepMeeting(meeting, wanted);
         return;
     }
-    const int index = ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, QString::number(meeting.key));
-    showMeeting(index, meeting);
-    ctDays1->EditItem(index, text);
+    ctDays1->EditItem(addMeeting(meeting), text);
 }
 
 void frmrooms::moveMeeting(int index) {
@@ -288,9 +286,9 @@ void frmrooms::popup(int item, const QPoint& place) {
     if (!MayWrite())
         return;
     popup_->clear();
-    for (const char* name : {"mnuEdit", "mnuDelete", "mnuNew"})
-        if ((item > 0) != (name == QLatin1String("mnuNew")))
-            popup_->addAction(&menus().Command(QLatin1String(name)));
+    for (const MenuName name : {menu::mnuEdit, menu::mnuDelete, menu::mnuNew})
+        if ((item > 0) != (name == menu::mnuNew))
+            popup_->addAction(&menus().Command(name));
     popup_->popup(place);
 }
 

@@ -1,12 +1,12 @@
 #include "rooms/roommeeting.h"
 
+#include "platform/database/rowmerge.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
 
 using db::Lock;
 using db::Recordset;
 using db::Sql;
-using db::Value;
 
 namespace {
 
@@ -21,19 +21,12 @@ QString firstOf(const QString& text, int most) {
     return first;
 }
 
-struct SavedField {
-    const char* column;
-    Value (*of)(const RoomMeeting& meeting);
-};
-
-constexpr SavedField savedFields[] = {
-    {"nStartTime", [](const RoomMeeting& meeting) { return Value(meeting.start); }},
-    {"nEndTime", [](const RoomMeeting& meeting) { return Value(meeting.end); }},
-    {"nApptDate", [](const RoomMeeting& meeting) { return Value(meeting.date); }},
-    {"croomtext", [](const RoomMeeting& meeting) { return Value(firstOf(meeting.text, LongestText)); }},
-    {"croomid", [](const RoomMeeting& meeting) { return Value(meeting.room); }},
-    {"CroomNOTE", [](const RoomMeeting& meeting) { return Value(firstOf(meeting.note, LongestNote)); }},
-};
+// The columns that a save writes, as it writes them.
+db::RowState stateOf(const RoomMeeting& meeting) {
+    return {{"nStartTime", meeting.start}, {"nEndTime", meeting.end},
+            {"nApptDate", meeting.date},   {"croomtext", firstOf(meeting.text, LongestText)},
+            {"croomid", meeting.room},     {"CroomNOTE", firstOf(meeting.note, LongestNote)}};
+}
 
 }  // namespace
 
@@ -42,6 +35,11 @@ RoomMeeting MeetingOf(const Recordset& row) {
     return {number("nKeyId"),        number("nStartTime"),    number("nEndTime"),
             row["nApptDate"].date(), row["croomtext"].text(), row["CroomNOTE"].text(),
             number("croomid"),       number("apptid") > 0,    row["apptid"].integer()};
+}
+
+int StartOf(const Recordset& row) {
+    const db::Field start = row["nStartTime"];
+    return start.value().isNull() ? -1 : static_cast<int>(start.integer());
 }
 
 int AddMeeting(const RoomMeeting& meeting) {
@@ -61,15 +59,7 @@ bool SaveMeeting(const RoomMeeting& before, const RoomMeeting& wanted) {
                   Lock::Optimistic);
     if (row.Eof())
         return false;
-    const RoomMeeting now = MeetingOf(row);
-    for (const SavedField& field : savedFields) {
-        const Value value = field.of(wanted);
-        if (value == field.of(before))
-            continue;
-        if (field.of(now) != field.of(before) && field.of(now) != value)
-            throw db::RowChangedError();
-        row.Set(field.column, value);
-    }
+    SetChanges(row, stateOf(before), stateOf(wanted), stateOf(MeetingOf(row)));
     row.Update();
     return true;
 }

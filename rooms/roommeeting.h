@@ -22,11 +22,13 @@ struct RoomMeeting {
 };
 
 [[nodiscard]] RoomMeeting MeetingOf(const db::Recordset& row);
+/// The minute at which a row of `roomschedule` starts; -1 where it tells none.
+[[nodiscard]] int StartOf(const db::Recordset& row);
 /// Stores a new row and returns its key. Throws DatabaseError.
 int AddMeeting(const RoomMeeting& meeting);
 /// Stores the fields in which `wanted` differs from `before`, the row as it was read. The other fields keep the row's
 /// present values. The first 100 characters of the text and the first 200 of the note are stored. Returns false when
-/// the row no longer exists. Throws DatabaseError, and RowChangedError where another desk changed the same field to
+/// the row no longer exists. Throws DatabaseError, which is a RowClash where another desk changed the same field to
 /// another value.
 [[nodiscard]] bool SaveMeeting(const RoomMeeting& before, const RoomMeeting& wanted);
 /// Returns the row as it is stored now, or nothing when it no longer exists. Throws DatabaseError.

@@ -2,40 +2,16 @@
 
 #include <QLabel>
 
-#include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
 #include "data/pipefields.h"
+#include "data/statuses.h"
 #include "platform/controls/datefield.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
 
 using db::Recordset;
 using db::Sql;
-
-namespace {
-
-// The stored code of Tentative is another one and has no word here; see ncolor::LegendTentative.
-QString statusWord(int code) {
-    switch (code) {
-        case ncolor::LegendTentative:
-            return QStringLiteral("Tentative");
-        case ncolor::Pending:
-            return QStringLiteral("Pending");
-        case ncolor::Kept:
-            return QStringLiteral("Kept");
-        case ncolor::Missed:
-            return QStringLiteral("Missed");
-        case ncolor::PatientCancelled:
-            return QStringLiteral("Pt Cancelled");
-        case ncolor::TherapistCancelled:
-            return QStringLiteral("Th Cancelled");
-        default:
-            return {};
-    }
-}
-
-}  // namespace
 
 frmfinda::frmfinda(QWidget* parent)
     : FindDialog({QStringLiteral("Find Appointment that contains the following name or description:"),
@@ -72,7 +48,7 @@ QStringList frmfinda::listLine(const Recordset& row) const {
             time("nstarttime"),
             time("nendtime"),
             row["clocation"].text(),
-            statusWord(static_cast<int>(row["ncolor"].integer()))};
+            QString::fromLatin1(StatusOf(static_cast<int>(row["ncolor"].integer())).inFind)};
 }
 
 void frmfinda::nameHits(Recordset& rows) {

@@ -11,3 +11,6 @@
 /// To be read only: the lists, the views and help.
 [[nodiscard]] std::span<const MenuEntry> MonthMenus();
 [[nodiscard]] std::span<const MenuEntry> RoomMenus();
+
+/// Whether one of them holds the name.
+[[nodiscard]] bool InMenusOfAnyView(MenuName name);

@@ -19,9 +19,9 @@ class MenuView : public ViewWindow {
 
   protected:
     /// Shows or hides those of the commands that the view's menus hold.
-    void showAny(std::initializer_list<const char*> names, bool shown);
+    void showAny(std::initializer_list<MenuName> names, bool shown);
     /// Ticks the command that opened this view, and names what a step goes over.
-    void showOpenView(const QString& command, View view);
+    void showOpenView(MenuName command, View view);
     /// After the practice's lists (locations, rooms, activities) were edited.
     virtual void listsChanged() {}
     [[nodiscard]] MainWindow& main() const { return main_; }

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 
 #include "platform/theme/icon.h"
+#include "shell/menutables.h"
 
 ViewMenus::ViewMenus(std::span<const MenuEntry> table, QObject* parent)
     : QObject(parent), table_(table), absent_(new QAction(this)) {
@@ -14,20 +15,20 @@ ViewMenus::ViewMenus(std::span<const MenuEntry> table, QObject* parent)
         addCommand(entry);
         // A menu can be opened whatever its entries can do; rights alone close it.
         if (entry.kind == MenuEntry::Kind::Menu || entry.kind == MenuEntry::Kind::Submenu)
-            setBound(QString::fromLatin1(entry.name));
+            setBound(*stateOf(entry.name));
     }
 }
 
 void ViewMenus::addCommand(const MenuEntry& entry) {
     const QString text = QString::fromUtf8(entry.text);
     auto* action = new QAction(text, this);
-    action->setObjectName(QString::fromLatin1(entry.ownName != nullptr ? entry.ownName : entry.name));
+    action->setObjectName(QString::fromLatin1(entry.ownName != nullptr ? entry.ownName : entry.name.text()));
     action->setSeparator(text.isNull());
     if (entry.icon)
         action->setIcon(Icon(entry.icon));
     if (entry.keys)
         action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
-    State& state = commands_[QString::fromLatin1(entry.name)];
+    State& state = commands_[QString::fromLatin1(entry.name.text())];
     state = {action, action->isSeparator(), true, true, {}};
     refresh(state);
 }
@@ -40,7 +41,7 @@ void ViewMenus::Fill(QMenuBar& bar) {
             target = menu;
             continue;
         }
-        QAction& action = Command(QString::fromLatin1(entry.name));
+        QAction& action = Command(entry.name);
         if (entry.kind != MenuEntry::Kind::Menu && entry.kind != MenuEntry::Kind::Submenu) {
             target->addAction(&action);
             continue;
@@ -56,55 +57,62 @@ void ViewMenus::Fill(QMenuBar& bar) {
     }
 }
 
-QAction& ViewMenus::Command(const QString& name) const {
-    const auto found = commands_.constFind(name);
-    return found != commands_.constEnd() ? *found->action : *absent_;
+bool ViewMenus::Has(MenuName name) const {
+    Q_ASSERT_X(InMenusOfAnyView(name), "ViewMenus", name.text());
+    return commands_.contains(QString::fromLatin1(name.text()));
 }
 
-void ViewMenus::Bind(const QString& name, std::function<void()> run) {
-    if (!Has(name))
+ViewMenus::State* ViewMenus::stateOf(MenuName name) {
+    return Has(name) ? &commands_[QString::fromLatin1(name.text())] : nullptr;
+}
+
+QAction& ViewMenus::Command(MenuName name) const {
+    return Has(name) ? *commands_[QString::fromLatin1(name.text())].action : *absent_;
+}
+
+void ViewMenus::Bind(MenuName name, std::function<void()> run) {
+    State* state = stateOf(name);
+    if (state == nullptr)
         return;
-    connect(&Command(name), &QAction::triggered, this, [run = std::move(run)] { run(); });
-    setBound(name);
+    connect(state->action, &QAction::triggered, this, [run = std::move(run)] { run(); });
+    setBound(*state);
 }
 
-void ViewMenus::setBound(const QString& name) {
-    commands_[name].bound = true;
-    refresh(commands_[name]);
-}
-
-void ViewMenus::Allow(const QString& name, bool allowed) {
-    if (!Has(name))
-        return;
-    State& state = commands_[name];
-    state.allowed = allowed;
+void ViewMenus::setBound(State& state) {
+    state.bound = true;
     refresh(state);
 }
 
-void ViewMenus::Show(const QString& name, bool shown) {
+void ViewMenus::Allow(MenuName name, bool allowed) {
+    if (State* state = stateOf(name)) {
+        state->allowed = allowed;
+        refresh(*state);
+    }
+}
+
+void ViewMenus::Show(MenuName name, bool shown) {
     Command(name).setVisible(shown);
 }
 
-void ViewMenus::Suit(const QString& name, bool suits, const QString& why) {
-    if (!Has(name))
-        return;
-    State& state = commands_[name];
-    state.suits = suits;
-    state.why = why;
-    refresh(state);
+void ViewMenus::Suit(MenuName name, bool suits, const QString& why) {
+    if (State* state = stateOf(name)) {
+        state->suits = suits;
+        state->why = why;
+        refresh(*state);
+    }
 }
 
-QList<QAction*> ViewMenus::Entries(const QString& menu) const {
+QList<QAction*> ViewMenus::Entries(MenuName menu) const {
     QList<QAction*> found;
     bool inMenu = false;
     bool inSubmenu = false;
     for (const MenuEntry& entry : table_) {
         if (entry.kind == MenuEntry::Kind::Menu)
-            inMenu = menu == QLatin1String(entry.name);
+            inMenu = entry.name == menu;
         else if (entry.kind == MenuEntry::Kind::EndSubmenu)
             inSubmenu = false;
         else if (inMenu && !inSubmenu)
-            found << &Command(QString::fromLatin1(entry.name));
+            found << &Command(entry.name);
         if (entry.kind == MenuEntry::Kind::Submenu)
             inSubmenu = true;
     }

@@ -7,6 +7,8 @@
 #include <QString>
 #include <span>
 
+#include "shell/menunames.h"
+
 class QAction;
 class QMenu;
 class QMenuBar;
@@ -16,7 +18,7 @@ struct MenuEntry {
     enum class Kind { Menu, Submenu, EndSubmenu, Command, Separator };
 
     Kind kind = Kind::Command;
-    const char* name = nullptr;  ///< By which code finds the command: one name for what is the same in several views.
+    MenuName name = {};  ///< By which code finds the command: one name for what is the same in several views.
     const char* text = nullptr;
     const char* icon = nullptr;
     /// Its key. A key behind a tab in the text is one that the main window or the calendar answers to: it is shown, not
@@ -38,18 +40,19 @@ class ViewMenus : public QObject {
     /// Fills an empty menu bar. May be called again for a new one.
     void Fill(QMenuBar& bar);
 
-    [[nodiscard]] bool Has(const QString& name) const { return commands_.contains(name); }
-    /// A command that the view lacks is one that stands in no menu. What is said below of such a name is ignored.
-    [[nodiscard]] QAction& Command(const QString& name) const;
+    [[nodiscard]] bool Has(MenuName name) const;
+    /// A command that the view lacks is one that stands in no menu, and what is said below of it is ignored. A name
+    /// that no view's menus hold is an error of the program.
+    [[nodiscard]] QAction& Command(MenuName name) const;
     /// Makes a command do something, and thereby available.
-    void Bind(const QString& name, std::function<void()> run);
+    void Bind(MenuName name, std::function<void()> run);
     /// What the user's rights, or the state of the view, say of a command, a separator or a whole menu.
-    void Allow(const QString& name, bool allowed);
-    void Show(const QString& name, bool shown);
+    void Allow(MenuName name, bool allowed);
+    void Show(MenuName name, bool shown);
     /// Whether a command suits what is selected just now; where it does not, its tip says why.
-    void Suit(const QString& name, bool suits, const QString& why = {});
+    void Suit(MenuName name, bool suits, const QString& why = {});
     /// What stands in a menu of the menu bar, in its order, submenus and separators included.
-    [[nodiscard]] QList<QAction*> Entries(const QString& menu) const;
+    [[nodiscard]] QList<QAction*> Entries(MenuName menu) const;
 
   private:
     struct State {
@@ -60,7 +63,9 @@ class ViewMenus : public QObject {
         QString why;
     };
     void addCommand(const MenuEntry& entry);
-    void setBound(const QString& name);
+    /// Null for a command that the view lacks.
+    [[nodiscard]] State* stateOf(MenuName name);
+    void setBound(State& state);
     void refresh(const State& state);
 
     std::span<const MenuEntry> table_;

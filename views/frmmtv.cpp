@@ -69,9 +69,9 @@ frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(),
 }
 
 void frmmtv::bindMonthCommands() {
-    showOpenView(QStringLiteral("mnuVMonth"), View::Month);
-    menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
-    menus().Bind(QStringLiteral("mnuVActivity"), [this] {
+    showOpenView(menu::mnuVMonth, View::Month);
+    menus().Show(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
+    menus().Bind(menu::mnuVActivity, [this] {
         Session().ActivityKey = 0;
         RunEditor(
             std::make_unique<frmactsc>(window()), [this] { Reload(); }, [&main = main()] { main.cycledate(2); });
@@ -91,8 +91,8 @@ void frmmtv::bindCalendar() {
 
 void frmmtv::setmenuaccess() {
     const SessionValues& session = Session();
-    showAny({"mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFsep2", "mnuVActivity"}, MayWrite());
-    showAny({"mnuFSelect", "mnuFsep1", "mnuVAll"}, session.AllProviders);
+    showAny({menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFsep2, menu::mnuVActivity}, MayWrite());
+    showAny({menu::mnuFSelect, menu::mnuFsep1, menu::mnuVAll}, session.AllProviders);
 }
 
 QDate frmmtv::Stepped(QDate from, int direction) const {

@@ -64,20 +64,20 @@ constexpr int NewTask = -1;
 
 void frmsched::bindTaskCommands() {
     const auto selected = [this] { return ctList1->ItemData(ctList1->SelectedRow()).toInt(); };
-    menus().Bind(QStringLiteral("mnuTNew"), [this] { openTask(NewTask); });
-    menus().Bind(QStringLiteral("mnuTEdit"), [this, selected] {
+    menus().Bind(menu::mnuTNew, [this] { openTask(NewTask); });
+    menus().Bind(menu::mnuTEdit, [this, selected] {
         if (ctList1->SelectedRow() >= 0)
             openTask(selected());
     });
-    menus().Bind(QStringLiteral("mnuTDelete"), [this] { deleteTask(); });
-    menus().Bind(QStringLiteral("mnuTPrint"), [this] { printTasks(); });
+    menus().Bind(menu::mnuTDelete, [this] { deleteTask(); });
+    menus().Bind(menu::mnuTPrint, [this] { printTasks(); });
     ctList1->SetChecksEnabled(MayWrite());
     if (!MayWrite())
         return;
     connect(ctList1, &ctList::RowActivated, this, [this, selected] { openTask(selected()); });
     connect(ctList1, &ctList::CheckChanged, this, [this](int row, int, bool done) { tickTask(row, done); });
     connect(ctList1, &ctList::PopupRequested, this,
-            [this](int, QPoint place) { menus().Command(QStringLiteral("mnuToDo")).menu()->popup(place); });
+            [this](int, QPoint place) { menus().Command(menu::mnuToDo).menu()->popup(place); });
 }
 
 void frmsched::openTask(int taskId) {
@@ -123,7 +123,7 @@ void frmsched::deleteTask() {
 }
 
 void frmsched::offerTaskPrint() {
-    menus().Suit(QStringLiteral("mnuTPrint"), ctList1->RowCount() > 0, tr("There are no tasks to print."));
+    menus().Suit(menu::mnuTPrint, ctList1->RowCount() > 0, tr("There are no tasks to print."));
 }
 
 void frmsched::printTasks() {

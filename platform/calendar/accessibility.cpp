@@ -113,6 +113,9 @@ class AccessibleCalendar : public QAccessibleWidget {
 
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override {
         const QPoint point = calendar()->mapFromGlobal(QPoint(x, y));
+        // The selected item lies above the others.
+        if (const int selected = calendar()->SelectedItem(); calendar()->ItemRect(selected).contains(point))
+            return itemInterface(selected);
         for (const int index : order()) {
             if (calendar()->ItemRect(index).contains(point))
                 return itemInterface(index);

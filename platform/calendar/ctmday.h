@@ -223,6 +223,8 @@ class ctMDay : public QWidget {
     [[nodiscard]] const CalendarGrid& grid() const;
     [[nodiscard]] const CalendarLayout& layout() const;
     [[nodiscard]] Hit hitAt(QPoint pos) const;
+    /// Where an item without a place in the grid stands: its banner, or the marker that counts it.
+    [[nodiscard]] QRect stripOf(int index, int column) const;
 
     // Selection.
     [[nodiscard]] bool hasItem(int index) const { return index >= 1 && index <= ItemCount(); }

@@ -16,11 +16,13 @@ SelectedTime ctMDay::startCell() const {
 }
 
 QPoint ctMDay::popupPlace() const {
+    QRect place;
     if (state_.selectedItem > 0)
-        return mapToGlobal(ItemRect(state_.selectedItem).center());
-    if (state_.range)
-        return mapToGlobal(CellRect(state_.range->column, state_.range->start).center());
-    return mapToGlobal(grid().body().center());
+        place = ItemRect(state_.selectedItem);
+    else if (state_.range)
+        place = CellRect(state_.range->column, state_.range->start);
+    // Where nothing is selected, and where that is scrolled away, the middle of the calendar is in sight.
+    return mapToGlobal(place.isEmpty() ? grid().body().center() : place.center());
 }
 
 void ctMDay::keyPressEvent(QKeyEvent* event) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
@@ -258,7 +259,8 @@ void ctMDay::wheelEvent(QWheelEvent* event) {
     editTimer_.stop();
     const int turn = event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
-        zoomAt(event->position().toPoint().y(), turn > 0 ? 1.15 : 1 / 1.15);
+        // A touchpad sends many small turns, and at the end of a gesture one of nothing.
+        zoomAt(event->position().toPoint().y(), std::pow(1.15, turn / 120.0));
     } else {
         const bool across = event->modifiers().testFlag(Qt::ShiftModifier) || event->angleDelta().y() == 0;
         arrange();

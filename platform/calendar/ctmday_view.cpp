@@ -154,8 +154,14 @@ QRect ctMDay::ItemRect(int index) const {
     if (const PlacedItem* placed = layout().find(index); placed != nullptr)
         return CardRect(index, grid(), layout(), style_, index == state_.selectedItem) & grid().body();
     const int column = ColumnOfItem(index);
-    if (column == 0)
-        return {};
+    // Strips and banners are scrolled sideways with their columns.
+    const QRect body = grid().body();
+    return column == 0
+               ? QRect()
+               : stripOf(index, column) & QRect(body.left(), grid().area.top(), body.width(), grid().area.height());
+}
+
+QRect ctMDay::stripOf(int index, int column) const {
     const ColumnLayout& contents = layout().columns[static_cast<std::size_t>(column) - 1];
     const auto holds = [index](const std::vector<int>& items) {
         return std::find(items.begin(), items.end(), index) != items.end();

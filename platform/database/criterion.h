@@ -14,7 +14,8 @@ class Criterion {
 
     [[nodiscard]] const QString& column() const { return column_; }
     /// Whether the field meets the condition. A null field meets only "= Null", and a field with a value meets "<>
-    /// Null". A null field never meets "<>" with a value.
+    /// Null". A null field never meets "<>" with a value, and a
+    /// field of a date-time column meets nothing with a value that is no date.
     [[nodiscard]] bool isMetBy(const Field& field, ColumnType type) const;
 
   private:

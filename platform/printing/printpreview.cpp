@@ -150,7 +150,8 @@ void PrintPreview::layOut() {
 
 void PrintPreview::paintPages(QPrinter* printer) const {
     QPainter painter(printer);
-    for (int page = 0; page < PageCount(); ++page) {
+    // Shown before it was given a document, it is an empty page.
+    for (int page = 0; laid_ && page < PageCount(); ++page) {
         if (page > 0)
             printer->newPage();
         laid_->paintPage(painter, page, QRectF(0, 0, printer->width(), printer->height()));

@@ -61,9 +61,9 @@ TEST_P(MenuLetters, EachAltLetterStandsOnceInAMenu) {
 
 TEST_P(MenuLetters, EachAltLetterStandsOnceInThePopupOfAnAppointment) {
     const ViewMenus menus(GetParam().menus(), nullptr);
-    QList<QAction*> popup = menus.Entries(QStringLiteral("mnuAppointments"));
-    if (menus.Has(QStringLiteral("mnuFPrintA")))
-        popup << &menus.Command(QStringLiteral("mnuFPrintA"));
+    QList<QAction*> popup = menus.Entries(menu::mnuAppointments);
+    if (menus.Has(menu::mnuFPrintA))
+        popup << &menus.Command(menu::mnuFPrintA);
     expectEachLetterOnce(popup, QStringLiteral("popup"));
 }
 

@@ -195,3 +195,26 @@ TEST(CalendarKeyboard, ControlAndPagesStepTheDay) {
     EXPECT_EQ(steps[0][0].toInt(), 1);
     EXPECT_EQ(steps[1][0].toInt(), -1);
 }
+
+TEST(CalendarKeyboard, ThePopupOfWhatIsScrolledAwayStandsInTheMiddleOfTheGrid) {
+    CalendarUnderHand hand;
+    hand.calendar.resize(600, 300);
+    QSignalSpy popup(&hand.calendar, &ctMDay::PopupRequested);
+    const auto placeOfPopup = [&] {
+        hand.key(Qt::Key_Menu);
+        return hand.calendar.mapFromGlobal(popup.last()[1].toPoint());
+    };
+    const QPoint middle = placeOfPopup();
+    EXPECT_TRUE(hand.calendar.rect().adjusted(100, 100, -100, -100).contains(middle)) << "nothing is selected";
+    const int item = hand.add(540, 600);
+    hand.calendar.setSelectedItem(item);
+    EXPECT_EQ(placeOfPopup(), hand.calendar.ItemRect(item).center());
+    hand.calendar.setTopTime(900);
+    ASSERT_TRUE(hand.calendar.ItemRect(item).isEmpty());
+    EXPECT_EQ(placeOfPopup(), middle);
+    hand.calendar.selectRange(1, 930, 960);
+    EXPECT_EQ(placeOfPopup(), hand.calendar.CellRect(1, 930).center());
+    hand.calendar.setTopTime(480);
+    ASSERT_TRUE(hand.calendar.CellRect(1, 930).isEmpty());
+    EXPECT_EQ(placeOfPopup(), middle);
+}

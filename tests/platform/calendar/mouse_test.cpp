@@ -450,13 +450,35 @@ TEST(CalendarMouse, TheWheelScrollsAndWithControlZooms) {
     EXPECT_GT(hand.calendar.CellRect(1, 600).height(), before);
 }
 
+TEST(CalendarMouse, WithControlATurnZoomsByWhatItIs) {
+    CalendarUnderHand hand;
+    hand.calendar.resize(600, 300);
+    hand.settle();
+    const auto hourHeight = [&] { return hand.calendar.CellRect(1, 540).top() - hand.calendar.CellRect(1, 480).top(); };
+    const auto zoomedBy = [&](std::initializer_list<int> turns) {
+        hand.key(Qt::Key_0, Qt::ControlModifier);
+        hand.calendar.setTopTime(480);
+        const int before = hourHeight();
+        for (const int turn : turns)
+            Wheel(hand.calendar, {300, 150}, turn, Qt::ControlModifier);
+        hand.calendar.setTopTime(480);
+        return static_cast<double>(hourHeight()) / before;
+    };
+    hand.calendar.setTimeInterval(60);
+    EXPECT_NEAR(zoomedBy({120}), 1.15, 0.03);
+    EXPECT_NEAR(zoomedBy({-120}), 1 / 1.15, 0.03);
+    EXPECT_NEAR(zoomedBy({120, 120, 120}), 1.52, 0.03);
+    EXPECT_NEAR(zoomedBy({30, 30, 30, 30}), 1.15, 0.03) << "the small turns of a touchpad add up";
+    EXPECT_NEAR(zoomedBy({0}), 1, 0.001) << "the end of a gesture turns nothing";
+}
+
 TEST(CalendarMouse, ADragBeyondTheEdgeScrolls) {
     CalendarUnderHand hand;
     hand.calendar.resize(600, 300);
     hand.settle();
     hand.press(hand.freeAt(540));
     hand.moveTo({300, 340});
-    QTRY_VERIFY_WITH_TIMEOUT(hand.calendar.TopTime() > 480, 5000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hand.calendar.TopTime() > 480; }, 5000));
     hand.release({300, 340});
     EXPECT_EQ(hand.calendar.SelStart(), 540);
     EXPECT_GT(hand.calendar.SelEnd(), 660);

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <QPainter>
 
 #include "platform/theme/theme.h"
 
@@ -76,4 +77,72 @@ TEST(IconTest, AtTwiceTheScaleAPictureHasTwiceThePixels) {
     EXPECT_EQ(pixmap.size(), QSize(32, 32));
     EXPECT_EQ(pixmap.deviceIndependentSize(), QSizeF(16, 16));
     EXPECT_EQ(inkOf(pixmap.toImage()).name(), QColor(Qt::red).name());
+}
+
+TEST(IconTest, EachModeAndStateHasItsColour) {
+    for (const ThemeMode mode : {ThemeMode::Light, ThemeMode::Dark}) {
+        Theme::Install(mode);
+        const ThemeColours& colours = ColoursOf(mode);
+        const auto colourOf = [](QIcon::Mode iconMode, QIcon::State state) {
+            return inkOf(Icon("add").pixmap(QSize(48, 48), 1.0, iconMode, state).toImage()).name();
+        };
+        EXPECT_EQ(colourOf(QIcon::Normal, QIcon::Off), colours.text.name());
+        EXPECT_EQ(colourOf(QIcon::Active, QIcon::Off), colours.text.name());
+        EXPECT_EQ(colourOf(QIcon::Normal, QIcon::On), colours.accent.name());
+        EXPECT_EQ(colourOf(QIcon::Selected, QIcon::Off), colours.selectedText.name());
+        EXPECT_EQ(colourOf(QIcon::Selected, QIcon::On), colours.selectedText.name());
+        EXPECT_EQ(colourOf(QIcon::Disabled, QIcon::On), colourOf(QIcon::Disabled, QIcon::Off));
+        const QColor faint(colourOf(QIcon::Disabled, QIcon::Off));
+        for (const auto part : {&QColor::red, &QColor::green, &QColor::blue})
+            EXPECT_EQ((faint.*part)(), ((colours.mutedText.*part)() + (colours.window.*part)()) / 2);
+    }
+}
+
+TEST(IconTest, AnIconOfOneColourKeepsItInEveryMode) {
+    for (const ThemeMode mode : {ThemeMode::Light, ThemeMode::Dark}) {
+        Theme::Install(mode);
+        const QIcon icon = Icon(QStringLiteral("add"), Qt::red);
+        for (const QIcon::Mode iconMode : {QIcon::Normal, QIcon::Disabled, QIcon::Selected})
+            EXPECT_EQ(inkOf(imageOf(icon, 48, iconMode)).name(), QColor(Qt::red).name());
+        EXPECT_EQ(inkOf(imageOf(Icon(QStringLiteral("add"), Qt::blue), 48)).name(), QColor(Qt::blue).name());
+        EXPECT_EQ(inkOf(imageOf(icon, 48)).name(), QColor(Qt::red).name()) << "also after the other";
+    }
+}
+
+TEST(IconTest, APictureIsSquareInAnyPlace) {
+    const QIcon icon = Icon("day");
+    EXPECT_EQ(icon.actualSize(QSize(40, 20)), QSize(20, 20));
+    EXPECT_EQ(icon.actualSize(QSize(16, 64)), QSize(16, 16));
+    EXPECT_EQ(icon.pixmap(QSize(16, 64), 1.0).size(), QSize(16, 16));
+    EXPECT_EQ(icon.name(), "day");
+    const QIcon copy = icon;
+    EXPECT_EQ(imageOf(copy, 24), imageOf(icon, 24));
+}
+
+TEST(IconTest, PaintedOnAFineSurfaceItIsAsFineAsIt) {
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        QImage image(QSize(40, 40) * ratio, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        Icon(QStringLiteral("lock"), Qt::red).paint(&painter, QRect(4, 4, 32, 32));
+        painter.end();
+        QImage expected(image.size(), image.format());
+        expected.fill(Qt::transparent);
+        QPainter direct(&expected);
+        direct.drawPixmap(QPointF(4, 4) * ratio, IconPixmap(QStringLiteral("lock"), Qt::red, qRound(32 * ratio), 1));
+        direct.end();
+        image.setDevicePixelRatio(1);
+        EXPECT_EQ(image, expected) << ratio;
+    }
+}
+
+TEST(IconTest, APixmapHasThePixelsOfItsScreen) {
+    for (const auto& [ratio, pixels] : {std::pair{1.0, 20}, {1.25, 25}, {1.5, 30}, {3.0, 60}}) {
+        const QPixmap pixmap = IconPixmap(QStringLiteral("day"), Qt::blue, 20, ratio);
+        EXPECT_EQ(pixmap.size(), QSize(pixels, pixels)) << ratio;
+        EXPECT_EQ(pixmap.devicePixelRatio(), ratio);
+        EXPECT_EQ(IconPixmap(QStringLiteral("day"), Qt::blue, 20, ratio).toImage(), pixmap.toImage())
+            << "a second time";
+    }
 }

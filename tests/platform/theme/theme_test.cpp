@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDBusVariant>
 #include <QPushButton>
+#include <QToolTip>
 
 #include "platform/theme/desktopmode.h"
 
@@ -98,4 +99,109 @@ TEST(ThemeTest, TheSpacingGridKeepsItsOrderAndGrowsWithTheFont) {
 TEST(ThemeTest, HeadingsAreLargerThanText) {
     EXPECT_GT(HeadingFont(1).pointSizeF(), QApplication::font().pointSizeF());
     EXPECT_GT(HeadingFont(2).pointSizeF(), HeadingFont(1).pointSizeF());
+}
+
+TEST_P(ThemeColoursTest, EveryRoleOfThePaletteHasItsColour) {
+    const ThemeColours& colours = ColoursOf(GetParam());
+    const QPalette palette = PaletteOf(colours);
+    const std::pair<QPalette::ColorRole, QColor> roles[] = {
+        {QPalette::Window, colours.window},
+        {QPalette::WindowText, colours.text},
+        {QPalette::Base, colours.base},
+        {QPalette::AlternateBase, colours.alternate},
+        {QPalette::Text, colours.text},
+        {QPalette::PlaceholderText, colours.mutedText},
+        {QPalette::Button, colours.base},
+        {QPalette::ButtonText, colours.text},
+        {QPalette::BrightText, colours.accentText},
+        {QPalette::ToolTipBase, colours.base},
+        {QPalette::ToolTipText, colours.text},
+        {QPalette::Highlight, colours.selection},
+        {QPalette::HighlightedText, colours.selectedText},
+        {QPalette::Link, colours.accent},
+        {QPalette::LinkVisited, colours.accent},
+        {QPalette::Light, colours.base},
+        {QPalette::Midlight, colours.hover},
+        {QPalette::Mid, colours.border},
+        {QPalette::Dark, colours.border},
+    };
+    for (const auto& [role, colour] : roles) {
+        EXPECT_EQ(palette.color(QPalette::Active, role), colour) << role;
+        EXPECT_EQ(palette.color(QPalette::Inactive, role), colour) << role;
+    }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+        EXPECT_EQ(palette.color(QPalette::Disabled, role), colours.mutedText) << role;
+    EXPECT_EQ(palette.color(QPalette::Disabled, QPalette::Base), colours.window);
+    EXPECT_EQ(palette.color(QPalette::Disabled, QPalette::Highlight), colours.pressed);
+    EXPECT_LT(palette.color(QPalette::Shadow).lightness(), colours.border.lightness());
+}
+
+TEST_P(ThemeColoursTest, SurfacesAreToldApart) {
+    const ThemeColours& colours = ColoursOf(GetParam());
+    EXPECT_NE(colours.window, colours.base);
+    EXPECT_NE(colours.base, colours.alternate);
+    EXPECT_GT(Contrast(colours.pressed, colours.base), Contrast(colours.hover, colours.base));
+    EXPECT_GT(Contrast(colours.border, colours.base), 1.2);
+    EXPECT_GT(Contrast(colours.selection, colours.base), 1.2);
+    EXPECT_EQ(Contrast(colours.text, colours.base), Contrast(colours.base, colours.text));
+    EXPECT_EQ(ColoursOf(GetParam()), ColoursOf(GetParam()));
+    EXPECT_FALSE(ColoursOf(ThemeMode::Light) == ColoursOf(ThemeMode::Dark));
+}
+
+TEST(ThemeTest, ContrastIsOneToTwentyOne) {
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.001);
+    EXPECT_NEAR(Contrast(Qt::red, Qt::red), 1, 0.001);
+    EXPECT_NEAR(Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
+    EXPECT_NEAR(Contrast(QColor(0, 0, 0xFF), Qt::white), 8.59, 0.01);
+    EXPECT_NEAR(Contrast(QColor(0, 0xFF, 0), Qt::black), 15.3, 0.01);
+    EXPECT_NEAR(Contrast(QColor(8, 8, 8), Qt::black), 1.05, 0.01)
+        << "very dark colours are reckoned in a straight line";
+}
+
+TEST(ThemeTest, APaletteWithDarkTextIsALightOne) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0x60, 0x60, 0x60));
+    palette.setColor(QPalette::WindowText, QColor(0x20, 0x20, 0x20));
+    EXPECT_EQ(ModeOf(palette), ThemeMode::Light);
+    palette.setColor(QPalette::WindowText, QColor(0xA0, 0xA0, 0xA0));
+    EXPECT_EQ(ModeOf(palette), ThemeMode::Dark);
+}
+
+TEST(ThemeTest, AFontTooSmallToBeReadIsEnlargedAndNoOther) {
+    const QFont before = QApplication::font();
+    for (const auto& [points, kept] : {std::pair{6.0, 9.0}, {8.9, 9.0}, {9.0, 9.0}, {14.0, 14.0}}) {
+        QFont font = before;
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        Theme::Install(ThemeMode::Light);
+        EXPECT_NEAR(QApplication::font().pointSizeF(), kept, 0.01) << points;
+    }
+    QFont pixels = before;
+    pixels.setPixelSize(5);
+    QApplication::setFont(pixels);
+    Theme::Install(ThemeMode::Light);
+    EXPECT_EQ(QApplication::font().pixelSize(), 5) << "a font in pixels is somebody's will";
+    QApplication::setFont(before);
+}
+
+TEST(ThemeTest, HeadingsGrowByTheirStepAndAreBolder) {
+    const double text = QApplication::font().pointSizeF();
+    EXPECT_NEAR(HeadingFont(1).pointSizeF(), text * 1.15, 0.01);
+    EXPECT_NEAR(HeadingFont(2).pointSizeF(), text * 1.45, 0.01);
+    EXPECT_NEAR(HeadingFont().pointSizeF(), HeadingFont(1).pointSizeF(), 0.01);
+    EXPECT_EQ(HeadingFont().weight(), QFont::DemiBold);
+    EXPECT_EQ(HeadingFont().family(), QApplication::font().family());
+}
+
+TEST(ThemeTest, TheModeGoesThereAndBack) {
+    Theme::Install(ThemeMode::Light);
+    for (const ThemeMode mode : {ThemeMode::Dark, ThemeMode::Light, ThemeMode::Dark}) {
+        Theme::Instance().setMode(mode);
+        EXPECT_EQ(Theme::Instance().mode(), mode);
+        EXPECT_EQ(Theme::Instance().colours(), ColoursOf(mode));
+        EXPECT_EQ(QApplication::palette().color(QPalette::Base), ColoursOf(mode).base);
+        EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipText), ColoursOf(mode).text);
+    }
+    Theme::Install(ThemeMode::Light);
+    EXPECT_EQ(Theme::Instance().mode(), ThemeMode::Light);
 }
