@@ -5,13 +5,14 @@
 #include "app/options.h"
 #include "app/screenshot.h"
 #include "app/viewfactories.h"
+#include "app/wiring.h"
 #include "appointments/frmnore.h"
 #include "platform/theme/theme.h"
 #include "session/databasewait.h"
 #include "session/session.h"
 #include "session/startup.h"
-#include "views/mdisched.h"
-#include "views/viewtable.h"
+#include "shell/mdisched.h"
+#include "shell/viewtable.h"
 
 namespace {
 
@@ -42,13 +43,13 @@ QByteArray platformsFor(const AppOptions& options) {
     return platforms.isEmpty() && options.screenshotFile.isEmpty() ? platforms : platforms + "offscreen";
 }
 
-QString viewName(int currentView) {
-    return QString::fromLatin1(FindView(currentView)->option);
+QString viewName(View view) {
+    return QString::fromLatin1(FindView(view)->option);
 }
 
 /// What the options ask that cannot be done, found before a window opens.
 QString whyNot(const AppOptions& options, const ViewFactories& factories) {
-    if (options.view != 0 && !factories.contains(options.view))
+    if (options.view != View::None && !factories.contains(options.view))
         return QStringLiteral("the view \"%1\" is not available in this version").arg(viewName(options.view));
     return {};
 }
@@ -56,6 +57,7 @@ QString whyNot(const AppOptions& options, const ViewFactories& factories) {
 int run(const AppOptions& options, ViewFactories factories) {
     const bool picture = !options.screenshotFile.isEmpty();
     mdisched window(std::move(factories));
+    WireMainWindow(window);
     if (options.date.isValid())
         window.OpenAt(options.date);
     if (picture || !options.size.isEmpty())
@@ -64,11 +66,11 @@ int run(const AppOptions& options, ViewFactories factories) {
         AnswerWithoutUser();
     if (!StartUp(options.commandLine, {options.dataFolder, {}}, window))
         return Failed;
-    if (options.view != 0 && !window.ViewAvailable(options.view))
+    if (options.view != View::None && !window.ViewAvailable(options.view))
         return refuse(QStringLiteral("the view \"%1\" is not available to this user").arg(viewName(options.view)),
                       Failed);
-    if (options.view != 0)
-        window.changeview(options.view - 1);
+    if (options.view != View::None)
+        window.changeview(options.view);
     if (picture)
         return SaveScreenshot(window, options.screenshotFile) ? 0 : Failed;
     QTimer::singleShot(0, &window, &Theme::FollowDesktop);

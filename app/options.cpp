@@ -5,7 +5,7 @@
 #include <QDir>
 #include <QRegularExpression>
 
-#include "views/viewtable.h"
+#include "shell/viewtable.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ QString takeView(AppOptions& options, const QString& value) {
     const ViewEntry* entry = FindViewByOption(value);
     if (entry == nullptr)
         return QStringLiteral("there is no view \"%1\"").arg(value);
-    options.view = entry->currentView;
+    options.view = entry->view;
     return {};
 }
 

@@ -7,15 +7,16 @@
 #include <QStringList>
 
 #include "platform/theme/colours.h"
+#include "session/view.h"
 
 /// What the program was asked on its command line.
 struct AppOptions {
     QString commandLine;  ///< "{type}|{user id}" as the notes product hands it over; empty asks for a logon.
     QString dataFolder;
     QString screenshotFile;
-    int view = 0;  ///< CurrentView to open; 0 leaves it to the start-up.
-    QDate date;    ///< Invalid: today.
-    QSize size;    ///< Empty: the remembered place.
+    View view = View::None;  ///< The view to open; None leaves it to the start-up.
+    QDate date;              ///< Invalid: today.
+    QSize size;              ///< Empty: the remembered place.
     std::optional<ThemeMode> mode;
     bool help = false;
     bool version = false;

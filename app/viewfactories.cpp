@@ -1,15 +1,15 @@
 #include "app/viewfactories.h"
 
+#include "rooms/frmrooms.h"
 #include "views/frmall.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 
 ViewFactories MakeViewFactories() {
-    return {{1, [](MainWindow& main) { return std::make_unique<frmsched>(main); }},
-            {2, [](MainWindow& main) { return std::make_unique<frmweekv>(main); }},
-            {3, [](MainWindow& main) { return std::make_unique<frmmtv>(main); }},
-            {4, [](MainWindow& main) { return std::make_unique<frmall>(main); }},
-            {5, [](MainWindow& main) { return std::make_unique<frmrooms>(main); }}};
+    return {{View::Day, [](MainWindow& main) { return std::make_unique<frmsched>(main); }},
+            {View::Week, [](MainWindow& main) { return std::make_unique<frmweekv>(main); }},
+            {View::Month, [](MainWindow& main) { return std::make_unique<frmmtv>(main); }},
+            {View::AllProviders, [](MainWindow& main) { return std::make_unique<frmall>(main); }},
+            {View::Rooms, [](MainWindow& main) { return std::make_unique<frmrooms>(main); }}};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/mdisched.h"
+#include "shell/mdisched.h"
 
 /// The calendar views of this version.
 [[nodiscard]] ViewFactories MakeViewFactories();

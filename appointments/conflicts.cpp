@@ -7,7 +7,6 @@
 #include "appointments/appointmentconflict.h"
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
-#include "data/pipefields.h"
 #include "platform/controls/ctlist.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -126,10 +125,8 @@ QString lengthText(const Conflict& conflict, MinuteSpan proposed) {
 
 void addRows(AppointmentConflict& form, const std::vector<Conflict>& conflicts, MinuteSpan proposed) {
     for (const Conflict& conflict : conflicts) {
-        const QStringList cells{ShortDateText(conflict.date), timeText(conflict.time.start),
-                                timeText(conflict.time.end), CleanFieldText(conflict.text),
-                                CleanFieldText(conflict.place)};
-        const int row = form.ctList1->AddRow(cells.join(QLatin1Char(';')));
+        const int row = form.ctList1->AddRow({ShortDateText(conflict.date), timeText(conflict.time.start),
+                                              timeText(conflict.time.end), conflict.text, conflict.place});
         form.ctList1->SetItemText(row, lengthText(conflict, proposed));
         if (conflict.namesPatient)
             form.ctList1->NameCell(row, AppointmentConflict::TextColumn);

@@ -76,8 +76,8 @@ QSize frmdelrepeat::sizeHint() const {
 }
 
 void frmdelrepeat::AddAppointment(const Row& row) {
-    const int added = ctList1->AddRow(
-        JoinCells({QString::number(row.checked ? 1 : 0), row.date, row.time, row.text.simplified()}), row.key);
+    const int added =
+        ctList1->AddRow({QString::number(row.checked ? 1 : 0), row.date, row.time, row.text.simplified()}, row.key);
     if (row.isGroup)
         ctList1->SetItemText(added, QStringLiteral("G"));
     if (row.namesPatient)

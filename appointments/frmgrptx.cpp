@@ -71,7 +71,7 @@ void frmgrptx::load() {
     LoadLocations(*cbolocation);
     LoadRooms(*cborooms);
     cborooms->setEnabled(cborooms->count() > 0);
-    const bool dayStands = Session().CurrentView == 1;
+    const bool dayStands = Session().CurrentView == View::Day;
     for (QWidget* ofDate :
          {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(lbldate), static_cast<QWidget*>(lblweekday)})
         ofDate->setVisible(!dayStands);
@@ -150,7 +150,7 @@ void frmgrptx::offerUnknownLocation() {
 
 bool frmgrptx::okenabled() const {
     return ctstart->Value() > FirstValidTime && ctend->Value() > FirstValidTime && ctList1->RowCount() > 0 &&
-           (view_ != 2 || ctedate->Value() > FirstValidDate);
+           (view_ != View::Week || ctedate->Value() > FirstValidDate);
 }
 
 void frmgrptx::enableOk() {

@@ -148,7 +148,7 @@ class frmgrptx : public EditorDialog {
 
     // As they were when the form was opened: it may be opened again over another view.
     const int key_ = EditedApptKey();  ///< Of the row, 0 for a new one.
-    const int view_ = Session().CurrentView;
+    const View view_ = Session().CurrentView;
     const BookedProvider provider_ = ProviderOfView();
     // What the database holds, as far as this form knows.
     std::optional<std::vector<db::Value>> storedState_;

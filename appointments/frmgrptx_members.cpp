@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "appointments/frmgrptx.h"
-#include "data/phone.h"
+#include "appointments/patientcontacts.h"
 #include "data/pipefields.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -23,10 +23,9 @@ using db::Sql;
 
 namespace {
 
-struct PhoneFormats {
-    QString home = MaskToFormat(Session().PhoneMask);
-    QString work = WithExtension(home);
-};
+QString shownPhone(const Recordset& row, const char* column) {
+    return ContactText(QString::fromLatin1(column), row[column].text());
+}
 
 // A member without an end stays in the group.
 bool takesPart(const Recordset& member, QDate date) {
@@ -59,7 +58,6 @@ void frmgrptx::loadmembers() {
     ctList1->Clear();
     groupOnList_ = cbogroup->ItemData();
     membersOf_ = ctedate->Date();
-    const PhoneFormats formats;
     try {
         for (
             Recordset rows(
@@ -69,10 +67,9 @@ void frmgrptx::loadmembers() {
             !rows.Eof(); rows.MoveNext()) {
             if (!takesPart(rows, membersOf_))
                 continue;
-            const QString homePhone = rows["telephone_h"].text();
-            addMember({rows["id"].text(), rows["acctnbr"].text(), homePhone},
+            addMember({rows["id"].text(), rows["acctnbr"].text(), rows["telephone_h"].text()},
                       rows["last_name"].text() + QStringLiteral(", ") + rows["first_name"].text(),
-                      FormatPhone(homePhone, formats.home), FormatPhone(rows["telephone_b"].text(), formats.work),
+                      shownPhone(rows, "telephone_h"), shownPhone(rows, "telephone_b"),
                       {.scheduled = Session().IsNewAppt, .kept = false});
         }
     } catch (const db::DatabaseError& error) {
@@ -93,7 +90,6 @@ QString frmgrptx::savedPhonesStatement(int key) {
 }
 
 void frmgrptx::loadsavedmembers() {
-    const PhoneFormats formats;
     try {
         struct Phones {
             QString home;
@@ -101,8 +97,8 @@ void frmgrptx::loadsavedmembers() {
         };
         QHash<QString, Phones> phones;
         for (Recordset rows(savedPhonesStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext())
-            phones.insert(rows["id"].text().toLower(), {FormatPhone(rows["telephone_h"].text(), formats.home),
-                                                        FormatPhone(rows["telephone_b"].text(), formats.work)});
+            phones.insert(rows["id"].text().toLower(),
+                          {shownPhone(rows, "telephone_h"), shownPhone(rows, "telephone_b")});
         Attendance saved;
         for (Recordset rows(savedMembersStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString id = rows["PatientId"].text();
@@ -201,9 +197,9 @@ void frmgrptx::addMember(const Mark& mark, const QString& name, const QString& h
                          Boxes boxes) {
     if (ctList1->FindItemData(mark.patientId) >= 0)
         return;
-    const int row = ctList1->AddRow(JoinCells({QString::number(boxes.scheduled ? 1 : 0), name,
-                                               QString::number(boxes.kept ? 1 : 0), homePhone, workPhone}),
-                                    mark.patientId);
+    const int row = ctList1->AddRow(
+        {QString::number(boxes.scheduled ? 1 : 0), name, QString::number(boxes.kept ? 1 : 0), homePhone, workPhone},
+        mark.patientId);
     ctList1->SetItemText(row, QStringList{mark.patientId, CleanFieldText(mark.account), mark.homePhone}.join(u'|'));
 }
 

@@ -20,8 +20,8 @@
 #include "platform/controls/formarea.h"
 #include "platform/controls/notefield.h"
 #include "platform/desktop/desktop.h"
+#include "rooms/frmroomview.h"
 #include "session/session.h"
-#include "views/rooms/frmroomview.h"
 
 namespace {
 
@@ -72,7 +72,7 @@ void frmnore::reject() {
         return;
     if (Session().IsNewAppt) {
         Session().IsNewAppt = false;
-        if (OpenView* open = TheOpenView(); open != nullptr && (view_ == 1 || view_ == 2))
+        if (OpenView* open = TheOpenView(); open != nullptr && (view_ == View::Day || view_ == View::Week))
             open->DropSelection();
     }
     EditorDialog::reject();

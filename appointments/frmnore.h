@@ -249,7 +249,7 @@ class frmnore : public EditorDialog {
 
     // As they were when the form was opened: it may be opened again over another view.
     const int key_ = EditedApptKey();
-    const int view_ = Session().CurrentView;
+    const View view_ = Session().CurrentView;
     const BookedProvider provider_ = ProviderOfView();
 
     QWidget* fields_ = nullptr;

@@ -1,4 +1,3 @@
-#include <array>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,9 +10,11 @@
 #include "appointments/apptlists.h"
 #include "appointments/frmnore.h"
 #include "appointments/listicons.h"
+#include "appointments/patientcontacts.h"
 #include "appointments/patientrows.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
+#include "data/statuses.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
@@ -96,7 +97,7 @@ void frmnore::load() {
     ckAlarm->setChecked(GetAlarmStatus(Session().ProviderId));
     alarmLeadMinutes_ = GetAlarmTime(Session().ProviderId);
     loadKind();
-    const bool dayStands = Session().CurrentView == 1;
+    const bool dayStands = Session().CurrentView == View::Day;
     for (QWidget* ofDate :
          {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(lbldate), static_cast<QWidget*>(lblweekday)})
         ofDate->setVisible(!dayStands);
@@ -212,10 +213,8 @@ void frmnore::loadroomslist() {
 }
 
 void frmnore::fillStatus() {
-    static constexpr std::array<const char*, ncolor::PatientRows.size()> texts{
-        "", "Tentative", "Pending", "Checked-In", "Kept", "Missed", "Patient Cancelled", "Therapist Cancelled"};
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        cbostatus->AddItem(QString::fromLatin1(texts[i]), ncolor::PatientRows[i], StatusIcon(ncolor::PatientRows[i]));
+    for (const int code : ncolor::PatientRows)
+        cbostatus->AddItem(QString::fromLatin1(StatusOf(code).word), code, StatusIcon(code));
 }
 
 void frmnore::SetApptType(int key) {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <QPainter>
 
-#include "data/codes.h"
+#include "data/statuses.h"
 #include "platform/calendar/colour.h"
 #include "platform/calendar/glyphs.h"
 
@@ -14,23 +14,10 @@ constexpr int Scales = 3;  // Sharp up to 300 %.
 constexpr QColor Outline(0x80, 0x80, 0x80);
 
 std::optional<Glyph> glyphOf(int code) {
-    switch (code) {
-        case ncolor::Tentative:
-            return Glyph::Tentative;
-        case ncolor::Pending:
-            return Glyph::Pending;
-        case ncolor::CheckedIn:
-            return Glyph::CheckedIn;
-        case ncolor::Kept:
-            return Glyph::Kept;
-        case ncolor::Missed:
-            return Glyph::Missed;
-        case ncolor::PatientCancelled:
-        case ncolor::TherapistCancelled:
-            return Glyph::Cancelled;
-        default:
-            return std::nullopt;
-    }
+    CalendarItem item;
+    item.ItemStatusMark = StatusOf(code).mark;
+    const std::vector<Glyph> glyphs = GlyphsOf(item);
+    return glyphs.empty() ? std::nullopt : std::optional(glyphs.front());
 }
 
 QPixmap patch(int scale, const QColor& colour, std::optional<Glyph> glyph) {

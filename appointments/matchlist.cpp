@@ -80,10 +80,9 @@ void MatchList::read() {
     matches.resize(std::min(matches.size(), std::size_t{MostMatches}));
     lstmatches->Clear();
     for (const PatientMatch& match : matches)
-        lstmatches->AddRow(
-            JoinCells({match.name, match.birthDate.isValid() ? ShortDateText(match.birthDate) : QString(),
-                       match.account, match.homePhone}),
-            match.id);
+        lstmatches->AddRow({match.name, match.birthDate.isValid() ? ShortDateText(match.birthDate) : QString(),
+                            match.account, match.homePhone},
+                           match.id);
     PlaceBelowBox();
     show();
     raise();
@@ -133,7 +132,7 @@ void MatchList::tellMark() {
         return;
     box_.setAccessibleDescription(tr("%1 patients fit. Marked: %2")
                                       .arg(lstmatches->RowCount())
-                                      .arg(lstmatches->RowText(row).replace(u';', QLatin1String(", "))));
+                                      .arg(lstmatches->Cells(row).join(QLatin1String(", "))));
     QAccessibleEvent told(&box_, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&told);
 }

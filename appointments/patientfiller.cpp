@@ -102,9 +102,9 @@ void PatientFiller::addPiece(int rows) {
     const int added = end - loaded_;
     for (; loaded_ < end; ++loaded_, rows_.MoveNext()) {
         const PatientFacts patient = PatientOf(rows_);
-        QString cells = patient.ListRow();
+        QStringList cells = patient.ListRow();
         if (const QDate born = birthDates_.value(patient.id); born.isValid())
-            cells += u';' + ShortDateText(born);
+            cells << ShortDateText(born);
         list_.SetItemText(list_.AddRow(cells, patient.id), patient.name);
     }
     if (loaded_ < total_) {

@@ -3,8 +3,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-#include "data/phone.h"
-#include "data/pipefields.h"
+#include "appointments/patientcontacts.h"
 #include "platform/database/sql.h"
 #include "platform/text/plaintext.h"
 #include "session/session.h"
@@ -13,11 +12,8 @@ using db::LikeText;
 using db::Recordset;
 using db::Sql;
 
-QString PatientFacts::ListRow() const {
-    QStringList cells;
-    for (const QString& cell : {name, account, homePhone, workPhone, cpt, otherPhone, email})
-        cells << CleanFieldText(cell);
-    return cells.join(u';');
+QStringList PatientFacts::ListRow() const {
+    return {name, account, homePhone, workPhone, cpt, otherPhone, email};
 }
 
 namespace {
@@ -28,24 +24,22 @@ QString shownName(const Recordset& row) {
     return initial.isEmpty() ? name : name + QLatin1Char(' ') + initial + QLatin1Char('.');
 }
 
-QString shownPhone(const Recordset& row, const char* column, const QString& format) {
-    const QString number = row[column].text().trimmed();
-    return number.isEmpty() ? QString() : FormatPhone(number, format);
+QString shownContact(const Recordset& row, const char* column) {
+    return ContactText(QString::fromLatin1(column), row[column].text());
 }
 
 }  // namespace
 
 PatientFacts PatientOf(const Recordset& row) {
-    const QString phoneFormat = MaskToFormat(Session().PhoneMask);
     PatientFacts facts;
     facts.id = row["id"].text();
     facts.name = OneLine(shownName(row));
     facts.account = OneLine(row["acctnbr"].text());
-    facts.homePhone = shownPhone(row, "telephone_h", phoneFormat);
-    facts.workPhone = shownPhone(row, "telephone_b", WithExtension(phoneFormat));
-    facts.otherPhone = shownPhone(row, "Other_Phone", phoneFormat);
+    facts.homePhone = shownContact(row, "telephone_h");
+    facts.workPhone = shownContact(row, "telephone_b");
+    facts.otherPhone = shownContact(row, "Other_Phone");
     facts.cpt = row["defaultCPT"].text();
-    facts.email = OneLine(row["EmailAddress"].text());
+    facts.email = shownContact(row, "EmailAddress");
     return facts;
 }
 
@@ -123,10 +117,9 @@ std::vector<PatientMatch> MatchingPatients(const QString& typed, int most) {
     std::vector<PatientMatch> matches;
     if (typed.isEmpty())
         return matches;
-    const QString phoneFormat = MaskToFormat(Session().PhoneMask);
     for (Recordset rows(matchesStatement(typed, most), Session().Connection); !rows.Eof(); rows.MoveNext())
         matches.push_back({rows["id"].text(), shownName(rows), rows["birth_date"].date(), rows["acctnbr"].text(),
-                           shownPhone(rows, "telephone_h", phoneFormat)});
+                           shownContact(rows, "telephone_h")});
     return matches;
 }
 

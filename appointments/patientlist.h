@@ -16,9 +16,9 @@ struct PatientFacts {
     QString cpt;                               ///< The code of the patient's usual service.
     QString email;
 
-    /// The seven columns of a patient list joined by ";": name, account, home and work telephone, service, other
-    /// telephone, e-mail address.
-    [[nodiscard]] QString ListRow() const;
+    /// The seven columns of a patient list: name, account, home and work telephone, service, other telephone, e-mail
+    /// address.
+    [[nodiscard]] QStringList ListRow() const;
 };
 
 /// The facts of the current row of a statement with the columns of the patient list.

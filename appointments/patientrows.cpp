@@ -1,25 +1,13 @@
 #include "appointments/patientrows.h"
 
-#include "data/phone.h"
+#include "appointments/patientcontacts.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
-#include "platform/text/plaintext.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
 using db::Recordset;
 using db::Sql;
-
-namespace {
-
-QString fieldStatement(const QString& patientId, const QString& field) {
-    if (field == QStringLiteral("Other_Phone"))
-        return Sql("Select {}, Other_Phone_Type from Patient_info Where id = '{}' AND Len(Other_Phone_Type) > 0",
-                   db::Raw{field}, patientId);
-    return Sql("Select {} from Patient_info Where id = '{}'", db::Raw{field}, patientId);
-}
-
-}  // namespace
 
 QString PatientStatement(const QString& patientId) {
     return Sql("Select * from patient_info where id = '{}'", patientId);
@@ -36,23 +24,8 @@ QStringList ShownPatientStatements(const QString& patientId, QDate date) {
         return {};
     QStringList statements{AuthInfoStatement(patientId, date)};
     for (const char* field : {"telephone_h", "telephone_b", "Other_Phone", "EmailAddress"})
-        statements << fieldStatement(patientId, QString::fromLatin1(field));
+        statements << FieldStatement(patientId, QString::fromLatin1(field));
     return statements;
-}
-
-QString PatientFieldText(const QString& patientId, const QString& field) {
-    QString value;
-    db::Ignoring([&] {
-        const Recordset patient(fieldStatement(patientId, field), Session().Connection);
-        if (!patient.Eof())
-            value = patient[0].text();
-    });
-    const QString phoneFormat = MaskToFormat(Session().PhoneMask);
-    if (field == QStringLiteral("telephone_h") || field == QStringLiteral("Other_Phone"))
-        return FormatPhone(value, phoneFormat);
-    if (field == QStringLiteral("telephone_b"))
-        return FormatPhone(value, WithExtension(phoneFormat));
-    return OneLine(value);
 }
 
 QString checkForEmailAddress(const QString& patientId) {

@@ -12,11 +12,6 @@
 /// All that the editor shows of a patient on a date: telephones, e-mail address, authorization; none without a patient.
 [[nodiscard]] QStringList ShownPatientStatements(const QString& patientId, QDate date);
 
-/// One column of a patient's record; "" without a patient or a value, and where it cannot be read. "telephone_h",
-/// "telephone_b" (with room for an extension) and "Other_Phone" come in the form of the practice's telephone mask, the
-/// last only when the patient has a kind of other telephone; any other column comes as it is.
-[[nodiscard]] QString PatientFieldText(const QString& patientId, const QString& field);
-
 /// The patient's e-mail address, without blanks around it; "" where there is none. On a failure the user is told "Error
 /// retrieving patient e-mail address. " with the reason.
 [[nodiscard]] QString checkForEmailAddress(const QString& patientId);

@@ -10,7 +10,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
-#include "tests/views/fakemainwindow.h"
+#include "tests/shell/fakemainwindow.h"
 #include "views/frmsched.h"
 
 using db::Sql;

@@ -43,7 +43,7 @@ class CrowdedPractice {
         session.UID = session.ProviderId = QStringLiteral("REED");
         session.ScreenAccess = 3;
         session.AllProviders = true;
-        session.CurrentView = 1;
+        session.CurrentView = View::Day;
         session.WordUsage = QStringLiteral("Patient");
         session.PhoneMask = QStringLiteral("(###) ###-####");
         session.ApptKind = 1;

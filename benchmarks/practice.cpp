@@ -13,7 +13,7 @@ void Practice::openSession() const {
         QStringLiteral("Provider=SQLOLEDB;Data Source=%1;Initial Catalog=practice;User Id=SVMaster;").arg(folder));
     session.UID = session.ProviderId = QStringLiteral("REED");
     session.ScreenAccess = 3;
-    session.CurrentView = 1;
+    session.CurrentView = View::Day;
     session.WordUsage = QStringLiteral("Patient");
 }
 

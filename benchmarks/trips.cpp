@@ -17,11 +17,11 @@
 #include "platform/calendar/ctmday.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "rooms/frmrooms.h"
 #include "session/session.h"
-#include "tests/views/fakemainwindow.h"
+#include "tests/shell/fakemainwindow.h"
 #include "views/frmall.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 

@@ -8,11 +8,11 @@
 #include "benchmarks/practice.h"
 #include "data/recurrence.h"
 #include "platform/database/sql.h"
+#include "rooms/frmrooms.h"
 #include "session/session.h"
-#include "tests/views/fakemainwindow.h"
+#include "tests/shell/fakemainwindow.h"
 #include "views/frmall.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 
@@ -85,9 +85,9 @@ QStringList roomStatements(QDate date) {
     return {Sql("Select * from roomschedule where nApptDate = '{}' AND croomid = 1", SqlDate(date))};
 }
 
-template <class View>
+template <class Form>
 std::unique_ptr<ViewWindow> makeView(MainWindow& main) {
-    return std::make_unique<View>(main);
+    return std::make_unique<Form>(main);
 }
 
 const std::vector<ViewBench>& views() {

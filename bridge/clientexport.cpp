@@ -18,7 +18,7 @@ constexpr int MostDigits = 20;
 /// The billing rule that the companion gives to a new client.
 constexpr int StandardBillingDelay = 2;
 
-/// The digits of a number, however it is written; nothing for a text that is none.
+/// Returns the digits of a number in any notation, or nothing for a text that is no number.
 std::optional<QString> digitsOf(const QString& phone) {
     QString digits;
     for (const QChar c : phone) {
@@ -32,7 +32,7 @@ std::optional<QString> digitsOf(const QString& phone) {
     return digits;
 }
 
-/// A number formatted "(000) 000-0000".
+/// Returns a number in the form "(000) 000-0000".
 QString phoneText(const QString& digits) {
     const QString number = digits.rightJustified(PhoneDigits, QLatin1Char('0'));
     return QStringLiteral("(%1) %2-%3")
@@ -95,7 +95,7 @@ void writeBilling(db::Recordset& client, int fhProvider) {
     client.Set("UserIdLastModified", 0);
 }
 
-/// The key of the companion's side of a pair; nothing without a pair.
+/// Returns the key of the companion's side of a pair, or nothing without a pair.
 std::optional<int> pairedWith(const ExportLink& link, const QString& statement) {
     const db::Recordset pair(statement, link.main);
     return pair.Eof() ? std::nullopt : std::optional(static_cast<int>(pair["FHDataValue"].integer()));

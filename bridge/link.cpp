@@ -13,12 +13,12 @@ QString companionText(const QString& server, const QString& database, const QStr
         .arg(ResolvedDataSource(server, iniPath), database, BuildDbPassword(QStringLiteral("FH"), server, iniPath));
 }
 
-// The settings are numbers kept as text; null reads as 0.
+// The settings are numbers stored as text. Null reads as 0.
 bool isOne(const db::Field& field) {
     return field.text().trimmed().toDouble() == 1;
 }
 
-// The first field of the first row; empty without a row, or when the statement fails.
+// Returns the first field of the first row, or an empty text without a row or when the statement fails.
 QString paired(db::Connection& main, const QString& statement) {
     QString value;
     db::Ignoring([&] {

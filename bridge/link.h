@@ -4,30 +4,30 @@
 
 #include "platform/database/connection.h"
 
-/// Finding the companion database and the pairs that its rows form with ours. `main` is the connection to the main
-/// database; the companion is reached by a connection of one routine, on the text of GetFHConnectionString.
+/// Finds the companion database and the pairs between its rows and ours. `main` is the connection to the main database.
+/// Each routine reaches the companion by a connection of its own, opened with the text of GetFHConnectionString.
 
-/// The two settings of the link; each is on only when the column is exactly 1.
+/// The two settings of the link. Each is on only when its column is exactly 1.
 struct FHLinkSettings {
-    bool FHAutoExport = false;    ///< New patients are exported without being asked.
+    bool FHAutoExport = false;    ///< New patients are exported without a question.
     bool UseFHSchedView = false;  ///< The companion's schedule view is offered.
     friend bool operator==(const FHLinkSettings&, const FHLinkSettings&) = default;
 };
 
-/// The connection text of the companion database; empty when the settings name no server or no database, and after a
-/// failing read, which is told. A folder in FHServer that is not absolute is taken from `iniPath`, where the password
-/// comes from too.
+/// Returns the connection text of the companion database. It is empty when the settings name no server or no database,
+/// and after a failing read, of which the user is told. A relative folder in FHServer is taken from `iniPath`, which
+/// also holds the password.
 [[nodiscard]] QString GetFHConnectionString(db::Connection& main, const QString& iniPath);
 
 [[nodiscard]] FHLinkSettings GetFHLinkSettings(db::Connection& main);
 
-/// The identity of the companion database, which its pairs carry; empty when it has none, and when it cannot be
-/// reached, which is told. Empty means that the link is off.
+/// Returns the identity of the companion database, which its pairs carry. It is empty when the companion has none, and
+/// when it cannot be reached, of which the user is told. An empty identity means that the link is off.
 [[nodiscard]] QString GetFHDBId(const QString& companionText);
 
-/// The companion's provider paired with ours; 0 for none.
+/// Returns the companion's provider that is paired with ours, or 0.
 [[nodiscard]] int GetFHProviderId(db::Connection& main, const QString& fhDatabase, const QString& svProviderId);
-/// Our provider paired with the companion's; empty for none.
+/// Returns our provider that is paired with the companion's, or an empty text.
 [[nodiscard]] QString GetSVProviderFromFH(db::Connection& main, const QString& fhDatabase, int fhProviderId);
-/// Our patient paired with the companion's client; empty for none.
+/// Returns our patient who is paired with the companion's client, or an empty text.
 [[nodiscard]] QString GetSVPatientFromFH(db::Connection& main, const QString& fhDatabase, int fhClientId);

@@ -6,9 +6,9 @@
 
 #include "platform/database/connection.h"
 
-/// The statement that HolidayOn reads.
+/// Returns the statement that HolidayOn reads.
 QString HolidayStatement(QDate date);
 
-/// The name of the holiday on a date, one of that year or one that repeats every year; the first where there are
-/// several. Throws DatabaseError.
+/// Returns the name of the holiday on a date: one of that very date or one that repeats every year. Where there are
+/// several, it is the first. Throws DatabaseError.
 std::optional<QString> HolidayOn(db::Connection& connection, QDate date);

@@ -2,12 +2,13 @@
 
 #include <QString>
 
-/// The n-th field of a text whose fields are joined by "|", counted from 1 (0 counts as 1). Past the end it is empty.
+/// Returns the n-th field of a text whose fields are joined by "|", counted from 1 (0 counts as 1). Past the end it is
+/// empty.
 QString GetPipeField(const QString& text, int n);
 
-/// Makes free text safe for the formats that join fields by "|" or ";": line feeds, tabs and other control
-/// characters become one blank each; carriage returns, ";" and "|" are dropped.
+/// Makes free text safe for the formats that join fields by "|" or ";". Line feeds, tabs and other control characters
+/// become one blank each. Carriage returns, ";" and "|" are removed.
 QString CleanFieldText(const QString& text);
 
-/// A row of a list, whose cells are joined by ";", as the row of a printed table, whose cells are joined by "|".
+/// Returns a row of a list, whose cells are joined by ";", as a row of a printed table, whose cells are joined by "|".
 QString insertpipes(const QString& text);

@@ -20,7 +20,7 @@ int monthsBetween(QDate first, QDate second) {
     return (second.year() - first.year()) * 12 + second.month() - first.month();
 }
 
-// The last Friday is the one with no other Friday of the month a week later.
+// The last Friday is the one that is not followed by another Friday of the same month.
 bool isNthOfItsWeekday(QDate date, int scale) {
     if (scale == RecurrencePattern::Last)
         return date.addDays(Week).month() != date.month();

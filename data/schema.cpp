@@ -7,8 +7,8 @@
 #include <QFile>
 #include <QRegularExpression>
 
-// The scripts stand in a static library, whose resources are dropped unless somebody asks for them; the macro wants to
-// be called outside of a namespace.
+// The scripts are in a static library, whose resources are dropped unless they are asked for. The macro must be used
+// outside of a namespace.
 static void LoadScripts() {
     Q_INIT_RESOURCE(schema);
 }
@@ -76,7 +76,7 @@ void ApplySchema(db::Connection& connection, SchemaScript script) {
 qint64 MendAppointments(db::Connection& connection) {
     static const QRegularExpression createTrigger(QStringLiteral("^Create Trigger (\\w+) "));
     const QStringList triggers = SchemaStatements(SchemaScript::Main).filter(createTrigger);
-    // Looked for by a trial: a failure within the transaction would be the end of it on some servers.
+    // Which triggers exist is tried beforehand, because on some servers a failure within the transaction would end it.
     QStringList drops;
     for (const QString& trigger : triggers) {
         const QString drop = db::Sql("Drop Trigger {}", db::Raw{createTrigger.match(trigger).captured(1)});

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// The one row of the practice's settings, which several routines read; the same statement each time, so that those of
-/// one load can be read together.
+/// Returns the statement that reads the one row of the practice's settings. Several routines use the same statement, so
+/// that the reads of one load can be sent together.
 inline QString SettingsStatement() {
     return QStringLiteral("Select * from settings");
 }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int NoTime = -1;
 
-/// Date and time of a stored text, parted at its first blank.
+/// The date and the time of a stored text, separated at its first blank.
 struct Parts {
     QString date;
     QString time;

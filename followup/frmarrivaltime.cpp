@@ -49,7 +49,7 @@ void frmarrivalTime::buildForm() {
     lblproblem = new QLabel(this);
     lblproblem->setObjectName(QStringLiteral("lblproblem"));
     lblproblem->setWordWrap(true);
-    // The line keeps its place, so that the form does not jump when it fills.
+    // The line always keeps its height, so that the form does not jump when it is filled.
     lblproblem->setMinimumHeight(fontMetrics().height() * 2);
     lblproblem->setAlignment(Qt::AlignTop);
     cmdOk = new QPushButton(tr("&OK"), this);
@@ -114,7 +114,7 @@ bool frmarrivalTime::SaveCheckedIn() {
     try {
         Recordset row(Sql("SELECT * From appointments Where nkeyid ={}", Session().CheckInKey), Session().Connection,
                       Lock::Optimistic);
-        // A row that is gone is told by the view, which saves it whole next.
+        // A missing row is reported by the view, which saves the whole row next.
         if (row.Eof())
             return true;
         row.Set("CheckInTime", CheckInTimeText(Today(), Arrival(), Session().DateOrder == DayFirst));

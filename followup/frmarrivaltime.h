@@ -8,9 +8,9 @@ class ctDEdit;
 
 /// Asks for the time at which a patient arrived.
 ///
-/// With a CheckInKey in the session it checks that appointment in: OK stores the time and the status Checked-In, Cancel
-/// sets CheckInKey to 0. With none it only lets a time be corrected, and what the field then holds is the caller's to
-/// store.
+/// With a CheckInKey in the session the form checks that appointment in: OK stores the time and the status Checked-In,
+/// and Cancel sets CheckInKey to 0. Without one the form only lets the user correct a time, and the caller stores the
+/// time of the field.
 class frmarrivalTime : public QDialog {
     Q_OBJECT
 
@@ -21,11 +21,11 @@ class frmarrivalTime : public QDialog {
     void LoadCheckedinStatus();
     /// Puts a time, in minutes since midnight, into the field.
     void SetArrival(int minutes);
-    /// The minutes since midnight in the field; -1 where it is empty or not understood.
+    /// The minutes since midnight in the field, or -1 where it is empty or not understood.
     [[nodiscard]] int Arrival() const;
 
     ctDEdit* ctstart = nullptr;
-    QLabel* lblproblem = nullptr;  ///< What keeps OK from storing; empty otherwise.
+    QLabel* lblproblem = nullptr;  ///< The reason why OK did not store; empty otherwise.
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdcancel = nullptr;
 
@@ -35,7 +35,7 @@ class frmarrivalTime : public QDialog {
   private:
     void buildForm();
     void cmdOk_Click();
-    /// Writes the check-in; false, with the reason told, where it could not be written.
+    /// Writes the check-in. Returns false when it could not be written, of which the user has been told.
     [[nodiscard]] bool SaveCheckedIn();
 
     bool checksIn_;

@@ -8,7 +8,6 @@
 
 #include "data/codes.h"
 #include "data/minutetime.h"
-#include "data/pipefields.h"
 #include "followup/checkintime.h"
 #include "followup/frmarrivaltime.h"
 #include "platform/controls/ctlist.h"
@@ -23,6 +22,7 @@
 #include "platform/theme/theme.h"
 #include "session/formposition.h"
 #include "session/hiddennames.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -34,7 +34,6 @@ namespace {
 constexpr int RefreshMilliseconds = 60000;
 constexpr int PatientColumn = 1;
 constexpr int ArrivalColumn = 2;
-constexpr int WriteAccess = 2;
 
 QString statementOfToday() {
     const SessionValues& session = Session();
@@ -50,7 +49,7 @@ QString providersStatement() {
     return QStringLiteral("Select id, prov_lastname from provider_info");
 }
 
-/// The surnames of all providers by id, archived ones too: one read instead of one for each line.
+/// Returns the surnames of all providers by id, archived ones too. One read serves all lines.
 QHash<QString, QString> providerNames() {
     QHash<QString, QString> names;
     for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
@@ -164,19 +163,16 @@ void frmCheckedIn::readRows() {
         const QString appointment =
             ShortDateText(rows["dapptdate"].date()) + u' ' +
             MinutesToTimeText(static_cast<int>(rows["nstarttime"].integer()), Session().MilitaryTime);
-        const int row =
-            ctList1->AddRow(QStringList{CleanFieldText(rows["cappttext"].text()),
-                                        CleanFieldText(ShownCheckIn(rows["CheckInTime"].text())), appointment,
-                                        CleanFieldText(names.value(provider.toUpper(), provider))}
-                                .join(u';'),
-                            rows["nkeyid"].integer());
+        const int row = ctList1->AddRow({rows["cappttext"].text(), ShownCheckIn(rows["CheckInTime"].text()),
+                                         appointment, names.value(provider.toUpper(), provider)},
+                                        rows["nkeyid"].integer());
         ctList1->SetItemText(row, provider);
         ctList1->NameCell(row, PatientColumn);
     }
 }
 
 void frmCheckedIn::correctArrival(int row) {
-    if (Session().ScreenAccess < WriteAccess)
+    if (!MayWrite())
         return;
     const QVariant key = ctList1->ItemData(row);
     const QString shown = ctList1->Cell(row, ArrivalColumn);
@@ -199,7 +195,7 @@ void frmCheckedIn::correctArrival(int row) {
             loadcheckedin();
             return;
         }
-        // The timer may have read the list anew meanwhile.
+        // The timer may have reloaded the list in the meantime.
         ctList1->SetCell(ctList1->FindItemData(key), ArrivalColumn, ShownCheckIn(arrival));
     } catch (const db::DatabaseError& error) {
         MsgBox(QStringLiteral("Error updating arrival time. (%1). ").arg(error.number) + error.description, ErrorBox,

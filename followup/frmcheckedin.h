@@ -7,9 +7,10 @@ class QLabel;
 class QPushButton;
 class ctList;
 
-/// Today's checked-in patients, a small window that stays open beside the schedule and reads itself anew every minute:
-/// of every provider where the user may work on all schedules, else of the user. A refresh keeps the selected line; one
-/// that fails says so in the window, since a box every minute would be in the way, and leaves the list as it was.
+/// Today's checked-in patients, in a small window that stays open beside the schedule and reloads every minute. It
+/// shows the patients of every provider when the user may work on all schedules, otherwise those of the user. A reload
+/// keeps the selected line. A reload that fails leaves the list unchanged and says so in the window, because a box
+/// every minute would be in the way.
 ///
 /// A double click or Enter on a line corrects its arrival time, for users who may write.
 class frmCheckedIn : public QDialog {
@@ -20,7 +21,7 @@ class frmCheckedIn : public QDialog {
 
     /// Opens the window, or brings the open one to the front.
     static void Open(QWidget* parent);
-    /// Reads the list of the open window anew; nothing where it is not open.
+    /// Reloads the list of the open window. It does nothing when the window is not open.
     static void ReloadIfOpen();
 
     void loadcheckedin();

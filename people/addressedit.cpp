@@ -30,8 +30,8 @@ QSize AddressEdit::sizeHint() const {
     return {QPlainTextEdit::sizeHint().width() / 2, text + around + Space(4)};
 }
 
-// Takes the excess out in front of the cursor, where it was typed or pasted, so that the end of a long address is not
-// pushed out unseen; a text that the program sets loses its end.
+// Removes the excess in front of the cursor, where it was typed or pasted, so that the end of a long address is not
+// pushed out unseen. A text that the program sets loses its end.
 void AddressEdit::cutToLength() {
     const QString text = toPlainText();
     const auto excess = static_cast<int>(text.size() + text.count(QLatin1Char('\n')) - mostCharacters_);

@@ -4,16 +4,16 @@
 
 class FieldNotice;
 
-/// A postal address of a few lines. No text can be typed or pasted that is longer than its column, where a line end is
-/// the two characters by which it is stored; a line below the field says so. Tab leaves the field.
+/// A field for a postal address of a few lines. It takes no more text than its column keeps, where a line end counts as
+/// the two characters in which it is stored; a line below the field says when text was cut. Tab leaves the field.
 class AddressEdit : public QPlainTextEdit {
     Q_OBJECT
 
   public:
     AddressEdit(int mostCharacters, int lines, QWidget* parent);
 
-    /// As it is stored: lines end with carriage return and line feed, other control characters are blanks, and there
-    /// are no blanks and empty lines around the whole.
+    /// Returns the text as it is stored: lines end with carriage return and line feed, other control characters are
+    /// blanks, and blanks and empty lines around the whole are removed.
     [[nodiscard]] QString StoredText() const;
 
     [[nodiscard]] QSize sizeHint() const override;

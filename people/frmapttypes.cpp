@@ -21,6 +21,7 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -28,8 +29,7 @@ using db::Sql;
 
 namespace {
 
-constexpr int MostCharacters = 100;  // Of AptCategories.aptcategory.
-constexpr int WriteAccess = 2;
+constexpr int MostCharacters = 100;  // Length of AptCategories.aptcategory.
 const QString Title = QStringLiteral("Solvane");
 
 int windowsColor(const QColor& color) {
@@ -138,7 +138,7 @@ void frmapttypes::loadtypes() {
              !rows.Eof(); rows.MoveNext()) {
             const QString name = rows["aptcategory"].text();
             const int color = static_cast<int>(rows["aptcategorycolor"].integer());
-            const int row = fg->AddRow(JoinCells({ColorFromWindows(color).name(), name}),
+            const int row = fg->AddRow({ColorFromWindows(color).name(), name},
                                        QVariantList{rows["aptcategoryid"].integer(), color});
             fg->SetItemText(row, name);
         }
@@ -196,7 +196,7 @@ int frmapttypes::selectedColor() const {
 }
 
 bool frmapttypes::mayChange() {
-    if (Session().ScreenAccess >= WriteAccess)
+    if (MayWrite())
         return true;
     MsgBox(QStringLiteral("You do not have permissions for this function."), ExclamationBox, Title);
     return false;
@@ -283,7 +283,7 @@ void frmapttypes::cmdsave_Click() {
         store(name);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error saving appointment type. "), error);
-        return;  // What was typed stays for another attempt.
+        return;  // The typed text stays for another attempt.
     }
     loadtypes();
 }
@@ -295,7 +295,7 @@ void frmapttypes::store(const QString& name) {
             Sql("Insert Into aptcategories (aptcategory, aptcategorycolor) Values ('{}', {})", name, color_));
         return;
     }
-    // Together, since appointments know their type by the colour alone.
+    // Both are changed together, because appointments know their type by the colour alone.
     db::InTransaction(connection, [&] {
         if (color_ != oldColor_)
             connection.Execute(
@@ -317,7 +317,7 @@ bool frmapttypes::IsChanged() const {
     return txttype->isEnabled() && (txttype->text() != oldName_ || color_ != oldColor_);
 }
 
-// The window's button closes the form, and not only what is being edited in it.
+// The window's close button closes the form, while Escape only ends the editing.
 void frmapttypes::closeEvent(QCloseEvent* event) {
     if (isVisible() && !mayGiveUp()) {
         event->ignore();

@@ -8,13 +8,13 @@ class QLineEdit;
 class QPushButton;
 class ctList;
 
-/// The colour (0xBBGGRR) under which a type with the picked colour is stored: one that the system reserves for a status
-/// or a kind is moved by one or so, so that no type can be mistaken for it. White becomes 0x1000000, which no picker
-/// shows and which paints as black.
+/// Returns the colour (0xBBGGRR) that is stored for a type with the picked colour. A colour that the system reserves
+/// for a status or a kind is changed by one or so, so that no type can be mistaken for it. White becomes 0x1000000,
+/// which no picker offers and which is still painted as white.
 [[nodiscard]] int StoredTypeColor(int picked);
 
-/// The appointment types and their colours. The colour of a type is its identity in appointments, so no two types may
-/// have the same, and a changed colour is changed in all of the type's appointments with it.
+/// Edits the appointment types and their colours. Appointments know their type by its colour, so no two types may have
+/// the same colour, and a changed colour is changed in all appointments of the type.
 class frmapttypes : public EditorDialog {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ class frmapttypes : public EditorDialog {
     explicit frmapttypes(QWidget* parent = nullptr);
 
     void loadtypes();
-    /// Greys the fields and what belongs to them until a type is added or edited.
+    /// Disables the fields and their buttons until a type is added or edited.
     void disablebuttons();
     /// Whether an appointment has the type with this colour. Throws db::DatabaseError.
     [[nodiscard]] static bool IsTypeBeingUsed(int color);
@@ -40,9 +40,9 @@ class frmapttypes : public EditorDialog {
 
     [[nodiscard]] QSize sizeHint() const override;
 
-    /// Escape first gives up what is being added or edited.
+    /// Closes the form. While a type is being added or edited, Escape only ends that.
     void reject() override;
-    /// Whether what is being added or edited has another name or colour by now.
+    /// Whether the type that is being added or edited has another name or colour by now.
     [[nodiscard]] bool IsChanged() const override;
 
   protected:
@@ -66,8 +66,8 @@ class frmapttypes : public EditorDialog {
     void cmdsave_Click();
     void store(const QString& name);
 
-    int typeId_ = 0;       ///< Being edited; 0: a new one.
-    int color_ = NoColor;  ///< 0xBBGGRR, as it would be stored.
+    int typeId_ = 0;       ///< The type that is being edited; 0 for a new one.
+    int color_ = NoColor;  ///< The chosen colour 0xBBGGRR, as it would be stored.
     int oldColor_ = NoColor;
     QString oldName_;
 };

@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "data/codes.h"
+#include "data/statuses.h"
 #include "platform/calendar/colour.h"
 #include "platform/calendar/glyphs.h"
 #include "platform/calendar/item.h"
@@ -15,31 +16,18 @@
 
 namespace {
 
-struct Entry {
-    int color;
-    StatusMark mark;
-    const char* text;
-};
+// In the order of the legend.
+constexpr std::array legend{ncolor::Pending,  ncolor::LegendTentative, ncolor::Kept,    ncolor::Missed,
+                            ncolor::Activity, ncolor::Unavailable,     ncolor::Holiday, ncolor::Group};
 
-constexpr std::array entries{
-    Entry{ncolor::Pending, StatusMark::Pending, "Pending Appointment with Patient"},
-    Entry{ncolor::LegendTentative, StatusMark::Tentative, "Tentative Appointment with Patient"},
-    Entry{ncolor::Kept, StatusMark::Kept, "Kept Appointment with Patient"},
-    Entry{ncolor::Missed, StatusMark::Missed, "Missed/Cancelled Appointment with Patient"},
-    Entry{ncolor::Activity, StatusMark::Activity, "Activity/Event"},
-    Entry{ncolor::Unavailable, StatusMark::Unavailable, "Unavailable Time"},
-    Entry{ncolor::Holiday, StatusMark::None, "Holiday"},
-    Entry{ncolor::Group, StatusMark::Group, "Group Therapy"},
-};
-
-/// The colours of a card of the calendar, with the glyph that tells them from one another without colour.
+/// Paints the colours of a calendar card, with the glyph that tells them apart without colour.
 class Swatch : public QWidget {
   public:
-    Swatch(const Entry& entry, QWidget* parent) : QWidget(parent) {
+    Swatch(int code, QWidget* parent) : QWidget(parent) {
         setObjectName(QStringLiteral("lblcolorcode"));
-        item_.ItemColor = entry.color;
-        item_.ItemStatusMark = entry.mark;
-        item_.ItemBanner = entry.color == ncolor::Holiday;
+        item_.ItemColor = code;
+        item_.ItemStatusMark = StatusOf(code).mark;
+        item_.ItemBanner = code == ncolor::Holiday;
     }
     [[nodiscard]] QSize sizeHint() const override {
         return {fontMetrics().averageCharWidth() * 8, fontMetrics().height() * 3 / 2};
@@ -76,10 +64,10 @@ frmcleg::frmcleg(QWidget* parent) : QDialog(parent) {
     grid->setHorizontalSpacing(Space(12));
     grid->setVerticalSpacing(Space(8));
     int row = 0;
-    for (const Entry& entry : entries) {
-        auto* text = new QLabel(QLatin1String(entry.text), this);
+    for (const int code : legend) {
+        auto* text = new QLabel(QLatin1String(StatusOf(code).inLegend), this);
         text->setObjectName(QStringLiteral("lblctext"));
-        grid->addWidget(new Swatch(entry, this), row, 0);
+        grid->addWidget(new Swatch(code, this), row, 0);
         grid->addWidget(text, row++, 1);
     }
     auto* close = new QPushButton(tr("&Close"), this);

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-/// The color legend: what each colour of the calendar stands for, each painted as the calendar paints it.
+/// The colour legend: the meaning of each colour of the calendar, painted as the calendar paints it.
 class frmcleg : public QDialog {
     Q_OBJECT
 

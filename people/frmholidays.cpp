@@ -22,9 +22,9 @@ using db::Sql;
 
 namespace {
 
-constexpr int MostCharacters = 100;  // Of Holidays.Holiday.
+constexpr int MostCharacters = 100;  // Length of Holidays.Holiday.
 constexpr int DateColumn = 2;
-/// How dates stand on this list, whatever the system's order.
+/// Returns a date as this list shows it, whatever the system's order.
 const QString DateForm = QStringLiteral("MM/dd/yyyy");
 
 }  // namespace
@@ -112,10 +112,10 @@ void frmholidays::loadholidays() {
         for (Recordset rows(QStringLiteral("Select * from Holidays Order by HolidayDate DESC"), Session().Connection);
              !rows.Eof(); rows.MoveNext()) {
             const QString name = rows["Holiday"].text();
-            QString line = JoinCells({name, rows["HolidayDate"].date().toString(DateForm)});
+            QStringList cells{name, rows["HolidayDate"].date().toString(DateForm)};
             if (rows["HolidayRepeat"].integer() == 1)
-                line += QStringLiteral(";Y");
-            ctList1->SetItemText(ctList1->AddRow(line, rows["HolidayID"].integer()), name);
+                cells << QStringLiteral("Y");
+            ctList1->SetItemText(ctList1->AddRow(cells, rows["HolidayID"].integer()), name);
         }
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading holidays. "), error);

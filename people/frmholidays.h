@@ -8,8 +8,8 @@ class QPushButton;
 class ctDEdit;
 class ctList;
 
-/// The practice's holidays, the latest first: adds and removes them, each at once. One that recurs holds on its month
-/// and day of every year (one of February 29, of every leap year).
+/// The practice's holidays, the latest first. Each is added or removed at once. A recurring holiday falls on its month
+/// and day in every year (one of February 29 in every leap year).
 class frmholidays : public EditorDialog {
     Q_OBJECT
 
@@ -27,13 +27,13 @@ class frmholidays : public EditorDialog {
     QPushButton* cmdclose = nullptr;
 
     [[nodiscard]] QSize sizeHint() const override;
-    /// Whether a name was typed; a date alone makes no holiday.
+    /// Whether a name was typed. A date alone is no holiday.
     [[nodiscard]] bool IsChanged() const override;
 
   private:
     void buildForm();
     void layOutForm();
-    /// Whether a holiday of that name, in any case, is on the list for that date already.
+    /// Whether the list already has a holiday of that name, in any case, on that date.
     [[nodiscard]] bool listed(const QString& name, QDate date) const;
     void cmdadd_Click();
     void cmdremove_Click();

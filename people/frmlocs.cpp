@@ -21,7 +21,7 @@ using db::Sql;
 
 namespace {
 
-/// What an appointment can hold of an entry.
+/// The length of an entry that an appointment can hold.
 constexpr int MostCharacters = 50;
 
 struct Facts {
@@ -31,7 +31,7 @@ struct Facts {
     const char* load;
     const char* name;       ///< The name field.
     const char* key;        ///< The key field.
-    const char* criterion;  ///< By which the key is found.
+    const char* criterion;  ///< The condition that finds the key.
 };
 
 const Facts& factsOf(PracticeList list) {
@@ -162,8 +162,7 @@ void frmlocs::loadlist() {
     try {
         for (Recordset rows(QLatin1String(facts.load), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString name = rows[facts.name].text();
-            // The item text keeps the name as it is.
-            const int row = List1->AddRow(JoinCells({name}), rows[facts.key].integer());
+            const int row = List1->AddRow({name}, rows[facts.key].integer());
             List1->SetItemText(row, name);
         }
     } catch (const db::DatabaseError& error) {
@@ -227,7 +226,7 @@ void frmlocs::cmdadd_Click() {
 void frmlocs::cmdrename_Click() {
     const QString name = txtlocation->text().trimmed();
     const int row = List1->SelectedRow();
-    // The entry itself does not stand in the way of its own new spelling.
+    // An entry may be renamed to another spelling of its own name.
     if (const int found = rowOf(name); found >= 0 && found != row) {
         MsgBox(QStringLiteral("Item is already on list."), ExclamationBox, QStringLiteral("Item Exists"));
         return;

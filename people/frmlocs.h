@@ -7,14 +7,14 @@ class QLineEdit;
 class QPushButton;
 class ctList;
 
-/// The lists of the practice that frmlocs keeps, by the numbers of its modes.
+/// The lists of the practice that frmlocs edits. The numbers are the form's modes.
 enum class PracticeList { Locations = 1, Rooms = 2, Events = 3, Availability = 4 };
 
-/// Adds, renames and deletes the entries of one list of the practice. Every button writes at once. Entries that name
-/// the same thing in another case are the same; no test is made whether an entry is used, since appointments keep their
+/// Adds, renames and deletes the entries of one list of the practice. Every button writes at once. Two entries that
+/// differ only in case count as the same. Whether an entry is used is not checked, because appointments keep their own
 /// texts.
 ///
-/// A write that the database refuses is told, and the list shows what is stored.
+/// After a write that the database refuses, which the user is told, the list shows the stored entries.
 class frmlocs : public EditorDialog {
     Q_OBJECT
 
@@ -30,25 +30,26 @@ class frmlocs : public EditorDialog {
     QPushButton* cmdclose = nullptr;
 
     [[nodiscard]] QSize sizeHint() const override;
-    /// A name that was typed, and not one that a selected entry brought.
+    /// Whether a name was typed. A name that a selected entry put into the field does not count.
     [[nodiscard]] bool IsChanged() const override;
 
   private:
     void buildForm();
     void layOutForm();
-    /// loadlocations, LoadRooms, loadevents or loadavail, by the list.
+    /// Runs loadlocations, LoadRooms, loadevents or loadavail, depending on the list.
     void loadlist();
     void followSelection();
     void followText();
-    /// The row of that name, in any case and without the blanks around it; -1 for none.
+    /// Returns the row with that name, in any case and without the blanks around it, or -1.
     [[nodiscard]] int rowOf(const QString& name) const;
     void cmdadd_Click();
     void cmdrename_Click();
     void cmddelete_Click();
-    /// Runs a write, which answers whether what was typed is stored, and loads the list anew, whatever came of it.
+    /// Runs a write and loads the list again, also after a failure. `step` returns whether the typed text was stored;
+    /// the field is then emptied.
     template <class Write>
     void write(Write step);
 
     PracticeList list_;
-    QString offered_;  ///< What the entry selected last has put into the field.
+    QString offered_;  ///< The text that the last selected entry put into the field.
 };

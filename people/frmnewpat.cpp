@@ -20,7 +20,7 @@
 
 namespace {
 
-/// The numeric value of a date field that holds a date is above this.
+/// A date field that holds a date has a numeric value above this.
 constexpr int NoDate = 100;
 
 }  // namespace
@@ -37,7 +37,8 @@ frmnewpat::frmnewpat(QWidget* parent) : QDialog(parent) {
     txtlname->setFocus();
 }
 
-// A date field that has the focus while the form goes is still left, and tells of it when only the base is there.
+// Disconnects the date fields. One with the focus is left while the form is destroyed, and would otherwise signal a
+// form of which only the base class still exists.
 frmnewpat::~frmnewpat() {
     for (const ctDEdit* field : {txtdob, txtdic})
         disconnect(field, nullptr, this, nullptr);
@@ -77,7 +78,7 @@ void frmnewpat::loadprovlist() {
         for (; !providers.Eof(); providers.MoveNext()) {
             const QString id = providers["id"].text();
             cboprovider->addItem(OneLine(providers["prov_lastname"].text()));
-            // Two providers of one surname are told apart by their ids.
+            // The ids tell providers with the same surname apart.
             cboprovider->setItemData(cboprovider->count() - 1, TipText(id), Qt::ToolTipRole);
             lstproviders->addItem(id);
         }
@@ -109,7 +110,7 @@ void frmnewpat::changed() {
     showMissing();
 }
 
-// A date of birth that cannot be is taken out, with the reason in sight where the field would have lost it.
+// Removes an impossible date of birth and shows the reason, which the field itself would lose.
 void frmnewpat::txtdob_Leave() {
     const bool comesBack = !isActiveWindow() || QApplication::activePopupWidget() != nullptr;
     if (comesBack || txtdob->IsEmpty() || birthDate().isValid())

@@ -17,10 +17,10 @@ class ctMEdit;
 /// the companion link is on, a client of the companion.
 ///
 /// The caller clears the session's NewPatientId, may fill txtlname and txtfname, and shows the form modally. After a
-/// save NewPatientId holds the id of the new patient; otherwise it stays empty. The two rows are written in one
-/// transaction, since a patient without an episode would be invisible to a user who sees only the own patients. Only a
-/// save that went through closes the form: after a failure, a "No" to a duplicate name, and an answer to save what is
-/// not complete yet, it stays open with all that was typed.
+/// save NewPatientId holds the id of the new patient; otherwise it stays empty. Both rows are written in one
+/// transaction, because a patient without an episode would be invisible to a user who sees only their own patients.
+/// Only a successful save closes the form. After a failure, a "No" to a duplicate name, and a wish to save incomplete
+/// data, it stays open with everything that was typed.
 class frmnewpat : public QDialog {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ class frmnewpat : public QDialog {
 
     QLabel* lblid = nullptr;
     QLabel* lblage = nullptr;
-    /// What is still missing, or will not be saved as it stands.
+    /// The data that is still missing, or that will not be saved as it was typed.
     QLabel* lblmissing = nullptr;
     QLineEdit* txtid = nullptr;
     QLineEdit* txtlname = nullptr;
@@ -47,17 +47,18 @@ class frmnewpat : public QDialog {
     ctMEdit* txtwphone = nullptr;
     QComboBox* cbosex = nullptr;
     QComboBox* cboprovider = nullptr;
-    /// The ids of the providers, row by row those of cboprovider; never shown.
+    /// The ids of the providers in the rows of cboprovider; never shown.
     QListWidget* lstproviders = nullptr;
     QCheckBox* ckactive = nullptr;
     ctDEdit* txtdic = nullptr;
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdcancel = nullptr;
 
-    /// Asks whether to save what was changed, by Escape, Cancel and the window's button alike.
+    /// Handles Escape, Cancel and the window's close button. Asks whether to save when something was changed.
     void reject() override;
 
-    /// A last and a first name, a provider, a sex, and a date of birth that is a date and not after today.
+    /// Whether all required fields are filled: a last and a first name, a provider, a sex, and a date of birth that is
+    /// a date and not after today.
     [[nodiscard]] bool IsRequiredFields() const { return missingFields().isEmpty(); }
     /// Whether a patient has these names, in any case. Throws DatabaseError.
     [[nodiscard]] static bool dupname(const QString& last, const QString& first);
@@ -68,7 +69,7 @@ class frmnewpat : public QDialog {
         QWidget* field;
     };
 
-    // Building, in the file frmnewpat_form.cpp.
+    // Building the form; these members are in frmnewpat_form.cpp.
     void buildForm();
     void addName(QGridLayout& grid, int row);
     void addIdentity(QGridLayout& grid, int row);
@@ -86,15 +87,15 @@ class frmnewpat : public QDialog {
     void showMissing();
     void cmdOk_Click();
 
-    // Saving, in the file frmnewpat_save.cpp.
-    /// True when the patient is stored; all else was told.
+    // Saving; these members are in frmnewpat_save.cpp.
+    /// Returns true when the patient is stored. Otherwise the user has been told the reason.
     bool savenewpatient();
     bool mayAddName() const;
     void insertPatient(const QString& id);
     void insertEpisode(const QString& id);
     [[nodiscard]] bool wantsExport() const;
-    /// Where the link is on: at once when the practice exports without being asked, else after a question. A failing
-    /// export leaves the patient saved.
+    /// Exports the patient where the link is on: at once when the practice exports without a question, otherwise after
+    /// one. A failing export leaves the patient saved.
     void exportPatient(const QString& id);
 
     /// Invalid unless the date of birth is a date and not after today.
@@ -104,6 +105,6 @@ class frmnewpat : public QDialog {
     [[nodiscard]] QStringList warnings() const;
 
     bool dirty = false;
-    /// Why the last date of birth was taken out again; until the next one is typed.
+    /// The reason why the last date of birth was removed. It stays until the next date is typed.
     QString birthDateNote_;
 };

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Lengths of the columns of patient_info; the columns of the companion's clients are as long.
+/// Lengths of the columns of patient_info. The columns of the companion's clients have the same lengths.
 enum Length {
     NameLength = 100,
     InitialLength = 10,
@@ -32,13 +32,13 @@ enum Length {
     PhoneLength = 40,
 };
 
-/// Every row of fields is divided into as many parts, behind the column of the headings.
+/// Every row of fields is divided into this many parts, after the column of the headings.
 constexpr int Parts = 24;
 constexpr int AddressLines = 2;
 
 enum class Need { Optional, Required };
 
-/// What the label says, and what a screen reader says.
+/// The text of a field's label, also for screen readers, and whether the field must be filled.
 struct Caption {
     QString text;
     Need need = Need::Optional;
@@ -58,7 +58,7 @@ QLabel* labelFor(QWidget* field, const Caption& caption) {
     return label;
 }
 
-/// Puts a field with its label above it at `part` of a row, `parts` wide.
+/// Puts a field with its label above it at `part` of a row; it is `parts` wide.
 QLabel* place(QGridLayout& grid, int row, int part, int parts, const Caption& caption, QWidget* field) {
     QLabel* label = labelFor(field, caption);
     auto* cell = new QVBoxLayout;

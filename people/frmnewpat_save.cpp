@@ -22,7 +22,7 @@ namespace {
 constexpr int LowestId = 10000;
 constexpr int HighestId = 99999999;
 
-// A pasted line end has no place in a name.
+// A pasted line end does not belong in a name.
 QString textOf(const QLineEdit* field) {
     return field->text().simplified();
 }

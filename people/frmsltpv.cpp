@@ -93,7 +93,7 @@ void frmsltpv::buildForm() {
     txtfind->setFocus();
 }
 
-// Up and Down go through the list while the fingers stay on the name.
+// Up and Down move in the list while the cursor stays in the name.
 bool frmsltpv::eventFilter(QObject* watched, QEvent* event) {
     if (watched == txtfind && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
@@ -112,7 +112,7 @@ void frmsltpv::loadProviders() {
             Session().Connection);
         for (; !providers.Eof(); providers.MoveNext()) {
             const QString id = providers["id"].text();
-            const int row = List1->AddRow(JoinCells({providers["prov_lastname"].text(), id}), id);
+            const int row = List1->AddRow({providers["prov_lastname"].text(), id}, id);
             List1->SetItemText(row, providers["prov_lastname"].text());
         }
         lblnobody->setVisible(List1->RowCount() == 0);
@@ -129,7 +129,7 @@ void frmsltpv::cmdfind_Click() {
             List1->SelectRow(row);
             return;
         }
-    // Enter must not open another provider's schedule than the one that was typed.
+    // Enter must not open the schedule of another provider than the one whose name was typed.
     List1->SelectRow(-1);
 }
 

@@ -8,9 +8,9 @@ class QLabel;
 class QPushButton;
 class ctList;
 
-/// The choice of the provider whose schedule is shown. OK or a double click puts the selected provider's id and name
-/// into the session's ProviderId and ProviderName; Cancel leaves both alone. Two providers of one surname are told
-/// apart by their ids beside the names.
+/// Lets the user choose the provider whose schedule is shown. OK or a double click puts the selected provider's id and
+/// name into the session's ProviderId and ProviderName; Cancel leaves both unchanged. The ids beside the names tell
+/// providers with the same surname apart.
 class frmsltpv : public QDialog {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ class frmsltpv : public QDialog {
     ctList* List1 = nullptr;
     TextField* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
-    QLabel* lblnobody = nullptr;  ///< What to do in a practice without providers.
+    QLabel* lblnobody = nullptr;  ///< Says what to do in a practice without providers.
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdcancel = nullptr;
 
@@ -30,7 +30,7 @@ class frmsltpv : public QDialog {
   private:
     void buildForm();
     void loadProviders();
-    /// Selects the first name that starts with the text of txtfind, in any case; none leaves the selection.
+    /// Selects the first name that starts with the text of txtfind, in any case. Without a match the selection stays.
     void cmdfind_Click();
     void cmdOk_Click();
 };

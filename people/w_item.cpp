@@ -60,7 +60,7 @@ void w_Item::buildForm() {
         return widget;
     };
     auto* task = named(new TextField(this), "txtTaskDesc");
-    // They part the cells and fields in which a task is listed and printed.
+    // These characters separate the cells and fields in which a task is listed and printed.
     task->SetAccepts([](QChar c) { return c != u'"' && c != u'*' && c != u';' && c != u'|'; });
     txtTaskDesc = task;
     txtnotes = named(new QPlainTextEdit(this), "txtnotes");
@@ -159,7 +159,7 @@ void w_Item::btnOK_Click() {
         return;
     }
     if (!ctDEditComp->IsEmpty() && !ctDEditComp->IsValid()) {
-        // A date that is not understood would be stored as none.
+        // A date that is not understood would be stored as no date.
         MsgBox(QStringLiteral("Enter a valid date."), ExclamationBox, QStringLiteral("Warning"));
         ctDEditComp->setFocus();
         return;

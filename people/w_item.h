@@ -9,9 +9,9 @@ class QPushButton;
 class QRadioButton;
 class ctDEdit;
 
-/// One task of a provider, a new one where the session's CurrentTaskId is -1, else the one of that key. OK stores it
-/// and accepts the form; a failure is told and leaves what was typed for another attempt. The task list is the caller's
-/// to reload.
+/// Edits one task of a provider: the task with the key in the session's CurrentTaskId, or a new one where that is -1.
+/// OK stores it and accepts the form. After a failure, which the user is told, the typed text stays for another
+/// attempt. The caller reloads the task list.
 class w_Item : public EditorDialog {
     Q_OBJECT
 
@@ -20,12 +20,12 @@ class w_Item : public EditorDialog {
 
     QLineEdit* txtTaskDesc = nullptr;
     QPlainTextEdit* txtnotes = nullptr;
-    ctDEdit* ctDEditComp = nullptr;  ///< When the task is due; may stay empty.
+    ctDEdit* ctDEditComp = nullptr;  ///< The date when the task is due; may stay empty.
     QRadioButton* Option4 = nullptr;
     QRadioButton* Option3 = nullptr;
     QRadioButton* Option2 = nullptr;
     QRadioButton* option1 = nullptr;
-    QLabel* lbldate = nullptr;  ///< When it was entered.
+    QLabel* lbldate = nullptr;  ///< The date when the task was entered.
     QPushButton* btnOK = nullptr;
     QPushButton* btnCancel = nullptr;
 
@@ -37,7 +37,7 @@ class w_Item : public EditorDialog {
     [[nodiscard]] int priority() const;
     [[nodiscard]] QString notes() const;
     void btnOK_Click();
-    /// Both answer whether the task is stored.
+    /// These two return whether the task was stored.
     [[nodiscard]] bool addTask() const;
     [[nodiscard]] bool changeTask() const;
 };

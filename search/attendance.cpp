@@ -22,7 +22,7 @@ std::vector<Attendance> read(const QString& statement) {
     return found;
 }
 
-// The searched time says which half of the day it is.
+// Times are written without AM or PM, because the searched time already shows the half of the day.
 QString timeText(int minutes) {
     return MinutesToTimeText(minutes, Session().MilitaryTime).section(u' ', 0, 0);
 }

@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-/// A provider's part in an activity that several share.
+/// The part of one provider in a shared activity.
 struct Attendance {
     QString providerId;
     QDate date;
@@ -13,12 +13,13 @@ struct Attendance {
     QString activity;
 };
 
-/// Who attends which shared activity on that day. Throws db::DatabaseError.
+/// Returns who attends which shared activity on that day. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Attendance> AttendancesOn(QDate date);
-/// What the provider attends from that day on. Throws db::DatabaseError.
+/// Returns the activities that the provider attends from that day on. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Attendance> AttendancesOf(const QString& providerId, QDate from);
 
-/// What of these is in the provider's way between `start` and `end` (minutes) of the day: "in Staff Meeting 12:00 -
-/// 1:00", several one after the other; "" where nothing is. What only touches the time is not in the way.
+/// Returns the provider's activities between `start` and `end` (minutes since midnight) of the day as a text: "in Staff
+/// Meeting 12:00 - 1:00", several one after the other. The text is empty where there are none. An activity that only
+/// touches the time is left out.
 [[nodiscard]] QString AttendanceText(const std::vector<Attendance>& attendances, const QString& providerId, QDate date,
                                      int start, int end);

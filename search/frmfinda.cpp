@@ -2,40 +2,16 @@
 
 #include <QLabel>
 
-#include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
 #include "data/pipefields.h"
+#include "data/statuses.h"
 #include "platform/controls/datefield.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
 
 using db::Recordset;
 using db::Sql;
-
-namespace {
-
-// A stored Tentative is another code and has no word here; see ncolor::LegendTentative.
-QString statusWord(int code) {
-    switch (code) {
-        case ncolor::LegendTentative:
-            return QStringLiteral("Tentative");
-        case ncolor::Pending:
-            return QStringLiteral("Pending");
-        case ncolor::Kept:
-            return QStringLiteral("Kept");
-        case ncolor::Missed:
-            return QStringLiteral("Missed");
-        case ncolor::PatientCancelled:
-            return QStringLiteral("Pt Cancelled");
-        case ncolor::TherapistCancelled:
-            return QStringLiteral("Th Cancelled");
-        default:
-            return {};
-    }
-}
-
-}  // namespace
 
 frmfinda::frmfinda(QWidget* parent)
     : FindDialog({QStringLiteral("Find Appointment that contains the following name or description:"),
@@ -63,17 +39,16 @@ QString frmfinda::statementFor(const QString& text) const {
                db::LikeText(text), provider);
 }
 
-QString frmfinda::listLine(const Recordset& row) const {
+QStringList frmfinda::listLine(const Recordset& row) const {
     const auto time = [&row, military = Session().MilitaryTime](const char* column) {
         return MinutesToTimeText(static_cast<int>(row[column].integer()), military);
     };
-    return QStringList{CleanFieldText(row["cappttext"].text()),
-                       DateFieldText(row["dapptdate"].date(), static_cast<DateOrder>(Session().DateOrder)),
-                       time("nstarttime"),
-                       time("nendtime"),
-                       CleanFieldText(row["clocation"].text()),
-                       statusWord(static_cast<int>(row["ncolor"].integer()))}
-        .join(u';');
+    return {CleanFieldText(row["cappttext"].text()),
+            DateFieldText(row["dapptdate"].date(), static_cast<DateOrder>(Session().DateOrder)),
+            time("nstarttime"),
+            time("nendtime"),
+            row["clocation"].text(),
+            QString::fromLatin1(StatusOf(static_cast<int>(row["ncolor"].integer())).inFind)};
 }
 
 void frmfinda::nameHits(Recordset& rows) {

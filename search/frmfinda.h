@@ -1,33 +1,25 @@
 #pragma once
 
 #include <optional>
-#include <QDate>
 
-#include "search/finddialog.h"
+#include "shell/finddialog.h"
+#include "shell/foundappointment.h"
 
-/// Where a found appointment stands.
-struct FoundAppointment {
-    QString key;
-    QDate date;
-    int start = 0;  ///< Minutes since midnight.
-    bool allDay = false;
-};
-
-/// Finds the appointments of the session's provider, past and future, by a text: one letter finds those that begin with
-/// it, a longer text those that hold it. What was found can be printed. The caller shows the form modally and goes to
-/// what Found tells.
+/// Finds the appointments of the session's provider, past and future, by a text. One letter finds the texts that begin
+/// with it; a longer text finds those that contain it. The results can be printed. The caller shows the form modally
+/// and then goes to the appointment in Found.
 class frmfinda : public FindDialog {
     Q_OBJECT
 
   public:
     explicit frmfinda(QWidget* parent = nullptr);
 
-    /// The appointment that the user chose to go to; nothing where the form was only closed.
+    /// The appointment that the user chose to go to; empty when the form was only closed.
     [[nodiscard]] const std::optional<FoundAppointment>& Found() const { return found_; }
 
   protected:
     [[nodiscard]] QString statementFor(const QString& text) const override;
-    [[nodiscard]] QString listLine(const db::Recordset& row) const override;
+    [[nodiscard]] QStringList listLine(const db::Recordset& row) const override;
     void nameHits(db::Recordset& rows) override;
     void goTo(qint64 key) override;
 

@@ -30,11 +30,12 @@ using db::SqlDate;
 namespace {
 
 constexpr int GridMinutes = 5;
-constexpr int MostDigits = 5;  // More than a day has, so that no figure is dropped from what was meant.
+constexpr int MostDigits =
+    5;  // One digit more than the minutes of a day have, so that a number that is too large is refused and not cut.
 constexpr int DayMinutes = 1440;
 const QString Title = QStringLiteral("Solvane");
 
-/// A failure is passed over, but for a database that does not answer at all: it would make any time look free.
+/// A failure is ignored unless the database does not answer at all, because any time would then look free.
 bool hasRow(const QString& statement) {
     try {
         return !Recordset(statement, Session().Connection).Eof();
@@ -45,7 +46,7 @@ bool hasRow(const QString& statement) {
     }
 }
 
-/// The first free start in a block; nothing where there is none. `stopped` is asked before every try.
+/// Returns the first free start in a block, or nothing where there is none. `stopped` is asked before every try.
 template <class Stopped>
 std::optional<int> firstFree(QDate date, int start, int end, int length, const QString& provider, Stopped stopped) {
     const int tries = (end - start) / GridMinutes;
@@ -176,7 +177,7 @@ void frmfirstatype::loadprovs() {
     cboProviders->setCurrentIndex(cboProviders->findData(Session().ProviderId));
 }
 
-// What is listed is the other provider's, and would be gone to as this one's.
+// The listed results belong to the other provider and must not be opened as this one's.
 void frmfirstatype::dropResults() {
     ctList1->Clear();
     lblcount->clear();
@@ -229,7 +230,7 @@ void frmfirstatype::cmdsearch_Click() {
 
 void frmfirstatype::search(int length, const QString& provider) {
     const auto stopped = [this] {
-        // Steps take a millisecond or so; the window stays alive between them.
+        // A step takes about a millisecond, and the window handles events between the steps.
         QApplication::processEvents();
         return stop_;
     };
@@ -250,10 +251,9 @@ void frmfirstatype::search(int length, const QString& provider) {
 
 void frmfirstatype::addResult(QDate date, int start, int length, const QString& attends) {
     const bool military = Session().MilitaryTime;
-    ctList1->AddRow(
-        JoinCells({QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")), MinutesToTimeText(start, military),
-                   MinutesToTimeText(start + length, military), attends}),
-        date);
+    ctList1->AddRow({QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")),
+                     MinutesToTimeText(start, military), MinutesToTimeText(start + length, military), attends},
+                    date);
 }
 
 void frmfirstatype::reject() {

@@ -9,26 +9,28 @@ class QLineEdit;
 class QPushButton;
 class ctList;
 
-/// Whether the provider has something booked on the date in the way of `start` to `end` (minutes). Type slots are not
-/// in the way, cancelled and missed appointments are; back-to-back bookings pass. A query that fails finds nothing.
+/// Whether the provider has a booking on the date between `start` and `end` (minutes since midnight). Type slots do not
+/// count, cancelled and missed appointments do, and a booking that only touches the time does not. A failing query
+/// counts as finding nothing. Only a database that does not answer at all throws DatabaseError, because any time would
+/// otherwise look free.
 [[nodiscard]] bool slotbooked(QDate date, int start, int end, const QString& clinicianId);
 
-/// Looks through the blocks of time that a provider has set aside for an appointment type, from today on, for the first
-/// free stretch of a length: one for each block, on a grid of five minutes from the block's start. The first try of a
-/// block is not tested against the block's end, so that a block shorter than the length, but of at least five minutes,
-/// can give a stretch that runs past it. Work schedules play no part. A shared activity that the provider attends is in
-/// the way of none; what of them falls into a stretch stands beside it.
+/// Looks for free time in the blocks that a provider has set aside for an appointment type, from today on. It offers
+/// the first free stretch of the wanted length in each block, on a grid of five minutes from the block's start. The
+/// first try in a block is not compared with the block's end, so that a block of at least five minutes but shorter than
+/// the length can offer a stretch that runs past it. Work schedules are not looked at. A shared activity that the
+/// provider attends does not block a stretch; an activity during the stretch is shown beside it.
 ///
-/// The openings are those of the chosen provider: choosing another one empties the list.
+/// The results belong to the chosen provider: choosing another one empties the list.
 ///
-/// Going to a result puts the provider into the session, where another one was chosen, and the date into JumpDate.
+/// "Go To" a result puts a provider other than the session's into the session, and the date into JumpDate.
 class frmfirstatype : public QDialog {
     Q_OBJECT
 
   public:
     explicit frmfirstatype(QWidget* parent = nullptr);
 
-    /// The date of the result that the user went to; invalid where the form was only closed.
+    /// The date of the result that the user went to; invalid when the form was only closed.
     [[nodiscard]] QDate JumpDate() const { return jumpDate_; }
     [[nodiscard]] bool ProviderChanged() const { return providerChanged_; }
 
@@ -42,7 +44,7 @@ class frmfirstatype : public QDialog {
     QPushButton* cmdgoto = nullptr;
     QPushButton* cmdclose = nullptr;
 
-    /// While a search runs, Escape and the window's button stop it; the form stays.
+    /// Stops a running search by Escape or the window's close button; the form stays. Otherwise it closes the form.
     void reject() override;
 
   private:
@@ -56,7 +58,8 @@ class frmfirstatype : public QDialog {
     void addResult(QDate date, int start, int length, const QString& attends);
     void dropResults();
     void cmdgoto_Click();
-    /// Makes the chosen provider the session's; false where they have no logon, and the session keeps its own.
+    /// Makes the chosen provider the session's. Returns false when the provider has no logon; the session then keeps
+    /// its own.
     [[nodiscard]] bool jumptoclinician();
     void jumptodate(int row);
 

@@ -23,9 +23,9 @@ using db::SqlDate;
 
 namespace {
 
-constexpr int SmallestDate = 2;  // Values of a date field below it hold no date.
+constexpr int SmallestDate = 2;  // A date field with a value below this holds no date.
 
-/// A provider counts as busy when any busy id begins with theirs, in any case.
+/// Whether a provider is busy: some busy id begins with the provider's, in any case.
 bool isBusy(const QString& id, const QStringList& busy) {
     return std::any_of(busy.begin(), busy.end(),
                        [&id](const QString& other) { return other.startsWith(id, Qt::CaseInsensitive); });
@@ -149,7 +149,7 @@ void frmsavail::cmdsearch_Click() {
 }
 
 QStringList frmsavail::busyProviders() const {
-    // One minute in from both ends, so that a booking may touch the window.
+    // The window is shortened by a minute at both ends, so that a booking may touch it.
     const int first = ctstart->Time() + 1;
     const int last = ctend->Time() - 1;
     QStringList busy;
@@ -174,7 +174,7 @@ void frmsavail::listFree(const QStringList& busy) {
             continue;
         const QString name = rows["prov_lastname"].text();
         const int row = List1->AddRow(
-            JoinCells({name, id, AttendanceText(attendances, id, ctdate->Date(), ctstart->Time(), ctend->Time())}), id);
+            {name, id, AttendanceText(attendances, id, ctdate->Date(), ctstart->Time(), ctend->Time())}, id);
         List1->SetItemText(row, name);
     }
 }

@@ -9,13 +9,13 @@ class QPushButton;
 class ctDEdit;
 class ctList;
 
-/// Asks who is free on one date between two times. Whatever a provider has booked there makes them busy: cancelled and
-/// missed appointments, activities, unavailable time and type slots too; a booking that only touches the window does
-/// not. Work schedules play no part. A shared activity makes none of those who attend it busy: each is listed, with the
-/// activity beside the name.
+/// Finds the providers who are free on one date between two times. Every booking makes its provider busy: cancelled and
+/// missed appointments, activities, unavailable time and type slots too. A booking that only touches the window does
+/// not. Work schedules are not looked at. A shared activity makes none of its attending providers busy; they are listed
+/// with the activity beside the name.
 ///
-/// Going to a provider puts id and name into the session and the date into JumpDate; closing leaves JumpDate invalid,
-/// which leads the caller to today.
+/// "Go To" a provider puts the id and name into the session and the date into JumpDate. Closing the form leaves
+/// JumpDate invalid, and the caller then goes to today.
 class frmsavail : public QDialog {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ class frmsavail : public QDialog {
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
     QPushButton* cmdsearch = nullptr;
-    ctList* List1 = nullptr;  ///< The free providers: surname, id, and what they attend at that time.
+    ctList* List1 = nullptr;  ///< The free providers: surname, id, and the activity that they attend at that time.
     QLabel* lblcount = nullptr;
     QPushButton* cmdgoto = nullptr;
     QPushButton* cmdclose = nullptr;
@@ -38,7 +38,8 @@ class frmsavail : public QDialog {
     void layOutForm();
     void cmdsearch_Click();
     void cmdgoto_Click();
-    /// The first field that keeps the search from starting is told and focused; true when all is well.
+    /// Checks the fields in order. The first one that prevents the search is reported and gets the focus. Returns
+    /// whether all are valid.
     [[nodiscard]] bool validate();
     [[nodiscard]] QStringList busyProviders() const;
     void listFree(const QStringList& busy);

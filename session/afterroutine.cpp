@@ -8,7 +8,8 @@
 
 namespace {
 
-/// A timer of its own, since a posted call comes in the very first loop, and cannot be held back by who waits.
+/// Runs a step by a timer of its own, because a posted call would run in the very first event loop and could not be
+/// held back during a wait.
 class Return final : public QObject {
   public:
     explicit Return(std::function<void()> step) : QObject(QCoreApplication::instance()), step_(std::move(step)) {
@@ -29,7 +30,7 @@ class Return final : public QObject {
     }
 
   private:
-    static constexpr int betweenLooks = 20;  // Milliseconds: as long as the box stands.
+    static constexpr int betweenLooks = 20;  // Milliseconds between two checks while a box is open.
 
     std::function<void()> step_;
     int level_ = QThread::currentThread()->loopLevel();

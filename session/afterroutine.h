@@ -2,6 +2,7 @@
 
 #include <functional>
 
-/// Calls `step` in the window's own thread when the routine that runs now has returned to its events: not while a box
-/// or a dialog that it opened runs events of its own, nor while it waits for the database.
+/// Calls `step` in the window's own thread when the routine that is running now has returned to the event loop. It is
+/// not called while a box or a dialog of that routine runs events of its own, nor while the routine waits for the
+/// database.
 void AfterRoutine(std::function<void()> step);

@@ -33,7 +33,7 @@ void AuditLog(const QString& user, const QString& location, const QString& listI
             user, now, location, description, listId, notes.isEmpty() ? QStringLiteral("-") : notes, session.OsUserName,
             session.ComputerName));
     } catch (const db::DatabaseError& error) {
-        // It stays: the next line that is written does not bring this one back.
+        // The notice stays, because writing the next line does not bring this one back.
         TellInBar(QStringLiteral("The audit log was not written. "), error);
     }
 }

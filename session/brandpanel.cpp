@@ -10,7 +10,7 @@ constexpr QColor Light(46, 125, 138);
 constexpr QColor Warm(246, 196, 114);
 constexpr double MarkSize = 68;
 
-// A calendar leaf of three rows, one slot of it taken.
+// Paints a calendar leaf of three rows with one slot taken.
 void paintMark(QPainter& painter, const QPointF& corner) {
     const QRectF leaf(corner, QSizeF(MarkSize, MarkSize));
     painter.setPen(Qt::NoPen);
@@ -23,7 +23,7 @@ void paintMark(QPainter& painter, const QPointF& corner) {
     painter.drawRoundedRect(QRectF(leaf.left() + 26, leaf.top() + 29, 30, 10), 5, 5);
 }
 
-// Wide soft arcs, so that the field is not flat and yet nothing on it asks for attention.
+// Paints wide soft arcs, so that the field is not flat but draws no attention.
 void paintArcs(QPainter& painter, const QRectF& area) {
     painter.setBrush(Qt::NoBrush);
     for (int i = 0; i < 4; ++i) {

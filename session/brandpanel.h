@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
-/// The calm area beside the logon's fields: the program's mark and name on a colour field. It tells nothing that works,
-/// so a screen reader passes it by.
+/// The quiet area beside the logon's fields, with the program's mark and name on a coloured ground. It contains no
+/// information that is needed, so screen readers skip it.
 class BrandPanel : public QWidget {
     Q_OBJECT
 

@@ -23,7 +23,7 @@ class WaitingBox final : public db::Waiting {
     [[nodiscard]] bool GoesOn() override;
 
   private:
-    /// Keeps from everything but the box what would make it act.
+    /// Holds back input and timers from everything but the box.
     class Guard final : public QObject {
       public:
         explicit Guard(const QDialog& box) : box_(box) { qApp->installEventFilter(this); }
@@ -32,7 +32,7 @@ class WaitingBox final : public db::Waiting {
         bool eventFilter(QObject* receiver, QEvent* event) override;
 
       private:
-        /// Of the box, or of a window that opened above it and is answered first.
+        /// Whether the receiver belongs to the box, or to a window that opened above it and is answered first.
         [[nodiscard]] bool isInFront(const QObject* receiver) const;
 
         const QDialog& box_;
@@ -48,7 +48,7 @@ WaitingBox::WaitingBox() : box_(QApplication::activeWindow()), guard_(box_) {
     box_.setWindowTitle(QObject::tr("Waiting for the database"));
     box_.setWindowModality(Qt::ApplicationModal);
     auto* text = new QLabel(QObject::tr("Waiting for another desk, or for a server that is slow to answer ..."), &box_);
-    // What was typed before the box came must not press it: it takes the focus by Tab, or its letter.
+    // Keys typed before the box appeared must not press the button, so it takes the focus only by Tab or its letter.
     auto* cmdGiveUp = FormButton(QObject::tr("&Give up"), "cmdGiveUp", &box_);
     cmdGiveUp->setAutoDefault(false);
     cmdGiveUp->setFocusPolicy(Qt::TabFocus);
@@ -79,7 +79,7 @@ bool WaitingBox::GoesOn() {
 
 bool WaitingBox::Guard::eventFilter(QObject* receiver, QEvent* event) {
     switch (event->type()) {
-        case QEvent::Timer:  // It comes again.
+        case QEvent::Timer:  // The timer will fire again.
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
         case QEvent::ShortcutOverride:
@@ -104,7 +104,7 @@ bool WaitingBox::Guard::eventFilter(QObject* receiver, QEvent* event) {
     }
 }
 
-/// The widget whose window it is; null for none.
+/// Returns the widget to which the window belongs, or null.
 const QWidget* topLevelOf(const QObject* window) {
     for (const QWidget* widget : QApplication::topLevelWidgets())
         if (widget->windowHandle() == window)
@@ -114,11 +114,12 @@ const QWidget* topLevelOf(const QObject* window) {
 
 bool WaitingBox::Guard::isInFront(const QObject* receiver) const {
     const QWidget* modal = QApplication::activeModalWidget();
-    // Once it has been closed, the window below it is the modal one: its turn comes when the routine has returned.
+    // Once the box has been closed, the window below it is the modal one. That window reacts again when the routine has
+    // returned.
     const QWidget& front = modal != nullptr && box_.isVisible() ? *modal : box_;
     if (receiver->isWindowType())
         receiver = topLevelOf(receiver);
-    // Its own windows, such as the list of a field, are children too.
+    // The front window's own popups, such as the list of a field, are its children too.
     for (; receiver != nullptr; receiver = receiver->parent())
         if (receiver == &front)
             return true;

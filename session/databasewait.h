@@ -1,7 +1,7 @@
 #pragma once
 
-/// From now on, who waits for the database in the window's own thread sees that in a small box, and can give up there
-/// by its button or Escape. While it stands, nothing else of the program acts on what is typed, clicked or timed: the
-/// routine that waits is in the middle of its work. Windows are painted all the same. Should something open a modal
-/// window above the box after all, that one can be used until it closes.
+/// From this call on, a long wait for the database in the window's own thread is shown in a small box, where the user
+/// can give up by its button or Escape. While the box stands, the rest of the program does not react to keys, clicks
+/// and timers, because the waiting routine is in the middle of its work. Windows are still painted. A modal window that
+/// opens above the box after all can be used until it closes.
 void ShowDatabaseWaits();

@@ -4,10 +4,10 @@
 #include <QDialog>
 #include <QStringList>
 
-/// A dialog in which something is typed and saved.
+/// A dialog in which the user types and saves.
 ///
-/// Escape and the window's close button ask once before they throw away what was typed; a form without a change closes
-/// at once, and so does its Cancel button. A save that fails closes the form as unsaved: RunEditor then keeps it with
+/// Escape and the window's close button ask once before they discard what was typed. A form without a change closes at
+/// once, and so does its Cancel button. A failing save closes the form as unsaved; RunEditor then keeps the form with
 /// all that was typed.
 class EditorDialog : public QDialog {
     Q_OBJECT
@@ -15,21 +15,21 @@ class EditorDialog : public QDialog {
   public:
     using QDialog::QDialog;
 
-    /// Whether a field holds something else than when the form was shown first. A form that keeps more than its fields
-    /// show adds that.
+    /// Whether a field differs from its contents when the form was first shown. A form that holds more than its fields
+    /// show overrides this.
     [[nodiscard]] virtual bool IsChanged() const;
-    /// The form was closed because its save failed.
+    /// Whether the form was closed because its save failed.
     [[nodiscard]] bool IsUnsaved() const { return unsaved_; }
-    /// What is edited, in a sentence behind "Not saved: ". It names no patient.
+    /// Returns what is edited, as the end of the sentence "Not saved: ...". It names no patient.
     [[nodiscard]] virtual QString Subject() const { return windowTitle(); }
 
   protected:
-    /// Whether nothing would be lost by closing the form, or the user says that it may.
+    /// Whether the form may be closed: nothing would be lost, or the user agrees.
     [[nodiscard]] bool mayGiveUp() const;
-    /// Closes the form after a save that failed, which the user has been told.
+    /// Closes the form after a failed save, of which the user has been told.
     void closeUnsaved();
-    /// Whether Escape has closed something smaller in the form, which then stays. The window's close button closes that
-    /// too, and goes on.
+    /// Closes a smaller part of the form that is open, if any. Returns whether Escape is used up by that, so that the
+    /// form stays. The window's close button closes such a part too, and then goes on.
     virtual bool takesEscape() { return false; }
 
     void showEvent(QShowEvent* event) override;

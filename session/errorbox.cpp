@@ -7,7 +7,7 @@
 
 namespace {
 
-/// From a box about the connection to the program's return to its events.
+/// True from a box about the connection until the routine has returned to the event loop.
 bool linkTold = false;
 
 }  // namespace

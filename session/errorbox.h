@@ -5,18 +5,18 @@
 
 #include "platform/database/error.h"
 
-/// Tells the user what went wrong: the routine's own text, which ends with a blank, followed by the error's
-/// description.
+/// Tells the user in a message box what went wrong: the routine's own text, which ends with a blank, followed by the
+/// error's description.
 ///
-/// Of a connection that broke off the user is told once: what the same routine meets after it, until it has returned to
-/// the user, stays unsaid.
+/// A broken connection is told only once. Further errors of the connection in the same routine are not shown until the
+/// routine has returned.
 void TellError(const QString& text, const db::DatabaseError& error);
 
-/// Tells in the window's bar what the database refused, `what` first, which ends with a blank. It stays until the user
-/// closes it, or DropNotice(what).
+/// Tells the user in the window's bar what the database refused: `what`, which ends with a blank, followed by the
+/// error's description. The notice stays until the user closes it, or until DropNotice(what).
 void TellInBar(const QString& what, const db::DatabaseError& error);
 
-/// For a step whose failure the system passes over: runs it, and tells in the window's bar what the database refused,
-/// `what` first, which ends with a blank. A row that another desk changed or removed meanwhile is passed over without a
-/// word. True where the step went well; what the bar told of it before is then settled, and goes.
+/// Runs a step whose failure the system passes over, and tells in the window's bar what the database refused, as
+/// TellInBar does. A row that another desk changed or removed in the meantime is not reported. Returns whether the step
+/// succeeded; an earlier notice about `what` is then removed.
 bool TryAndTell(const QString& what, const std::function<void()>& step);

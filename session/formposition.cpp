@@ -17,8 +17,8 @@ constexpr int Normal = 0;
 constexpr int Maximised = 2;
 constexpr int VisibleWidth = 80;
 constexpr int TitleHeight = 30;
-constexpr int FarthestEdge = 32767;     // No desktop is so large.
-constexpr QSize SmallestForm(120, 60);  // A smaller one could not be taken hold of.
+constexpr int FarthestEdge = 32767;     // No desktop is larger.
+constexpr QSize SmallestForm(120, 60);  // A smaller window could not be dragged.
 
 struct StoredPlace {
     QRect rect;
@@ -89,7 +89,7 @@ QRect OnSomeScreen(const QRect& wanted, const QList<QRect>& screens) {
         const QRect seen = area.intersected(title);
         return seen.width() >= std::min(VisibleWidth, wanted.width()) && seen.height() == TitleHeight;
     });
-    // The far edges of a window from a larger desktop could not be reached.
+    // The far edges of a window from a larger desktop would be out of reach.
     const QRect desktop = std::accumulate(screens.begin(), screens.end(), QRect(), std::bit_or<>());
     if (inReach && wanted.width() <= desktop.width() && wanted.height() <= desktop.height())
         return wanted;

@@ -30,7 +30,7 @@ constexpr int FreeTries = 5;
 constexpr int FirstWait = 5;            // Seconds.
 constexpr int LongestWait = 600;        // Seconds.
 constexpr int TellEvery = 250;          // Milliseconds.
-constexpr int LongestAuditedUser = 50;  // AuditLog.LogUser
+constexpr int LongestAuditedUser = 50;  // Length of AuditLog.LogUser.
 
 bool isUserIdCharacter(QChar c) {
     return (c.unicode() >= 48 && c.unicode() <= 123) || c.unicode() == 125 || c.unicode() == 126;
@@ -90,7 +90,7 @@ frmsvspl::frmsvspl(QWidget* parent) : QDialog(parent) {
     buildForm();
     loadPasswords();
     loadRememberedUser();
-    // What is remembered is not filtered before the user changes it.
+    // The remembered texts are not filtered until the user changes them.
     txtuid->SetAccepts(isUserIdCharacter);
     txtpassword->SetAccepts(isPasswordCharacter);
     enableOk();
@@ -181,7 +181,7 @@ void frmsvspl::loadRememberedUser() {
     ckpassword->setVisible(recallPassword_);
 }
 
-// A remembered user goes on with the password.
+// A remembered user continues with the password.
 void frmsvspl::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     (txtuid->text().isEmpty() ? txtuid : txtpassword)->setFocus();
@@ -192,7 +192,7 @@ bool frmsvspl::eventFilter(QObject* watched, QEvent* event) {
     if (!field || event->type() != QEvent::FocusIn)
         return QDialog::eventFilter(watched, event);
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    // The press of the mouse that brings the focus places its cursor first, and would take the selection away.
+    // The mouse press that brings the focus places the cursor first and would remove the selection.
     if (reason == Qt::MouseFocusReason)
         QMetaObject::invokeMethod(field, &TextField::selectAll, Qt::QueuedConnection);
     else if (reason != Qt::PopupFocusReason)
@@ -251,7 +251,7 @@ void frmsvspl::countWrongPassword(const QString& userId) {
     tellWaiting();
 }
 
-// A clock that is set back must not lock anybody out.
+// A clock that is set back must not lock a user out, so the wait is never longer than `wait_`.
 int frmsvspl::secondsToWait() const {
     const qint64 milliseconds = waitsUntil_.isValid() ? Now().msecsTo(waitsUntil_) : 0;
     return static_cast<int>(std::clamp<qint64>((milliseconds + 999) / 1000, 0, wait_));

@@ -11,14 +11,15 @@ class QCheckBox;
 class QLabel;
 class QPushButton;
 
-/// The logon. It leaves the user in the session values (UID, UserType, UserName, ScreenAccess, AllProviders,
-/// NotesAccess); an empty UID means that the user cancelled or that there is nobody to log on. Who has no access to the
+/// The logon. It puts the user into the session values (UID, UserType, UserName, ScreenAccess, AllProviders,
+/// NotesAccess). An empty UID means that the user cancelled or that no user exists. A user without access to the
 /// scheduler is not refused here, and may read.
 ///
-/// The box ckpassword tells whether this computer remembers the password. That is a setting of the whole practice
-/// (recallpw), so the box is there only where the practice remembers passwords, and nobody ticks it by hand.
+/// The box ckpassword shows whether this computer remembers the password. That is a setting of the whole practice
+/// (recallpw), so the box is visible only where the practice remembers passwords, and the user cannot change it.
 ///
-/// After five wrong passwords each further try waits, twice as long as the one before, and goes to the audit log.
+/// After five wrong passwords each further try has to wait, twice as long as the one before, and is written to the
+/// audit log.
 class frmsvspl : public QDialog {
     Q_OBJECT
 
@@ -37,10 +38,10 @@ class frmsvspl : public QDialog {
     void loadRememberedUser();
     void cmdOk_Click();
     void enableOk();
-    /// Shows a message and lets the user begin again.
+    /// Shows a message and empties the fields, so that the user can begin again.
     void refuse(const QString& text, const QString& title);
     void countWrongPassword(const QString& userId);
-    /// Says how long the next try has to wait, until it may.
+    /// Shows how long the next try has to wait, until the wait is over.
     void tellWaiting();
     [[nodiscard]] int secondsToWait() const;
     [[nodiscard]] bool findUser();
@@ -50,7 +51,7 @@ class frmsvspl : public QDialog {
     db::Recordset passwords_;
     bool recallPassword_ = false;
     int wrongPasswords_ = 0;
-    int wait_ = 0;  ///< Seconds between the last wrong password and the next try.
+    int wait_ = 0;  ///< Seconds from the last wrong password to the next try.
     QDateTime waitsUntil_;
     QTimer waiting_;
     QLabel* lblwait = nullptr;

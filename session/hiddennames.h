@@ -6,19 +6,19 @@
 
 class ctList;
 
-/// Hides or shows the names of patients wherever they are painted or listed, at once. What activities, unavailable time
-/// and groups are called stays readable.
+/// Hides or shows the names of patients at once, wherever they are painted or listed. The texts of activities,
+/// unavailable time and groups stay readable.
 void SetNamesHidden(bool hidden);
 
-/// Runs `follow` now, and whenever the names are hidden or shown as long as `context` lives.
+/// Calls `follow` now and each time the names are hidden or shown, for as long as `context` lives.
 void FollowHiddenNames(QObject* context, const std::function<void(bool hidden)>& follow);
-/// The cells of the list that name patients (ctList::NameCell) follow.
+/// Makes the cells of the list that name patients (ctList::NameCell) follow.
 void FollowHiddenNames(ctList* list);
 
-/// A patient's name, or what would betray it, as it may be shown now.
+/// Returns a patient's name or private text in the form in which it may be shown now.
 [[nodiscard]] QString ShownName(const QString& name);
 
-/// What FollowHiddenNames listens to.
+/// Raises the signal that FollowHiddenNames is connected to.
 class NamesSwitch : public QObject {
     Q_OBJECT
 

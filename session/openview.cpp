@@ -38,11 +38,11 @@ OpenView* TheOpenView() {
     return registered();
 }
 
-bool ViewHasEditor(int view) {
-    return view == 1 || view == 2 || view == 4;
+bool ViewHasEditor(View view) {
+    return view == View::Day || view == View::Week || view == View::AllProviders;
 }
 
-int SelectedItemKey(int view) {
+int SelectedItemKey(View view) {
     const OpenView* open = TheOpenView();
     if (open == nullptr || !ViewHasEditor(view))
         return 0;

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "platform/calendar/item.h"
+#include "session/view.h"
 
 /// A range of time that the user has selected in the open view, in minutes since midnight.
 struct SelectedSlot {
@@ -49,11 +50,11 @@ class OpenView {
 /// The open view; null while there is none.
 [[nodiscard]] OpenView* TheOpenView();
 
-/// Whether appointments are booked and edited in this view: 1 (day), 2 (week) and 4 (all providers).
-[[nodiscard]] bool ViewHasEditor(int view);
+/// Whether appointments are booked and edited in this view: in the day, the week and all providers.
+[[nodiscard]] bool ViewHasEditor(View view);
 /// The `nkeyid` of the selected item of a view that has the editor; 0 for other views, without a view or without a
 /// selected item.
-[[nodiscard]] int SelectedItemKey(int view);
+[[nodiscard]] int SelectedItemKey(View view);
 /// The `nkeyid` of the appointment that an editor is opened on, 0 for a new one. It is the selected item's, or the
 /// session's CurrentApptKey where the view has lost its selection: a key of 0 would add the appointment once more.
 [[nodiscard]] int EditedApptKey();

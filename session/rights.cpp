@@ -7,7 +7,10 @@
 
 namespace {
 
-// True when the statement gives a row; a failing one gives none.
+constexpr int WriteAccess = 2;
+constexpr int DeleteAccess = 3;
+
+// Whether the statement returns a row. A failing statement returns none.
 bool hasRow(const QString& statement) {
     bool found = false;
     db::Ignoring([&] { found = !db::Recordset(statement, Session().Connection).Eof(); });
@@ -30,6 +33,14 @@ void NormalizeScreenAccess() {
         session.ScreenAccess -= 3;
         session.AllProviders = true;
     }
+}
+
+bool MayWrite() {
+    return Session().ScreenAccess >= WriteAccess;
+}
+
+bool MayDelete() {
+    return Session().ScreenAccess >= DeleteAccess;
 }
 
 QString ProviderNameStatement(const QString& userId) {

@@ -12,7 +12,7 @@ std::unique_ptr<SessionValues>& holder() {
     return values;
 }
 
-// Whoever is asked takes a while to answer, and other desks do not wait.
+// A user takes a while to answer a question, and other desks change the database meanwhile.
 const bool forgetsBeforeQuestions = [] {
     BeforeQuestions(db::ReadTogether::ForgetAll);
     return true;

@@ -4,6 +4,7 @@
 
 #include "data/scramble.h"
 #include "platform/database/connection.h"
+#include "session/view.h"
 
 /// The values that start-up sets and that every form reads and writes. They live for the run.
 struct SessionValues {
@@ -24,7 +25,7 @@ struct SessionValues {
 
     // Whose schedule is shown, and how.
     QString ProviderId, ProviderName;
-    int CurrentView = 0;  ///< 1 day, 2 week, 3 month, 4 all providers, 5 rooms, 6 companion; 0 before the first.
+    View CurrentView = View::None;
     bool HidePatientNames = false;
     bool SoundEffects = false;
 

@@ -28,7 +28,6 @@
 
 namespace {
 
-constexpr int CompanionView = 5;
 const QString ErrorTitle = QStringLiteral("Error");
 
 void findFolders(const StartUpOptions& options) {
@@ -212,7 +211,7 @@ void openCompanionLink() {
         return;
     session.FHProviderId = GetFHProviderId(session.Connection, session.FHDatabaseId, session.ProviderId);
     session.FHLedgerHidden = GetUserFHLedger(session.UID);
-    // Who may see only their own schedule and has none in the companion works without the link.
+    // A user who may see only their own schedule, and has none in the companion, works without the link.
     if (!session.AllProviders && session.FHProviderId < 1)
         session.FHDatabaseId.clear();
 }
@@ -251,10 +250,10 @@ bool companionOpensFirst() {
 
 void openFirstView(StartUpWindow& window) {
     if (companionOpensFirst()) {
-        window.changeview(CompanionView);
+        window.changeview(View::Companion);
         return;
     }
-    Session().CurrentView = 1;
+    Session().CurrentView = View::Day;
     window.ShowDayView();
 }
 
@@ -309,7 +308,7 @@ void finish(StartUpWindow& window) {
     openFirstView(window);
 }
 
-// Nobody is asked anything: all that is to be read is known before the first of it.
+// For a user from the command line no question is asked, so everything can be read in one trip beforehand.
 bool startForProvider(StartUpWindow& window) {
     const db::ReadTogether together(Session().Connection, settingsStatements()
                                                               << ProviderNameStatement(Session().UID)

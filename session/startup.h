@@ -3,55 +3,58 @@
 #include <QDate>
 #include <QString>
 
-/// What start-up asks of the main window that it brings to life, in the order of the calls. The session values that a
-/// call needs are set before it.
+#include "session/view.h"
+
+/// The main window as start-up sees it. Start-up calls these routines in this order. The session values that a call
+/// needs are set before it.
 class StartUpWindow {
   public:
     virtual ~StartUpWindow() = default;
 
-    /// FormPosition with GET on the window.
+    /// Calls FormPosition with Get for the window.
     virtual void RestorePosition() = 0;
     virtual void SetHelpFile(const QString& path) = 0;
-    /// 0 month first, 1 day first, 2 year first: the order in which the date picker takes dates.
+    /// Sets the order in which the date picker takes dates: 0 month first, 1 day first, 2 year first.
     virtual void SetDateOrder(int order) = 0;
-    /// The date panel.
+    /// Writes the date panel.
     virtual void ShowDateText(const QString& text) = 0;
     /// Shows the window, still without a view, so that the dialogs of start-up open over it.
     virtual void ShowMainWindow() = 0;
-    /// Offers the provider list (frmsltpv) modally; it leaves its choice in the session's ProviderId and ProviderName,
-    /// or leaves both alone when the user cancels.
+    /// Shows the provider list (frmsltpv) modally. Its choice is in the session's ProviderId and ProviderName, which
+    /// stay unchanged when the user cancels.
     virtual void ChooseProvider() = 0;
     /// Writes the access panel.
     virtual void setmenuaccess() = 0;
-    /// The panels " User: ..." and " Schedule for: ..." from the session values.
+    /// Writes the panels " User: ..." and " Schedule for: ..." from the session values.
     virtual void WritePanels() = 0;
-    /// Fills the task pane; the group of the companion is there when the session's FHDatabaseId is not empty. For
-    /// a user of one schedule without a pair in the companion it has been emptied before.
+    /// Fills the task pane. The group of the companion is shown when the session's FHDatabaseId is not empty. Start-up
+    /// has emptied FHDatabaseId for a user of only one schedule that has no pair in the companion.
     virtual void InitTaskPane() = 0;
-    /// From now on the window obeys its controls: sets the date picker to this date without loading anything.
+    /// Lets the window react to its controls from now on, and sets the date picker to this date without loading
+    /// anything.
     virtual void MarkReady(QDate today) = 0;
-    /// The schedule panel becomes a link that offers the provider list.
+    /// Makes the schedule panel a link that shows the provider list.
     virtual void MakeScheduleLink() = 0;
-    /// Shows the day view; CurrentView is 1 already.
+    /// Shows the day view. CurrentView is already View::Day.
     virtual void ShowDayView() = 0;
-    /// Called with 5 when the companion schedule opens first.
-    virtual void changeview(int index) = 0;
+    /// Called instead of ShowDayView when the companion schedule opens first.
+    virtual void changeview(View view) = 0;
 };
 
 struct StartUpOptions {
-    /// The folder that stands for all five where no central installation exists; empty for the user's data folder.
+    /// The folder that is used for all five folders. It wins over a central installation. Empty for the central
+    /// installation or, where there is none, for the user's data folder.
     QString dataFolder;
-    /// Tells the central installation; empty for the usual place (InstallationFile). A data folder that was asked for
-    /// wins over a central installation.
+    /// The file that describes the central installation; empty for the usual place (InstallationFile).
     QString installationFile;
 };
 
-/// Brings the program from nothing to a visible calendar: finds folders and ini files, opens the session's Connection,
-/// identifies the user from the command line "{type}|{user id}" or, where that is empty, by the logon, loads
-/// preferences, rights and the companion link, and opens the first view. Failing reads leave their value empty and
-/// start-up goes on; so does a failing connection, after a message. False when the program must end, after the user has
-/// read why or has cancelled. The busy pointer shows meanwhile.
+/// Brings the program from nothing to a visible calendar. It finds folders and ini files and opens the session's
+/// Connection. It identifies the user by the command line "{type}|{user id}" or, where that is empty, by the logon. It
+/// then loads preferences, rights and the companion link and opens the first view. A failing read leaves its value
+/// empty and start-up goes on; after a failing connection it shows a message and goes on. Returns false when the
+/// program must end, after the user has read the reason or has cancelled. The busy pointer is shown meanwhile.
 bool StartUp(const QString& commandLine, const StartUpOptions& options, StartUpWindow& window);
 
-/// The value of "DataSource" in solvane.ini: the database server, or the folder of an embedded database.
+/// Returns the value of "DataSource" in solvane.ini: the database server, or the folder of an embedded database.
 [[nodiscard]] QString GetServerName();

@@ -5,6 +5,7 @@
 #include "data/codes.h"
 #include "data/namedpatients.h"
 #include "data/pipefields.h"
+#include "data/statuses.h"
 #include "platform/text/plaintext.h"
 
 namespace {
@@ -95,32 +96,11 @@ CalendarItem HolidayBanner(const QString& holiday, QDate day) {
 }
 
 void MarkStatus(CalendarItem& item, int code, int apptType) {
-    struct Status {
-        int code;
-        StatusMark mark;
-        const char* word;
-    };
-    static constexpr Status statuses[] = {
-        {ncolor::Pending, StatusMark::Pending, "Pending"},
-        {ncolor::Tentative, StatusMark::Tentative, "Tentative"},
-        {ncolor::LegendTentative, StatusMark::Tentative, "Tentative"},
-        {ncolor::CheckedIn, StatusMark::CheckedIn, "Checked-In"},
-        {ncolor::Kept, StatusMark::Kept, "Kept"},
-        {ncolor::Missed, StatusMark::Missed, "Missed"},
-        {ncolor::PatientCancelled, StatusMark::Cancelled, "Patient Cancelled"},
-        {ncolor::TherapistCancelled, StatusMark::Cancelled, "Therapist Cancelled"},
-        {ncolor::Activity, StatusMark::Activity, "Activity/Event"},
-        {ncolor::Unavailable, StatusMark::Unavailable, "Unavailable Time"},
-        {ncolor::Group, StatusMark::Group, "Group Therapy"},
-    };
-    for (const Status& status : statuses) {
-        if (status.code != code)
-            continue;
+    const Status& status = StatusOf(code);
+    if (status.mark != StatusMark::None) {
         item.ItemStatusMark = status.mark;
         item.ItemStatusText = QString::fromLatin1(status.word);
-        return;
-    }
-    if (apptType == ApptTypeSlot) {
+    } else if (apptType == ApptTypeSlot) {
         item.ItemStatusMark = StatusMark::TypeSlot;
         item.ItemStatusText = QStringLiteral("Appointment Type");
     }

@@ -10,13 +10,13 @@
 #include "views/calendarview.h"
 
 void CalendarView::bindLists() {
-    menus_.Bind(QStringLiteral("mnuFAtypes"), [this] {
+    menus_.Bind(menu::mnuFAtypes, [this] {
         frmapttypes dialog(window());
         ShowModal(dialog);
         // A type's colour may have changed in all its appointments.
         Reload();
     });
-    menus_.Bind(QStringLiteral("mnuFHolidays"), [this] {
+    menus_.Bind(menu::mnuFHolidays, [this] {
         frmholidays dialog(window());
         ShowModal(dialog);
         Reload();
@@ -24,13 +24,13 @@ void CalendarView::bindLists() {
 }
 
 void CalendarView::bindSearches() {
-    menus_.Bind(QStringLiteral("mnuAFind"), [this] { FindAppointment(); });
-    menus_.Bind(QStringLiteral("mnuASearchO"), [this] { searchOpening(); });
-    menus_.Bind(QStringLiteral("mnuASearchT"), [this] { searchType(); });
+    menus_.Bind(menu::mnuAFind, [this] { FindAppointment(); });
+    menus_.Bind(menu::mnuASearchO, [this] { searchOpening(); });
+    menus_.Bind(menu::mnuASearchT, [this] { searchType(); });
 }
 
 void CalendarView::bindSeries() {
-    menus_.Bind(QStringLiteral("mnuARepeat"), [this] {
+    menus_.Bind(menu::mnuARepeat, [this] {
         Session().IsNewAppt = false;
         const std::optional<CalendarItem> item = SelectedItem();
         if (!item || item->ItemKey.toInt() < 1) {

@@ -52,9 +52,9 @@ SeriesMember memberOf(const Recordset& row, int chosenKey) {
 }  // namespace
 
 void CalendarView::bindDeletion() {
-    menus_.Bind(QStringLiteral("mnuADelete"), [this] { deleteCommand(); });
+    menus_.Bind(menu::mnuADelete, [this] { deleteCommand(); });
     connect(ctMDay1, &ctMDay::DeleteRequested, this, [this] {
-        if (menus_.Command(QStringLiteral("mnuADelete")).isEnabled())
+        if (menus_.Command(menu::mnuADelete).isEnabled())
             deleteCommand();
     });
 }

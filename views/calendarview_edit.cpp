@@ -13,6 +13,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "views/calendarview.h"
@@ -23,23 +24,20 @@ using db::Sql;
 namespace {
 
 struct NewCommand {
-    const char* name;
+    MenuName name;
     int kind;
 };
 
 constexpr NewCommand newCommands[] = {
-    {"mnuANPat", apptkind::Patient},
-    {"mnuANEvent", apptkind::Activity},
-    {"mnuASType", apptkind::TypeSlot},
-    {"mnuANAvail", apptkind::Unavailable},
+    {menu::mnuANPat, apptkind::Patient},
+    {menu::mnuANEvent, apptkind::Activity},
+    {menu::mnuASType, apptkind::TypeSlot},
+    {menu::mnuANAvail, apptkind::Unavailable},
 };
 
 // As the submenu mnuANew holds them.
-constexpr const char* popupCommands[] = {"mnuANPat", "mnuASGroup", "mnuANEvent", "mnuASType", "mnuANAvail"};
-
-bool mayWrite() {
-    return Session().ScreenAccess >= 2;
-}
+constexpr MenuName popupCommands[] = {menu::mnuANPat, menu::mnuASGroup, menu::mnuANEvent, menu::mnuASType,
+                                      menu::mnuANAvail};
 
 int kindOf(const CalendarItem& item, int apptType) {
     if (apptType == ApptTypeSlot)
@@ -53,10 +51,10 @@ int kindOf(const CalendarItem& item, int apptType) {
 
 void CalendarView::bindEditing() {
     for (const NewCommand& command : newCommands)
-        menus_.Bind(QLatin1String(command.name), [this, kind = command.kind] { newappt(kind); });
-    menus_.Bind(QStringLiteral("mnuASGroup"), [this] { newGroup(); });
-    menus_.Bind(QStringLiteral("mnuVActivity"), [this] { newActivity(); });
-    menus_.Bind(QStringLiteral("mnuAEdit"), [this] { editCommand(); });
+        menus_.Bind(command.name, [this, kind = command.kind] { newappt(kind); });
+    menus_.Bind(menu::mnuASGroup, [this] { newGroup(); });
+    menus_.Bind(menu::mnuVActivity, [this] { newActivity(); });
+    menus_.Bind(menu::mnuAEdit, [this] { editCommand(); });
     connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitEditing);
     connect(ctMDay1, &ctMDay::ItemActivated, this, &CalendarView::editCommand);
     connect(ctMDay1, &ctMDay::RangeActivated, this, &CalendarView::AddAppointment);
@@ -67,19 +65,19 @@ void CalendarView::bindEditing() {
     newPopup_ = new QMenu(this);
     newPopup_->setObjectName(QStringLiteral("popupNew"));
     newPopup_->setToolTipsVisible(true);
-    for (const char* name : popupCommands)
-        newPopup_->addAction(&menus_.Command(QLatin1String(name)));
+    for (const MenuName name : popupCommands)
+        newPopup_->addAction(&menus_.Command(name));
     suitEditing(0);
 }
 
 void CalendarView::suitEditing(int index) {
     const bool isRow = index > 0 && std::as_const(*ctMDay1).Item(index).ItemKey.toInt() > 0;
-    menus_.Suit(QStringLiteral("mnuAEdit"), isRow,
+    menus_.Suit(menu::mnuAEdit, isRow,
                 index < 1 ? tr("Select an appointment first.") : tr("A holiday is not an appointment."));
 }
 
 void CalendarView::popupOnEmptyTime(int index, const QPoint& place) {
-    if (index < 1 && mayWrite())
+    if (index < 1 && MayWrite())
         newPopup_->popup(place);
 }
 
@@ -88,7 +86,7 @@ void CalendarView::AddAppointment() {
 }
 
 bool CalendarView::CanAdd() const {
-    return mayWrite();
+    return MayWrite();
 }
 
 void CalendarView::newappt(int kind) {
@@ -101,7 +99,7 @@ void CalendarView::newGroup() {
 
 template <class Editor>
 void CalendarView::addBy(int kind) {
-    if (!mayWrite())
+    if (!MayWrite())
         return;
     ctMDay1->CommitEdit();
     Session().ApptKind = kind;
@@ -120,7 +118,7 @@ void CalendarView::addBy(int kind) {
 }
 
 void CalendarView::newActivity() {
-    if (!mayWrite())
+    if (!MayWrite())
         return;
     ctMDay1->CommitEdit();
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
@@ -148,7 +146,7 @@ void CalendarView::selectAddedTo(const QSet<QString>& before) {
 
 void CalendarView::editCommand() {
     ctMDay1->CommitEdit();
-    if (mayWrite())
+    if (MayWrite())
         editappt2(ctMDay1->SelectedItem());
 }
 

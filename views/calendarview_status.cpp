@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr const char* statusCommands[] = {"mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"};
+constexpr MenuName statusCommands[] = {menu::mnuCheckediN, menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel,
+                                       menu::mnuATCancel};
 
 // Colours that are a kind: a status over one of them would make another thing of the row.
 bool isKind(int code) {
@@ -24,19 +25,17 @@ bool isKind(int code) {
 }  // namespace
 
 void CalendarView::bindStatusCommands() {
-    for (const char* name : statusCommands) {
-        QAction& command = menus_.Command(QLatin1String(name));
+    for (const MenuName name : statusCommands) {
+        QAction& command = menus_.Command(name);
         command.setCheckable(true);
         command.setIconVisibleInMenu(false);  // Its place is the tick's; the picture of Kept would pass for one.
     }
-    menus_.Bind(QStringLiteral("mnuVCheckedin"), [this] { frmCheckedIn::Open(window()); });
-    menus_.Bind(QStringLiteral("mnuCheckediN"), [this] { checkIn(); });
-    menus_.Bind(QStringLiteral("mnuAKept"), [this] { keepAppointment(); });
-    menus_.Bind(QStringLiteral("mnuAMissed"), [this] { changeStatus(QLatin1String("mnuAMissed"), ncolor::Missed); });
-    menus_.Bind(QStringLiteral("mnuAPCancel"),
-                [this] { changeStatus(QLatin1String("mnuAPCancel"), ncolor::PatientCancelled); });
-    menus_.Bind(QStringLiteral("mnuATCancel"),
-                [this] { changeStatus(QLatin1String("mnuATCancel"), ncolor::TherapistCancelled); });
+    menus_.Bind(menu::mnuVCheckedin, [this] { frmCheckedIn::Open(window()); });
+    menus_.Bind(menu::mnuCheckediN, [this] { checkIn(); });
+    menus_.Bind(menu::mnuAKept, [this] { keepAppointment(); });
+    menus_.Bind(menu::mnuAMissed, [this] { changeStatus(menu::mnuAMissed, ncolor::Missed); });
+    menus_.Bind(menu::mnuAPCancel, [this] { changeStatus(menu::mnuAPCancel, ncolor::PatientCancelled); });
+    menus_.Bind(menu::mnuATCancel, [this] { changeStatus(menu::mnuATCancel, ncolor::TherapistCancelled); });
     connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitCommands);
     suitCommands(0);
 }
@@ -56,16 +55,16 @@ bool CalendarView::hasStatus(int index) const {
 void CalendarView::suitCommands(int index) {
     tickStatus({});
     const QString nothing = tr("Select an appointment first.");
-    for (const char* name : statusCommands)
-        menus_.Suit(QLatin1String(name), hasStatus(index),
+    for (const MenuName name : statusCommands)
+        menus_.Suit(name, hasStatus(index),
                     index < 1 ? nothing : tr("Only the appointment of a patient has a status."));
     const bool isRow = index > 0 && std::as_const(*ctMDay1).Item(index).ItemKey.toInt() > 0;
-    menus_.Suit(QStringLiteral("mnuADelete"), isRow, index < 1 ? nothing : tr("A holiday is not an appointment."));
+    menus_.Suit(menu::mnuADelete, isRow, index < 1 ? nothing : tr("A holiday is not an appointment."));
 }
 
-void CalendarView::tickStatus(QLatin1String command) {
-    for (const char* name : statusCommands)
-        menus_.Command(QLatin1String(name)).setChecked(command == name);
+void CalendarView::tickStatus(MenuName command) {
+    for (const MenuName name : statusCommands)
+        menus_.Command(name).setChecked(command == name);
 }
 
 // The selected item, when it has a status. What is being typed into it is saved first, which may end with no item.
@@ -76,7 +75,7 @@ int CalendarView::itemForStatus() {
     return hasStatus(index) ? index : 0;
 }
 
-void CalendarView::changeStatus(QLatin1String command, int code) {
+void CalendarView::changeStatus(MenuName command, int code) {
     const int index = itemForStatus();
     if (index < 1 || !SetApptStatus(std::as_const(*ctMDay1).Item(index).ItemKey.toInt(), code))
         return;
@@ -99,19 +98,19 @@ void CalendarView::checkIn() {
     if (std::exchange(Session().CheckInKey, 0) < 1)
         return;
     if (const int shown = ctMDay1->IndexOfKey(item.ItemKey); shown > 0)
-        saveStatus(shown, QLatin1String("mnuCheckediN"), ncolor::CheckedIn);
+        saveStatus(shown, menu::mnuCheckediN, ncolor::CheckedIn);
     frmCheckedIn::ReloadIfOpen();
     ShowPatientAlerts(GetPipeField(item.ItemNote, 3), QLatin1String(CheckInAlert));
 }
 
 void CalendarView::keepAppointment() {
     if (const int index = itemForStatus(); index > 0)
-        saveStatus(index, QLatin1String("mnuAKept"), ncolor::Kept);
+        saveStatus(index, menu::mnuAKept, ncolor::Kept);
 }
 
 // The whole row is saved, so a row that is gone or that another desk has settled is told of. The save may have read the
 // view anew.
-void CalendarView::saveStatus(int index, QLatin1String command, int code) {
+void CalendarView::saveStatus(int index, MenuName command, int code) {
     const QString key = std::as_const(*ctMDay1).Item(index).ItemKey;
     const db::ReadTogether together(Session().Connection, savingStatements(std::as_const(*ctMDay1).Item(index)));
     showStatus(index, code);
@@ -132,6 +131,6 @@ void CalendarView::showStatus(int index, int code) {
     HideName(item, Session().HidePatientNames);
     MarkStatus(item, code, 0);
     item.ItemStatusIcon = code == ncolor::CheckedIn ? 3 : 0;
-    lockItem(index);
+    board_->Lock(index);
     displayapptinfo(index);
 }

@@ -16,10 +16,11 @@
 #include "platform/text/plaintext.h"
 #include "search/frmfinda.h"
 #include "session/hiddennames.h"
+#include "session/rights.h"
 #include "session/runeditor.h"
 #include "session/session.h"
+#include "shell/menutables.h"
 #include "views/appointmentitem.h"
-#include "views/menutables.h"
 
 using db::Recordset;
 using db::Sql;
@@ -68,9 +69,9 @@ frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(),
 }
 
 void frmmtv::bindMonthCommands() {
-    showOpenView(QStringLiteral("mnuVMonth"), 3);
-    menus().Show(QStringLiteral("mnuVFH"), !Session().FHDatabaseId.isEmpty());
-    menus().Bind(QStringLiteral("mnuVActivity"), [this] {
+    showOpenView(menu::mnuVMonth, View::Month);
+    menus().Show(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
+    menus().Bind(menu::mnuVActivity, [this] {
         Session().ActivityKey = 0;
         RunEditor(
             std::make_unique<frmactsc>(window()), [this] { Reload(); }, [&main = main()] { main.cycledate(2); });
@@ -90,8 +91,8 @@ void frmmtv::bindCalendar() {
 
 void frmmtv::setmenuaccess() {
     const SessionValues& session = Session();
-    showAny({"mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFsep2", "mnuVActivity"}, session.ScreenAccess >= 2);
-    showAny({"mnuFSelect", "mnuFsep1", "mnuVAll"}, session.AllProviders);
+    showAny({menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFsep2, menu::mnuVActivity}, MayWrite());
+    showAny({menu::mnuFSelect, menu::mnuFsep1, menu::mnuVAll}, session.AllProviders);
 }
 
 QDate frmmtv::Stepped(QDate from, int direction) const {
@@ -162,7 +163,7 @@ void frmmtv::goTo(QDate day) {
 
 void frmmtv::openDay(QDate day) {
     main().SetDate(day);
-    main().changeview(0);
+    main().changeview(View::Day);
 }
 
 void frmmtv::FindAppointment() {

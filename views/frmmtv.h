@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "views/menuview.h"
+#include "shell/menuview.h"
 
 class ctWeek;
 

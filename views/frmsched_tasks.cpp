@@ -10,7 +10,9 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/printing/vsprinter.h"
+#include "platform/text/plaintext.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 #include "views/frmsched.h"
 
@@ -37,7 +39,7 @@ QString priorityWord(qint64 priority) {
 
 struct Task {
     qint64 id = 0;
-    QString cells;
+    QStringList cells;
     bool hasNotes = false;
 };
 
@@ -49,36 +51,33 @@ std::vector<Task> readTasks(const QString& statement) {
         if (word.isEmpty())
             continue;
         const QDate due = tasks["datedue"].date();
-        QString text = tasks["ToDo"].text();
-        text.replace(QLatin1Char(';'), QLatin1Char(','));
-        const QStringList cells{tasks["Completed"].boolean() ? QStringLiteral("1") : QStringLiteral("0"), text, word,
-                                due.isValid() ? due.toString(dateFormat) : QString()};
-        read.push_back({tasks["TaskId"].integer(), cells.join(QLatin1Char(';')), !tasks["Notes"].text().isEmpty()});
+        const QStringList cells{tasks["Completed"].boolean() ? QStringLiteral("1") : QStringLiteral("0"),
+                                tasks["ToDo"].text(), word, due.isValid() ? due.toString(dateFormat) : QString()};
+        read.push_back({tasks["TaskId"].integer(), cells, !tasks["Notes"].text().isEmpty()});
     }
     return read;
 }
 
-constexpr int WriteAccess = 2;
 constexpr int NewTask = -1;
 
 }  // namespace
 
 void frmsched::bindTaskCommands() {
     const auto selected = [this] { return ctList1->ItemData(ctList1->SelectedRow()).toInt(); };
-    menus().Bind(QStringLiteral("mnuTNew"), [this] { openTask(NewTask); });
-    menus().Bind(QStringLiteral("mnuTEdit"), [this, selected] {
+    menus().Bind(menu::mnuTNew, [this] { openTask(NewTask); });
+    menus().Bind(menu::mnuTEdit, [this, selected] {
         if (ctList1->SelectedRow() >= 0)
             openTask(selected());
     });
-    menus().Bind(QStringLiteral("mnuTDelete"), [this] { deleteTask(); });
-    menus().Bind(QStringLiteral("mnuTPrint"), [this] { printTasks(); });
-    ctList1->SetChecksEnabled(Session().ScreenAccess >= WriteAccess);
-    if (Session().ScreenAccess < WriteAccess)
+    menus().Bind(menu::mnuTDelete, [this] { deleteTask(); });
+    menus().Bind(menu::mnuTPrint, [this] { printTasks(); });
+    ctList1->SetChecksEnabled(MayWrite());
+    if (!MayWrite())
         return;
     connect(ctList1, &ctList::RowActivated, this, [this, selected] { openTask(selected()); });
     connect(ctList1, &ctList::CheckChanged, this, [this](int row, int, bool done) { tickTask(row, done); });
     connect(ctList1, &ctList::PopupRequested, this,
-            [this](int, QPoint place) { menus().Command(QStringLiteral("mnuToDo")).menu()->popup(place); });
+            [this](int, QPoint place) { menus().Command(menu::mnuToDo).menu()->popup(place); });
 }
 
 void frmsched::openTask(int taskId) {
@@ -124,22 +123,25 @@ void frmsched::deleteTask() {
 }
 
 void frmsched::offerTaskPrint() {
-    menus().Suit(QStringLiteral("mnuTPrint"), ctList1->RowCount() > 0, tr("There are no tasks to print."));
+    menus().Suit(menu::mnuTPrint, ctList1->RowCount() > 0, tr("There are no tasks to print."));
 }
 
 void frmsched::printTasks() {
-    QString body;
+    std::vector<QStringList> rows;
     for (int row = 0; row < ctList1->RowCount(); ++row) {
         QStringList cells{ctList1->Checked(row, 1) ? tr("Yes") : QString()};
         for (int column = 2; column <= ctList1->ColumnCount(); ++column)
-            cells << CleanFieldText(ctList1->Cell(row, column));
-        body += cells.join(u'|') + u';';
+            cells << OneLine(ctList1->Cell(row, column));
+        rows.push_back(cells);
     }
     VSPrinter vp;
     vp.SetTitle(tr("Tasks"));
     vp.SetHeader(QStringLiteral("|To Do List - %1|").arg(CleanFieldText(Session().ProviderName)));
     vp.SetFooter(QStringLiteral("||Page %d"));
-    vp.AddTable(QStringLiteral("720|6000|1300|1500;"), QStringLiteral("Done|Task|Priority|Complete by;"), body);
+    vp.AddTable({.widths = {720, 6000, 1300, 1500},
+                 .titles = {QStringLiteral("Done"), QStringLiteral("Task"), QStringLiteral("Priority"),
+                            QStringLiteral("Complete by")},
+                 .rows = std::move(rows)});
     vp.Preview(window());
 }
 

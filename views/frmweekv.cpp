@@ -13,8 +13,7 @@
 #include "platform/desktop/localefacts.h"
 #include "session/preferences.h"
 #include "session/session.h"
-#include "views/appointmentitem.h"
-#include "views/menutables.h"
+#include "shell/menutables.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -56,7 +55,7 @@ frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekM
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(ctMDay1);
     setFocusProxy(ctMDay1);
-    showOpenView(QStringLiteral("mnuVWeek"), 2);
+    showOpenView(menu::mnuVWeek, View::Week);
     const ReadTogether together(Session().Connection, weekStatements(mondayOf(this->main().Date()))
                                                           << columnsStatement());
     showDays();
@@ -98,7 +97,10 @@ void frmweekv::loadmdayview() {
         addAppointments(Recordset(appointmentsStatement(first), Session().Connection),
                         [](const Recordset& row, const CalendarItem& /*item*/) { return !row["allday"].boolean(); });
     });
-    Ignoring([&] { loadHolidays(first); });
+    Ignoring([&] {
+        for (int day = 0; day < DaysOfWeek; ++day)
+            addHoliday(first.addDays(day));
+    });
     ctMDay1->ClearTimeRanges();
     for (int day = 0; day < DaysOfWeek; ++day)
         LoadWorkSchedule(first.addDays(day));
@@ -109,24 +111,11 @@ void frmweekv::loadmdayview() {
     main().ShowTitle(caption);
 }
 
-void frmweekv::loadHolidays(QDate first) {
-    for (int day = 0; day < DaysOfWeek; ++day) {
-        const QDate date = first.addDays(day);
-        if (const std::optional<QString> holiday = HolidayOn(Session().Connection, date)) {
-            ctMDay1->setHolidayFlag(true);
-            ctMDay1->setDayHeaderColor(ncolor::Holiday);
-            addItem(HolidayBanner(*holiday, date));
-        }
-    }
-}
-
 void frmweekv::LoadWorkSchedule(QDate date) {
     Ignoring([&] {
         const Recordset hours(hoursStatement(date), Session().Connection);
         if (!hours.Eof())
-            shadeAround(hours, [this, date](int from, int until) {
-                ctMDay1->AddTimeRange(from, until, NonWorkingColor, date);
-            });
+            board_->ShadeAround(hours, date);
     });
 }
 

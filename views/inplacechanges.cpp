@@ -1,32 +1,27 @@
 #include "views/inplacechanges.h"
 
 #include "data/pipefields.h"
-
-using db::Value;
+#include "platform/database/rowmerge.h"
 
 namespace {
 
 constexpr int MostTextCharacters = 100;
 
-struct SavedField {
-    const char* column;
-    Value (*of)(const CalendarItem& item);
-};
-
-constexpr SavedField savedFields[] = {
-    {"nStartTime", [](const CalendarItem& item) { return Value(item.ItemStart); }},
-    {"nEndTime", [](const CalendarItem& item) { return Value(item.ItemEnd); }},
-    {"dapptdate", [](const CalendarItem& item) { return Value(item.ItemDay); }},
-    {"cappttext", [](const CalendarItem& item) { return Value(FirstCharacters(item.ItemText)); }},
-    {"CLOCATION", [](const CalendarItem& item) { return Value(item.ItemLocation); }},
-    {"BLOCATEICO", [](const CalendarItem& item) { return Value(item.ItemLocationIcon); }},
-    {"BremindIco", [](const CalendarItem& item) { return Value(item.ItemReminderIcon); }},
-    {"BTentIco", [](const CalendarItem& item) { return Value(item.ItemTentativeIcon); }},
-    {"ncolor", [](const CalendarItem& item) { return Value(item.ItemColor); }},
-    {"CapptNote", [](const CalendarItem& item) { return Value(item.ItemNote.section(QLatin1Char('|'), 0, 1)); }},
-    {"patientid", [](const CalendarItem& item) { return Value(GetPipeField(item.ItemNote, 3)); }},
-    {"PatientAcct", [](const CalendarItem& item) { return Value(GetPipeField(item.ItemNote, 4)); }},
-};
+// The columns that a save writes, as it writes them.
+db::RowState stateOf(const CalendarItem& item) {
+    return {{"nStartTime", item.ItemStart},
+            {"nEndTime", item.ItemEnd},
+            {"dapptdate", item.ItemDay},
+            {"cappttext", FirstCharacters(item.ItemText)},
+            {"CLOCATION", item.ItemLocation},
+            {"BLOCATEICO", item.ItemLocationIcon},
+            {"BremindIco", item.ItemReminderIcon},
+            {"BTentIco", item.ItemTentativeIcon},
+            {"ncolor", item.ItemColor},
+            {"CapptNote", item.ItemNote.section(QLatin1Char('|'), 0, 1)},
+            {"patientid", GetPipeField(item.ItemNote, 3)},
+            {"PatientAcct", GetPipeField(item.ItemNote, 4)}};
+}
 
 }  // namespace
 
@@ -39,14 +34,5 @@ QString FirstCharacters(const QString& text) {
 
 void SetInPlaceChanges(db::Recordset& row, const CalendarItem& before, const CalendarItem& item,
                        const CalendarItem& now) {
-    for (const SavedField& field : savedFields) {
-        const Value wanted = field.of(item);
-        const Value read = field.of(before);
-        const Value present = field.of(now);
-        if (wanted == read)
-            continue;
-        if (present != read && present != wanted)
-            throw db::RowChangedError();
-        row.Set(field.column, wanted);
-    }
+    SetChanges(row, stateOf(before), stateOf(item), stateOf(now));
 }

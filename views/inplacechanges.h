@@ -9,7 +9,7 @@
 
 /// Sets in an appointment's row what the user changed on its item since the row was read: `before` is the item as it
 /// was read, `now` as the row reads at present. What the user left alone keeps what the row holds, and where both made
-/// the same change all is well. Throws RowChangedError where both changed the same thing differently; the row is not to
+/// the same change all is well. Throws db::RowClash where both changed the same thing differently; the row is not to
 /// be updated then.
 ///
 /// The columns are nStartTime, nEndTime, dapptdate, cappttext (its first 100 characters), CLOCATION, BLOCATEICO,

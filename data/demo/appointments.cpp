@@ -12,7 +12,7 @@ namespace demo {
 
 namespace {
 
-// Which rooms are taken on the day that is being written.
+// The rooms that are taken on the day that is being written.
 class RoomDay {
   public:
     bool take(QDate date, int room, int start, int end) {
@@ -33,7 +33,7 @@ class RoomDay {
     std::multimap<int, Hours> taken_;
 };
 
-// The session table's own form of a time.
+// Writes a time as the session table stores it.
 QString sessionTime(int minutes) {
     if (minutes == 720)
         return QStringLiteral("12:00 pm");
@@ -224,7 +224,8 @@ class Writer {
         }
     }
 
-    // The session of a row that is over: 1 and 2 are clinical notes, 6 to 8 notes about a missed appointment.
+    // Chooses the session of a row that is over: types 1 and 2 are clinical notes, 6 to 8 notes about a missed
+    // appointment.
     int addSession(const Booking& booking) {
         const bool over = booking.date < today_ || (booking.date == today_ && booking.end < NowMinute);
         if (booking.kind != BookingKind::Patient || !over)

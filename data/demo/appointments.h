@@ -5,13 +5,13 @@
 
 namespace demo {
 
-/// Draws what a booking that is not arranged by hand still lacks: service, location, note, courtesy call, reminder,
-/// category. Puts the bookings in the order of their days and hours.
+/// Draws the details of bookings that are not arranged by hand: service, location, note, courtesy call, reminder and
+/// category. It sorts the bookings by day and hour.
 void FillDetails(const Practice& practice, std::vector<Booking>& bookings);
 
-/// Writes the bookings, which FillDetails has ordered: appointments, who attends activities and groups, the rooms
-/// booked with them and alone, the sessions of kept and missed ones (their keys are kept in the bookings), and the
-/// audit log of the last days.
+/// Writes the bookings that FillDetails has sorted: appointments, the providers and patients of activities and groups,
+/// the rooms booked with them and alone, the sessions of kept and missed ones (whose keys are stored in the bookings),
+/// and the audit log of the last days.
 void WriteAppointments(const Practice& practice, std::vector<Booking>& bookings, db::Connection& connection);
 
 }  // namespace demo

@@ -149,7 +149,7 @@ void writeProviders(const Practice& practice, Companion& keys, db::Connection& c
         providers.add({provider.first, provider.last});
         keys.providers.push_back(providers.key());
     }
-    // One who works only there.
+    // A provider who works only in the companion.
     providers.add({"Beatriz", "Quintana"});
 }
 
@@ -171,7 +171,7 @@ Companion WriteCompanion(const Practice& practice, db::Connection& companion) {
         const bool paired = provider > 0 && (patient.provider < 2 || random.chance(45));
         keys.clients.push_back(paired ? clients.add(patient, provider) : 0);
     }
-    // Some whom the main database does not know.
+    // Clients whom the main database does not have.
     for (int i = 0; i < 20; ++i) {
         Patient stranger;
         stranger.person = SomePerson(random);

@@ -61,7 +61,7 @@ class TransactionRows {
                  "LastModifiedDate",
                  "UserIdLastModified"}) {}
 
-    /// Nothing for what is not paired and for what is over a year ago.
+    /// Adds nothing for a booking that is not paired or was over a year ago.
     void add(const Booking& booking) {
         if (booking.kind != BookingKind::Patient || booking.date < today_.addDays(-366))
             return;
@@ -160,7 +160,7 @@ class EventRows {
         int series = 0;
     };
 
-    /// `attending` are indexes of providers.
+    /// `attending` holds indexes of providers.
     void add(const Event& event, std::initializer_list<std::size_t> attending) {
         events_.add({event.name, event.first, event.last, at(event.first, event.hours.start),
                      event.hours.end - event.hours.start, event.allDay ? 1 : 0, event.everybody ? 1 : 0,
@@ -203,7 +203,7 @@ void writeSeries(const Practice& practice, const Companion& keys, db::Connection
                         "RecrYearlyWeekday"});
     TableWriter exceptions(companion, "RecurringEventExceptions", {"RecrId", "RExcDate", "ProvId"});
 
-    // The key is asked for before another row is added.
+    // The key must be read before another row is added.
     daily.add({0, 1, 1});
     const int weekdays = daily.key();
     events.add({"Open the office", start, {}, {450, 465}, false, true, false, weekdays}, {0});

@@ -23,7 +23,7 @@ namespace {
 
 constexpr const char* Files[]{"practice.db", "companion.db", "svwsched.ini", "solvane.ini"};
 
-// The folder is named by a dot so that it can be moved as a whole.
+// The folder is named by a dot, so that it can be moved as a whole.
 constexpr char SolvaneIni[] = "[SQLServer]\r\nDataSource=.\r\nInitialCatalog=practice\r\n\r\n[USER]\r\nUID=REED\r\n";
 constexpr char SchedulerIni[] =
     "[PrintLayout]\r\nTitleFont=Arial\r\nTitleFontSize=12\r\nTitleFontBold=True\r\nTitleFontItalic=False\r\n"
@@ -42,7 +42,7 @@ void writeFile(const QString& path, const char* text) {
             QStringLiteral("%1 cannot be written: %2.").arg(path, file.errorString()).toStdString());
 }
 
-// solvane.ini goes last. What was moved before a failure is taken out again.
+// Moves the files in, solvane.ini last. After a failure, the files that were already moved are removed again.
 void moveAllIn(const QDir& from, const QDir& to) {
     QStringList moved;
     for (const char* name : Files) {

@@ -44,7 +44,7 @@ void MakeGroups(Practice& practice) {
                 if (practice.patients[static_cast<std::size_t>(patient)].archived || !chosen.insert(patient).second)
                     continue;
                 Group::Member member{patient, today.addDays(-random.between(20, 420)), {}};
-                // The first six stay; of the rest some have left and some have a last day.
+                // The first six members stay. Of the others, some have left and some have a last day.
                 if (chosen.size() > 6 && random.chance(50))
                     member.until = random.chance(50) ? today.addDays(-random.between(1, 15))
                                                      : today.addDays(random.between(20, 120));

@@ -5,10 +5,10 @@
 
 namespace demo {
 
-/// Eight groups for each size of the practice, led by its providers; REED's meets on today's day of the week. Needs
-/// providers and patients.
+/// Makes eight groups for each size of the practice, led by its providers. REED's group meets on today's day of the
+/// week. It needs providers and patients.
 void MakeGroups(Practice& practice);
-/// Groups and their members, with the groups' keys kept in the practice.
+/// Writes the groups and their members, and stores the groups' keys in the practice.
 void WriteGroups(Practice& practice, db::Connection& connection);
 
 }  // namespace demo

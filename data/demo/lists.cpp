@@ -14,7 +14,7 @@ struct KnownService {
     int minutes;
 };
 
-// Codes of the usual form with names of no catalogue.
+// Codes in the usual form, with names from no catalogue.
 constexpr KnownService Services[]{{"90710", "Intake Interview", 80},
                                   {"90730", "Individual Session", 50},
                                   {"90732", "Individual Session, Short", 30},
@@ -28,7 +28,7 @@ constexpr KnownService Services[]{{"90710", "Intake Interview", 80},
                                   {"90780", "Crisis Session", 60},
                                   {"90790", "Case Consultation", 30}};
 
-// Windows colour values, blue in the high byte; none is a status code.
+// Windows colour values with blue in the high byte. None of them is a status code.
 constexpr std::pair<const char*, int> Categories[]{{"Intake Slot", 0x80C0FF},      {"Family Session", 0xE0B0F0},
                                                    {"Medication Check", 0xD8E8A0}, {"Testing Block", 0xF0D890},
                                                    {"School Meeting", 0x90E8F8},   {"Telehealth", 0xF8C8B0},
@@ -73,7 +73,7 @@ void writeNames(db::Connection& connection, const char* table, const char* colum
         writer.add({QString::fromUtf8(name)});
 }
 
-// The fourth Thursday of November; the first Monday of September.
+// Returns the n-th weekday of a month, such as the fourth Thursday of November.
 QDate nthWeekday(int year, int month, int dayOfWeek, int n) {
     const QDate first(year, month, 1);
     return first.addDays((dayOfWeek - first.dayOfWeek() + 7) % 7 + (n - 1) * 7);

@@ -6,8 +6,8 @@
 
 namespace demo {
 
-/// An invented person. Any likeness with somebody alive is chance: first and last names are drawn apart, from names of
-/// many languages, with apostrophes, hyphens, accents and a few very long ones among them.
+/// An invented person. Any likeness to a living person is chance: first and last names are drawn separately, from names
+/// of many languages, with apostrophes, hyphens, accents and a few very long ones among them.
 struct Person {
     QString first;
     QString last;
@@ -18,7 +18,7 @@ struct Person {
 [[nodiscard]] Person SomePerson(Random& random);
 
 struct Address {
-    QString street;  ///< Now and then of two lines.
+    QString street;  ///< Sometimes two lines.
     QString city;
     QString state;
     QString zip;
@@ -26,16 +26,17 @@ struct Address {
 
 [[nodiscard]] Address SomeAddress(Random& random);
 
-/// Ten digits with the exchange 555, as the notes product stores a telephone; `extension` puts up to four behind them.
+/// Returns ten digits with the exchange 555, as the notes product stores a telephone. With `extension` up to four
+/// digits follow.
 [[nodiscard]] QString SomePhone(Random& random, bool extension = false);
 
-/// "(414) 555-0134": ten digits as the practice's mask shows them, with an extension behind a blank.
+/// Returns "(414) 555-0134": ten digits in the practice's mask, with an extension after a blank.
 [[nodiscard]] QString PhoneText(const QString& digits);
 
-/// "last, first M.", as the calendar shows a patient.
+/// Returns "last, first M.", as the calendar shows a patient.
 [[nodiscard]] QString DisplayName(const Person& person);
 
-/// An address at a domain that can never receive mail.
+/// Returns an address at a domain that can never receive mail.
 [[nodiscard]] QString SomeEmail(const Person& person, Random& random);
 
 }  // namespace demo

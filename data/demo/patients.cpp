@@ -131,7 +131,7 @@ class PatientRows {
             alerts_.add({patient.id, "Appointment", 0, nullptr, nullptr, random_.pick(AppointmentAlerts)});
     }
 
-    // A few are used up and a few are over.
+    // A few authorizations are used up and a few have ended.
     void addAuthorization(const Patient& patient) {
         const QDate start = today_.addDays(-random_.between(10, 400));
         const int remaining = random_.chance(12) ? 0 : random_.between(1, 24);
@@ -163,7 +163,7 @@ void MakePatients(Practice& practice) {
         patient.homePhone = random.chance(92) ? SomePhone(random) : QString();
         patient.workPhone = random.chance(35) ? SomePhone(random, random.chance(40)) : QString();
         patient.provider = random.between(0, providers - 1);
-        // A trainee sees few.
+        // A trainee sees only a few patients.
         if (practice.providers[static_cast<std::size_t>(patient.provider)].work == Work::Trainee && random.chance(70))
             patient.provider = random.between(0, 1);
         patient.archived = random.chance(8);

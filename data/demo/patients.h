@@ -5,9 +5,9 @@
 
 namespace demo {
 
-/// The patients, each with a provider in charge. Needs providers and services.
+/// Makes the patients, each with a provider in charge. It needs providers and services.
 void MakePatients(Practice& practice);
-/// Their rows, episodes, further providers' access, alerts and authorizations.
+/// Writes the patients' rows, episodes, further providers' access, alerts and authorizations.
 void WritePatients(const Practice& practice, db::Connection& connection);
 
 }  // namespace demo

@@ -35,7 +35,7 @@ constexpr KnownProvider KnownProviders[]{
     {"VIEW", "Wren", "Dalca", "Practicum", Work::Trainee},
 };
 
-// Working weeks: a gap in some, a day off in most, an evening or a Saturday in a few.
+// Working weeks: some have a gap, most a day off, a few an evening or a Saturday.
 void giveHours(Provider& provider, std::size_t index) {
     static constexpr Hours Weeks[][8]{
         {{}, {0, 0}, {510, 1080}, {480, 1020}, {510, 1080}, {480, 1020}, {480, 1020}, {0, 0}},
@@ -48,7 +48,7 @@ void giveHours(Provider& provider, std::size_t index) {
     };
     const auto& week = Weeks[index % std::size(Weeks)];
     std::copy(std::begin(week), std::end(week), provider.hours.begin());
-    // REED is who a first look shows and works every weekday.
+    // REED is the provider whom a new user sees first, and works every weekday.
     if (provider.id == QLatin1String("REED"))
         provider.hours = {Hours{}, {0, 0}, {480, 1080}, {480, 1080}, {480, 1080}, {480, 1080}, {480, 1080}, {0, 0}};
 }
@@ -120,7 +120,7 @@ void WriteProviders(const Practice& practice, db::Connection& connection) {
         addUser(userOf(provider));
         for (int day = 1; day <= 7; ++day) {
             const Hours& work = provider.hours[static_cast<std::size_t>(day)];
-            // A trainee's week is not laid down; a day off of the others is a row without a start.
+            // A trainee has no fixed week. A day off of the others is a row without a start.
             if (provider.work == Work::Trainee || (work.end == 0 && (day == 1 || day == 7)))
                 continue;
             if (work.end == 0)
@@ -129,7 +129,7 @@ void WriteProviders(const Practice& practice, db::Connection& connection) {
                 hours.add({provider.id, day, work.start, work.end});
         }
     }
-    // One who has left, with an inactive user, and the desk, whom nobody books.
+    // One provider has left and has an inactive user. Nobody books the desk.
     providers.add({"HARGROVE", "Hargrove", "Edmund", "Hargrove", "Psychology", 1, 0});
     addUser({QStringLiteral("HARGROVE")});
     providers.add({"DESK", "Front Desk", "Rosalind", "Quirk", "Office", 0, 1});

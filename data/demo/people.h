@@ -8,8 +8,9 @@ namespace demo {
 /// The password of every user of the demo.
 inline constexpr char DemoPassword[] = "demo";
 
-/// The fourteen providers (REED and LANE first), once more for each further size, with their hours and their users;
-/// and the users ADMIN (administrator), DESK (front desk, everybody's schedule) and VIEW (a trainee who may only look).
+/// Makes the fourteen providers (REED and LANE first), once more for each further size, with their hours and their
+/// users. It also makes the users ADMIN (administrator), DESK (front desk, everybody's schedule) and VIEW (a trainee
+/// who may only look).
 void MakeProviders(Practice& practice);
 void WriteProviders(const Practice& practice, db::Connection& connection);
 

@@ -11,16 +11,17 @@
 
 namespace demo {
 
-/// How many appointments the practice of today has: a year back and half a year ahead.
+/// The number of appointments in the usual demo: a year back and half a year ahead.
 inline constexpr int UsualAppointments = 40500;
 
 struct Options {
     std::uint64_t seed = 1;
-    int appointments = UsualAppointments;  ///< About; more of them lengthen the past to ten years, then add providers.
-    QDate today;                           ///< The practice is dated around this day.
+    /// The approximate number. A larger one lengthens the past up to ten years and then adds providers.
+    int appointments = UsualAppointments;
+    QDate today;  ///< The day around which the practice is dated.
 };
 
-/// A stretch of one day in minutes since midnight; end 0 means a day off.
+/// A stretch of one day in minutes since midnight. An end of 0 means a day off.
 struct Hours {
     int start = 0;
     int end = 0;
@@ -33,8 +34,8 @@ struct Provider {
     QString first, last;
     QString discipline;
     Work work = Work::Therapist;
-    std::array<Hours, 8> hours{};  ///< By day of the week, 1 Sunday to 7 Saturday; 0 is unused.
-    int room = 0;                  ///< Index of the room used most.
+    std::array<Hours, 8> hours{};  ///< By day of the week, 1 Sunday to 7 Saturday; index 0 is unused.
+    int room = 0;                  ///< Index of the room that the provider uses most.
     bool archived = false;
 };
 
@@ -59,6 +60,7 @@ struct Category {
     int color = 0;
 };
 
+/// A therapy group and its members.
 struct Group {
     int key = 0;
     QString name;
@@ -75,7 +77,7 @@ struct Group {
 
 enum class BookingKind { Patient, Group, Activity, Unavailable, TypeSlot };
 
-/// One row of `appointments` before it is written, and what goes with it in other tables.
+/// One row of `appointments` before it is written, with its data for other tables.
 struct Booking {
     QDate date;
     int start = 0;
@@ -87,23 +89,23 @@ struct Booking {
     int group = -1;     ///< Index into groups.
     int category = -1;  ///< Index into categories.
     int service = -1;   ///< Index into services.
-    int series = -1;    ///< Rows of one number are one repeating series.
+    int series = -1;    ///< Rows with the same number are one repeating series.
     int room = -1;      ///< Index into rooms.
-    int session = 0;    ///< Key of its row in sessions once written; 0 for none.
+    int session = 0;    ///< Key of its row in sessions, once that is written; 0 for none.
     bool reminder = false;
     bool allDay = false;
-    bool locked = false;  ///< Arranged by hand: nothing is drawn for it.
-    QString text;         ///< Of an activity or of unavailable time.
-    QString note;         ///< Free text.
-    QString location;
+    bool locked = false;         ///< Arranged by hand, so that no details are drawn for it.
+    QString text;                ///< The text of an activity or of unavailable time.
+    QString note;                ///< Free text.
+    QString location;            ///< A location's name.
     QString callStatus;          ///< A CallCode.
-    std::vector<int> attending;  ///< Providers of an activity.
+    std::vector<int> attending;  ///< The providers who attend an activity.
 };
 
-/// The practice as it is made up, before and while it is written.
+/// The invented practice, before and while it is written.
 struct Practice {
     Options options;
-    QDate firstDay, lastDay;  ///< The days that appointments fall on.
+    QDate firstDay, lastDay;  ///< The first and the last day with appointments.
     int size = 1;             ///< How many times the usual fourteen providers work here.
     std::vector<Provider> providers;
     std::vector<Patient> patients;
@@ -115,10 +117,10 @@ struct Practice {
     std::vector<QString> roomNames;
 };
 
-/// The clock of the demo stands at this minute of the day: rows before it are over.
+/// The minute of the day at which the demo's clock stands. Rows before it are over.
 inline constexpr int NowMinute = 10 * 60 + 40;
 
-/// 1 Sunday to 7 Saturday.
+/// Returns the day of the week, 1 Sunday to 7 Saturday.
 [[nodiscard]] inline int Weekday(QDate date) {
     return date.dayOfWeek() % 7 + 1;
 }

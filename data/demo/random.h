@@ -7,17 +7,17 @@
 
 namespace demo {
 
-/// A stream of random choices that is the same on every machine for a seed and a subject. Each subject of the practice
-/// draws from a stream of its own, so that a change in one leaves the rows of the others as they were.
+/// A stream of random choices. It is the same on every computer for a given seed and subject. Each subject of the
+/// practice uses a stream of its own, so that a change in one leaves the rows of the others unchanged.
 class Random {
   public:
     Random(std::uint64_t seed, std::string_view subject);
 
-    /// A whole number from low to high, both included.
+    /// Returns a whole number from low to high, both included.
     int between(int low, int high);
-    /// True in `percent` of 100 cases.
+    /// Returns true in `percent` of 100 cases.
     bool chance(int percent) { return between(1, 100) <= percent; }
-    /// An index into weights, each in proportion to its weight.
+    /// Returns an index into `weights`. Each index is as likely as its weight.
     std::size_t weighted(const std::vector<int>& weights);
 
     template <typename List>

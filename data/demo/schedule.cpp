@@ -19,11 +19,11 @@ bool overlaps(const Hours& a, int start, int end) {
     return a.start < end && start < a.end;
 }
 
-// What stands at one time of the week: somebody's series, and who comes once in its place.
+// The patient who has one time of the week: a series, or a single appointment in its place.
 struct Slot {
     Hours hours;
     int patient = -1;
-    int left = 0;      // Appointments of the series still to come.
+    int left = 0;      // Appointments of the series that are still to come.
     int interval = 1;  // Weeks.
     int phase = 0;
     int series = -1;
@@ -87,7 +87,7 @@ class ProviderWeeks {
         return std::find(vacations_.begin(), vacations_.end(), week) != vacations_.end();
     }
 
-    // The times that this provider sees patients at on one day of the week, around lunch and the provider's groups.
+    // The times of one day of the week at which this provider sees patients, around lunch and the provider's groups.
     void layOut(int day) {
         const Hours& work = who_.hours[static_cast<std::size_t>(day)];
         int step = 60, length = 50;
@@ -137,13 +137,13 @@ class ProviderWeeks {
         } else {
             fillOnce(slot, date, week);
         }
-        // Now and then somebody is squeezed in over it.
+        // Now and then another appointment is booked over it.
         if (random_.chance(1))
             addPatient(date, {slot.hours.start + 15, slot.hours.end + 15}, somebody());
     }
 
-    // A slot that no series holds: a new series begins, somebody comes once, the time is set aside, or it stays free.
-    // The farther ahead, the emptier.
+    // Fills a slot without a series: a new series begins, a patient comes once, the time is set aside, or it stays
+    // free. Slots farther ahead are emptier.
     void fillOnce(Slot& slot, QDate date, int week) {
         const int ahead = static_cast<int>(practice_.options.today.daysTo(date)) / 7;
         const bool between = slot.left > 0;
@@ -256,13 +256,13 @@ Booking meeting(const QString& text, QDate date, const Hours& hours, std::vector
     return booking;
 }
 
-// The weekly staff meeting of all who work that day, and the small ones of a few.
+// Makes the weekly staff meeting of everybody who works that day, and the small meetings of a few.
 void addMeetings(const Practice& practice, Random& random, std::vector<Booking>& out) {
     const QDate today = practice.options.today;
     for (QDate date = practice.firstDay; date <= practice.lastDay; date = date.addDays(1)) {
         std::vector<int> working;
         for (std::size_t i = 0; i < practice.providers.size(); ++i) {
-            // REED's today is arranged apart.
+            // REED's day of today is arranged separately.
             const bool showDay = i == 0 && date == today;
             if (practice.providers[i].hours[static_cast<std::size_t>(Weekday(date))].end > 0 && !showDay)
                 working.push_back(static_cast<int>(i));

@@ -88,7 +88,7 @@ class ShowDay {
     std::vector<Booking> bookings_;
 };
 
-// REED's eight o'clock of today comes every week, four times before and six times after.
+// REED's patient of eight o'clock today comes every week, four times before today and six times after.
 void addSeries(const Practice& practice, std::vector<Booking>& bookings) {
     Booking model;
     for (const Booking& booking : bookings) {

@@ -9,14 +9,14 @@
 
 namespace demo {
 
-/// Adds rows to one table of an open connection, by bound values. The columns are named once; values follow in their
-/// order.
+/// Adds rows to one table of an open connection, by bound values. The columns are named once, and the values follow in
+/// their order.
 class TableWriter {
   public:
     TableWriter(db::Connection& connection, const char* table, std::initializer_list<const char*> columns);
 
     void add(std::initializer_list<db::Value> values);
-    /// The key that the database gave to the row added last, on any table of the connection.
+    /// Returns the key that the database assigned to the row added last, on any table of the connection.
     [[nodiscard]] int key() const;
 
   private:
@@ -24,15 +24,15 @@ class TableWriter {
     QString statement_;
 };
 
-/// The same for many rows, which wait until there are as many as go together well; finish() sends the rest.
+/// Adds many rows to a table. The rows wait until enough can be sent together; finish() sends the rest.
 class BatchWriter {
   public:
     BatchWriter(db::Connection& connection, const char* table, std::initializer_list<const char*> columns);
 
     void add(std::initializer_list<db::Value> values);
-    /// The key that the row added last has, or will have once it is sent: rows are numbered in their order.
+    /// Returns the key that the row added last has or will have when it is sent. Rows are numbered in their order.
     [[nodiscard]] int key();
-    /// Sends what waits. Throws std::runtime_error where a row was given another key than told.
+    /// Sends the rows that wait. Throws std::runtime_error when a row was given another key than key() announced.
     void finish();
 
   private:
@@ -41,7 +41,7 @@ class BatchWriter {
     QStringList columns_;
     std::vector<std::vector<db::Value>> waiting_;
     int added_ = 0;
-    std::optional<int> keyBefore_;  ///< The first row's less one, once a key was asked for.
+    std::optional<int> keyBefore_;  ///< The key before the first row's, once a key was asked for.
 };
 
 }  // namespace demo

@@ -5,7 +5,7 @@
 
 namespace demo {
 
-/// The providers' tasks of every priority, some done, some overdue; REED has the most.
+/// Writes the providers' tasks of every priority. Some are done and some overdue, and REED has the most.
 void WriteTasks(const Practice& practice, db::Connection& connection);
 
 }  // namespace demo

@@ -18,7 +18,7 @@ bool complain(const QString& text) {
     return false;
 }
 
-/// The tables of a practice that works already.
+/// Mends the tables of a practice that already works with them.
 bool mend(db::Connection& connection) {
     const qint64 mended = MendAppointments(connection);
     say(QStringLiteral("The main database has its tables already, and they were left as they are."));

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// One item of a calendar, known by its index; it goes invalid when the index means nothing any more.
+/// One item of a calendar, identified by its index. It becomes invalid when no item has that index any more.
 class AccessibleItem : public QAccessibleInterface, public QAccessibleActionInterface {
   public:
     AccessibleItem(ctMDay* calendar, int index) : calendar_(calendar), index_(index) {}
@@ -83,7 +83,8 @@ class AccessibleItem : public QAccessibleInterface, public QAccessibleActionInte
     int index_;
 };
 
-/// The calendar. Its children are the shown items in the order of Tab; their interfaces are made when asked for.
+/// The calendar. Its children are the shown items in the order of Tab. Their interfaces are created when they are asked
+/// for.
 class AccessibleCalendar : public QAccessibleWidget {
   public:
     explicit AccessibleCalendar(ctMDay* calendar) : QAccessibleWidget(calendar, QAccessible::List) {}
@@ -138,7 +139,7 @@ class AccessibleCalendar : public QAccessibleWidget {
     [[nodiscard]] QAccessibleInterface* itemInterface(int index) const {
         if (const auto known = ids_.find(index); known != ids_.end())
             return QAccessible::accessibleInterface(known->second);
-        auto* made = new AccessibleItem(calendar(), index);  // Owned by QAccessible's register from here on.
+        auto* made = new AccessibleItem(calendar(), index);  // QAccessible's registry owns it from here on.
         ids_[index] = QAccessible::registerAccessibleInterface(made);
         return made;
     }

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// No line of a card is wider than so many characters; shaping more is time for nothing.
+/// No line of a card shows more characters than this, and shaping more would waste time.
 constexpr int MostCharacters = 300;
 
 QPainterPath Outline(const QRectF& rect, const CardState& state, double radius) {
@@ -21,7 +21,7 @@ QPainterPath Outline(const QRectF& rect, const CardState& state, double radius) 
     path.addRoundedRect(rect, round, round);
     if (!state.cutTop && !state.cutBottom)
         return path;
-    // A card that goes on outside the grid is cut straight.
+    // A card that continues outside the grid has straight corners there.
     path.setFillRule(Qt::WindingFill);
     if (state.cutTop)
         path.addRect(QRectF(rect.topLeft(), QSizeF(rect.width(), round)));
@@ -53,7 +53,7 @@ void PaintBox(QPainter& painter, const QRectF& rect, const CalendarItem& item, c
     const QColor fill = state.hovered && !state.selected ? Mixed(colors.fill, colors.pattern, 0.6) : colors.fill;
     const double edge = std::min<double>(style.edgeWidth, rect.width() / 4);
     painter.setRenderHint(QPainter::Antialiasing);
-    // Edge and fill are one shape cut by straight clips: rounded clips cost many times as much.
+    // Edge and fill are one shape with straight clips, because rounded clips cost many times as much.
     painter.save();
     painter.setClipRect(QRectF(rect.left() - 1, rect.top() - 1, edge + 1, rect.height() + 2), Qt::IntersectClip);
     painter.fillPath(outline, colors.edge);
@@ -70,7 +70,7 @@ void PaintBox(QPainter& painter, const QRectF& rect, const CalendarItem& item, c
     painter.drawPath(outline);
 }
 
-/// Paints the glyphs from the right end of the line, as many as fit into `room`, and returns what is left of the line.
+/// Paints as many glyphs from the right end of the line as fit into `room`, and returns the rest of the line.
 QRect PaintGlyphs(QPainter& painter, QRect line, int room, const CalendarItem& item, const QColor& color,
                   const CalendarStyle& style) {
     const int side = std::min(style.icon, line.height());
@@ -89,7 +89,7 @@ QRect PaintGlyphs(QPainter& painter, QRect line, int room, const CalendarItem& i
 QString ShortenedTo(int width, const QString& text, const QFontMetrics& metrics) {
     if (width >= metrics.averageCharWidth() * 6)
         return metrics.elidedText(text, Qt::ElideRight, width);
-    // In a sliver three letters say more than one letter and dots.
+    // In a very narrow card three letters say more than one letter and dots.
     QString letters = text.left(8);
     while (!letters.isEmpty() && metrics.horizontalAdvance(letters) > width)
         letters.chop(1);
@@ -104,7 +104,7 @@ void DrawLine(QPainter& painter, const QRect& line, const QString& text, const Q
     painter.setPen(color);
     const QFontMetrics metrics = painter.fontMetrics();
     const QString shown = ShortenedTo(line.width(), text, metrics);
-    // Drawing from a point spares the layout that drawing into a rectangle makes.
+    // Drawing from a point avoids the text layout that drawing into a rectangle makes.
     painter.drawText(QPointF(line.left(), line.top() + (line.height() - metrics.height()) / 2.0 + metrics.ascent()),
                      shown);
 }
@@ -128,7 +128,7 @@ class CardText {
             font_.setStrikeOut(true);
         QRect line = firstLine(rect, inner);
         const int linesBelow = (rect.bottom() - line.bottom()) / style_.smallLine;
-        // A narrow card keeps its first line for the name and has its glyphs below, where there is height for that.
+        // A narrow card keeps its first line for the name and shows its glyphs below, where the height allows it.
         const bool narrow = inner.width() < style_.icon * 7 && linesBelow >= 2;
         const int room =
             narrow ? 0 : std::max(inner.width() - style_.icon * 5, inner.width() > style_.icon * 2 ? style_.icon : 0);
@@ -150,7 +150,7 @@ class CardText {
         return {inner.left(), rect.top() + top, inner.width(), style_.textLine};
     }
 
-    /// The longest way to tell the time that fits.
+    /// Returns the longest text for the time that fits.
     [[nodiscard]] QString timeFor(int width) const {
         // Whole pixels are too rough: a time that is a part of a pixel too long would be shortened once more.
         const QFontMetricsF small(style_.small);
@@ -218,7 +218,7 @@ void PaintCard(QPainter& painter, const QRect& rect, const CalendarItem& item, c
 void PaintBanner(QPainter& painter, const QRect& rect, const CalendarItem& item, const CardState& state,
                  const CalendarStyle& style) {
     CalendarItem banner = item;
-    // A banner has no times: it lasts the day.
+    // A banner lasts the whole day and shows no times.
     banner.ItemBackColor = item.ItemBackColor.value_or(item.ItemColor);
     CardColors colors = CardColorsFor(banner, style.base, style.ink);
     painter.save();

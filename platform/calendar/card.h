@@ -8,27 +8,27 @@
 
 class QPainter;
 
-/// How an item's card is painted, besides what the item says.
+/// The state in which an item's card is painted.
 struct CardState {
     bool selected = false;
     bool hovered = false;
-    bool focused = false;  ///< Selected, and the calendar has the keyboard.
-    bool cutTop = false;   ///< Goes on before the grid.
-    bool cutBottom = false;
-    bool ghost = false;  ///< Where a drag would drop it: framed like the focused one.
+    bool focused = false;    ///< Selected, while the calendar has the keyboard.
+    bool cutTop = false;     ///< The item begins before the grid.
+    bool cutBottom = false;  ///< The item ends after the grid.
+    bool ghost = false;      ///< The place of a drop, framed like a focused card.
     bool twentyFourHour = false;
-    int start = 0;  ///< The times it shows.
+    int start = 0;  ///< The times that the card shows, in minutes since midnight.
     int end = 0;
 };
 
-/// Paints the card of an item: edge, tint, text with time and place as far as there is room, glyphs at the right. A low
-/// or narrow card shows less, never half a line.
+/// Paints the card of an item: its edge, tint, text with time and place as far as there is room, and glyphs at the
+/// right. A low or narrow card shows less, but never half a line.
 void PaintCard(QPainter& painter, const QRect& rect, const CalendarItem& item, const CardState& state,
                const CalendarStyle& style);
 
-/// Paints one line for an item that has no place in the grid: a banner.
+/// Paints a banner: one line for an item that has no place in the grid.
 void PaintBanner(QPainter& painter, const QRect& rect, const CalendarItem& item, const CardState& state,
                  const CalendarStyle& style);
 
-/// One line of text for painting, no longer than a screen can hold.
+/// Returns a text as one line for painting, no longer than a screen can hold.
 QString PaintedLine(const QString& text);

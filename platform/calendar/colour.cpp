@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Linear light by channel value; cards ask for it by the thousand.
+/// Returns the linear light for each channel value. It is a table, because cards need it thousands of times.
 const std::array<double, 256>& LinearLight() {
     static const std::array<double, 256> table = [] {
         std::array<double, 256> light{};
@@ -29,12 +29,12 @@ double Luminance(const QColor& color) {
     return 0.2126 * Linear(color.red()) + 0.7152 * Linear(color.green()) + 0.0722 * Linear(color.blue());
 }
 
-/// Black or white, whichever is further from the colour: one of them always has a contrast of at least 4.58.
+/// Returns black or white, whichever has more contrast to the colour. That contrast is always at least 4.58.
 QColor FurtherEnd(const QColor& color) {
     return ContrastRatio(color, Qt::black) >= ContrastRatio(color, Qt::white) ? Qt::black : Qt::white;
 }
 
-/// A bar must be seen beside its own card, also a white one on white.
+/// Returns the colour of a bar that can be seen beside its own card, even a white bar on white.
 QColor VisibleOn(const QColor& background, const QColor& color) {
     constexpr double Visible = 2.2;
     for (int tenths = 0; tenths < 10; ++tenths) {
@@ -45,7 +45,8 @@ QColor VisibleOn(const QColor& background, const QColor& color) {
     return FurtherEnd(background);
 }
 
-/// Hatching that takes nothing from the text: a little towards the text where there is contrast to spare, else away.
+/// Returns a hatching colour that keeps the text readable: a little towards the text where there is contrast to spare,
+/// else away from it.
 QColor PatternOn(const QColor& fill, const QColor& text) {
     const QColor towards = Mixed(fill, text, 0.10);
     if (ContrastRatio(towards, text) >= ReadableContrast)
@@ -53,7 +54,7 @@ QColor PatternOn(const QColor& fill, const QColor& text) {
     return Mixed(fill, Luminance(text) > Luminance(fill) ? Qt::black : Qt::white, 0.18);
 }
 
-/// The text, as much quieter as stays readable on the fill and on its pattern.
+/// Returns the text's colour, dimmed as far as it stays readable on the fill and on its pattern.
 QColor DimmedOn(const QColor& fill, const QColor& pattern, const QColor& text) {
     for (int percent = 30; percent > 0; percent -= 5) {
         const QColor candidate = Mixed(text, fill, percent / 100.0);
@@ -66,7 +67,7 @@ QColor DimmedOn(const QColor& fill, const QColor& pattern, const QColor& text) {
 }  // namespace
 
 QColor ColorFromWindows(int value) {
-    // A type that was given white, which is taken, has the number after it.
+    // White itself has another meaning, so a type with the colour white is stored as the number after it.
     constexpr int WhiteOfAType = 0x1000000;
     if (value == WhiteOfAType)
         return Qt::white;

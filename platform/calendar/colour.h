@@ -4,33 +4,34 @@
 
 struct CalendarItem;
 
-/// The least contrast of text against what lies behind it.
+/// The least contrast of text against its background.
 inline constexpr double ReadableContrast = 4.5;
 
-/// The colour of a Windows colour value 0xBBGGRR; higher bits (system colours, status codes) are ignored.
+/// Returns the colour of a Windows colour value 0xBBGGRR. Higher bits (system colours, status codes) are ignored, with
+/// one exception: 0x1000000, which is stored for a type with the colour white, is white.
 QColor ColorFromWindows(int value);
 
-/// Contrast of two opaque colours by their relative luminance, 1 (equal) to 21 (black on white).
+/// Returns the contrast of two opaque colours by their relative luminance, from 1 (equal) to 21 (black on white).
 double ContrastRatio(const QColor& one, const QColor& other);
 
-/// `from` with the share (0 to 1) of `to` mixed in.
+/// Returns `from` with the share (0 to 1) of `to` mixed in.
 QColor Mixed(const QColor& from, const QColor& to, double share);
 
-/// `preferred`, moved towards black or white only as far as it must to be readable on the background.
+/// Returns `preferred`, moved towards black or white only as far as needed to be readable on the background.
 QColor ReadableOn(const QColor& background, const QColor& preferred);
 
 /// The colours of an item's card.
 struct CardColors {
     QColor fill;
-    QColor pattern;  ///< Hatching over the fill; the text is readable on it too.
+    QColor pattern;  ///< The colour of hatching over the fill. The text is readable on it too.
     QColor edge;     ///< The strong bar at the left.
     QColor outline;
     QColor text;
-    QColor dimText;  ///< Second line.
+    QColor dimText;  ///< The colour of the second line.
 
     friend bool operator==(const CardColors&, const CardColors&) = default;
 };
 
-/// Whatever colours a practice has picked, text and dimText have ReadableContrast against fill and pattern. `base` and
-/// `text` are the palette's, light or dark.
+/// Returns the colours of an item's card. Whatever colours a practice has picked, `text` and `dimText` have
+/// ReadableContrast against `fill` and `pattern`. The arguments `base` and `text` are the palette's, light or dark.
 CardColors CardColorsFor(const CalendarItem& item, const QColor& base, const QColor& text);

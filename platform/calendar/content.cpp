@@ -36,7 +36,7 @@ CalendarContent CalendarContent::pageOf(int first, int count) const {
             continue;
         page.items.push_back(item);
         page.items.back().ItemColumn = column;
-        // Where an item begins before the day, nobody knows when it is.
+        // An item that begins before 0 has no known time.
         if (item.ItemBanner || item.ItemStart < 0)
             continue;
         const int start = std::clamp(item.ItemStart, 0, 1439);

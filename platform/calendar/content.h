@@ -6,34 +6,34 @@
 
 #include "platform/calendar/item.h"
 
-/// The Windows value for "the system's information colour": the theme's own colour is used.
+/// The Windows value of the system's information colour. The theme's own colour is used in its place.
 inline constexpr int SystemInfoColor = static_cast<int>(0x80000018U);
 
-/// A column of a calendar: a day, or a titled one (a provider, a room) on the calendar's date.
+/// A column of a calendar: a day, or a titled column (a provider, a room) on the calendar's date.
 struct CalendarColumn {
-    QString title;  ///< Empty: the heading tells the day.
+    QString title;  ///< Empty for a day, whose heading is its date.
     QDate day;
 
     friend bool operator==(const CalendarColumn&, const CalendarColumn&) = default;
 };
 
-/// A painted range of time, both minutes included.
+/// A painted range of time. Both minutes belong to it.
 struct TimeRange {
     int start = 0;
     int end = 0;
     int color = 0;   ///< 0xBBGGRR.
-    int column = 0;  ///< 1-based; 0: every column, or that of `day` where it is set.
+    int column = 0;  ///< From 1. 0 means every column, or the column of `day` where it is set.
     QDate day;
 
     friend bool operator==(const TimeRange&, const TimeRange&) = default;
 };
 
-/// Everything a calendar shows, as plain values.
+/// The content of a calendar as plain values.
 struct CalendarContent {
     QDate date;
     std::vector<CalendarItem> items;
-    std::vector<CalendarColumn> columns;  ///< At least one, but for providers when all are filtered out.
-    bool dayColumns = true;               ///< The columns stand for days, from `date` on; else they are titled.
+    std::vector<CalendarColumn> columns;  ///< Empty only for providers that are all filtered out.
+    bool dayColumns = true;               ///< Whether the columns are days, from `date` on, or titled.
     std::vector<TimeRange> ranges;
     int firstTime = 8 * 60;
     int lastTime = 18 * 60 - 1;
@@ -46,14 +46,14 @@ struct CalendarContent {
     bool holidayFlag = false;
     QString headingFormat;
 
-    /// First minute of the grid: firstTime, brought into the day.
+    /// Returns the first minute of the grid: firstTime, brought into the day.
     [[nodiscard]] int gridStart() const;
-    /// Minute at which the grid ends, at least one interval after its start and at most 1440.
+    /// Returns the minute at which the grid ends: at least one interval after its start and at most 1440.
     [[nodiscard]] int gridEnd() const;
-    /// The 1-based column in which the item stands; 0 when it has none (a day that is not shown, a column past the
+    /// Returns the column of the item, from 1, or 0 when it has none (its day is not shown, or its column is past the
     /// last).
     [[nodiscard]] int columnOf(const CalendarItem& item) const;
-    /// Only `count` columns from `first` on (1-based), with their items and ranges, and with hours so wide that every
-    /// item is inside: nobody can scroll paper.
+    /// Returns the content of `count` columns from `first` (from 1) on, with their items and ranges. The hours are
+    /// widened so that every item is inside, because paper cannot be scrolled.
     [[nodiscard]] CalendarContent pageOf(int first, int count) const;
 };

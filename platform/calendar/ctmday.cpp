@@ -7,7 +7,7 @@
 #include "platform/desktop/desktop.h"
 
 ctMDay::ctMDay(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) {
-    InstallCalendarAccessibility();  // Before anything is told to a screen reader.
+    InstallCalendarAccessibility();  // Must come before anything is told to a screen reader.
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);

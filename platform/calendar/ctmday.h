@@ -15,15 +15,15 @@
 class QLineEdit;
 class QScrollBar;
 
-/// One day in a column, days as columns (a week), or providers as columns: a time grid with items.
+/// A time grid with items in one column (a day), in days as columns (a week), or in providers as columns.
 ///
-/// Items are counted from 1 in the order they were added; RemoveItem moves the later ones down by one. A wrong index is
-/// harmless: it reads as an empty item, and what is written to it is lost. Selecting an item and selecting a range of
-/// time exclude each other.
+/// Items are counted from 1 in the order in which they were added. RemoveItem moves the later ones down by one. A wrong
+/// index is harmless: it reads as an empty item, and a change of that item is lost. Items before and after the hours
+/// shown are counted in strips above and below the grid. An item and a range of time are never selected at once.
 ///
-/// Signals marked (last) are the last thing that a mouse or key event does here, so that a view may open boxes and
-/// dialogs, reload or remove items there. They never wait for the next event: what was typed ahead while the program
-/// was busy finds what the event before it has opened. TextEdited alone waits, at most until CommitEdit.
+/// A signal marked (last) is raised at the end of a mouse or key event, so that a view may open boxes and dialogs,
+/// reload or remove items in its slot. It never waits for the next event, so that keys typed ahead while the program
+/// was busy reach the dialog that the event before them has opened. Only TextEdited waits, at most until CommitEdit.
 class ctMDay : public QWidget {
     Q_OBJECT
 
@@ -34,17 +34,17 @@ class ctMDay : public QWidget {
     // The day, and its hours.
     void setDate(QDate date);
     void setFirstTime(int minute);  ///< First minute of the grid.
-    void setLastTime(
-        int minute);  ///< Last minute of the grid (1079: it ends at 18:00). Later items are counted below it.
+    /// The last minute of the grid: with 1079 it ends at 18:00.
+    void setLastTime(int minute);
     void setPrimeStart(int minute);
     void setPrimeEnd(int minute);
-    void setTopTime(int minute);        ///< Scrolls so that this minute stands at the top, as far as there is room.
-    void setTimeInterval(int minutes);  ///< Grid step, 5 to 60; drags snap to it.
+    void setTopTime(int minute);        ///< Scrolls this minute to the top, as far as there is room.
+    void setTimeInterval(int minutes);  ///< The step of the grid, 5 to 60. Drags snap to it.
     void setTwentyFourHour(bool on);
     void setDayBackColor(int color);
     void setDayHeaderColor(int color);
     void setHolidayFlag(bool on);
-    void setReadOnly(bool on);  ///< Nothing can be moved, sized or edited; selecting, popup and activation stay.
+    void setReadOnly(bool on);  ///< Forbids moving, sizing and editing. Selecting, popup and activation stay.
     [[nodiscard]] QDate Date() const;
     [[nodiscard]] int FirstTime() const;
     [[nodiscard]] int LastTime() const;
@@ -60,106 +60,113 @@ class ctMDay : public QWidget {
 
     // Items. An open in-place edit is committed (TextEdited) before ClearItems, RemoveItem and setDate do their work.
     void ClearItems();
-    /// Adds an item and returns its index. A null day means Date().
+    /// Adds an item and returns its index. A null day means the date of the control.
     int AddItem(int start, int end, QDate day, const QString& text, const QString& key);
     void RemoveItem(int index);
-    /// The item for changing; the control lays out anew at the next paint. The reference holds until items are added or
-    /// removed.
+    /// Returns the item for changing. The control lays its items out anew at the next paint. The reference is valid
+    /// until items are added or removed.
     CalendarItem& Item(int index);
     [[nodiscard]] const CalendarItem& Item(int index) const;
     [[nodiscard]] int ItemCount() const;
-    [[nodiscard]] int IndexOfKey(const QString& key) const;  ///< The first item with that key; 0 when none.
+    [[nodiscard]] int IndexOfKey(const QString& key) const;  ///< The first item with that key, or 0.
 
-    // Painted ranges, from the minute `start` through the minute `end`. Column 0 means every column.
+    // Painted ranges, from the minute `start` to the minute `end`, both included. Column 0 means every column.
     void AddTimeRange(int start, int end, int color, int column = 0);
     void AddTimeRange(int start, int end, int color, QDate day);
     void ClearTimeRanges();
     [[nodiscard]] const std::vector<TimeRange>& TimeRanges() const { return content_.ranges; }
 
-    // Columns. Without any, the control shows one column, its Date.
+    // Columns. Without any call, the control shows one column, the day of its date.
     void ClearColumns();
-    int AddColumn(const QString& title);  ///< Returns its 1-based number.
-    void setDayColumns(int count);        ///< Days as columns: column n stands for Date() + n - 1.
-    /// So many share the width, further ones are scrolled to; fewer where none could be read. 0: as many as fit.
+    int AddColumn(const QString& title);  ///< Returns the column's number, from 1.
+    void setDayColumns(int count);        ///< Shows days as columns: column n stands for Date() + n - 1.
+    /// Sets how many columns share the width. The user scrolls to the others. On a small screen fewer are shown, so
+    /// that each can be read. 0 shows as many as fit.
     void setVisibleColumns(int count);
-    /// QLocale date format of day headings, "ddd M/d"; empty: the control's own, which also depends on the width.
+    /// Sets the QLocale date format of day headings, such as "ddd M/d". An empty format means the control's own, which
+    /// also depends on the width.
     void setHeadingFormat(const QString& format);
     [[nodiscard]] int ColumnCount() const;
     [[nodiscard]] QString ColumnTitle(int column) const;
     [[nodiscard]] int VisibleColumns() const;
-    /// The column in which the item stands; 0 when it has none.
+    /// Returns the column of the item, or 0 when it has none.
     [[nodiscard]] int ColumnOfItem(int index) const;
 
     // Selection.
     void setSelectedItem(int index);
     void selectRange(int column, int start, int end);
     void clearSelection();
-    [[nodiscard]] int SelectedItem() const;   ///< Below 1: none.
-    [[nodiscard]] int SelectedRange() const;  ///< Below 0: none; else the 0-based column of the selected range.
-    [[nodiscard]] int SelStart() const;       ///< First minute of the range.
-    [[nodiscard]] int SelEnd() const;         ///< Minute at which the range ends.
-    [[nodiscard]] int SelColumn() const;      ///< 1-based column of the range; 0: none.
+    [[nodiscard]] int SelectedItem() const;   ///< Below 1 means none.
+    [[nodiscard]] int SelectedRange() const;  ///< The column of the selected range, from 0; below 0 means none.
+    [[nodiscard]] int SelStart() const;       ///< The first minute of the range.
+    [[nodiscard]] int SelEnd() const;         ///< The minute at which the range ends.
+    [[nodiscard]] int SelColumn() const;      ///< The column of the range, from 1; 0 means none.
     void ScrollToItem(int index);
-    void ScrollToColumn(int column);  ///< Sideways only.
+    void ScrollToColumn(int column);  ///< Scrolls sideways only.
 
-    // In-place text, also by F2 and a slow second click.
-    void EditItem(int index, const QString& typed = {});  ///< `typed` takes the place of the text that is edited.
-    /// Commits an open in-place edit and delivers its TextEdited at once.
+    // Editing the text in place, which F2 and a slow second click also begin.
+    void EditItem(int index, const QString& typed = {});  ///< `typed` replaces the text that is edited.
+    /// Commits an open edit in place and raises its TextEdited at once.
     void CommitEdit();
     [[nodiscard]] bool IsEditing() const;
 
-    /// The clock of the line that marks the present, read at every full minute while the control is shown; the
-    /// desktop's unless another is given.
+    /// Sets the clock of the line that marks the present. It is read at every full minute while the control is shown.
+    /// Without a call it is the desktop's clock.
     void setClock(std::function<QDateTime()> clock);
-    /// A clock that stands still.
+    /// Sets a clock that stands still.
     void setNow(const QDateTime& now);
 
-    /// Paints columns firstColumn (1-based) to firstColumn + columnCount - 1 into the area, the whole day without
-    /// scrolling; the hours widen so that no item is left out. The style decides fonts and colours (PrintStyle).
+    /// Paints columns firstColumn (from 1) to firstColumn + columnCount - 1 into the area. It paints the whole day
+    /// without scrolling, and widens the hours so that no item is left out. The style decides fonts and colours
+    /// (PrintStyle).
     void paint(QPainter& painter, const QRectF& area, int firstColumn, int columnCount,
                const CalendarStyle& style) const;
-    /// What the calendar shows, for who paints it elsewhere and later (PaintPage).
+    /// The content of the calendar, for painting it elsewhere and later (PaintPage).
     [[nodiscard]] const CalendarContent& Content() const { return content_; }
 
-    // Places in widget coordinates, for tests, popups and accessibility; empty when not on the control.
-    [[nodiscard]] QRect ItemRect(int index) const;  ///< Of an item without room: the marker that counts it.
+    // Places in widget coordinates, for tests, popups and accessibility. They are empty for parts outside the control.
+    [[nodiscard]] QRect ItemRect(int index) const;  ///< For an item without room: the marker that counts it.
     [[nodiscard]] QRect CellRect(int column, int minute) const;
     [[nodiscard]] QRect HeadingRect(int column) const;
-    [[nodiscard]] std::vector<int> ItemsInReadingOrder() const;  ///< As Tab goes through them.
+    [[nodiscard]] std::vector<int> ItemsInReadingOrder() const;  ///< In the order of Tab.
     [[nodiscard]] QString AccessibleItemName(int index) const;   ///< "9:00 AM to 9:50 AM, Anna O'Brien, Kept"
     [[nodiscard]] QString ToolTipOf(int index) const;
-    [[nodiscard]] QString SelectionText() const;  ///< The selected range in words; empty without one.
+    [[nodiscard]] QString SelectionText() const;  ///< The selected range in words; empty without a range.
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   Q_SIGNALS:
-    /// The selected item changed, by whatever means; 0: none is selected now.
+    /// Raised when the selected item changed for any reason. 0 means that none is selected now.
     void ItemSelected(int index);
-    /// The user selected a range of time.
+    /// Raised when the user selected a range of time.
     void RangeSelected();
-    /// Just before the item is edited in place, dragged, sized or moved by key: the view sets its locks now.
+    /// Raised just before the item is edited in place, dragged, sized or moved by key, so that the view can set the
+    /// item's locks.
     void BeforeItemWork(int index);
-    /// (last) The user wants the item there; set *cancel to leave it where it is. Boxes may be shown.
+    /// (last) Raised when the user drops the item at a place. Setting *cancel leaves it where it is. The view may show
+    /// boxes.
     void BeforeDrop(int index, const ItemPlace& place, bool* cancel);
-    /// (last) The item was moved or sized and holds its new place; `old` is where it was.
+    /// (last) Raised when the item was moved or sized and holds its new place. `old` is the place before.
     void ItemChanged(int index, const ItemPlace& old);
-    /// (last) A locked item was dragged or sized and stayed where it is.
+    /// (last) Raised when a locked item was dragged or sized and stayed where it is.
     void MoveRefused(int index);
-    /// In-place editing changed ItemText (at most 100 characters, possibly empty).
+    /// Raised when editing in place changed ItemText, which has at most 100 characters and may be empty.
     void TextEdited(int index, const QString& oldText);
-    /// (last) Double click or Enter on an item.
+    /// (last) Raised by a double click or Enter on an item.
     void ItemActivated(int index);
-    /// (last) Double click or Enter on empty time; the range is selected.
+    /// (last) Raised by a double click or Enter on free time. The range is selected.
     void RangeActivated();
-    /// A letter was typed on a selected range: whoever makes an item of it edits it with this text.
+    /// Raised when a character was typed on a selected range. A view that adds an item there begins to edit it with
+    /// this text.
     void RangeTyped(const QString& text);
-    /// (last) Right mouse or Menu key; index 0: on empty time. A right click has selected what is under it.
+    /// (last) Raised by the right mouse button or the Menu key. An index of 0 means free time. A right click has
+    /// selected what is under the pointer.
     void PopupRequested(int index, const QPoint& globalPos);
-    /// (last) Delete was pressed on the selected item.
+    /// (last) Raised when Delete was pressed on the selected item.
     void DeleteRequested(int index);
     void HeadingClicked(int column);
-    /// Ctrl+Page Up (-1) and Ctrl+Page Down (+1).
+    /// Raised by Ctrl+Page Up (-1) and Ctrl+Page Down (+1).
     void DayStepRequested(int direction);
 
   protected:
@@ -182,16 +189,16 @@ class ctMDay : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    /// What a press has begun.
+    /// A press of the mouse button that is not released yet.
     struct Press {
         QPoint pos;
         Hit hit;
         bool wasSelected = false;
-        bool refused = false;  ///< The item turned out to be locked.
-        int anchorStart = 0;   ///< The row in which a range begins.
-        int anchorEnd = 0;
+        bool refused = false;  ///< Whether the item turned out to be locked.
+        int anchorStart = 0;   ///< The start of the row in which a range begins.
+        int anchorEnd = 0;     ///< The end of that row.
     };
-    /// A signal that waits for its event to do the rest of its work.
+    /// A signal that waits until its event has done the rest of its work.
     struct Report {
         enum class Kind { Drop, Refused, Text, Activated, RangeActivated, Popup, Delete };
         Kind kind = Kind::Activated;
@@ -202,7 +209,8 @@ class ctMDay : public QWidget {
         QPoint pos;
     };
 
-    // Arrangement: layout, geometry and scroll bars follow from content, style and size, when someone asks.
+    // Arrangement. Layout, geometry and scroll bars follow from content, style and size, and are computed when they are
+    // asked for.
     void invalidate();
     void arrange() const;
     void fitInto(const QSize& size) const;
@@ -263,7 +271,7 @@ class ctMDay : public QWidget {
     void deliverDrop(const Report& report);
 
     CalendarContent content_;
-    CalendarItem noItem_;  ///< What a wrong index reads and writes.
+    CalendarItem noItem_;  ///< The item that a wrong index reads and writes.
     int generation_ = 0;   ///< Grows whenever indexes change their meaning.
     int visibleColumns_ = 0;
     int topTime_ = 0;
@@ -271,9 +279,9 @@ class ctMDay : public QWidget {
     bool readOnly_ = false;
     std::function<QDateTime()> clock_;
 
-    // What arrange makes of the rest.
+    // The results of arrange().
     mutable bool dirty_ = true;
-    mutable bool scrolling_ = false;  ///< The scroll bars are being set, not used.
+    mutable bool scrolling_ = false;  ///< True while the program moves the scroll bars, not the user.
     mutable CalendarStyle style_;
     mutable CalendarLayout layout_;
     mutable CalendarGrid grid_;
@@ -284,7 +292,7 @@ class ctMDay : public QWidget {
     std::optional<Press> press_;
     std::optional<Drag> drag_;
     std::optional<SelectedTime> rangeBeforePress_;
-    int rangeAnchor_ = 0;  ///< Minute from which Shift extends the range.
+    int rangeAnchor_ = 0;  ///< The minute from which Shift extends the range.
     QPoint lastDragPos_;
 
     QLineEdit* editor_ = nullptr;
@@ -293,6 +301,6 @@ class ctMDay : public QWidget {
     std::deque<Report> reports_;
     QTimer presentTimer_;
     QTimer scrollTimer_;
-    QTimer editTimer_;  ///< Runs between the slow second click and the in-place edit.
-    QTimer textTimer_;  ///< Runs from the end of an in-place edit until it is reported.
+    QTimer editTimer_;  ///< Runs from the slow second click to the edit in place.
+    QTimer textTimer_;  ///< Runs from the end of an edit in place until it is reported.
 };

@@ -87,7 +87,7 @@ void ctMDay::closeEditor(bool commit) {
         return;
     CalendarItem& item = Item(editedItem_);
     const QString old = item.ItemText;
-    // A text that is longer than what is kept is cut only when it was changed.
+    // A text longer than the limit is cut only when the user has changed it.
     const QString text = editor->text() == OneLine(old) ? old : editor->Stored();
     if (old == text)
         return;
@@ -99,7 +99,7 @@ bool ctMDay::eventFilter(QObject* watched, QEvent* event) {
     if (watched != editor_)
         return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::FocusOut) {
-        // The line edit's own popup takes the focus and gives it back.
+        // The line edit's own popup takes the focus and gives it back later.
         if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
             closeEditor(true);
         return false;

@@ -8,7 +8,7 @@ SelectedTime ctMDay::rowAt(int column, int minute) const {
     return {column, scale.rowStart(minute), scale.rowEnd(minute)};
 }
 
-/// Where the keyboard begins: at the selected item, else at the prime hours of the first column.
+/// Returns the row where the keyboard begins: at the selected item, or else at the prime hours of the first column.
 SelectedTime ctMDay::startCell() const {
     if (const PlacedItem* placed = layout().find(state_.selectedItem); placed != nullptr)
         return rowAt(placed->column, placed->start);
@@ -26,7 +26,7 @@ QPoint ctMDay::popupPlace() const {
 }
 
 void ctMDay::keyPressEvent(QKeyEvent* event) {
-    if (editor_ != nullptr)  // What the line edit has no use for is not for the calendar under it either.
+    if (editor_ != nullptr)  // A key that the line edit does not use is not for the calendar either.
         return;
     editTimer_.stop();
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
@@ -88,7 +88,7 @@ bool ctMDay::keyOnSelection(QKeyEvent* event) {
     }
 }
 
-/// Ctrl and an arrow moves the item by a row or a column; with Shift its end.
+/// Moves the item by a row or a column with Ctrl and an arrow. With Shift it moves the item's end.
 bool ctMDay::keyMovesItem(QKeyEvent* event) {
     const int item = state_.selectedItem;
     if (item == 0 || !event->modifiers().testFlag(Qt::ControlModifier))
@@ -134,7 +134,7 @@ bool ctMDay::keyMovesCell(QKeyEvent* event) {
     const bool onItem = state_.selectedItem > 0;
     const bool begins = !state_.range;
     const SelectedTime cell = state_.range ? *state_.range : startCell();
-    // The end that moves is the one away from where the selection began.
+    // The end that moves is the one opposite to where the selection began.
     const int active = extend && !begins && cell.start < rangeAnchor_ ? cell.start : extend ? cell.end - 1 : cell.start;
     const int shown = grid().scale.minuteAt(grid().body().height()) - grid().scale.first;
     const int page = std::max(shown / content_.timeInterval - 1, 1) * content_.timeInterval;

@@ -32,7 +32,7 @@ Hit ctMDay::hitAt(QPoint pos) const {
 
 void ctMDay::mousePressEvent(QMouseEvent* event) {
     editTimer_.stop();
-    if (drag_) {  // Another button during a drag means: stop it.
+    if (drag_) {  // Another button during a drag cancels it.
         cancelGesture();
         return;
     }
@@ -81,7 +81,7 @@ void ctMDay::mouseMoveEvent(QMouseEvent* event) {
     }
     const bool far = (event->pos() - press_->pos).manhattanLength() >= QApplication::startDragDistance();
     if (!drag_ && !press_->refused && far && std::holds_alternative<ItemHit>(press_->hit) && !beginDrag()) {
-        // The view may have removed the item, and the press with it, while it was asked.
+        // The view may have removed the item, and the press with it, in answer to the signal.
         if (press_)
             press_->refused = true;
         setCursor(Qt::ForbiddenCursor);
@@ -126,11 +126,11 @@ void ctMDay::dragTo(QPoint pos) {
         scrollTimer_.stop();
 }
 
-// Neither another part of the window nor another window that lies over the calendar is a place to drop something.
+// An item can only be dropped on the calendar itself, not on another part of the window or on another window over it.
 bool ctMDay::isUnder(QPoint globalPos) const {
     if (!rect().contains(mapFromGlobal(globalPos)))
         return false;
-    // Wayland tells no window where the others are.
+    // Wayland does not tell a window where others are.
     const bool knowsPlaces = !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
     return !knowsPlaces || QApplication::topLevelAt(globalPos) == window() ||
            QGuiApplication::screenAt(globalPos) == nullptr;
@@ -201,7 +201,7 @@ void ctMDay::mouseDoubleClickEvent(QMouseEvent* event) {
         setSelectedItem(item->index);
         report(Report::Kind::Activated, item->index);
     } else if (const auto* cell = std::get_if<CellHit>(&hit)) {
-        // Its first click made one row of a range that had been drawn: the double click means the range.
+        // The first click reduced a drawn range to one row. The double click means the whole range.
         const auto& before = rangeBeforePress_;
         const bool inside =
             before && before->column == cell->column && before->start <= cell->minute && cell->minute < before->end;

@@ -8,8 +8,8 @@ void ctMDay::report(Report::Kind kind, int index, const QString& text, QPoint po
 
 void ctMDay::reportText(int index, const QString& oldText) {
     report(Report::Kind::Text, index, oldText);
-    // An edit may end by a change of the focus, which is no time to open a box: not even when the events are run within
-    // a routine. A timer, unlike a posted call, can be held back then.
+    // An edit may end because the focus changes, and no box may open at that moment, not even when a routine runs the
+    // event loop. Unlike a posted call, a timer can be held back.
     textTimer_.start(0);
 }
 
@@ -20,7 +20,7 @@ void ctMDay::reportDrop(int index, const ItemPlace& place) {
 }
 
 void ctMDay::deliverReports() {
-    // Whoever answers may run a dialog's event loop or close the calendar.
+    // The slot may run a dialog's event loop or close the calendar.
     const QPointer<ctMDay> alive(this);
     while (alive && !reports_.empty()) {
         const Report next = reports_.front();
@@ -30,7 +30,7 @@ void ctMDay::deliverReports() {
 }
 
 void ctMDay::deliverTexts() {
-    // Before items go: what was typed must still reach the view.
+    // The text must reach the view before items are removed.
     const QPointer<ctMDay> alive(this);
     for (std::size_t i = 0; alive && i < reports_.size();) {
         if (reports_[i].kind != Report::Kind::Text) {

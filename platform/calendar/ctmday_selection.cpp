@@ -73,7 +73,7 @@ void ctMDay::announceSelection() {
 
 void ctMDay::selectMarked(const MarkerHit& marker) {
     const std::vector<int> items = MarkedItems(marker, layout());
-    // The rows of the banners that are shown are selected by themselves; the marker stands for the rest.
+    // The banners in shown rows are selected on their own. The marker stands for the rest.
     const auto first =
         marker.kind == MarkerHit::Kind::Banners ? items.begin() + CalendarLayout::MaxBannerRows - 1 : items.begin();
     const auto selected = std::find(first, items.end(), state_.selectedItem);

@@ -14,7 +14,7 @@ void ctMDay::invalidate() {
 }
 
 void ctMDay::arrange() const {
-    // Laying out is late on purpose: thousands of items are added without a layout for each.
+    // The layout is made late on purpose, because thousands of items may be added before it is needed.
     if (dirty_)
         fitInto(size());
 }
@@ -39,7 +39,7 @@ void ctMDay::fitInto(const QSize& size) const {
     bool horizontal = false;
     const int thickness = vertical_->sizeHint().width();
     int minMinutes = 0;
-    // A bar takes room, and may make the other one needed: three rounds settle it.
+    // A scroll bar takes room and may make the other one necessary. Three rounds are always enough.
     for (int round = 0; round < 3; ++round) {
         wishes.area =
             QRect(0, 0, size.width() - (vertical ? thickness : 0), size.height() - (horizontal ? thickness : 0));
@@ -93,7 +93,7 @@ void ctMDay::scrolled() {
         update();
         return;
     }
-    // What stays in sight is moved as it is; only what comes into sight is painted.
+    // The visible part is shifted, and only the part that comes into sight is painted.
     scroll(-right, -down, grid_.body());
     if (down != 0)
         scroll(0, -down, grid_.gutter());
@@ -119,7 +119,8 @@ void ctMDay::zoomAt(int y, double factor) {
 
 void ctMDay::tick() {
     state_.now = clock_();
-    // A moment into the next minute, so that a timer that is a little early does not read the old one again.
+    // The timer ends shortly after the full minute, so that one that fires a little early does not read the old minute
+    // again.
     presentTimer_.start((60 - state_.now.time().second()) * 1000 - state_.now.time().msec() + 50);
     update();
 }
@@ -139,7 +140,7 @@ void ctMDay::setNow(const QDateTime& now) {
 void ctMDay::paintEvent(QPaintEvent* event) {
     arrange();
     QPainter painter(this);
-    // Where both scroll bars meet there is nothing of the calendar.
+    // The corner where both scroll bars meet shows no part of the calendar.
     painter.fillRect(event->rect(), style_.window);
     PaintCalendar({painter, content_, layout_, grid_, state_, style_}, event->rect() & grid_.area);
 }
@@ -232,7 +233,7 @@ void ctMDay::focusInEvent(QFocusEvent*) {
 void ctMDay::focusOutEvent(QFocusEvent*) {
     state_.focused = editor_ != nullptr;  // The editor is part of the calendar.
     editTimer_.stop();
-    if (press_)  // Its release goes to whoever has the focus now, a dialog perhaps.
+    if (press_)  // The release will go to whatever has the focus now, perhaps a dialog.
         cancelGesture();
     update();
 }

@@ -169,8 +169,8 @@ void ctWeek::hideEvent(QHideEvent*) {
     midnight_.stop();
 }
 
-// Today moves on while the month is left open overnight. The clocks may be changed before that: they are read each
-// hour.
+// Moves the mark of today when the month is left open overnight. The clock may be changed before midnight, so it is
+// read every hour.
 void ctWeek::waitForMidnight() {
     const QDateTime now = clock_();
     const int left = 24 * Hour - now.time().msecsSinceStartOfDay();
@@ -203,7 +203,7 @@ void ctWeek::leaveEvent(QEvent*) {
 }
 
 void ctWeek::wheelEvent(QWheelEvent* event) {
-    // A touchpad sends many small turns; a month is a whole one.
+    // A touchpad sends many small turns. They are added up to the whole turn that means a month.
     wheelRest_ += event->angleDelta().y();
     const int steps = wheelRest_ / WheelStep;
     wheelRest_ %= WheelStep;

@@ -8,12 +8,12 @@
 
 #include "platform/calendar/monthlayout.h"
 
-/// A month of days with the items of each, to be read and not to be changed. Items are counted from 1 in the order they
-/// were added; a wrong index reads as an empty item.
+/// A month of days with their items, for reading only. Items are counted from 1 in the order in which they were added.
+/// A wrong index reads as an empty item.
 ///
-/// The mouse selects a day, a double click on it (or on "+3 more") opens it. Keys: arrows step days and weeks, Home and
-/// End go to the first and last day of the month, Page Up, Page Down and the wheel ask for another month, Enter opens
-/// the selected day.
+/// A click selects a day, and a double click on it (or on "+3 more") opens it. Keys: arrows step days and weeks, Home
+/// and End go to the first and last day of the month, Page Up, Page Down and the wheel ask for another month, Enter
+/// opens the selected day.
 class ctWeek : public QWidget {
     Q_OBJECT
 
@@ -24,16 +24,16 @@ class ctWeek : public QWidget {
     void setDate(QDate date);
     void setTwentyFourHour(bool on);
     void setFirstDayOfWeek(Qt::DayOfWeek day);
-    /// The clock by which today is marked; the desktop's unless another is given.
+    /// Sets the clock by which today is marked. Without a call it is the desktop's clock.
     void setClock(std::function<QDateTime()> clock);
-    /// What the tip says of an item; asked with 0 where there is none under the pointer.
+    /// Sets the routine that returns the tip of an item. It is called with 0 where no item is under the pointer.
     void setTip(std::function<QString(int index)> tip) { tip_ = std::move(tip); }
 
     void ClearItems();
     /// Adds an item and returns its index.
     int AddItem(CalendarItem item);
 
-    /// Changes all items alike, as when texts are hidden.
+    /// Changes all items in the same way, for instance to hide their texts.
     void ChangeItems(const std::function<void(CalendarItem& item)>& change);
 
     [[nodiscard]] QDate Date() const { return selected_; }
@@ -42,22 +42,22 @@ class ctWeek : public QWidget {
     [[nodiscard]] const CalendarItem& Item(int index) const;
     [[nodiscard]] int ItemCount() const { return static_cast<int>(items_.size()); }
     [[nodiscard]] QString TipAt(QPoint position) const;
-    /// The selected day in words, with its items in their order.
+    /// Returns the selected day in words, with its items in order.
     [[nodiscard]] QString SelectionText() const;
-    /// Where everything lies now.
+    /// Returns the places of all parts as they are now.
     [[nodiscard]] const MonthLayout& Layout() const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   Q_SIGNALS:
-    /// The user selected another day of the month.
+    /// Raised when the user selected another day of the month.
     void DaySelected(QDate day);
-    /// Double click or Enter on a day.
+    /// Raised by a double click or Enter on a day.
     void DayActivated(QDate day);
-    /// An arrow key leads to a day of another month.
+    /// Raised when an arrow key leads to a day of another month.
     void DayRequested(QDate day);
-    /// The wheel or a page key asks for the month before (-1) or after (+1).
+    /// Raised when the wheel or a page key asks for the month before (-1) or after (+1).
     void MonthStepRequested(int direction);
 
   protected:
@@ -80,7 +80,7 @@ class ctWeek : public QWidget {
     void waitForMidnight();
     [[nodiscard]] QDate dateForKey(const QKeyEvent& event) const;
     [[nodiscard]] QString lineText(const CalendarItem& item) const;
-    // ctweek_paint.cpp
+    // These members are in ctweek_paint.cpp.
     void paintHeadings(QPainter& painter) const;
     void paintCell(QPainter& painter, const MonthCell& cell) const;
     void paintNumber(QPainter& painter, const MonthCell& cell) const;
@@ -97,7 +97,7 @@ class ctWeek : public QWidget {
     int wheelRest_ = 0;
     int hoveredItem_ = 0;
 
-    // What follows from the rest, when someone asks.
+    // These members follow from the others and are computed when they are asked for.
     mutable bool dirty_ = true;
     mutable CalendarStyle style_;
     mutable MonthLayout layout_;

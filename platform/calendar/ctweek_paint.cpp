@@ -84,7 +84,7 @@ void ctWeek::paintNumber(QPainter& painter, const MonthCell& cell) const {
     painter.drawText(cell.number, Qt::AlignCenter | Qt::TextSingleLine, QString::number(cell.day.day()));
 }
 
-// One line: the edge in the item's colour, the time, the text, and at its end the glyph that tells the status.
+// Paints one line: an edge in the item's colour, the time, the text, and the glyph of its status at the end.
 void ctWeek::paintItem(QPainter& painter, const MonthLine& line) const {
     const CalendarItem& item = Item(line.index);
     const CardColors colors = CardColorsFor(item, style_.base, style_.ink);
@@ -114,7 +114,8 @@ void ctWeek::paintItem(QPainter& painter, const MonthLine& line) const {
         text.setLeft(text.left() + painter.fontMetrics().horizontalAdvance(shown) + style_.margin);
     };
     if (!item.ItemBanner) {
-        // Where room is short the order of the lines tells the half of the day, and then the time itself.
+        // Where room is short, AM or PM is left out first and then the time itself, because the order of the lines
+        // still tells it.
         const int letters = text.width() / std::max(painter.fontMetrics().averageCharWidth(), 1);
         const QString clock = ClockText(item.ItemStart, twentyFourHour_);
         if (letters >= 12)

@@ -33,7 +33,7 @@ void Drag::move(int column, int minute, const CalendarContent& content) {
     }
     const int length = std::max(end_ - start_, 0);
     const int wanted = std::max(at - grabbed_, 0);
-    // Within half a row of where it was, the item keeps its own minute.
+    // An item that is dragged by less than half a row keeps its own minute.
     const bool stays = 2 * std::abs(wanted - start_) < interval;
     place_.start = std::clamp(stays ? start_ : Snapped(wanted, interval), 0, 1440 - length);
     place_.end = place_.start + length;

@@ -2,16 +2,16 @@
 
 #include "platform/calendar/content.h"
 
-/// One gesture that moves or sizes an item, in minutes and columns. It proposes a place; it changes nothing.
+/// One gesture that moves or sizes an item, in minutes and columns. It proposes a place and changes nothing itself.
 class Drag {
   public:
     enum class Kind { Move, ResizeTop, ResizeBottom };
 
-    /// Begins at the item's place, grabbed at `minute` of its column.
+    /// Begins at the item's place. The pointer has grabbed the item at `minute`.
     Drag(Kind kind, int index, const ItemPlace& from, int minute);
 
-    /// The pointer is at `minute` of `column`. A move keeps the length and its start snaps to the interval (an item
-    /// that was not on the grid stays off it until it is moved); a resize snaps the edge and leaves at least one
+    /// Moves the pointer to `minute` of `column`. A move keeps the length and snaps the start to the interval; an item
+    /// that was not on the grid stays off it until it is moved. A resize snaps the edge and leaves at least one
     /// interval. The place stays inside the day.
     void move(int column, int minute, const CalendarContent& content);
 
@@ -19,7 +19,7 @@ class Drag {
     [[nodiscard]] int index() const { return index_; }
     [[nodiscard]] const ItemPlace& from() const { return from_; }
     [[nodiscard]] const ItemPlace& place() const { return place_; }
-    /// A drop here would change something.
+    /// Whether a drop here would change anything.
     [[nodiscard]] bool changes() const { return !(from_ == place_); }
 
   private:
@@ -27,13 +27,14 @@ class Drag {
     int index_;
     ItemPlace from_;
     ItemPlace place_;
-    int start_;  ///< Of `from`, inside the day.
-    int end_;
-    int grabbed_;  ///< Minutes from the item's start to where it was grabbed.
+    int start_;    ///< The start of `from`, brought into the day.
+    int end_;      ///< The end of `from`, brought into the day.
+    int grabbed_;  ///< Minutes from the item's start to the point where it was grabbed.
 };
 
-/// The item's place as the control shows it.
+/// Returns the item's place as the control shows it.
 ItemPlace PlaceOf(const CalendarItem& item, const CalendarContent& content);
 
-/// Puts the item at the place: times, and with another column its day (days as columns) or its column number.
+/// Moves the item to the place. It sets the times and, for another column, the day (days as columns) or the column
+/// number.
 void PutAt(CalendarItem& item, const ItemPlace& place, const CalendarContent& content);

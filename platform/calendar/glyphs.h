@@ -37,8 +37,8 @@ enum class Glyph {
 /// Paints the glyph into the square.
 void PaintGlyph(QPainter& painter, const QRectF& square, Glyph glyph, const QColor& color);
 
-/// The glyphs of an item, the most telling first and none twice: status, courtesy call, then the rest.
+/// Returns the glyphs of an item, each once and the most important first: status, courtesy call, then the rest.
 std::vector<Glyph> GlyphsOf(const CalendarItem& item);
 
-/// What a courtesy call or status picture says in words; empty for none.
+/// Returns the words for a status or courtesy call picture, or an empty text for none.
 QString StatusIconText(int statusIcon);

@@ -110,7 +110,7 @@ CalendarGrid FitGrid(const CalendarContent& content, const CalendarLayout& layou
     const QRect body = grid.body();
     const int least = std::max(style.minColumnWidth, 2);
     const int fitting = std::max(body.width() / least, 1);
-    // What the user wants side by side may be narrow, but on a small screen not so narrow that no name can be read.
+    // Columns that the user wants side by side may be narrow, but on a small screen a name must stay readable.
     const int columns = std::max(grid.columns, 1);
     const int readable = wishes.fitHeight ? columns : std::max(body.width() / (least / 2), 1);
     const int sharing =

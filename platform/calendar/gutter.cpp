@@ -71,7 +71,7 @@ void PaintGutter(const CalendarScene& scene, const QRect& clip) {
     const TimeScale& scale = grid.scale;
     const QFontMetrics little(style.minute);
     const bool minutes = scale.interval * scale.pixelsPerMinute >= little.ascent() + style.margin / 2.0;
-    // The label of the hour that has begun stands above the clip's top.
+    // The label of an hour that has already begun stands above the clip's top.
     for (int minute = scale.rowStart(grid.minuteAt(clip.top()) - 60); minute < scale.last;
          minute = scale.rowEnd(minute)) {
         const int y = grid.y(minute);

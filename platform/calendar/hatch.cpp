@@ -12,7 +12,7 @@ void PaintHatch(QPainter& painter, const QRectF& rect, const QRectF& clip, bool 
     painter.save();
     painter.setClipRect(shown, Qt::IntersectClip);
     painter.setPen(QPen(color, width));
-    // A line that falls by one for each step to the right is known by x - y, a rising one by x + y.
+    // A line that falls by one for each step to the right has a constant x - y, a rising one a constant x + y.
     const double origin = rising ? rect.left() + rect.top() : rect.left() - rect.top();
     const double from = rising ? shown.left() + shown.top() : shown.left() - shown.bottom();
     const double to = rising ? shown.right() + shown.bottom() : shown.right() - shown.top();

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// With days as columns only the holidays among them are marked.
+/// With days as columns, only the holidays among them are marked.
 bool IsHolidayColumn(const CalendarScene& scene, int column) {
     return scene.content.columns.size() == 1 || !scene.columnLayout(column).banners.empty();
 }
@@ -30,7 +30,7 @@ void PaintCentered(const CalendarScene& scene, const QRect& rect, const QString&
                            QFontMetrics(scene.style.heading).elidedText(text, Qt::ElideRight, rect.width()));
 }
 
-/// "Wednesday (11) March 2026", "Wed (11)" or "(11)", by room; today's number stands in a disc.
+/// Writes "Wednesday (11) March 2026", "Wed (11)" or "(11)", as there is room. Today's number stands in a disc.
 void PaintDay(const CalendarScene& scene, const QRect& rect, QDate day, const QColor& ink) {
     const QLocale locale = QLocale::c();
     const QFontMetrics words(scene.style.heading);
@@ -115,7 +115,7 @@ void PaintMarker(const CalendarScene& scene, const QRect& rect, const QString& t
     scene.painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-/// "▼ 2 later"; with one of them selected, that one by time and name.
+/// Returns "▼ 2 later", or the time and name of the selected item where it is one of them.
 QString MarkerText(const CalendarScene& scene, const std::vector<int>& items, bool later) {
     const QString arrow = later ? QStringLiteral("▼ ") : QStringLiteral("▲ ");
     const int count = static_cast<int>(items.size());
@@ -179,7 +179,7 @@ void PaintHeadings(const CalendarScene& scene, const QRect& clip) {
         PaintBanners(scene, column);
         PaintStrips(scene, column);
     }
-    // The line under the headings tells who has the keyboard, also while nothing is selected.
+    // The line under the headings shows which part has the keyboard, even while nothing is selected.
     const int line = scene.state.focused ? 2 : 1;
     painter.fillRect(QRect(body.left(), body.top() - line, body.width(), line),
                      scene.state.focused ? scene.style.accent : scene.style.columnLine);

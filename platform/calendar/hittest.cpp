@@ -5,7 +5,7 @@
 namespace {
 
 Zone ZoneAt(QPoint point, const QRect& card, const PlacedItem& placed, int grip) {
-    // A low card keeps a body that can be picked up: its edges are at most a quarter each.
+    // A low card keeps a body by which it can be moved: each edge is at most a quarter of it.
     const int edge = std::min(grip, card.height() / 4);
     if (!placed.cutTop && point.y() < card.top() + edge)
         return Zone::TopEdge;

@@ -4,7 +4,7 @@
 
 #include "platform/calendar/grid.h"
 
-/// What part of an item's card was hit: the edges resize it.
+/// The part of an item's card that was hit. The edges resize the item.
 enum class Zone { Body, TopEdge, BottomEdge };
 
 struct NothingHit {
@@ -19,14 +19,14 @@ struct ItemHit {
 /// Free time.
 struct CellHit {
     int column = 1;
-    int minute = 0;  ///< The very minute, not yet the row's.
+    int minute = 0;  ///< The exact minute, not the start of its row.
     friend bool operator==(const CellHit&, const CellHit&) = default;
 };
 struct HeadingHit {
     int column = 1;
     friend bool operator==(const HeadingHit&, const HeadingHit&) = default;
 };
-/// A marker that stands for items that have no room of their own.
+/// A marker for items that have no room of their own.
 struct MarkerHit {
     enum class Kind { Earlier, Later, Banners };
     Kind kind = Kind::Later;
@@ -35,18 +35,18 @@ struct MarkerHit {
 };
 using Hit = std::variant<NothingHit, ItemHit, CellHit, HeadingHit, MarkerHit>;
 
-/// What stands at the point. The selected item lies above the others and is asked first.
+/// Returns the part at the point. The selected item lies above the others and is looked at first.
 Hit HitTest(QPoint point, const CalendarGrid& grid, const CalendarLayout& layout, const CalendarStyle& style,
             int selectedItem);
 
-/// The card of the item as it is painted; the selected one is brought to a legible width. Empty when the item has no
-/// place in the grid.
+/// Returns the card of the item as it is painted. A selected card is widened until it can be read. The result is empty
+/// when the item has no place in the grid.
 QRect CardRect(int index, const CalendarGrid& grid, const CalendarLayout& layout, const CalendarStyle& style,
                bool selected);
 
-/// The items that the marker stands for.
+/// Returns the items for which the marker stands.
 const std::vector<int>& MarkedItems(const MarkerHit& marker, const CalendarLayout& layout);
 
-/// The banner that row `row` shows; 0 where it shows none or, in the last row, counts the rest. A selected banner that
-/// has no row of its own takes the last one.
+/// Returns the banner in row `row`, or 0 where the row shows none or, as the last row, counts the rest. A selected
+/// banner that has no row of its own takes the last one.
 int BannerInRow(const ColumnLayout& column, int row, int selectedItem);

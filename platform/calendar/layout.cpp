@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Beyond so many lanes a card is a sliver, and looking for free lanes beside it is not worth the time.
+/// With more lanes than this a card is a sliver, and looking for free lanes beside it is not worth the time.
 constexpr int MostLanesToWidenOver = 64;
 
 using Placed = std::vector<PlacedItem>::iterator;
@@ -41,7 +41,7 @@ void CloseCluster(Placed begin, Placed end, int lanes) {
 }
 
 void AssignLanes(std::vector<PlacedItem>& items) {
-    using Busy = std::pair<int, int>;  // end, lane
+    using Busy = std::pair<int, int>;  // The end and the lane.
     std::priority_queue<Busy, std::vector<Busy>, std::greater<>> busy;
     std::set<int> freeLanes;
     int lanes = 0;

@@ -81,7 +81,7 @@ MonthLayout LayOutMonth(const std::vector<CalendarItem>& items, const MonthGrid&
         MonthCell cell;
         cell.day = grid.firstDate().addDays(position);
         cell.inMonth = cell.day.month() == grid.month.month();
-        // Edges are rounded one by one, so that the cells fill the widget whatever its size.
+        // Each edge is rounded on its own, so that the cells fill the widget at any size.
         const int left = size.width() * day / MonthGrid::Days;
         const int right = size.width() * (day + 1) / MonthGrid::Days;
         const int top = head + (size.height() - head) * week / weeks;

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// A card with room for fewer says nothing, but two beside each other are always shown.
+/// A card with room for fewer characters than this says nothing. Two cards beside each other are always shown.
 constexpr int LettersOfACard = 10;
 constexpr int LeastLanes = 2;
 constexpr int LettersOfALine = 44;
@@ -30,7 +30,7 @@ void drawLine(QPainter& painter, const QRect& line, const QString& text, const Q
                      QFontMetrics(font).elidedText(text, Qt::ElideRight, line.width()));
 }
 
-/// What stands below the grid for an item that has no room in it.
+/// Returns the line below the grid for an item without room in it.
 QString lineOf(const CalendarItem& item, const CalendarContent& page) {
     QStringList parts;
     const CalendarColumn& column = page.columns[static_cast<std::size_t>(page.columnOf(item)) - 1];
@@ -45,7 +45,8 @@ QString lineOf(const CalendarItem& item, const CalendarContent& page) {
     return parts.join(QStringLiteral("  "));
 }
 
-/// Takes out what stands in lanes that are too many to be read, and gives the lines for it, in the order of time.
+/// Takes out the items in the lanes beyond the number whose cards can be read, and returns lines for them in the order
+/// of time.
 QStringList takeOutWhatIsTooNarrow(CalendarContent& page, const CalendarGrid& grid, const CalendarLayout& placed,
                                    const CalendarStyle& style) {
     const int least = QFontMetrics(style.text).averageCharWidth() * LettersOfACard;
@@ -67,7 +68,7 @@ QStringList takeOutWhatIsTooNarrow(CalendarContent& page, const CalendarGrid& gr
     return lines;
 }
 
-/// The lines below the grid, in as many columns as the page has room for.
+/// Paints the lines below the grid, in as many columns as the page has room for.
 struct BelowTheGrid {
     QStringList lines;
     int columns = 1;

@@ -7,8 +7,8 @@
 
 class QPainter;
 
-/// Paints columns firstColumn (1-based) to firstColumn + columnCount - 1 of a calendar into the area, the whole day
-/// without scrolling; the hours widen so that no item is left out, and where so many overlap that their cards could not
-/// be read, the rest is listed below. The style decides fonts and colours (PrintStyle).
+/// Paints columns firstColumn (from 1) to firstColumn + columnCount - 1 of a calendar into the area. It paints the
+/// whole day without scrolling, and widens the hours so that no item is left out. Where so many items overlap that
+/// their cards could not be read, the rest is listed below the grid. The style decides fonts and colours (PrintStyle).
 void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& content, int firstColumn, int columnCount,
                const CalendarStyle& style);

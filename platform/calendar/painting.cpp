@@ -14,7 +14,7 @@ namespace {
 
 void PaintTimeRange(const CalendarScene& scene, const QRect& rect, int windowsColor, const QRect& clip) {
     const QColor color = ColorFromWindows(windowsColor);
-    // Grey says "not working" and stays quiet; a colour that a view chose is to be seen.
+    // Grey means hours without work and stays quiet. A colour that a view chose must be seen.
     const bool quiet = color.hsvSaturation() < 32;
     scene.painter.fillRect(rect & clip, Mixed(scene.style.base, quiet ? scene.style.ink : color, quiet ? 0.05 : 0.13));
     PaintHatch(scene.painter, rect, clip, true, Mixed(scene.style.base, quiet ? scene.style.ink : color, 0.12),
@@ -75,7 +75,7 @@ void PaintRangeFill(const CalendarScene& scene, int column) {
     }
 }
 
-/// Over the items, so that it is seen where a range was drawn beside them.
+/// Painted over the items, so that a range beside them can be seen.
 void PaintRangeFrame(const CalendarScene& scene, int column) {
     if (!scene.state.range || scene.state.range->column != column)
         return;
@@ -147,7 +147,7 @@ void PaintGhost(const CalendarScene& scene, int column) {
     PaintBubble(scene, bubble, label, scene.style.accent, scene.style.accentInk);
 }
 
-/// The y of the present time in the column, or nothing when it is not there.
+/// Returns the y of the present time in the column, or nothing when the column does not show it.
 std::optional<double> PresentY(const CalendarScene& scene, int column) {
     const QDateTime& now = scene.state.now;
     if (!now.isValid() || scene.column(column).day != now.date())
@@ -158,7 +158,7 @@ std::optional<double> PresentY(const CalendarScene& scene, int column) {
     return scene.grid.y(minute) + 0.5;
 }
 
-/// Under the items: across a card it would read as a cancelled line of text.
+/// Painted under the items, because across a card it would look like a cancelled line of text.
 void PaintPresentLine(const CalendarScene& scene, int column) {
     const std::optional<double> y = PresentY(scene, column);
     if (!y)
@@ -168,7 +168,7 @@ void PaintPresentLine(const CalendarScene& scene, int column) {
     scene.painter.drawLine(QPointF(rect.left(), *y), QPointF(rect.right(), *y));
 }
 
-/// Over the items, at their edge.
+/// Painted over the items, at their edge.
 void PaintPresentMark(const CalendarScene& scene, int column) {
     const std::optional<double> y = PresentY(scene, column);
     if (!y)

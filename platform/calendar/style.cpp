@@ -77,7 +77,7 @@ CalendarStyle ScreenStyle(const QPalette& palette, const QFont& font) {
     style.hourLine = Mixed(style.base, style.ink, 0.17);
     style.rowLine = Mixed(style.base, style.ink, 0.07);
     style.columnLine = Mixed(style.base, style.ink, 0.22);
-    // The palette's one strong colour; its highlight is the pale ground of selected rows.
+    // The palette's link colour is its one strong colour. Its highlight is the pale ground of selected rows.
     style.accent = palette.color(QPalette::Link);
     style.accentInk = ReadableOn(style.accent, palette.color(QPalette::Base));
     style.present = dark ? QColor(0xFF, 0x6B, 0x5E) : QColor(0xD9, 0x2D, 0x20);

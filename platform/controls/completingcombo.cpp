@@ -38,7 +38,7 @@ CompletingCombo::CompletingCombo(Entry entry, QWidget* parent) : QComboBox(paren
         typed_ = currentText();
         if (stepping_)
             return;
-        told_ = -1;  // Picking the selected item again chooses it again.
+        told_ = -1;  // Picking the selected item once more chooses it again.
         Settle();
     });
 }
@@ -47,7 +47,7 @@ void CompletingCombo::AddItem(const QString& text, int itemData, const QIcon& ic
     const QString shown = currentText();
     const int index = currentIndex();
     {
-        // The first item of a combo box selects itself.
+        // A combo box selects its first item by itself.
         const QSignalBlocker quiet(this);
         addItem(icon, OneLine(text), itemData);
     }
@@ -83,14 +83,14 @@ void CompletingCombo::keyPressEvent(QKeyEvent* event) {
 
 void CompletingCombo::focusOutEvent(QFocusEvent* event) {
     QComboBox::focusOutEvent(event);
-    // Another window or the box's own list in front: the user is coming back.
+    // Another window or the box's own list came to the front, and the user will come back.
     if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
         return;
     Settle();
     Q_EMIT LostFocus(event->reason());
 }
 
-// The wheel scrolls the form, since a value changed by it on the way would not be noticed.
+// The wheel scrolls the form, because nobody would notice a value that the wheel changed in passing.
 void CompletingCombo::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
@@ -117,7 +117,7 @@ void CompletingCombo::complete(const QString& edited) {
 
 void CompletingCombo::show(const QString& text, int index) {
     {
-        // Selecting an item sets the text, and selecting none empties it: the two change as one.
+        // Selecting an item sets the text, and selecting none empties it, so the two change as one.
         const QSignalBlocker quiet(this);
         if (index != currentIndex())
             setCurrentIndex(index);

@@ -26,7 +26,8 @@ ctDate::ctDate(QWidget* parent) : QWidget(parent), date_(Today()) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    // Before the name is set: the name's change asks for the accessible interface, which is made once.
+    // The interface is installed before the name is set, because the name's change creates the accessible object, and
+    // that happens only once.
     InstallDateAccess();
     setAccessibleName(tr("Calendar"));
 }
@@ -127,7 +128,7 @@ void ctDate::mousePressEvent(QMouseEvent* event) {
 }
 
 void ctDate::mouseDoubleClickEvent(QMouseEvent* event) {
-    // The second press on an arrow is another turn of the page; on a day the first press has chosen it.
+    // The second press on an arrow turns another page. On a day, the first press has already chosen it.
     const DateLayout::Hit hit = Layout().hit(event->pos());
     if (hit.part != DateLayout::Hit::Part::Day)
         mousePressEvent(event);

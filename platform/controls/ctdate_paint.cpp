@@ -12,7 +12,7 @@ bool isWeekend(Qt::DayOfWeek day) {
     return day == Qt::Saturday || day == Qt::Sunday;
 }
 
-/// The largest square in the middle of a cell, for rings and fills that stay round in a wide pane.
+/// Returns the largest square in the middle of a cell, so that rings and fills stay round in a wide pane.
 QRectF disc(const QRect& cell) {
     const double edge = std::min(cell.width(), cell.height()) - 2;
     QRectF square(0, 0, edge, edge);

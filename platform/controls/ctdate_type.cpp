@@ -7,7 +7,7 @@
 #include "platform/controls/textfield.h"
 #include "platform/desktop/desktop.h"
 
-// A date typed on the calendar: the first key opens a field over the heading.
+// Typing a date: the first key opens a field over the heading.
 
 bool ctDate::beginsDate(const QKeyEvent& event) {
     const QString text = event.text();
@@ -50,7 +50,7 @@ void ctDate::endTyping() {
         setFocus();
 }
 
-// Enter is taken here: the calendar below would hear it, too.
+// Enter is taken here, because otherwise the calendar below would also handle it.
 bool ctDate::eventFilter(QObject* watched, QEvent* event) {
     if (watched != typed_)
         return QWidget::eventFilter(watched, event);

@@ -111,7 +111,7 @@ void ctDEdit::stepBy(int steps) {
         showStepped(DateFieldText(date.addDays(steps), dateOrder_));
     } else if (time != NoTime) {
         const int stepped = std::clamp(time + steps * stepMinutes_, lowest_, highest_);
-        // A time typed beyond the range is not pulled back by a step that leads away from it.
+        // A time that was typed beyond the range is not pulled back by a step that leads away from the range.
         if ((stepped > time) == (steps > 0))
             showStepped(TimeFieldText(stepped, timeForm_));
     }

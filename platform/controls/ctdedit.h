@@ -11,8 +11,8 @@ class QAction;
 
 /// A date field or a time field.
 ///
-/// Forms of entry: see ReadTime and ReadDate. A date field has a calendar that drops from its button, by Alt+Down or by
-/// F4. Up and Down step a minute (setStep) or a day, Page Up and Page Down an hour or a month.
+/// ReadTime and ReadDate describe what may be typed. A date field has a calendar that drops from its button, by
+/// Alt+Down or by F4. Up and Down step by a minute (or setStep) or a day, Page Up and Page Down by an hour or a month.
 class ctDEdit : public FieldEdit {
     Q_OBJECT
 
@@ -22,36 +22,37 @@ class ctDEdit : public FieldEdit {
     explicit ctDEdit(QWidget* parent = nullptr);
     explicit ctDEdit(Kind kind, QWidget* parent = nullptr);
 
-    /// Empties the field.
+    /// Turns the field into a date field or a time field and empties it.
     void setKind(Kind kind);
-    /// Minutes since midnight, 0 to 1440; any other number empties the field.
+    /// Shows a time in minutes since midnight, 0 to 1440. Any other number empties the field.
     void setTime(int minutes);
-    /// An invalid date empties the field.
+    /// Shows a date. An invalid date empties the field.
     void setDate(QDate date);
-    /// 0 month first, 1 day first, 2 year first. What is shown is shown anew.
+    /// Sets the order of dates: 0 month first, 1 day first, 2 year first. A date in the field is rewritten in it.
     void setDateOrder(int order);
-    /// What years of two digits and dates without a year mean; NearToday unless set. To be called before a date is
-    /// shown.
+    /// Sets what years of two digits and dates without a year mean; NearToday unless set. It must be called before a
+    /// date is shown.
     void setYearReading(YearReading reading) { yearReading_ = reading; }
     void setTwentyFourHour(bool on);
-    /// "mid" typed in this field is the midnight that ends the day (1440), not the one that begins it (0).
+    /// Makes "mid" mean the midnight that ends the day (1440) instead of the one that begins it (0).
     void setIsEnd(bool end);
-    /// Where stepping a time stops, in minutes; 0 and 1439 unless set. Typing and setTime reach every minute of the
-    /// day, since 24:00 is a valid end even where stepping stops a minute before.
+    /// Sets the range for stepping a time, in minutes; 0 to 1439 unless set. Typing and setTime reach every minute of
+    /// the day, because 24:00 is a valid end even where stepping stops a minute before.
     void setRange(int lowest, int highest);
-    /// Minutes that one step moves a time; 1 unless set.
+    /// Sets how many minutes one step moves a time; 1 unless set.
     void setStep(int minutes) { stepMinutes_ = minutes; }
     /// Opens the month calendar of a date field.
     void dropCalendar();
 
     [[nodiscard]] Kind FieldKind() const { return kind_; }
-    /// Minutes since midnight, -1 when the field is empty or not understood.
+    /// The minutes since midnight, or -1 when the field is empty or not understood.
     [[nodiscard]] int Time() const;
-    /// Invalid when the field is empty or not understood.
+    /// The date; invalid when the field is empty or not understood.
     [[nodiscard]] QDate Date() const;
-    /// The number that forms test for "nothing there". Of a time: its minutes, -1 when empty or not understood, so that
-    /// "below 1" refuses these and midnight at the start of the day alike. Of a date: its Julian day number, above 100
-    /// for every date that the database can hold; 0 when empty, 1 when not understood.
+    /// The number by which forms test for an empty field. For a time it is its minutes, or -1 when the field is empty
+    /// or not understood, so that a test for "below 1" refuses these and midnight at the start of the day alike. For a
+    /// date it is its Julian day number, above 100 for every date that the database can hold; 0 means empty and 1 not
+    /// understood.
     [[nodiscard]] int Value() const;
 
     void stepBy(int steps) override;
@@ -67,7 +68,7 @@ class ctDEdit : public FieldEdit {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    /// Runs a change of the field's form and shows the value anew in it.
+    /// Changes how the field writes its value and shows the value again.
     template <class ChangeOfForm>
     void reshape(ChangeOfForm change);
     void stepPage(int direction);

@@ -50,8 +50,8 @@ void ctList::Clear() {
         Q_EMIT SelectionChanged();
 }
 
-int ctList::AddRow(const QString& joinedCells, const QVariant& itemData) {
-    const int row = AddRow(joinedCells);
+int ctList::AddRow(const QStringList& cells, const QVariant& itemData) {
+    const int row = model_.addRow(cells);
     SetItemData(row, itemData);
     return row;
 }
@@ -88,11 +88,11 @@ QString ctList::Header(int column) const {
     return model_.headerData(column - 1, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
-QString ctList::ShownRowText(int row) const {
+QStringList ctList::ShownCells(int row) const {
     QStringList cells;
-    for (int column = 1; column <= ColumnCount() && row < RowCount(); ++column)
+    for (int column = 1; column <= ColumnCount() && model_.has(row); ++column)
         cells << ShownCell(row, column);
-    return cells.join(QLatin1Char(';'));
+    return cells;
 }
 
 int ctList::SelectedRow() const {
@@ -133,7 +133,7 @@ QSize ctList::sizeHint() const {
 }
 
 void ctList::keyPressEvent(QKeyEvent* event) {
-    // The first row has the focus in a list that was only just entered, but is not selected yet.
+    // In a list that was only just entered, the first row has the focus but is not selected yet.
     const bool worksOnRow = event->key() == Qt::Key_Space || event->key() == Qt::Key_Home;
     if (worksOnRow && SelectedRow() < 0 && currentIndex().isValid())
         SelectRow(currentIndex().row());
@@ -193,7 +193,7 @@ void ctList::changeEvent(QEvent* event) {
         layOutColumns();
 }
 
-// Without headings the user cannot size the columns.
+// Without headings the user cannot change the widths, so they follow the list's size.
 void ctList::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
     if (isHeaderHidden())

@@ -98,7 +98,8 @@ void ctMEdit::focusOutEvent(QFocusEvent* event) {
 }
 
 void ctMEdit::keyPressEvent(QKeyEvent* event) {
-    // Delete in front of a sign of the mask takes the character behind it; the sign itself would come back at once.
+    // Delete in front of a sign of the mask removes the character after it, because the sign itself would come back at
+    // once.
     if (event->key() == Qt::Key_Delete && !hasSelectedText() && !mask_.isEmpty())
         while (cursorPosition() < text().size() && !text().at(cursorPosition()).isLetterOrNumber())
             setCursorPosition(cursorPosition() + 1);

@@ -6,23 +6,25 @@ class FieldFlag;
 
 /// A text field with a mask, such as the practice's telephone mask "(###) ###-####".
 ///
-/// The signs of the mask appear while typing or pasting, in whatever way the number is written. A text that does not
-/// fit the mask ("ask for Ann") stays as it is and is flagged; so is one that is not complete, when the field is left.
+/// The signs of the mask appear while the user types or pastes, in whatever way the number is written. A text that does
+/// not fit the mask ("ask for Ann") stays as it is and is flagged. A text that is not complete is flagged when the
+/// field is left.
 class ctMEdit : public TextField {
     Q_OBJECT
 
   public:
     explicit ctMEdit(QWidget* parent = nullptr);
 
-    /// # digit, A letter, N either, other signs stand for themselves. `extension` continues the mask and may stay empty
-    /// (" #####" behind a telephone number). An empty mask takes any text. What is shown is shown anew.
+    /// Sets the mask: # is a digit, A a letter, N either, and other signs stand for themselves. `extension` continues
+    /// the mask and may be left empty by the user (" #####" after a telephone number). An empty mask takes any text.
+    /// The text in the field is written again in the new mask.
     void setMask(const QString& mask, const QString& extension = {});
 
     [[nodiscard]] QString Text() const { return text(); }
-    /// The characters at the mask's places, "5551234567", as they are stored; a text that does not fit as it stands, so
-    /// that storing it loses nothing.
+    /// Returns the characters at the mask's places, "5551234567", as they are stored. A text that does not fit the mask
+    /// is returned unchanged, so that storing it loses nothing.
     [[nodiscard]] QString Raw() const;
-    /// Every place of the mask is taken, the extension aside.
+    /// Whether every place of the mask is filled. The extension does not count.
     [[nodiscard]] bool IsFilled() const;
     [[nodiscard]] bool IsEmpty() const { return Raw().trimmed().isEmpty(); }
     /// The complaint shown; empty while the field is not flagged.
@@ -31,9 +33,9 @@ class ctMEdit : public TextField {
     [[nodiscard]] QSize sizeHint() const override;
 
   Q_SIGNALS:
-    /// The text changed, by the user or by the program.
+    /// Raised when the text changed, by the user or by the program.
     void Change();
-    /// The field was left with a text that does not fill the mask.
+    /// Raised when the field was left with a text that does not fill the mask.
     void EditError(const QString& complaint);
 
   protected:

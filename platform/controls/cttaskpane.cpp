@@ -183,7 +183,7 @@ QSize ctTaskPane::minimumSizeHint() const {
 }
 
 bool ctTaskPane::eventFilter(QObject* watched, QEvent* event) {
-    // The scroll area watches its contents, too, which hear every key that a widget inside has no use for.
+    // The scroll area also watches its contents, which receive every key that a widget inside does not use.
     auto* button = qobject_cast<QToolButton*>(watched);
     if (event->type() != QEvent::KeyPress || button == nullptr)
         return QScrollArea::eventFilter(watched, event);

@@ -9,10 +9,11 @@ class QLabel;
 class QToolButton;
 class QVBoxLayout;
 
-/// A column of groups that fold up under their captions. A group holds items of which one in the whole pane is
-/// selected, or a widget of the caller's. Everything is named by its key.
+/// A column of groups that fold up under their captions. A group holds items or a widget of the caller's. One item of
+/// the whole pane is selected. Groups and items are named by keys.
 ///
-/// Keys: Up and Down go from caption to item to item, Enter or Space chooses, Left folds a group up and Right opens it.
+/// Keys: Up and Down move between captions and items, Enter or Space chooses, Left folds a group up and Right unfolds
+/// it.
 class ctTaskPane : public QScrollArea {
     Q_OBJECT
 
@@ -21,15 +22,15 @@ class ctTaskPane : public QScrollArea {
 
     void SetHeading(const QString& caption, const QString& key);
     void AddGroup(const QString& caption, const QString& key);
-    /// The widget becomes the group's content.
+    /// Adds a widget to the group's content. The group becomes its parent.
     void AddWidget(const QString& groupKey, QWidget* content);
     void AddItem(const QString& groupKey, const QString& text, const QString& key, const QIcon& icon,
                  const QString& hint);
     void SetGroupVisible(const QString& key, bool visible);
     void SetGroupExpanded(const QString& key, bool expanded);
-    /// An item that cannot be chosen tells why by its hint.
+    /// Enables or disables an item. `hint` says why a disabled item cannot be chosen.
     void SetItemEnabled(const QString& key, bool enabled, const QString& hint);
-    /// Raises nothing. A key that is no item's leaves nothing selected.
+    /// Selects an item without raising a signal. A key of no item leaves nothing selected.
     void SetSelectedKey(const QString& key);
 
     [[nodiscard]] QString HeadingCaption() const;
@@ -46,9 +47,9 @@ class ctTaskPane : public QScrollArea {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   Q_SIGNALS:
-    /// The user chose an item; it is the selected one from now on.
+    /// Raised when the user has chosen an item, which is now the selected one.
     void ItemChosen(const QString& key);
-    /// The user wants the pane out of the way.
+    /// Raised when the user closes the pane.
     void CloseRequested();
 
   private:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int DayCount = MonthGrid::Weeks * MonthGrid::Days;
 
-/// One day of the month shown. It belongs to its calendar's interface.
+/// One day of the month shown. The calendar's own interface owns it.
 class DayAccess : public QAccessibleInterface, public QAccessibleActionInterface {
   public:
     DayAccess(ctDate& calendar, int position) : calendar_(&calendar), position_(position) {}

@@ -2,8 +2,8 @@
 
 class ctDate;
 
-/// Lets assistive programs read a ctDate as a table of 42 days that can be pressed. Once per process is enough; more
-/// calls do nothing.
+/// Lets assistive programs read a ctDate as a table of 42 days that can be pressed. One call per process is enough;
+/// more calls do nothing.
 void InstallDateAccess();
-/// Tells them that another day is the selected one.
+/// Tells assistive programs that the calendar's selected date has changed.
 void TellDateChanged(ctDate& calendar);

@@ -13,21 +13,22 @@ constexpr int YearsAhead = 20;
 constexpr int MonthsBack = 6;
 constexpr int NameLetters = 3;
 
-/// The day on which a date is typed, and which years may be meant.
+/// The day on which a date is typed, and how its year is read.
 struct Reader {
     QDate today;
     YearReading reading = YearReading::NearToday;
 };
 
-/// What stands in a typed date.
+/// The parts of a typed date.
 struct Parts {
     QStringList numbers;    ///< In the order typed.
     int month = 0;          ///< 1 to 12 when named.
-    int numbersBefore = 0;  ///< Numbers in front of the month's name.
+    int numbersBefore = 0;  ///< How many numbers stand before the month's name.
     int weekday = 0;        ///< 1 Monday to 7 Sunday when named.
 };
 
-/// Position (1 ...) of the one name that starts with `word`, in English or in the language of the computer.
+/// Returns the position, from 1, of the only name that starts with `word`, in English or in the language of the
+/// computer; 0 where none or more than one does.
 template <class NameOf>
 int namedPosition(const QString& word, int count, NameOf nameOf) {
     if (word.size() < NameLetters)
@@ -133,7 +134,7 @@ std::optional<QDate> namedMonthDate(const Parts& parts, DateOrder order, const R
                        : withYear(numbers[1], month, numbers[0], reader);
 }
 
-/// Digits typed without anything between, cut as the order would have them: 1203, 120326, 12032026.
+/// Cuts digits that were typed without separators in the order of the date: 1203, 120326, 12032026.
 QStringList cut(const QString& digits, DateOrder order) {
     if (digits.size() == 4)
         return {digits.left(2), digits.mid(2)};

@@ -31,7 +31,7 @@ DateLayout::Hit DateLayout::hit(QPoint point) const {
 }
 
 QRect DateLayout::cell(int week, int day) const {
-    // Edges are rounded one by one, so that columns of a narrow pane differ by a pixel rather than leave a gap.
+    // Each edge is rounded on its own, so that the columns of a narrow pane may differ by a pixel but leave no gap.
     const int left = size.width() * day / MonthGrid::Days;
     const int right = size.width() * (day + 1) / MonthGrid::Days;
     return {left, rowHeight * (week + 2), right - left, rowHeight};

@@ -4,7 +4,7 @@
 #include <QDate>
 #include <QRect>
 
-/// One month as six weeks of seven days, from the last days of the month before to the first of the month after.
+/// One month as six weeks of seven days, with the last days of the month before and the first of the month after.
 struct MonthGrid {
     static constexpr int Weeks = 6;
     static constexpr int Days = 7;
@@ -14,21 +14,21 @@ struct MonthGrid {
 
     [[nodiscard]] QDate firstDate() const;
     [[nodiscard]] QDate dateAt(int week, int day) const { return firstDate().addDays(week * Days + day); }
-    /// Nothing for a date outside the grid; else its position counted from 0, weeks of seven.
+    /// Returns the position of a date in the grid, counted from 0 day by day, or nothing for a date outside the grid.
     [[nodiscard]] std::optional<int> positionOf(QDate date) const;
     [[nodiscard]] Qt::DayOfWeek dayOfWeekAt(int day) const;
 };
 
-/// Where the parts of a month calendar lie in a widget of that size.
+/// The rectangles of a month calendar's parts in a widget of the given size.
 struct DateLayout {
     QSize size;
     int rowHeight = 0;
 
-    /// What a point hits.
+    /// The part at a point.
     struct Hit {
         enum class Part { Nothing, Previous, Next, Heading, Day };
         Part part = Part::Nothing;
-        int position = -1;  ///< Of a day, as MonthGrid counts.
+        int position = -1;  ///< The position of a day, as MonthGrid counts it; -1 for any other part.
         friend bool operator==(const Hit&, const Hit&) = default;
     };
 

@@ -10,7 +10,7 @@
 #include "platform/theme/theme.h"
 
 DatePopup::DatePopup(QWidget& field) : QFrame(&field, Qt::Popup), field_(field), calendar_(new ctDate(this)) {
-    // The click that closes it must not open it again from the field's button.
+    // The click that closes the calendar must not open it again through the field's button.
     setAttribute(Qt::WA_NoMouseReplay);
     setFrameShape(QFrame::StyledPanel);
     setAccessibleName(tr("Calendar"));

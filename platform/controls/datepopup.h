@@ -4,15 +4,15 @@
 
 #include "platform/controls/ctdate.h"
 
-/// The month calendar that drops from a date field. A click on a day, Enter, or "Today" chooses and closes; Escape and
-/// a click elsewhere close and choose nothing. The arrow keys walk without choosing.
+/// The month calendar that drops from a date field. A click on a day, Enter and "Today" choose a date and close the
+/// calendar. Escape and a click elsewhere close it without a choice. The arrow keys move without choosing.
 class DatePopup : public QFrame {
     Q_OBJECT
 
   public:
     explicit DatePopup(QWidget& field);
 
-    /// Opens below the field, or above where the screen ends. An invalid date opens at today.
+    /// Opens below the field, or above it where the screen ends. For an invalid date it opens at today.
     void drop(QDate date, int dateOrder);
 
     [[nodiscard]] ctDate& Calendar() { return *calendar_; }

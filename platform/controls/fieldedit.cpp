@@ -14,10 +14,10 @@
 
 namespace {
 
-/// What a QLineEdit's button is wider than its icon.
+/// How much wider a QLineEdit's button is than its icon.
 constexpr int SignPadding = 6;
 
-/// Any text may be typed, in one line; it is read when the field is left.
+/// Accepts any text in one line. The text is read when the field is left.
 class LineGuard : public QValidator {
   public:
     using QValidator::QValidator;
@@ -85,7 +85,8 @@ bool FieldEdit::event(QEvent* event) {
 }
 
 bool FieldEdit::eventFilter(QObject* watched, QEvent* event) {
-    // A click that entered the field would put the cursor and lose the selection; one that draws a selection keeps it.
+    // A click that enters the field would place the cursor and lose the selection. A click that draws a selection keeps
+    // it.
     if (event->type() == QEvent::MouseButtonRelease && selectOnRelease_) {
         selectOnRelease_ = false;
         if (!lineEdit()->hasSelectedText())
@@ -103,7 +104,7 @@ void FieldEdit::focusInEvent(QFocusEvent* event) {
 }
 
 void FieldEdit::focusOutEvent(QFocusEvent* event) {
-    // Another window or the field's own calendar in front: the user is coming back.
+    // Another window or the field's own calendar came to the front, and the user will come back.
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason && !isReadOnly())
         leave();
     QAbstractSpinBox::focusOutEvent(event);

@@ -5,19 +5,19 @@
 
 class FieldFlag;
 
-/// What the fields with spin buttons share: a text that a person types freely, read as it stands at every moment, and
-/// written in the field's own form when the field is left or Enter is pressed.
+/// The base of the fields with spin buttons. A person types any text. It is read at every moment as it stands, and it
+/// is rewritten in the field's own form when the field is left or Enter is pressed.
 ///
-/// A text that is not understood stays as typed; on leaving, the field flags it, beeps, shows its complaint and raises
-/// EditError. Entering selects the whole text. The spin buttons, Up and Down and, only in the focused field, the wheel
-/// step the value; an empty field does not step.
+/// A text that is not understood stays as typed. On leaving, the field flags it, beeps, shows its complaint and raises
+/// EditError. Entering the field selects the whole text. The spin buttons, Up and Down and, only in the focused field,
+/// the wheel step the value. An empty field does not step.
 class FieldEdit : public QAbstractSpinBox {
     Q_OBJECT
 
   public:
     explicit FieldEdit(QWidget* parent = nullptr);
 
-    /// Shows a text, in the field's own form if it is understood, flagged without a sound if not.
+    /// Shows a text. A text that is understood is shown in the field's own form; another is flagged without a sound.
     void setText(const QString& text);
 
     [[nodiscard]] QString Text() const { return text(); }
@@ -31,25 +31,25 @@ class FieldEdit : public QAbstractSpinBox {
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
   Q_SIGNALS:
-    /// The text changed, by the user or by the program.
+    /// Raised when the text changed, by the user or by the program.
     void Change();
-    /// The field was left with a text that it does not understand.
+    /// Raised when the field was left with a text that it does not understand.
     void EditError(const QString& complaint);
 
   protected:
-    /// The text in the field's own form, or nothing when it is not understood.
+    /// Returns the text in the field's own form, or nothing when it is not understood.
     [[nodiscard]] virtual std::optional<QString> normalised(const QString& text) const = 0;
-    /// What to tell about a text that is not understood.
+    /// Returns the complaint about a text that is not understood.
     [[nodiscard]] virtual QString complaint() const = 0;
     [[nodiscard]] virtual QString widestText() const = 0;
-    /// Signs in the field besides the flag's.
+    /// Returns how many signs the field has besides the flag's.
     [[nodiscard]] virtual int signCount() const { return 0; }
-    /// What the tip tells about an understood text.
+    /// Returns the tip for a text that is understood.
     [[nodiscard]] virtual QString hint() const { return toolTip(); }
 
-    /// The text is finished: writes it in the field's own form or flags it.
+    /// Handles a finished text: rewrites it in the field's own form or flags it.
     void leave();
-    /// Shows the outcome of a step, selected.
+    /// Shows and selects the result of a step.
     void showStepped(const QString& text);
 
     bool event(QEvent* event) override;

@@ -4,13 +4,13 @@
 #include <QLineEdit>
 #include <QPointer>
 
-/// The mark of a field whose text is not understood: a red border, a warning sign in the field, the complaint as its
-/// tip and as its accessible description. The text itself stays.
+/// The mark of a field whose text is not understood: a red border, a warning sign in the field, and the complaint as
+/// tip and as accessible description. The text itself stays.
 class FieldFlag : public QObject {
     Q_OBJECT
 
   public:
-    /// `edit` is the field's line edit, `host` the whole field; they may be one widget.
+    /// `edit` is the field's line edit and `host` the whole field. They may be the same widget.
     FieldFlag(QWidget& host, QLineEdit& edit);
 
     /// Marks the field without a sound.
@@ -18,12 +18,12 @@ class FieldFlag : public QObject {
     /// Marks the field, beeps and shows the complaint below it.
     void complain(const QString& complaint);
     void clear();
-    /// To be called at the end of the host's paint event.
+    /// Paints the border of a marked field. The host calls it at the end of its paint event.
     void paintBorder() const;
 
     [[nodiscard]] bool isUp() const { return !complaint_.isEmpty(); }
     [[nodiscard]] const QString& complaint() const { return complaint_; }
-    /// What a warning is painted in: seen on the palette's base, light or dark.
+    /// Returns the colour of a warning, which can be seen on the palette's base, light or dark.
     [[nodiscard]] static QColor Colour(const QPalette& palette);
 
   private:
@@ -31,5 +31,5 @@ class FieldFlag : public QObject {
     QLineEdit& edit_;
     QAction* sign_;
     QString complaint_;
-    QString description_;  ///< The host's own accessible description while the flag is up.
+    QString description_;  ///< The host's own accessible description, kept while the flag is up.
 };

@@ -38,7 +38,7 @@ void FieldNotice::Say(const QString& text) {
     QAccessible::updateAccessibility(&told);
 }
 
-// It goes later: a window that hides is counting its children.
+// The line is deleted later, because a window that hides iterates over its children.
 void FieldNotice::takeAway() {
     if (line_ == nullptr)
         return;
@@ -60,7 +60,7 @@ bool FieldNotice::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-// Above the field where the window ends below it.
+// The line stands above the field where the window ends below it.
 void FieldNotice::place() {
     const QWidget& window = *field_.window();
     line_->adjustSize();

@@ -5,8 +5,8 @@
 
 class QLabel;
 
-/// A line right below a field, over whatever stands there, that says what became of a text: it goes when the field is
-/// left, and takes no place in the form.
+/// A line below a field that says what happened to its text. It lies over the widgets that stand there, so that it
+/// takes no room in the form. It disappears when the field is left.
 class FieldNotice : public QObject {
     Q_OBJECT
 
@@ -14,7 +14,8 @@ class FieldNotice : public QObject {
     explicit FieldNotice(QWidget& field);
     ~FieldNotice() override;
 
-    /// Shows a text, which screen readers are told; nothing takes it away. A field that is not seen says nothing.
+    /// Shows a text and announces it to screen readers. An empty text takes the line away. A field that is not visible
+    /// shows nothing.
     void Say(const QString& text);
     [[nodiscard]] QString Text() const;
 
@@ -26,8 +27,8 @@ class FieldNotice : public QObject {
     void place();
 
     QWidget& field_;
-    QPointer<QLabel> line_;  ///< A child of the field's window, which may go before the field does.
+    QPointer<QLabel> line_;  ///< A child of the field's window, which may be destroyed before the field.
 };
 
-/// What is said of a text that was cut to the characters that its column keeps.
+/// Returns the message for a text that was cut to the characters that its column keeps.
 [[nodiscard]] QString KeptText(int characters);

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What the window's frame and a panel of the desktop may take of the screen.
+/// The room that the window's frame and a panel of the desktop may take of the screen.
 constexpr QSize FrameAllowance(16, 56);
 
 }  // namespace

@@ -4,8 +4,8 @@
 
 class QDialog;
 
-/// Holds the fields of a large form: as large as they want to be, and scrolled where the screen is too small for that.
-/// The buttons of the form stay outside, so that they are always in sight.
+/// Holds the fields of a large form at their full size and scrolls them where the screen is too small. The buttons of
+/// the form stay outside, so that they are always in sight.
 class FormArea : public QScrollArea {
     Q_OBJECT
 
@@ -16,5 +16,5 @@ class FormArea : public QScrollArea {
     [[nodiscard]] QSize minimumSizeHint() const override;
 };
 
-/// Gives a form that holds a FormArea the size of its contents, or what the screen has for it.
+/// Gives a form that holds a FormArea the size of its contents, or as much of it as the screen offers.
 void FitToScreen(QDialog& form);

@@ -4,9 +4,9 @@
 #include <QPushButton>
 #include <QString>
 
-// The parts of a form that every dialog builds alike.
+// Parts of a form that every dialog builds in the same way.
 
-/// Gives a part the name by which the form's code and its tests know it.
+/// Sets the name by which the form's code and its tests find a part.
 template <typename Part>
 Part* Named(Part* part, const QString& name) {
     part->setObjectName(name);
@@ -18,14 +18,14 @@ Part* Named(Part* part, const char* name) {
     return Named(part, QString::fromLatin1(name));
 }
 
-/// A label whose Alt key goes to the field, beside which it stands.
+/// Makes a label that stands beside a field. The label's Alt key moves to the field.
 inline QLabel* FieldLabel(const QString& text, QWidget* field) {
     auto* label = new QLabel(text, field->parentWidget());
     label->setBuddy(field);
     return label;
 }
 
-/// A button that does not become the form's default by having the focus.
+/// Makes a button that does not become the form's default when it has the focus.
 inline QPushButton* FormButton(const QString& text, const char* name, QWidget* parent) {
     auto* button = Named(new QPushButton(text, parent), name);
     button->setAutoDefault(false);

@@ -10,7 +10,7 @@
 
 namespace {
 
-// What pops up over the form comes and goes with a key, and has fields of its own.
+// A popup over the form is left out, because it comes and goes with a key and has fields of its own.
 template <typename Field, typename Text>
 void add(QStringList& state, const QWidget& form, const Text& textOf) {
     for (const Field* field : form.findChildren<Field*>())
@@ -26,7 +26,7 @@ QString selectedRows(const QListWidget& list) {
     return rows;
 }
 
-// Rows that come and go without a check box are an offer, not an entry.
+// Only check boxes count. Rows without one are an offer of the program, not an entry of the user.
 QString checkedRows(const ctList& list) {
     QString rows;
     for (int column = 1; column <= list.ColumnCount(); ++column)

@@ -4,6 +4,6 @@
 
 class QWidget;
 
-/// What stands in the fields of a form: texts, choices, check marks and the selected rows of lists that hold more than
-/// one. Two states of one form are equal where the user would see no difference in them.
+/// Returns the contents of a form's fields: texts, choices, check marks, and the selected rows of lists in which
+/// several can be selected. Two states of one form are equal where the user would see no difference between them.
 [[nodiscard]] QStringList FormState(const QWidget& form);

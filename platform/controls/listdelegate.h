@@ -2,8 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-/// Paints the cells of a ctList: check boxes in the middle of their column, a sheet of paper in front of a row that
-/// has a note, and the whole text as a tip where it does not fit.
+/// Paints the cells of a ctList: check boxes in the middle of their column, a sheet of paper in front of a row with a
+/// note, and the whole text as a tip where it does not fit.
 class ListDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr QChar Separator = QLatin1Char(';');
-
 quint32 columnBit(int column) {
     return column < 1 || column > 32 ? 0U : 1U << static_cast<unsigned>(column - 1);
 }
@@ -43,19 +41,9 @@ QString HiddenNameText() {
     return QStringLiteral("(hidden)");
 }
 
-QString JoinCells(const QStringList& cells) {
-    QStringList harmless;
-    for (QString cell : cells)
-        harmless << cell.replace(QLatin1String("\r\n"), QLatin1String(","))
-                        .replace(u'\n', u',')
-                        .replace(u'\r', u',')
-                        .replace(Separator, u',');
-    return harmless.join(Separator);
-}
-
-int ListModel::addRow(const QString& joinedCells) {
+int ListModel::addRow(const QStringList& cells) {
     const int position = rowCount();
-    Row row{joinedCells, {}, {}, 0, 0, false};
+    Row row{cells, {}, {}, 0, 0, false};
     for (int column = 1; column <= columnCount(); ++column)
         if (isCheckColumn(column) && cellView(row, column).toInt() != 0)
             row.checks |= columnBit(column);
@@ -77,11 +65,9 @@ void ListModel::setCell(int row, int column, const QString& text) {
     if (!has(row) || column < 1 || column > columnCount())
         return;
     Row& target = rows_[static_cast<std::size_t>(row)];
-    QStringList cells = target.text.split(Separator);
-    while (cells.size() < column)
-        cells << QString();
-    cells[column - 1] = text;
-    target.text = cells.join(Separator);
+    while (target.cells.size() < column)
+        target.cells << QString();
+    target.cells[column - 1] = text;
     changed(row);
 }
 
@@ -167,8 +153,8 @@ int ListModel::firstTextColumn() const {
     return 1;
 }
 
-QString ListModel::rowText(int row) const {
-    return has(row) ? rows_[static_cast<std::size_t>(row)].text : QString();
+QStringList ListModel::cells(int row) const {
+    return has(row) ? rows_[static_cast<std::size_t>(row)].cells : QStringList();
 }
 
 QString ListModel::cell(int row, int column) const {
@@ -177,10 +163,10 @@ QString ListModel::cell(int row, int column) const {
 
 // An empty cell has nothing to hide.
 QString ListModel::shownCell(int row, int column) const {
-    QString text = cell(row, column);
+    const QString text = cell(row, column);
     const bool hidden = namesHidden_ && has(row) && !text.isEmpty() &&
                         (rows_[static_cast<std::size_t>(row)].names & columnBit(column)) != 0;
-    return hidden ? HiddenNameText() : text;
+    return hidden ? HiddenNameText() : OneLine(text);
 }
 
 bool ListModel::checked(int row, int column) const {
@@ -230,14 +216,13 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const bool check = isCheckColumn(column);
     switch (role) {
         case Qt::DisplayRole:
-            return check || isColorColumn(column) ? QVariant() : OneLine(shownCell(index.row(), column));
+            return check || isColorColumn(column) ? QVariant() : shownCell(index.row(), column);
         case Qt::DecorationRole:
             return isColorColumn(column) ? QVariant(QColor(cell(index.row(), column))) : QVariant();
         case Qt::CheckStateRole:
             return check ? QVariant(checked(index.row(), column) ? Qt::Checked : Qt::Unchecked) : QVariant();
         case Qt::AccessibleTextRole:
-            return check ? columns_[static_cast<std::size_t>(index.column())].header
-                         : OneLine(shownCell(index.row(), column));
+            return check ? columns_[static_cast<std::size_t>(index.column())].header : shownCell(index.row(), column);
         case Qt::TextAlignmentRole:
             return QVariant(columns_[static_cast<std::size_t>(index.column())].alignment | Qt::AlignVCenter);
         case NoteMarkRole:
@@ -268,16 +253,8 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
     return flags;
 }
 
-QStringView ListModel::cellView(const Row& row, int column) const {
-    qsizetype start = 0;
-    for (int passed = 1; passed < column; ++passed) {
-        const qsizetype separator = row.text.indexOf(Separator, start);
-        if (separator < 0)
-            return {};
-        start = separator + 1;
-    }
-    const qsizetype end = row.text.indexOf(Separator, start);
-    return QStringView(row.text).mid(start, end < 0 ? -1 : end - start);
+QStringView ListModel::cellView(const Row& row, int column) {
+    return column >= 1 && column <= row.cells.size() ? QStringView(row.cells[column - 1]) : QStringView();
 }
 
 void ListModel::changed(int row) {

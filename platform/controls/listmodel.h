@@ -6,27 +6,22 @@
 
 /// One column of a ctList.
 struct ListColumn {
-    /// A colour's cell holds its name as QColor reads it ("#ff8000") and shows a swatch.
+    /// The cell of a Color column holds a colour as QColor reads it ("#ff8000") and shows a swatch.
     enum class Kind { Text, Check, Color };
 
     QString header;
     Kind kind = Kind::Text;
-    /// Width to begin with, in average characters; 0 shares what the others leave. Without headings, at most half the
-    /// list.
+    /// The initial width in average characters. With 0 the column shares the width that the others leave. In a list
+    /// without headings it is at most half the list.
     int widthCharacters = 0;
     Qt::Alignment alignment = Qt::AlignLeft;
 };
 
-/// What stands where a hidden name, or what would betray it, is listed.
+/// The text that is shown in place of a hidden name or a private cell.
 [[nodiscard]] QString HiddenNameText();
 
-/// The cells of a row joined by ";", as lists are given their rows. What would part a cell in two becomes harmless: ";"
-/// and line ends become commas.
-[[nodiscard]] QString JoinCells(const QStringList& cells);
-
-/// The rows behind a ctList. A row keeps the text it was given, its cells joined by ";", and cells are cut out when
-/// they are looked at, so that a hundred thousand rows cost no more than their texts. Rows count from 0, columns from 1
-/// as the forms name them; column 0 exists only in the QModelIndex interface.
+/// The rows behind a ctList. Rows count from 0. Columns count from 1, as the forms name them; columns from 0 exist only
+/// in the QModelIndex interface.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -38,7 +33,7 @@ class ListModel : public QAbstractTableModel {
     void setColumns(std::vector<ListColumn> columns);
     void setHeader(int column, const QString& text);
     void clear();
-    int addRow(const QString& joinedCells);
+    int addRow(const QStringList& cells);
     void removeRowAt(int row);
     void setCell(int row, int column, const QString& text);
     void setChecked(int row, int column, bool checked);
@@ -55,7 +50,7 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] bool isCheckColumn(int column) const;
     [[nodiscard]] bool isColorColumn(int column) const;
     [[nodiscard]] int firstTextColumn() const;
-    [[nodiscard]] QString rowText(int row) const;
+    [[nodiscard]] QStringList cells(int row) const;
     [[nodiscard]] QString cell(int row, int column) const;
     [[nodiscard]] QString shownCell(int row, int column) const;
     [[nodiscard]] bool checked(int row, int column) const;
@@ -63,10 +58,9 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] QString itemText(int row) const;
     [[nodiscard]] bool noteMark(int row) const;
     [[nodiscard]] bool checksEnabled() const { return checksEnabled_; }
-    /// The first row whose item data equals `data`, -1 where none does.
+    /// Returns the first row whose item data equals `data`, or -1.
     [[nodiscard]] int findItemData(const QVariant& data) const;
-    /// The next row after `after`, wrapping at the end, whose cell starts with `prefix` in any case; -1 where none
-    /// does.
+    /// Returns the next row after `after`, wrapping at the end, whose cell starts with `prefix` in any case, or -1.
     [[nodiscard]] int findPrefix(const QString& prefix, int column, int after) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -79,15 +73,15 @@ class ListModel : public QAbstractTableModel {
     using QAbstractTableModel::itemData;
 
     struct Row {
-        QString text;
+        QStringList cells;
         QString itemText;
         QVariant itemData;
-        quint32 checks = 0;  ///< Bit n for column n + 1.
-        quint32 names = 0;   ///< The same.
+        quint32 checks = 0;  ///< Bit n belongs to column n + 1.
+        quint32 names = 0;   ///< The cells marked by nameCell, in the same bits.
         bool noteMark = false;
     };
 
-    [[nodiscard]] QStringView cellView(const Row& row, int column) const;
+    [[nodiscard]] static QStringView cellView(const Row& row, int column);
     void changed(int row);
 
     std::vector<ListColumn> columns_;

@@ -108,7 +108,8 @@ bool NoticeBar::Stands(const QString& subject) const {
 }
 
 bool NoticeBar::MayLeave() const {
-    const std::vector<Entry> entries = entries_;  // A question shows a window, and what happens then may add a notice.
+    const std::vector<Entry> entries =
+        entries_;  // Copied, because a question shows a window, and a notice may be added meanwhile.
     return std::all_of(entries.begin(), entries.end(),
                        [](const Entry& entry) { return !entry.notice.mayClose || entry.notice.mayClose(); });
 }
@@ -159,7 +160,7 @@ void NoticeBar::makeRow(Entry& entry) {
     connect(entry.row, &NoticeRow::Closed, this, [this, number] { close(number); });
 }
 
-// One of its buttons may be what was just clicked.
+// The row is deleted later, because the click may come from one of its buttons.
 void NoticeBar::freeRow(NoticeRow* row) {
     rows_->removeWidget(row);
     row->hide();

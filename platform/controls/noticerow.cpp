@@ -27,7 +27,7 @@ QColor colourOf(Notice::Kind kind) {
     return colours.accent;
 }
 
-/// What a screen reader announces when the notice comes.
+/// Lets a screen reader announce the notice when it appears.
 class RowAccess : public QAccessibleWidget {
   public:
     explicit RowAccess(QWidget& row) : QAccessibleWidget(&row, QAccessible::AlertMessage) {}
@@ -91,7 +91,7 @@ QWidget* NoticeRow::FirstButton() const {
 void NoticeRow::elide() {
     const QString shown = label_->fontMetrics().elidedText(text_, Qt::ElideRight, label_->width());
     label_->setText(shown);
-    // A tip would read the text as markup where it looks like some.
+    // The text is escaped, because a tip would read it as markup where it looks like markup.
     setToolTip(shown == text_ ? QString() : Qt::convertFromPlainText(text_));
 }
 

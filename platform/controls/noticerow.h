@@ -4,7 +4,7 @@
 
 class QToolButton;
 
-/// One notice as a NoticeBar shows it: picture, text, buttons, a cross.
+/// One notice in a NoticeBar: its picture, text and buttons, and a button to close it.
 class NoticeRow : public QWidget {
     Q_OBJECT
 

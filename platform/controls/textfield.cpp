@@ -6,7 +6,7 @@
 #include "platform/controls/fieldnotice.h"
 #include "platform/text/plaintext.h"
 
-/// A line edit asks its validator before every change of its text, whichever way it comes.
+/// Sees every change of the text, because a line edit asks its validator before each, whatever its source.
 class TextField::Guard : public QValidator {
   public:
     explicit Guard(TextField& field) : QValidator(&field), field_(field) {}
@@ -40,14 +40,14 @@ QString TextField::Notice() const {
     return notice_->Text();
 }
 
-// The field of a combo box is told of the focus by its box.
+// For the field of a combo box, the box passes the loss of focus on.
 void TextField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     notice_->Say({});
 }
 
 void TextField::guard(QString& text, int& cursor) {
-    // What it changed is asked about again.
+    // A line edit asks again about the text that this guard has just changed.
     if (text == before_)
         return;
     const auto cleaned = [this](const QString& part) {
@@ -74,7 +74,7 @@ bool TextField::cut(QString& text, int& cursor) const {
     if (most_ == 0 || excess <= 0 || text == whole_ || (areWhole_ && areWhole_(text)))
         return false;
     int from = std::max(0, cursor - excess);
-    // A character of two units is not cut in half.
+    // A surrogate pair is not cut in half.
     if (from > 0 && text[from].isLowSurrogate() && text[from - 1].isHighSurrogate())
         --from;
     text.remove(from, std::max(cursor, excess) - from);

@@ -5,27 +5,29 @@
 
 class FieldNotice;
 
-/// A text of one line, no longer than its column keeps.
+/// A text field of one line that takes no more than its column keeps.
 ///
-/// Whether typed, pasted, dropped or set by the program: line breaks, tabs and other control characters become blanks,
-/// and characters that the field does not take are left out. What is more than the column keeps is left out where it
-/// was typed or pasted, so that the end of a long text is not pushed out unseen, and a line below the field says so.
+/// In every text, whether typed, pasted, dropped or set by the program, line breaks, tabs and other control characters
+/// become blanks, and characters that the field does not accept are removed. Typed or pasted text beyond the limit is
+/// removed where it was entered, so that the end of a long text is not pushed out unseen, and a line below the field
+/// says so.
 class TextField : public QLineEdit {
     Q_OBJECT
 
   public:
     explicit TextField(QWidget* parent = nullptr);
 
-    /// How many characters the column keeps; 0, as at first, is any number.
+    /// Sets how many characters the column keeps. 0, the initial value, means any number.
     void SetMost(int characters) { most_ = characters; }
-    /// Shows a text whole that is longer than what is kept, since it was stored elsewhere; the line says how much is.
+    /// Shows a text that may be longer than the limit, because it was stored elsewhere. The line below says how much of
+    /// it is kept.
     void ShowWhole(const QString& text);
-    /// Which texts are shown whole when something else sets them, such as the items of a list.
+    /// Sets which texts are shown whole when the program sets them otherwise, such as the items of a list.
     void SetWholeTexts(std::function<bool(const QString&)> areWhole) { areWhole_ = std::move(areWhole); }
-    /// Leaves out what is not accepted, from the next change on: a text that stands in the field stays.
+    /// Sets which characters are accepted, from the next change on. The text in the field stays.
     void SetAccepts(std::function<bool(QChar)> accepts) { accepts_ = std::move(accepts); }
 
-    /// What is kept of the text.
+    /// The part of the text that the column keeps.
     [[nodiscard]] QString Stored() const;
     /// The line below the field; empty while all of the text is kept.
     [[nodiscard]] QString Notice() const;
@@ -42,6 +44,6 @@ class TextField : public QLineEdit {
     std::function<bool(QChar)> accepts_;
     std::function<bool(const QString&)> areWhole_;
     int most_ = 0;
-    QString whole_;   ///< What the program showed whole.
-    QString before_;  ///< The text before the change.
+    QString whole_;   ///< The text set by ShowWhole.
+    QString before_;  ///< The text before the current change.
 };

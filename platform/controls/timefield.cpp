@@ -7,7 +7,7 @@ namespace {
 constexpr int HourMinutes = 60;
 constexpr int Noon = 12 * HourMinutes;
 constexpr int DayMinutes = 24 * HourMinutes;
-/// First hour that a bare number means in the morning.
+/// The first hour that means the morning when it is typed without am or pm.
 constexpr int FirstMorningHour = 7;
 
 const QRegularExpression& clockText() {
@@ -31,7 +31,7 @@ std::optional<int> halfDayTime(int hour, int minute, bool afternoon) {
     return (hour % 12 + (afternoon ? 12 : 0)) * HourMinutes + minute;
 }
 
-/// "5" is five minutes only behind a colon; "9.5" may be half past nine.
+/// A single digit is a minute only after a colon, because "9.5" may mean half past nine.
 std::optional<int> minuteOf(const QRegularExpressionMatch& match) {
     const QString text = match.captured(u"minute") + match.captured(u"close");
     if (text.size() == 1 && match.captured(u"parting") != QLatin1String(":"))

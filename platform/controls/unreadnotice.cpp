@@ -37,7 +37,7 @@ UnreadNotice::UnreadNotice(QWidget& covered, QWidget& host)
     }
     column->addWidget(cmdTryAgain_, 0, Qt::AlignHCenter);
     column->addStretch(2);
-    // The place may be covered anew, or gone, by what is tried: it is tried when the click is over.
+    // The retry runs after the click, because it may cover this place anew or destroy it.
     connect(
         cmdTryAgain_, &QPushButton::clicked, this,
         [this] {

@@ -6,20 +6,20 @@
 class QLabel;
 class QPushButton;
 
-/// Stands in the place of what could not be read, so that an empty page is not taken for an empty day: says so, and
-/// offers to try again. What it covers takes neither mouse nor keys meanwhile.
+/// Covers a widget whose contents could not be read, so that an empty page is not taken for an empty day. It says so
+/// and offers to try again. The covered widget takes neither mouse nor keys meanwhile.
 ///
-/// It belongs to the host, in which the covered widget stands at any depth, and follows that one's place and size. The
-/// host lays nothing out by itself, as a splitter does with whatever it is given.
+/// The notice is a child of the host, in which the covered widget stands at any depth, and it follows the covered
+/// widget's place and size. The host must not lay out its children by itself, as a splitter does.
 class UnreadNotice : public QWidget {
     Q_OBJECT
 
   public:
     UnreadNotice(QWidget& covered, QWidget& host);
 
-    /// Covers the place and tells `why`; Try again, or Enter on it, calls `again` once the click is over.
+    /// Covers the widget and shows the reason `why`. "Try again", or Enter on it, calls `again` after the click.
     void Cover(const QString& why, std::function<void()> again);
-    /// What stands there can be read again.
+    /// Removes the cover once the contents can be read again.
     void Uncover();
 
   protected:

@@ -14,16 +14,16 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// How often a shown wait looks whether the user has given up.
+/// How often a shown wait checks whether the user has given up.
 constexpr milliseconds betweenLooks{15};
-/// How long an engine that was asked to give up may take to answer; a lock is let go within its time-out.
+/// How long an engine that was asked to give up may take to answer. A wait for a lock ends within this time.
 constexpr int cancelMilliseconds = 4'000;
 
-/// What the two threads share. It belongs to both, so that a thread that never gets its answer can be left to itself.
+/// The state that the two threads share. Both own it, so that a thread that never gets its answer can be abandoned.
 struct Shared {
     std::mutex mutex;
     std::condition_variable changed;
-    std::unique_ptr<CancellableEngine> engine;  ///< None before it is made.
+    std::unique_ptr<CancellableEngine> engine;  ///< Null before it is made.
     std::function<void()> job;                  ///< Empty while the engine has nothing to do.
     bool ending = false;
 };
@@ -60,6 +60,12 @@ class BackgroundEngine final : public Engine {
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override {
         return answerOf<qint64>([=](Engine& engine) { return engine.execute(statement, bound); });
     }
+    Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                            const std::vector<Value>& bound) override {
+        return answerOf<Numbered>(
+            [=](Engine& engine) { return engine.insertNumbered(statement, valuesAt, identityColumn, bound); });
+    }
+    [[nodiscard]] QString lockingHint() const override { return shared_->engine->lockingHint(); }
     ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override {
         return answerOf<ResultTable>([=](Engine& engine) { return engine.query(statement, bound, mostRows); });
     }
@@ -82,7 +88,7 @@ class BackgroundEngine final : public Engine {
         return answerOf<bool>([](Engine& engine) { return engine.inTransaction(); });
     }
     [[nodiscard]] int mostRowsOfInsert(int columns) const override {
-        return shared_->engine->mostRowsOfInsert(columns);  // The same at any time.
+        return shared_->engine->mostRowsOfInsert(columns);  // The number never changes.
     }
     Link link() override { return leftAlone_ ? Link::Cut : shared_->engine->link(); }
     const TableInfo& describe(const QString& table) override {
@@ -93,7 +99,7 @@ class BackgroundEngine final : public Engine {
     }
 
   private:
-    /// The answer is the threads' common property too: one that comes too late finds its place.
+    /// The outcome of a step. Both threads own it, so that an answer that comes too late still has a place to go.
     template <typename Answer>
     struct Outcome {
         Answer answer{};
@@ -105,7 +111,7 @@ class BackgroundEngine final : public Engine {
     Answer once(const std::function<Answer(Engine&)>& step, const QElapsedTimer& since, ShownWait& shown);
     void start(std::function<void()> job);
     [[nodiscard]] bool answersWithin(milliseconds time);
-    /// False when the user gave up.
+    /// Returns false when the user gave up.
     bool wait(const QElapsedTimer& since, ShownWait& shown);
 
     std::shared_ptr<Shared> shared_ = std::make_shared<Shared>();
@@ -145,8 +151,8 @@ void BackgroundEngine::make(const std::function<std::unique_ptr<CancellableEngin
     shared_->engine = std::move(outcome->answer);
 }
 
-// The server waits for a lock in short pieces, after each of which it is certain that nothing was done: so a wait can
-// be given up with a server, too, that does not listen while it waits.
+// The server waits for a lock in short pieces. After each piece it is certain that the statement did nothing. A wait
+// can therefore also be given up with a server that does not listen while it waits.
 template <typename Answer>
 Answer BackgroundEngine::answerOf(const std::function<Answer(Engine&)>& step) {
     QElapsedTimer since;
@@ -160,7 +166,8 @@ Answer BackgroundEngine::answerOf(const std::function<Answer(Engine&)>& step) {
                 throw;
             if (!shown.goesOn(since.elapsed()))
                 throw GivenUpError(false);
-            // Where the server has ended the transaction besides, the statement would be stored alone.
+            // Where the server has also ended the transaction, the repeated statement would be stored without the rest
+            // of it.
             if (begun_ && !inTransaction())
                 throw;
         }
@@ -183,7 +190,7 @@ Answer BackgroundEngine::once(const std::function<Answer(Engine&)>& step, const 
         throw GivenUpError(true);
     if (!outcome->failure)
         return std::move(outcome->answer);
-    // A statement that failed because it was cancelled, for whatever reason the database gives.
+    // The statement failed because it was cancelled, whatever reason the database gives.
     if (!waited)
         throw GivenUpError(false);
     std::rethrow_exception(outcome->failure);

@@ -10,16 +10,17 @@ namespace db {
 /// An engine that another thread may interrupt.
 class CancellableEngine : public Engine {
   public:
-    /// Asks the database to give up the statement that is running, from any thread; without one nothing happens.
+    /// Asks the database to give up the statement that is running. It may be called from any thread and does nothing
+    /// when no statement is running.
     virtual void cancel() = 0;
 };
 
-/// An engine on a thread of its own, on which `make` makes it, so that the one who waits for it or for its login can be
-/// shown that, and can give up.
+/// Returns an engine that works on a thread of its own. `make` runs on that thread, so that the user can be shown a
+/// long wait for a statement or for the login, and can give it up.
 ///
-/// A call returns when the engine has answered. A wait that has become long is shown by ShowWaiting(); once the user
-/// gives up, the engine is asked to cancel, which throws GivenUp. An engine that does not even answer that is left to
-/// itself: the link then counts as cut.
+/// Each call returns when the engine has answered. A wait that has become long is shown by ShowWaiting(). Once the user
+/// gives up, the engine is asked to cancel and the call throws GivenUp. An engine that does not answer that either is
+/// abandoned with its thread; its link then counts as cut.
 std::unique_ptr<Engine> InBackground(const std::function<std::unique_ptr<CancellableEngine>()>& make);
 
 }  // namespace db

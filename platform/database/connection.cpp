@@ -75,6 +75,7 @@ void Connection::Close() {
     text_.clear();
     refusal_.reset();
     replaced_.reset();
+    identity_.reset();
 }
 
 void Connection::OpenAgain() {
@@ -200,9 +201,12 @@ qint64 Connection::Execute(const QString& statement) {
 
 qint64 Connection::Execute(const QString& statement, const std::vector<Value>& bound) {
     RequireOneStatement(statement);
-    const qint64 rows = send(statement, bound);
-    if (const auto table = WrittenTable(statement))
-        written({statement, *table, rows});
+    const auto table = WrittenTable(statement);
+    if (!table)
+        return sendAlone(statement, bound);
+    Write write = send(statement, bound, *table);
+    const qint64 rows = write.rows;
+    written(std::move(write));
     return rows;
 }
 
@@ -226,6 +230,8 @@ void Connection::InsertRows(const QString& table, const QStringList& columns,
 
 qint64 Connection::LastIdentity() {
     requireNotBusy();
+    if (identity_)
+        return *identity_;
     Engine& used = engine();
     const QScopedValueRollback<bool> underWay(busy_, true);
     return used.lastIdentity();
@@ -271,11 +277,23 @@ void Connection::RollbackTrans() {
     }
 }
 
-qint64 Connection::send(const QString& statement, const std::vector<Value>& bound) {
+void Connection::forgetWhatChanges(const QString& statement) {
+    identity_.reset();
     for (ReadTogether* together : std::as_const(together_))
         together->forgetWhatNames(WrittenTable(statement));
+}
+
+qint64 Connection::sendAlone(const QString& statement, const std::vector<Value>& bound) {
+    forgetWhatChanges(statement);
     const Cut cut = transaction_ == Transaction::None ? Cut::InTheDark : Cut::NothingDone;
     return atEngine(statement, cut, [&](Engine& engine) { return engine.execute(statement, bound); });
+}
+
+Numbered Connection::insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                                    const std::vector<Value>& bound) {
+    forgetWhatChanges(statement);
+    return atEngine(statement, Cut::NothingDone,
+                    [&](Engine& engine) { return engine.insertNumbered(statement, valuesAt, identityColumn, bound); });
 }
 
 ResultTable Connection::read(const QString& statement, int mostRows) {
@@ -321,15 +339,6 @@ const ResultTable* Connection::readAlready(const QString& statement) const {
 void Connection::forgetRead() {
     for (ReadTogether* together : std::as_const(together_))
         together->forgetWhatNames({});
-}
-
-void Connection::written(Write write) {
-    if (!observer_)
-        return;
-    if (transaction_ != Transaction::None)
-        untold_.push_back(std::move(write));
-    else
-        observer_(write);
 }
 
 }  // namespace db

@@ -11,16 +11,17 @@
 
 #include "platform/database/engine.h"
 #include "platform/database/error.h"
+#include "platform/database/write.h"
 
 namespace db {
 
 class ReadTogether;
+struct WriteShape;
 
-/// A write that went through, as an observer of the connection sees it.
-struct Write {
-    QString statement;  ///< As sent, a Recordset's own with its places as ?.
-    QString table;      ///< The table written to.
-    qint64 rows = 0;
+/// What an observer is told of each write.
+enum class Told {
+    Statements,  ///< The statement, its table and its number of rows.
+    Rows         ///< In addition each row's key and its values before and after.
 };
 
 /// One connection to a database, opened by a connection text of the form "Provider=SQLOLEDB;Data Source=...;Initial
@@ -87,9 +88,30 @@ class Connection {
     /// The transaction is over afterwards, even where the database refuses.
     void RollbackTrans();
 
-    /// Every write, by Execute or by a Recordset, is told to the observer after it went through: those of a transaction
-    /// after its commit.
-    void Observe(std::function<void(const Write&)> observer) { observer_ = std::move(observer); }
+    /// Tells the observer every write by Execute, InsertRows or a Recordset after it succeeded, in the order in which
+    /// the writes were sent. The writes of a transaction are told after its commit, one by one even where several
+    /// changed the same row. A write that failed is not told, nor is a transaction that was rolled back or whose commit
+    /// broke off unanswered. There is one observer at a time; an empty one ends the telling.
+    ///
+    /// The observer may read and write through the connection. Its own writes are not told, and LastIdentity stays the
+    /// key of the write that it was told. An exception that it throws is logged and reaches nobody, since the write is
+    /// stored already.
+    ///
+    /// With Told::Rows a write outside a transaction is sent within one of its own, and its rows are read before and
+    /// after it. The condition of an Update or a Delete is therefore evaluated twice. To a server that is four trips
+    /// more, or two within a transaction. When such a read breaks the link, ends the transaction or is given up by the
+    /// user, the write fails with that error. No other desk can change the rows between the read and the write: the
+    /// embedded engine lets nobody else write meanwhile, and a SQL Server locks the rows that are read.
+    ///
+    /// The rows of a write are not told (Write::rowsAreTold is false)
+    /// - when the statement changes the schema, or the table has no key;
+    /// - when ShapeOfWrite does not know the statement;
+    /// - when it sets a column of the key to an expression (the Select of an Insert may give the key);
+    /// - when the database wrote another number of rows than were found, as happens when a trigger takes part, or when
+    ///   another desk brings a row of a server under the condition between the read and the write.
+    ///
+    /// A change of the rows of other tables, by a trigger or a cascade, is not told.
+    void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows);
 
     /// How often the connections of this program asked a server since it started: every login, every statement, every
     /// look into the catalogue, every begin and end of a transaction; statements that are read together count once. It
@@ -100,6 +122,7 @@ class Connection {
   private:
     friend class Recordset;
     friend class ReadTogether;
+    friend class WrittenRows;
     enum class Transaction { None, Open, Ended };  ///< Ended by the database, and not yet rolled back here.
     /// What may be done with a step whose link was cut.
     enum class Cut {
@@ -110,6 +133,7 @@ class Connection {
 
     Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
     void written(Write write);
+    void tell(const Write& write);
     void open(const QString& connectionText, bool create);
     void openAnew();
     void refuseUntilOpened(const DatabaseError& error);
@@ -121,7 +145,14 @@ class Connection {
     auto atEngine(const QString& sent, Cut cut, Step&& step);
     /// Lets go of a link that is not whole. True where the step may be sent again; the error then stays unsaid.
     bool letGoOf(Link link, Cut cut, const DatabaseError& error);
-    qint64 send(const QString& statement, const std::vector<Value>& bound);
+    /// Sends a write. The caller passes the result to `written` when its own work on the row is done.
+    Write send(const QString& statement, const std::vector<Value>& bound, const QString& table);
+    /// Sends a write within the open transaction and reads its rows before and after it.
+    void sendObserved(Write& write, const std::vector<Value>& bound, const WriteShape& shape, const TableInfo& info);
+    void forgetWhatChanges(const QString& statement);
+    qint64 sendAlone(const QString& statement, const std::vector<Value>& bound);
+    Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                            const std::vector<Value>& bound);
     /// From what was read together, where the statement stands there, and all rows are wanted.
     ResultTable read(const QString& statement, int mostRows);
     ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0);
@@ -141,6 +172,9 @@ class Connection {
     std::optional<DatabaseError> replaced_;
     std::function<void(const QString&)> tellReplaced_;
     std::function<void(const Write&)> observer_;
+    Told told_ = Told::Rows;
+    bool telling_ = false;            ///< The observer is at work.
+    std::optional<qint64> identity_;  ///< The last key, kept when the observer may have inserted rows since.
     Transaction transaction_ = Transaction::None;
     std::vector<Write> untold_;  ///< Of the transaction that is open.
     QList<ReadTogether*> together_;

@@ -46,8 +46,8 @@ QString takeValue(const QString& text, qsizetype& at) {
     return value;
 }
 
-/// Database, user and password of an ODBC text: in braces, so that they may hold what ends a field. `closing` is how
-/// the driver reads a closing brace inside.
+/// Returns database, user and password for an ODBC text. They stand in braces, so that they may hold the characters
+/// that end a field. `closing` is how the driver reads a closing brace inside.
 QString loginFields(const ConnectionFields& fields, const QString& closing) {
     const auto braced = [&](const char* field) {
         return QLatin1Char('{') + fields.value(QLatin1String(field)).replace(QLatin1Char('}'), closing) +
@@ -76,7 +76,7 @@ ConnectionFields ParseConnectionText(const QString& connectionText) {
         if (equals < 0)
             break;
         QString name = connectionText.sliced(at, equals - at);
-        // A piece without "=" before this field says nothing.
+        // A piece without "=" before this field is passed over.
         name = name.sliced(name.lastIndexOf(QLatin1Char(';')) + 1);
         at = equals + 1;
         fields.insert(keyword(name), takeValue(connectionText, at));
@@ -98,12 +98,13 @@ QString EmbeddedFile(const ConnectionFields& fields) {
     return QDir(source).filePath(name);
 }
 
-// The language of the session is fixed: under a day-first one the server would misread 'yyyy/mm/dd'.
+// The language of the session is fixed, because the server would misread 'yyyy/mm/dd' under a language that puts the
+// day first.
 QString SqlServerText(const ConnectionFields& fields, const QStringList& drivers) {
     const QString server = fields.value(QStringLiteral("data source"));
     const QString microsoft = microsoftDriver(drivers);
     if (!microsoft.isEmpty()) {
-        // Every server can encrypt: one without a certificate makes its own.
+        // Every server can encrypt, because one without a certificate makes its own.
         return QStringLiteral(
                    "DRIVER={%1};SERVER=%2;Encrypt=yes;TrustServerCertificate=yes;APP=SVScheduler;LANGUAGE=us_english;")
                    .arg(microsoft, server) +

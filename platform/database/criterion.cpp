@@ -26,6 +26,13 @@ int orderOf(const T& left, const T& right) {
     return left < right ? -1 : (right < left ? 1 : 0);
 }
 
+/// Returns null for digits that are no number, such as 1.2.3.
+Value numberOf(const QString& text) {
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    return isNumber ? Value(number) : Value();
+}
+
 /// Matches the pattern of Like: % any letters, _ one letter.
 bool isLike(QStringView text, QStringView pattern) {
     while (!pattern.isEmpty() && pattern.front() != QLatin1Char('%')) {
@@ -69,7 +76,7 @@ Criterion::Criterion(const QString& text) {
     else if (match.capturedStart(QStringLiteral("date")) >= 0)
         value_ = Value(match.captured(QStringLiteral("date"))).dateTime();
     else if (match.capturedStart(QStringLiteral("number")) >= 0)
-        value_ = match.captured(QStringLiteral("number")).toDouble();
+        value_ = numberOf(match.captured(QStringLiteral("number")));
     if (value_.isNull() && match.capturedStart(QStringLiteral("null")) < 0)
         throw unreadable();
 }
@@ -86,7 +93,7 @@ bool Criterion::isMetBy(const Field& field, ColumnType type) const {
             return holds(
                 withoutTrailingBlanks(field.text()).compare(withoutTrailingBlanks(value_.text()), Qt::CaseInsensitive));
         case ColumnType::DateTime:
-            return holds(orderOf(field.dateTime(), value_.dateTime()));
+            return value_.dateTime().isValid() && holds(orderOf(field.dateTime(), value_.dateTime()));
         case ColumnType::Boolean:
             return holds(orderOf(field.boolean(), value_.boolean()));
         case ColumnType::Integer:

@@ -9,11 +9,13 @@ namespace db {
 /// A condition on one column, as Recordset::Find reads it: "column operator value".
 class Criterion {
   public:
-    /// Throws 3001 when the text cannot be read.
+    /// Throws DatabaseError 3001 when the text cannot be read.
     explicit Criterion(const QString& text);
 
     [[nodiscard]] const QString& column() const { return column_; }
-    /// A null field meets "= Null" alone, and "<>" a value never.
+    /// Whether the field meets the condition. A null field meets only "= Null", and a field with a value meets "<>
+    /// Null". A null field never meets "<>" with a value, and a
+    /// field of a date-time column meets nothing with a value that is no date.
     [[nodiscard]] bool isMetBy(const Field& field, ColumnType type) const;
 
   private:

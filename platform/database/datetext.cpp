@@ -17,7 +17,7 @@ struct Number {
     int digits = 0;
 };
 
-/// A reader over the text, one piece at a time; `ok` falls at the first thing that fits nowhere.
+/// Reads the text piece by piece and stops at the first piece that fits nowhere.
 class DateReader {
   public:
     explicit DateReader(QByteArrayView text) : at_(text.begin()), end_(text.end()) {}
@@ -102,7 +102,7 @@ class DateReader {
         return setTime(hour, minute, second, static_cast<int>(thousandths), readHalf());
     }
 
-    /// 0 for AM, 12 for PM, -1 for neither.
+    /// Returns 0 for AM, 12 for PM and -1 for neither.
     int readHalf() {
         const char* start = at_;
         skipBlanks();
@@ -133,7 +133,8 @@ class DateReader {
         return namedMonth_ != 0;
     }
 
-    /// The day or the year beside a month's name: four digits are the year, else the first number is the day.
+    /// Takes the day or the year beside a month's name: four digits are the year, otherwise the first number is the
+    /// day.
     bool addNamedNumber(Number number) {
         skipCommas();
         int& slot = number.digits == 4 || namedDay_ != 0 ? namedYear_ : namedDay_;
@@ -143,7 +144,7 @@ class DateReader {
         return slot != 0;
     }
 
-    /// A year alone is its first day, as is a month with its year.
+    /// A year alone means its first day, and a month with its year the first day of the month.
     std::optional<ServerDateTime> result() {
         if (namedMonth_ == 0 && namedDay_ == 0 && namedYear_ != 0)
             namedMonth_ = 1;
@@ -207,7 +208,7 @@ class DateReader {
     int namedYear_ = 0;
 };
 
-/// To the nearest three hundredth of a second, which may be the next midnight.
+/// Rounds to the nearest three hundredth of a second, which may be the next midnight.
 std::optional<ServerDateTime> rounded(qint64 julianDay, int milliseconds) {
     const int ticks = static_cast<int>(std::lround(milliseconds * 0.3));
     int nearest = static_cast<int>(std::lround(ticks / 0.3));

@@ -5,9 +5,9 @@
 
 namespace db {
 
-/// What the database client throws. `number` is the error number that SQL Server gives for the fault, on either engine
+/// The error that the database client throws. `number` is SQL Server's error number for the fault, on either engine
 /// (2627 duplicate key, 515 null, 2628 text too long, 241 bad date, 208 unknown table, 207 unknown column, 102 syntax,
-/// 105 unclosed quote, 4060 no such database, 18456 refused login), or the cursor service's own number.
+/// 105 unclosed quote, 4060 no such database, 18456 refused login), or a number of the cursor service.
 class DatabaseError : public std::exception {
   public:
     DatabaseError(int errorNumber, QString errorDescription, QString failedStatement = {}, QString state = {});
@@ -15,28 +15,28 @@ class DatabaseError : public std::exception {
     const char* what() const noexcept override { return utf8_.constData(); }
 
     int number = 0;
-    QString description;  ///< The sentence for the user, as the driver or the engine said it.
-    QString statement;    ///< The statement that failed; empty where none was sent.
-    QString sqlState;     ///< Five characters of the SQLSTATE; empty where the engine has none.
+    QString description;  ///< The sentence for the user, in the words of the driver or the engine.
+    QString statement;    ///< The statement that failed; empty where no statement was sent.
+    QString sqlState;     ///< The five characters of the SQLSTATE; empty where the engine has none.
 
   private:
     QByteArray utf8_;
 };
 
-/// The cursor service's number for a row that somebody else changed or removed since it was read.
+/// The cursor service's number for a row that somebody else changed or removed after it was read.
 inline constexpr int RowChanged = -2147217864;
 
-/// That error, with the cursor service's own words.
+/// Returns the error RowChanged in the cursor service's own words.
 [[nodiscard]] DatabaseError RowChangedError(QString failedStatement = {});
 
-/// The server's number and the SQLSTATE for a connection that broke off.
+/// The server's error number for a connection that broke off, and its SQLSTATE.
 inline constexpr int LinkFailure = 11;
 inline constexpr const char* LinkFailureState = "08S01";
 
-/// Whether it failed for want of a connection, whatever was asked of the database.
+/// Whether the error means that there was no connection to the database, whatever was asked of it.
 [[nodiscard]] bool IsLinkFailure(const DatabaseError& error);
 
-/// Where the system reads on after a failure: runs one step, swallows a DatabaseError and tells whether it went well.
+/// Runs one step whose failure the system passes over. Swallows a DatabaseError and returns whether the step succeeded.
 template <typename Step>
 bool Ignoring(Step&& step) {
     try {

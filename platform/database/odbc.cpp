@@ -5,24 +5,26 @@
 #include "platform/database/backgroundengine.h"
 #include "platform/database/error.h"
 #include "platform/database/odbcstatement.h"
+#include "platform/database/sql.h"
 #include "platform/database/statement.h"
 
 namespace db {
 
 namespace {
 
-/// Seconds that a server may take to answer at the door.
+/// How many seconds a server may take to answer the login.
 constexpr SQLULEN loginTimeoutSeconds = 5;
 
-/// A wait for a lock is cut into pieces of this length. After each the statement is known not to have been carried out.
+/// A wait for a lock is cut into pieces of this length. After each piece it is certain that the statement was not
+/// carried out.
 constexpr int lockPieceMilliseconds = 2'000;
 
 SQLPOINTER asPointer(SQLULEN number) {
     return reinterpret_cast<SQLPOINTER>(number);
 }
 
-/// The environment, of which a program needs one. It stays until the program's very end, since a thread that waits for
-/// a server in vain may still use it then.
+/// Returns the environment, of which a program needs one. It is never freed, because a thread that waits for a server
+/// in vain may still use it at the program's very end.
 SQLHANDLE environment() {
     static const auto* handle = new OdbcHandle<SQL_HANDLE_ENV>(SQL_NULL_HANDLE);
     static const SQLRETURN version =
@@ -45,6 +47,9 @@ class OdbcEngine final : public CancellableEngine {
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
     [[nodiscard]] int mostRowsOfInsert(int columns) const override;
+    Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                            const std::vector<Value>& bound) override;
+    [[nodiscard]] QString lockingHint() const override;
     ResultTable query(const QString& statement, const std::vector<Value>& bound, int mostRows) override;
     std::vector<ResultTable> queryTogether(const QStringList& statements) override;
     void begin() override;
@@ -69,7 +74,7 @@ class OdbcEngine final : public CancellableEngine {
     OdbcHandle<SQL_HANDLE_DBC> connection_;
     mutable RunningStatement running_;
     bool sqlServer_ = false;
-    QString setUp_;  ///< Goes along with the first statement that reads, so that it costs no trip of its own.
+    QString setUp_;  ///< Sent with the first statement that reads, so that it costs no trip of its own.
     qint64 identity_ = 0;
     QHash<QString, TableInfo> tables_;
 };
@@ -84,13 +89,13 @@ OdbcEngine::OdbcEngine(const QString& odbcText) : connection_(environment()) {
     SQLGetInfoW(connection_.get(), SQL_DBMS_NAME, name.data(), sizeof(name), nullptr);
     sqlServer_ = QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()))
                      .contains(QLatin1String("Microsoft SQL Server"));
-    // A server may be set to tell no counts, by which a row that somebody else changed is noticed.
+    // A server may be set to report no counts, but the counts show when somebody else changed a row.
     if (sqlServer_)
         setUp_ = QStringLiteral("Set NoCount Off Set Lock_Timeout %1\n").arg(lockPieceMilliseconds);
 }
 
 OdbcEngine::~OdbcEngine() {
-    // With a transaction open the driver would refuse to leave.
+    // The driver refuses to disconnect while a transaction is open.
     SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
     SQLDisconnect(connection_.get());
 }
@@ -106,10 +111,10 @@ qint64 OdbcEngine::execute(const QString& statement, const std::vector<Value>& b
     return rows;
 }
 
-/// The key that the server gave can be asked for in the statement's own batch alone.
+/// The key that the server assigned can only be read in the statement's own batch.
 qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Value>& bound) {
     OdbcStatement sent(connection_.get(), running_);
-    // The driver tells no count where values are bound.
+    // The driver reports no count where values are bound.
     run(sent, statement + QStringLiteral("\nSelect Cast(Scope_Identity() As bigint), @@RowCount"), bound);
     const ResultTable told = sent.rows();
     sent.finish();
@@ -117,28 +122,60 @@ qint64 OdbcEngine::insertOnServer(const QString& statement, const std::vector<Va
     return told.rowCount() == 0 ? 0 : told.at(0, 1).integer();
 }
 
-/// A server takes a thousand rows and 2,100 values a statement; beyond some hundred rows nothing is gained.
+/// A server takes a thousand rows and 2,100 values in one statement. Beyond some hundred rows nothing is gained.
 int OdbcEngine::mostRowsOfInsert(int columns) const {
     constexpr int mostValues = 2000;
     constexpr int mostRows = 100;
     return sqlServer_ ? std::clamp(mostValues / std::max(columns, 1), 1, mostRows) : 1;
 }
 
+// Other desks insert at the same time, so only the server knows which keys it assigned to these rows.
+Numbered OdbcEngine::insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
+                                    const std::vector<Value>& bound) {
+    if (!sqlServer_)
+        return Engine::insertNumbered(statement, valuesAt, identityColumn, bound);
+    const QString output = QStringLiteral("Output Inserted.%1 ").arg(Bracketed(identityColumn));
+    ResultTable told;
+    try {
+        setUp();
+        OdbcStatement sent(connection_.get(), running_);
+        run(sent, statement.first(valuesAt) + output + statement.sliced(valuesAt), bound);
+        told = sent.rows();
+        sent.finish();
+    } catch (const DatabaseError& error) {
+        constexpr int tableHasTriggers = 334;
+        if (error.number != tableHasTriggers)
+            throw;
+        return {execute(statement, bound), {}};
+    }
+    Numbered inserted{told.rowCount(), {}};
+    for (int row = 0; row < told.rowCount(); ++row)
+        inserted.keys.push_back(told.at(row, 0).integer());
+    std::sort(inserted.keys.begin(), inserted.keys.end());
+    if (!inserted.keys.empty())
+        identity_ = inserted.keys.back();
+    return inserted;
+}
+
+QString OdbcEngine::lockingHint() const {
+    return sqlServer_ ? QStringLiteral(" With (UpdLock)") : QString();
+}
+
 ResultTable OdbcEngine::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {
-    // A statement with bound values is a procedure to the server, which takes settings back at its end.
+    // The server runs a statement with bound values as a procedure and undoes settings at the procedure's end.
     if (!bound.empty())
         setUp();
     OdbcStatement sent(connection_.get(), running_);
     run(sent, statement, bound);
     ResultTable rows = sent.rows(mostRows);
-    // What lies behind the wanted rows is not worth reading.
+    // The rows after the wanted ones need not be read.
     if (mostRows == 0)
         sent.finish();
     return rows;
 }
 
 std::vector<ResultTable> OdbcEngine::queryTogether(const QStringList& statements) {
-    // Other drivers take one statement a call.
+    // Other drivers take only one statement in a call.
     if (!sqlServer_)
         return Engine::queryTogether(statements);
     std::vector<ResultTable> tables;
@@ -147,7 +184,7 @@ std::vector<ResultTable> OdbcEngine::queryTogether(const QStringList& statements
         run(sent, statements.join(QLatin1Char('\n')), {});
         sent.appendAllRows(tables);
     });
-    // A result too many or too few, and nobody can say whose rows are whose.
+    // With a result too many or too few, it is unknown which rows belong to which statement.
     if (wentWell && tables.size() != static_cast<std::size_t>(statements.size()))
         tables.clear();
     return tables;
@@ -159,14 +196,15 @@ void OdbcEngine::run(OdbcStatement& sent, const QString& statement, const std::v
     setUp_.clear();
 }
 
-/// Before what cannot take it along.
+/// Sends the settings on their own, before a statement that cannot carry them.
 void OdbcEngine::setUp() {
     if (!setUp_.isEmpty())
         query(QString(), {}, 0);
 }
 
-// A SQL Server ends a transaction by itself after some faults. The driver knows nothing of it: it would go on without
-// autocommit, so that everything written later would be lost. Plain statements leave the say to the server.
+// A SQL Server ends a transaction by itself after some faults. The driver would not notice: it would go on without
+// autocommit, and everything written later would be lost. Plain statements leave the state of the transaction to the
+// server.
 void OdbcEngine::begin() {
     if (sqlServer_)
         query(QStringLiteral("Begin Transaction"), {}, 0);
@@ -188,7 +226,7 @@ void OdbcEngine::rollback() {
         endByDriver(SQL_ROLLBACK);
 }
 
-/// Of another database nothing is known but what it was told.
+/// Another database cannot be asked; it is taken to have kept the transaction.
 bool OdbcEngine::inTransaction() {
     return !sqlServer_ || query(QStringLiteral("Select @@TranCount"), {}, 0).at(0, 0).integer() > 0;
 }
@@ -264,7 +302,8 @@ TableInfo OdbcEngine::describeOnServer(const QString& table) {
     return info;
 }
 
-/// What any driver tells. Where a table's key is one whole number, the database is taken to assign it.
+/// Describes a table by what any driver reports. Where a table's key is one whole number, the database is taken to
+/// assign it.
 TableInfo OdbcEngine::describeByDriver(const QString& table) const {
     TableInfo info;
     OdbcStatement columns(connection_.get(), running_);

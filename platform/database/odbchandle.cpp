@@ -8,7 +8,7 @@ namespace db {
 namespace {
 
 constexpr int unspecified = -2147467259;
-constexpr int firstOfFreeTds = 20000;  // It counts its own failures from here.
+constexpr int firstOfFreeTds = 20000;  // FreeTDS numbers its own failures from here.
 
 struct Record {
     int number = 0;
@@ -16,7 +16,7 @@ struct Record {
     QString state;
 };
 
-/// The records of the last call, up to the first with a number.
+/// Returns the first record with an error number, or the very first record where none has one.
 Record tellingRecord(SQLSMALLINT type, SQLHANDLE handle) {
     Record first;
     for (SQLSMALLINT i = 1;; ++i) {
@@ -36,7 +36,7 @@ Record tellingRecord(SQLSMALLINT type, SQLHANDLE handle) {
     }
 }
 
-/// A text without the chain in brackets of who passed it on.
+/// Returns the text without the bracketed names of the components that passed it on.
 QString sentence(const QString& text) {
     static const QRegularExpression chain(QStringLiteral(R"(^(\[[^\]]*\]\s*)+)"));
     return QString(text).remove(chain).trimmed();

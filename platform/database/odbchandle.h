@@ -10,7 +10,7 @@
 
 namespace db {
 
-/// One handle of the ODBC interface: an environment, a connection or a statement.
+/// Owns one handle of the ODBC interface: an environment, a connection or a statement.
 template <SQLSMALLINT Type>
 class OdbcHandle {
   public:
@@ -28,14 +28,14 @@ class OdbcHandle {
     SQLHANDLE handle_ = SQL_NULL_HANDLE;
 };
 
-/// What the last call on a handle that failed was told: the first record with a number of its own, since the records
-/// behind it only add that the statement was ended.
+/// Returns the error that the driver reports for the last call on a handle, which failed. It is made from the first
+/// diagnostic record with an error number, because the records after it only add that the statement was ended.
 DatabaseError OdbcFailure(SQLSMALLINT type, SQLHANDLE handle, const QString& statement = {});
-/// The same for a login. It fails at the server, which gives the number and the sentence, or before it: then the cursor
-/// service's sentence stands before the driver's.
+/// Returns the error for a login that failed. Where the server refused the login, its number and sentence are used.
+/// Where the login did not reach the server, the cursor service's sentence stands before the driver's.
 DatabaseError OdbcLoginFailure(SQLHANDLE connection);
 
-/// Texts go through the interface in UTF-16, whose letters have the size of a QChar.
+/// Texts go through the interface in UTF-16, so its characters must have the size of a QChar.
 static_assert(sizeof(SQLWCHAR) == sizeof(QChar));
 inline SQLWCHAR* WideText(const QString& text) {
     return reinterpret_cast<SQLWCHAR*>(const_cast<QChar*>(text.constData()));

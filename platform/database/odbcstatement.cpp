@@ -9,7 +9,7 @@ namespace db {
 
 namespace {
 
-/// The longest text that a SQL Server takes as a plain one; a longer one is of a type without limit.
+/// The longest text that a SQL Server takes as plain text. A longer one is sent in the type without a limit.
 constexpr qsizetype longestPlainText = 4000;
 
 QByteArray isoText(const SQL_TIMESTAMP_STRUCT& read) {
@@ -35,7 +35,8 @@ SQL_TIMESTAMP_STRUCT timestamp(const QDateTime& moment) {
     return bound;
 }
 
-/// As the server will keep it, so that what was sent equals what is read back; as it stands where no server takes it.
+/// Returns the moment as the server will keep it, so that the value sent equals the value read back. A moment that no
+/// server can keep is returned unchanged.
 QDateTime held(const QDateTime& moment) {
     const auto kept = ToServerDateTime(moment);
     return kept ? ToDateTime(*kept) : moment;
@@ -178,7 +179,7 @@ void OdbcStatement::finish() {
 }
 
 void OdbcStatement::check(SQLRETURN result) const {
-    // No data is how an Update that meets no row succeeds.
+    // An Update that meets no row succeeds with SQL_NO_DATA.
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA)
         throw OdbcFailure(SQL_HANDLE_STMT, handle(), statement_);
 }
@@ -234,7 +235,7 @@ void OdbcStatement::readCell(ResultTable& table, SQLUSMALLINT column, SQLSMALLIN
     readBytes(table, column, binary ? SQL_C_BINARY : SQL_C_WCHAR);
 }
 
-/// Reads in pieces until the driver has no more.
+/// Reads the cell in pieces until the driver has no more.
 void OdbcStatement::readBytes(ResultTable& table, SQLUSMALLINT column, SQLSMALLINT cType) const {
     std::array<char16_t, 4096> piece{};
     const SQLLEN closing = cType == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0;

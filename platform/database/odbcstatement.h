@@ -9,10 +9,10 @@
 
 namespace db {
 
-/// By the type's number in the ODBC interface.
+/// Returns the column type for a type number of the ODBC interface.
 ColumnType OdbcColumnType(SQLSMALLINT type);
 
-/// The statement that a connection is at work on, for a thread that wants it cancelled.
+/// The statement that a connection is running, so that another thread can cancel it.
 class RunningStatement {
   public:
     void cancel();
@@ -23,7 +23,7 @@ class RunningStatement {
     SQLHANDLE handle_ = SQL_NULL_HANDLE;
 };
 
-/// One run of one statement on an ODBC connection.
+/// One run of one statement on an ODBC connection. Failures throw DatabaseError.
 class OdbcStatement {
   public:
     OdbcStatement(SQLHANDLE connection, RunningStatement& running);
@@ -33,16 +33,18 @@ class OdbcStatement {
 
     [[nodiscard]] SQLHANDLE handle() const { return handle_.get(); }
 
-    /// Date-times go to a SQL Server as text: it would take a bound one for a finer type, which equals none of the
-    /// stored ones.
+    /// Binds values to the places marked ?. `dateTimesAsText` is for a SQL Server: it would take a bound date-time for
+    /// a finer type, which equals none of the stored values.
     void bind(const std::vector<Value>& values, bool dateTimesAsText);
     void run(const QString& statement);
     [[nodiscard]] qint64 rowCount() const;
-    /// The rows of the first result that has columns, read whole or, where `most` is above 0, no more than so many.
+    /// Returns the rows of the first result that has columns. It reads all of them, or at most `most` where that is
+    /// above 0.
     ResultTable rows(int most = 0);
-    /// Of every result that has columns; those before a failure have been appended when it is thrown.
+    /// Appends the rows of every result that has columns. When a failure is thrown, the results before it have been
+    /// appended.
     void appendAllRows(std::vector<ResultTable>& tables);
-    /// Takes what is left of the results, where a failure may still hide.
+    /// Reads past the results that are left, because a failure may still stand among them.
     void finish();
 
   private:

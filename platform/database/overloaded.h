@@ -2,7 +2,7 @@
 
 namespace db {
 
-/// One function object out of several, for std::visit: each value goes to the one that takes its type.
+/// Makes one function object out of several, for std::visit. Each value goes to the one that takes its type.
 template <typename... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;

@@ -17,7 +17,7 @@ QList<ReadTogether*>& living() {
 ReadTogether::ReadTogether(Connection& connection, const QStringList& statements) : connection_(connection) {
     QStringList wanted;
     for (const QString& statement : statements) {
-        // One with a quote left open would take in what stands behind it.
+        // A statement with an open quote would swallow the statements after it.
         const bool isWhole = Ignoring([&] { RequireOneStatement(statement); });
         if (!isWhole || statement.isEmpty() || wanted.contains(statement) || connection.readAlready(statement))
             continue;

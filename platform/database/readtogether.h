@@ -10,28 +10,30 @@ namespace db {
 
 class Connection;
 
-/// Several Selects read in one trip to the server. While the object lives, a Recordset that opens one of them, letter
-/// for letter, takes the rows from here instead of asking again, as often as it is opened.
+/// Reads several Selects in one trip to the server, for the reads of one load or one command. While the object lives, a
+/// Recordset that opens one of these statements, letter for letter, takes the rows from here instead of asking the
+/// server again, as often as it is opened.
 ///
-/// What a Recordset tells does not change: a statement that fails, and those behind it, are not kept, so that each is
-/// sent again by its own Recordset, which gets the error that is its own. A write on the connection forgets what was
-/// read of its table. It is for the reads of one load or one command.
+/// A Recordset behaves as without it. A statement that fails and those after it are not kept, so that the Recordset of
+/// each sends its own statement and gets its own error. A write on the connection discards what was read of the written
+/// table.
 class ReadTogether {
   public:
-    /// Each statement is one Select, else std::logic_error; an empty one is left out, and so is one that an outer
-    /// ReadTogether holds. The connection must outlive it; while it is closed nothing is read. No DatabaseError.
+    /// Reads the statements. Each must be one Select; another kind throws std::logic_error. Empty statements and those
+    /// that an outer ReadTogether already holds are left out. The connection must outlive the object; nothing is read
+    /// while it is closed. A DatabaseError is never thrown.
     ReadTogether(Connection& connection, const QStringList& statements);
     ~ReadTogether();
     ReadTogether(const ReadTogether&) = delete;
     ReadTogether& operator=(const ReadTogether&) = delete;
 
-    /// Before a question to the user: what was read is forgotten, on every connection, since it may be old when the
-    /// answer comes.
+    /// Discards everything that was read, on every connection. It is called before a question to the user, because the
+    /// rows may be old when the answer comes.
     static void ForgetAll();
 
   private:
     friend class Connection;
-    /// Without a table all of it.
+    /// Discards the statements that name the table, or all of them when no table is given.
     void forgetWhatNames(const std::optional<QString>& table);
 
     Connection& connection_;

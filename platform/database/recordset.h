@@ -105,7 +105,7 @@ class Recordset {
     [[nodiscard]] bool isChanged(const Change& change) const;
     void insertRow();
     void updateRow(const std::vector<Change>& changed);
-    qint64 send(const Bound& bound);
+    Write send(const Bound& bound);
     void rereadRow();
     /// Adds the condition that finds the current row by its key, and as it was read.
     void locate(Bound& bound, Compare compare) const;

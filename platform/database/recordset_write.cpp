@@ -3,23 +3,14 @@
 #include <algorithm>
 
 #include "platform/database/recordset.h"
+#include "platform/database/sql.h"
 
 namespace db {
 
 namespace {
 
-QString bracketed(QString name) {
-    return QLatin1Char('[') + name.replace(QLatin1Char(']'), QLatin1String("]]")) + QLatin1Char(']');
-}
-
 bool isSame(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
-std::vector<QString> keyOf(const TableInfo& info) {
-    if (info.keyColumns.empty() && !info.identityColumn.isEmpty())
-        return {info.identityColumn};
-    return info.keyColumns;
 }
 
 bool isComparable(const ColumnInfo& column) {
@@ -73,12 +64,12 @@ void Recordset::Delete() {
     requireWritable();
     dropChanges();
     requireRow();
-    Bound bound{QStringLiteral("Delete From %1").arg(bracketed(baseTable_)), {}};
+    Bound bound{QStringLiteral("Delete From %1").arg(Bracketed(baseTable_)), {}};
     locate(bound, Compare::AllValues);
-    const qint64 rows = send(bound);
+    Write write = send(bound);
     table_.removeRow(row_);
     deleted_ = true;
-    connection_->written({bound.statement, baseTable_, rows});
+    connection_->written(std::move(write));
 }
 
 int Recordset::writableColumn(QAnyStringView name) const {
@@ -157,13 +148,13 @@ void Recordset::insertRow() {
     QStringList names;
     Bound bound;
     for (const Change& change : changes_) {
-        names << bracketed(table_.columns()[static_cast<std::size_t>(change.column)].name);
+        names << Bracketed(table_.columns()[static_cast<std::size_t>(change.column)].name);
         bound.values.push_back(change.after);
     }
     bound.statement = QStringLiteral("Insert Into %1 (%2) Values (%3)")
-                          .arg(bracketed(baseTable_), names.join(QLatin1String(", ")),
+                          .arg(Bracketed(baseTable_), names.join(QLatin1String(", ")),
                                QStringList(names.size(), QStringLiteral("?")).join(QLatin1String(", ")));
-    const qint64 rows = connection_->send(bound.statement, bound.values);
+    Write write = connection_->send(bound.statement, bound.values, baseTable_);
     const QString& identity = base().identityColumn;
     if (const int column = identity.isEmpty() ? -1 : columnIndex(identity); column >= 0)
         table_.set(row_, column, connection_->LastIdentity());
@@ -171,28 +162,28 @@ void Recordset::insertRow() {
     changes_.clear();
     // The row is written: what cannot be read back of it is no failure of the write.
     Ignoring([this] { rereadRow(); });
-    connection_->written({bound.statement, baseTable_, rows});
+    connection_->written(std::move(write));
 }
 
 void Recordset::updateRow(const std::vector<Change>& changed) {
     QStringList places;
     Bound bound;
     for (const Change& change : changed) {
-        places << bracketed(table_.columns()[static_cast<std::size_t>(change.column)].name) + QLatin1String(" = ?");
+        places << Bracketed(table_.columns()[static_cast<std::size_t>(change.column)].name) + QLatin1String(" = ?");
         bound.values.push_back(change.after);
     }
-    bound.statement = QStringLiteral("Update %1 Set %2").arg(bracketed(baseTable_), places.join(QLatin1String(", ")));
+    bound.statement = QStringLiteral("Update %1 Set %2").arg(Bracketed(baseTable_), places.join(QLatin1String(", ")));
     locate(bound, Compare::AllValues);
-    const qint64 rows = send(bound);
+    Write write = send(bound);
     changes_.clear();
-    connection_->written({bound.statement, baseTable_, rows});
+    connection_->written(std::move(write));
 }
 
-qint64 Recordset::send(const Bound& bound) {
-    const qint64 rows = connection_->send(bound.statement, bound.values);
-    if (rows == 0)
+Write Recordset::send(const Bound& bound) {
+    Write write = connection_->send(bound.statement, bound.values, baseTable_);
+    if (write.rows == 0)
         throw RowChangedError(bound.statement);
-    return rows;
+    return write;
 }
 
 void Recordset::rereadRow() {
@@ -201,10 +192,10 @@ void Recordset::rereadRow() {
     for (int column = 0; column < table_.columnCount(); ++column) {
         if (const ColumnInfo* info = baseColumn(column)) {
             columns.push_back(column);
-            names << bracketed(info->name);
+            names << Bracketed(info->name);
         }
     }
-    Bound bound{QStringLiteral("Select %1 From %2").arg(names.join(QLatin1String(", ")), bracketed(baseTable_)), {}};
+    Bound bound{QStringLiteral("Select %1 From %2").arg(names.join(QLatin1String(", ")), Bracketed(baseTable_)), {}};
     locate(bound, Compare::Key);
     const ResultTable read = connection_->query(bound.statement, bound.values);
     if (read.rowCount() != 1)
@@ -214,7 +205,7 @@ void Recordset::rereadRow() {
 }
 
 void Recordset::locate(Bound& bound, Compare compare) const {
-    const std::vector<QString> key = keyOf(base());
+    const std::vector<QString> key = base().RowKey();
     QStringList conditions;
     for (int column = 0; column < table_.columnCount(); ++column) {
         const ColumnInfo* info = baseColumn(column);
@@ -225,7 +216,7 @@ void Recordset::locate(Bound& bound, Compare compare) const {
         if (!inKey && (compare == Compare::Key || !isComparable(*info)))
             continue;
         const Value value = before(column);
-        conditions << bracketed(info->name) + (value.isNull() ? QLatin1String(" Is Null") : QLatin1String(" = ?"));
+        conditions << Bracketed(info->name) + (value.isNull() ? QLatin1String(" Is Null") : QLatin1String(" = ?"));
         if (!value.isNull())
             bound.values.push_back(value);
     }

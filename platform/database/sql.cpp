@@ -18,7 +18,8 @@ QString numberText(double number) {
     return NumberText(number);
 }
 
-/// Text as it stands between single quotes. A NUL would end the statement early, and nothing shows one.
+/// Returns the text as it stands between single quotes. A NUL is removed, because it would end the statement early and
+/// is never shown.
 QString quoted(QString text) {
     return text.replace(QLatin1Char('\''), QLatin1String("''")).remove(QChar::Null);
 }
@@ -45,6 +46,10 @@ QString LikeText(const QString& text) {
 
 QString SqlDate(QDate date) {
     return date.toString(QStringLiteral("yyyy/MM/dd"));
+}
+
+QString Bracketed(QString name) {
+    return QLatin1Char('[') + name.replace(QLatin1Char(']'), QLatin1String("]]")) + QLatin1Char(']');
 }
 
 QString FillSql(const QString& statement, std::initializer_list<SqlArgument> arguments) {

@@ -8,22 +8,26 @@
 
 namespace db {
 
-/// Text that goes into a statement as it stands, where the system does not escape it. Inside quotes its own quotes must
-/// stand doubled: a lone one fails as the server would fail it, with 105 "Unclosed quotation mark after the character
-/// string ...", before anything is sent. Outside quotes it is a piece of SQL that the program made (a column name, a
-/// list of conditions), never anything typed.
+/// Text that goes into a statement as it stands, where the system does not escape it.
+///
+/// Inside quotes, the quotes in the text must already stand doubled. A lone one fails before anything is sent, as the
+/// server would fail it, with 105 "Unclosed quotation mark after the character string ...". Outside quotes, the text is
+/// a piece of SQL that the program made (a column name, a list of conditions), never anything that a user typed.
 struct Raw {
     QString text;
 };
 
-/// The text "yyyy/mm/dd" by which dates stand in statements, without the quotes.
+/// Returns the date as "yyyy/mm/dd", the form of dates in statements, without quotes.
 QString SqlDate(QDate date);
 
-/// A text for a Like pattern, in which it stands for itself: "%", "_" and "[" are no wildcards there. Its quotes are
-/// still to be doubled, as Sql does.
+/// Returns the pattern of Like that matches the text itself: "%", "_" and "[" are no wildcards in it. Its quotes are
+/// not doubled yet; Sql does that.
 QString LikeText(const QString& text);
 
-/// What fills one place of a statement.
+/// Returns a name in brackets, in which it may hold any letters.
+QString Bracketed(QString name);
+
+/// A value that fills one place of a statement.
 class SqlArgument {
   public:
     SqlArgument(int v) : data_(qint64{v}) {}
@@ -39,10 +43,10 @@ class SqlArgument {
     std::variant<qint64, double, QString, QDate, Raw> data_;
 };
 
-/// Fills the places {} of a statement in order. A place inside single quotes takes text (quotes doubled), dates (as
-/// SqlDate) and numbers; a place outside takes numbers and Raw only: text or a date there, or a number of places other
-/// than that of the arguments, is a mistake in the program and throws std::logic_error. Whole reals print without a
-/// decimal point.
+/// Fills the places {} of a statement in order. A place inside single quotes takes text (its quotes are doubled), dates
+/// (as SqlDate writes them) and numbers. A place outside quotes takes only numbers and Raw. Text or a date outside
+/// quotes, or a number of places other than the number of arguments, is a mistake in the program and throws
+/// std::logic_error. Whole reals are written without a decimal point.
 QString FillSql(const QString& statement, std::initializer_list<SqlArgument> arguments);
 
 template <typename... Arguments>

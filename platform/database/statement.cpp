@@ -78,7 +78,7 @@ class Scanner {
         return Token::Kind::Symbol;
     }
 
-    /// Moves behind a text that is closed by `end`, which stands doubled for itself.
+    /// Moves past a text that `end` closes. A doubled `end` inside stands for itself.
     Token::Kind quoted(Token::Kind kind, int opening, QChar end) {
         const qsizetype start = at_ + opening;
         for (at_ = start; at_ < statement_.size(); ++at_) {
@@ -106,7 +106,7 @@ bool isAny(const Token& token, std::initializer_list<const char*> words) {
     return std::any_of(words.begin(), words.end(), [&](const char* word) { return token.is(QLatin1String(word)); });
 }
 
-/// Reads "owner.table", moves behind it and answers the table alone.
+/// Reads "owner.table", moves past it and returns the table alone.
 QString takeTable(Cursor& at, Cursor end) {
     if (at == end || !at->isName())
         return {};
@@ -132,7 +132,7 @@ void skipTop(Cursor& at, Cursor end) {
         ++at;
 }
 
-/// Moves behind the bracket that closes the one at `at`.
+/// Moves past the bracket that closes the one at `at`.
 void skipBrackets(Cursor& at, Cursor end) {
     int depth = 0;
     for (; at != end; ++at) {
@@ -155,7 +155,7 @@ QString takeAlias(Cursor& at, Cursor end) {
     return (at++)->name();
 }
 
-/// Reads what stands between From and Where.
+/// Reads the tables between From and Where.
 std::vector<SelectShape::Source> takeSources(Cursor& at, Cursor end) {
     std::vector<SelectShape::Source> sources;
     bool expected = true;
@@ -187,7 +187,7 @@ SelectShape::Item itemOf(Cursor first, Cursor last) {
         return {};
     Cursor at = first;
     while (last - at > 4 && (at + 3)->is(QLatin1String(".")))
-        at += 2;  // An owner before the table.
+        at += 2;  // Skips an owner before the table.
     const QString table = at->name();
     at += 2;
     if (at->is(QLatin1String("*")))
@@ -215,7 +215,7 @@ std::vector<SelectShape::Item> takeItems(Cursor& at, Cursor end) {
     return items;
 }
 
-/// The table of "Update a Set ... From table a" and "Delete a From table a", where a stands for one of the sources.
+/// Returns the table of "Update a Set ... From table a" or "Delete a From table a", where `a` is the name of a source.
 QString resolved(const QString& name, Cursor at, Cursor end) {
     while (at != end && !at->is(QLatin1String("From")))
         ++at;
@@ -228,7 +228,7 @@ QString resolved(const QString& name, Cursor at, Cursor end) {
     return name;
 }
 
-/// "Create Table t", "Drop Table t", "Create Unique Index i On t".
+/// Returns the table of "Create Table t", "Drop Table t" or "Create Unique Index i On t".
 QString schemaTable(Cursor at, Cursor end) {
     const bool hangsOnTable = std::any_of(at, end, [](const Token& token) {
         return isAny(token, {"Index", "Trigger"});

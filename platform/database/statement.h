@@ -11,30 +11,31 @@ namespace db {
 struct Token {
     enum class Kind { Word, Name, Text, Number, Symbol };  ///< A Name stands in brackets or double quotes.
     Kind kind;
-    QStringView text;  ///< As it stands in the statement, quotes and brackets included.
+    QStringView text;  ///< The token as the statement writes it, with quotes and brackets.
 
-    [[nodiscard]] bool is(QLatin1String word) const;  ///< This word or symbol, in any case.
+    [[nodiscard]] bool is(QLatin1String word) const;  ///< Whether the token is this word or symbol, in any case.
     [[nodiscard]] bool isName() const { return kind == Kind::Word || kind == Kind::Name; }
-    [[nodiscard]] QString name() const;  ///< Without brackets or double quotes.
+    [[nodiscard]] QString name() const;  ///< The name without brackets or double quotes.
 };
 
-/// The tokens of one statement, which must outlive them. Throws 105 for a quote that is not closed.
+/// Returns the tokens of one statement, which must outlive them. Throws 105 for a quote that is not closed.
 std::vector<Token> Tokens(const QString& statement);
 
-/// One call sends one statement: throws 102 "Incorrect syntax near ..." when something stands behind a semicolon that
-/// is outside quotes and comments, and 105 for a quote that is not closed.
+/// Makes sure that a text is one statement. Throws 102 "Incorrect syntax near ..." when something follows a semicolon
+/// that is outside quotes and comments, and 105 for a quote that is not closed.
 void RequireOneStatement(const QString& statement);
 
-/// The table that an Insert, Update, Delete or a statement on the schema writes to; nothing for a statement that reads.
+/// Returns the table that an Insert, Update, Delete or schema statement writes to, or nothing for a statement that
+/// reads.
 std::optional<QString> WrittenTable(const QString& statement);
 
-/// Whether a name stands in a statement: as a table, a column or another name, outside texts.
+/// Whether a name occurs in a statement as a table, a column or another name. Texts in quotes do not count.
 bool Names(const QString& statement, const QString& name);
 
-/// What a Select takes from where.
+/// The columns and tables that a Select reads.
 struct SelectShape {
     struct Item {
-        QString table;     ///< As it stands before the point: a table or its alias; empty for any other item.
+        QString table;     ///< The word before the point: a table or its alias; empty for any other item.
         bool all = false;  ///< "*" or "table.*".
     };
     struct Source {
@@ -43,13 +44,14 @@ struct SelectShape {
     };
     std::vector<Item> items;
     std::vector<Source> sources;  ///< In the order of From.
-    bool grouped = false;         ///< Its rows are not rows of a table: Distinct, Group By, Having, Union.
+    bool grouped = false;         ///< Whether its rows are no rows of a table: Distinct, Group By, Having, Union.
 };
 SelectShape ShapeOfSelect(const QString& statement);
 
-/// The statement with its texts written so that a SQL Server takes them letter for letter: texts with letters beyond
-/// ASCII as national ones (N'...'), which are not squeezed into the code page of the database, and a backslash at the
-/// end of a line apart from the line's end, since the server would take both for a broken line and drop them.
+/// Returns the statement with its texts written so that a SQL Server takes them letter for letter. Texts with letters
+/// beyond ASCII become national ones (N'...'), because the server squeezes others into the code page of the database. A
+/// backslash at the end of a line is moved away from the line's end, because the server would take the two for a
+/// continued line and drop them.
 QString WithServerTexts(const QString& statement);
 
 }  // namespace db

@@ -1,6 +1,7 @@
 #pragma once
 
-/// The busy pointer for as long as it lives. Message boxes and forms shown meanwhile have the normal pointer.
+/// Shows the busy pointer for as long as the object lives. Message boxes and forms shown meanwhile have the normal
+/// pointer.
 class BusyPointer {
   public:
     BusyPointer();

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The account of the desktop user, for the audit log; "UNKNOWN" when the system does not tell.
+/// Returns the account of the desktop user, for the audit log, or "UNKNOWN" when the system does not report it.
 [[nodiscard]] QString OsUserName();
-/// The name of this computer, for the audit log; "UNKNOWN" when the system does not tell.
+/// Returns the name of this computer, for the audit log, or "UNKNOWN" when the system does not report it.
 [[nodiscard]] QString ComputerName();

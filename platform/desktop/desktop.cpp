@@ -18,7 +18,7 @@
 
 namespace {
 
-/// What a window's frame keeps beside its title for its picture and its buttons.
+/// The width that a window's frame takes beside its title for its icon and buttons.
 constexpr int FrameButtons = 140;
 
 QMessageBox::Icon iconOf(BoxStyle::Picture picture) {
@@ -37,7 +37,7 @@ QMessageBox::Icon iconOf(BoxStyle::Picture picture) {
     return QMessageBox::NoIcon;
 }
 
-// Whoever asks the user something under a busy pointer gives the pointer back meanwhile.
+// Shows the normal pointer while the user is asked something during a busy pointer.
 class NormalPointer {
   public:
     NormalPointer() {
@@ -57,7 +57,7 @@ class NormalPointer {
     std::vector<QCursor> taken_;
 };
 
-// A box is as wide as its text, which may be short; the title would be cut.
+// A box is only as wide as its text, which may be so short that the title would be cut.
 void makeRoomForTitle(QMessageBox& box) {
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (grid == nullptr)
@@ -81,7 +81,7 @@ Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
-    // A warning asks before something is lost: Enter keeps it.
+    // A warning asks before something is lost, so Enter answers No.
     if (style == YesNoWarningBox)
         box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
@@ -94,7 +94,7 @@ int realShowModal(QDialog& form) {
     return form.exec();
 }
 
-// The desktop's own player, so that no multimedia library is loaded for three short sounds.
+// Sounds are played by the desktop's own player, so that no multimedia library is loaded for three short sounds.
 void realPlaySound(const QString& path) {
     if (!QFileInfo::exists(path))
         return;

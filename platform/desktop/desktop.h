@@ -6,7 +6,7 @@
 
 class QDialog;
 
-/// Message box style: which buttons, which picture.
+/// The buttons and the picture of a message box.
 struct BoxStyle {
     enum class Buttons { Ok, YesNo };
     enum class Picture { None, Information, Exclamation, Question, Critical };
@@ -24,30 +24,30 @@ inline constexpr BoxStyle YesNoWarningBox{BoxStyle::Buttons::YesNo, BoxStyle::Pi
 
 enum class Answer { Ok, Yes, No };
 
-/// Shows a message over the active window and waits. Closing a yes/no box by Escape answers No.
+/// Shows a message over the active window and waits for the answer. Closing a yes/no box by Escape answers No.
 Answer MsgBox(const QString& text, BoxStyle style, const QString& title);
 /// Runs a form modally over the active window and returns its QDialog result.
 int ShowModal(QDialog& form);
 
-/// Asks for the file to write, with `proposal` as its path; `filter` is "PDF files (*.pdf)". Whether a file that is
-/// there may be replaced has been asked. Empty where the user gives up.
+/// Asks for the file to write. `proposal` is the proposed path, and `filter` is "PDF files (*.pdf)". The dialog itself
+/// asks before an existing file is replaced. Returns an empty text when the user gives up.
 QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter);
 
-/// Local wall-clock time of this computer, kept as if in UTC: reckoning with it meets no change of clocks.
+/// Returns this computer's local wall-clock time, marked as UTC, so that arithmetic with it meets no change of clocks.
 QDateTime Now();
 QDate Today();
 
-/// A random number from 0 up to, not including, 1.
+/// Returns a random number from 0 up to but not including 1.
 double RandomNumber();
 
-/// Plays a sound file when it is there; a missing file or device is silence.
+/// Plays a sound file. A missing file or device is silent.
 void PlaySound(const QString& path);
-/// Hands a file or an address (mailto:, https:) to the desktop. False when nothing there could take it.
+/// Hands a file or an address (mailto:, https:) to the desktop. Returns false when the desktop cannot open it.
 bool OpenWithShell(const QString& target);
-/// Starts a program and forgets it; on a failure shows "Error {number} {text}" and returns false.
+/// Starts a program without waiting for it. On a failure it shows "Error {number} {text}" and returns false.
 bool StartProgram(const QString& path, const QString& arguments, const QString& folder);
 
-/// The world outside, as the functions above reach it; a test puts its own functions here.
+/// The functions above call these functions to reach the world outside. A test replaces them by its own.
 struct DesktopSeams {
     std::function<Answer(const QString& text, BoxStyle style, const QString& title)> msgBox;
     std::function<int(QDialog&)> showModal;
@@ -59,5 +59,5 @@ struct DesktopSeams {
     std::function<QString(const QString& title, const QString& proposal, const QString& filter)> chooseSaveFile;
 };
 DesktopSeams& Desktop();
-/// What the program itself uses: real boxes, the real clock.
+/// Returns the functions that the program itself uses: real boxes, the real clock.
 DesktopSeams RealDesktop();

@@ -4,6 +4,6 @@
 
 class QWidget;
 
-/// The open form (top-level window) of that object name; null where there is none.
+/// Returns the visible form (top-level window) of that object name, or null.
 [[nodiscard]] QWidget* FindForm(const QString& name);
 [[nodiscard]] bool IsFormLoaded(const QString& name);

@@ -22,7 +22,7 @@ const QByteArray Utf8Mark("\xEF\xBB\xBF");
 const QByteArray LittleMark("\xFF\xFE");
 const QByteArray BigMark("\xFE\xFF");
 
-// A line keeps its carriage return, so that lines nobody writes to come out as they went in.
+// Each line keeps its carriage return, so that untouched lines are written as they were read.
 struct IniText {
     Encoding encoding = Encoding::Utf8;
     QStringList lines;
@@ -31,7 +31,7 @@ struct IniText {
 struct IniEntry {
     QString key;
     QString value;
-    qsizetype valueStart = 0;  // In its line.
+    qsizetype valueStart = 0;  // The place in its line.
 };
 
 QString decoded(const QByteArray& bytes, Encoding& encoding) {
@@ -70,7 +70,7 @@ QByteArray encoded(const QString& text, Encoding encoding) {
     return {};
 }
 
-// Nothing when the file is there and cannot be read: writing must not replace it then.
+// Returns nothing when the file exists but cannot be read, because writing must not replace it then.
 std::optional<IniText> loaded(const QString& path) {
     QFile file(path);
     if (!file.exists())
@@ -84,7 +84,7 @@ std::optional<IniText> loaded(const QString& path) {
     return ini;
 }
 
-// It may hold a password, scrambled for the eye only.
+// The file may hold a password that is only scrambled, so it is written for its owner alone.
 bool stored(const QString& path, const IniText& ini) {
     const files::OwnerOnly made;
     const bool isNew = !QFile::exists(path);
@@ -99,7 +99,7 @@ bool stored(const QString& path, const IniText& ini) {
     return file.commit();
 }
 
-// The name of the section that a line opens; nothing for any other line.
+// Returns the name of the section that a line opens, or nothing for any other line.
 std::optional<QString> sectionOpenedBy(const QString& line) {
     const QString trimmed = line.trimmed();
     const qsizetype end = trimmed.indexOf(u']');
@@ -125,8 +125,8 @@ std::optional<IniEntry> entryIn(const QString& line) {
 }
 
 struct Place {
-    qsizetype line = -1;          // Of the key; -1 when it is not there.
-    qsizetype endOfSection = -1;  // Behind the section's last line with anything on it; -1 without the section.
+    qsizetype line = -1;          // The line of the key; -1 when there is none.
+    qsizetype endOfSection = -1;  // The line after the section's last filled one; -1 without the section.
     QString value;
 };
 
@@ -154,7 +154,7 @@ Place find(const QStringList& lines, const QString& section, const QString& key)
     return place;
 }
 
-// A value as it stands in the file: on one line, and quoted where reading would take blanks or quotes off it.
+// Returns the value for the file: on one line, and quoted where reading would strip blanks or quotes.
 QString written(const QString& value) {
     QString line = value;
     line.remove(QChar(u'\0'));

@@ -9,8 +9,8 @@ struct InstallationFolders {
     friend bool operator==(const InstallationFolders&, const InstallationFolders&) = default;
 };
 
-/// What a practice installs once for all its desks is told by one file, installation.ini, next to the program or where
-/// the environment variable SVSCHEDULER_INSTALLATION says:
+/// Returns the path of installation.ini, the file that describes what a practice installs once for all its desks. It is
+/// next to the program, or where the environment variable SVSCHEDULER_INSTALLATION says:
 ///
 ///     [Folders]
 ///     AppPath=/opt/solvane            sounds, help
@@ -21,12 +21,12 @@ struct InstallationFolders {
 ///     [Scramble]
 ///     Key=3                           1 to 9, the key of the notes product's passwords
 ///
-/// A folder that is left out is AppPath; one that is not absolute is taken from the place of installation.ini.
+/// A missing folder is AppPath. A relative folder is taken from the folder of installation.ini.
 [[nodiscard]] QString InstallationFile();
 
-/// The folders of the central installation; nothing when the file is missing or names no AppPath, which means that
-/// there is no central installation.
+/// Returns the folders of the central installation. Returns nothing when the file is missing or names no AppPath, which
+/// means that there is no central installation.
 [[nodiscard]] std::optional<InstallationFolders> CentralInstallation(const QString& installationFile);
 
-/// The scramble key of the installation; `otherwise` where the file sets none from 1 to 9.
+/// Returns the scramble key of the installation, or `otherwise` where the file sets none from 1 to 9.
 [[nodiscard]] int InstallationScrambleKey(const QString& installationFile, int otherwise);

@@ -2,8 +2,8 @@
 
 int DateOrderOf(const QLocale& locale) {
     const QString format = locale.dateFormat(QLocale::ShortFormat);
-    // Where nobody chose a locale it is "C". It spells the month, "11 Mar 2026", and so says nothing of dates in
-    // figures.
+    // Where no locale was chosen it is "C". Its short date names the month, "11 Mar 2026", and so does not say how
+    // dates in figures are written.
     if (format == QLocale::c().dateFormat(QLocale::ShortFormat))
         return 0;
     for (const QChar c : format) {

@@ -29,7 +29,8 @@ class Gate : public QObject {
     }
 
   private:
-    // The button has to end its press by itself, or it would click as soon as the dialog has closed.
+    // The press must be ended inside the button, because the button would otherwise click as soon as the dialog has
+    // closed.
     static void endPress(QAbstractButton& button, QEvent& timer) {
         const QSignalBlocker nobodyHears(button);
         const bool checked = button.isChecked();

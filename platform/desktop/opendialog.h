@@ -1,10 +1,10 @@
 #pragma once
 
-/// A dialog is open for as long as one of these lives, and no command of the windows behind it runs.
+/// Marks a dialog as open for as long as the object lives. No command of the windows behind it runs meanwhile.
 ///
-/// Qt holds back the mouse and the keys of the windows behind a modal dialog. Two things that were begun there before
-/// get through all the same: a shortcut, until the window system has made the dialog the active window, and a button
-/// that was pressed by its letter, which clicks a tenth of a second later. Both go nowhere.
+/// Qt blocks the mouse and the keys of the windows behind a modal dialog. Two inputs that began before would still get
+/// through: a shortcut, until the window system has made the dialog the active window, and a button that was pressed by
+/// its letter, which clicks a tenth of a second later. This class stops both.
 class OpenDialog {
   public:
     OpenDialog();
@@ -12,5 +12,6 @@ class OpenDialog {
     OpenDialog(const OpenDialog&) = delete;
     OpenDialog& operator=(const OpenDialog&) = delete;
 
+    /// Whether any dialog is open.
     [[nodiscard]] static bool Any();
 };

@@ -2,6 +2,6 @@
 
 #include <functional>
 
-/// What is to be done before every box and every modal form (desktop.h): what is known then may be old when the user
-/// has answered.
+/// Sets the step that runs before every message box and every modal form (desktop.h), because what the program has read
+/// may be old when the user has answered.
 void BeforeQuestions(std::function<void()> step);

@@ -4,34 +4,35 @@
 #include <QFileDevice>
 #include <QString>
 
-// Files that hold patients or a password are their owner's alone, from the moment they are made. What a practice shares
-// is as its folder says: in a folder that a group may write to, and in the folders of a central installation, a file is
-// for whom the folder is for.
+// Access to the program's files. A file with patients or a password is readable by its owner alone, from the moment it
+// is created. A shared file has the permissions of its folder: that holds in a folder that a group may write to, and in
+// the folders of a central installation.
 
 namespace files {
 
-/// Makes the files in a folder be for whom the folder is for.
+/// Marks a folder as shared: files in it get the folder's permissions for others.
 void Share(const QString& folder);
-/// Forgets what was shared; for tests.
+/// Forgets all shared folders, for tests.
 void ShareNothing();
 
-/// Makes an empty file that nobody else can ever have opened; one that is there stays as it is, less what others may do
-/// with it. False where it can be neither made nor found.
+/// Creates an empty file that nobody else can have opened before. An existing file keeps its contents and loses the
+/// permissions that others must not have. Returns false where the file neither exists nor can be created.
 bool MakePrivate(const QString& file);
-/// Takes from others what they may not do with a file. One that belongs to somebody else, or is missing, stays.
+/// Removes the permissions that others must not have on a file. A missing file, and one of another owner, stay as they
+/// are.
 void KeepPrivate(const QString& file);
-/// Makes a folder, with those above it, that only its owner enters; one that is there stays. False where it cannot be
-/// made.
+/// Creates a folder that only its owner can enter, with the folders above it. An existing one stays as it is. Returns
+/// false where it cannot be created.
 bool MakePrivateFolder(const QString& folder);
 
-/// Takes a folder that is this user's alone from all others. One that belongs to somebody else, that others may write
-/// to, or that is shared, stays.
+/// Closes a folder of this user's own to all others. A folder that belongs to somebody else, that others may write to,
+/// or that is shared, stays as it is.
 void KeepPrivateFolder(const QString& folder);
 
-/// What others may do with a file of this folder.
+/// Returns the permissions for a file in this folder.
 [[nodiscard]] QFileDevice::Permissions PermissionsIn(const QString& folder);
 
-/// While it lives, this program makes files that are its owner's alone.
+/// While the object lives, the program creates files for their owner alone.
 class OwnerOnly {
   public:
     OwnerOnly();

@@ -8,8 +8,8 @@ class PrintPreview;
 class QLabel;
 class QPushButton;
 
-/// Shows a document as it will be on paper; from here it is printed or saved as a PDF. The form stays after both, so
-/// that a failure loses nothing and one document can go both ways.
+/// Shows a document as it will be on paper. The user can print it or save it as a PDF from here. The form stays open
+/// after both, so that a failure loses nothing and the same document can be printed and saved.
 class frmpreview : public QDialog {
     Q_OBJECT
 

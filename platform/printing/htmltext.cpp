@@ -79,7 +79,7 @@ QString html(const PageBreak& /*pageBreak*/) {
     return QStringLiteral("<div style=\"page-break-before:always\"></div>\n");
 }
 
-// A picture is made for paper.
+// A picture is painted for paper only.
 QString html(const Figure& /*figure*/) {
     return {};
 }

@@ -19,7 +19,7 @@ constexpr int PdfDotsPerInch = 1200;
 
 QPageLayout qtLayout(const PageSetup& setup) {
     QPageLayout layout(setup.paper, setup.orientation, QMarginsF());
-    // The margins are the document's own; a printer's least ones must not refuse the layout.
+    // The margins are the document's own, and the printer's minimum must not refuse the layout.
     layout.setMode(QPageLayout::FullPageMode);
     return layout;
 }
@@ -28,7 +28,7 @@ QString text(const char* english) {
     return QCoreApplication::translate("Printing", english);
 }
 
-/// Prints pages from `first` to `last`, which count from 0.
+/// Prints the pages from `first` to `last`, which count from 0. Returns whether that succeeded.
 template <class Device>
 bool paintPages(Device& device, const PageLayout& layout, int first, int last) {
     QPainter painter;
@@ -42,7 +42,7 @@ bool paintPages(Device& device, const PageLayout& layout, int first, int last) {
     return painter.end();
 }
 
-/// Writes through `write`, which tells whether all went well.
+/// Writes a file through `write`, which returns whether it succeeded. Throws PrintError where it did not.
 template <class Write>
 void saveFile(const QString& path, Write write) {
     QSaveFile file(path);

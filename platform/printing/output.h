@@ -6,17 +6,19 @@ class QPrinter;
 
 namespace printing {
 
-/// Prints the pages that the printer was told to, on the paper it was told; throws PrintError. A printer that is told
-/// the current page prints `currentPage`, which counts from 1.
+/// Prints a document on the printer's own paper. It prints the pages chosen in the printer's settings; for the setting
+/// "current page" that is `currentPage`, which counts from 1. Throws PrintError when the document has no such page or
+/// the printer fails.
 void PrintOn(QPrinter& printer, const Document& document, int currentPage = 1);
-/// The paper of a printer with the document's margins, and back.
+/// Returns the printer's paper with the given margins.
 [[nodiscard]] PageSetup SetupOf(const QPrinter& printer, const PageMargins& margins);
+/// Gives the printer the document's paper and title.
 void GiveSetup(QPrinter& printer, const Document& document);
 
-/// Write a file whole or not at all; throw PrintError.
+/// These routines write a file whole or not at all. They throw PrintError when it cannot be written.
 void SavePdf(const Document& document, const QString& path);
 void SaveHtml(const Document& document, const QString& path);
-/// The document as one HTML page, without what stands in its margins.
+/// Returns the document as one HTML page, without its header, footer and pictures.
 [[nodiscard]] QString HtmlText(const Document& document);
 
 }  // namespace printing

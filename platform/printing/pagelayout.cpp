@@ -10,10 +10,10 @@ namespace printing {
 
 namespace {
 
-// Printers do not reach further to the edge; text also wants some distance from the body.
+// Printers do not print closer to the edge than this, and text needs some distance from the body.
 constexpr double Edge = 360;
 constexpr double Distance = 120;
-// Of a page that margins leave no room on, so that every document comes to an end.
+// The least size of the body, so that a document comes to an end even when its margins leave no room.
 constexpr double SmallestBody = 720;
 
 TextRow rowOf(const Document& document, const Piece& piece, double width) {
@@ -64,7 +64,7 @@ void PageLayout::flow(std::size_t block, int row, const TextRow& text, TopOfPage
     bool fresh = y_ <= body_.top();
     for (int line = 0; line < text.lineCount();) {
         const int fitting = static_cast<int>((room() - padding) / text.lineHeight());
-        // A page that has no room even when it is fresh takes a line all the same, or there would be no end.
+        // A fresh page takes at least one line even without room for it, because the loop would otherwise never end.
         if (fitting >= 1 || fresh) {
             const int lines = std::clamp(fitting, 1, text.lineCount() - line);
             place(block, row, text, line, lines);
@@ -109,7 +109,7 @@ void PageLayout::lay(std::size_t block, const Table& table) {
 }
 
 void PageLayout::lay(std::size_t /*block*/, const Gap& gap) {
-    // What would begin a page with it is left away there.
+    // A gap at the top of a page is left out.
     if (!pages_.back().empty())
         y_ = std::min(y_ + gap.height, body_.bottom());
 }
@@ -119,7 +119,7 @@ void PageLayout::lay(std::size_t /*block*/, const PageBreak& /*pageBreak*/) {
         beginPage();
 }
 
-// A picture with less than half a page left begins another.
+// A picture that would get less than half a page begins a new one.
 void PageLayout::lay(std::size_t block, const Figure& /*figure*/) {
     if (room() < body_.height() / 2 && !pages_.back().empty())
         beginPage();

@@ -11,33 +11,34 @@ namespace printing {
 
 class TextRow;
 
-/// A stretch of a document's text on a page.
+/// A part of a document's text on a page.
 struct Piece {
     std::size_t block = 0;
-    int row = 0;  ///< Of a table; negative for its titles.
+    int row = 0;  ///< The row of a table; negative for its titles.
     int firstLine = 0;
     int lineCount = 0;
-    double top = 0;  ///< From the upper edge of the paper, in twips.
+    double top = 0;  ///< The distance from the upper edge of the paper, in twips.
     double height = 0;
     friend bool operator==(const Piece&, const Piece&) = default;
 };
 
-/// A document divided into pages of one paper. It keeps a reference to the document, which must not change meanwhile.
+/// A document divided into pages of one paper. It keeps a reference to the document, which must outlive it and must not
+/// change.
 class PageLayout {
   public:
-    /// Takes the document's own paper.
+    /// Uses the document's own paper.
     explicit PageLayout(const Document& document) : PageLayout(document, document.setup) {}
     PageLayout(const Document& document, PageSetup setup);
 
-    /// At least 1: a document without text is an empty page.
+    /// At least 1, because a document without text has one empty page.
     [[nodiscard]] int pageCount() const { return static_cast<int>(pages_.size()); }
     /// `page` counts from 0.
     [[nodiscard]] const std::vector<Piece>& pieces(int page) const { return pages_[page]; }
-    /// Between the margins, in twips.
+    /// The area between the margins, in twips.
     [[nodiscard]] QRectF body() const { return body_; }
     [[nodiscard]] const PageSetup& setup() const { return setup_; }
 
-    /// Paints the page onto the paper's rectangle on the device, in the painter's coordinates.
+    /// Paints the page into `paper`, the rectangle of the whole paper in the painter's coordinates.
     void paintPage(QPainter& painter, int page, const QRectF& paper) const;
 
   private:
@@ -46,10 +47,11 @@ class PageLayout {
     void lay(std::size_t block, const Gap& gap);
     void lay(std::size_t block, const PageBreak& pageBreak);
     void lay(std::size_t block, const Figure& figure);
-    /// Room for what stands on each page must be left in margins that are too narrow for it.
+    /// Widens margins that are too narrow for the header or the footer.
     void fitBody();
     void beginPage();
-    /// Puts lines on the page at hand, on as many further pages as they need.
+    /// Puts lines on the current page and on as many further pages as they need. `topOfPage` is called on each new
+    /// page.
     template <class TopOfPage>
     void flow(std::size_t block, int row, const TextRow& text, TopOfPage topOfPage);
     void place(std::size_t block, int row, const TextRow& text, int firstLine, int lines);

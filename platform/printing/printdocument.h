@@ -26,35 +26,45 @@ struct PageMargins {
     friend bool operator==(const PageMargins&, const PageMargins&) = default;
 };
 
-/// The paper. Margins are of the page as it is read, so that turning it does not turn them.
+/// The paper. Margins belong to the page as it is read: when the paper is turned, they are not.
 struct PageSetup {
     QPageSize paper{QPageSize::Letter};
     QPageLayout::Orientation orientation = QPageLayout::Portrait;
     PageMargins margins;
 
-    /// Of the page as it is read.
+    /// Returns the size of the page as it is read.
     [[nodiscard]] QSizeF sizeTwips() const;
     friend bool operator==(const PageSetup&, const PageSetup&) = default;
 };
 
-/// Text over the width between the margins, broken into lines; a line end in the text is one on paper.
+/// Text over the width between the margins. It is broken into lines, and a line end in the text also ends the line on
+/// paper.
 struct Paragraph {
     QString text;
     QFont font;
     Qt::Alignment alignment = Qt::AlignLeft;
-    int indent = 0;  ///< From the left margin.
+    int indent = 0;  ///< The distance from the left margin.
 };
 
-/// Rows of cells under column titles. The titles stand again on top of each page that the table reaches, and a row is
-/// divided between two pages only when it is higher than a page.
-struct Table {
-    std::vector<int> widths;  ///< Of the columns; all are narrowed alike where they are wider than the page.
-    QStringList titles;       ///< None: the table has no row of titles.
-    std::vector<QStringList> rows;
-    QFont font;
+/// The content of a table. Long cells break into lines, and a line end in a cell also ends the line on paper. Missing
+/// cells of a row are empty, and surplus cells are added to its last one.
+struct TableContent {
+    std::vector<int> widths;  ///< The columns' widths, above 0. ColumnScale fits them to the page.
+    QStringList titles = {};  ///< Empty for a table without a row of titles.
+    std::vector<QStringList> rows = {};
+};
+
+/// The look of a table. The default has grid lines and shaded titles.
+struct TableLook {
     bool grid = true;
     bool titleShading = true;
-    std::optional<QColor> shading = std::nullopt;  ///< Behind the rows.
+    std::optional<QColor> shading = std::nullopt;  ///< The colour behind the rows.
+};
+
+/// Rows of cells under column titles. The titles are repeated on top of each page that the table reaches. A row is
+/// divided between two pages only when it is higher than a page.
+struct Table : TableContent, TableLook {
+    QFont font;
 };
 
 /// Empty height.
@@ -62,11 +72,11 @@ struct Gap {
     int height = 0;
 };
 
-/// What follows begins a page.
+/// Begins a new page.
 struct PageBreak {};
 
-/// A picture that fills what is left of its page. It is painted as often as the page is looked at or printed, in dots
-/// of which there are 96 to the inch.
+/// A picture that fills the rest of its page. It is painted each time the page is shown or printed, in dots of which
+/// there are 96 to the inch.
 struct Figure {
     std::function<void(QPainter& painter, const QRectF& room)> paint;
 };
@@ -74,9 +84,9 @@ struct Figure {
 using Block = std::variant<Paragraph, Table, Gap, PageBreak, Figure>;
 
 struct Document {
-    QString title;   ///< What a print queue and the preview call it.
-    QString header;  ///< "left|centre|right", on each page; "%d" is the page's number.
-    QString footer;  ///< The same at the foot.
+    QString title;   ///< The name in the print queue and in the preview.
+    QString header;  ///< "left|centre|right" on each page. "%d" is the page's number.
+    QString footer;  ///< The footer in the same form.
     QFont marginFont;
     PageSetup setup;
     std::vector<Block> blocks;

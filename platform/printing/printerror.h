@@ -3,7 +3,7 @@
 #include <QString>
 #include <stdexcept>
 
-/// A document that could not be brought to paper or into a file; its description can be shown to the user as it is.
+/// The error for a document that could not be printed or written into a file. Its description can be shown to the user.
 class PrintError : public std::runtime_error {
   public:
     explicit PrintError(const QString& description)

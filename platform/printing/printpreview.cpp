@@ -30,7 +30,8 @@ constexpr double ZoomStep = 1.25;
 constexpr double SmallestZoom = 0.1;
 constexpr double LargestZoom = 8;
 
-/// The document's title as a file in the user's documents; what a file's name cannot hold is a blank in it.
+/// Returns a path for the document's title in the user's documents. Characters that a file name cannot hold become
+/// blanks.
 QString proposedFile(const QString& title) {
     static const QRegularExpression unfit(QStringLiteral("[\\\\/:*?\"<>|\\x00-\\x1f]+"));
     const QString name = QString(title).replace(unfit, QStringLiteral(" ")).simplified();
@@ -65,7 +66,7 @@ void PrintPreview::changeEvent(QEvent* event) {
 }
 
 void PrintPreview::colourDesk() {
-    // The preview's own is one grey for light and dark.
+    // The preview's own background is the same grey for light and dark.
     if (auto* desk = pages_->findChild<QGraphicsView*>())
         desk->scene()->setBackgroundBrush(palette().color(QPalette::Mid));
 }
@@ -116,7 +117,7 @@ void PrintPreview::addZoomCommands() {
     connect(command("cmdzoomout", tr("Smaller"), "zoomout", QKeySequence::ZoomOut), &QAction::triggered, this,
             [this] { zoomBy(1 / ZoomStep); });
     QAction* larger = command("cmdzoomin", tr("Larger"), "zoomin", QKeySequence::ZoomIn);
-    // The plus of most keyboards needs the shift key otherwise.
+    // Without this, the plus of most keyboards would need the Shift key.
     larger->setShortcuts({QKeySequence::ZoomIn, tr("Ctrl+=")});
     connect(larger, &QAction::triggered, this, [this] { zoomBy(ZoomStep); });
     connect(command("cmdfitwidth", tr("Page Width"), "fitwidth", tr("Ctrl+1")), &QAction::triggered, pages_,
@@ -149,7 +150,8 @@ void PrintPreview::layOut() {
 
 void PrintPreview::paintPages(QPrinter* printer) const {
     QPainter painter(printer);
-    for (int page = 0; page < PageCount(); ++page) {
+    // Shown before it was given a document, it is an empty page.
+    for (int page = 0; laid_ && page < PageCount(); ++page) {
         if (page > 0)
             printer->newPage();
         laid_->paintPage(painter, page, QRectF(0, 0, printer->width(), printer->height()));

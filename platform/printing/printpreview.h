@@ -16,9 +16,9 @@ namespace printing {
 class PageLayout;
 }
 
-/// The pages of a document with the commands to look at them: first, previous, next and last page, a page by its
-/// number, larger, smaller, as wide as the window, the whole page, and the paper upright or across. A form puts its own
-/// buttons around it.
+/// Shows the pages of a document and offers the commands to look at them: first, previous, next and last page, a page
+/// by its number, larger, smaller, as wide as the window, the whole page, and the paper upright or across. A form puts
+/// its own buttons around it.
 ///
 /// Keys: Ctrl+Home, Ctrl+Page Up, Ctrl+Page Down and Ctrl+End for the pages, Ctrl with plus, minus, 1 (width) and 0
 /// (whole page) for the size, Ctrl+L for the paper.
@@ -31,18 +31,19 @@ class PrintPreview : public QWidget {
 
     /// Shows a document from its first page on.
     void ShowDocument(const printing::Document& document);
-    /// Lets the user choose a printer and prints; tells what goes wrong, and that there is no printer. True when the
-    /// document has gone to the printer.
+    /// Lets the user choose a printer and prints. Shows a box when there is no printer or printing fails. Returns true
+    /// when the document has gone to the printer.
     bool Print();
-    /// Lets the user choose a file and writes a PDF; tells what goes wrong. Empty where no file was written.
+    /// Lets the user choose a file and writes a PDF. Shows a box when that fails. Returns the file's path, or an empty
+    /// text when no file was written.
     QString SaveAsPdf();
 
-    /// With the paper as the user turned it.
+    /// The document with the paper as the user turned it.
     [[nodiscard]] const printing::Document& Document() const { return document_; }
     [[nodiscard]] int PageCount() const;
-    /// Counts from 1.
+    /// The page in view, from 1.
     [[nodiscard]] int CurrentPage() const;
-    /// 1 is the size on paper.
+    /// The size of the pages. 1 is the size on paper.
     [[nodiscard]] double Zoom() const;
 
   protected:
@@ -62,7 +63,7 @@ class PrintPreview : public QWidget {
     void paintPages(QPrinter* printer) const;
 
     printing::Document document_;
-    QPrinter paper_;  ///< Only what the pages are painted for; nothing is printed on it.
+    QPrinter paper_;  ///< The device for which the pages are painted. Nothing is printed on it.
     QToolBar* toolBar_ = nullptr;
     QPrintPreviewWidget* pages_ = nullptr;
     QSpinBox* txtpage_ = nullptr;

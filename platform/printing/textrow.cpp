@@ -14,11 +14,12 @@ constexpr double LineWidth = 10;  // Half a point.
 const QColor GridColour(0x9a, 0x9a, 0x9a);
 const QColor TitleShade(0xe6, 0xe6, 0xe6);
 constexpr double DefaultPoints = 10;
-/// A table that is made for the width of a standing page fills one that was turned to landscape, too.
+/// A table at least this wide was made for an upright page, and also fills a page across.
 constexpr double LeastOfAStandingPage = 9000;  // Twips.
 constexpr double MuchWider = 1.25;
 
-/// The cells of a row for so many columns. What stands behind the last column goes into it, so that nothing is lost.
+/// Returns as many cells as there are columns. The text of surplus cells is added to the last one, so that none is
+/// lost.
 QStringList cellsFor(const QStringList& row, qsizetype columns) {
     QStringList cells = row.mid(0, columns);
     if (row.size() > columns)

@@ -10,27 +10,27 @@ class QPainter;
 
 namespace printing {
 
-/// Cells of text beside each other, broken into lines that are all of one height, so that a row can be divided between
-/// pages at any line. Lengths are in twips; nothing depends on the device that will paint it.
+/// A row of text cells. Their lines all have the same height, so that the row can be divided between pages at any line.
+/// Lengths are in twips and do not depend on the device that paints the row.
 class TextRow {
   public:
-    /// The room for text within a cell's border.
+    /// The padding between a cell's border and its text.
     static constexpr double PadSide = 80;
     static constexpr double PadTop = 40;
 
-    /// One cell without border.
+    /// Makes one cell without a border.
     TextRow(const Paragraph& paragraph, double pageWidth);
-    /// A table's row, or its titles where `row` is negative.
+    /// Makes a row of a table, or its titles where `row` is negative.
     TextRow(const Table& table, int row, double pageWidth);
 
-    /// Lines of the longest cell, at least 1.
+    /// The number of lines of the longest cell, at least 1.
     [[nodiscard]] int lineCount() const { return lineCount_; }
     [[nodiscard]] double lineHeight() const { return lineHeight_; }
-    /// Of some of its lines, borders included.
+    /// The height of that many lines, with the borders.
     [[nodiscard]] double height(int lines) const { return lines * lineHeight_ + 2 * padTop_; }
     [[nodiscard]] double height() const { return height(lineCount_); }
 
-    /// Paints `lines` lines from `firstLine` on, with the upper left corner at `corner`.
+    /// Paints `lines` lines from `firstLine` on. `corner` is the upper left corner.
     void paint(QPainter& painter, QPointF corner, int firstLine, int lines) const;
 
   private:
@@ -52,9 +52,10 @@ class TextRow {
     std::optional<QColor> shading_;
 };
 
-/// The font with its size in twips.
+/// Returns the font with its size in twips.
 [[nodiscard]] QFont FontInTwips(QFont font);
-/// How much a table's columns are narrowed or widened to fit the page: 1 where they are not.
+/// Returns the factor by which a table's columns are narrowed or widened to fit the page, or 1. Columns wider than the
+/// page are narrowed. A table as wide as an upright page is widened on a page across.
 [[nodiscard]] double ColumnScale(const Table& table, double pageWidth);
 
 }  // namespace printing

@@ -1,5 +1,6 @@
 #include "platform/printing/vsprinter.h"
 
+#include <algorithm>
 #include <QLocale>
 #include <stdexcept>
 
@@ -13,7 +14,7 @@ namespace {
 constexpr double BodyPoints = 10;
 constexpr double MarginPoints = 9;
 
-/// With fonts as narrow as Arial behind the family, for where it is not there: the widths of the tables count on that.
+/// Adds fonts as narrow as Arial, for computers without the family, because the widths of the tables rely on that.
 QStringList familiesFrom(const QString& family) {
     return {family, QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica"),
             QStringLiteral("DejaVu Sans Condensed")};
@@ -30,26 +31,6 @@ QFont arial(double points) {
 QPageSize countryPaper() {
     const bool american = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
     return QPageSize(american ? QPageSize::Letter : QPageSize::A4);
-}
-
-/// The parts of "a|b;c|d;" between row ends; nothing after the last one is no row.
-QStringList rowsOf(const QString& text) {
-    QStringList rows = text.split(u';');
-    if (rows.last().isEmpty())
-        rows.removeLast();
-    return rows;
-}
-
-std::vector<int> widthsOf(const QString& format) {
-    std::vector<int> widths;
-    const QString row = rowsOf(format).value(0);
-    for (const QString& width : row.split(u'|')) {
-        bool isNumber = false;
-        widths.push_back(width.trimmed().toInt(&isNumber));
-        if (!isNumber || widths.back() <= 0)
-            throw std::invalid_argument("A table's format is widths above 0: " + format.toStdString());
-    }
-    return widths;
 }
 
 }  // namespace
@@ -83,18 +64,11 @@ void VSPrinter::NewPage() {
     document_.blocks.emplace_back(printing::PageBreak());
 }
 
-void VSPrinter::AddTable(const QString& format, const QString& header, const QString& body, const TableLook& look) {
-    printing::Table table;
-    table.widths = widthsOf(format);
-    if (!header.isEmpty())
-        table.titles = rowsOf(header).value(0).split(u'|');
-    for (const QString& row : rowsOf(body))
-        table.rows.push_back(row.split(u'|'));
-    table.font = font_;
-    table.grid = look.grid;
-    table.titleShading = look.titleShading;
-    table.shading = look.shading;
-    document_.blocks.emplace_back(std::move(table));
+void VSPrinter::AddTable(printing::TableContent content, const printing::TableLook& look) {
+    const bool hasWidths = std::ranges::all_of(content.widths, [](int width) { return width > 0; });
+    if (content.widths.empty() || !hasWidths)
+        throw std::invalid_argument("A table's columns have widths above 0.");
+    document_.blocks.emplace_back(printing::Table{std::move(content), look, font_});
 }
 
 void VSPrinter::AddFigure(std::function<void(QPainter& painter, const QRectF& room)> paint) {

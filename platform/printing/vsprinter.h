@@ -5,34 +5,31 @@
 class QPrinter;
 class QWidget;
 
-/// How a table looks; as given, with grid lines and shaded titles.
-struct TableLook {
-    bool grid = true;
-    bool titleShading = true;
-    std::optional<QColor> shading = std::nullopt;  ///< Behind the rows.
-};
-
 /// Makes a document for paper, shows it, prints it and writes it into a file. Lengths are in twips (1440 to the inch),
-/// sizes of type in points. The same text stands at the same place in the preview, in the file and on every printer.
+/// font sizes in points. The same text is at the same place in the preview, in the file and on every printer.
 ///
 ///     VSPrinter vp;
 ///     vp.SetHeader("|Appointments|");
 ///     vp.SetFooter("||Page %d");
-///     vp.AddTable("2880|1440;", "Description|Date;", "Jones, Mary|03/07/2026;");
+///     vp.AddTable({.widths = {2880, 1440},
+///                  .titles = {"Description", "Date"},
+///                  .rows = {{"Jones, Mary", "03/07/2026"}}});
 ///     vp.Preview(this);
 ///
-/// Font, alignment and indent hold for what is added after them. Margins, paper, header and footer are the whole
-/// document's.
+/// Font, alignment and indent apply to what is added after them. Margins, paper, header and footer apply to the whole
+/// document.
 class VSPrinter {
   public:
-    /// An empty document in Arial 10 on the paper of this country, margins 1/2 inch at the sides, 3/4 above and below.
+    /// Begins with an empty document in Arial 10 on this country's paper, with margins of 1/2 inch at the sides and 3/4
+    /// inch above and below.
     VSPrinter();
 
-    /// Empties the document and takes font, alignment and indent back to the first ones; page and title stay.
+    /// Empties the document and resets font, alignment and indent. Page setup and title stay.
     void StartDoc();
-    /// What the preview, the printer's queue and a proposed file name call the document.
+    /// Sets the document's name for the preview, the printer's queue and a proposed file name.
     void SetTitle(const QString& title) { document_.title = title; }
-    /// "left|centre|right" on each page, "%d" in it is the page's number. Margins too narrow for it grow.
+    /// Sets the text at the top of each page, "left|centre|right". "%d" in it is the page's number. Margins that are
+    /// too narrow for it are widened.
     void SetHeader(const QString& header) { document_.header = header; }
     void SetFooter(const QString& footer) { document_.footer = footer; }
     void SetOrientation(QPageLayout::Orientation orientation) { document_.setup.orientation = orientation; }
@@ -40,42 +37,40 @@ class VSPrinter {
     void SetMargins(const printing::PageMargins& margins) { document_.setup.margins = margins; }
 
     void SetFontName(const QString& family);
-    /// In points, above 0.
+    /// Sets the font's size in points, above 0.
     void SetFontSize(double points) { font_.setPointSizeF(points); }
     void SetFontBold(bool bold) { font_.setBold(bold); }
     void SetFontItalic(bool italic) { font_.setItalic(italic); }
-    /// Left, centre, right or justified.
+    /// Sets left, centre, right or justified.
     void SetTextAlign(Qt::Alignment alignment) { alignment_ = alignment; }
-    /// Of paragraphs, from the left margin.
+    /// Sets the distance of paragraphs from the left margin.
     void SetIndent(int twips) { indent_ = twips; }
 
-    /// A line end in the text is one on paper; an empty text is an empty line.
+    /// Adds a paragraph. A line end in the text also ends the line on paper. An empty text is an empty line.
     void AddParagraph(const QString& text);
-    /// Moves down.
+    /// Leaves an empty height.
     void AddSpace(int twips);
     void NewPage();
-    /// `format` is the columns' widths in twips, "2880|1440;"; wider than the page, all are narrowed alike. `header` is
-    /// the columns' titles, which stand on each page that the table reaches; empty for none. `body` is rows of cells,
-    /// "cell|cell;cell|cell;": what a cell says must hold neither sign. Long cells break into lines, a line end in a
-    /// cell is one on paper, and a row is divided between pages only when it is higher than a page. A row's missing
-    /// cells are empty, and what it has too much goes into its last cell. A format without a width above 0 throws
+    /// Adds a table. Its titles are repeated on each page that the table reaches, and a row is divided between pages
+    /// only when it is higher than a page. A table without columns, or with a column whose width is not above 0, throws
     /// std::invalid_argument.
-    void AddTable(const QString& format, const QString& header, const QString& body, const TableLook& look = {});
+    void AddTable(printing::TableContent content, const printing::TableLook& look = {});
 
-    /// A picture that fills what is left of the page; see printing::Figure.
+    /// Adds a picture that fills the rest of the page; see printing::Figure.
     void AddFigure(std::function<void(QPainter& painter, const QRectF& room)> paint);
 
     [[nodiscard]] const printing::Document& Document() const { return document_; }
-    /// At least 1.
+    /// The number of pages, at least 1.
     [[nodiscard]] int PageCount() const;
 
-    /// Shows the pages (frmpreview), from where the user prints them or saves them as a PDF; waits until that closes.
+    /// Shows the pages in frmpreview, where the user can print them or save them as a PDF. Returns when that form is
+    /// closed.
     void Preview(QWidget* parent) const;
-    /// Prints on the printer's own paper, the pages that it was told to; throws PrintError.
+    /// Prints the pages chosen in the printer's settings on the printer's own paper. Throws PrintError.
     void PrintDoc(QPrinter& printer) const;
-    /// Writes a PDF; throws PrintError, and what the file held before is still there then.
+    /// Writes a PDF. Throws PrintError; the file then keeps its old contents.
     void SavePdf(const QString& path) const;
-    /// Writes the document as one HTML page without header and footer; throws PrintError as SavePdf does.
+    /// Writes the document as one HTML page without header, footer and pictures. Throws PrintError as SavePdf does.
     void ExportHtml(const QString& path) const;
 
   private:

@@ -2,19 +2,18 @@
 
 #include <QString>
 
-// What comes out of the database or off the clipboard is text: it is shown as it stands, in one line where a line is
-// meant.
+// Text from the database or the clipboard is shown exactly as it is, in one line where one line is meant.
 
-/// The text in one line: a line break (carriage return and line feed are one), a tab and every other control character
-/// become one blank each.
+/// Returns the text in one line. A line break (carriage return and line feed count as one), a tab and every other
+/// control character become one blank each.
 [[nodiscard]] QString OneLine(const QString& text);
 
-/// The text without control characters, its line breaks as line feeds; the others become one blank each.
+/// Returns the text with line feeds as its only line breaks. Other control characters become one blank each.
 [[nodiscard]] QString ManyLines(const QString& text);
 
-/// What a tool tip shows as this very text. A tip takes what looks like markup for markup, and would fetch a picture
-/// from the disk.
+/// Returns the text so that a tool tip shows exactly it. A tip would otherwise take what looks like markup for markup,
+/// and could load a picture from the disk.
 [[nodiscard]] QString TipText(const QString& text);
 
-/// The text as a caption shows it whose "&" marks an Alt key.
+/// Returns the text for a caption in which "&" marks an Alt key.
 [[nodiscard]] QString CaptionText(const QString& text);

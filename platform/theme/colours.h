@@ -5,29 +5,29 @@
 
 enum class ThemeMode { Light, Dark };
 
-/// The one palette of the program. `accent` marks what acts or is today: links, the focus ring, the default button; a
+/// The colours of the program. `accent` marks what acts or is today: links, the focus ring, the default button. A
 /// painted control reads it from its palette's Link role.
 struct ThemeColours {
-    QColor window;     ///< Behind panels and forms.
-    QColor base;       ///< Behind text and calendar cells.
-    QColor alternate;  ///< Every other row.
+    QColor window;     ///< The ground of panels and forms.
+    QColor base;       ///< The ground of text and calendar cells.
+    QColor alternate;  ///< The ground of every other row.
     QColor text;
-    QColor mutedText;  ///< Hints, captions, disabled text.
+    QColor mutedText;  ///< For hints, captions and disabled text.
     QColor border;
     QColor hover;
     QColor pressed;
     QColor selection;
     QColor selectedText;
     QColor accent;
-    QColor accentText;  ///< On an accent fill.
-    QColor caution;     ///< The picture of a warning.
-    QColor danger;      ///< The picture of a failure.
+    QColor accentText;  ///< For text on an accent fill.
+    QColor caution;     ///< For the picture of a warning.
+    QColor danger;      ///< For the picture of a failure.
     friend bool operator==(const ThemeColours&, const ThemeColours&) = default;
 };
 
 [[nodiscard]] const ThemeColours& ColoursOf(ThemeMode mode);
 [[nodiscard]] QPalette PaletteOf(const ThemeColours& colours);
-/// Whether a palette made elsewhere is a dark one.
+/// Returns whether a palette that was made elsewhere is a light or a dark one.
 [[nodiscard]] ThemeMode ModeOf(const QPalette& palette);
-/// WCAG contrast of two opaque colours, 1 to 21.
+/// Returns the WCAG contrast of two opaque colours, from 1 to 21.
 [[nodiscard]] double Contrast(const QColor& a, const QColor& b);

@@ -12,7 +12,8 @@ const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString Interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString Group = QStringLiteral("org.freedesktop.appearance");
 const QString Key = QStringLiteral("color-scheme");
-/// Our own connection, by its address: the library's shared one stays dead once anybody asked for it without a bus.
+/// The name of a connection of our own, because the library's shared one stays dead once anybody has asked for it
+/// without a bus.
 const QString ConnectionName = QStringLiteral("svscheduler-look");
 constexpr int AnswerWithinMilliseconds = 2000;
 
@@ -36,11 +37,11 @@ DesktopMode::~DesktopMode() {
 }
 
 void DesktopMode::watch() {
-    // With no address the client library would try to start a bus of its own.
+    // Without an address the client library would try to start a bus of its own.
     const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (address.isEmpty())
         return;
-    // The slot is found by the name of its parameter's type.
+    // The slot is found by the type name of its parameter.
     qRegisterMetaType<QDBusVariant>("QDBusVariant");
     QDBusConnection bus = QDBusConnection::connectToBus(address, ConnectionName);
     bus.connect(Service, Path, Interface, QStringLiteral("SettingChanged"), this,

@@ -7,12 +7,12 @@
 
 #include "platform/theme/colours.h"
 
-/// What the desktop's settings portal answers for "color-scheme": 1 dark, 2 light, wrapped in one variant or two.
-/// Nothing for "no preference" and for anything else.
+/// Reads the answer of the desktop's settings portal for "color-scheme": 1 dark, 2 light, wrapped in one variant or
+/// two. Returns nothing for "no preference" and for anything else.
 [[nodiscard]] std::optional<ThemeMode> ModeFromPortal(const QVariant& answer);
 
 /// Follows the desktop's wish for a light or a dark look through the settings portal. It never waits: an answer or a
-/// change arrives as a signal, and a desktop without a portal says nothing.
+/// change arrives as the signal `told`. A desktop without a portal sends none.
 class DesktopMode : public QObject {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 
 #include "platform/theme/theme.h"
 
-// The pictures live in a static library, whose resources the linker would leave out unless asked for; the macro may not
+// The pictures are in a static library. The linker would leave its resources out without this macro, which may not
 // stand in a namespace.
 static void loadDrawings() {
     Q_INIT_RESOURCE(icons);
@@ -76,7 +76,7 @@ class DrawnIconEngine : public QIconEngine {
     }
 
     QString name_;
-    QColor colour_;  ///< Invalid for the palette of the moment.
+    QColor colour_;  ///< Invalid means the colours of the current palette.
 };
 
 }  // namespace

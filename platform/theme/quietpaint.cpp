@@ -10,7 +10,7 @@ bool has(const QStyleOption& option, QStyle::StateFlag flag) {
     return option.state.testFlag(flag);
 }
 
-/// Border and fill of the box of a check box or radio button.
+/// The border and the fill of the box of a check box or radio button.
 struct BoxColours {
     QColor fill, border, mark;
 };
@@ -96,7 +96,7 @@ void pushButton(QPainter& painter, const QStyleOption& option, bool isDefault) {
     if (!has(option, QStyle::State_HasFocus))
         return;
     focusRing(painter, option.rect, palette);
-    if (primary)  // A ring of the fill's own colour would not be seen: part them by a line.
+    if (primary)  // A ring in the fill's own colour would not be seen, so a line is drawn between them.
         panel(painter, option.rect.adjusted(2, 2, -2, -2), Qt::transparent, palette.color(QPalette::BrightText), 1);
 }
 

@@ -3,17 +3,17 @@
 #include <QPainter>
 #include <QStyleOption>
 
-/// The pieces of which QuietStyle draws controls. Rectangles are those of the whole control, in its own pixels.
+/// The parts from which QuietStyle draws controls. Rectangles are those of the whole control, in its own pixels.
 namespace quiet {
 
 inline constexpr double Radius = 5;
 
-/// A rounded panel; a border colour of alpha 0 draws none. `width` is the border's.
+/// Draws a rounded panel. A border colour of alpha 0 draws no border. `width` is the border's.
 void panel(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& border, double width = 1);
 void focusRing(QPainter& painter, const QRect& rect, const QPalette& palette);
-/// An arrow head in the middle of `rect`.
+/// Draws an arrow head in the middle of `rect`.
 void chevron(QPainter& painter, const QRect& rect, Qt::ArrowType direction, const QColor& colour);
-/// Fill of something that can be pressed.
+/// Returns the fill of a control that can be pressed.
 QColor buttonFill(const QStyleOption& option);
 
 void pushButton(QPainter& painter, const QStyleOption& option, bool isDefault);

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Pixels beside the content of a tool button, on either side.
+/// Pixels on either side of a tool button's content.
 constexpr int ToolButtonPadding = 4;
 
 bool isDefaultButton(const QStyleOption* option) {
@@ -24,7 +24,7 @@ bool isDefaultButton(const QStyleOption* option) {
            !button->features.testFlag(QStyleOptionButton::Flat);
 }
 
-/// A drawing in another colour than that of the palette.
+/// Draws a picture in another colour than the palette's.
 QIcon inColour(const QIcon& icon, QSize size, const QColor& colour, double devicePixelRatio) {
     QPixmap drawing = icon.pixmap(size, devicePixelRatio);
     QPainter painter(&drawing);
@@ -34,7 +34,7 @@ QIcon inColour(const QIcon& icon, QSize size, const QColor& colour, double devic
     return drawing;
 }
 
-/// A text field within a combo or spin box leaves the frame to the box.
+/// Whether this is a text field inside a combo or spin box, which draws the frame itself.
 bool isInsideField(const QWidget* widget) {
     return widget != nullptr && widget->parentWidget() != nullptr &&
            (widget->parentWidget()->inherits("QComboBox") || widget->parentWidget()->inherits("QAbstractSpinBox"));
@@ -68,7 +68,7 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         case PE_IndicatorRadioButton:
             return quiet::radioButton(*painter, *option);
         case PE_FrameFocusRect:
-            // Buttons and fields carry their ring on the border; rows are told by their fill and a thin ring.
+            // Buttons and fields have their focus ring on the border. Rows have a fill and a thin ring.
             if (widget == nullptr || !widget->inherits("QPushButton"))
                 quiet::panel(*painter, option->rect, Qt::transparent, option->palette.color(QPalette::Link), 1);
             return;
@@ -187,7 +187,7 @@ QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     if (control != CC_ScrollBar || bar == nullptr)
         return QProxyStyle::subControlRect(control, option, part, widget);
 
-    // No arrow buttons: the groove is the whole bar.
+    // There are no arrow buttons, so the groove is the whole bar.
     const bool across = bar->orientation == Qt::Horizontal;
     const int length = across ? bar->rect.width() : bar->rect.height();
     const int range = bar->maximum - bar->minimum;
@@ -219,7 +219,7 @@ QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 
 QRect QuietStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
     const QRect rect = QProxyStyle::subElementRect(element, option, widget);
-    // Text stands off the border as the text of a combo box does.
+    // The text keeps the distance from the border that a combo box's text keeps.
     return element == SE_LineEditContents && !isInsideField(widget) ? rect.adjusted(3, 0, -3, 0) : rect;
 }
 
@@ -350,8 +350,8 @@ void QuietStyle::polish(QWidget* widget) {
         qobject_cast<QScrollBar*>(widget) != nullptr || qobject_cast<QTabBar*>(widget) != nullptr ||
         widget->inherits("QAbstractSpinBox") || widget->inherits("QLineEdit"))
         widget->setAttribute(Qt::WA_Hover);
-    // What a label shows comes out of the database as often as not, and is text: markup in it would be drawn, and a
-    // picture of the disk with it. A tip is written by TipText.
+    // A label often shows text from the database. As markup it could load a picture from the disk, so labels show plain
+    // text. Tips are made safe by TipText.
     if (auto* label = qobject_cast<QLabel*>(widget);
         label != nullptr && label->textFormat() == Qt::AutoText && !label->inherits("QTipLabel"))
         label->setTextFormat(Qt::PlainText);

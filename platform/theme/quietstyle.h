@@ -2,8 +2,8 @@
 
 #include <QProxyStyle>
 
-/// Flat, calm controls on top of Fusion: thin borders, rounded corners, one accent colour, and a focus ring that is
-/// always seen. Every colour comes from the palette, so that a change of palette is a change of look.
+/// Draws flat, calm controls on top of Fusion: thin borders, rounded corners, one accent colour, and a focus ring that
+/// can always be seen. Every colour comes from the palette, so that changing the palette changes the look.
 class QuietStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr double LeastPointSize = 9;
-/// Height of the font for which the spacing grid is in whole pixels.
+/// The height of the font for which the spacing grid is in whole pixels.
 constexpr double GridFontHeight = 15;
 
 const QString RememberedMode = QStringLiteral("Look");

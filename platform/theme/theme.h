@@ -6,18 +6,18 @@
 
 #include "platform/theme/colours.h"
 
-/// The look of the whole program: palette, style and type. It follows the desktop's light or dark mode while the
-/// program runs. The mode last told by the desktop is remembered per user, so that the first window is painted right
-/// without asking.
+/// The look of the whole program: palette, style and font. It follows the desktop's light or dark mode while the
+/// program runs. The mode that the desktop reported last is remembered for the user, so that the first window is
+/// painted right without asking.
 class Theme : public QObject {
     Q_OBJECT
 
   public:
-    /// Gives the application its style, palette and font. With `forced` the desktop is not asked. Before the first
-    /// window.
+    /// Gives the application its style, palette and font. It must be called before the first window. With `forced`, the
+    /// desktop is never asked.
     static void Install(std::optional<ThemeMode> forced = std::nullopt);
-    /// Asks the desktop for its mode and goes on listening; after the first paint, since reaching the session bus takes
-    /// a moment. Nothing where the mode was forced.
+    /// Asks the desktop for its mode and follows its changes. It is called after the first paint, because reaching the
+    /// session bus takes a moment. It does nothing where the mode was forced.
     static void FollowDesktop();
     static Theme& Instance();
 
@@ -35,7 +35,8 @@ class Theme : public QObject {
     bool following_ = false;
 };
 
-/// A distance of the spacing grid (4, 8, 12, 16 or 24), in pixels at the application font's size.
+/// Returns a distance of the spacing grid (4, 8, 12, 16 or 24), in pixels at the application font's size.
 [[nodiscard]] int Space(int step);
-/// The application font in a heading's size and weight: `steps` 1 for a panel heading, 2 for a window heading.
+/// Returns the application font in a heading's size and weight. `steps` is 1 for a panel heading, 2 for a window
+/// heading.
 [[nodiscard]] QFont HeadingFont(int steps = 1);

@@ -25,7 +25,7 @@ QStringList words(const char* text) {
 TEST(OptionsTest, NothingAskedLeavesEverythingToTheStartUp) {
     const AppOptions options = understood({});
     EXPECT_EQ(options.commandLine, QString());
-    EXPECT_EQ(options.view, 0);
+    EXPECT_EQ(options.view, View::None);
     EXPECT_FALSE(options.date.isValid());
     EXPECT_TRUE(options.size.isEmpty());
     EXPECT_FALSE(options.mode);
@@ -46,7 +46,8 @@ TEST(OptionsTest, AWordThatIsNoUserIsRefused) {
 TEST(OptionsTest, EveryViewHasItsName) {
     int number = 0;
     for (const char* name : {"day", "week", "month", "all", "rooms", "companion"})
-        EXPECT_EQ(understood({QStringLiteral("--view"), QString::fromLatin1(name)}).view, ++number) << name;
+        EXPECT_EQ(understood({QStringLiteral("--view"), QString::fromLatin1(name)}).view, static_cast<View>(++number))
+            << name;
     EXPECT_EQ(complaint(words("--view year")), QStringLiteral("there is no view \"year\""));
 }
 

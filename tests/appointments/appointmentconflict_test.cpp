@@ -15,7 +15,8 @@ namespace {
 class ConflictDialog : public testing::Test {
   protected:
     ConflictDialog() {
-        form.ctList1->AddRow(QStringLiteral("3/11/2026;9:00 AM;10:00 AM;Jones, Mary;Reed"));
+        form.ctList1->AddRow({QStringLiteral("3/11/2026"), QStringLiteral("9:00 AM"), QStringLiteral("10:00 AM"),
+                              QStringLiteral("Jones, Mary"), QStringLiteral("Reed")});
         form.ctList1->SetItemText(0, QStringLiteral("60 minutes."));
         form.show();
         form.activateWindow();

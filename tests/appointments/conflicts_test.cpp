@@ -27,7 +27,7 @@ class Conflicts : public AppointmentFixture {
             const auto& conflict = dynamic_cast<AppointmentConflict&>(form);
             QStringList shown;
             for (int row = 0; row < conflict.ctList1->RowCount(); ++row)
-                shown << conflict.ctList1->RowText(row);
+                shown << conflict.ctList1->Cells(row).join(u';');
             EXPECT_EQ(shown, rows);
             form.findChild<QPushButton*>(button)->click();
         });
@@ -176,7 +176,7 @@ TEST_F(Conflicts, ApostrophesInIdsAndNamesAreHarmless) {
 TEST_F(Conflicts, ASemicolonInATextDoesNotSlipIntoTheNextColumn) {
     provider(QStringLiteral("ODD"), QStringLiteral("Odd;Name"));
     appointment({.text = QStringLiteral("Team; lunch\nroom 2"), .provider = QStringLiteral("ODD")});
-    expectList({QStringLiteral("3/11/2026;9:00 AM;10:00 AM;Team lunch room 2;OddName")});
+    expectList({QStringLiteral("3/11/2026;9:00 AM;10:00 AM;Team; lunch\nroom 2;Odd;Name")});
     EXPECT_TRUE(CheckApptConflicts(0, day, Nine, Ten, {}, QStringLiteral("ODD")));
 }
 
@@ -238,7 +238,8 @@ TEST_F(RoomConflicts, ATakenRoomIsToldWithItsOwnTitleAndText) {
         const auto& conflict = dynamic_cast<AppointmentConflict&>(form);
         EXPECT_EQ(form.windowTitle(), QStringLiteral("Room Conflict"));
         EXPECT_EQ(conflict.ctList1->Header(5), QStringLiteral("Room"));
-        EXPECT_EQ(conflict.ctList1->RowText(0), QStringLiteral("3/11/2026;9:00 AM;10:00 AM;Staff meeting;Blue Room"));
+        EXPECT_EQ(conflict.ctList1->Cells(0).join(u';'),
+                  QStringLiteral("3/11/2026;9:00 AM;10:00 AM;Staff meeting;Blue Room"));
         EXPECT_EQ(
             conflict.lblmessage->text(),
             QStringLiteral(
@@ -293,7 +294,7 @@ TEST_F(RoomConflicts, ABookingWithoutATextIsAnEmptyCellAndASemicolonStaysInItsCe
     booking(blueRoom, Nine, Ten, QStringLiteral("A;B"));
     database.connection().Execute(db::Sql("Update roomschedule Set croomtext = Null Where nkeyid = {}", bare));
     expectList({QStringLiteral("3/11/2026;9:00 AM;10:00 AM;;Blue Room"),
-                QStringLiteral("3/11/2026;9:00 AM;10:00 AM;AB;Blue Room")});
+                QStringLiteral("3/11/2026;9:00 AM;10:00 AM;A;B;Blue Room")});
     EXPECT_TRUE(check());
 }
 

@@ -28,7 +28,7 @@ EditorFixture::EditorFixture() {
     session.UID = QStringLiteral("FRONT");
     session.ProviderId = QStringLiteral("REED");
     session.ProviderName = QStringLiteral("Reed");
-    session.CurrentView = 1;
+    session.CurrentView = View::Day;
     session.WordUsage = QStringLiteral("Patient");
     session.PhoneMask = QStringLiteral("(###) ###-####");
     session.ALEnabled = true;

@@ -155,7 +155,7 @@ TEST_F(GroupSave, OkAsksForWhatIsWrongWithTheTimes) {
 }
 
 TEST_F(GroupSave, TheAllProvidersViewAsksForADate) {
-    Session().CurrentView = 4;
+    Session().CurrentView = View::AllProviders;
     openNewGroup(QStringLiteral("Anger"));
     type(dialog->ctedate, QString());
     press(dialog->ctedate, Qt::Key_Delete);
@@ -164,7 +164,7 @@ TEST_F(GroupSave, TheAllProvidersViewAsksForADate) {
 }
 
 TEST_F(GroupSave, InTheAllProvidersViewItIsTheChosenProviders) {
-    Session().CurrentView = 4;
+    Session().CurrentView = View::AllProviders;
     view.chosenProvider = BookedProvider{QStringLiteral("OBRIEN"), QStringLiteral("O'Brien")};
     openNewGroup(QStringLiteral("Anger"));
     ok();
@@ -172,7 +172,7 @@ TEST_F(GroupSave, InTheAllProvidersViewItIsTheChosenProviders) {
 }
 
 TEST_F(GroupSave, AViewWithoutAnEditorSavesNothing) {
-    Session().CurrentView = 3;
+    Session().CurrentView = View::Month;
     openNewGroup(QStringLiteral("Anger"));
     ok();
     EXPECT_EQ(rowCount("appointments"), 0);
@@ -259,6 +259,13 @@ TEST_F(GroupSave, AGroupAndMembersWithApostrophesAreSaved) {
     ok();
     EXPECT_EQ(stored(newestKey()), QStringLiteral("540-600 2026-03-11 Women's Group @ "));
     EXPECT_EQ(members(newestKey()), QStringLiteral("x Baker, Bo; x O'Abel, Ann"));
+}
+
+TEST_F(GroupSave, AMemberIsSavedUnderTheNameAsItStands) {
+    run(QStringLiteral("Update patient_info Set last_name = 'Abel; Jr|' Where id = 'P1'"));
+    openNewGroup(QStringLiteral("Anger"));
+    ok();
+    EXPECT_EQ(members(newestKey()), QStringLiteral("x Abel; Jr|, Ann; x Baker, Bo"));
 }
 
 TEST_F(GroupSave, ThreeHundredMembersAreSavedAndComeBack) {

@@ -151,7 +151,7 @@ TEST_F(EditorFailure, WhatAFailedSaveClosedCanBeOpenedAndSavedAgain) {
     EXPECT_EQ(form->Subject(), QStringLiteral("appointment on 03/11/2026 at 11:00 AM"));
     database.allow(QStringLiteral("Insert"), QStringLiteral("roomschedule"));
     view.selectedKey = 0;
-    Session().CurrentView = 3;
+    Session().CurrentView = View::Month;
     form->show();
     EXPECT_FALSE(form->IsUnsaved());
     clickOk();

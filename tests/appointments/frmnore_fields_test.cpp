@@ -38,7 +38,7 @@ class EditorFields : public EditorFixture {
 }  // namespace
 
 TEST_F(EditorFields, TabGoesThroughTheQuestionsInTheOrderInWhichTheyAreAsked) {
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     openNew(1);
     QStringList way;
     for (int step = 0; step < 15; ++step) {
@@ -108,7 +108,7 @@ TEST_F(EditorFields, AnEndBeforeTheStartIsSaidBesideTheTimes) {
 }
 
 TEST_F(EditorFields, TheArrowsMoveATimeByAMinuteAndADateByADay) {
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     openNew(1);
     form->ctstart->setFocus();
     press(form->ctstart, Qt::Key_Up);
@@ -206,7 +206,7 @@ TEST_F(EditorFields, APastedNameIsOneLine) {
 }
 
 TEST_F(EditorFields, TheWeekdayStandsBesideTheDate) {
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     openNew(1);
     EXPECT_EQ(form->lblweekday->text(), QStringLiteral("Wednesday"));
     form->ctedate->setText(QStringLiteral("2/31/2026"));
@@ -328,7 +328,7 @@ TEST_F(EditorFields, EscapeFromAnUnknownLocationAsksOnlyWhetherToGiveItUp) {
 }
 
 TEST_F(EditorFields, AFormThatGoesWhileADateIsTypedGoesQuietly) {
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     openNew(1);
     choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
     type(form->ctedate, QStringLiteral("3/12/2026"));
@@ -336,7 +336,7 @@ TEST_F(EditorFields, AFormThatGoesWhileADateIsTypedGoesQuietly) {
 }
 
 TEST_F(EditorFields, AnAuthorizationThatCannotBeReadIsToldOnceForADate) {
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     openNew(1);
     choose(QStringLiteral("10017"), QStringLiteral("Jones, Mary"));
     desk.expectBox(QStringLiteral("Error retrieving patient authorization information. ") +
@@ -349,11 +349,11 @@ TEST_F(EditorFields, AnAuthorizationThatCannotBeReadIsToldOnceForADate) {
 }
 
 TEST_F(EditorFields, CancelKeepsTheSelectionOfTheAllProvidersViewAndOfAnEdit) {
-    Session().CurrentView = 4;
+    Session().CurrentView = View::AllProviders;
     openNew(1);
     QTest::mouseClick(form->cmdCancel, Qt::LeftButton);
     EXPECT_FALSE(view.selectionDropped);
-    Session().CurrentView = 1;
+    Session().CurrentView = View::Day;
     openRow(savedPatientAppointment(), 1);
     QTest::mouseClick(form->cmdCancel, Qt::LeftButton);
     EXPECT_FALSE(view.selectionDropped);

@@ -105,7 +105,7 @@ TEST_F(EditorLoad, TheDayViewHidesTheDateAndOtherViewsShowIt) {
     EXPECT_FALSE(form->ctedate->isVisible());
     EXPECT_FALSE(form->lbldate->isVisible());
     EXPECT_EQ(form->ctedate->Date(), day);
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     openNew(1);
     EXPECT_TRUE(form->ctedate->isVisible());
     EXPECT_TRUE(form->lbldate->isVisible());
@@ -204,7 +204,7 @@ TEST_F(EditorLoad, AnAuthorizationIsToldForTheAppointmentsDay) {
     EXPECT_EQ(form->lblAuthorization->text(), QStringLiteral("No current active authorizations found for patient."));
     database.connection().Execute(
         "Insert Into authorizations (patient_id, sess_remaining, start_date, end_date) Values ('10017', 7, '2026/03/11', '2026/03/11')");
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     openRow(key, 1);
     EXPECT_EQ(form->lblAuthorization->text(), QStringLiteral("7 sessions remaining in current authorization"));
     type(form->ctedate, QStringLiteral("3/12/2026"));

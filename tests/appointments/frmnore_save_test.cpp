@@ -335,7 +335,7 @@ TEST_F(EditorSave, TextsOfEveryKindArriveAsTyped) {
 }
 
 TEST_F(EditorSave, TheAllProvidersViewBooksForTheProviderChosenThere) {
-    Session().CurrentView = 4;
+    Session().CurrentView = View::AllProviders;
     view.chosenProvider = {QStringLiteral("OBRIEN"), QStringLiteral("O'Brien")};
     openFor("10017", "Jones, Mary");
     type(form->cborooms, QStringLiteral("blue"));
@@ -345,7 +345,7 @@ TEST_F(EditorSave, TheAllProvidersViewBooksForTheProviderChosenThere) {
 }
 
 TEST_F(EditorSave, OtherViewsSaveNothing) {
-    Session().CurrentView = 3;
+    Session().CurrentView = View::Month;
     openFor("10017", "Jones, Mary");
     appointment({});
     clickOk();
@@ -434,13 +434,13 @@ TEST_F(EditorSave, ConflictsAreAskedBeforeTheTimesAreChecked) {
 }
 
 TEST_F(EditorSave, AnImpossibleDateIsRefusedWhereADateIsShown) {
-    for (const int shownIn : {2, 4}) {
+    for (const View shownIn : {View::Week, View::AllProviders}) {
         Session().CurrentView = shownIn;
         openFor("10017", "Jones, Mary");
         type(form->ctedate, QStringLiteral("2/31/2026"));
         desk.expectBox(QStringLiteral("Enter a valid date."), MissingData);
         clickOk();
-        EXPECT_TRUE(form->ctedate->hasFocus()) << shownIn;
+        EXPECT_TRUE(form->ctedate->hasFocus()) << static_cast<int>(shownIn);
     }
     EXPECT_EQ(rowCount("appointments"), 0);
 }

@@ -38,7 +38,7 @@ TEST_F(SelectPatient, ListsThePatientsByNameWithTheirNumbers) {
     EXPECT_EQ(picker.windowTitle(), QStringLiteral("Select Patient"));
     EXPECT_EQ(picker.ctList1->Header(1), QStringLiteral("Client"));
     ASSERT_EQ(picker.ctList1->RowCount(), 2);
-    EXPECT_EQ(picker.ctList1->RowText(0),
+    EXPECT_EQ(picker.ctList1->Cells(0).join(u';'),
               QStringLiteral("Jones, Mary;A-17;(555) 123-4567;(555) 987-6543;;;mary@example.org"));
     EXPECT_EQ(picker.pnlcount->text(), QStringLiteral("2"));
     EXPECT_FALSE(picker.pnlprogress->isVisibleTo(&picker));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "appointments/patientcontacts.h"
 #include "tests/appointments/appointmentfixture.h"
 
 namespace {

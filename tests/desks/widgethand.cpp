@@ -84,7 +84,7 @@ QString textOf(const QWidget& widget) {
     if (const auto* list = qobject_cast<const ctList*>(&widget)) {
         QStringList rows;
         for (int row = 0; row < list->RowCount(); ++row)
-            rows << list->ShownRowText(row);
+            rows << list->ShownCells(row).join(u';');
         return rows.join(QLatin1Char('\n'));
     }
     throw CannotObey(QStringLiteral("%1 holds no text").arg(widget.objectName()));

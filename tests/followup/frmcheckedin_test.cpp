@@ -19,7 +19,7 @@ class CheckedInList : public CheckInFixture {
     static QStringList rowsOf(const frmCheckedIn& form) {
         QStringList rows;
         for (int row = 0; row < form.ctList1->RowCount(); ++row)
-            rows << form.ctList1->RowText(row);
+            rows << form.ctList1->Cells(row).join(u';');
         return rows;
     }
     /// Plays the user in the arrival dialog: types the text and presses OK.

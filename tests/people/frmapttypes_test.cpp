@@ -50,7 +50,7 @@ TEST(TypeColors, AColorOfAStatusOrKindIsMovedSoThatNoTypeCanBeMistakenForOne) {
 TEST_F(AppointmentTypes, AreListedByNameWithTheirColor) {
     const frmapttypes form;
     ASSERT_EQ(form.fg->RowCount(), 2);
-    EXPECT_EQ(form.fg->RowText(0), QStringLiteral("#10ff00;Intake"));
+    EXPECT_EQ(form.fg->Cells(0).join(u';'), QStringLiteral("#10ff00;Intake"));
     EXPECT_FALSE(form.txttype->isEnabled());
     EXPECT_FALSE(form.cmdsave->isEnabled());
 }

@@ -23,7 +23,7 @@ class Holidays : public ListFixture {
     static QStringList rowsOf(const frmholidays& form) {
         QStringList rows;
         for (int row = 0; row < form.ctList1->RowCount(); ++row)
-            rows << form.ctList1->RowText(row);
+            rows << form.ctList1->Cells(row).join(u';');
         return rows;
     }
 };

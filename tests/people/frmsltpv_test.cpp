@@ -150,7 +150,7 @@ TEST_F(ProviderSelection, ANameWithASemicolonDoesNotSlipIntoTheNextColumn) {
     provider("ODD", "A;B");
     frmsltpv form;
     const int row = form.List1->FindItemData(QStringLiteral("ODD"));
-    EXPECT_EQ(form.List1->Cell(row, 1), QStringLiteral("A,B"));
+    EXPECT_EQ(form.List1->Cell(row, 1), QStringLiteral("A;B"));
     form.List1->SelectRow(row);
     form.cmdOk->click();
     EXPECT_EQ(Session().ProviderName, QStringLiteral("A;B"));

@@ -19,7 +19,7 @@ class FindAppointments : public SearchFixture {
     static QStringList found(const frmfinda& form) {
         QStringList rows;
         for (int row = 0; row < form.ctList1->RowCount(); ++row)
-            rows << form.ctList1->RowText(row);
+            rows << form.ctList1->Cells(row).join(u';');
         return rows;
     }
     static void search(frmfinda& form, const char* text) {
@@ -137,7 +137,7 @@ TEST_F(FindAppointments, AHitThatHasVanishedLeavesTheFormOpenAndSaysSo) {
     EXPECT_TRUE(form.lblcount->text().contains(QStringLiteral("not there any more")));
 }
 
-TEST_F(FindAppointments, TextsWithLineEndsAndSemicolonsStandOnOneLine) {
+TEST_F(FindAppointments, TextsWithLineEndsAndSemicolonsStandOnOneLineAndPlacesAsTheyAre) {
     run(QStringLiteral(
         "Insert Into appointments (dapptdate, nStartTime, nEndTime, cappttext, clocation, clinicianid) Values ('2026/03/11', 540, 600, 'Jones;"
         "\n"
@@ -145,7 +145,8 @@ TEST_F(FindAppointments, TextsWithLineEndsAndSemicolonsStandOnOneLine) {
     frmfinda form;
     search(form, "Jones");
     EXPECT_EQ(form.ctList1->Cell(0, 1), QStringLiteral("Jones Maryx"));
-    EXPECT_EQ(form.ctList1->Cell(0, 5), QStringLiteral("ab"));
+    EXPECT_EQ(form.ctList1->Cell(0, 5), QStringLiteral("a;b"));
+    EXPECT_EQ(printed(form).value(1), (QStringList{"Jones Maryx", "03/11/2026", "9:00 AM", "10:00 AM", "ab", ""}));
 }
 
 TEST_F(FindAppointments, WhatWasFoundIsPrintedInATable) {

@@ -29,7 +29,7 @@ class SearchByType : public SearchFixture {
         form.cmdsearch->click();
         QStringList rows;
         for (int row = 0; row < form.ctList1->RowCount(); ++row)
-            rows << form.ctList1->RowText(row);
+            rows << form.ctList1->Cells(row).join(u';');
         return rows;
     }
 };

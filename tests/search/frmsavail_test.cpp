@@ -85,7 +85,7 @@ TEST_F(SearchByOpening, InTwentyFourHoursTheActivityIsToldInThemToo) {
         "REED");
     frmsavail form;
     freeIn(form, 730, 760);
-    EXPECT_EQ(form.List1->Cell(1, 3), QStringLiteral("in Staff, Meeting 12:00 - 13:00"));
+    EXPECT_EQ(form.List1->Cell(1, 3), QStringLiteral("in Staff; Meeting 12:00 - 13:00"));
 }
 
 TEST_F(SearchByOpening, StartsOnTodayWithEmptyTimes) {
@@ -134,9 +134,9 @@ TEST_F(SearchByOpening, AFailureIsTold) {
 TEST_F(SearchByOpening, MarkupInANameIsShownAsItStandsInOneLine) {
     provider("<b>X</b>", "<i>Slanted</i>\nline");
     frmsavail form;
-    const int row = static_cast<int>(freeIn(form, 550, 560).indexOf(QStringLiteral("<i>Slanted</i>,line")));
+    const int row = static_cast<int>(freeIn(form, 550, 560).indexOf(QStringLiteral("<i>Slanted</i>\nline")));
     ASSERT_GE(row, 0);
     const QAbstractItemModel& list = *form.List1->model();
-    EXPECT_EQ(list.index(row, 0).data().toString(), QStringLiteral("<i>Slanted</i>,line"));
+    EXPECT_EQ(list.index(row, 0).data().toString(), QStringLiteral("<i>Slanted</i> line"));
     EXPECT_EQ(list.index(row, 1).data().toString(), QStringLiteral("<b>X</b>"));
 }

@@ -23,15 +23,15 @@ class ChoosingView : public AnyView {
 };
 
 TEST(OpenViewTest, TheSelectedKeyIsTheOneOfTheViewThatIsOpen) {
-    EXPECT_EQ(SelectedItemKey(1), 0);
+    EXPECT_EQ(SelectedItemKey(View::Day), 0);
     AnyView view;
-    EXPECT_EQ(SelectedItemKey(1), 0);
+    EXPECT_EQ(SelectedItemKey(View::Day), 0);
     view.selected.emplace().ItemKey = QStringLiteral("4711");
-    EXPECT_EQ(SelectedItemKey(1), 4711);
-    EXPECT_EQ(SelectedItemKey(2), 4711);
-    EXPECT_EQ(SelectedItemKey(4), 4711);
-    EXPECT_EQ(SelectedItemKey(3), 0);
-    EXPECT_EQ(SelectedItemKey(5), 0);
+    EXPECT_EQ(SelectedItemKey(View::Day), 4711);
+    EXPECT_EQ(SelectedItemKey(View::Week), 4711);
+    EXPECT_EQ(SelectedItemKey(View::AllProviders), 4711);
+    EXPECT_EQ(SelectedItemKey(View::Month), 0);
+    EXPECT_EQ(SelectedItemKey(View::Rooms), 0);
 }
 
 TEST(OpenViewTest, AViewThatGoesIsNotTheOpenViewAnyMore) {

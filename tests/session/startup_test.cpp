@@ -29,7 +29,7 @@ TEST_F(StartingUp, TheSessionKnowsUserScheduleAndPractice) {
     EXPECT_EQ(session.WordUsage, "Client");
     EXPECT_EQ(session.PhoneMask, "(###) ###-####");
     EXPECT_FALSE(session.SoundEffects);
-    EXPECT_EQ(session.CurrentView, 1);
+    EXPECT_EQ(session.CurrentView, View::Day);
     EXPECT_FALSE(session.OsUserName.isEmpty());
     EXPECT_TRUE(session.Connection.IsOpen());
 }

@@ -29,8 +29,8 @@ class NotedWindow : public StartUpWindow {
     void InitTaskPane() override { calls << "task pane " + Session().FHDatabaseId; }
     void MarkReady(QDate today) override { calls << "ready " + today.toString(Qt::ISODate); }
     void MakeScheduleLink() override { calls << "link"; }
-    void ShowDayView() override { calls << QString("day view %1").arg(Session().CurrentView); }
-    void changeview(int index) override { calls << QString("changeview %1").arg(index); }
+    void ShowDayView() override { calls << QString("day view %1").arg(static_cast<int>(Session().CurrentView)); }
+    void changeview(View view) override { calls << QString("changeview %1").arg(static_cast<int>(view) - 1); }
 
     QStringList calls;
     QString helpFile;

@@ -49,10 +49,12 @@ TestDatabase::TestDatabase(SchemaScript script) : folder_(TestFolderTemplate()) 
     if (!serverText.isEmpty()) {
         server_.emplace(serverText, script, connection_);
         connectionText_ = server_->connectionText();
-        connection_.Observe([this](const db::Write& write) {
-            if (changesTables(write.statement))
-                server_->setTablesChanged();
-        });
+        connection_.Observe(
+            [this](const db::Write& write) {
+                if (changesTables(write.statement))
+                    server_->setTablesChanged();
+            },
+            db::Told::Statements);
         return;
     }
     connectionText_ = QStringLiteral("Data Source=%1;Initial Catalog=test").arg(folder_.path());

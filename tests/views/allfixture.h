@@ -11,7 +11,7 @@
 class AllProviders : public DayHand {
   protected:
     AllProviders() {
-        Session().CurrentView = 4;
+        Session().CurrentView = View::AllProviders;
         Session().AllProviders = true;
         Session().ALEnabled = true;
         desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(10, 30)));

@@ -15,11 +15,11 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
 #include "platform/printing/printpreview.h"
+#include "rooms/frmrooms.h"
+#include "tests/shell/practicefixture.h"
 #include "tests/support/timezone.h"
-#include "tests/views/practicefixture.h"
 #include "views/frmall.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 
@@ -37,9 +37,9 @@ class ChangeOfClocks : public PracticeFixture, public testing::WithParamInterfac
         run("Insert Into rooms (Room) Values ('Blue')");
     }
 
-    template <class View>
+    template <class Form>
     void open() {
-        view_ = std::make_unique<View>(main);
+        view_ = std::make_unique<Form>(main);
         view_->resize(1000, 700);
         view_->show();
         view_->activateWindow();

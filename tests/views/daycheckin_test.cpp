@@ -33,7 +33,7 @@ class DayCheckIn : public DayFixture {
     [[nodiscard]] static QStringList listed() {
         QStringList rows;
         for (int row = 0; row < list()->ctList1->RowCount(); ++row)
-            rows << list()->ctList1->RowText(row).replace(QLatin1Char(';'), QLatin1Char('/'));
+            rows << list()->ctList1->Cells(row).join(QLatin1Char('/'));
         return rows;
     }
     [[nodiscard]] QString stored(const char* column, qint64 key) {

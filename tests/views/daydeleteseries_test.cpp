@@ -19,8 +19,8 @@ TEST_F(DayDelete, OfASeriesOffersItsAppointmentsInTheOrderOfTime) {
     });
     deleteSelected();
 
-    EXPECT_EQ(rows, (QStringList{"x 03/11/2026/9:00 AM/Anna, weekly", "03/18/2026/9:00 AM/Anna, weekly",
-                                 "03/25/2026/9:00 AM/Anna, weekly"}));
+    EXPECT_EQ(rows, (QStringList{"x 03/11/2026/9:00 AM/Anna; weekly", "03/18/2026/9:00 AM/Anna; weekly",
+                                 "03/25/2026/9:00 AM/Anna; weekly"}));
     EXPECT_EQ(database_.number(QStringLiteral("Select Count(*) from appointments")), 4) << "Cancel deletes none.";
 }
 

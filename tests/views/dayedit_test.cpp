@@ -33,7 +33,7 @@ class DayEdit : public DayHand {
             EXPECT_EQ(Session().ApptKind, kind);
             EXPECT_FALSE(Session().IsNewAppt);
             EXPECT_EQ(Session().CurrentApptKey, key);
-            EXPECT_EQ(SelectedItemKey(1), key);
+            EXPECT_EQ(SelectedItemKey(View::Day), key);
             if (meanwhile)
                 meanwhile();
         });

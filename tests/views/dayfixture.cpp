@@ -14,6 +14,6 @@ QStringList DayFixture::info() {
     const auto* list = view_->findChild<ctList*>(QStringLiteral("ctListInfo"));
     QStringList rows;
     for (int row = 0; row < list->RowCount(); ++row)
-        rows << list->RowText(row);
+        rows << list->Cells(row).join(u';');
     return rows;
 }

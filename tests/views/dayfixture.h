@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/controls/ctlist.h"
-#include "tests/views/practicefixture.h"
+#include "tests/shell/practicefixture.h"
 #include "views/frmsched.h"
 
 /// The day view, or another on a ctMDay.

@@ -25,7 +25,7 @@ class DayTasks : public DayFixture {
     [[nodiscard]] QStringList rows() const {
         QStringList texts;
         for (int row = 0; row < list().RowCount(); ++row)
-            texts << list().RowText(row);
+            texts << list().Cells(row).join(u';');
         return texts;
     }
 };
@@ -220,7 +220,7 @@ TEST_F(DayTasks, TheTasksArePrintedAsTheyAreListed) {
         const auto& table = std::get<printing::Table>(document.blocks.at(0));
         EXPECT_EQ(table.titles, (QStringList{"Done", "Task", "Priority", "Complete by"}));
         ASSERT_EQ(table.rows.size(), 2);
-        EXPECT_EQ(table.rows[0], (QStringList{"", "Call  the, school", "Urgent", "03/07/2026"}));
+        EXPECT_EQ(table.rows[0], (QStringList{"", "Call | the; school", "Urgent", "03/07/2026"}));
         EXPECT_EQ(table.rows[1], (QStringList{"Yes", "Done", "Low", ""}));
     });
     command("mnuTPrint").trigger();

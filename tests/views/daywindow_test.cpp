@@ -9,8 +9,8 @@
 #include "platform/controls/ctlist.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/userstore.h"
+#include "tests/shell/mainwindowfixture.h"
 #include "tests/support/testdatabase.h"
-#include "tests/views/mainwindowfixture.h"
 #include "views/frmsched.h"
 
 /// The day view in the real main window, on a real database.
@@ -19,7 +19,7 @@ class DayWindow : public MainWindowFixture {
     DayWindow() { Session().Connection.Open(database_.connectionText()); }
 
     void open() {
-        startWith({{1, [](MainWindow& main) { return std::make_unique<frmsched>(main); }}});
+        startWith({{View::Day, [](MainWindow& main) { return std::make_unique<frmsched>(main); }}});
     }
     void add(const char* text, QDate date) {
         Session().Connection.Execute(db::Sql(
@@ -34,7 +34,7 @@ class DayWindow : public MainWindowFixture {
     }
     /// The day with the panes beside it, within the window's own splitter.
     [[nodiscard]] QSplitter& dayPanes() {
-        return *window->View()->findChild<QSplitter*>(QStringLiteral("SSSplitter1"));
+        return *window->ShownView()->findChild<QSplitter*>(QStringLiteral("SSSplitter1"));
     }
     [[nodiscard]] ctMDay& day() { return the<ctMDay>("ctMDay1"); }
 
@@ -90,10 +90,10 @@ TEST_F(DayWindow, HidingNamesTakesTheNameOutOfTheDetails) {
 
     press(Qt::Key_H, Qt::ControlModifier);
     EXPECT_EQ(day().SelectedItem(), 1);
-    EXPECT_EQ(the<ctList>("ctListInfo").ShownRowText(0), QStringLiteral("Appointment;(hidden)"));
+    EXPECT_EQ(the<ctList>("ctListInfo").ShownCells(0).join(u';'), QStringLiteral("Appointment;(hidden)"));
 
     press(Qt::Key_H, Qt::ControlModifier);
-    EXPECT_EQ(the<ctList>("ctListInfo").ShownRowText(0), QStringLiteral("Appointment;Anna"));
+    EXPECT_EQ(the<ctList>("ctListInfo").ShownCells(0).join(u';'), QStringLiteral("Appointment;Anna"));
 }
 
 TEST_F(DayWindow, TheSplitterRemembersWhereTheUserPutIt) {

@@ -3,7 +3,7 @@
 #include "data/codes.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/noticebar.h"
-#include "search/finddialog.h"
+#include "shell/finddialog.h"
 #include "tests/views/allfixture.h"
 #include "views/frmmtv.h"
 #include "views/frmsched.h"
@@ -16,15 +16,15 @@ class FoundPlaces : public AllProviders {
   protected:
     FoundPlaces() { notices.resize(600, 200); }
     std::unique_ptr<CalendarView> makeView() override {
-        if (which == 2)
+        if (which == View::Week)
             return std::make_unique<frmweekv>(main);
-        if (which == 4)
+        if (which == View::AllProviders)
             return std::make_unique<frmall>(main);
         return std::make_unique<frmsched>(main);
     }
-    void openNumber(int number) {
-        which = number;
-        Session().CurrentView = number;
+    void openAs(View view) {
+        which = view;
+        Session().CurrentView = view;
         openByHand();
     }
     void goTo(const char* text) {
@@ -44,7 +44,7 @@ class FoundPlaces : public AllProviders {
     }
     QString told() { return notices.Texts().join(QLatin1Char('\n')); }
 
-    int which = 1;
+    View which = View::Day;
     NoticeBar notices;
 };
 
@@ -52,7 +52,7 @@ class FoundPlaces : public AllProviders {
 
 TEST_F(FoundPlaces, TheDayScrollsToTheAppointment) {
     add(anAppointment("Anna").on(QDate(2026, 3, 20)).at(17, 0).until(17, 50));
-    openNumber(1);
+    openAs(View::Day);
     goTo("Anna");
     EXPECT_EQ(selected(), "Anna");
     EXPECT_TRUE(inSight());
@@ -64,7 +64,7 @@ TEST_F(FoundPlaces, AmongManyProvidersTheColumnComesIntoSight) {
     add(anAppointment("Anna").of("P16").at(17, 0).until(17, 50));
     Session().ProviderId = QStringLiteral("P16");
     Session().ProviderName = QStringLiteral("Xu16");
-    openNumber(4);
+    openAs(View::AllProviders);
     calendar().ScrollToColumn(1);
     goTo("Anna");
     EXPECT_EQ(selected(), "Anna");
@@ -74,7 +74,7 @@ TEST_F(FoundPlaces, AmongManyProvidersTheColumnComesIntoSight) {
 
 TEST_F(FoundPlaces, AProviderWhoseColumnWasTakenAwayGetsItBack) {
     add(anAppointment("Anna").at(9, 0).until(9, 50));
-    openNumber(4);
+    openAs(View::AllProviders);
     turn("Reed");
     EXPECT_EQ(columns(), "Baker Lane");
     goTo("Anna");
@@ -88,7 +88,7 @@ TEST_F(FoundPlaces, AProviderWhoIsNotAmongThemIsToldOfAndNothingStaysSelected) {
     add(anAppointment("Of Reed").at(9, 0).until(9, 50));
     Session().ProviderId = QStringLiteral("GONE");
     Session().ProviderName = QStringLiteral("Gone");
-    openNumber(4);
+    openAs(View::AllProviders);
     select("Of Reed");
     goTo("Anna");
     EXPECT_EQ(selected(), QString());
@@ -99,7 +99,7 @@ TEST_F(FoundPlaces, AProviderWhoIsNotAmongThemIsToldOfAndNothingStaysSelected) {
 TEST_F(FoundPlaces, AWeekOfFiveDaysTellsOfASaturdayAndKeepsNothingSelected) {
     const qint64 key = add(anAppointment("Anna").on(QDate(2026, 3, 14)).at(9, 0).until(9, 50));
     add(anAppointment("Of Wednesday").at(9, 0).until(9, 50));
-    openNumber(2);
+    openAs(View::Week);
     select("Of Wednesday");
     goTo("Anna");
     EXPECT_EQ(selected(), QString());
@@ -112,12 +112,12 @@ TEST_F(FoundPlaces, AWeekOfFiveDaysTellsOfASaturdayAndKeepsNothingSelected) {
 
 TEST_F(FoundPlaces, FromTheWeekTheDayOfAnUnseenAppointmentIsOpenedAtIt) {
     add(anAppointment("Anna").on(QDate(2026, 3, 14)).at(17, 0).until(17, 50));
-    openNumber(2);
+    openAs(View::Week);
     goTo("Anna");
     QTest::mouseClick(notices.findChild<QPushButton*>(), Qt::LeftButton);
     settle();
     EXPECT_TRUE(main.asked.contains("changeview 0"));
-    openNumber(1);
+    openAs(View::Day);
     EXPECT_EQ(selected(), "Anna");
     EXPECT_TRUE(inSight());
 }
@@ -125,7 +125,7 @@ TEST_F(FoundPlaces, FromTheWeekTheDayOfAnUnseenAppointmentIsOpenedAtIt) {
 TEST_F(FoundPlaces, AWeekOfSevenDaysShowsTheSaturday) {
     run("Insert Into User_Preferences (UP_UserID, UP_Pref_Category, UP_Pref_Detail, UP_PD_Value) Values ('REED', 'SchedulerGeneral', 'WeekCols', '7')");
     add(anAppointment("Anna").on(QDate(2026, 3, 14)).at(17, 0).until(17, 50));
-    openNumber(2);
+    openAs(View::Week);
     goTo("Anna");
     EXPECT_EQ(selected(), "Anna");
     EXPECT_TRUE(inSight());
@@ -133,8 +133,8 @@ TEST_F(FoundPlaces, AWeekOfSevenDaysShowsTheSaturday) {
 
 TEST_F(FoundPlaces, AnAllDayEntryIsToldOfWhereTheViewLeavesItOut) {
     add(anAppointment("Anna").at(9, 0).until(9, 50).with("allday", "1"));
-    for (const int view : {2, 4}) {
-        openNumber(view);
+    for (const View view : {View::Week, View::AllProviders}) {
+        openAs(view);
         goTo("Anna");
         EXPECT_EQ(selected(), QString());
         EXPECT_TRUE(told().contains("lasts all day")) << told().toStdString();
@@ -144,7 +144,7 @@ TEST_F(FoundPlaces, AnAllDayEntryIsToldOfWhereTheViewLeavesItOut) {
 
 TEST_F(FoundPlaces, AnAppointmentThatWasDeletedMeanwhileLeavesNothingSelected) {
     add(anAppointment("Anna").on(QDate(2026, 3, 20)));
-    openNumber(1);
+    openAs(View::Day);
     desk.expectForm("frmfinda", [this](QDialog& form) {
         auto& find = dynamic_cast<FindDialog&>(form);
         find.txtfind->setText(QStringLiteral("Anna"));
@@ -170,7 +170,7 @@ TEST_F(FoundPlaces, TheDayThatIsOpenedFromTheMonthShowsWhatWasFound) {
         month.FindAppointment();
         EXPECT_EQ(told(), "The appointment that was found is on Thursday, April 2, 2026, at 5:00 PM.");
     }
-    openNumber(1);
+    openAs(View::Day);
     EXPECT_EQ(selected(), "Anna");
     EXPECT_TRUE(inSight());
 }
@@ -180,7 +180,7 @@ TEST_F(FoundPlaces, AnotherDayOpenedFromTheMonthSelectsNothing) {
     add(anAppointment("Anna").on(QDate(2026, 4, 3)));
     main.LeaveFound({QStringLiteral("1"), QDate(2026, 4, 2), 540, false});
     main.SetDate(QDate(2026, 4, 3));
-    openNumber(1);
+    openAs(View::Day);
     EXPECT_EQ(selected(), QString());
     main.SetDate(QDate(2026, 4, 2));
     view_->Reload();
@@ -188,7 +188,7 @@ TEST_F(FoundPlaces, AnotherDayOpenedFromTheMonthSelectsNothing) {
 }
 
 TEST_F(FoundPlaces, AllProvidersFollowsTheProviderThatASearchForAnOpeningChose) {
-    openNumber(4);
+    openAs(View::AllProviders);
     turn("Baker");
     desk.expectForm("frmsavail", [](QDialog& form) {
         form.findChild<ctDEdit*>("ctdate")->setDate(QDate(2026, 3, 11));
@@ -209,7 +209,7 @@ TEST_F(FoundPlaces, AllProvidersFollowsTheProviderThatASearchByTypeChose) {
     run("Insert Into AptCategories (aptcategory, aptcategorycolor) Values ('Intake', 4660)");
     run("Insert Into passwords (pswd_user_id, pswd_type_of_access) Values ('LANE', 1)");
     add(anAppointment("Intake").of("LANE").at(14, 0).until(15, 0).status(4660).with("appttype", "4"));
-    openNumber(4);
+    openAs(View::AllProviders);
     desk.expectForm("frmfirstatype", [](QDialog& form) {
         auto* providers = form.findChild<QComboBox*>("cboProviders");
         providers->setCurrentIndex(providers->findData("LANE"));

@@ -11,13 +11,13 @@
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/ctlist.h"
 #include "platform/printing/printpreview.h"
+#include "rooms/frmfroom.h"
+#include "rooms/frmrooms.h"
+#include "rooms/frmroomview.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
-#include "views/frmfroom.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmweekv.h"
-#include "views/rooms/frmroomview.h"
 
 namespace {
 
@@ -69,7 +69,7 @@ class HiddenNames : public DayHand {
     static QStringList rowsOf(const ctList& list) {
         QStringList rows;
         for (int row = 0; row < list.RowCount(); ++row)
-            rows << list.ShownRowText(row);
+            rows << list.ShownCells(row).join(u';');
         return rows;
     }
     template <class Widget>

@@ -9,7 +9,7 @@
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/ctlist.h"
 #include "search/frmfinda.h"
-#include "tests/views/practicefixture.h"
+#include "tests/shell/practicefixture.h"
 #include "views/frmmtv.h"
 
 namespace {
@@ -20,7 +20,7 @@ const QDate Wednesday(2026, 3, 11);
 class MonthView : public PracticeFixture {
   protected:
     MonthView() {
-        Session().CurrentView = 3;
+        Session().CurrentView = View::Month;
         Session().AllProviders = true;
     }
     frmmtv& open() {

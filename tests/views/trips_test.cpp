@@ -7,11 +7,11 @@
 #include "data/codes.h"
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/notefield.h"
+#include "rooms/frmrooms.h"
 #include "tests/support/triplog.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmweekv.h"
 
 namespace {
@@ -50,9 +50,9 @@ class Trips : public DayHand {
     static AppointmentRow patient(const char* text) {
         return anAppointment(text).status(ncolor::Pending).with("patientid", "'P1'").with("CapptNote", "'90834|Note'");
     }
-    template <class View>
-    std::unique_ptr<View> make() {
-        return std::make_unique<View>(main);
+    template <class Form>
+    std::unique_ptr<Form> make() {
+        return std::make_unique<Form>(main);
     }
     void trigger(const char* name) {
         command(name).trigger();
@@ -109,7 +109,7 @@ TEST_F(Trips, EachOtherViewIsOneAndOneMoreForItsCourtesyCalls) {
     EXPECT_TRUE(TakesAtMost(2, [&] { make<frmall>(); }));
     EXPECT_TRUE(TakesAtMost(1, [&] { make<frmmtv>(); }));
     EXPECT_TRUE(TakesAtMost(2, [&] { make<frmrooms>(); }));
-    Session().CurrentView = 2;
+    Session().CurrentView = View::Week;
     const auto week = make<frmweekv>();
     EXPECT_TRUE(TakesAtMost(1, [&] {
         main.SetDate(QDate(2026, 3, 18));

@@ -4,10 +4,10 @@
 #include <QPushButton>
 
 #include "platform/calendar/ctweek.h"
-#include "tests/views/practicefixture.h"
+#include "rooms/frmrooms.h"
+#include "tests/shell/practicefixture.h"
 #include "views/frmall.h"
 #include "views/frmmtv.h"
-#include "views/frmrooms.h"
 #include "views/frmsched.h"
 #include "views/frmweekv.h"
 
@@ -20,10 +20,10 @@ struct Opened {
     std::function<std::unique_ptr<ViewWindow>(MainWindow&)> make;
 };
 
-template <class View>
+template <class Form>
 Opened opened(const char* name, const char* told, const char* toldAgain = nullptr) {
     return {name, told, toldAgain != nullptr ? toldAgain : told,
-            [](MainWindow& main) { return std::make_unique<View>(main); }};
+            [](MainWindow& main) { return std::make_unique<Form>(main); }};
 }
 
 const char* const moved =

@@ -18,7 +18,7 @@ const QDate Monday(2026, 3, 9);
 class WeekView : public DayHand {
   protected:
     WeekView() {
-        Session().CurrentView = 2;
+        Session().CurrentView = View::Week;
         Session().AllProviders = true;
         Session().ALEnabled = true;
         desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(10, 30)));

@@ -21,9 +21,9 @@
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/ctdate.h"
 #include "session/session.h"
+#include "shell/viewtable.h"
+#include "shell/viewwindow.h"
 #include "tests/walk/walkcalendar.h"
-#include "views/viewtable.h"
-#include "views/viewwindow.h"
 
 namespace walk {
 
@@ -340,8 +340,10 @@ QString WhatIsWrong() {
                                    QStringLiteral("frmmtv"),
                                    QStringLiteral("frmall"),
                                    QStringLiteral("frmrooms")};
-    if (views.value(Session().CurrentView) != view->objectName())
-        return QStringLiteral("%1 is shown as view %2").arg(view->objectName()).arg(Session().CurrentView);
+    if (views.value(static_cast<int>(Session().CurrentView)) != view->objectName())
+        return QStringLiteral("%1 is shown as view %2")
+            .arg(view->objectName())
+            .arg(static_cast<int>(Session().CurrentView));
     return {};
 }
 

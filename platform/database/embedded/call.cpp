@@ -11,7 +11,7 @@ namespace db::embedded {
 namespace {
 
 enum class Gives { Same, Text, Integer, Real, DateTime };
-enum class Takes { Any, Number, DatePart, Rows };
+enum class Takes { Any, Text, Number, DatePart, Rows };
 
 struct KnownFunction {
     std::string_view name;
@@ -22,10 +22,10 @@ struct KnownFunction {
     Takes takes = Takes::Any;
 };
 
-// Round keeps its first argument's type, as the aggregates do; Avg of whole numbers is cut to one.
+// Round keeps its first argument's type, and so do the aggregates. Avg of whole numbers is cut to a whole number.
 constexpr auto functions = std::to_array<KnownFunction>({
     {"getdate", "getdate", 0, 0, Gives::DateTime},
-    {"len", "len", 1, 1, Gives::Integer},
+    {"len", "len", 1, 1, Gives::Integer, Takes::Text},
     {"day", "day", 1, 1, Gives::Integer},
     {"month", "month", 1, 1, Gives::Integer},
     {"year", "year", 1, 1, Gives::Integer},
@@ -34,24 +34,24 @@ constexpr auto functions = std::to_array<KnownFunction>({
     {"dateadd", "dateadd", 3, 3, Gives::DateTime, Takes::DatePart},
     {"datediff", "datediff", 3, 3, Gives::Integer, Takes::DatePart},
     {"isdate", "isdate", 1, 1, Gives::Integer},
-    {"upper", "upper", 1, 1, Gives::Text},
-    {"lower", "lower", 1, 1, Gives::Text},
-    {"rtrim", "rtrim", 1, 1, Gives::Text},
-    {"ltrim", "ltrim", 1, 1, Gives::Text},
-    {"trim", "trim", 1, 1, Gives::Text},
-    {"left", "\"left\"", 2, 2, Gives::Text},
-    {"right", "\"right\"", 2, 2, Gives::Text},
-    {"substring", "substring", 3, 3, Gives::Text},
-    {"charindex", "charindex", 2, 3, Gives::Integer},
-    {"patindex", "patindex", 2, 2, Gives::Integer},
-    {"replace", "svs_replace", 3, 3, Gives::Text},
-    {"stuff", "stuff", 4, 4, Gives::Text},
-    {"replicate", "replicate", 2, 2, Gives::Text},
-    {"reverse", "reverse", 1, 1, Gives::Text},
+    {"upper", "upper", 1, 1, Gives::Text, Takes::Text},
+    {"lower", "lower", 1, 1, Gives::Text, Takes::Text},
+    {"rtrim", "rtrim", 1, 1, Gives::Text, Takes::Text},
+    {"ltrim", "ltrim", 1, 1, Gives::Text, Takes::Text},
+    {"trim", "trim", 1, 1, Gives::Text, Takes::Text},
+    {"left", "\"left\"", 2, 2, Gives::Text, Takes::Text},
+    {"right", "\"right\"", 2, 2, Gives::Text, Takes::Text},
+    {"substring", "substring", 3, 3, Gives::Text, Takes::Text},
+    {"charindex", "charindex", 2, 3, Gives::Integer, Takes::Text},
+    {"patindex", "patindex", 2, 2, Gives::Integer, Takes::Text},
+    {"replace", "svs_replace", 3, 3, Gives::Text, Takes::Text},
+    {"stuff", "stuff", 4, 4, Gives::Text, Takes::Text},
+    {"replicate", "replicate", 2, 2, Gives::Text, Takes::Text},
+    {"reverse", "reverse", 1, 1, Gives::Text, Takes::Text},
     {"char", "svs_char", 1, 1, Gives::Text},
     {"nchar", "svs_char", 1, 1, Gives::Text},
-    {"ascii", "ascii", 1, 1, Gives::Integer},
-    {"unicode", "ascii", 1, 1, Gives::Integer},
+    {"ascii", "ascii", 1, 1, Gives::Integer, Takes::Text},
+    {"unicode", "ascii", 1, 1, Gives::Integer, Takes::Text},
     {"abs", "abs", 1, 1, Gives::Same, Takes::Number},
     {"sign", "sign", 1, 1, Gives::Same, Takes::Number},
     {"round", "svs_round", 2, 3, Gives::Same, Takes::Number},
@@ -69,7 +69,6 @@ constexpr auto functions = std::to_array<KnownFunction>({
     {"min", "min", 1, 1, Gives::Same, Takes::Rows},
     {"max", "max", 1, 1, Gives::Same, Takes::Rows},
     {"scope_identity", "last_insert_rowid", 0, 0, Gives::Integer},
-    {"datalength", "length", 1, 1, Gives::Integer},
 });
 
 const KnownFunction& functionOf(const std::string& name) {
@@ -80,7 +79,7 @@ const KnownFunction& functionOf(const std::string& name) {
     return *found;
 }
 
-/// The bare word that names a part of a date goes on as a text.
+/// Turns the bare word that names a part of a date into a text.
 Expression readDatePart(Context& context) {
     const Token part = context.in.next();
     if (part.kind != TokenKind::Word)
@@ -115,12 +114,7 @@ Kind kindOf(const KnownFunction& function, const std::vector<Expression>& argume
         case Gives::Same:
             break;
     }
-    // IsNull and NullIf have the type of what they look at, Coalesce the highest of all.
-    Kind kind = arguments.front().kind;
-    if (function.name == "coalesce" || kind == Kind::Null)
-        for (const Expression& argument : arguments)
-            kind = CommonKind(kind, argument.kind);
-    return kind;
+    return arguments.front().kind;
 }
 
 std::string argumentList(const std::vector<Expression>& arguments) {
@@ -131,13 +125,19 @@ std::string argumentList(const std::vector<Expression>& arguments) {
 }
 
 void checkCount(const KnownFunction& function, std::size_t count) {
-    if (count < function.least || count > function.most)
-        throw DatabaseError(
-            174,
-            QStringLiteral("The %1 function requires %2 argument(s).").arg(ToQt(function.name)).arg(function.least));
+    if (count >= function.least && count <= function.most)
+        return;
+    const QString name = ToQt(function.name);
+    if (function.least == function.most)
+        throw DatabaseError(174,
+                            QStringLiteral("The %1 function requires %2 argument(s).").arg(name).arg(function.least));
+    throw DatabaseError(189, QStringLiteral("The %1 function requires %2 to %3 arguments.")
+                                 .arg(name)
+                                 .arg(function.least)
+                                 .arg(function.most));
 }
 
-/// What stands within an aggregate is not bound to Group By.
+/// Marks the inside of an aggregate, where Group By does not restrict the columns.
 class WithinAggregate {
   public:
     explicit WithinAggregate(const Context& context) : grouping_(context.scope ? context.scope->grouping : nullptr) {
@@ -157,7 +157,7 @@ class WithinAggregate {
     Grouping* grouping_;
 };
 
-/// The sum of whole numbers is of their type, that of money has its decimals.
+/// The sum of whole numbers has their type, and the sum of money has its decimals.
 Expression totalled(const KnownFunction& function, Expression total, const Expression& argument) {
     const bool money = argument.type.name == "money" || argument.type.name == "smallmoney";
     if (function.name == "sum")
@@ -167,7 +167,7 @@ Expression totalled(const KnownFunction& function, Expression total, const Expre
     return function.name == "avg" && money ? Converted(argument.type, total, "0") : total;
 }
 
-/// Count(*), and Count, Sum and the others, of Distinct too.
+/// Reads Count(*), or Count, Sum and the other aggregates, also with Distinct.
 Expression readAggregate(Context& context, const KnownFunction& function) {
     TokenReader& in = context.in;
     const WithinAggregate within(context);
@@ -188,14 +188,13 @@ Expression readAggregate(Context& context, const KnownFunction& function) {
     if (adds && argument.kind == Kind::Text)
         argument.sql = "svs_cast(" + argument.sql + ", 'float')";
     const Kind own = adds && argument.kind == Kind::Bit ? Kind::Integer : argument.kind;
-    Expression total{
-        .sql = std::string(function.sqlite) + (distinct ? "(DISTINCT " + Collated(argument) : "(" + argument.sql) + ")",
-        .kind = function.gives == Gives::Integer ? Kind::Integer : own,
-        .type = function.gives == Gives::Integer ? SqlType() : argument.type};
+    Expression total{.sql = std::string(function.sqlite) + (distinct ? "(DISTINCT " : "(") + Collated(argument) + ")",
+                     .kind = function.gives == Gives::Integer ? Kind::Integer : own,
+                     .type = function.gives == Gives::Integer ? SqlType() : argument.type};
     return totalled(function, std::move(total), argument);
 }
 
-/// IsNull has the type of what it looks at, with its length.
+/// IsNull has the type and the length of its first argument.
 Expression isNull(std::vector<Expression> arguments) {
     Expression& looked = arguments[0];
     Expression& otherwise = arguments[1];
@@ -207,7 +206,27 @@ Expression isNull(std::vector<Expression> arguments) {
     return {.sql = "coalesce(" + argumentList(arguments) + ")", .kind = kind, .type = looked.type};
 }
 
-/// IIf(condition, value, value), a Case in short.
+/// Coalesce has the highest kind of all its arguments.
+Expression coalesce(const std::vector<Expression>& arguments) {
+    Kind kind = Kind::Unknown;
+    for (const Expression& argument : arguments)
+        kind = CommonKind(kind, argument.kind);
+    std::string list;
+    for (const Expression& argument : arguments)
+        AppendToList(list, Converted(argument, kind).sql);
+    return {.sql = "coalesce(" + list + ")", .kind = kind};
+}
+
+/// NullIf gives its first argument as it is, in whatever kind the two are compared.
+Expression nullIf(const Expression& value, Expression other) {
+    Expression compared = value;
+    MakeComparable(compared, other);
+    return {.sql = "CASE WHEN " + compared.sql + " = " + other.sql + " THEN NULL ELSE " + value.sql + " END",
+            .kind = value.kind,
+            .type = value.type};
+}
+
+/// Reads IIf(condition, value, value), a short Case.
 Expression readIif(Context& context) {
     const std::string condition = ReadCondition(context).sql;
     context.in.expectOperator(",");
@@ -221,7 +240,7 @@ Expression readIif(Context& context) {
             .kind = kind};
 }
 
-/// Concat takes any number of values and null for "".
+/// Reads Concat, which takes any number of values and reads null as "".
 Expression readConcat(Context& context) {
     std::string list;
     do {
@@ -250,16 +269,23 @@ Expression ReadCall(Context& context, const std::string& name) {
     checkCount(function, arguments.size());
     if (function.takes == Takes::Number && arguments.front().kind == Kind::Text)
         arguments.front() = {.sql = "svs_cast(" + arguments.front().sql + ", 'float')", .kind = Kind::Real};
+    if (function.takes == Takes::Text)
+        for (Expression& argument : arguments)
+            if (argument.kind == Kind::DateTime || argument.kind == Kind::Real)
+                argument.sql = AsText(argument);
     if (function.name == "isnull")
         return isNull(std::move(arguments));
-    if (function.name == "coalesce" || function.name == "nullif")
-        for (std::size_t i = 1; i < arguments.size(); ++i)
-            MakeComparable(arguments.front(), arguments[i]);
+    if (function.name == "coalesce")
+        return coalesce(arguments);
+    if (function.name == "nullif")
+        return nullIf(arguments[0], arguments[1]);
     if (function.name == "round" && arguments.size() == 2)
         arguments.push_back({.sql = "0"});
-    const Kind kind = kindOf(function, arguments);
-    std::string sql = std::string(function.sqlite) + "(" + argumentList(arguments) + ")";
-    return {.sql = std::move(sql), .kind = kind};
+    if (function.sqlite == "svs_char")
+        arguments.push_back({.sql = function.name == "char" ? "255" : "65535"});
+    Expression result{.sql = std::string(function.sqlite) + "(" + argumentList(arguments) + ")",
+                      .kind = kindOf(function, arguments)};
+    return function.name == "power" ? CheckedWhole(std::move(result), arguments.front(), {}) : result;
 }
 
 SqlType ReadType(TokenReader& in, int lengthLeftOut) {

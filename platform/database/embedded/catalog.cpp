@@ -41,7 +41,7 @@ std::shared_ptr<const Table> Catalog::read(std::string_view name) {
         const std::string_view declared = ColumnText(statement.get(), 2);
         column.type = ReadDeclaredType(declared);
         column.keyPlace = sqlite3_column_int(statement.get(), 4);
-        // Only the row id's own column is declared INTEGER; SQLite numbers it.
+        // Only a column that is SQLite's row id is declared INTEGER. SQLite assigns its values.
         column.identity = column.keyPlace > 0 && declared == "INTEGER";
         column.nullable = sqlite3_column_int(statement.get(), 3) == 0 && column.keyPlace == 0;
         table->columns.push_back(std::move(column));

@@ -19,26 +19,26 @@ struct TableColumn {
     SqlType type = {};
     bool nullable = true;
     bool identity = false;
-    int keyPlace = 0;  ///< From 1 within the primary key; 0 outside.
+    int keyPlace = 0;  ///< The place within the primary key, from 1; 0 outside it.
 };
 
 struct Table {
-    std::string name;  ///< As created.
+    std::string name;  ///< The name in the letters of Create Table.
     std::vector<TableColumn> columns;
 
-    /// Null for none of that name.
+    /// Returns the column of that name in any case, or null.
     [[nodiscard]] const TableColumn* find(std::string_view column) const;
 };
 
-/// The tables of one open file, each read when it is first asked for.
+/// The tables of one open file. Each is read when it is first asked for.
 class Catalog {
   public:
-    /// `fail` is called where the file cannot be read, and throws what its database says of that.
+    /// `fail` is called when the file cannot be read. It throws the error that the database reports.
     Catalog(sqlite3* database, std::function<void()> fail) : database_(database), fail_(std::move(fail)) {}
 
-    /// Throws DatabaseError 208 "Invalid object name ..." for an unknown table.
+    /// Returns a table by its name. Throws DatabaseError 208 "Invalid object name ..." for an unknown table.
     std::shared_ptr<const Table> table(std::string_view name);
-    /// After a statement that changes the schema.
+    /// Forgets all tables. It is called after a statement that changes the schema.
     void forget() { tables_.clear(); }
 
   private:

@@ -19,6 +19,10 @@ bool isNumber(Kind kind) {
     return kind == Kind::Bit || kind == Kind::Integer || kind == Kind::Real;
 }
 
+bool isMoney(const SqlType& type) {
+    return type.name == "money" || type.name == "smallmoney";
+}
+
 void becomeDateTime(Expression& expression, bool besideColumn) {
     if (expression.form == Form::Text)
         expression.sql = QuotedText(DateTimeFromText(expression.name));
@@ -55,15 +59,16 @@ Expression joined(Expression left, Expression right) {
     Expression result{.kind = Kind::Text};
     appendParts(result.parts, std::move(left));
     appendParts(result.parts, std::move(right));
-    // One chain instead of nested pairs, of which SQLite takes no more than a hundred.
+    // The parts make one chain instead of nested pairs, because SQLite takes no more than a hundred levels.
     for (const Expression& part : result.parts)
         result.sql.append(result.sql.empty() ? "(" : " || ").append(part.sql);
     result.sql.push_back(')');
     return result;
 }
 
-/// What the first part must start with when the whole starts with the prefix: all of it, or all before the first
-/// character of the literal that follows, since a shorter first part would put that character there.
+/// Returns the text that the first part must start with when the whole starts with the prefix. That is all of the
+/// prefix, or all before the first character of the literal that follows, because a shorter first part would put that
+/// character there.
 std::string prefixOfFirstPart(const Expression& left, std::string_view prefix) {
     if (left.parts.empty())
         return std::string(prefix);
@@ -82,7 +87,7 @@ std::string prefixOfFirstPart(const Expression& left, std::string_view prefix) {
     return result;
 }
 
-/// A range on the column's own order that holds every match, so that an index finds them.
+/// Returns a range on the column's own order that holds every match, so that an index can find the matches.
 std::string likeRange(const Expression& left, const Expression& pattern) {
     const Expression& first = left.parts.empty() ? left : left.parts.front();
     if (first.form != Form::Column || first.kind != Kind::Text || pattern.form != Form::Text)
@@ -100,6 +105,8 @@ std::string likeRange(const Expression& left, const Expression& pattern) {
 std::string AsText(const Expression& expression) {
     if (expression.kind == Kind::DateTime)
         return "svs_date_text(" + expression.sql + ", 0, 0)";
+    if (isMoney(expression.type))
+        return "svs_money_text(" + expression.sql + ", 0)";
     if (isNumber(expression.kind))
         return "svs_cast_text(" + expression.sql + ", 0)";
     return expression.sql;
@@ -157,8 +164,7 @@ Expression CheckedWhole(Expression result, const Expression& left, const Express
     static constexpr std::array<const char*, 4> names = {"tinyint", "smallint", "int", "bigint"};
     const char* name = names[std::max(rank(left), rank(right))];
     result.type = *MakeType(name);
-    if (result.type.name != "bigint")
-        result.sql = "svs_int(" + result.sql + ", " + QuotedText(name) + ")";
+    result.sql = "svs_int(" + result.sql + ", " + QuotedText(name) + ")";
     return result;
 }
 
@@ -178,9 +184,10 @@ Expression Converted(Expression value, Kind kind) {
 Expression Converted(const SqlType& type, const Expression& value, const std::string& style) {
     Expression result{.kind = type.kind, .type = type};
     const bool number = type.kind == Kind::Bit || type.kind == Kind::Integer || type.kind == Kind::Real;
-    const bool money = value.type.name == "money" || value.type.name == "smallmoney";
     const bool filled = type.name == "char" || type.name == "nchar";
-    const std::string length = std::to_string(filled ? -type.maxLength : type.maxLength);
+    std::string length = std::to_string(filled ? -type.maxLength : type.maxLength);
+    if (type.kind == Kind::Text)
+        length += ", " + QuotedText(type.name);
     if (number && value.kind == Kind::DateTime)
         result.sql = "svs_cast(" + std::string(type.kind == Kind::Real ? "" : "svs_round(") + "svs_days(" + value.sql +
                      ")" + (type.kind == Kind::Real ? "" : ", 0, 0)") + ", " + QuotedText(DeclaredType(type)) + ")";
@@ -190,7 +197,7 @@ Expression Converted(const SqlType& type, const Expression& value, const std::st
         result.sql = "svs_cast(" + value.sql + ", " + QuotedText(DeclaredType(type)) + ")";
     else if (value.kind == Kind::DateTime)
         result.sql = "svs_cast_text(svs_date_text(" + value.sql + ", " + style + ", 0), " + length + ")";
-    else if (money)
+    else if (isMoney(value.type))
         result.sql = "svs_cast_text(svs_money_text(" + value.sql + ", " + style + "), " + length + ")";
     else
         result.sql = "svs_cast_text(" + value.sql + ", " + length + ")";
@@ -208,7 +215,7 @@ Expression Like(const Context& context, Expression left, const Expression& patte
     for (std::size_t i = 0; !joined && i < left.parts.size(); ++i)
         sql += ", " + AsText(left.parts[i]);
     sql += ")";
-    // Where a row with null would be false instead of unknown, the difference must not show.
+    // The range makes a row with null false instead of unknown, so it is added only where the two do not differ.
     if (!negated && !context.negated && escape.empty())
         sql = likeRange(left, pattern) + sql;
     return {.sql = negated ? "NOT " + sql : "(" + sql + ")", .kind = Kind::Bit, .condition = true};

@@ -62,7 +62,7 @@ Part partOf(std::string_view name) {
     return found->part;
 }
 
-/// In UTC, which has no hour twice: the server's moments have no zone either.
+/// Moments are read in UTC, where no hour comes twice, because the server's moments have no zone either.
 QDateTime momentOf(const FunctionCall& call, int i) {
     const std::string stored =
         call.isText(i) ? DateTimeFromText(std::string(call.text(i))) : DateTimeFromNumber(call.real(i));
@@ -144,7 +144,8 @@ QDateTime added(Part part, qint64 count, const QDateTime& moment) {
     return moment;
 }
 
-/// The boundaries of the part that lie before the moment, so that a difference counts those crossed.
+/// Counts the boundaries of the part before the moment, so that the difference of two counts is the number of those
+/// crossed.
 qint64 boundaries(Part part, const QDateTime& moment) {
     const QDate date = moment.date();
     const qint64 milliseconds = moment.toMSecsSinceEpoch();
@@ -224,10 +225,10 @@ QString styledText(const QDateTime& moment, qint64 style) {
         return defaultText(moment, "mm");
     if (style == 9 || style == 109)
         return defaultText(moment, "mm:ss:zzz");
-    // Without a fraction where there is none.
+    // The fraction is left out where there is none.
     if (style == 126 && moment.time().msec() == 0)
         return QLocale::c().toString(moment, QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
-    // Styles of times and ISO forms are the same with and without the hundred.
+    // Styles of times and ISO forms mean the same with and without the added hundred.
     static constexpr std::array<qint64, 5> doubled = {108, 113, 114, 120, 121};
     const qint64 same = std::find(doubled.begin(), doubled.end(), style) == doubled.end() ? style : style - 100;
     const auto* found =

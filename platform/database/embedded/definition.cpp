@@ -78,10 +78,8 @@ class TableReader {
         }
         for (const std::string& name : names)
             declaration(name).column.nullable = false;
-        // The key of an identity stands with its column, where SQLite numbers it.
-        if (names.size() == 1 && declaration(names.front()).column.identity)
-            declaration(names.front()).key = true;
-        else
+        // The key of an identity is declared with its column, because SQLite only then assigns its values.
+        if (names.size() != 1 || !declaration(names.front()).column.identity)
             constraints_ += ", PRIMARY KEY (" + list(names) + ")";
     }
 
@@ -128,7 +126,7 @@ class TableReader {
         } else if (in_.acceptWord("references")) {
             declared.constraints += readReference();
         } else if (in_.acceptWord("check")) {
-            // It may name its own column, which is known once the table is complete.
+            // The condition may name its own column, although the table is not complete yet.
             const Scope scope = scopeWith(declared.column);
             context_.scope = &scope;
             declared.constraints.append(" ").append(readCheckCondition());
@@ -230,7 +228,7 @@ class TableReader {
 
     static std::string text(const Declaration& declared) {
         const TableColumn& column = declared.column;
-        // An identity is numbered by SQLite only as INTEGER PRIMARY KEY; AUTOINCREMENT never gives a key twice.
+        // SQLite assigns an identity only as INTEGER PRIMARY KEY. With AUTOINCREMENT it never gives a key twice.
         if (column.identity)
             return QuotedName(column.name) + " INTEGER PRIMARY KEY AUTOINCREMENT";
         std::string sql = QuotedName(column.name) + " " + DeclaredType(column.type);
@@ -254,7 +252,7 @@ class TableReader {
     std::string constraints_;
 };
 
-/// Index names belong to their table on the server and to the whole file in SQLite.
+/// An index name belongs to its table on the server, but to the whole file in SQLite.
 std::string indexName(const std::string& table, const std::string& index) {
     return QuotedName(table + "." + index);
 }
@@ -282,7 +280,8 @@ std::string readIndex(Context& context, bool unique) {
            QuotedName(table->name) + " (" + columns + ")";
 }
 
-/// One event, an optional If and one statement. SQLite runs a trigger for each row, of which "inserted" is a table.
+/// Reads one event, an optional If and one statement. SQLite runs a trigger for each row, and "inserted" is a table of
+/// that row.
 std::string readTrigger(Context& context) {
     TokenReader& in = context.in;
     const std::string name = in.expectName();
@@ -292,7 +291,7 @@ std::string readTrigger(Context& context) {
         in.expectWord("after");
     const std::string event = in.acceptWord("insert") ? "INSERT" : (in.expectWord("update"), "UPDATE");
     in.expectWord("as");
-    // The embedded engine counts no rows of a trigger.
+    // The embedded engine never counts the rows of a trigger.
     if (in.acceptWord("set")) {
         in.expectWord("nocount");
         in.expectWord("on");

@@ -4,14 +4,14 @@
 
 namespace db::embedded {
 
-/// Create Table, Index and Trigger, from behind Create. Columns take SQLite's affinity from DeclaredType, texts and
-/// date-times the collations of the server, and an identity becomes SQLite's own row number. A trigger follows one
-/// Insert or Update: After Insert As [Set NoCount On] [If condition] and one Update or Delete, all of which may read
-/// "inserted".
+/// Reads Create Table, Index or Trigger from behind the word Create and returns the SQLite statement. Columns take
+/// SQLite's affinity from DeclaredType, texts and date-times take the server's collations, and an identity becomes
+/// SQLite's own row number. A trigger follows one Insert or Update: After Insert As [Set NoCount On] [If condition] and
+/// one Update or Delete, all of which may read the table "inserted".
 std::string ReadCreate(Context& context);
-/// Alter Table ... Add one column, from behind Alter.
+/// Reads Alter Table ... Add with one column, from behind the word Alter.
 std::string ReadAlter(Context& context);
-/// Drop Table, Index and Trigger, from behind Drop.
+/// Reads Drop Table, Index or Trigger, from behind the word Drop.
 std::string ReadDrop(Context& context);
 
 }  // namespace db::embedded

@@ -24,10 +24,11 @@ DatabaseHandle openHandle(const QString& file, bool create, const QString& datab
     const QFileInfo info(file);
     if (!inMemory && !create && !info.exists())
         throw MissingDatabase(database);
-    // SQLite takes an empty file for a new database; without create it is the rest of something that failed.
+    // SQLite takes an empty file for a new database. Without `create`, an empty file is left over from something that
+    // failed.
     if (!inMemory && !create && info.isFile() && info.size() == 0)
         throw OpeningFault(SQLITE_NOTADB, database);
-    // SQLite's own -wal and -shm are for whom the file is for.
+    // SQLite's own -wal and -shm files are made for the same users as the database file.
     if (create && !inMemory)
         files::MakePrivate(file);
     else if (!inMemory)
@@ -82,7 +83,7 @@ ColumnType typeOfValue(sqlite3_stmt* statement, int column) {
     }
 }
 
-/// Leaves a statement ready for its next use, however this one ends.
+/// Makes a statement ready for its next use when it is destroyed, however this use ends.
 class Running {
   public:
     explicit Running(sqlite3_stmt* statement) : statement_(statement) {}
@@ -97,7 +98,7 @@ class Running {
     sqlite3_stmt* statement_;
 };
 
-/// A failure tells which statement it belongs to.
+/// Runs a step and adds the statement to its failure.
 template <typename Step>
 auto naming(const QString& statement, Step&& step) {
     try {
@@ -113,7 +114,7 @@ struct StoreState {
     Catalog* catalog;
 };
 
-/// svs_store(value, table, column): what the column keeps of the value of an expression.
+/// svs_store(value, table, column) gives the value as the column keeps it.
 void store(sqlite3_context* context, int count, sqlite3_value** arguments) {
     const auto* shared = static_cast<StoreState*>(sqlite3_user_data(context));
     const FunctionCall call(context, count, arguments);
@@ -142,11 +143,11 @@ EmbeddedEngine::EmbeddedEngine(const QString& file, bool create, int openingTime
     } catch (const DatabaseError&) {
         throw OpeningFault(sqlite3_extended_errcode(handle_.get()), database_);
     }
-    requireWholeFile();  // The files beside it are there now.
+    requireWholeFile();  // The files beside the database exist by now.
     setLockTimeout(LockTimeoutMilliseconds);
 }
 
-/// The first read of the file is here, so that a damaged one is found when it is opened.
+/// The first read of the file happens here, so that a damaged file is found when it is opened.
 void EmbeddedEngine::configure() {
     sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -156,14 +157,14 @@ void EmbeddedEngine::configure() {
         runOwn("Pragma journal_mode = WAL");
         renewTextIndexes();
     }
-    // What was saved is on the disk, also when the power fails a moment later.
+    // A saved change is on the disk even when the power fails a moment later.
     runOwn("Pragma synchronous = FULL");
     runOwn("Pragma foreign_keys = ON");
     runOwn("Pragma cache_size = -20000");
     runOwn("Pragma temp_store = MEMORY");
 }
 
-/// An index in another order of texts would hide rows. The file's own number tells the order that its indexes are in.
+/// An index in another order of texts would hide rows. The file's user_version tells the order of its indexes.
 void EmbeddedEngine::renewTextIndexes() {
     const auto isOld = [this] {
         const auto version = Prepare(handle_.get(), "Pragma user_version");
@@ -172,7 +173,7 @@ void EmbeddedEngine::renewTextIndexes() {
     if (!isOld())
         return;
     runOwn("Begin Immediate");
-    // Another desk may have been first.
+    // Another desk may have done it in the meantime.
     if (isOld()) {
         runOwn("Reindex SVS_TEXT");
         runOwn(("Pragma user_version = " + std::to_string(TextOrderVersion)).c_str());
@@ -187,7 +188,7 @@ void EmbeddedEngine::registerStore() {
 }
 
 void EmbeddedEngine::requireWholeFile() {
-    // Who has been told may have passed over it.
+    // The caller may have ignored the first error.
     if (link_ == Link::Replaced)
         throw ReplacedDatabase(database_);
     const OpenFile::State state = file_.look();
@@ -196,10 +197,10 @@ void EmbeddedEngine::requireWholeFile() {
     link_ = Link::Replaced;
     if (inTransaction())
         sqlite3_exec(handle_.get(), "Rollback", nullptr, nullptr, nullptr);
-    // What the desks have saved lies in the log that somebody removed: it is still open here, and goes into the file.
+    // The removed log holds what the desks have saved. It is still open here, so its content is moved into the file.
     if (state == OpenFile::State::LogMissing)
         sqlite3_wal_checkpoint_v2(handle_.get(), nullptr, SQLITE_CHECKPOINT_FULL, nullptr, nullptr);
-    // By closing SQLite would delete the log of the name, which may be another file's by now.
+    // SQLite would delete the file of the log's name when it closes, and that may by now be another database's log.
     sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     throw ReplacedDatabase(database_);
 }
@@ -303,7 +304,7 @@ void EmbeddedEngine::commit() {
 }
 
 void EmbeddedEngine::rollback() {
-    // SQLite may have ended the transaction itself, as when the disk was full.
+    // SQLite may have ended the transaction itself, for instance when the disk was full.
     if (inTransaction())
         runOwn("Rollback");
     // A table made within the transaction is gone with it.
@@ -363,7 +364,7 @@ Translation EmbeddedEngine::translate(const QString& statement) {
         if (error.number != unknownColumn)
             throw;
     }
-    // Another desk may have added it since the table was read.
+    // Another desk may have added the column since the table was read.
     forgetSchema();
     return Translate(text, catalog_);
 }
@@ -405,7 +406,7 @@ bool EmbeddedEngine::step(const QString& text, Statement& prepared) {
     const int code = waited(sqlite3_step(prepared.handle.get()));
     if (code == SQLITE_ROW)
         return true;
-    // The next statement has a moment of its own.
+    // The next statement reads the clock anew.
     state_.now.clear();
     if (code != SQLITE_DONE)
         fail(text);

@@ -17,18 +17,18 @@
 
 namespace db::embedded {
 
-/// One session on a SQLite file that takes the system's T-SQL.
+/// One session on an SQLite file that takes the system's T-SQL.
 ///
-/// Readers never wait; a writer waits for another desk's write up to the lock timeout and then fails with 1222. A wait
-/// that has become long is shown by ShowWaiting(), and ends when the user gives up. A transaction that is open when the
-/// session ends is rolled back.
+/// A reader never waits. A writer waits for another desk's write up to the lock timeout and then fails with 1222. A
+/// wait that has become long is shown by ShowWaiting() and ends when the user gives up. A transaction that is open when
+/// the session ends is rolled back.
 ///
-/// Before each statement the file is looked at: once it is no longer the one that was opened, nothing is read or
+/// The file is looked at before each statement. Once it is no longer the file that was opened, nothing is read or
 /// written any more.
 class EmbeddedEngine final : public Engine {
   public:
-    /// A file that another program locks is waited for `openingTimeout` milliseconds, so that whoever starts the
-    /// program soon reads why; what is done later waits longer.
+    /// Opens the file. A file that another program locks is waited for up to `openingTimeout` milliseconds, so that
+    /// whoever starts the program soon reads the reason. Later statements wait longer.
     EmbeddedEngine(const QString& file, bool create, int openingTimeout = 5'000);
 
     qint64 execute(const QString& statement, const std::vector<Value>& bound) override;
@@ -42,7 +42,8 @@ class EmbeddedEngine final : public Engine {
     qint64 lastIdentity() override;
 
     void setLockTimeout(int milliseconds) { lockTimeout_ = milliseconds; }
-    /// What SQLite is asked, for tests of the translation and of the use of indexes.
+    /// Returns the translated statement and SQLite's query plan, for tests of the translation and of the use of
+    /// indexes.
     [[nodiscard]] QString explain(const QString& statement);
 
   private:
@@ -56,19 +57,19 @@ class EmbeddedEngine final : public Engine {
     Translation translate(const QString& statement);
     Statement& prepare(const QString& statement);
     static void bind(Statement& prepared, const std::vector<Value>& bound);
-    /// Runs to the end, or to the first row; true for a row.
+    /// Runs the statement up to its next row or to its end. Returns true for a row.
     bool step(const QString& text, Statement& prepared);
     qint64 run(const QString& text, const std::vector<Value>& bound);
-    /// Nothing when another desk changed the columns of a table since they were looked up.
+    /// Returns nothing when another desk has changed the columns of a table since they were looked up.
     std::optional<ResultTable> readRows(const QString& text, Statement& prepared, const std::vector<Value>& bound,
                                         int mostRows);
     void forgetSchema();
     void requireWholeFile();
     static int waitForLock(void* engine, int count);
     bool waitsOn(bool anew);
-    /// What SQLite answered, at the end of any wait.
+    /// Ends any wait and returns `code`, the result code of SQLite.
     int waited(int code);
-    /// Ends what is still waited for when it goes, however the statement ended.
+    /// Returns a guard that ends any wait when it is destroyed, however the statement ended.
     [[nodiscard]] auto endingWaits() {
         return qScopeGuard([this] { waited(SQLITE_OK); });
     }
@@ -85,7 +86,7 @@ class EmbeddedEngine final : public Engine {
     Link link_ = Link::Whole;
     int lockTimeout_ = 0;  ///< Milliseconds.
     QElapsedTimer sinceWait_;
-    std::optional<ShownWait> wait_;  ///< While a statement waits for a lock.
+    std::optional<ShownWait> wait_;  ///< Present while a statement waits for a lock.
     bool givenUp_ = false;
     std::list<CachedStatement> statements_;  ///< The one used last stands first.
     QHash<QString, std::list<CachedStatement>::iterator> byText_;

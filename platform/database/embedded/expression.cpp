@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/database/embedded/names.h"
+#include "platform/database/embedded/select.h"
 #include "platform/database/error.h"
 
 namespace db::embedded {
@@ -29,8 +30,8 @@ void requireCondition(const Context& context, const Expression& expression) {
                 .arg(ToQt(context.in.peek().text)));
 }
 
-/// SQLite divides by zero to null and cuts what it takes the rest of to whole numbers; where neither can happen, its
-/// own operator stays.
+/// SQLite divides by zero to null, and cuts both operands of a remainder to whole numbers. Where neither can happen,
+/// its own operator stays.
 Expression quotient(const std::string& op, const Expression& a, const Expression& b, Kind kind) {
     const bool nonZero = b.form == Expression::Form::Number && b.name.find_first_of("123456789") != std::string::npos;
     const bool whole = kind == Kind::Integer;
@@ -47,7 +48,7 @@ Expression arithmetic(const std::string& op, const Expression& left, const Expre
         return {.sql = "svs_date_minus(" + left.sql + ", " + right.sql + ")", .kind = Kind::DateTime};
     if (op == "-" && left.kind == Kind::DateTime)
         return {.sql = "svs_date_plus(" + left.sql + ", -(" + right.sql + "))", .kind = Kind::DateTime};
-    // A text among numbers becomes one; MakeComparable knows how.
+    // A text beside a number becomes a number, as MakeComparable converts it.
     Expression zero{.sql = "0", .kind = CommonKind(Kind::Integer, CommonKind(a.kind, b.kind))};
     if (a.kind == Kind::Text)
         MakeComparable(a, zero);
@@ -96,18 +97,27 @@ Expression readProduct(Context& context) {
     return left;
 }
 
+/// Converts the left operand alone, because each value that it is compared with may raise its kind.
+void makeHigher(Expression& left, Expression right) {
+    MakeComparable(left, right);
+}
+
 Expression readIn(Context& context, Expression left, bool negated) {
     TokenReader& in = context.in;
-    if (in.atOperator("(") && in.atWord("select", 1))
-        return condition(Collated(left) + (negated ? " NOT IN " : " IN ") + ReadPrimary(context).sql);
     in.expectOperator("(");
-    std::string list;
+    if (in.atWord("select"))
+        return condition(Collated(left) + (negated ? " NOT IN (" : " IN (") + ReadInnerSelect(context).sql + ")");
+    std::vector<Expression> items;
     do {
-        Expression item = ReadExpression(context);
-        MakeComparable(left, item);
-        AppendToList(list, item.sql);
+        items.push_back(ReadExpression(context));
+        makeHigher(left, items.back());
     } while (in.acceptOperator(","));
     in.expectOperator(")");
+    std::string list;
+    for (Expression& item : items) {
+        MakeComparable(left, item);
+        AppendToList(list, item.sql);
+    }
     // In compares with the collation of what stands before it.
     return condition(Collated(left) + (negated ? " NOT IN (" : " IN (") + list + ")");
 }
@@ -118,9 +128,15 @@ Expression readBetween(Context& context, Expression left, bool negated) {
     Expression high = ReadOperand(context);
     requireValue(context, low);
     requireValue(context, high);
-    MakeComparable(left, low);
-    MakeComparable(left, high);
-    return condition("(" + left.sql + (negated ? " NOT BETWEEN " : " BETWEEN ") + low.sql + " AND " + high.sql + ")");
+    Expression aboveLow = left;
+    Expression belowHigh = std::move(left);
+    MakeComparable(aboveLow, low);
+    MakeComparable(belowHigh, high);
+    // Each end is a comparison of its own, in whatever kind that needs.
+    const std::string sql = aboveLow.sql == belowHigh.sql
+                                ? aboveLow.sql + " BETWEEN " + low.sql + " AND " + high.sql
+                                : aboveLow.sql + " >= " + low.sql + " AND " + belowHigh.sql + " <= " + high.sql;
+    return condition((negated ? "NOT (" : "(") + sql + ")");
 }
 
 Expression readLike(Context& context, Expression left, bool negated) {

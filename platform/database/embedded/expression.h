@@ -11,24 +11,24 @@
 
 namespace db::embedded {
 
-/// A table, or a query in its place, under the name by which the statement knows it.
+/// A table, or a query in the place of one, under the name that the statement gives it.
 struct Source {
     std::string name;
-    std::shared_ptr<const Table> table;  ///< Of a query: its columns, without a name.
+    std::shared_ptr<const Table> table;  ///< For a query: its columns, in a table without a name.
 };
 
-/// What the items of a query name outside of its aggregates, which Group By has rules for.
+/// The columns that the items of a query name outside of its aggregates. Group By has rules for these.
 struct Grouping {
-    std::vector<std::string> columns = {};  ///< As SQLite text, since they were taken last.
+    std::vector<std::string> columns = {};  ///< As SQLite text; emptied each time they are taken.
     int aggregateDepth = 0;
-    bool aggregated = false;  ///< An aggregate was met.
+    bool aggregated = false;  ///< Whether an aggregate was met.
 };
 
-/// The tables whose columns an expression may name, and those around it where it stands in an inner query.
+/// The tables whose columns an expression may name. `outer` is the scope around an inner query.
 struct Scope {
     std::vector<Source> sources = {};
     const Scope* outer = nullptr;
-    Grouping* grouping = nullptr;  ///< Of a query; none for a statement that writes.
+    Grouping* grouping = nullptr;  ///< Belongs to a query; null for a statement that writes.
 };
 
 struct Context {
@@ -36,65 +36,66 @@ struct Context {
     Catalog& catalog;
     std::vector<BoundPlace>& parameters;
     const Scope* scope = nullptr;
-    bool negated = false;                            ///< Inside Not, where unknown and false differ.
-    std::shared_ptr<const Table> written = nullptr;  ///< In a trigger: the table whose new row "inserted" is.
+    bool negated = false;                            ///< True inside Not, where unknown and false differ.
+    std::shared_ptr<const Table> written = nullptr;  ///< Inside a trigger: the table whose new row is "inserted".
 };
 
 struct Expression {
     enum class Form { Other, Column, Text, Number, Null, Parameter };
 
-    // Every member has its empty value here, so that a result names only what it fills.
+    // Every member has its empty value here, so that an initialiser names only the members that it fills.
     std::string sql = {};
     Kind kind = Kind::Unknown;
-    SqlType type = {};  ///< Where a column or a conversion tells it; its kind is Unknown else.
+    SqlType type = {};  ///< The type where a column or a conversion tells it, else a type of the kind Unknown.
     Form form = Form::Other;
-    bool condition = false;              ///< True or false, which is no value in T-SQL.
-    std::string name = {};               ///< A column as the statement names it, or what a literal holds.
-    std::string table = {};              ///< The base table of a column.
-    std::size_t place = 0;               ///< Of a parameter, from 1.
+    bool condition = false;  ///< True for a condition, which is no value in T-SQL.
+    std::string name = {};   ///< The name of a column as the statement writes it, or the content of a literal.
+    std::string table = {};  ///< The base table of a column.
+    std::size_t place = 0;   ///< The place of a parameter, from 1.
     std::vector<Expression> parts = {};  ///< The texts that + joins, where there are several.
 };
 
-/// A value. Throws 102 where a condition stands.
+/// Reads a value. Throws 102 for a condition.
 Expression ReadExpression(Context& context);
-/// A condition. Throws 4145 where a value stands.
+/// Reads a condition. Throws 4145 for a value.
 Expression ReadCondition(Context& context);
-/// Whichever of the two stands there.
+/// Reads a value or a condition, whichever comes next.
 Expression ReadAny(Context& context);
-/// The argument of an operator such as + or Like: no comparison, no And, no Or.
+/// Reads the argument of an operator such as + or Like. A comparison, And and Or are not part of it.
 Expression ReadOperand(Context& context);
-/// A literal, name, call, Case or anything in parentheses.
+/// Reads a literal, name, call, Case or anything in parentheses.
 Expression ReadPrimary(Context& context);
-/// A call whose name and opening parenthesis were taken.
+/// Reads a call whose name and opening parenthesis have been taken.
 Expression ReadCall(Context& context, const std::string& name);
 Expression ReadCase(Context& context);
-/// Convert(type, value, style) and Cast(value As type), from behind the opening parenthesis.
+/// Convert(type, value, style) and Cast(value As type) are read from behind the opening parenthesis.
 Expression ReadConvert(Context& context);
 Expression ReadCast(Context& context);
-/// A T-SQL type with its lengths; 2715 for an unknown one.
+/// Reads a T-SQL type with its lengths. `lengthLeftOut` is the length of a text without one. Throws 2715 for an unknown
+/// type.
 SqlType ReadType(TokenReader& in, int lengthLeftOut);
 
 Expression ColumnExpression(const Context& context, const std::string& qualifier, const std::string& name);
-/// left + right, which joins two texts and adds anything else.
+/// Returns left + right. Two texts are joined; any other values are added.
 Expression Plus(Expression left, Expression right);
-/// left Like pattern; `escape` is empty for none.
+/// Returns left Like pattern. `escape` is empty where there is none.
 Expression Like(const Context& context, Expression left, const Expression& pattern, const std::string& escape,
                 bool negated);
 
-/// Converts the operand with the lower type so that the two compare as on the server, and lets two texts compare
-/// without case where neither is a column that brings its collation along.
+/// Makes two operands comparable as on the server. The operand with the lower kind is converted. Two texts compare
+/// without case, even where neither is a column that brings its collation along.
 void MakeComparable(Expression& left, Expression& right);
-/// The kind of a value that is one or the other.
+/// Returns the kind of an expression that yields one or the other.
 Kind CommonKind(Kind a, Kind b);
-/// As SQLite text of the value as a text.
+/// Returns SQLite text that gives the value as a text.
 std::string AsText(const Expression& expression);
-/// The value as one of that kind when the statement runs; a failure is one of the row's, as on the server.
+/// Returns the value converted to that kind when the statement runs. A failure belongs to the row, as on the server.
 Expression Converted(Expression value, Kind kind);
-/// The same for a type, by a style of Convert, as SQLite text.
+/// Returns SQLite text that converts the value to a type, by a style of Convert.
 Expression Converted(const SqlType& type, const Expression& value, const std::string& style);
-/// The result of whole numbers' arithmetic, which must fit the type of the two.
+/// Returns the result of whole-number arithmetic with a check that it fits the type of the operands.
 Expression CheckedWhole(Expression result, const Expression& left, const Expression& right);
-/// With the collation of text where it has none of its own.
+/// Returns the SQLite text of the expression, with the collation of texts where it has none of its own.
 std::string Collated(const Expression& expression);
 
 }  // namespace db::embedded

@@ -12,7 +12,7 @@ struct Fault {
     QString description;
 };
 
-/// "... failed: table.column, table.column" as its tables and columns.
+/// The table and the columns in "... failed: table.column, table.column".
 struct FailedColumns {
     QString table;
     QString columns;
@@ -57,7 +57,7 @@ Fault constraintFault(int code, const QString& message, const QString& statement
     }
 }
 
-/// What the translation could not see, because another desk changed the tables meanwhile.
+/// Returns the fault that the translation could not see, because another desk changed the tables meanwhile.
 Fault statementFault(const QString& message) {
     const QString name = message.mid(message.indexOf(QStringLiteral(": ")) + 2);
     if (message.startsWith(QStringLiteral("no such table")))

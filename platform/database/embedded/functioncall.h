@@ -10,7 +10,7 @@
 
 namespace db::embedded {
 
-/// One call of a function by SQLite.
+/// The arguments and the result of one call that SQLite makes to a function. Arguments count from 0.
 class FunctionCall {
   public:
     FunctionCall(sqlite3_context* context, int count, sqlite3_value** arguments)
@@ -67,7 +67,8 @@ class FunctionCall {
     sqlite3_value** arguments_;
 };
 
-/// Leaves the failure where the engine finds its number, and its sentence with SQLite.
+/// Reports a failure of a function: its number goes to the state, where the engine finds it, and its sentence to
+/// SQLite.
 inline void ReportFault(sqlite3_context* context, FunctionState* state, const DatabaseError& error) {
     if (state)
         state->fault = error.number;

@@ -27,7 +27,7 @@ void invoke(sqlite3_context* context, int count, sqlite3_value** arguments) {
     }
 }
 
-/// Null in, null out, as nearly all functions have it.
+/// Gives null where an argument is null, as nearly all functions do.
 template <Body body>
 void invokeUnlessNull(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (!FunctionCall(context, count, arguments).anyNull())
@@ -50,7 +50,7 @@ void getDate(const FunctionCall& call) {
     call.give(std::string_view(moment));
 }
 
-/// svs_like(pattern, escape, part, ...): whether the parts, one after another, match.
+/// svs_like(pattern, escape, part, ...) tells whether the joined parts match.
 void like(const FunctionCall& call) {
     auto* pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(call.context(), 0));
     std::unique_ptr<LikePattern> made;
@@ -70,7 +70,7 @@ void like(const FunctionCall& call) {
                             [](void* old) { delete static_cast<LikePattern*>(old); });
 }
 
-/// A whole number where it is one, else a real.
+/// Returns the argument as a whole number where it is one, else as a real.
 Cell numberOf(const FunctionCall& call, int i) {
     static const SqlType whole = *MakeType("bigint");
     static const SqlType real = *MakeType("float");
@@ -85,7 +85,7 @@ double realOf(const Cell& cell) {
     return whole ? static_cast<double>(*whole) : std::get<double>(cell);
 }
 
-/// + between operands whose types only their values tell: two texts are joined, anything else is added.
+/// Adds two operands whose types only their values tell. Two texts are joined; anything else is added.
 void add(const FunctionCall& call) {
     if (call.isText(0) && call.isText(1)) {
         call.give(std::string_view(std::string(call.text(0)).append(call.text(1))));
@@ -99,11 +99,38 @@ void add(const FunctionCall& call) {
         call.give(realOf(a) + realOf(b));
 }
 
-/// svs_cast(value, declared type): Convert and Cast to anything but text, with the checks of a column of that type.
+/// svs_cast(value, declared type) serves Convert and Cast to any type but text, with the checks of a column of that
+/// type.
 void cast(const FunctionCall& call) {
     static const Table none;
     const TableColumn column{.name = {}, .type = ReadDeclaredType(call.text(1))};
     call.give(StoredCell(none, column, call.cell(0)));
+}
+
+/// svs_single(value) gives the value of a query's only row, or null where there is none. A second row is error 512.
+struct Single {
+    sqlite3_value* value;
+};
+
+void addToSingle(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {
+    auto* single = static_cast<Single*>(sqlite3_aggregate_context(context, sizeof(Single)));
+    if (single && !single->value)
+        single->value = sqlite3_value_dup(arguments[0]);
+    else
+        ReportFault(
+            context, static_cast<FunctionState*>(sqlite3_user_data(context)),
+            DatabaseError(
+                512,
+                QStringLiteral(
+                    "Subquery returned more than 1 value. This is not permitted when the subquery follows =, !=, <, <= , >, >= or when the subquery is used as an expression.")));
+}
+
+void giveSingle(sqlite3_context* context) {
+    const auto* single = static_cast<Single*>(sqlite3_aggregate_context(context, 0));
+    if (!single || !single->value)
+        return;
+    sqlite3_result_value(context, single->value);
+    sqlite3_value_free(single->value);
 }
 
 struct Definition {
@@ -129,7 +156,7 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"stuff", 4, invoke<Stuff>},
         Definition{"replicate", 2, invokeUnlessNull<Replicate>},
         Definition{"reverse", 1, invokeUnlessNull<Reverse>},
-        Definition{"svs_char", 1, invokeUnlessNull<Character>},
+        Definition{"svs_char", 2, invokeUnlessNull<Character>},
         Definition{"ascii", 1, invokeUnlessNull<CodeOf>},
         Definition{"svs_divide", 2, invokeUnlessNull<Divide>},
         Definition{"svs_modulo", 2, invokeUnlessNull<Modulo>},
@@ -157,12 +184,17 @@ int registerFunctions(sqlite3* database, FunctionState* state) {
         Definition{"svs_add", 2, invokeUnlessNull<add>},
         Definition{"svs_cast", 2, invokeUnlessNull<cast>},
         Definition{"svs_cast_text", 2, invokeUnlessNull<CastText>},
+        Definition{"svs_cast_text", 3, invokeUnlessNull<CastText>},
     };
     for (const Definition& each : definitions)
         if (const int code = sqlite3_create_function_v2(database, each.name, each.arguments, always, state, each.body,
                                                         nullptr, nullptr, nullptr);
             code != SQLITE_OK)
             return code;
+    const int code =
+        sqlite3_create_function_v2(database, "svs_single", 1, always, state, nullptr, addToSingle, giveSingle, nullptr);
+    if (code != SQLITE_OK)
+        return code;
     return sqlite3_create_function_v2(database, "getdate", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, state, invoke<getDate>,
                                       nullptr, nullptr, nullptr);
 }

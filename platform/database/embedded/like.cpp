@@ -84,7 +84,7 @@ bool LikePattern::matches(const std::string_view* parts, std::size_t count) cons
     return matchesFolded(text);
 }
 
-/// Walks both with one place to come back to: the last % and how far its run of characters reached.
+/// Walks pattern and text with one place to come back to: the last % and how far its run of characters reached.
 bool LikePattern::matchesFolded(std::u32string_view text) const {
     const std::size_t last = text.find_last_not_of(U' ');
     const std::size_t textEnd = last == std::u32string_view::npos ? 0 : last + 1;

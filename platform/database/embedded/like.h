@@ -7,13 +7,14 @@
 namespace db::embedded {
 
 /// A pattern of Like: % for any characters, _ for one, [a-f] for one of a set and [^a-f] for one outside it. The case
-/// of letters does not count, nor do blanks at the end of the text looked at.
+/// of letters and the blanks at the end of the text do not count.
 class LikePattern {
   public:
-    /// The character that takes away the meaning of the one after it; 0 for none.
+    /// `escape` is the character that takes away the meaning of the one after it; 0 means none.
     explicit LikePattern(std::string_view pattern, char32_t escape = 0);
 
-    /// Whether the parts, one after another, match. They are never joined: 100,000 names are looked through by key.
+    /// Whether the joined parts match. The parts are not copied into one text, because 100,000 names are searched at
+    /// each key.
     [[nodiscard]] bool matches(const std::string_view* parts, std::size_t count) const;
     [[nodiscard]] bool matches(std::string_view text) const { return matches(&text, 1); }
 
@@ -35,7 +36,7 @@ class LikePattern {
     std::vector<Step> steps_;
 };
 
-/// What every match of the pattern starts with: the characters before the first wildcard.
+/// Returns the characters before the first wildcard, with which every match starts.
 std::string LikePrefix(std::string_view pattern);
 
 }  // namespace db::embedded

@@ -12,12 +12,12 @@ std::string LowerName(std::string_view name);
 
 QString ToQt(std::string_view utf8);
 
-/// "name" for SQLite, quotes doubled.
+/// Returns "name" for SQLite. Quotes inside are doubled.
 std::string QuotedName(std::string_view name);
-/// 'text' for SQLite, quotes doubled.
+/// Returns 'text' for SQLite. Quotes inside are doubled.
 std::string QuotedText(std::string_view text);
 
-/// Adds the item, behind a comma where the list holds something already.
+/// Adds an item to a list, after a comma where the list is not empty.
 void AppendToList(std::string& list, std::string_view item);
 
 }  // namespace db::embedded

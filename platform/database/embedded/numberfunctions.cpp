@@ -32,7 +32,7 @@ void Divide(const FunctionCall& call) {
     if (!areWhole(call))
         call.give(call.real(0) / call.real(1));
     else if (call.integer(1) == -1)
-        // The lowest number has no counterpart.
+        // The lowest number has no positive counterpart, so plain division would overflow.
         call.give(static_cast<qint64>(0 - static_cast<quint64>(call.integer(0))));
     else
         call.give(call.integer(0) / call.integer(1));

@@ -14,7 +14,8 @@ OpenFile::OpenFile(sqlite3* handle, const QString& file) : handle_(handle) {
     const char* const endings[] = {"", "-wal", "-shm"};
     for (std::size_t i = 0; i < parts_.size(); ++i)
         parts_[i].path = file.toUtf8() + endings[i];
-    // The files beside it may still be another desk's, which takes them along when it closes, until this one has read.
+    // The files beside the database may still belong to another desk, which removes them when it closes, until this
+    // desk has read once. They are therefore not remembered yet.
     struct stat found {};
     static_cast<void>(isStill(parts_[0], found));
 }
@@ -41,19 +42,19 @@ bool OpenFile::isStill(Part& part, struct stat& found) {
     return part.opened == now;
 }
 
-/// A database grows, and its changes are counted on: one that was cut short or overwritten is found by that.
+/// A database only grows, and its change counter only rises. A file that was cut short or overwritten is found by that.
 bool OpenFile::isStillContinued(off_t size) {
     if (std::exchange(size_, size) > size)
         return false;
     if (size == 0)
-        return true;  // New, and nothing is in it yet.
+        return true;  // A new database is empty.
     const std::optional<Head> now = readHead();
     const bool continued = now && (!head_ || (now->pageSize == head_->pageSize && now->changes >= head_->changes));
     head_ = now;
     return continued;
 }
 
-// Read by SQLite's own handle: to close another one would give up the locks that this program holds on the file.
+// The head is read by SQLite's own handle, because closing another one would give up this program's locks on the file.
 std::optional<OpenFile::Head> OpenFile::readHead() const {
     constexpr std::string_view magic("SQLite format 3\0", 16);
     constexpr std::size_t pageSizeAt = 16;

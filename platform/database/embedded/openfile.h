@@ -11,29 +11,30 @@
 
 namespace db::embedded {
 
-/// What an embedded database's file was when it was opened, and whether it still is that.
+/// Remembers the identity of an embedded database's file when it was opened, and tells whether the file is still the
+/// same.
 ///
-/// SQLite goes on with the file that it once opened, wherever that is now: what it writes to one that was deleted,
-/// moved away or replaced is found by nobody. The same holds for the files beside it (-wal and -shm), through which the
-/// desks share their writes.
+/// SQLite goes on with the file that it opened, wherever that file is now. What it writes to a file that was deleted,
+/// moved away or replaced, nobody finds again. The same holds for the files beside it (-wal and -shm), through which
+/// the desks share their writes.
 ///
-/// Not told for sure is a sound database that was written over the file in place. It is found by being shorter, by
-/// another size of its pages or by a lower count of its changes. But that count stands still while rows are written
-/// into pages that are there already: an older copy of the same file may pass, and what the desks have taken from the
-/// log into the file since then is lost unseen. The times of the file are no sign, since any desk does that at any
-/// time.
+/// One case is not detected for certain: a sound database that was written over the file in place. It is found when it
+/// is shorter, has another page size or a lower change counter. But the counter stands still while rows are written
+/// into existing pages. An older copy of the same file may therefore pass, and the rows that the desks have since moved
+/// from the log into the file are lost unseen. The file's times are no sign, because any desk changes them at any time.
 class OpenFile {
   public:
     enum class State {
         Whole,
-        LogMissing,  ///< Of all only the log was removed; its content is still at hand for whoever holds it open.
+        LogMissing,  ///< Only the log was removed. Whoever holds it open can still read it.
         Replaced
     };
 
-    /// A private database (":memory:") has no file and is always whole.
+    /// Remembers the file. A private database (":memory:") has no file and is always whole.
     OpenFile(sqlite3* handle, const QString& file);
 
-    /// From the first read on. Cheap: looks three names up and reads a hundred bytes.
+    /// Looks at the file. It may be called from the first read on. It is cheap: it looks three names up and reads a
+    /// hundred bytes.
     [[nodiscard]] State look();
 
   private:
@@ -44,7 +45,7 @@ class OpenFile {
     };
     struct Part {
         QByteArray path;
-        std::optional<Identity> opened;  ///< Nothing as long as it was not there yet.
+        std::optional<Identity> opened;  ///< Empty until the file was first seen.
     };
     struct Head {
         std::uint32_t pageSize = 0;

@@ -22,7 +22,7 @@ Expression found(const Source& source, const TableColumn& column, const std::str
 
 Expression number(const std::string& digits) {
     const bool whole = digits.find_first_of(".eE") == std::string::npos;
-    // What no int holds is of a wider type.
+    // A number that no int holds is of a wider type.
     constexpr std::size_t digitsOfInt = 10;
     const bool wide = digits.size() > digitsOfInt || (digits.size() == digitsOfInt && digits > "2147483647");
     return {.sql = digits,
@@ -32,14 +32,21 @@ Expression number(const std::string& digits) {
             .name = digits};
 }
 
+/// Reads a query that stands for a value. It has one column and must not give more than one row.
+Expression readValue(Context& context) {
+    const SelectText select = ReadInnerSelect(context);
+    const SelectColumn& value = select.columns.front();
+    const std::string sql = select.single
+                                ? select.sql
+                                : "WITH \"svs_rows\" (\"value\") AS (" + select.sql +
+                                      ") SELECT svs_single(\"value\") FROM (SELECT * FROM \"svs_rows\" LIMIT 2)";
+    return {.sql = "(" + sql + ")", .kind = value.kind, .type = value.type};
+}
+
 Expression readParentheses(Context& context) {
     TokenReader& in = context.in;
-    if (in.atWord("select")) {
-        SelectText select = ReadSelect(context);
-        in.expectOperator(")");
-        const Kind kind = select.columns.empty() ? Kind::Unknown : select.columns.front().kind;
-        return {.sql = "(" + select.sql + ")", .kind = kind};
-    }
+    if (in.atWord("select"))
+        return readValue(context);
     Expression inner = ReadAny(context);
     in.expectOperator(")");
     inner.sql = "(" + inner.sql + ")";
@@ -65,8 +72,9 @@ Expression readWord(Context& context) {
     if (in.atWord("exists") && in.atOperator("(", 1)) {
         in.next();
         in.next();
-        Expression inner = readParentheses(context);
-        return {.sql = "EXISTS " + inner.sql, .kind = Kind::Bit, .condition = true};
+        const SelectText inner = ReadSelect(context);
+        in.expectOperator(")");
+        return {.sql = "EXISTS (" + inner.sql + ")", .kind = Kind::Bit, .condition = true};
     }
     if (in.acceptWord("current_timestamp"))
         return {.sql = "getdate()", .kind = Kind::DateTime};

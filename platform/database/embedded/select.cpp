@@ -1,6 +1,7 @@
 #include "platform/database/embedded/select.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/database/embedded/names.h"
 #include "platform/database/embedded/selectcore.h"
@@ -10,12 +11,14 @@ namespace db::embedded {
 
 namespace {
 
+constexpr std::string_view intersect = " INTERSECT ";
+
 std::string acceptUnion(TokenReader& in) {
     if (in.acceptWord("union"))
         return in.acceptWord("all") ? " UNION ALL " : " UNION ";
     if (in.acceptWord("except"))
         return " EXCEPT ";
-    return in.acceptWord("intersect") ? " INTERSECT " : "";
+    return std::string(in.acceptWord("intersect") ? intersect : "");
 }
 
 std::string placeOf(const std::vector<SelectColumn>& columns, const std::string& name) {
@@ -24,11 +27,29 @@ std::string placeOf(const std::vector<SelectColumn>& columns, const std::string&
     return found == columns.end() ? std::string() : std::to_string(found - columns.begin() + 1);
 }
 
-/// A term of a Union's order is one of its columns, and goes on as that column's place.
+/// Reads a number in an order, which is the place of a column.
+std::string readPlace(TokenReader& in, const std::vector<SelectColumn>& columns) {
+    const std::string digits = in.next().text;
+    const auto place = std::strtoull(digits.c_str(), nullptr, 10);
+    if (place < 1 || place > columns.size())
+        throw DatabaseError(
+            108,
+            QStringLiteral("The ORDER BY position number %1 is out of range of the number of items in the select list.")
+                .arg(ToQt(digits)));
+    return std::to_string(place);
+}
+
+/// Returns whether the name ahead is a term by itself. Within an expression it could only be the name of a column.
+bool isWholeTerm(const TokenReader& in) {
+    return in.peek(1).kind != TokenKind::Operator || in.atOperator(",", 1) || in.atOperator(")", 1) ||
+           in.atOperator(";", 1);
+}
+
+/// Reads a term of a Union's order. It names one of the Union's columns and is written as that column's place.
 std::string readUnionTerm(Context& context, const SelectCore& first) {
     TokenReader& in = context.in;
     if (in.peek().kind == TokenKind::Number)
-        return in.next().text;
+        return readPlace(in, first.columns);
     std::string name = in.expectName();
     while (in.acceptOperator("."))
         name = in.expectName();
@@ -44,8 +65,8 @@ std::string readUnionTerm(Context& context, const SelectCore& first) {
 std::string readTerm(Context& context, const SelectCore& core) {
     TokenReader& in = context.in;
     if (in.peek().kind == TokenKind::Number)
-        return in.next().text;
-    if (in.atName() && !in.atOperator(".", 1) && !in.atOperator("(", 1))
+        return readPlace(in, core.columns);
+    if (in.atName() && isWholeTerm(in))
         for (std::size_t i = 0; i < core.columns.size(); ++i)
             if (core.aliased[i] && SameName(core.columns[i].name, in.peek().text)) {
                 in.next();
@@ -83,14 +104,14 @@ std::string readOrder(Context& outer, const SelectCore& core, bool compound) {
     return sql;
 }
 
-/// Within a Union a limit belongs to its own Select.
+/// Within a Union, a limit belongs to its own Select.
 std::string limitedInUnion(const SelectCore& core) {
     return core.limit.empty() ? core.sql : "SELECT * FROM (" + core.sql + " LIMIT " + core.limit + ")";
 }
 
-/// A Select of a Union as it stands in it.
+/// One Select of a Union.
 struct Member {
-    std::string op;  ///< Before it; "" for the first.
+    std::string op;  ///< The operator before it; "" for the first.
     std::string sql;
     std::vector<SelectColumn> columns;
 };
@@ -119,7 +140,19 @@ std::vector<Kind> commonKinds(const std::vector<Member>& members) {
     return kinds;
 }
 
-/// The member with texts made what the other members have in their place, a number or a moment.
+/// Returns the type that the members have in common in that place, of whole numbers the wider one.
+SqlType commonType(const std::vector<Member>& members, std::size_t place, Kind kind) {
+    const SqlType& first = members.front().columns[place].type;
+    const auto isFirst = [&](const Member& member) { return member.columns[place].type == first; };
+    if (std::all_of(members.begin(), members.end(), isFirst))
+        return first;
+    const auto isBig = [place](const Member& member) { return member.columns[place].type.name == "bigint"; };
+    const bool big = kind == Kind::Integer && std::any_of(members.begin(), members.end(), isBig);
+    return big ? *MakeType("bigint") : SqlType();
+}
+
+/// Returns the member with its texts converted to the kind that the other members have in that place, a number or a
+/// moment.
 std::string convertedMember(const Member& member, const std::vector<Kind>& kinds) {
     std::string names;
     std::string values;
@@ -140,10 +173,22 @@ std::string convertedMember(const Member& member, const std::vector<Kind>& kinds
 SelectText joined(const std::vector<Member>& members) {
     const std::vector<Kind> kinds = commonKinds(members);
     SelectText select{{}, members.front().columns};
-    for (std::size_t i = 0; i < kinds.size(); ++i)
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
         select.columns[i].kind = kinds[i];
-    for (const Member& member : members)
-        select.sql += member.op + convertedMember(member, kinds);
+        select.columns[i].type = commonType(members, i, kinds[i]);
+    }
+    const auto isIntersected = [&](std::size_t i) { return i < members.size() && members[i].op == intersect; };
+    bool open = false;
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        // Intersect binds more closely than the others, but SQLite takes all of them from the left.
+        const bool opens = i > 0 && !isIntersected(i) && isIntersected(i + 1);
+        open = open || opens;
+        select.sql += members[i].op + (opens ? "SELECT * FROM (" : "") + convertedMember(members[i], kinds);
+        if (open && !isIntersected(i + 1)) {
+            select.sql += ")";
+            open = false;
+        }
+    }
     return select;
 }
 
@@ -161,6 +206,18 @@ SelectText ReadSelect(Context& context) {
     select.sql += readOrder(context, first, !members.empty());
     if (members.empty() && !first.limit.empty())
         select.sql += " LIMIT " + first.limit;
+    select.single = members.empty() && (first.limit == "1" || (first.aggregated && first.grouped.empty()));
+    return select;
+}
+
+SelectText ReadInnerSelect(Context& context) {
+    SelectText select = ReadSelect(context);
+    context.in.expectOperator(")");
+    if (select.columns.size() != 1)
+        throw DatabaseError(
+            116,
+            QStringLiteral(
+                "Only one expression can be specified in the select list when the subquery is not introduced with EXISTS."));
     return select;
 }
 

@@ -38,7 +38,7 @@ class CoreReader {
                 in_.fail();
             in_.moveTo(behindFrom);
         }
-        core_.sql = (core_.distinct ? "SELECT DISTINCT " : "SELECT ") + columns + from + readConditions();
+        core_.sql = (core_.distinct ? "SELECT DISTINCT " : "SELECT ") + columns + wholeGroup(from + readConditions());
         requireGrouped();
         core_.scope.grouping = nullptr;
         return std::move(core_);
@@ -123,13 +123,13 @@ class CoreReader {
         const auto table = context_.catalog.table(ReadTableName(in_));
         const std::string alias = readAlias().value_or(table->name);
         core_.scope.sources.push_back({alias, table});
-        // Locking hints mean nothing where readers and writers do not wait for each other.
+        // Locking hints mean nothing here, because readers and writers do not wait for each other.
         if (in_.acceptWord("with") && in_.acceptOperator("("))
             in_.skipParentheses();
         return QuotedName(table->name) + (alias == table->name ? "" : " AS " + QuotedName(alias));
     }
 
-    /// The row that a trigger runs for, as a table of one.
+    /// Returns the row that a trigger runs for, as a table of one row.
     std::string readInserted() {
         const std::string alias = readAlias().value_or("inserted");
         core_.scope.sources.push_back({alias, context_.written});
@@ -148,8 +148,10 @@ class CoreReader {
         if (!alias)
             in_.fail();
         auto table = std::make_shared<Table>();
-        for (const SelectColumn& column : select.columns)
-            table->columns.push_back({.name = column.name, .type = {.kind = column.kind}});
+        for (const SelectColumn& column : select.columns) {
+            table->columns.push_back({.name = column.name, .type = column.type});
+            table->columns.back().type.kind = column.kind;
+        }
         core_.scope.sources.push_back({*alias, table});
         return "(" + select.sql + ") AS " + QuotedName(*alias);
     }
@@ -217,18 +219,18 @@ class CoreReader {
 
     void addAll(const Source& source) {
         for (const TableColumn& column : source.table->columns) {
-            core_.columns.push_back({column.name, source.table->name, column.type.kind});
+            core_.columns.push_back({column.name, source.table->name, column.type.kind, column.type});
             core_.aliased.push_back(false);
             core_.items.push_back(QuotedName(source.name) + "." + QuotedName(column.name));
             named_.push_back({core_.items.back()});
         }
     }
 
-    /// Texts without a collation of their own are given one, so that Distinct, Union and Order By treat them as texts.
+    /// Gives a collation to a text without one, so that Distinct, Union and Order By treat it as a text.
     std::string addItem(const Expression& value, const std::optional<std::string>& alias) {
         const bool column = value.form == Expression::Form::Column;
         const std::string name = alias.value_or(column ? value.name : std::string());
-        core_.columns.push_back({name, value.table, value.kind});
+        core_.columns.push_back({name, value.table, value.kind, value.type});
         core_.aliased.push_back(alias.has_value());
         core_.items.push_back(Collated(value));
         return core_.items.back() + (name.empty() ? "" : " AS " + QuotedName(name));
@@ -236,7 +238,7 @@ class CoreReader {
 
     std::string readConditions() {
         std::string sql;
-        // What an aggregate does here SQLite refuses itself.
+        // SQLite itself refuses an aggregate in Where, so one found there does not count.
         const bool aggregated = grouping_.aggregated;
         if (in_.acceptWord("where"))
             sql += " WHERE " + ReadCondition(context_).sql;
@@ -256,10 +258,15 @@ class CoreReader {
             grouping_.aggregated = true;
             const Expression having = ReadCondition(context_);
             RequireGrouped(core_.grouped, grouping_.columns, having.sql, {8121, "HAVING clause"});
-            // SQLite wants a query that is one group to have an aggregate.
-            sql += " HAVING " + having.sql + (core_.grouped.empty() ? " AND count(*) >= 0" : "");
+            sql += " HAVING " + having.sql;
+            isOneGroup_ = core_.grouped.empty() && !aggregated;
         }
         return sql;
+    }
+
+    /// Wraps a query that is one group by its Having alone, because SQLite wants an aggregate in its list.
+    [[nodiscard]] std::string wholeGroup(const std::string& rest) const {
+        return isOneGroup_ ? " FROM (SELECT count(*)" + rest + ")" : rest;
     }
 
     void requireGrouped() {
@@ -272,6 +279,7 @@ class CoreReader {
     Context context_;
     SelectCore core_;
     Grouping grouping_;
+    bool isOneGroup_ = false;                      ///< By Having, without an aggregate in the list.
     std::vector<std::vector<std::string>> named_;  ///< By each item of the list, outside of aggregates.
 };
 

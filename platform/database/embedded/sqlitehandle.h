@@ -16,14 +16,14 @@ struct FinalizeStatement {
 using DatabaseHandle = std::unique_ptr<sqlite3, CloseDatabase>;
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// Null when the text does not compile; the database then holds the error.
+/// Returns null when the text does not compile. The database then holds the error.
 inline StatementHandle Prepare(sqlite3* database, std::string_view sql, unsigned flags = 0) {
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v3(database, sql.data(), static_cast<int>(sql.size()), flags, &statement, nullptr);
     return StatementHandle(statement);
 }
 
-/// The text of a column of the current row, "" for null.
+/// Returns the text of a column in the current row, "" for null.
 inline std::string_view ColumnText(sqlite3_stmt* statement, int column) {
     const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
     return bytes ? std::string_view(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)))

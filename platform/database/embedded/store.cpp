@@ -37,7 +37,8 @@ Limits limitsOf(const SqlType& type) {
 Cell wholeNumber(double number, const SqlType& type) {
     const Limits limits = limitsOf(type);
     const double whole = std::trunc(number);
-    if (whole >= static_cast<double>(limits.lowest) && whole <= static_cast<double>(limits.highest))
+    // The highest bigint is no double, but the whole number after it is one.
+    if (whole >= static_cast<double>(limits.lowest) && whole < static_cast<double>(limits.highest) + 1)
         return static_cast<qint64>(whole);
     if (type.name == "smallint" || type.name == "tinyint")
         throw DatabaseError(220, QStringLiteral("Arithmetic overflow error for data type %1, value = %2.")
@@ -55,8 +56,11 @@ std::string_view trimmed(std::string_view text) {
 
 template <typename Number>
 bool readWhole(std::string_view text, Number& number) {
-    if (!text.empty() && text.front() == '+')
+    if (!text.empty() && text.front() == '+') {
         text.remove_prefix(1);
+        if (text.starts_with('-'))
+            return false;
+    }
     const std::size_t first = text.find_first_not_of("-.");
     if (first == std::string_view::npos || text[first] < '0' || text[first] > '9')
         return false;
@@ -64,7 +68,7 @@ bool readWhole(std::string_view text, Number& number) {
     return read.ec == std::errc() && read.ptr == text.data() + text.size();
 }
 
-/// Money is read with its sign and the commas between thousands.
+/// Returns the text of an amount of money without its currency sign and without the commas between thousands.
 std::string withoutCurrency(const std::string& text) {
     std::string plain;
     std::copy_if(text.begin(), text.end(), std::back_inserter(plain), [](char c) { return c != ','; });
@@ -177,7 +181,7 @@ Cell StoredCell(const Table& table, const TableColumn& column, Cell value) {
 }
 
 double RoundedNumber(double number, int decimals) {
-    // What a decimal half may lack in binary.
+    // A half in decimal digits may lack this much in binary.
     constexpr double slack = 1e-9;
     const double factor = std::pow(10.0, decimals);
     return std::copysign(std::floor(std::fabs(number) * factor + 0.5 + slack) / factor, number);

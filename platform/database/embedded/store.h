@@ -13,19 +13,23 @@ using Cell = std::variant<std::monostate, qint64, double, std::string>;
 
 Cell ToCell(const Value& value);
 
-/// What the column keeps of a value, as the server converts it: date-times in their stored form, "" as 0 or 1900-01-01,
-/// numbers cut to whole ones, texts without the blanks beyond the column's length. Throws DatabaseError 2628 for a text
-/// that is too long, 241 for no date, 245 for a text that is no number, 220 or 8115 for a number out of range.
+/// Returns the value as the column keeps it, converted as on the server: date-times in their stored form, "" as 0 or
+/// 1900-01-01, numbers cut to whole ones, texts without the blanks beyond the column's length. Throws DatabaseError
+/// 2628 for a text that is too long, 241 for a text that is no date, 245 (8114 for a real) for a text that is no
+/// number, and 220 or 8115 for a number out of range.
 Cell StoredCell(const Table& table, const TableColumn& column, Cell value);
 
-/// To the decimals, a half away from zero as its decimal digits tell, though no binary number holds it exactly.
+/// Returns the number rounded to that many decimals. A half is rounded away from zero, judged by the decimal digits,
+/// although a binary number may not hold the half exactly.
 double RoundedNumber(double number, int decimals);
 
-/// A text as a number of that kind, "" being 0. Throws 245 (or 8114 for a real).
+/// Reads a text as a number of that type. "" is 0. Throws 245 (8114 for a real) for a text that is no number, and 220
+/// or 8115 for one out of range.
 Cell NumberFromText(const std::string& text, const SqlType& type);
-/// Throws 241 for what is no date.
+/// Returns the stored form of the date in a text. Throws 241 for a text that is no date.
 std::string DateTimeFromText(const std::string& text);
-/// Days since 1900-01-01, the fraction being the time.
+/// Returns the stored form of a number of days since 1900-01-01. The fraction is the time of day. Throws 8115 for a day
+/// out of range.
 std::string DateTimeFromNumber(double days);
 
 }  // namespace db::embedded

@@ -1,6 +1,7 @@
 #include "platform/database/embedded/textfunctions.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/database/embedded/functioncall.h"
 #include "platform/database/embedded/like.h"
@@ -27,6 +28,15 @@ qint64 lengthGiven(const FunctionCall& call, int i) {
     return length;
 }
 
+/// Returns the sign that stands for a whole number in a text without room for it. A text of Unicode is error 8115.
+QString tooShortFor(const FunctionCall& call) {
+    const QString type = call.count() > 2 ? textOf(call, 2) : QString();
+    if (type.startsWith(u'n'))
+        throw DatabaseError(
+            8115, QStringLiteral("Arithmetic overflow error converting expression to data type %1.").arg(type));
+    return QStringLiteral("*");
+}
+
 }  // namespace
 
 void Length(const FunctionCall& call) {
@@ -51,7 +61,7 @@ void Right(const FunctionCall& call) {
     give(call, textOf(call, 0).right(call.integer(1)));
 }
 
-/// A start before the text shortens the length.
+/// A start before the text shortens the result.
 void Substring(const FunctionCall& call) {
     const qint64 start = call.integer(1) - 1;
     const qint64 end = start + lengthGiven(call, 2);
@@ -65,7 +75,7 @@ void CharIndex(const FunctionCall& call) {
     call.give(qint64{sought.isEmpty() ? 0 : textOf(call, 1).indexOf(sought, from, Qt::CaseInsensitive) + 1});
 }
 
-/// Where the pattern matches first; it finds the start of the text unless it begins with %.
+/// Gives the place of the first match. A pattern that does not begin with % only matches at the start of the text.
 void PatIndex(const FunctionCall& call) {
     std::string pattern(call.text(0));
     const bool anywhere = !pattern.empty() && pattern.front() == '%';
@@ -91,7 +101,7 @@ void Replace(const FunctionCall& call) {
     give(call, sought.isEmpty() ? text : QString(text).replace(sought, textOf(call, 2), Qt::CaseInsensitive));
 }
 
-/// Null where the place is outside of the text; what is put in may be null and then is nothing.
+/// Gives null where the place is outside the text. A null in place of the new text counts as empty.
 void Stuff(const FunctionCall& call) {
     if (call.isNull(0) || call.isNull(1) || call.isNull(2))
         return;
@@ -104,7 +114,7 @@ void Stuff(const FunctionCall& call) {
 }
 
 void Replicate(const FunctionCall& call) {
-    // As much as the server's plain texts hold.
+    // The server's plain texts hold this many characters.
     constexpr qint64 longest = 8000;
     const QString text = textOf(call, 0);
     if (call.integer(1) < 0)
@@ -120,9 +130,8 @@ void Reverse(const FunctionCall& call) {
 }
 
 void Character(const FunctionCall& call) {
-    constexpr qint64 last = 0xFFFF;
     const qint64 code = call.integer(0);
-    if (code >= 0 && code <= last)
+    if (code >= 0 && code <= call.integer(1))
         give(call, QString(QChar(static_cast<char16_t>(code))));
 }
 
@@ -133,8 +142,10 @@ void CodeOf(const FunctionCall& call) {
 }
 
 void CastText(const FunctionCall& call) {
-    const QString text = call.type(0) == SQLITE_FLOAT ? NumberText(call.real(0)) : textOf(call, 0);
+    QString text = call.type(0) == SQLITE_FLOAT ? NumberText(call.real(0)) : textOf(call, 0);
     const auto length = static_cast<qsizetype>(call.integer(1));
+    if (call.type(0) == SQLITE_INTEGER && length != 0 && text.size() > std::abs(length))
+        text = tooShortFor(call);
     give(call, length == 0 ? text : length > 0 ? text.left(length) : text.left(-length).leftJustified(-length));
 }
 

@@ -23,8 +23,8 @@ constexpr std::array<unsigned char, asciiEnd> makeLowerAscii() {
 }
 constexpr std::array<unsigned char, asciiEnd> lowerAscii = makeLowerAscii();
 
-/// The place of each ASCII character: what steers, the blank, marks in the order of Unicode's collation, digits,
-/// letters without their case.
+/// Makes the place of each ASCII character: control characters, the blank, marks in the order of Unicode's collation,
+/// digits, letters without their case.
 constexpr std::array<unsigned char, asciiEnd> makeAsciiPlaces() {
     constexpr std::string_view marks = " _-,;:!?.'\"()[]{}@*/\\&#%`^+<=>|~$";
     std::array<unsigned char, asciiEnd> places{};
@@ -44,7 +44,8 @@ constexpr std::array<unsigned char, asciiEnd> makeAsciiPlaces() {
 }
 constexpr std::array<unsigned char, asciiEnd> asciiPlaces = makeAsciiPlaces();
 
-/// Marks beyond ASCII stand between its marks and the digits, letters beyond the Latin ones behind z.
+/// Returns the place of a character. Marks beyond ASCII stand between the ASCII marks and the digits, letters beyond
+/// the Latin ones after z.
 char32_t placeOf(char32_t character) {
     constexpr char32_t beyondMarks = 0x200000;
     if (character < asciiEnd) {
@@ -55,7 +56,7 @@ char32_t placeOf(char32_t character) {
     return mark ? asciiEnd + character : beyondMarks + asciiEnd + character;
 }
 
-/// The letters that a folded character stands for in the order, two for a ligature, else itself.
+/// The letters that a folded character stands for in the order: two for a ligature, otherwise the character itself.
 struct Bases {
     char32_t first;
     char32_t second;  ///< 0 where there is none.
@@ -99,7 +100,7 @@ Bases basesOf(char32_t folded) {
     }
 }
 
-/// A text letter by letter, ligatures taken apart.
+/// Reads a text letter by letter. Ligatures are taken apart.
 class BaseReader {
   public:
     explicit BaseReader(std::string_view text) : rest_(text) {}
@@ -115,7 +116,7 @@ class BaseReader {
         return bases.first;
     }
 
-    /// The character that the letter taken last came from.
+    /// Returns the character from which the last letter came.
     [[nodiscard]] char32_t written() const { return written_; }
 
   private:
@@ -141,7 +142,7 @@ int compareBeyondAscii(std::string_view a, std::string_view b) {
     return accents;
 }
 
-/// True for the very texts that IsoText makes, which sort as bytes.
+/// Whether the text has the exact form that IsoText makes. Such texts sort as bytes.
 bool isStoredForm(std::string_view text) {
     constexpr std::size_t day = 10;
     constexpr std::size_t second = 19;

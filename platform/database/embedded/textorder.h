@@ -5,24 +5,25 @@
 
 namespace db::embedded {
 
-/// The character at the start of a UTF-8 text, taken off it; a broken byte is U+FFFD.
+/// Takes the first character off a UTF-8 text and returns it. A broken byte is U+FFFD.
 char32_t TakeCharacter(std::string_view& utf8);
 void AppendCharacter(std::string& utf8, char32_t character);
-/// In lower case.
+/// Returns the character in lower case.
 char32_t FoldCharacter(char32_t character);
 
 std::string_view WithoutTrailingBlanks(std::string_view text);
 
-/// The server's default order of texts, less than, equal to or greater than 0: marks before digits before letters; the
-/// case of letters and trailing blanks do not count; accents do, but only between words that are otherwise the same, so
-/// that "Étienne" stands beside "Etienne" and is not it. Indexes are kept in this order: who changes it raises
-/// TextOrderVersion.
+/// Compares two texts in the server's default order; the result is below, equal to or above 0. Marks come before digits
+/// and digits before letters. The case of letters and trailing blanks do not count. Accents count only between words
+/// that are otherwise the same, so that "Étienne" stands beside "Etienne" and is not equal to it. Indexes are kept in
+/// this order: whoever changes it raises TextOrderVersion.
 int CompareTexts(std::string_view a, std::string_view b);
 
-/// Of the order that the indexes of a file were made by; a file of an older one has them made anew when it is opened.
+/// The version of the order by which the indexes of a file are made. A file with an older version has its indexes made
+/// anew when it is opened.
 inline constexpr int TextOrderVersion = 1;
 
-/// Date-times in whatever form they are written, as moments; what is no date stands as text among them.
+/// Compares two date-times as moments, whatever form they are written in. A text that is no date is compared as a text.
 int CompareDateTimes(std::string_view a, std::string_view b);
 
 }  // namespace db::embedded

@@ -53,11 +53,18 @@ class Cutter {
         return false;
     }
 
+    /// A comment may contain comments.
     void skipComment() {
-        const std::size_t end = text_.find("*/", at_ + 2);
-        if (end == std::string_view::npos)
-            throw DatabaseError(113, QStringLiteral("Missing end comment mark '*/'."));
-        at_ = end + 2;
+        int depth = 0;
+        do {
+            const std::string_view mark = text_.substr(at_, 2);
+            if (mark.empty())
+                throw DatabaseError(113, QStringLiteral("Missing end comment mark '*/'."));
+            const bool opens = mark == "/*";
+            const bool closes = mark == "*/";
+            depth += opens ? 1 : closes ? -1 : 0;
+            at_ += opens || closes ? 2 : 1;
+        } while (depth > 0);
     }
 
     Token take() {
@@ -110,6 +117,9 @@ class Cutter {
                 ++at_;
         };
         digits();
+        // A binary literal would otherwise be a 0 with a name.
+        if (at_ - start == 1 && text_[start] == '0' && (at() == 'x' || at() == 'X'))
+            failNear(text_.substr(start, 2));
         if (at() == '.') {
             ++at_;
             digits();
@@ -145,7 +155,7 @@ class Cutter {
     std::vector<Token> tokens_;
 };
 
-/// Words that end or join what stands before them, and so cannot be a name without brackets.
+/// Words that end or join the parts of a statement, so that they cannot be a name without brackets.
 bool isReserved(std::string_view word) {
     static constexpr std::array<std::string_view, 71> reserved = {
         "add",    "all",      "alter",  "and",       "as",         "asc",    "begin",    "between", "by",

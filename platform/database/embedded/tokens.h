@@ -18,12 +18,12 @@ enum class TokenKind {
 
 struct Token {
     TokenKind kind = TokenKind::End;
-    std::string text;  ///< Without its quotes or brackets, doubled ones made single.
-    int place = 0;     ///< Of a parameter: 1 for the first in the statement.
+    std::string text;  ///< Without quotes or brackets; doubled ones inside are single.
+    int place = 0;     ///< The place of a parameter: 1 for the first in the statement.
 };
 
-/// Cuts a statement into tokens, the last of them End; comments fall away. Throws DatabaseError 105 for a quote or
-/// bracket that is not closed, 113 for such a comment and 102 for a character that begins nothing.
+/// Cuts a statement into tokens, of which the last is End. Comments are left out. Throws DatabaseError 105 for a quote
+/// or bracket that is not closed, 113 for a comment that is not closed and 102 for a character that begins no token.
 std::vector<Token> Tokenise(std::string_view statement);
 
 /// Reads the tokens of one statement in turn.
@@ -37,19 +37,19 @@ class TokenReader {
     [[nodiscard]] bool atEnd() const { return peek().kind == TokenKind::End; }
 
     Token next();
-    /// Takes the token if it is the one asked for.
+    /// Takes the next token if it is the one asked for, and returns whether it was.
     bool acceptWord(std::string_view word);
     bool acceptOperator(std::string_view op);
-    /// Takes the token asked for, or fails with 102.
+    /// Takes the token asked for. Throws 102 for any other.
     void expectWord(std::string_view word);
     void expectOperator(std::string_view op);
-    /// A name, in whatever quotes; a reserved word is none.
+    /// Takes a name, in quotes or without. Throws 102 for anything else, also for a reserved word without quotes.
     std::string expectName();
     [[nodiscard]] bool atName() const;
-    /// Past the closing parenthesis of the one just taken.
+    /// Moves past the parenthesis that closes the one just taken.
     void skipParentheses();
 
-    /// Throws 102 "Incorrect syntax near ..." for the token ahead.
+    /// Throws 102 "Incorrect syntax near ..." for the next token.
     [[noreturn]] void fail() const;
 
     [[nodiscard]] std::size_t position() const { return position_; }

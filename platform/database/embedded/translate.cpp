@@ -18,7 +18,7 @@ void readRows(Context& context, Translation& translation) {
     }
 }
 
-/// False when the statement begins with none of the words.
+/// Returns false when the statement begins with none of these words.
 bool readWrite(Context& context, Translation& translation) {
     translation.kind = Translation::Kind::Write;
     if (context.in.acceptWord("insert"))

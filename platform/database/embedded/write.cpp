@@ -22,7 +22,7 @@ const TableColumn& requireColumn(const Table& table, const std::string& name) {
     return *column;
 }
 
-/// A value of the column's own type needs no conversion when the statement runs.
+/// Whether the value has the column's own type, so that it needs no conversion when the statement runs.
 bool fitsAsItStands(const TableColumn& column, const Expression& value) {
     switch (column.type.kind) {
         case Kind::Text:
@@ -95,30 +95,56 @@ std::vector<const TableColumn*> readTargets(Context& context, const Table& table
     return columns;
 }
 
-void checkCount(std::size_t columns, std::size_t values) {
-    if (values < columns)
-        throw DatabaseError(
-            109,
-            QStringLiteral(
-                "There are more columns in the INSERT statement than values specified in the VALUES clause. The number of values in the VALUES clause must match the number of columns specified in the INSERT statement."));
-    if (values > columns)
-        throw DatabaseError(
-            110,
-            QStringLiteral(
-                "There are fewer columns in the INSERT statement than values specified in the VALUES clause. The number of values in the VALUES clause must match the number of columns specified in the INSERT statement."));
+/// The error of an Insert that gives another number of values than there are columns.
+struct CountFault {
+    int number;
+    const char* sentence;
+};
+
+void checkCount(std::size_t columns, std::size_t values, bool listed, const CountFault& fewer, const CountFault& more) {
+    if (values == columns)
+        return;
+    const CountFault unlisted{213, "Column name or number of supplied values does not match table definition."};
+    const CountFault& fault = !listed ? unlisted : values < columns ? fewer : more;
+    throw DatabaseError(fault.number, QString::fromLatin1(fault.sentence));
 }
 
-std::string readRow(Context& context, const TableHandle& table, const std::vector<const TableColumn*>& columns) {
+void checkValues(std::size_t columns, std::size_t values, bool listed) {
+    checkCount(
+        columns, values, listed,
+        {109,
+         "There are more columns in the INSERT statement than values specified in the VALUES clause. The number of values in the VALUES clause must match the number of columns specified in the INSERT statement."},
+        {110,
+         "There are fewer columns in the INSERT statement than values specified in the VALUES clause. The number of values in the VALUES clause must match the number of columns specified in the INSERT statement."});
+}
+
+void checkSelected(std::size_t columns, std::size_t values, bool listed) {
+    checkCount(
+        columns, values, listed,
+        {120,
+         "The select list for the INSERT statement contains fewer items than the insert list. The number of SELECT values must match the number of INSERT columns."},
+        {121,
+         "The select list for the INSERT statement contains more items than the insert list. The number of SELECT values must match the number of INSERT columns."});
+}
+
+/// The table and columns that an Insert writes to.
+struct Target {
+    TableHandle table;
+    std::vector<const TableColumn*> columns;
+    bool listed;  ///< By the statement.
+};
+
+std::string readRow(Context& context, const Target& target) {
     context.in.expectOperator("(");
     std::vector<Expression> values;
     do
         values.push_back(ReadExpression(context));
     while (context.in.acceptOperator(","));
     context.in.expectOperator(")");
-    checkCount(columns.size(), values.size());
+    checkValues(target.columns.size(), values.size(), target.listed);
     std::string list;
     for (std::size_t i = 0; i < values.size(); ++i)
-        AppendToList(list, storedValue(context, table, *columns[i], values[i]));
+        AppendToList(list, storedValue(context, target.table, *target.columns[i], values[i]));
     return "(" + list + ")";
 }
 
@@ -129,10 +155,12 @@ std::string nameList(const std::vector<const TableColumn*>& columns) {
     return " (" + list + ")";
 }
 
-/// Insert ... Select: the rows come under names of their own, so that each value can be converted for its column.
-std::string insertedRows(Context& context, const Table& table, const std::vector<const TableColumn*>& columns) {
+/// Insert ... Select gives the rows names of their own, so that each value can be converted for its column.
+std::string insertedRows(Context& context, const Target& target) {
+    const Table& table = *target.table;
+    const std::vector<const TableColumn*>& columns = target.columns;
     const SelectText select = ReadSelect(context);
-    checkCount(columns.size(), select.columns.size());
+    checkSelected(columns.size(), select.columns.size(), target.listed);
     std::string names;
     std::string values;
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -161,7 +189,7 @@ std::string StoredLiteral(const Table& table, const TableColumn& column, const E
         else
             cell = std::strtod(literal.name.c_str(), nullptr);
     }
-    // A number keeps its digits in a text.
+    // A number that is stored in a text keeps its digits.
     if (literal.form == Form::Number && column.type.kind == Kind::Text)
         cell = literal.name;
     cell = StoredCell(table, column, std::move(cell));
@@ -177,18 +205,18 @@ std::string ReadInsert(Context& context) {
     in.acceptWord("into");
     const TableHandle table = context.catalog.table(ReadTableName(in));
     const bool listed = in.atOperator("(") && !in.atWord("select", 1);
-    const auto columns = readTargets(context, *table);
+    const Target target{table, readTargets(context, *table), listed};
     if (in.atWord("select"))
-        return insertedRows(context, *table, columns);
+        return insertedRows(context, target);
     if (!listed && in.acceptWord("default")) {
         in.expectWord("values");
         return "INSERT INTO " + QuotedName(table->name) + " DEFAULT VALUES";
     }
     in.expectWord("values");
-    std::string sql = "INSERT INTO " + QuotedName(table->name) + nameList(columns) + " VALUES ";
-    sql += readRow(context, table, columns);
+    std::string sql = "INSERT INTO " + QuotedName(table->name) + nameList(target.columns) + " VALUES ";
+    sql += readRow(context, target);
     while (in.acceptOperator(","))
-        sql.append(", ").append(readRow(context, table, columns));
+        sql.append(", ").append(readRow(context, target));
     return sql;
 }
 

@@ -4,13 +4,14 @@
 
 namespace db::embedded {
 
-/// From behind the statement's first word. What is written is converted to the column's type and checked: literals
-/// here, bound values when they are bound (BoundPlace), anything else by svs_store when the statement runs.
+/// These routines read a statement from behind its first word and return it for SQLite. Written values are converted to
+/// the column's type and checked: literals are converted here, bound values when they are bound (BoundPlace), and all
+/// others by svs_store when the statement runs.
 std::string ReadInsert(Context& context);
 std::string ReadUpdate(Context& context);
 std::string ReadDelete(Context& context);
 
-/// A literal as the column stores it, for SQLite.
+/// Returns the SQLite text of a literal as the column stores it.
 std::string StoredLiteral(const Table& table, const TableColumn& column, const Expression& literal);
 
 }  // namespace db::embedded

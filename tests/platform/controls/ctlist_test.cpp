@@ -7,8 +7,11 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 namespace {
 
@@ -26,9 +29,9 @@ class ListTest : public testing::Test {
     }
 
     void addTasks() {
-        list.AddRow(QStringLiteral("0;Call the bank;High"), 11);
-        list.AddRow(QStringLiteral("1;Answer letters;Low"), 12);
-        list.AddRow(QStringLiteral("0;Carry files;Urgent"), 13);
+        list.AddRow({QStringLiteral("0"), QStringLiteral("Call the bank"), QStringLiteral("High")}, 11);
+        list.AddRow({QStringLiteral("1"), QStringLiteral("Answer letters"), QStringLiteral("Low")}, 12);
+        list.AddRow({QStringLiteral("0"), QStringLiteral("Carry files"), QStringLiteral("Urgent")}, 13);
     }
 
     QPoint centreOf(int row, int column) const {
@@ -47,12 +50,35 @@ class ListTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(ListTest, ARowIsCutIntoItsCells) {
+TEST_F(ListTest, ARowHasItsCells) {
     addTasks();
     EXPECT_EQ(list.RowCount(), 3);
     EXPECT_EQ(list.Cell(0, Task), QStringLiteral("Call the bank"));
     EXPECT_EQ(list.Cell(2, Priority), QStringLiteral("Urgent"));
-    EXPECT_EQ(list.RowText(1), QStringLiteral("1;Answer letters;Low"));
+    EXPECT_EQ(list.Cells(1).join(u';'), QStringLiteral("1;Answer letters;Low"));
+}
+
+TEST_F(ListTest, ACellShowsEverySignThatItHolds) {
+    list.AddRow({QStringLiteral("1"), QStringLiteral("Call; write | wait"), QStringLiteral("High;")});
+    list.AddRow({QStringLiteral("0;1"), QStringLiteral("Other")});
+    list.SetCell(1, Priority, QStringLiteral("a;b"));
+    EXPECT_EQ(list.ShownCells(0), (QStringList{"1", "Call; write | wait", "High;"}));
+    EXPECT_EQ(list.model()->index(0, Task - 1).data().toString(), QStringLiteral("Call; write | wait"));
+    EXPECT_EQ(list.ShownCells(1), (QStringList{"0;1", "Other", "a;b"}));
+    EXPECT_FALSE(list.Checked(1, Done)) << "That is no number.";
+    list.SelectRow(0);
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Call; write | wait\tHigh;"));
+}
+
+TEST_F(ListTest, ACellOfSeveralLinesIsShownReadAndCopiedInOne) {
+    list.AddRow({QStringLiteral("0"), QStringLiteral("Call\r\nthe\tbank\n"), QStringLiteral("High")});
+    EXPECT_EQ(list.ShownCell(0, Task), QStringLiteral("Call the bank "));
+    EXPECT_EQ(list.model()->index(0, Task - 1).data(Qt::AccessibleTextRole).toString(), list.ShownCell(0, Task));
+    EXPECT_EQ(list.Cell(0, Task), QStringLiteral("Call\r\nthe\tbank\n"));
+    list.SelectRow(0);
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Call the bank \tHigh"));
 }
 
 TEST_F(ListTest, WithoutHeadingsAFixedColumnLeavesHalfOfANarrowListToTheOthers) {
@@ -69,18 +95,19 @@ TEST_F(ListTest, WithoutHeadingsAFixedColumnLeavesHalfOfANarrowListToTheOthers) 
     EXPECT_EQ(list.header()->sectionSize(0), wanted);
 }
 
-TEST_F(ListTest, MissingCellsAreEmptyAndSpareOnesAreKeptInTheText) {
-    list.AddRow(QStringLiteral("0;Alone"));
+TEST_F(ListTest, MissingCellsAreEmptyAndSpareOnesAreKept) {
+    list.AddRow({QStringLiteral("0"), QStringLiteral("Alone")});
     EXPECT_EQ(list.Cell(0, Priority), QString());
-    list.AddRow(QStringLiteral("0;a;b;c;d"));
+    list.AddRow(
+        {QStringLiteral("0"), QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")});
     EXPECT_EQ(list.Cell(1, Priority), QStringLiteral("b"));
-    EXPECT_EQ(list.RowText(1), QStringLiteral("0;a;b;c;d"));
+    EXPECT_EQ(list.Cells(1).join(u';'), QStringLiteral("0;a;b;c;d"));
 }
 
 TEST_F(ListTest, SettingACellPastTheEndOfARowFillsTheGap) {
-    list.AddRow(QStringLiteral("0"));
+    list.AddRow({QStringLiteral("0")});
     list.SetCell(0, Priority, QStringLiteral("Low"));
-    EXPECT_EQ(list.RowText(0), QStringLiteral("0;;Low"));
+    EXPECT_EQ(list.Cells(0).join(u';'), QStringLiteral("0;;Low"));
     EXPECT_EQ(list.Cell(0, Task), QString());
 }
 
@@ -206,7 +233,7 @@ TEST_F(ListTest, ShiftAndSpaceFlipTheSecondBoxWhereThereIsOne) {
     list.SetColumns({{QStringLiteral("In"), ListColumn::Kind::Check},
                      {QStringLiteral("Name")},
                      {QStringLiteral("Came"), ListColumn::Kind::Check}});
-    list.AddRow(QStringLiteral("1;Ann;0"));
+    list.AddRow({QStringLiteral("1"), QStringLiteral("Ann"), QStringLiteral("0")});
     show();
     list.SelectRow(0);
     QTest::keyClick(&list, Qt::Key_Space, Qt::ShiftModifier);
@@ -295,8 +322,8 @@ TEST_F(ListTest, RowsKeepTheirOrderUntilSortingIsAllowed) {
 }
 
 TEST_F(ListTest, SortingReadsNumbersAsNumbers) {
-    for (const char* text : {"0;Room 10", "0;Room 9", "0;room 1"})
-        list.AddRow(QString::fromLatin1(text));
+    for (const char* text : {"Room 10", "Room 9", "room 1"})
+        list.AddRow({QStringLiteral("0"), QString::fromLatin1(text)});
     list.SetSortable(true);
     list.sortByColumn(Task - 1, Qt::AscendingOrder);
     EXPECT_EQ(list.Cell(0, Task), QStringLiteral("room 1"));
@@ -325,8 +352,8 @@ TEST_F(ListTest, WhatNamesAPatientIsHiddenInTheListTheCopyAndForTheScreenReader)
     show();
     list.NameCell(0, Task);
     list.SetNamesHidden(true);
-    EXPECT_EQ(list.ShownRowText(0), QStringLiteral("0;(hidden);High"));
-    EXPECT_EQ(list.RowText(0), QStringLiteral("0;Call the bank;High"));
+    EXPECT_EQ(list.ShownCells(0).join(u';'), QStringLiteral("0;(hidden);High"));
+    EXPECT_EQ(list.Cells(0).join(u';'), QStringLiteral("0;Call the bank;High"));
     EXPECT_EQ(list.ShownCell(1, Task), QStringLiteral("Answer letters"));
     EXPECT_EQ(list.model()->index(0, Task - 1).data(Qt::DisplayRole).toString(), QStringLiteral("(hidden)"));
     QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&list);
@@ -353,9 +380,21 @@ TEST_F(ListTest, AScreenReaderReadsCellsAndCheckBoxes) {
 TEST_F(ListTest, AHundredThousandRowsAreAllThereAndTheLastCanBeReached) {
     constexpr int Many = 100000;
     for (int i = 0; i < Many; ++i)
-        list.AddRow(QStringLiteral("0;Patient %1;Low").arg(i), i);
+        list.AddRow({QStringLiteral("0"), QStringLiteral("Patient %1").arg(i), QStringLiteral("Low")}, i);
     show();
     list.SelectRow(Many - 1);
     EXPECT_EQ(list.FindItemData(Many - 1), Many - 1);
     EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.model()->index(Many - 1, 1))));
+}
+
+TEST_F(ListTest, WhatDoesNotFitIsTippedAsItStandsItsMarkupToo) {
+    list.AddRow({QStringLiteral("0"), QStringLiteral("Call"),
+                 QStringLiteral("<b>Urgent</b> <img src='/etc/hosts'> and more than fits")});
+    show();
+    const QPoint place = centreOf(0, Priority);
+    QHelpEvent help(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list.viewport(), &help);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(),
+              "<b>Urgent</b> <img src='/etc/hosts'> and more than fits");
+    QToolTip::hideText();
 }

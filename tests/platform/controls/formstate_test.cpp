@@ -18,7 +18,7 @@ class FormStateTest : public testing::Test {
   protected:
     FormStateTest() {
         list->SetColumns({{QStringLiteral("Here"), ListColumn::Kind::Check, 4}, {QStringLiteral("Name")}});
-        list->AddRow(QStringLiteral("1;Abel"));
+        list->AddRow({QStringLiteral("1"), QStringLiteral("Abel")});
         combo->addItems({QStringLiteral("one"), QStringLiteral("two")});
         several->setSelectionMode(QAbstractItemView::MultiSelection);
         several->addItems({QStringLiteral("Reed"), QStringLiteral("Lane")});

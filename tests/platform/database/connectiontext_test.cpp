@@ -87,3 +87,43 @@ TEST(ConnectionText, ABraceInAPasswordIsWrittenAsTheDriverReadsIt) {
     EXPECT_TRUE(serverText(text, {"ODBC Driver 18 for SQL Server"}).endsWith("PWD={a}}b};"));
     EXPECT_THROW(static_cast<void>(serverText("Data Source=h;Password=\"a};SERVER=b\"")), db::DatabaseError);
 }
+
+TEST(ConnectionText, EverySynonymMeansItsKeyword) {
+    for (const char* name : {"Data Source", "Server", "ADDRESS", "network  address"})
+        EXPECT_EQ(ParseConnectionText(QString::fromUtf8(name) + "=h")["data source"], "h") << name;
+    for (const char* name : {"User Id", "User", "uid"})
+        EXPECT_EQ(ParseConnectionText(QString::fromUtf8(name) + "=u")["user id"], "u") << name;
+    EXPECT_EQ(ParseConnectionText("Driver=x")["driver"], "x");
+}
+
+TEST(ConnectionText, TheLastOfSeveralValuesOfAKeywordIsTaken) {
+    EXPECT_EQ(ParseConnectionText("Server=a;Data Source=b")["data source"], "b");
+}
+
+TEST(ConnectionText, AValueEndsWithTheTextWhereNothingClosesIt) {
+    EXPECT_EQ(ParseConnectionText("Password='a;b")["password"], "a;b");
+    EXPECT_EQ(ParseConnectionText("Password=  a b  ")["password"], "a b");
+    EXPECT_EQ(ParseConnectionText("Password=")["password"], "");
+    EXPECT_EQ(ParseConnectionText("Password=a=b;User=u")["password"], "a=b");
+    EXPECT_EQ(ParseConnectionText("Password=it's;User=u")["password"], "it's");
+}
+
+TEST(ConnectionText, TheFolderOfTheProgramIsAPoint) {
+    EXPECT_EQ(EmbeddedFile(ParseConnectionText("Data Source=.;Initial Catalog=Solvane")), "./Solvane.db");
+    EXPECT_EQ(EmbeddedFile(ParseConnectionText("Data Source=data/;Initial Catalog=v1.2")), "data/v1.2");
+    try {
+        static_cast<void>(EmbeddedFile(ParseConnectionText("Data Source=.")));
+        FAIL();
+    } catch (const db::DatabaseError& error) {
+        EXPECT_EQ(error.number, 4060);
+    }
+}
+
+TEST(ConnectionText, TheDriversThatTheTestsUseAreInstalled) {
+    EXPECT_TRUE(db::InstalledOdbcDrivers().contains("SQLite3"));
+    EXPECT_TRUE(db::InstalledOdbcDrivers().contains("FreeTDS"));
+}
+
+TEST(ConnectionText, AnotherDriverForTheServerIsNotMicrosofts) {
+    EXPECT_TRUE(serverText("Data Source=h", {"SQL Server", "ODBC Driver 18 for DB2"}).startsWith("DRIVER={FreeTDS}"));
+}

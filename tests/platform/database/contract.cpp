@@ -55,7 +55,7 @@ void DatabaseContract::SetUp() {
         db::Ignoring([&] { connection_.Execute(QStringLiteral("Drop Table %1").arg(table)); });
     for (const QString& statement : tables(GetParam()))
         connection_.Execute(statement);
-    connection_.Observe([this](const db::Write& write) { writes_.push_back(write); });
+    connection_.Observe([this](const db::Write& write) { writes_.push_back(write); }, db::Told::Statements);
 }
 
 void DatabaseContract::TearDown() {
@@ -70,6 +70,11 @@ int DatabaseContract::addVisit(const QString& text, int start) {
     connection_.Execute(Sql("Insert Into Visits (cappttext, nStartTime) Values ('{}', {})", text, start));
     const Recordset last("Select Max(nkeyid) As k from Visits", connection_);
     return static_cast<int>(last["k"].integer());
+}
+
+void DatabaseContract::observeRows() {
+    writes_.clear();
+    connection_.Observe([this](const db::Write& write) { writes_.push_back(write); });
 }
 
 QString DatabaseContract::textOf(int key) {

@@ -35,6 +35,8 @@ class DatabaseContract : public testing::TestWithParam<EngineKind> {
     /// Adds a visit by a plain statement and answers its key.
     int addVisit(const QString& text, int start = 600);
     [[nodiscard]] QString textOf(int key);
+    /// From now on writes_ gets the rows of each write, too, and nothing of what was before.
+    void observeRows();
     [[nodiscard]] int count(const char* condition = "1 = 1");
 
     QTemporaryDir folder_{TestFolderTemplate()};

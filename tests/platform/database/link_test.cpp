@@ -7,6 +7,7 @@
 #include "contract.h"
 #include "platform/database/connectiontext.h"
 #include "platform/database/transaction.h"
+#include "platform/database/waiting.h"
 #include "serverdouble.h"
 
 using db::Connection;
@@ -37,11 +38,19 @@ class BrokenLink : public testing::Test {
             {QStringLiteral("FreeTDS")});
     }
     QString read() { return Recordset("Select cell from t", connection_)[0].text(); }
+    /// An observer of the rows of a table whose key, the column cell, the server assigns or not.
+    void observeRows(bool isNumbered = false) {
+        server_->answer("sys.columns", {"cell", "nvarchar", "40", "0", isNumbered ? "1" : "0", "0", "1"});
+        connection_.Observe([this](const db::Write& write) { writes_.push_back(write); });
+    }
 
     std::unique_ptr<ServerDouble> server_{new ServerDouble(ServerDouble::answering("0"))};
     QString text_ = textFor(server_->port());
     Connection connection_;
+    std::vector<db::Write> writes_;
 };
+
+constexpr const char* nothingSaved = "The connection to the database broke off. Nothing of it is saved.";
 
 }  // namespace
 
@@ -89,7 +98,7 @@ TEST_F(BrokenLink, ATransactionThatIsCutIsLostWholeAndToldOnce) {
             behind = FailureOf([&] { connection_.Execute("Update t Set a = 3"); });
         });
     });
-    EXPECT_EQ(inside.description, "The connection to the database broke off. Nothing of it is saved.");
+    EXPECT_EQ(inside.description, nothingSaved);
     EXPECT_EQ(behind.number, transactionEnded);
     EXPECT_EQ(error.number, transactionEnded);
     EXPECT_FALSE(server_->received("Update t Set a = 3"));
@@ -146,4 +155,100 @@ TEST_F(BrokenLink, AfterAFaultByWhichTheServerEndedTheTransactionNothingIsStored
     EXPECT_EQ(error.number, transactionEnded);
     EXPECT_FALSE(server_->received("Update t Set a = 2"));
     EXPECT_EQ(connection_.Execute("Update t Set a = 3"), 1);
+}
+
+TEST_F(BrokenLink, TheRowsOfAnObservedWriteAreReadUnderItsLocksBeforeAndAfterIt) {
+    observeRows();
+    connection_.Execute("Update t Set a = 1 Where b = 2");
+    EXPECT_EQ(server_->timesReceived("Select * From t With (UpdLock) Where b = 2 Order By [cell]"), 1);
+    EXPECT_EQ(server_->timesReceived("Select * From t Where ([cell] = "), 1);
+    EXPECT_EQ(server_->timesReceived("Commit Transaction"), 1);
+    ASSERT_EQ(writes_.size(), 1U);
+    EXPECT_TRUE(writes_.front().rowsAreTold);
+}
+
+TEST_F(BrokenLink, AnObservedWriteThatIsCutOnItsWaySavesNothingAndIsNotTold) {
+    for (const char* step : {"Select * From t With (UpdLock) Where b = 1", "Update t Set a = 1 Where b = 2",
+                             "Select * From t Where ([cell]"}) {
+        observeRows();
+        server_->cutAt(step);
+        const QString condition = QString::fromUtf8(step).section(u' ', -1) == QLatin1String("1") ? "1" : "2";
+        const DatabaseError error =
+            FailureOf([&] { connection_.Execute(QStringLiteral("Update t Set a = 1 Where b = ") + condition); });
+        EXPECT_TRUE(db::IsLinkFailure(error)) << step;
+        EXPECT_EQ(error.description, nothingSaved) << step;
+        EXPECT_FALSE(server_->received("Commit Transaction")) << step;
+        EXPECT_TRUE(writes_.empty()) << step;
+        startAnew();
+    }
+}
+
+TEST_F(BrokenLink, AnObservedWriteWhoseCommitIsCutIsNotTold) {
+    observeRows();
+    server_->cutAt("Commit Transaction");
+    const DatabaseError error = FailureOf([&] { connection_.Execute("Update t Set a = 1"); });
+    EXPECT_TRUE(error.description.contains("Look whether the change is there")) << error.what();
+    EXPECT_TRUE(writes_.empty());
+    connection_.Observe({});
+    EXPECT_EQ(connection_.Execute("Update t Set a = 2"), 1);
+}
+
+TEST_F(BrokenLink, ARowThatCannotBeReadIsWrittenAllTheSame) {
+    observeRows();
+    server_->answer("@@TranCount", {"1"});
+    server_->refuse("Select * From t", {229, "The SELECT permission was denied on the object 't'."});
+    EXPECT_EQ(connection_.Execute("Update t Set a = 1"), 1);
+    EXPECT_EQ(server_->timesReceived("Update t Set a = 1"), 1);
+    EXPECT_EQ(server_->timesReceived("Commit Transaction"), 1);
+    ASSERT_EQ(writes_.size(), 1U);
+    EXPECT_EQ(writes_.front().rows, 1);
+    EXPECT_FALSE(writes_.front().rowsAreTold);
+}
+
+TEST_F(BrokenLink, AFaultOfTheConditionByWhichTheServerEndsTheTransactionIsTheWritesOwn) {
+    observeRows();
+    server_->refuse("Select * From t", {245, "Conversion failed when converting a value."});
+    const DatabaseError error = FailureOf([&] { connection_.Execute("Update t Set a = 1 Where b = 'x'"); });
+    EXPECT_EQ(error.number, 245);
+    EXPECT_EQ(error.statement, "Update t Set a = 1 Where b = 'x'");
+    EXPECT_FALSE(server_->received("Update t"));
+    EXPECT_EQ(FailureOf([&] { connection_.BeginTrans(); }).number, 0);
+}
+
+TEST_F(BrokenLink, AWaitForTheRowsThatTheUserGivesUpLeavesThemUnwritten) {
+    struct GivesUp final : db::Waiting {
+        bool GoesOn() override { return false; }
+    };
+    observeRows();
+    server_->answer("@@TranCount", {"1"});
+    server_->refuse("Select * From t", {1222, "Lock request time out period exceeded."});
+    db::ShowWaiting() = [] { return std::make_unique<GivesUp>(); };
+    const DatabaseError error = FailureOf([&] { connection_.Execute("Update t Set a = 1"); });
+    db::ShowWaiting() = {};
+    db::AskAboutWaitsAgain();
+    EXPECT_EQ(error.number, db::GivenUp);
+    EXPECT_FALSE(server_->received("Update t Set a = 1"));
+    EXPECT_TRUE(writes_.empty());
+    EXPECT_EQ(FailureOf([&] { connection_.BeginTrans(); }).number, 0);
+}
+
+TEST_F(BrokenLink, RowsThatAreNotAsManyAsWereWrittenAreNotTold) {
+    observeRows();
+    server_->answer("Scope_Identity", {"8", "2"});
+    EXPECT_EQ(connection_.Execute("Insert Into t (cell) Values ('0'), ('1')"), 2);
+    ASSERT_EQ(writes_.size(), 1U);
+    EXPECT_FALSE(writes_.front().rowsAreTold);
+    EXPECT_TRUE(writes_.front().changes.empty());
+}
+
+TEST_F(BrokenLink, RowsWhoseTriggerKeepsTheServerFromTellingTheirKeysAreInsertedAllTheSame) {
+    observeRows(true);
+    server_->answer("Scope_Identity", {"8", "2"});
+    server_->refuse("Output Inserted.[cell]", {334, "The target table of the DML statement has enabled triggers."});
+    server_->answer("@@TranCount", {"1"});
+    EXPECT_EQ(connection_.Execute("Insert Into t (a) Values (1), (2)"), 2);
+    EXPECT_EQ(connection_.LastIdentity(), 8);
+    ASSERT_EQ(writes_.size(), 1U);
+    EXPECT_EQ(writes_.front().rows, 2);
+    EXPECT_FALSE(writes_.front().rowsAreTold);
 }

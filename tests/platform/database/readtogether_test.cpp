@@ -116,3 +116,47 @@ TEST(ReadTogether, AClosedConnectionReadsNothing) {
     EXPECT_EQ(tripsOf([&] { const ReadTogether together(closed, {early, late}); }), 0);
     EXPECT_EQ(FailureOf([&] { Recordset(early, closed); }).number, 3709);
 }
+
+TEST_P(DatabaseContract, BeforeAQuestionToTheUserEverythingThatWasReadTogetherIsForgotten) {
+    addVisit("Anna", 540);
+    const ReadTogether together(connection_, {early, late});
+    const ReadTogether inner(connection_, {"Select * from VisitGuests"});
+    EXPECT_EQ(tripsOf([&] { Recordset(early, connection_); }), 0);
+    ReadTogether::ForgetAll();
+    EXPECT_EQ(tripsOf([&] { Recordset(early, connection_); }), 1);
+    EXPECT_EQ(tripsOf([&] { Recordset("Select * from VisitGuests", connection_); }), 1);
+}
+
+TEST_P(DatabaseContract, AWriteForgetsWhatNamesItsTableAndNothingElse) {
+    addVisit("Anna", 540);
+    const ReadTogether together(connection_, {early, "Select * from VisitGuests"});
+    connection_.Execute("Insert Into VisitGuests (nkeyid, clinicianid) Values (1, 'D1')");
+    EXPECT_EQ(tripsOf([&] { EXPECT_EQ(Recordset(early, connection_).RecordCount(), 1); }), 0);
+    EXPECT_EQ(Recordset("Select * from VisitGuests", connection_).RecordCount(), 1);
+}
+
+TEST_P(DatabaseContract, AnObservedWriteIsSeenByWhateverWasReadTogetherBeforeIt) {
+    addVisit("Anna", 540);
+    observeRows();
+    const ReadTogether together(connection_, {early, late});
+    connection_.Execute("Insert Into Visits (cappttext, nStartTime) Values ('Bert', 600), ('Cora', 660)");
+    EXPECT_EQ(Recordset(late, connection_).RecordCount(), 2);
+    connection_.Execute("Update Visits Set nStartTime = 700 Where nStartTime = 540");
+    EXPECT_TRUE(Recordset(early, connection_).Eof());
+}
+
+TEST_P(DatabaseContract, TheFirstRowsAloneAreReadAnew) {
+    addVisit("Anna", 540);
+    addVisit("Bert", 545);
+    const ReadTogether together(connection_, {early});
+    Recordset rows;
+    EXPECT_EQ(tripsOf([&] { rows.Open(early, connection_, db::Lock::ReadOnly, 1); }), 1);
+    EXPECT_EQ(rows.RecordCount(), 1);
+}
+
+TEST_P(DatabaseContract, AConnectionThatIsClosedForgetsWhatWasReadTogether) {
+    addVisit("Anna", 540);
+    const ReadTogether together(connection_, {early});
+    connection_.Close();
+    EXPECT_EQ(FailureOf([&] { Recordset(early, connection_); }).number, 3709);
+}

@@ -62,11 +62,17 @@ QByteArray welcome() {
     return reply('\xad' + little(static_cast<quint16>(body.size())) + body + done('\xfd', 0, 0));
 }
 
-/// One row with one column, an nvarchar(4000).
-QByteArray oneRow(const QString& text, bool ofProcedure) {
-    const QByteArray letters = utf16(text);
-    QByteArray body("\x81\x01\x00\x00\x00\x00\x00\x09\x00\xe7\x40\x1f\x09\x04\xd0\x00\x34", 17);
-    body += byteText("cell") + '\xd1' + little(static_cast<quint16>(letters.size())) + letters;
+/// One row, each column an nvarchar(4000).
+QByteArray oneRow(const QStringList& texts, bool ofProcedure) {
+    const QByteArray column("\x00\x00\x00\x00\x09\x00\xe7\x40\x1f\x09\x04\xd0\x00\x34", 14);
+    QByteArray body = '\x81' + little(static_cast<quint16>(texts.size()));
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        body += column + byteText("cell");
+    body += '\xd1';
+    for (const QString& text : texts) {
+        const QByteArray letters = utf16(text);
+        body += little(static_cast<quint16>(letters.size())) + letters;
+    }
     return reply(body + counted(ofProcedure, 1));
 }
 
@@ -181,13 +187,15 @@ QByteArray ServerDouble::replyTo(char type, const QByteArray& body) {
         return messages_.empty() ? welcome() : refusal(messages_);
     }
     received_ += body;
+    const bool ofProcedure = type == procedureRequest;
     if (const auto rule = ruleFor(body)) {
         if (rule->kind == Rule::Refuse)
             return refusal({rule->message});
+        if (rule->kind == Rule::Answer)
+            return oneRow(rule->row, ofProcedure);
         return rule->kind == Rule::Cut ? QByteArray() : QByteArray("");
     }
-    const bool ofProcedure = type == procedureRequest;
-    return body.contains(utf16("Select")) ? oneRow(answer_, ofProcedure) : reply(counted(ofProcedure, 1));
+    return body.contains(utf16("Select")) ? oneRow({answer_}, ofProcedure) : reply(counted(ofProcedure, 1));
 }
 
 int ServerDouble::timesReceived(const QString& text) const {

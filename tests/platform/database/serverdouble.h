@@ -5,6 +5,7 @@
 #include <optional>
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <thread>
 #include <vector>
 
@@ -34,16 +35,19 @@ class ServerDouble {
     [[nodiscard]] int logins() const { return logins_; }
 
     /// From now on a request that holds this text is refused, cuts the connection off, or is never answered.
-    void refuse(const QString& text, const Message& message) { set(text, {Rule::Refuse, message}); }
-    void cutAt(const QString& text) { set(text, {Rule::Cut, {}}); }
-    void keepSilentAt(const QString& text) { set(text, {Rule::KeepSilent, {}}); }
+    void refuse(const QString& text, const Message& message) { set(text, {Rule::Refuse, message, {}}); }
+    void cutAt(const QString& text) { set(text, {Rule::Cut, {}, {}}); }
+    void keepSilentAt(const QString& text) { set(text, {Rule::KeepSilent, {}, {}}); }
+    /// From now on such a request is answered with one row of these texts.
+    void answer(const QString& text, const QStringList& row) { set(text, {Rule::Answer, {}, row}); }
     /// Cuts off whoever is connected, as a server does that is started anew.
     void cutAll();
 
   private:
     struct Rule {
-        enum Kind { Refuse, Cut, KeepSilent } kind;
+        enum Kind { Refuse, Cut, KeepSilent, Answer } kind;
         Message message;
+        QStringList row;
     };
     ServerDouble(std::vector<Message> messages, const QString& answer, int port = 0);
     void set(const QString& text, const Rule& rule);

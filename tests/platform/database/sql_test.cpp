@@ -88,3 +88,28 @@ TEST(Sql, RawPiecesMadeByTheProgramMayHoldQuotesOutside) {
 TEST(Sql, ANulCannotCutAStatementShort) {
     EXPECT_EQ(Sql("'{}'", QString::fromUtf16(u"a\0b", 3)), "'ab'");
 }
+
+TEST(Sql, AnIdBeyondThirtyTwoBitsAndASmallRealKeepTheirDigits) {
+    EXPECT_EQ(Sql("{} {}", 9007199254740993LL, 0.25), "9007199254740993 0.25");
+    EXPECT_EQ(Sql("{}", -9007199254740993LL), "-9007199254740993");
+}
+
+TEST(Sql, AQuoteThatStandsDoubledInTheStatementKeepsItsPlaceInside) {
+    EXPECT_EQ(Sql("Where a = 'it''s {}' And b = {}", "x", 5), "Where a = 'it''s x' And b = 5");
+}
+
+TEST(Sql, ALoneBraceIsNoPlace) {
+    EXPECT_EQ(Sql("Select '{', '}', '{x}' {}", 1), "Select '{', '}', '{x}' 1");
+    EXPECT_EQ(Sql("Select '{"), "Select '{");
+}
+
+TEST(Sql, InALikePatternNoLetterOfATextIsAWildcard) {
+    EXPECT_EQ(db::LikeText("50%_[a]"), "50[%][_][[]a]");
+    EXPECT_EQ(db::LikeText("O'Brien"), "O'Brien");
+    EXPECT_EQ(db::LikeText(""), "");
+}
+
+TEST(Sql, ANameInBracketsMayHoldAnyLetters) {
+    EXPECT_EQ(db::Bracketed("order"), "[order]");
+    EXPECT_EQ(db::Bracketed("a]b[c"), "[a]]b[c]");
+}

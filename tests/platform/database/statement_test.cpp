@@ -118,3 +118,57 @@ TEST(Statement, ABackslashAtTheEndOfALineIsKept) {
     EXPECT_EQ(WithServerTexts("Set n = N'C:\\\r\nD'"), "Set n = N'C:\\' + N'\r\nD'");
     EXPECT_EQ(WithServerTexts("Set n = 'C:\\x'"), "Set n = N'C:\\x'");
 }
+
+TEST(Statement, EachTokenIsOfItsKind) {
+    const QString statement = "Select [a]]b], \"c\"\"d\", N'it''s', 'x', 1.5, @v, #t /* no */ <= ? -- end";
+    QStringList tokens;
+    for (const db::Token& token : db::Tokens(statement))
+        tokens << QString::number(static_cast<int>(token.kind)) + token.text.toString();
+    EXPECT_EQ(tokens, (QStringList{"0Select", "1[a]]b]", "4,", "1\"c\"\"d\"", "4,", "2N'it''s'", "4,", "2'x'", "4,",
+                                   "31.5", "4,", "0@v", "4,", "0#t", "4<", "4=", "4?"}));
+}
+
+TEST(Statement, ANameIsReadWithoutItsBracketsOrQuotes) {
+    const QString statement = "[a]]b] \"c\"\"d\" plain";
+    const std::vector<db::Token> tokens = db::Tokens(statement);
+    ASSERT_EQ(tokens.size(), 3U);
+    EXPECT_EQ(tokens[0].name(), "a]b");
+    EXPECT_EQ(tokens[1].name(), "c\"d");
+    EXPECT_EQ(tokens[2].name(), "plain");
+    EXPECT_FALSE(tokens[0].is(QLatin1String("[a]]b]"))) << "what stands in brackets is no word of the language";
+    EXPECT_TRUE(tokens[2].is(QLatin1String("PLAIN")));
+}
+
+TEST(Statement, ANameIsFoundOutsideTextsAndComments) {
+    EXPECT_TRUE(db::Names("Select * from dbo.[Visits] v", "visits"));
+    EXPECT_TRUE(db::Names("Select Visits.id from x", "Visits"));
+    EXPECT_FALSE(db::Names("Select 'Visits' from x -- Visits", "Visits"));
+    EXPECT_FALSE(db::Names("Select VisitGuests.id /* Visits */ from VisitGuests", "Visits"));
+}
+
+TEST(Statement, ACommentThatIsNotClosedEndsTheStatement) {
+    EXPECT_EQ(failureOf("Select 1 /* ; Drop Table a"), 0);
+    EXPECT_EQ(failureOf("Select 1 -- ' not closed"), 0);
+    EXPECT_EQ(failureOf("Select \"abc"), 105);
+    EXPECT_EQ(failureOf("Select N'abc"), 105);
+}
+
+TEST(Statement, TheTableOfEveryChangeOfTheSchemaIsFound) {
+    EXPECT_EQ(WrittenTable("Alter Table dbo.People Add age int"), "People");
+    EXPECT_EQ(WrittenTable("Truncate Table People"), "People");
+    EXPECT_EQ(WrittenTable("Create Trigger refuse On People After Insert As Delete From Other"), "People");
+    EXPECT_EQ(WrittenTable("Create Schema practice"), "");
+    EXPECT_EQ(WrittenTable("Delete From v From Visits As v Where 1=1"), "Visits");
+    EXPECT_EQ(WrittenTable("Update v Set a = 1 From (Select 1 As b) q, Visits v"), "Visits");
+    EXPECT_EQ(WrittenTable("Update Top 5 t Set a = 1"), "t");
+    EXPECT_EQ(WrittenTable("Insert Into x.y.[z z] Select * From other"), "z z");
+    EXPECT_EQ(WrittenTable("Update"), "");
+}
+
+TEST(Statement, TheShapeOfWhatIsNoSelectIsEmpty) {
+    EXPECT_EQ(tablesOf("Delete From a"), "");
+    EXPECT_EQ(tablesOf(""), "");
+    EXPECT_EQ(tablesOf("Select All a From t"), "t");
+    EXPECT_EQ(tablesOf("Select Top (5) a From t Order By b"), "t");
+    EXPECT_TRUE(ShapeOfSelect("Select Max(a) From t Having Max(a) > 1").grouped);
+}

@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "contract.h"
 
 #include "platform/database/transaction.h"
@@ -124,4 +126,25 @@ TEST(Connection, APrivateDatabaseIsGoneWithItsConnection) {
         connection.Execute("Create Table t (a int)");
         connection.Execute("Insert Into t (a) Values (1)");
     }
+}
+
+TEST_P(DatabaseContract, WhateverAStepThrowsRollsItsTransactionBack) {
+    EXPECT_THROW(db::InTransaction(connection_,
+                                   [&] {
+                                       addVisit("Ann");
+                                       throw std::runtime_error("a fault of the program");
+                                   }),
+                 std::runtime_error);
+    EXPECT_EQ(count(), 0);
+    EXPECT_EQ(FailureOf([&] { connection_.RollbackTrans(); }).number, -2147168242);
+}
+
+TEST_P(DatabaseContract, AStepWithinATransactionThatIsOpenIsRefusedAndLeavesThatOneOpen) {
+    connection_.BeginTrans();
+    addVisit("Ann");
+    bool ran = false;
+    EXPECT_EQ(FailureOf([&] { db::InTransaction(connection_, [&] { ran = true; }); }).number, -2147168237);
+    EXPECT_FALSE(ran);
+    connection_.CommitTrans();
+    EXPECT_EQ(count(), 1);
 }

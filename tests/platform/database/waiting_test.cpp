@@ -90,6 +90,13 @@ class SilentPort {
     int number_ = 0;
 };
 
+/// Another desk, in the middle of a change of every visit.
+void writeAt(Connection& other, const QString& connectionText) {
+    other.Open(connectionText);
+    other.BeginTrans();
+    other.Execute("Update Visits Set cappttext = 'theirs'");
+}
+
 }  // namespace
 
 TEST_P(DatabaseContract, AWaitForAnotherDesksLockIsShownWithinASecondAndCanBeGivenUp) {
@@ -97,9 +104,7 @@ TEST_P(DatabaseContract, AWaitForAnotherDesksLockIsShownWithinASecondAndCanBeGiv
         GTEST_SKIP() << "Nobody else can hold a lock here, or the driver waits by itself.";
     const int key = addVisit("Ann");
     Connection other;
-    other.Open(connectionText());
-    other.BeginTrans();
-    other.Execute("Update Visits Set cappttext = 'theirs'");
+    writeAt(other, connectionText());
 
     Onlooker onlooker(300);
     db::DatabaseError nested(0, {});
@@ -133,9 +138,7 @@ TEST_P(DatabaseContract, AWaitEndsWithTheOtherDesksLock) {
         GTEST_SKIP() << "Nobody else can hold a lock here, or the driver waits by itself.";
     const int key = addVisit("Ann");
     Connection other;
-    other.Open(connectionText());
-    other.BeginTrans();
-    other.Execute("Update Visits Set cappttext = 'theirs'");
+    writeAt(other, connectionText());
     Onlooker onlooker;
     onlooker.meanwhile = [&] { other.CommitTrans(); };
     EXPECT_NO_THROW(db::InTransaction(
@@ -150,9 +153,7 @@ TEST_P(DatabaseContract, ATransactionIsNotRolledBackUnderAStatementThatWaits) {
         GTEST_SKIP() << "Within a transaction nobody waits here, or the driver waits by itself.";
     const int key = addVisit("Ann");
     Connection other;
-    other.Open(connectionText());
-    other.BeginTrans();
-    other.Execute("Update Visits Set cappttext = 'theirs'");
+    writeAt(other, connectionText());
     Onlooker onlooker;
     db::DatabaseError nested(0, {});
     onlooker.meanwhile = [&] {

@@ -140,3 +140,21 @@ TEST_F(PrivateFiles, AFileThatIsThereIsNotMadeAgain) {
     EXPECT_EQ(there.size(), 4);
     EXPECT_FALSE(files::MakePrivate(path("missing/file")));
 }
+
+TEST_F(PrivateFiles, WhatTheProgramMakesMeanwhileIsItsOwnersAloneAndAfterwardsAsBefore) {
+    const auto modeOfNew = [this](const char* name) {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return file.permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther);
+    };
+    const auto usual = modeOfNew("before");
+    {
+        const files::OwnerOnly outer;
+        {
+            const files::OwnerOnly inner;
+            EXPECT_EQ(modeOfNew("inner"), QFile::Permissions());
+        }
+        EXPECT_EQ(modeOfNew("outer"), QFile::Permissions());
+    }
+    EXPECT_EQ(modeOfNew("after"), usual);
+}

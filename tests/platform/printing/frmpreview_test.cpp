@@ -12,6 +12,7 @@
 
 #include "platform/printing/printers.h"
 #include "platform/printing/printpreview.h"
+#include "platform/printing/tabletext.h"
 #include "platform/printing/vsprinter.h"
 #include "tests/support/files.h"
 #include "tests/support/scripteddesk.h"
@@ -24,8 +25,8 @@ class PreviewOfADocument : public testing::Test {
         vp.SetTitle(QStringLiteral("Appointments: O'Brien/Lane"));
         vp.SetPaper(QPageSize(QPageSize::Letter));
         vp.SetFooter(QStringLiteral("||Page %d"));
-        vp.AddTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"),
-                    QStringLiteral("Jones, Mary|03/07/2026;").repeated(120));
+        vp.AddTable(printing::ParseTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"),
+                                         QStringLiteral("Jones, Mary|03/07/2026;").repeated(120)));
         Printers().anyInstalled = [] { return true; };
         Printers().choose = [this](QPrinter& printer, int pages) {
             chosenFrom = pages;

@@ -10,10 +10,12 @@
 
 #include "platform/printing/pagelayout.h"
 #include "platform/printing/printerror.h"
+#include "platform/printing/tabletext.h"
 #include "tests/platform/printing/pagereader.h"
 #include "tests/support/files.h"
 
 using printing::PageLayout;
+using printing::ParseTable;
 using printing::Piece;
 
 namespace {
@@ -131,21 +133,21 @@ TEST_F(PaperDocument, TextInTheMarginsNeverCoversTheBody) {
 }
 
 TEST_F(PaperDocument, TheTableHasItsColumnsAtTheirWidths) {
-    vp.AddTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), rows(1));
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), rows(1)));
     EXPECT_EQ(words(), (QStringList{"Description", "Date", "Jones, Mary", "03/07/2026"}));
     EXPECT_EQ(placeOf("Date").x() - placeOf("Description").x(), 2880);
     EXPECT_EQ(placeOf("03/07/2026").x() - placeOf("Jones, Mary").x(), 2880);
 }
 
 TEST_F(PaperDocument, ATableThatIsTooWideIsNarrowedToThePage) {
-    vp.AddTable(QStringLiteral("10800|10800;"), {}, QStringLiteral("a|b;"));
+    vp.AddTable(ParseTable(QStringLiteral("10800|10800;"), {}, QStringLiteral("a|b;")));
     EXPECT_EQ(placeOf("b").x() - placeOf("a").x(), 5400);
 }
 
 TEST_F(PaperDocument, ALongCellBreaksIntoLinesAndMakesItsRowHigher) {
-    vp.AddTable(
+    vp.AddTable(ParseTable(
         QStringLiteral("1440|1440;"), {},
-        QStringLiteral("short|b;a text of many words that has no room|b;Unbrokenlongwordthatfillsmorethanaline|b;"));
+        QStringLiteral("short|b;a text of many words that has no room|b;Unbrokenlongwordthatfillsmorethanaline|b;")));
     const std::vector<Piece> pieces = laid().pieces(0);
     ASSERT_EQ(pieces.size(), 3);
     EXPECT_EQ(pieces[0].lineCount, 1);
@@ -155,18 +157,26 @@ TEST_F(PaperDocument, ALongCellBreaksIntoLinesAndMakesItsRowHigher) {
 }
 
 TEST_F(PaperDocument, ARowOfTooFewCellsHasEmptyOnesAndTooManyGoIntoTheLast) {
-    vp.AddTable(QStringLiteral("2880|2880;"), {}, QStringLiteral("one;|;a|b|c;"));
+    vp.AddTable(ParseTable(QStringLiteral("2880|2880;"), {}, QStringLiteral("one;|;a|b|c;")));
     EXPECT_EQ(words(), (QStringList{"one", "a", "b c"}));
     EXPECT_EQ(laid().pieces(0).size(), 3);
 }
 
+TEST_F(PaperDocument, ACellPrintsEverySignThatItHolds) {
+    vp.AddTable({.widths = {2880, 2880},
+                 .titles = {QStringLiteral("Who|What;"), QStringLiteral("Where")},
+                 .rows = {{QStringLiteral("Jones; Mary"), QStringLiteral("Room 1|2")}}});
+    EXPECT_EQ(words(), (QStringList{"Who|What;", "Where", "Jones; Mary", "Room 1|2"}));
+    EXPECT_EQ(laid().pieces(0).size(), 2);
+}
+
 TEST_F(PaperDocument, AnEmptyTableHasItsTitlesAlone) {
-    vp.AddTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), {});
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), {}));
     EXPECT_EQ(words(), (QStringList{"Description", "Date"}));
 }
 
 TEST_F(PaperDocument, TheTitlesStandOnEachPage) {
-    vp.AddTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), rows(100));
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), rows(100)));
     ASSERT_GT(vp.PageCount(), 1);
     for (int page = 0; page < vp.PageCount(); ++page)
         EXPECT_EQ(words(page).mid(0, 2), (QStringList{"Description", "Date"})) << page;
@@ -176,7 +186,7 @@ TEST_F(PaperDocument, ARowIsNeverDividedWhileItFitsAPage) {
     QString body;
     for (int row = 0; row < 60; ++row)
         body += QStringLiteral("%1").arg(row) + QStringLiteral("\nline").repeated(row % 9) + u';';
-    vp.AddTable(QStringLiteral("2880;"), QStringLiteral("Title;"), body);
+    vp.AddTable(ParseTable(QStringLiteral("2880;"), QStringLiteral("Title;"), body));
     const PageLayout layout = laid();
     ASSERT_GT(layout.pageCount(), 2);
     int row = 0;
@@ -198,7 +208,7 @@ TEST_F(PaperDocument, ARowHigherThanAPageIsDividedAndLosesNoLine) {
     for (int line = 0; line < 150; ++line)
         lines << QString::number(line);
     vp.AddParagraph(QStringLiteral("above"));
-    vp.AddTable(QStringLiteral("2880;"), QStringLiteral("Title;"), lines.join(u'\n') + u';');
+    vp.AddTable(ParseTable(QStringLiteral("2880;"), QStringLiteral("Title;"), lines.join(u'\n') + u';'));
     QStringList painted;
     for (int page = 0; page < vp.PageCount(); ++page)
         painted << words(page);
@@ -212,7 +222,7 @@ TEST_F(PaperDocument, TheTitlesNeverStandAloneAtTheFootOfAPage) {
         vp.StartDoc();
         for (int line = 0; line < above; ++line)
             vp.AddParagraph(QStringLiteral("line"));
-        vp.AddTable(QStringLiteral("2880;"), QStringLiteral("Title;"), QStringLiteral("row;"));
+        vp.AddTable(ParseTable(QStringLiteral("2880;"), QStringLiteral("Title;"), QStringLiteral("row;")));
         const PageLayout layout = laid();
         for (int page = 0; page < layout.pageCount(); ++page)
             EXPECT_GE(layout.pieces(page).back().row, 0) << above;
@@ -240,7 +250,7 @@ TEST_F(PaperDocument, PagesBeginWithoutEmptyHeight) {
 
 TEST_F(PaperDocument, PaperWithoutRoomComesToAnEndToo) {
     vp.SetMargins({.left = 12000, .top = 15000, .right = 12000, .bottom = 15000});
-    vp.AddTable(QStringLiteral("2880;"), QStringLiteral("A title of many words here;"), rows(3));
+    vp.AddTable(ParseTable(QStringLiteral("2880;"), QStringLiteral("A title of many words here;"), rows(3)));
     EXPECT_GE(vp.PageCount(), 1);
 }
 
@@ -252,10 +262,10 @@ TEST_F(PaperDocument, LandscapeIsAcross) {
 }
 
 TEST_F(PaperDocument, TheTableIsPaintedWithLinesAndShades) {
-    const auto colourIn = [this](const TableLook& look, QPointF inchFromBody) {
+    const auto colourIn = [this](const printing::TableLook& look, QPointF inchFromBody) {
         vp.StartDoc();
         vp.SetHeader({});
-        vp.AddTable(QStringLiteral("2880|2880;"), QStringLiteral(" | ;"), QStringLiteral("|;|;"), look);
+        vp.AddTable(ParseTable(QStringLiteral("2880|2880;"), QStringLiteral(" | ;"), QStringLiteral("|;|;")), look);
         const QImage picture = PictureOf(laid(), 0, 144);
         const QPointF at = (QPointF(0.5, 0.75) + inchFromBody) * 144;
         return picture.pixelColor(at.toPoint());
@@ -273,7 +283,8 @@ TEST_F(PaperDocument, TheTableIsPaintedWithLinesAndShades) {
 
 TEST_F(PaperDocument, AFormatWithoutWidthsIsAnErrorOfTheProgram) {
     for (const char* format : {"", ";", "a|b;", "100|0;", "-5;"})
-        EXPECT_THROW(vp.AddTable(QLatin1String(format), {}, QStringLiteral("a;")), std::invalid_argument) << format;
+        EXPECT_THROW(vp.AddTable(ParseTable(QLatin1String(format), {}, QStringLiteral("a;"))), std::invalid_argument)
+            << format;
 }
 
 TEST_F(PaperDocument, StartingAnewEmptiesTheDocumentAndKeepsThePage) {
@@ -287,7 +298,7 @@ TEST_F(PaperDocument, StartingAnewEmptiesTheDocumentAndKeepsThePage) {
 }
 
 TEST_F(PaperDocument, ThePdfHasThePagesAndThePaper) {
-    vp.AddTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), rows(100));
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), QStringLiteral("Description|Date;"), rows(100)));
     const QString path = folder.filePath(QStringLiteral("list.pdf"));
     vp.SavePdf(path);
     const QByteArray pdf = FileBytes(path);
@@ -312,7 +323,7 @@ TEST_F(PaperDocument, AFileThatCannotBeWrittenIsToldAndStaysAsItWas) {
 }
 
 TEST_F(PaperDocument, APrinterPrintsOnItsOwnPaper) {
-    vp.AddTable(QStringLiteral("2880|1440;"), {}, rows(100));
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), {}, rows(100)));
     const QString path = folder.filePath(QStringLiteral("printed.pdf"));
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFileName(path);
@@ -324,7 +335,7 @@ TEST_F(PaperDocument, APrinterPrintsOnItsOwnPaper) {
 }
 
 TEST_F(PaperDocument, APrinterPrintsThePagesThatItWasTold) {
-    vp.AddTable(QStringLiteral("2880|1440;"), {}, rows(300));
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), {}, rows(300)));
     ASSERT_GT(vp.PageCount(), 4);
     const auto printed = [this](int from, int to) {
         const QString path = folder.filePath(QStringLiteral("range.pdf"));
@@ -348,8 +359,9 @@ TEST_F(PaperDocument, AsHtmlItHasTheSameTextEscaped) {
     vp.AddParagraph(QStringLiteral("Lane & Reed\n<both>"));
     vp.AddSpace(300);
     vp.SetFontSize(11);
-    vp.AddTable(QStringLiteral("2000|4500;"), QStringLiteral("Start|Text;"),
-                QStringLiteral("9:00 AM|O'Brien %1;a|b|c;"), {.shading = QColor(0xC0, 0xC0, 0xFF)});
+    vp.AddTable(ParseTable(QStringLiteral("2000|4500;"), QStringLiteral("Start|Text;"),
+                           QStringLiteral("9:00 AM|O'Brien %1;a|b|c;")),
+                {.shading = QColor(0xC0, 0xC0, 0xFF)});
     const QString path = folder.filePath(QStringLiteral("day.htm"));
     vp.ExportHtml(path);
     const QString html = QString::fromUtf8(FileBytes(path));
@@ -365,7 +377,7 @@ TEST_F(PaperDocument, AsHtmlItHasTheSameTextEscaped) {
 
 TEST_F(PaperDocument, ATableMadeForAStandingPageFillsOneThatLies) {
     const QString format = QStringLiteral("2160|1300|1300|1300|2800|1440;");
-    vp.AddTable(format, QStringLiteral("A|B|C|D|E|Status;"), QStringLiteral("a|b|c|d|e|Kept;"));
+    vp.AddTable(ParseTable(format, QStringLiteral("A|B|C|D|E|Status;"), QStringLiteral("a|b|c|d|e|Kept;")));
     const double left = laid().body().left();
     EXPECT_NEAR(placeOf("Status").x() - left - 80, 8860, 2);
     vp.SetOrientation(QPageLayout::Landscape);
@@ -375,7 +387,7 @@ TEST_F(PaperDocument, ATableMadeForAStandingPageFillsOneThatLies) {
 }
 
 TEST_F(PaperDocument, ANarrowTableStaysNarrowOnEveryPage) {
-    vp.AddTable(QStringLiteral("2880|1440;"), QStringLiteral("Name|Date;"), QStringLiteral("a|b;"));
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), QStringLiteral("Name|Date;"), QStringLiteral("a|b;")));
     vp.SetOrientation(QPageLayout::Landscape);
     EXPECT_NEAR(placeOf("Date").x() - laid().body().left() - 80, 2880, 2);
 }

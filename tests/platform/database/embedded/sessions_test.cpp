@@ -1,5 +1,6 @@
 #include <sqlite3.h>
 #include <unistd.h>
+#include <functional>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
@@ -121,6 +122,73 @@ TEST_F(Sessions, AFolderThatMayNotBeWrittenToIsTold) {
             "8 The database \"front desk\" cannot be opened. Its file and folder must be readable and writable for you. (SQLite error 8)");
     }
     letOwnerWriteAgain();
+}
+
+TEST_F(Sessions, TheFilesAreTheirOwnersAloneFromTheirMakingOn) {
+    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    EXPECT_FALSE(QFile::permissions(file) & others);
+    EmbeddedEngine engine(file, false);
+    engine.execute("Insert Into a (name) Values ('y')", {});
+    for (const char* part : {"", "-wal", "-shm"})
+        EXPECT_FALSE(QFile::permissions(file + part) & others) << part;
+}
+
+TEST_F(Sessions, WhatOthersMayDoWithTheFilesIsTakenFromThemWhenTheyAreOpened) {
+    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    const EmbeddedEngine first(file, false);
+    for (const char* part : {"", "-wal", "-shm"})
+        ASSERT_TRUE(QFile::setPermissions(file + part, QFile::permissions(file) | others)) << part;
+    const EmbeddedEngine second(file, false);
+    for (const char* part : {"", "-wal", "-shm"})
+        EXPECT_FALSE(QFile::permissions(file + part) & others) << part;
+}
+
+TEST_F(Sessions, AStatementThatCannotBeExplainedFailsLikeItself) {
+    EmbeddedEngine engine(file, false);
+    EXPECT_TRUE(engine.explain("Select id from a Where id = 1").contains("SEARCH a"));
+    EXPECT_THROW(static_cast<void>(engine.explain("Select nobody from a")), db::DatabaseError);
+    EXPECT_THROW(static_cast<void>(engine.explain("Select id from a Where Count(*) = 1")), db::DatabaseError);
+}
+
+TEST_F(Sessions, WhatIsSavedIsOnTheDiskAndReferencesHold) {
+    EmbeddedEngine engine(file, false);
+    engine.execute("Create Table b (a int references a (id))", {});
+    EXPECT_TRUE(failure(engine, "Insert Into b Values (99)").startsWith("547 "));
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(file.toUtf8().constData(), &other), SQLITE_OK);
+    sqlite3_stmt* mode = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(other, "Pragma journal_mode", -1, &mode, nullptr), SQLITE_OK);
+    ASSERT_EQ(sqlite3_step(mode), SQLITE_ROW);
+    EXPECT_STREQ(reinterpret_cast<const char*>(sqlite3_column_text(mode, 0)), "wal");
+    sqlite3_finalize(mode);
+    sqlite3_close(other);
+}
+
+TEST_F(Sessions, AFailureTellsItsStatement) {
+    EmbeddedEngine engine(file, false);
+    const auto statementOf = [](const std::function<void()>& step) {
+        try {
+            step();
+        } catch (const db::DatabaseError& error) {
+            return error.statement;
+        }
+        return QString();
+    };
+    EXPECT_EQ(statementOf([&] { engine.query("Select 1 / 0", {}); }), "Select 1 / 0");
+    EXPECT_EQ(statementOf([&] { engine.query("Select nobody from a", {}); }), "Select nobody from a");
+    EXPECT_EQ(statementOf([&] { engine.execute("Delete from a Where id = ?", {}); }), "Delete from a Where id = ?");
+}
+
+TEST_F(Sessions, AColumnOfUnknownKindIsOfTheKindOfItsFirstValue) {
+    EmbeddedEngine engine(file, false);
+    const auto typeOf = [&](const db::Value& bound) {
+        return engine.query("Select ? from a", {bound}).columns()[0].type;
+    };
+    EXPECT_EQ(typeOf(5), db::ColumnType::Integer);
+    EXPECT_EQ(typeOf(2.5), db::ColumnType::Real);
+    EXPECT_EQ(typeOf("x"), db::ColumnType::Text);
+    EXPECT_EQ(typeOf(db::Value()), db::ColumnType::Text);
+    EXPECT_EQ(engine.query("Select ? from a Where 1 = 0", {5}).columns()[0].type, db::ColumnType::Text);
 }
 
 TEST_F(Sessions, ADeskWaitsForAnothersWriteAndGivesUpInTheEnd) {

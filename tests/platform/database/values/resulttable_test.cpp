@@ -76,4 +76,60 @@ TEST(ResultTable, RealsKeepTheirFraction) {
     EXPECT_TRUE(table.at(0, 0).boolean());
 }
 
+TEST(ResultTable, AColumnMayHoldWhatItsTypeDoesNotSay) {
+    EXPECT_EQ(oneRow(ColumnType::Integer, "seven").at(0, 0).value(), Value("seven"));
+    EXPECT_EQ(oneRow(ColumnType::Real, "seven").at(0, 0).value(), Value("seven"));
+    EXPECT_EQ(oneRow(ColumnType::DateTime, "soon").at(0, 0).value(), Value("soon"));
+    EXPECT_EQ(oneRow(ColumnType::DateTime, 5).at(0, 0).value(), Value("5"));
+    EXPECT_EQ(oneRow(ColumnType::Text, 2.5).at(0, 0).value(), Value("2.5"));
+    EXPECT_EQ(oneRow(ColumnType::Integer, 2.9).at(0, 0).value(), Value(2));
+    EXPECT_EQ(oneRow(ColumnType::DateTime, "soon").at(0, 0).text(), "soon");
+}
+
+TEST(ResultTable, NullIsNothingInEveryTypeOfColumn) {
+    for (const ColumnType type :
+         {ColumnType::Integer, ColumnType::Real, ColumnType::Text, ColumnType::DateTime, ColumnType::Boolean}) {
+        const ResultTable table = oneRow(type, Value());
+        EXPECT_TRUE(table.at(0, 0).value().isNull());
+        EXPECT_EQ(table.at(0, 0).text(), "");
+        EXPECT_EQ(table.at(0, 0).integer(), 0);
+        EXPECT_EQ(table.at(0, 0).real(), 0.0);
+        EXPECT_FALSE(table.at(0, 0).boolean());
+        EXPECT_FALSE(table.at(0, 0).date().isValid());
+        EXPECT_FALSE(table.at(0, 0).dateTime().isValid());
+    }
+}
+
+TEST(ResultTable, TruthIsReadFromNumbersAndTexts) {
+    EXPECT_TRUE(oneRow(ColumnType::Integer, -1).at(0, 0).boolean());
+    EXPECT_FALSE(oneRow(ColumnType::Real, 0.0).at(0, 0).boolean());
+    EXPECT_TRUE(oneRow(ColumnType::Real, 0.4).at(0, 0).boolean());
+    EXPECT_FALSE(oneRow(ColumnType::Text, "False").at(0, 0).boolean());
+    EXPECT_EQ(oneRow(ColumnType::Boolean, 0).at(0, 0).value(), Value(false));
+}
+
+TEST(ResultTable, AMomentOutsideTheServersRangeIsKeptAsNothing) {
+    EXPECT_TRUE(oneRow(ColumnType::DateTime, QDate(1600, 1, 1)).at(0, 0).isNull());
+    ResultTable table = oneRow(ColumnType::DateTime, QDate(2026, 3, 11));
+    table.set(0, 0, QDateTime(QDate(2026, 3, 12), QTime(9, 5, 6, 1), Qt::UTC));
+    EXPECT_EQ(table.at(0, 0).dateTime(), QDateTime(QDate(2026, 3, 12), QTime(9, 5, 6), Qt::UTC));
+}
+
+TEST(ResultTable, AnEmptyTextIsNoNull) {
+    ResultTable table({{"name", "t", ColumnType::Text}});
+    table.appendText("");
+    EXPECT_FALSE(table.at(0, 0).isNull());
+    EXPECT_EQ(table.at(0, 0).value(), Value(""));
+    table.appendReal(-0.25);
+    EXPECT_EQ(table.at(1, 0).text(), "-0.25");
+}
+
+TEST(ResultTable, ACopyStaysAsItWas) {
+    ResultTable table = oneRow(ColumnType::Text, "first");
+    const ResultTable copy = table;
+    table.set(0, 0, "second, which is longer");
+    EXPECT_EQ(copy.at(0, 0).text(), "first");
+    EXPECT_EQ(table.at(0, 0).text(), "second, which is longer");
+}
+
 }  // namespace

@@ -1,0 +1,90 @@
+// The telling of writes to the observer of a connection.
+
+#include <optional>
+#include <QLoggingCategory>
+#include <QScopedValueRollback>
+#include <utility>
+
+#include "platform/database/connection.h"
+#include "platform/database/transaction.h"
+#include "platform/database/waiting.h"
+#include "platform/database/writeshape.h"
+#include "platform/database/writtenrows.h"
+
+namespace db {
+
+namespace {
+
+Q_LOGGING_CATEGORY(writeLog, "svscheduler.writes", QtWarningMsg)
+
+}  // namespace
+
+void Connection::Observe(std::function<void(const Write&)> observer, Told told) {
+    observer_ = std::move(observer);
+    told_ = told;
+}
+
+Write Connection::send(const QString& statement, const std::vector<Value>& bound, const QString& table) {
+    Write write{statement, table, 0, false, {}};
+    const bool tellsRows = observer_ && told_ == Told::Rows && !telling_;
+    const std::optional<WriteShape> shape = tellsRows ? ShapeOfWrite(statement) : std::nullopt;
+    std::optional<TableInfo> info;
+    if (shape)
+        Ignoring([&] { info = describe(table); });
+    if (!info || info->RowKey().empty())
+        write.rows = sendAlone(statement, bound);
+    else if (transaction_ == Transaction::None)
+        InTransaction(*this, [&] { sendObserved(write, bound, *shape, *info); });
+    else
+        sendObserved(write, bound, *shape, *info);
+    return write;
+}
+
+void Connection::sendObserved(Write& write, const std::vector<Value>& bound, const WriteShape& shape,
+                              const TableInfo& info) {
+    // A read that fails does not fail the write, unless the write could not be carried out any more.
+    const auto reads = [&](auto&& step) {
+        try {
+            step();
+            return true;
+        } catch (const DatabaseError& error) {
+            if (IsUnanswered(error) || transaction_ != Transaction::Open)
+                throw DatabaseError(error.number, error.description, write.statement, error.sqlState);
+            return false;
+        }
+    };
+    WrittenRows rows(*this, {write.statement, bound, shape, info});
+    const bool isRead = reads([&] { rows.readBefore(); });
+    write.rows = rows.send();
+    if (isRead && reads([&] { rows.readAfter(); }))
+        write.changes = rows.changes();
+    write.rowsAreTold = static_cast<qint64>(write.changes.size()) == write.rows;
+    if (!write.rowsAreTold)
+        write.changes.clear();
+}
+
+void Connection::written(Write write) {
+    if (!observer_ || telling_)
+        return;
+    if (transaction_ != Transaction::None)
+        untold_.push_back(std::move(write));
+    else
+        tell(write);
+}
+
+void Connection::tell(const Write& write) {
+    std::optional<qint64> identity = identity_;
+    if (!identity && engine_)
+        Ignoring([&] { identity = LastIdentity(); });
+    const auto observer = observer_;  // The observer may call Observe.
+    const QScopedValueRollback<bool> telling(telling_, true);
+    try {
+        observer(write);
+    } catch (...) {
+        // The caller would take the exception for a failure of the write.
+        qCWarning(writeLog) << "An observer of the writes failed.";
+    }
+    identity_ = identity;
+}
+
+}  // namespace db

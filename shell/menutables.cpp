@@ -1,0 +1,263 @@
+#include "shell/menutables.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Kind = MenuEntry::Kind;
+using Table = std::vector<MenuEntry>;
+
+Table fileMenu() {
+    return {
+        {Kind::Menu, menu::mnuFile, "&File"},
+        {Kind::Command, menu::mnuFSelect, "&Select Therapist...", "user", "Ctrl+L"},
+        {Kind::Separator, menu::mnuFsep1},
+        {Kind::Command, menu::mnuFLoc, "Lo&cations...", "location"},
+        {Kind::Command, menu::mnuFRoomList, "&Rooms...", "rooms"},
+        {Kind::Command, menu::mnuFActList, "&Activities/Events...", "activity"},
+        {Kind::Command, menu::mnuFAtypes, "Appointment &Types...", "legend"},
+        {Kind::Command, menu::mnuFAvail, "&Unavailable Time...", "unavailable"},
+        {Kind::Command, menu::mnuFHolidays, "&Holidays...", "holiday"},
+        {Kind::Separator, menu::mnuFsep2},
+        {Kind::Command, menu::mnuFPrefs, "Pre&ferences...", "preferences", "Ctrl+,"},
+        {Kind::Separator, menu::mnuFsep3},
+        {Kind::Command, menu::mnuFPrintS, "&Print Schedule...", "print", "Ctrl+P"},
+        {Kind::Command, menu::mnuFPrintA, "Print Appointment S&lip...", "print"},
+        {Kind::Submenu, menu::mnuFExport, "&Export", "export"},
+        {Kind::Command, menu::mnuFExportiCal, "&iCalendar"},
+        {Kind::Command, menu::mnuFExportHTML, "&HTML"},
+        {Kind::EndSubmenu},
+        {Kind::Separator, menu::mnuFsep4},
+        {Kind::Command, menu::mnuFExit, "E&xit", "exit", "Ctrl+Q"},
+    };
+}
+
+Table appointmentsMenu() {
+    return {
+        {Kind::Menu, menu::mnuAppointments, "&Appointments"},
+        {Kind::Submenu, menu::mnuANew, "&New", "add"},
+        {Kind::Command, menu::mnuANPat, "&Patient...", "user", "Ctrl+N"},
+        {Kind::Command, menu::mnuASGroup, "&Group...", "group", "Ctrl+Shift+G"},
+        {Kind::Command, menu::mnuANEvent, "&Activity/Event...", "activity", "Ctrl+Shift+E"},
+        {Kind::Command, menu::mnuASType, "Appointment &Type...", "legend", "Ctrl+Shift+T"},
+        {Kind::Command, menu::mnuANAvail, "&Unavailable Time...", "unavailable", "Ctrl+Shift+U"},
+        {Kind::EndSubmenu},
+        {Kind::Command, menu::mnuAEdit, "&Edit...", "edit", "Ctrl+E"},
+        {Kind::Command, menu::mnuADelete, "&Delete\tDel", "delete"},
+        {Kind::Separator, menu::mnuAsep1},
+        {Kind::Command, menu::mnuCheckediN, "Checked-&In...", "checkedin", "Ctrl+I"},
+        {Kind::Command, menu::mnuAKept, "&Kept", "check", "Ctrl+K"},
+        {Kind::Command, menu::mnuAMissed, "&Missed", "missed", "Ctrl+M"},
+        {Kind::Command, menu::mnuAPCancel, "&Patient Cancel", "close"},
+        {Kind::Command, menu::mnuATCancel, "T&herapist Cancel", "close"},
+        {Kind::Separator, menu::mnuAsep2},
+        {Kind::Command, menu::mnuARepeat, "&Repeating...", "repeat", "Ctrl+R"},
+        {Kind::Command, menu::mnuANote, "&Session Note...", "note"},
+        {Kind::Separator, menu::mnuAsep3},
+        {Kind::Command, menu::mnuAFind, "&Find...", "find", "Ctrl+F"},
+        {Kind::Submenu, menu::mnuASearchA, "Search A&vailability", "find"},
+        {Kind::Command, menu::mnuASearchO, "By &Opening..."},
+        {Kind::Command, menu::mnuASearchT, "By Appointment &Type..."},
+        {Kind::EndSubmenu},
+    };
+}
+
+Table allAppointmentsMenu() {
+    return {
+        {Kind::Menu, menu::mnuAppointments, "&Appointments"},
+        {Kind::Submenu, menu::mnuANew, "&New", "add", nullptr, "mnuNew"},
+        {Kind::Command, menu::mnuANPat, "&Schedule Patient", "user", "Ctrl+N", "mnuPatient"},
+        {Kind::Command, menu::mnuASGroup, "Schedule &Group", "group", "Ctrl+Shift+G", "mnuSGroup"},
+        {Kind::Command, menu::mnuANEvent, "Schedule &Activity/Event", "activity", "Ctrl+Shift+E", "mnuSEvent"},
+        {Kind::Command, menu::mnuASType, "Schedule Appointment &Type", "legend", "Ctrl+Shift+T", "mnuSAType"},
+        {Kind::Command, menu::mnuANAvail, "Schedule &Unavailable Time", "unavailable", "Ctrl+Shift+U", "mnuSAvail"},
+        {Kind::EndSubmenu},
+        {Kind::Command, menu::mnuAEdit, "&Edit...", "edit", "Ctrl+E", "mnuEdit"},
+        {Kind::Command, menu::mnuADelete, "&Delete\tDel", "delete", nullptr, "mnuDelete"},
+        {Kind::Separator, menu::mnuAsep1},
+        {Kind::Command, menu::mnuCheckediN, "Check-&In...", "checkedin", "Ctrl+I", "mnuaCheckin"},
+        {Kind::Command, menu::mnuAKept, "&Kept", "check", "Ctrl+K"},
+        {Kind::Command, menu::mnuAMissed, "&Missed", "missed", "Ctrl+M"},
+        {Kind::Command, menu::mnuAPCancel, "&Patient Cancel", "close"},
+        {Kind::Command, menu::mnuATCancel, "T&herapist Cancel", "close", nullptr, "mnuTCancel"},
+        {Kind::Separator, menu::mnuAsep2},
+        {Kind::Command, menu::mnuARepeat, "&Repeating...", "repeat", "Ctrl+R", "mnuRepeating"},
+        {Kind::Command, menu::mnuANote, "&Session Note...", "note"},
+        {Kind::Separator, menu::mnuAsep3},
+        {Kind::Command, menu::mnuAFind, "&Find...", "find", "Ctrl+F"},
+        {Kind::Submenu, menu::mnuASearchA, "Search A&vailability", "find"},
+        {Kind::Command, menu::mnuASearchO, "By &Opening..."},
+        {Kind::Command, menu::mnuASearchT, "By Appointment &Type..."},
+        {Kind::EndSubmenu},
+    };
+}
+
+Table tasksMenu() {
+    return {
+        {Kind::Menu, menu::mnuToDo, "&Tasks"},
+        {Kind::Command, menu::mnuTNew, "&New Task...", "tasks"},
+        {Kind::Command, menu::mnuTEdit, "&Edit Task...", "edit"},
+        {Kind::Command, menu::mnuTDelete, "&Delete Task", "delete"},
+        {Kind::Separator, menu::mnuTsep1},
+        {Kind::Command, menu::mnuTPrint, "&Print Tasks...", "print"},
+    };
+}
+
+Table viewMenu() {
+    return {
+        {Kind::Menu, menu::mnuView, "&View"},
+        {Kind::Command, menu::mnuVDay, "&Day View\tCtrl+1", "day"},
+        {Kind::Command, menu::mnuVWeek, "&Week View\tCtrl+2", "week"},
+        {Kind::Command, menu::mnuVMonth, "&Month View\tCtrl+3", "month"},
+        {Kind::Command, menu::mnuVAll, "&All Providers\tCtrl+4", "all"},
+        {Kind::Command, menu::mnuVRoom, "&Room Scheduler...\tCtrl+5", "rooms"},
+        {Kind::Command, menu::mnuVFH, "&Fernhall Scheduler\tCtrl+6", "companion"},
+        {Kind::Separator, menu::mnuVsep1},
+        {Kind::Command, menu::mnuVToday, "&Today\tCtrl+T", "today"},
+        {Kind::Command, menu::mnuVPrevious, "&Previous Day\tAlt+Left", "previous"},
+        {Kind::Command, menu::mnuVNext, "&Next Day\tAlt+Right", "next"},
+        {Kind::Command, menu::mnuVRefresh, "Refr&esh", "refresh", "F5"},
+        {Kind::Separator, menu::mnuVsep2},
+        {Kind::Command, menu::mnuVCheckedin, "&Checked-In...", "checkedin"},
+        {Kind::Command, menu::mnuVActivity, "Activity &Scheduler...", "activity"},
+        {Kind::Command, menu::mnuVColor, "Color &Legend...", "legend"},
+        {Kind::Separator, menu::mnuVsep3},
+        {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
+        {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
+    };
+}
+
+Table helpMenu() {
+    return {
+        {Kind::Menu, menu::mnuHelp, "&Help"},
+        {Kind::Command, menu::mnuHContents, "&Contents\tF1", "help"},
+    };
+}
+
+// The month and the rooms have fewer lists, and none but their own names for some.
+Table monthFileMenu() {
+    return {
+        {Kind::Menu, menu::mnuFile, "&File"},
+        {Kind::Command, menu::mnuFSelect, "&Select Therapist", "user", "Ctrl+L"},
+        {Kind::Separator, menu::mnuFsep1},
+        {Kind::Command, menu::mnuFLoc, "Lo&cations...", "location"},
+        {Kind::Command, menu::mnuFRoomList, "&Rooms...", "rooms", nullptr, "mnuFRoom"},
+        {Kind::Command, menu::mnuFActList, "&Activities/Events...", "activity"},
+        {Kind::Separator, menu::mnuFsep2},
+        {Kind::Command, menu::mnuFPrefs, "Pre&ferences...", "preferences", "Ctrl+,"},
+        {Kind::Separator, menu::mnuFsep3},
+        {Kind::Command, menu::mnuFExit, "E&xit", "exit", "Ctrl+Q"},
+    };
+}
+
+Table monthViewMenu() {
+    Table menu = viewMenu();
+    for (MenuEntry& entry : menu)
+        if (entry.name == menu::mnuVActivity)
+            entry.ownName = "mnuVAct";
+    return menu;
+}
+
+Table roomFileMenu() {
+    return {
+        {Kind::Menu, menu::mnuFile, "&File"},
+        {Kind::Command, menu::mnuFRoomList, "&Rooms...", "rooms", nullptr, "mnuRoomList"},
+        {Kind::Separator, menu::mnuFsep1},
+        {Kind::Command, menu::mnuPrint, "&Print Schedule...", "print", "Ctrl+P"},
+        {Kind::Separator, menu::mnuFsep2},
+        {Kind::Command, menu::mnuFExit, "E&xit", "exit", "Ctrl+Q"},
+    };
+}
+
+Table meetingMenu() {
+    return {
+        {Kind::Menu, menu::mnuMeeting, "&Meeting"},
+        {Kind::Command, menu::mnuNew, "&New...", "add", "Ctrl+N"},
+        {Kind::Command, menu::mnuEdit, "&Edit...", "edit", "Ctrl+E"},
+        {Kind::Command, menu::mnuDelete, "&Delete\tDel", "delete"},
+        {Kind::Separator, menu::mnuMsep1},
+        {Kind::Command, menu::mnuFind, "&Find...", "find", "Ctrl+F"},
+    };
+}
+
+// The toolbar has no steps for the rooms, so the menu answers to their keys.
+Table roomViewMenu() {
+    return {
+        {Kind::Menu, menu::mnuView, "&View"},
+        {Kind::Command, menu::mnuVDay, "&Day View\tCtrl+1", "day", nullptr, "mnuDay"},
+        {Kind::Command, menu::mnuVWeek, "&Week View\tCtrl+2", "week", nullptr, "mnuWeek"},
+        {Kind::Command, menu::mnuVMonth, "&Month View\tCtrl+3", "month", nullptr, "mnuMonth"},
+        {Kind::Command, menu::mnuVAll, "&All Providers\tCtrl+4", "all", nullptr, "mnuAll"},
+        {Kind::Command, menu::mnuVRoom, "&Room Scheduler...\tCtrl+5", "rooms"},
+        {Kind::Command, menu::mnuVFH, "&Fernhall Scheduler\tCtrl+6", "companion"},
+        {Kind::Separator, menu::mnuVsep1},
+        {Kind::Command, menu::mnuVToday, "&Today\tCtrl+T", "today"},
+        {Kind::Command, menu::mnuVPrevious, "&Previous Day", "previous", "Alt+Left"},
+        {Kind::Command, menu::mnuVNext, "&Next Day", "next", "Alt+Right"},
+        {Kind::Command, menu::mnuVRefresh, "Refr&esh", "refresh", "F5"},
+        {Kind::Separator, menu::mnuVsep2},
+        {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
+        {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
+    };
+}
+
+/// The week calls some of the day's commands by names of its own.
+Table weekAppointmentsMenu() {
+    static constexpr std::pair<MenuName, const char*> names[]{
+        {menu::mnuANPat, "mnuANewPat"}, {menu::mnuANEvent, "mnuANewEvent"}, {menu::mnuASType, "mnuASCat"}};
+    Table menu = appointmentsMenu();
+    for (MenuEntry& entry : menu)
+        for (const auto& [name, own] : names)
+            if (name == entry.name)
+                entry.ownName = own;
+    return menu;
+}
+
+Table joined(std::initializer_list<Table> menus) {
+    Table all;
+    for (const Table& menu : menus)
+        all.insert(all.end(), menu.begin(), menu.end());
+    return all;
+}
+
+}  // namespace
+
+std::span<const MenuEntry> DayMenus() {
+    static const Table menus = joined({fileMenu(), appointmentsMenu(), tasksMenu(), viewMenu(), helpMenu()});
+    return menus;
+}
+
+std::span<const MenuEntry> WeekMenus() {
+    static const Table menus = joined({fileMenu(), weekAppointmentsMenu(), viewMenu(), helpMenu()});
+    return menus;
+}
+
+std::span<const MenuEntry> AllProvidersMenus() {
+    static const Table menus =
+        joined({fileMenu(),
+                allAppointmentsMenu(),
+                viewMenu(),
+                {{Kind::Command, menu::mnuVDisplay, "Display Pro&viders", "user", "Ctrl+Shift+D"}},
+                helpMenu()});
+    return menus;
+}
+
+std::span<const MenuEntry> MonthMenus() {
+    static const Table menus = joined({monthFileMenu(), monthViewMenu(), helpMenu()});
+    return menus;
+}
+
+std::span<const MenuEntry> RoomMenus() {
+    static const Table menus = joined({roomFileMenu(), meetingMenu(), roomViewMenu(), helpMenu()});
+    return menus;
+}
+
+bool InMenusOfAnyView(MenuName name) {
+    for (const auto& menus : {DayMenus(), WeekMenus(), AllProvidersMenus(), MonthMenus(), RoomMenus()})
+        if (std::ranges::find(menus, name, &MenuEntry::name) != menus.end())
+            return true;
+    return false;
+}

@@ -1,0 +1,83 @@
+#include "shell/menuview.h"
+
+#include <QAction>
+
+#include "people/frmcleg.h"
+#include "people/frmlocs.h"
+#include "platform/desktop/desktop.h"
+#include "session/session.h"
+#include "shell/viewtable.h"
+
+MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget* parent)
+    : ViewWindow(parent), main_(main), menus_(entries, this) {
+    menus_.Bind(menu::mnuFSelect, [this] { main_.SelectProvider(); });
+    menus_.Bind(menu::mnuFPrefs, [this] { main_.ShowPreferences(); });
+    menus_.Bind(menu::mnuFExit, [this] { main_.Leave(); });
+    menus_.Bind(menu::mnuHContents, [this] { main_.ShowHelp(); });
+    bindViews();
+    bindSteps();
+    bindPracticeLists();
+    MenuView::FollowMainWindow();
+}
+
+void MenuView::showAny(std::initializer_list<MenuName> names, bool shown) {
+    for (const MenuName name : names)
+        menus_.Show(name, shown);
+}
+
+void MenuView::bindViews() {
+    menus_.Bind(menu::mnuVDay, [this] { main_.changeview(View::Day); });
+    menus_.Bind(menu::mnuVWeek, [this] { main_.changeview(View::Week); });
+    menus_.Bind(menu::mnuVMonth, [this] { main_.changeview(View::Month); });
+    menus_.Bind(menu::mnuVAll, [this] { main_.changeview(View::AllProviders); });
+    menus_.Bind(menu::mnuVRoom, [this] { main_.changeview(View::Rooms); });
+}
+
+void MenuView::bindSteps() {
+    menus_.Bind(menu::mnuVToday, [this] { main_.GoToToday(); });
+    menus_.Bind(menu::mnuVPrevious, [this] { main_.cycledate(0); });
+    menus_.Bind(menu::mnuVNext, [this] { main_.cycledate(1); });
+    menus_.Bind(menu::mnuVRefresh, [this] { main_.cycledate(2); });
+    menus_.Bind(menu::mnuVHidePats, [this] { main_.ToggleHidePatientNames(); });
+    menus_.Bind(menu::mnuVHideTP, [this] {
+        main_.ToggleTaskPane();
+        FollowMainWindow();
+    });
+    menus_.Command(menu::mnuVHidePats).setCheckable(true);
+}
+
+void MenuView::bindPracticeLists() {
+    const auto edits = [this](PracticeList list) {
+        return [this, list] {
+            frmlocs dialog(list, window());
+            ShowModal(dialog);
+            listsChanged();
+        };
+    };
+    menus_.Bind(menu::mnuFLoc, edits(PracticeList::Locations));
+    menus_.Bind(menu::mnuFRoomList, edits(PracticeList::Rooms));
+    menus_.Bind(menu::mnuFActList, edits(PracticeList::Events));
+    menus_.Bind(menu::mnuFAvail, edits(PracticeList::Availability));
+    menus_.Bind(menu::mnuVColor, [this] {
+        frmcleg dialog(window());
+        ShowModal(dialog);
+    });
+}
+
+void MenuView::FillMenus(QMenuBar& bar) {
+    menus_.Fill(bar);
+}
+
+void MenuView::FollowMainWindow() {
+    menus_.Command(menu::mnuVHidePats).setChecked(Session().HidePatientNames);
+    menus_.Command(menu::mnuVHideTP)
+        .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("S&how Task Pane"));
+}
+
+void MenuView::showOpenView(MenuName command, View view) {
+    menus_.Command(command).setCheckable(true);
+    menus_.Command(command).setChecked(true);
+    const ViewEntry& entry = *FindView(view);
+    menus_.Command(menu::mnuVPrevious).setText(QStringLiteral("&%1\tAlt+Left").arg(QLatin1String(entry.previous)));
+    menus_.Command(menu::mnuVNext).setText(QStringLiteral("&%1\tAlt+Right").arg(QLatin1String(entry.next)));
+}
