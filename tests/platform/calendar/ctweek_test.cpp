@@ -321,6 +321,8 @@ TEST_F(MonthCalendar, ItsSizesFollowFromTheFont) {
     const QSize least = month.minimumSizeHint();
     EXPECT_GT(hint.width(), least.width());
     EXPECT_GT(hint.height(), least.height());
+    EXPECT_EQ(least, QSize(month.fontMetrics().averageCharWidth() * 42, month.fontMetrics().height() * 14));
+    EXPECT_EQ(hint, QSize(month.fontMetrics().averageCharWidth() * 130, month.fontMetrics().height() * 40));
     month.setFont(QFont(QStringLiteral("DejaVu Sans"), 18));
     EXPECT_GT(month.sizeHint().width(), hint.width());
     EXPECT_GT(month.sizeHint().height(), hint.height());

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -176,4 +177,109 @@ TEST(InPlaceText, ASlowSecondClickEditsAndADoubleClickDoesNot) {
     hand.click(hand.middleOf(item));
     EXPECT_TRUE(QTest::qWaitFor([&] { return hand.calendar.IsEditing(); }, 5000));
     QApplication::setDoubleClickInterval(400);
+}
+
+TEST(InPlaceText, TheEditorStandsOnItsCardInsideTheCalendar) {
+    CalendarUnderHand hand;
+    hand.calendar.resize(600, 300);
+    const int item = hand.add(540, 600, "Anna");
+    const int last = hand.add(1060, 1080, "Last");
+    const int late = hand.add(1200, 1230, "Late");
+    for (int i = 0; i < 30; ++i)
+        hand.add(700, 760, "Narrow");
+    for (const int index : {item, last, late, 10}) {
+        hand.calendar.EditItem(index);
+        ASSERT_TRUE(hand.calendar.IsEditing()) << index;
+        const QRect editor = Editor(hand.calendar)->geometry();
+        EXPECT_TRUE(hand.calendar.rect().contains(editor)) << index;
+        EXPECT_TRUE(editor.intersects(hand.calendar.ItemRect(index))) << index;
+        EXPECT_EQ(editor.height(), Editor(hand.calendar)->sizeHint().height()) << index;
+        EXPECT_GE(editor.width(), 90) << index;
+        EXPECT_EQ(hand.calendar.SelectedItem(), index);
+        EXPECT_EQ(Editor(hand.calendar)->selectedText(), Editor(hand.calendar)->text()) << index;
+        QTest::keyClick(Editor(hand.calendar), Qt::Key_Escape);
+        hand.settle();
+    }
+}
+
+TEST(InPlaceText, TheEditorGoesWithItsCardWhenTheCalendarScrolls) {
+    CalendarUnderHand hand;
+    hand.calendar.resize(600, 300);
+    const int item = hand.add(600, 660, "Anna");
+    hand.calendar.EditItem(item);
+    const int off = Editor(hand.calendar)->y() - hand.calendar.ItemRect(item).y();
+    hand.calendar.setTopTime(540);
+    hand.settle();
+    EXPECT_EQ(Editor(hand.calendar)->y() - hand.calendar.ItemRect(item).y(), off);
+    hand.calendar.setTopTime(500);
+    hand.settle();
+    EXPECT_EQ(Editor(hand.calendar)->y() - hand.calendar.ItemRect(item).y(), off);
+}
+
+TEST(InPlaceText, WhatIsTypedTakesThePlaceOfTheText) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    hand.calendar.EditItem(item, "B");
+    EXPECT_EQ(Editor(hand.calendar)->text(), "B");
+    QTest::keyClicks(Editor(hand.calendar), "ea");
+    hand.calendar.CommitEdit();
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemText, "Bea");
+    EXPECT_FALSE(hand.calendar.IsEditing());
+}
+
+TEST(InPlaceText, TabCommitsAndStaysAndAnotherItemCommitsTheFirst) {
+    CalendarUnderHand hand;
+    const int anna = hand.add(540, 600, "Anna");
+    const int ben = hand.add(660, 720, "Ben");
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Enter}) {
+        QSignalSpy edited(&hand.calendar, &ctMDay::TextEdited);
+        hand.calendar.EditItem(anna, QStringLiteral("Key %1").arg(key));
+        QTest::keyClick(Editor(hand.calendar), key);
+        hand.settle();
+        EXPECT_EQ(edited.count(), 1);
+        EXPECT_EQ(hand.calendar.SelectedItem(), anna);
+        EXPECT_TRUE(hand.calendar.hasFocus());
+    }
+    hand.calendar.EditItem(anna, "Cleo");
+    hand.calendar.EditItem(ben, "Dora");
+    EXPECT_EQ(std::as_const(hand.calendar).Item(anna).ItemText, "Cleo");
+    hand.calendar.hide();
+    EXPECT_EQ(std::as_const(hand.calendar).Item(ben).ItemText, "Dora") << "hiding commits";
+}
+
+TEST(InPlaceText, KeysOfTheEditorAreNotTheCalendars) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    hand.add(660, 720, "Ben");
+    QSignalSpy remove(&hand.calendar, &ctMDay::DeleteRequested);
+    QSignalSpy steps(&hand.calendar, &ctMDay::DayStepRequested);
+    hand.calendar.EditItem(item);
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown})
+        QTest::keyClick(Editor(hand.calendar), key, key == Qt::Key_PageDown ? Qt::ControlModifier : Qt::NoModifier);
+    EXPECT_EQ(remove.count() + steps.count(), 0);
+    EXPECT_EQ(hand.calendar.SelectedItem(), item);
+    EXPECT_TRUE(hand.calendar.IsEditing());
+    QKeyEvent escape(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+    escape.ignore();
+    QCoreApplication::sendEvent(&hand.calendar, &escape);
+    EXPECT_TRUE(escape.isAccepted()) << "Escape ends the edit and not the window";
+    hand.calendar.CommitEdit();
+    escape.ignore();
+    QCoreApplication::sendEvent(&hand.calendar, &escape);
+    EXPECT_FALSE(escape.isAccepted());
+}
+
+TEST(InPlaceText, ADoubleClickElsewhereIsHeardThoughTheViewReadsTheDayAnewBetween) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    QStringList told;
+    QObject::connect(&hand.calendar, &ctMDay::TextEdited, &hand.calendar, [&] {
+        told << QStringLiteral("text");
+        hand.calendar.ClearItems();
+    });
+    QObject::connect(&hand.calendar, &ctMDay::RangeActivated, &hand.calendar, [&] { told << QStringLiteral("range"); });
+    hand.calendar.EditItem(item, "Bea");
+    QTest::mouseDClick(&hand.calendar, Qt::LeftButton, {}, hand.freeAt(900));
+    hand.settle();
+    EXPECT_EQ(told, (QStringList{"text", "range"}));
 }

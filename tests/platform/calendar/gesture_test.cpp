@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 
 #include "tests/platform/calendar/calendarunderhand.h"
+#include "tests/platform/calendar/words.h"
 
 namespace {
 
@@ -122,6 +123,12 @@ TEST_F(Gesture, ACardDraggedToAnEdgeScrollsThereAndStopsInside) {
     hand.moveTo(hand.middleOf(item) + QPoint(0, 20));
     hand.moveTo({300, 320});
     EXPECT_TRUE(QTest::qWaitFor([&] { return hand.calendar.TopTime() > 600; }, 5000));
+    QString proposed;
+    for (const Word& word : WordDevice::of(hand.calendar))
+        if (word.text.contains(QStringLiteral(" – ")))
+            proposed = word.text;
+    EXPECT_TRUE(proposed.endsWith(QStringLiteral("PM")))
+        << "the place goes on with the hours: " << proposed.toStdString();
     hand.moveTo({300, 100});
     const int top = hand.calendar.TopTime();
     EXPECT_FALSE(QTest::qWaitFor([&] { return hand.calendar.TopTime() != top; }, 150)) << "inside it stands still";

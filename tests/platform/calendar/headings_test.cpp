@@ -203,6 +203,14 @@ TEST_P(HeadingLook, AHolidayHasAFlagAtTheRightEndOfItsHeading) {
     EXPECT_FALSE(flag());
     hand.calendar.setHolidayFlag(true);
     EXPECT_TRUE(flag());
+    hand.calendar.setDate(QDate(2026, 3, 25));
+    hand.settle();
+    const std::vector<Word> words = WordDevice::of(hand.calendar);
+    const double middle = (WordWith(words, QStringLiteral("Wednesday")).place.left() +
+                           WordWith(words, QStringLiteral("March 2026")).place.right()) /
+                          2;
+    EXPECT_NEAR(hand.calendar.HeadingRect(1).center().x() - middle, (style.icon + style.margin) / 2.0, 1.5)
+        << "the day stands in the middle of what is left";
     hand.calendar.resize(style.gutterWidth + style.icon * 4, 800);
     EXPECT_FALSE(flag()) << "without room the day goes first";
     hand.calendar.resize(600, 800);

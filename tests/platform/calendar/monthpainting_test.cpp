@@ -148,6 +148,9 @@ TEST_F(MonthWords, WhatHasNoRoomIsCounted) {
     for (int i = 0; i < 40; ++i)
         month.AddItem(itemOn(day, 540, "someone"));
     EXPECT_EQ(wordsOf(day).last(), QStringLiteral("+%1 more").arg(cell(day).hidden));
+    const Word rest = WordWith(words(), wordsOf(day).last());
+    EXPECT_EQ(rest.colour, ScreenStyle(month.palette(), month.font()).dimInk);
+    EXPECT_TRUE(QRectF(cell(day).lines.back().rect).contains(rest.place.center()));
     month.resize(300, 700);
     EXPECT_EQ(wordsOf(day).last(), QStringLiteral("+%1").arg(cell(day).hidden)) << "in a narrow day";
     month.resize(1000, 180);

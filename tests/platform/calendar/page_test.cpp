@@ -222,6 +222,7 @@ TEST_F(PrintedPage, TheListStandsBelowTheGridInColumnsOfOneWidth) {
     }
     ASSERT_GT(lines.size(), 10U);
     EXPECT_GT(heading.place.top(), lastHour);
+    EXPECT_NEAR(lines[0].place.top() - heading.place.top(), QFontMetrics(style.text).lineSpacing(), 1);
     const int columns = std::max(1, Paper.width() / (QFontMetrics(style.text).averageCharWidth() * 44));
     const int rows = (static_cast<int>(lines.size()) + columns - 1) / columns;
     ASSERT_GT(columns, 1);

@@ -66,6 +66,17 @@ TEST(CalendarStyle, MeasuresFollowFromTheFonts) {
     EXPECT_EQ(style.radius, style.margin + 1);
 }
 
+TEST(CalendarStyle, PartsOfALineAreTheirShareOfIt) {
+    const CalendarStyle style = ScreenStyle(QPalette(), fontOf(40));
+    EXPECT_EQ(style.margin, style.textLine / 5);
+    EXPECT_EQ(style.edgeWidth, style.textLine / 4);
+    EXPECT_EQ(style.icon, qRound(QFontMetrics(style.text).ascent() * 1.05));
+    EXPECT_EQ(style.grip, style.margin + 1);
+    EXPECT_EQ(style.minItemHeight, style.smallLine - 1);
+    EXPECT_EQ(style.headingHeight, QFontMetrics(style.dayNumber).height() + 4 * style.margin);
+    EXPECT_EQ(style.stripHeight, style.textLine + style.margin + 1);
+}
+
 TEST(CalendarStyle, ATinyFontKeepsTheLeastMeasures) {
     const CalendarStyle tiny = ScreenStyle(QPalette(), fontOf(1));
     EXPECT_EQ(tiny.margin, 2);
