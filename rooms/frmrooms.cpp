@@ -17,9 +17,9 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "rooms/slotnames.h"
-#include "session/hiddennames.h"
 #include "session/rights.h"
 #include "session/session.h"
+#include "shell/dayboard.h"
 #include "shell/menutables.h"
 
 using db::Recordset;
@@ -75,7 +75,6 @@ frmrooms::frmrooms(MainWindow& main, QWidget* parent) : MenuView(main, RoomMenus
     setmenuaccess();
     setGrid();
     txtdate->setDate(date_);
-    FollowHiddenNames(this, [this](bool hidden) { hideNames(hidden); });
     loadroomslist();
     connect(cborooms, &QComboBox::currentIndexChanged, this, &frmrooms::followRoom);
     connect(txtdate, &ctDEdit::Change, this, [this] {
@@ -110,8 +109,14 @@ void frmrooms::layOut() {
     txtdate = new ctDEdit(ctDEdit::Kind::Date, this);
     txtdate->setObjectName(QStringLiteral("txtdate"));
     txtdate->setDateOrder(Session().DateOrder);
-    ctDays1 = new ctMDay(this);
-    ctDays1->setObjectName(QStringLiteral("ctDays1"));
+    board_ =
+        new DayBoard(QStringLiteral("ctDays1"),
+                     {[](CalendarItem& item) { item.ItemTextLocked = item.ItemMoveLocked = item.ItemBound; },
+                      [this](std::span<const CalendarItem> items) {
+                          return SlotsOfPatients(items, [this](const QString& key) { return rows_.value(key).owner; });
+                      }},
+                     this);
+    ctDays1 = &board_->Grid();
     ctDays1->setAccessibleName(tr("Room"));
     lblhint_ = new Hint({windowTitle(), noRoomHint(), unreadHint(), boundHint(), bookedElsewhereHint(date_)}, this);
     lblhint_->setObjectName(QStringLiteral("lblhint"));
@@ -143,10 +148,8 @@ void frmrooms::layOut() {
 }
 
 void frmrooms::setGrid() {
-    const SessionValues& session = Session();
-    const int unit = session.TimeUnit;
-    ctDays1->setTimeInterval(unit == 15 || unit == 60 ? unit : DefaultInterval);
-    ctDays1->setTwentyFourHour(session.MilitaryTime);
+    const int unit = Session().TimeUnit;
+    board_->SetScale(unit == 15 || unit == 60 ? unit : DefaultInterval);
     ctDays1->setReadOnly(!MayWrite());
 }
 
@@ -193,69 +196,50 @@ void frmrooms::followRoom() {
 
 void frmrooms::LoadRooms() {
     const bool hasRoom = cborooms->currentIndex() >= 0;
-    const bool same = date_ == loadedDate_ && roomId() == loadedRoom_;
-    const int keptTop = ctDays1->TopTime();
-    // Text that is being typed is stored before its item is removed.
-    ctDays1->CommitEdit();
-    const RoomMeeting* selected = meetingAt(ctDays1->SelectedItem());
-    const int keptKey = same && selected != nullptr ? selected->key : 0;
-    loadedDate_ = date_;
-    loadedRoom_ = roomId();
-
-    ctDays1->setDate(date_);
-    ctDays1->ClearItems();
+    board_->BeginLoad(date_, QString::number(roomId()));
     rows_.clear();
-    ctDays1->setPrimeStart(Session().DayStartHour * 60);
-    ctDays1->setFirstTime(Session().DayStartHour * 60);
-    ctDays1->setPrimeEnd(Session().DayEndHour * 60);
-    ctDays1->setLastTime(Session().DayEndHour * 60 - 1);
     ctDays1->setEnabled(hasRoom);
     if (hasRoom)
-        bookingsRead_ = readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] {
-            addMeetings();
-            hideNames(Session().HidePatientNames);
-        });
-    ctDays1->setTopTime(same ? std::max(keptTop, ctDays1->FirstTime()) : ctDays1->FirstTime());
-    if (const int index = ctDays1->IndexOfKey(QString::number(keptKey)); keptKey > 0 && index > 0)
-        ctDays1->setSelectedItem(index);
+        bookingsRead_ = readInto(*ctDays1, QStringLiteral("Error reading room schedule. "), [this] { addMeetings(); });
+    board_->EndLoad();
     followSelection();
     main().ShowDateText(LongDateText(date_));
 }
 
 void frmrooms::addMeetings() {
-    Recordset rows(bookingsStatement(date_, roomId()), Session().Connection);
-    for (; !rows.Eof(); rows.MoveNext()) {
+    for (Recordset rows(bookingsStatement(date_, roomId()), Session().Connection); !rows.Eof(); rows.MoveNext()) {
         const RoomMeeting meeting = MeetingOf(rows);
         // A meeting before the first hour of the day also blocks the room, so it must be shown.
-        if (meeting.start >= 0 && !rows["nStartTime"].value().isNull() && meeting.start < ctDays1->FirstTime())
-            ctDays1->setFirstTime(meeting.start);
-        const QString key = QString::number(meeting.key);
-        showMeeting(ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, key), meeting);
+        board_->WidenTo(StartOf(rows));
+        addMeeting(meeting);
     }
-    hideNames(Session().HidePatientNames);
+}
+
+int frmrooms::addMeeting(const RoomMeeting& meeting) {
+    rows_[QString::number(meeting.key)] = meeting;
+    return board_->AddRow(itemOf(meeting));
 }
 
 void frmrooms::showMeeting(int index, const RoomMeeting& meeting) {
-    CalendarItem& item = ctDays1->Item(index);
-    rows_[item.ItemKey] = meeting;
+    rows_[QString::number(meeting.key)] = meeting;
+    board_->Show(index, itemOf(meeting));
+}
+
+CalendarItem frmrooms::itemOf(const RoomMeeting& meeting) {
+    CalendarItem item;
+    item.ItemKey = QString::number(meeting.key);
     item.ItemStart = meeting.start;
     item.ItemEnd = meeting.end;
+    item.ItemDay = meeting.date;
     item.ItemText = OneLine(meeting.text);
     item.ItemNote = meeting.note;
     item.ItemTip = meeting.note;
     item.ItemNoteIcon = !meeting.note.isEmpty();
     item.ItemColor = meeting.bound ? BoundColor : MeetingColor;
     item.ItemBound = meeting.bound;
-    item.ItemTextLocked = item.ItemMoveLocked = meeting.bound;
     if (meeting.bound)
         item.ItemStatusText = tr("Belongs to an appointment or activity");
-}
-
-void frmrooms::hideNames(bool hidden) {
-    std::vector<qint64> owners;
-    for (int index = 1; index <= ctDays1->ItemCount(); ++index)
-        owners.push_back(rows_.value(std::as_const(*ctDays1).Item(index).ItemKey).owner);
-    HideSlotNames(*ctDays1, owners, hidden);
+    return item;
 }
 
 const RoomMeeting* frmrooms::meetingAt(int item) const {

@@ -5,13 +5,15 @@
 #include "rooms/roommeeting.h"
 #include "shell/menuview.h"
 
+class DayBoard;
 class QComboBox;
 class QLabel;
 class QMenu;
 class QPushButton;
 class ctDEdit;
-struct FoundBooking;
 class ctMDay;
+struct CalendarItem;
+struct FoundBooking;
 
 /// The room scheduler: one room, one day. Meetings are booked here without an appointment. A slot that belongs to an
 /// appointment or an activity is shown, marked and locked; it moves with its owner.
@@ -78,7 +80,8 @@ class frmrooms : public MenuView {
     [[nodiscard]] static QString boundHint();
     [[nodiscard]] static QString bookedElsewhereHint(QDate day);
     void addMeetings();
-    void hideNames(bool hidden);
+    int addMeeting(const RoomMeeting& meeting);
+    [[nodiscard]] static CalendarItem itemOf(const RoomMeeting& meeting);
     void showMeeting(int item, const RoomMeeting& meeting);
     [[nodiscard]] int roomId() const;
     [[nodiscard]] const RoomMeeting* meetingAt(int item) const;
@@ -95,13 +98,12 @@ class frmrooms : public MenuView {
     QComboBox* cborooms = nullptr;
     ctDEdit* txtdate = nullptr;
     QLabel* lblhint_ = nullptr;
-    ctMDay* ctDays1 = nullptr;
+    DayBoard* board_ = nullptr;
+    ctMDay* ctDays1 = nullptr;  ///< The board's grid.
     QMenu* popup_ = nullptr;
 
     QDate date_;                        ///< The last valid date of txtdate.
     QHash<QString, RoomMeeting> rows_;  ///< The meetings by their item's ItemKey.
-    QDate loadedDate_;
-    int loadedRoom_ = 0;
     bool roomsRead_ = false;
     bool bookingsRead_ = false;
 };

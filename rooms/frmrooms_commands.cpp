@@ -220,9 +220,7 @@ void frmrooms::typeMeeting(const QString& text) {
         keepMeeting(meeting, wanted);
         return;
     }
-    const int index = ctDays1->AddItem(meeting.start, meeting.end, date_, meeting.text, QString::number(meeting.key));
-    showMeeting(index, meeting);
-    ctDays1->EditItem(index, text);
+    ctDays1->EditItem(addMeeting(meeting), text);
 }
 
 void frmrooms::moveMeeting(int index) {

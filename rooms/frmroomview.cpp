@@ -11,10 +11,11 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/theme/theme.h"
+#include "rooms/roommeeting.h"
 #include "rooms/slotnames.h"
 #include "session/errorbox.h"
-#include "session/hiddennames.h"
 #include "session/session.h"
+#include "shell/dayboard.h"
 
 using db::Recordset;
 using db::Sql;
@@ -40,12 +41,11 @@ frmRoomView::frmRoomView(const SelectedSlot& wanted, const QString& dateText, QW
     setObjectName(QStringLiteral("frmRoomView"));
     setWindowTitle(QStringLiteral("Room Schedule for ") + dateText);
     buildForm();
-    setGrid();
+    board_->SetScale(Session().TimeUnit);
     const db::ReadTogether together(Session().Connection, {roomsStatement(), bookingsStatement(wanted_.date)});
     LoadRooms();
     resetcols();
     loadRoomView();
-    FollowHiddenNames(this, [this](bool hidden) { HideSlotNames(*ctMDay1, owners_, hidden); });
     const int first = ctMDay1->FirstTime();
     ctMDay1->setTopTime(wanted_.start - MinutesAbove >= first ? wanted_.start - MinutesAbove : first);
 }
@@ -55,8 +55,13 @@ QSize frmRoomView::sizeHint() const {
 }
 
 void frmRoomView::buildForm() {
-    ctMDay1 = new ctMDay(this);
-    ctMDay1->setObjectName(QStringLiteral("ctMDay1"));
+    board_ = new DayBoard(QStringLiteral("ctMDay1"),
+                          {{},
+                           [this](std::span<const CalendarItem> items) {
+                               return SlotsOfPatients(items, [this](const QString& key) { return owners_.value(key); });
+                           }},
+                          this);
+    ctMDay1 = &board_->Grid();
     ctMDay1->setAccessibleName(tr("Rooms"));
     ctMDay1->setReadOnly(true);
     auto* hint = new QLabel(
@@ -90,17 +95,6 @@ void frmRoomView::buildForm() {
     connect(cmdclose, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void frmRoomView::setGrid() {
-    const SessionValues& session = Session();
-    ctMDay1->setDate(wanted_.date);
-    ctMDay1->setTimeInterval(session.TimeUnit);
-    ctMDay1->setTwentyFourHour(session.MilitaryTime);
-    ctMDay1->setPrimeStart(session.DayStartHour * 60);
-    ctMDay1->setFirstTime(session.DayStartHour * 60);
-    ctMDay1->setPrimeEnd(session.DayEndHour * 60);
-    ctMDay1->setLastTime(session.DayEndHour * 60 - 1);
-}
-
 void frmRoomView::LoadRooms() {
     rooms_.clear();
     try {
@@ -123,24 +117,30 @@ void frmRoomView::resetcols() {
 }
 
 void frmRoomView::loadRoomView() {
-    ctMDay1->ClearItems();
+    board_->BeginLoad(wanted_.date);
     owners_.clear();
     try {
-        for (Recordset rows(bookingsStatement(wanted_.date), Session().Connection); !rows.Eof(); rows.MoveNext()) {
-            const int start = static_cast<int>(rows["nStartTime"].integer());
-            const int index = ctMDay1->AddItem(start, static_cast<int>(rows["nEndTime"].integer()), QDate(),
-                                               rows["croomtext"].text(), rows["nkeyid"].text());
-            CalendarItem& item = ctMDay1->Item(index);
-            item.ItemColor = BookedColor;
-            owners_.push_back(rows["apptid"].integer());
-            if (const int place = GetRoomPos(static_cast<int>(rows["croomid"].integer())); place > -1)
-                item.ItemColumn = place + 1;
-            // A meeting before the first hour of the day also blocks the room, so it must be shown.
-            if (start >= 0 && start < ctMDay1->FirstTime())
-                ctMDay1->setFirstTime(start);
-        }
+        addBookings();
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading room list. "), error);
+    }
+    board_->EndLoad();
+}
+
+void frmRoomView::addBookings() {
+    for (Recordset rows(bookingsStatement(wanted_.date), Session().Connection); !rows.Eof(); rows.MoveNext()) {
+        CalendarItem item;
+        item.ItemKey = rows["nkeyid"].text();
+        item.ItemText = rows["croomtext"].text();
+        item.ItemStart = static_cast<int>(rows["nStartTime"].integer());
+        item.ItemEnd = static_cast<int>(rows["nEndTime"].integer());
+        item.ItemColor = BookedColor;
+        if (const int place = GetRoomPos(static_cast<int>(rows["croomid"].integer())); place > -1)
+            item.ItemColumn = place + 1;
+        owners_[item.ItemKey] = rows["apptid"].integer();
+        // A meeting before the first hour of the day also blocks the room, so it must be shown.
+        board_->WidenTo(StartOf(rows));
+        board_->AddRow(std::move(item));
     }
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QDialog>
+#include <QHash>
 #include <vector>
 
 #include "session/openview.h"
 
+class DayBoard;
 class QPushButton;
 class ctMDay;
 
@@ -43,12 +45,13 @@ class frmRoomView : public QDialog {
         QString name;
     };
     void buildForm();
-    void setGrid();
+    void addBookings();
     [[nodiscard]] int selectedColumn() const;
     void choose(int column);
 
     SelectedSlot wanted_;
     std::vector<Room> rooms_;
-    std::vector<qint64> owners_;  ///< The appointment of each item; 0 for a meeting.
+    DayBoard* board_ = nullptr;
+    QHash<QString, qint64> owners_;  ///< The appointment of each item, by its key; 0 for a meeting.
     int chosenRoom_ = 0;
 };

@@ -37,6 +37,11 @@ RoomMeeting MeetingOf(const Recordset& row) {
             number("croomid"),       number("apptid") > 0,    row["apptid"].integer()};
 }
 
+int StartOf(const Recordset& row) {
+    const db::Field start = row["nStartTime"];
+    return start.value().isNull() ? -1 : static_cast<int>(start.integer());
+}
+
 int AddMeeting(const RoomMeeting& meeting) {
     Recordset row(QStringLiteral("Select * from roomschedule where 0=1"), Session().Connection, Lock::Optimistic);
     row.AddNew();

@@ -22,6 +22,8 @@ struct RoomMeeting {
 };
 
 [[nodiscard]] RoomMeeting MeetingOf(const db::Recordset& row);
+/// The minute at which a row of `roomschedule` starts; -1 where it tells none.
+[[nodiscard]] int StartOf(const db::Recordset& row);
 /// Stores a new row and returns its key. Throws DatabaseError.
 int AddMeeting(const RoomMeeting& meeting);
 /// Stores the fields in which `wanted` differs from `before`, the row as it was read. The other fields keep the row's

@@ -1,16 +1,20 @@
 #include "rooms/slotnames.h"
 
 #include "data/namedpatients.h"
-#include "platform/calendar/ctmday.h"
 #include "platform/database/error.h"
 #include "session/session.h"
 
-void HideSlotNames(ctMDay& rooms, const std::vector<qint64>& owners, bool hidden) {
+std::vector<bool> SlotsOfPatients(std::span<const CalendarItem> slotItems,
+                                  const std::function<qint64(const QString&)>& ownerOf) {
+    std::vector<qint64> owners;
+    owners.reserve(slotItems.size());
+    for (const CalendarItem& slot : slotItems)
+        owners.push_back(ownerOf(slot.ItemKey));
     QSet<qint64> others;
-    if (hidden)
-        db::Ignoring([&] { others = KeysWithoutPatient(Session().Connection, {owners.begin(), owners.end()}); });
-    for (std::size_t i = 0; i < owners.size(); ++i) {
-        const bool hides = hidden && owners[i] > 0 && !others.contains(owners[i]);
-        rooms.Item(static_cast<int>(i) + 1).ItemTextColor = hides ? TextColor::SameAsBackground : TextColor::Normal;
-    }
+    db::Ignoring([&] { others = KeysWithoutPatient(Session().Connection, {owners.begin(), owners.end()}); });
+    std::vector<bool> named;
+    named.reserve(owners.size());
+    for (const qint64 owner : owners)
+        named.push_back(owner > 0 && !others.contains(owner));
+    return named;
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QtGlobal>
-
+#include <functional>
+#include <span>
 #include <vector>
-#include "session/hiddennames.h"
 
-class ctMDay;
+#include "platform/calendar/item.h"
 
-/// Hides or shows the texts of the room slots that are named after a patient. `owners` holds the key of the appointment
-/// of each item in order, 0 for a meeting. The database is asked for the owners only when names are to be hidden. A
-/// slot whose owner cannot be read counts as a patient's.
-void HideSlotNames(ctMDay& rooms, const std::vector<qint64>& owners, bool hidden);
+/// Which of these room slots are named after a patient, in their order. `ownerOf` gives the key of the appointment of a
+/// slot, 0 for a meeting. A slot whose owner cannot be read counts as a patient's.
+[[nodiscard]] std::vector<bool> SlotsOfPatients(std::span<const CalendarItem> slotItems,
+                                                const std::function<qint64(const QString& slotKey)>& ownerOf);

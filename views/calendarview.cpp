@@ -1,18 +1,32 @@
 #include "views/calendarview.h"
 
-#include <algorithm>
 #include <QAction>
 
+#include "data/codes.h"
 #include "data/courtesycalls.h"
+#include "data/holidays.h"
 #include "platform/database/readtogether.h"
 #include "platform/text/plaintext.h"
-#include "session/hiddennames.h"
 #include "session/rights.h"
 #include "session/session.h"
 
+namespace {
+
+std::vector<bool> appointmentsOfPatients(std::span<const CalendarItem> items) {
+    std::vector<bool> named;
+    named.reserve(items.size());
+    for (const CalendarItem& item : items)
+        named.push_back(NamesPatient(item));
+    return named;
+}
+
+}  // namespace
+
 CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent)
-    : MenuView(main, menus, parent), ctMDay1(new ctMDay(this)) {
-    ctMDay1->setObjectName(QStringLiteral("ctMDay1"));
+    : MenuView(main, menus, parent),
+      board_(new DayBoard(QStringLiteral("ctMDay1"),
+                          {[this](CalendarItem& item) { lock(item); }, appointmentsOfPatients}, this)),
+      ctMDay1(&board_->Grid()) {
     bindCommands();
     bindStatusCommands();
     bindDeletion();
@@ -22,8 +36,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindSearches();
     bindSeries();
     makeItemPopup();
-    setGrid();
-    FollowHiddenNames(this, [this](bool hidden) { hideNames(hidden); });
+    board_->SetScale(Session().TimeUnit);
     registerOpenView();
 }
 
@@ -40,16 +53,11 @@ void CalendarView::bindCommands() {
             [this](int direction) { main_.cycledate(direction < 0 ? 0 : 1); });
 }
 
-void CalendarView::hideNames(bool hidden) {
-    for (int index = 1; index <= ctMDay1->ItemCount(); ++index)
-        HideName(ctMDay1->Item(index), hidden);
-}
-
-std::optional<CalendarItem> CalendarView::SelectedItem() const {
-    const int index = ctMDay1->SelectedItem();
-    if (index < 1)
-        return std::nullopt;
-    return std::as_const(*ctMDay1).Item(index);
+void CalendarView::lock(CalendarItem& item) const {
+    const bool whole =
+        !MayWrite() || facts_.value(item.ItemKey).apptType == ApptTypeSlot || item.ItemColor == ncolor::Holiday;
+    item.ItemTextLocked = whole || IsPatientRow(item.ItemColor) || item.ItemColor == ncolor::Group;
+    item.ItemMoveLocked = whole;
 }
 
 std::optional<SelectedSlot> CalendarView::SelectedTime() const {
@@ -86,29 +94,10 @@ void CalendarView::DropSelection() {
 
 void CalendarView::displayapptinfo(int /*index*/) {}
 
-void CalendarView::setHours() {
-    const SessionValues& session = Session();
-    ctMDay1->setPrimeStart(session.DayStartHour * 60);
-    ctMDay1->setFirstTime(session.DayStartHour * 60);
-    ctMDay1->setPrimeEnd(session.DayEndHour * 60);
-    ctMDay1->setLastTime(session.DayEndHour * 60 - 1);
-}
-
 void CalendarView::beginLoad(QDate date, const QString& provider) {
-    const bool same = date == loadedDate_ && provider == loadedProvider_;
-    kept_ = {};
-    if (same)
-        kept_ = {ctMDay1->TopTime(), SelectedItem().value_or(CalendarItem()).ItemKey};
+    board_->BeginLoad(date, provider);
     callIcons_.clear();
-    loadedDate_ = date;
-    loadedProvider_ = provider;
-    ctMDay1->setDate(date);
-    ctMDay1->ClearItems();
-    ctMDay1->setDayBackColor(SystemInfoColor);
-    ctMDay1->setDayHeaderColor(SystemInfoColor);
-    ctMDay1->setHolidayFlag(false);
     facts_.clear();
-    setHours();
 }
 
 QStringList CalendarView::callStatements() const {
@@ -120,18 +109,14 @@ QStringList CalendarView::callStatements() const {
 
 QStringList CalendarView::statementsOfLoad(QDate date, const QString& provider) const {
     QStringList statements = callStatements();
-    if (const std::optional<CalendarItem> selected = SelectedItem();
-        selected && date == loadedDate_ && provider == loadedProvider_)
+    if (const std::optional<CalendarItem> selected = SelectedItem(); selected && board_->Shows(date, provider))
         statements += detailStatements(*selected);
     return statements;
 }
 
 void CalendarView::endLoad() {
     displayapptinfo(0);
-    ctMDay1->setTopTime(std::max(kept_.topTime.value_or(0), ctMDay1->FirstTime()));
-    const int index = kept_.selectedKey.isEmpty() ? 0 : ctMDay1->IndexOfKey(kept_.selectedKey);
-    if (ctMDay1->ColumnOfItem(index) > 0)
-        ctMDay1->setSelectedItem(index);
+    board_->EndLoad();
 }
 
 void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {
@@ -142,41 +127,26 @@ void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {
     const ItemPainting painting = CalendarView::painting();
     for (; !rows.Eof(); rows.MoveNext()) {
         CalendarItem item = ItemFromAppointment(rows, painting);
-        if (facts_.contains(item.ItemKey))
+        board_->WidenTo(item.ItemStart);
+        if (accept && !accept(rows, item))
             continue;
-        // A row without a start, or with one before midnight, does not open the whole night.
-        if (!rows["nStartTime"].value().isNull() && item.ItemStart >= 0 && item.ItemStart < ctMDay1->FirstTime())
-            ctMDay1->setFirstTime(item.ItemStart);
-        if (!accept || accept(rows, item))
-            addAppointment(rows, std::move(item));
+        facts_[item.ItemKey] = factsOf(rows, item);
+        board_->AddRow(std::move(item));
     }
 }
 
-void CalendarView::shadeAround(const db::Recordset& hours, const std::function<void(int, int)>& shade) const {
-    const int first = ctMDay1->FirstTime();
-    const int last = ctMDay1->LastTime();
-    const int start = static_cast<int>(hours["starttime"].integer());
-    const int end = static_cast<int>(hours["endtime"].integer());
-    if (start <= 0) {
-        shade(first, last);
-        return;
+bool CalendarView::addHoliday(QDate date, const std::vector<int>& columns) {
+    const std::optional<QString> holiday = HolidayOn(Session().Connection, date);
+    if (!holiday)
+        return false;
+    ctMDay1->setHolidayFlag(true);
+    ctMDay1->setDayHeaderColor(ncolor::Holiday);
+    CalendarItem banner = HolidayBanner(*holiday, date);
+    for (const int column : columns) {
+        banner.ItemColumn = column;
+        board_->AddItem(banner);
     }
-    if (start > first)
-        shade(first, start - 1);
-    if (end < last)
-        shade(end + 1, last);
-}
-
-int CalendarView::addItem(CalendarItem item) {
-    const int index = ctMDay1->AddItem(item.ItemStart, item.ItemEnd, item.ItemDay, item.ItemText, item.ItemKey);
-    ctMDay1->Item(index) = std::move(item);
-    lockItem(index);
-    return index;
-}
-
-int CalendarView::addAppointment(const db::Recordset& row, CalendarItem item) {
-    facts_[item.ItemKey] = factsOf(row, item);
-    return addItem(std::move(item));
+    return true;
 }
 
 CalendarView::RowFacts CalendarView::factsOf(const db::Recordset& row, const CalendarItem& item) {
@@ -202,13 +172,8 @@ ItemPainting CalendarView::painting() const {
             showsCallsOfAwaitedOnly()};
 }
 
-void CalendarView::setGrid() {
-    ctMDay1->setTimeInterval(Session().TimeUnit);
-    ctMDay1->setTwentyFourHour(Session().MilitaryTime);
-}
-
 void CalendarView::ApplyPreferences() {
-    setGrid();
+    board_->SetScale(Session().TimeUnit);
     Reload();
 }
 

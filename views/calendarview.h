@@ -4,18 +4,20 @@
 #include <memory>
 #include <QHash>
 #include <QSet>
+#include <vector>
 
 #include "platform/calendar/ctmday.h"
 #include "platform/database/recordset.h"
 #include "session/openview.h"
+#include "shell/dayboard.h"
 #include "shell/menuview.h"
 #include "shell/schedulesheet.h"
 #include "views/appointmentitem.h"
 
 class EditorDialog;
 
-/// What the views on a `ctMDay` share: the calendar itself, the commands on appointments and what the user's rights
-/// leave of them, the hours and the grid from the preferences. A view states only its difference.
+/// What the views on a board of appointments share: the commands on them and what the user's rights leave of these, and
+/// how rows become items. A view states only its difference.
 class CalendarView : public MenuView, public OpenView {
     Q_OBJECT
 
@@ -32,7 +34,7 @@ class CalendarView : public MenuView, public OpenView {
     /// Shows what the view holds as it will be on paper.
     void PrintSchedule() override { printS(); }
 
-    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override;
+    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const override { return board_->SelectedItem(); }
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const override;
     [[nodiscard]] QDate ShownDate() const override { return main_.Date(); }
     void DropSelection() override;
@@ -83,12 +85,8 @@ class CalendarView : public MenuView, public OpenView {
     [[nodiscard]] virtual ScheduleSheet sheet() const;
     virtual void printS();
 
-    /// TimeInterval and TwentyFourHour from the preferences.
-    void setGrid();
-    /// PrimeStart, FirstTime, PrimeEnd and LastTime from the preferred hours, before the items that may widen them.
-    void setHours();
-    /// Empties the calendar for a load of what stands under this date and, where the view has one, this provider. The
-    /// load ends by endLoad.
+    /// Empties the board for a load of what stands under this date and, where the view has one, this provider. The load
+    /// ends by endLoad.
     void beginLoad(QDate date, const QString& provider);
     /// What a load of this date and provider will ask for besides the view's own rows, as far as that is known before
     /// it begins: the pictures of the calls that were met before and, when it is a reload, the details of the selected
@@ -96,20 +94,15 @@ class CalendarView : public MenuView, public OpenView {
     [[nodiscard]] QStringList statementsOfLoad(QDate date, const QString& provider) const;
     /// The statements by which displayapptinfo fills the details of an item.
     [[nodiscard]] virtual QStringList detailStatements(const CalendarItem& /*item*/) const { return {}; }
-    /// A reload of what was shown before keeps the place and the selected item; anything else starts at its first
-    /// minute.
     void endLoad();
     /// Whether an item of this row is to be shown; it may be changed before.
     using Accept = std::function<bool(const db::Recordset& row, CalendarItem& item)>;
     /// Adds an item for each row that is accepted. A row that a join gives more than once makes one item, and a row
     /// that starts before the first hour widens the grid, accepted or not.
     void addAppointments(db::Recordset rows, const Accept& accept = {});
-    /// Shades what lies outside a row of ProvSched; a null or no start shades the whole day.
-    void shadeAround(const db::Recordset& hours, const std::function<void(int from, int until)>& shade) const;
-    /// Adds an item with all its attributes, locks included; returns its index.
-    int addItem(CalendarItem item);
-    /// Adds the item that was made of the row, and keeps what the commands need of the row.
-    int addAppointment(const db::Recordset& row, CalendarItem item);
+    /// Whether the day is a holiday, which then stands as a banner in these columns; -1 is the column of the day.
+    /// Throws DatabaseError.
+    bool addHoliday(QDate date, const std::vector<int>& columns = {-1});
     /// Whether a courtesy call shows on appointments that are still awaited alone; the day view shows it on every row.
     [[nodiscard]] virtual bool showsCallsOfAwaitedOnly() const { return false; }
     /// How the rows of one load are painted; each courtesy-call code is looked up once a load.
@@ -126,14 +119,13 @@ class CalendarView : public MenuView, public OpenView {
     /// What the database refuses is told in a box, or in the bar under `subject` where that is not empty.
     bool saveappt(int index, const QString& subject = {});
 
-    ctMDay* ctMDay1;
+    DayBoard* board_;
+    ctMDay* ctMDay1;                  ///< The board's grid.
     QHash<QString, RowFacts> facts_;  ///< By ItemKey.
-
-    static constexpr int NonWorkingColor = 0x808080;  ///< Of the hours in which the provider does not work.
 
   private:
     void bindCommands();
-    void hideNames(bool hidden);
+    void lock(CalendarItem& item) const;
 
     [[nodiscard]] static RowFacts factsOf(const db::Recordset& row, const CalendarItem& item);
 
@@ -158,7 +150,6 @@ class CalendarView : public MenuView, public OpenView {
 
     // calendarview_move.cpp
     void bindInPlaceWork();
-    void lockItem(int index);
     void moveappt(int index);
     void storeMove(const CalendarItem& item, int room);
     /// What a save of an item in place reads, and the details that are shown behind it.
@@ -209,14 +200,6 @@ class CalendarView : public MenuView, public OpenView {
     QMenu* newPopup_ = nullptr;
     QMenu* itemPopup_ = nullptr;
 
-    QDate loadedDate_;
-    QString loadedProvider_;
-    /// What endLoad puts back.
-    struct KeptPlace {
-        std::optional<int> topTime;
-        QString selectedKey;
-    };
-    KeptPlace kept_;
     mutable QHash<QString, int> callIcons_;  ///< By code, since the load began.
     QSet<QString> callCodes_;                ///< Met in any load.
     [[nodiscard]] QStringList callStatements() const;

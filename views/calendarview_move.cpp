@@ -120,20 +120,11 @@ bool isTimeOfDay(int start, int end) {
 }  // namespace
 
 void CalendarView::bindInPlaceWork() {
-    connect(ctMDay1, &ctMDay::BeforeItemWork, this, &CalendarView::lockItem);
     connect(ctMDay1, &ctMDay::ItemChanged, this, &CalendarView::moveappt);
     connect(ctMDay1, &ctMDay::TextEdited, this, [this](int index) {
         saveappt(index);
         displayapptinfo(ctMDay1->SelectedItem());
     });
-}
-
-void CalendarView::lockItem(int index) {
-    CalendarItem& item = ctMDay1->Item(index);
-    const bool whole =
-        !MayWrite() || facts_.value(item.ItemKey).apptType == ApptTypeSlot || item.ItemColor == ncolor::Holiday;
-    item.ItemTextLocked = whole || IsPatientRow(item.ItemColor) || item.ItemColor == ncolor::Group;
-    item.ItemMoveLocked = whole;
 }
 
 QStringList CalendarView::savingStatements(const CalendarItem& item) const {
@@ -260,17 +251,12 @@ void CalendarView::showRow(const Recordset& row) {
     // The picture that a status command chose stays until the view reads anew.
     if (item.ItemStatusIcon != before.stored.ItemStatusIcon)
         shown.ItemStatusIcon = item.ItemStatusIcon;
-    ctMDay1->Item(index) = shown;
-    lockItem(index);
+    board_->Show(index, shown);
 }
 
 void CalendarView::putBack(const QString& key) {
-    const int index = ctMDay1->IndexOfKey(key);
-    if (index < 1 || !facts_.contains(key))
-        return;
-    ctMDay1->Item(index) = facts_[key].stored;
-    HideName(ctMDay1->Item(index), Session().HidePatientNames);
-    lockItem(index);
+    if (facts_.contains(key))
+        board_->Show(ctMDay1->IndexOfKey(key), facts_[key].stored);
 }
 
 void CalendarView::tellUnsaved(const QString& key, const QString& trouble, const db::DatabaseError& error,

@@ -131,6 +131,6 @@ void CalendarView::showStatus(int index, int code) {
     HideName(item, Session().HidePatientNames);
     MarkStatus(item, code, 0);
     item.ItemStatusIcon = code == ncolor::CheckedIn ? 3 : 0;
-    lockItem(index);
+    board_->Lock(index);
     displayapptinfo(index);
 }

@@ -1,6 +1,7 @@
 #include "views/frmall.h"
 
 #include <algorithm>
+#include <numeric>
 #include <QAction>
 #include <QComboBox>
 #include <QHash>
@@ -11,7 +12,6 @@
 #include "data/holidays.h"
 #include "data/pipefields.h"
 #include "data/recurrence.h"
-#include "platform/controls/ctlist.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -21,7 +21,6 @@
 #include "session/preferences.h"
 #include "session/session.h"
 #include "shell/menutables.h"
-#include "views/appointmentitem.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -30,8 +29,6 @@ using db::Sql;
 
 namespace {
 
-constexpr int CheckColumn = 1;
-constexpr int DisciplineColumn = 3;
 constexpr int FewestColumns = 5;
 constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
@@ -77,7 +74,7 @@ void frmall::connectPanel() {
     display.setChecked(true);
     menus().Bind(menu::mnuVDisplay, [this, &display] { panel_->setVisible(display.isChecked()); });
     connect(cbodisc, &QComboBox::activated, this, &frmall::filter);
-    connect(ctList1, &ctList::CheckChanged, this, &frmall::checkProvider);
+    connect(panel_, &ProviderPanel::ChoiceChanged, this, &frmall::showChosen);
     connect(cboprovs, &QComboBox::activated, this, [this](int index) { chooseColumn(index + 1); });
     connect(cmdgo, &QPushButton::clicked, this, &frmall::goToProvider);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmall::displayapptinfo);
@@ -101,19 +98,15 @@ void frmall::ApplyPreferences() {
 void frmall::LoadProviders() {
     cbodisc->clear();
     cbodisc->addItem(QStringLiteral("Show All"));
-    ctList1->Clear();
+    panel_->Clear();
     const auto addProviders = [this] {
-        for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext()) {
-            const QString id = rows["Id"].text();
-            const QString name = rows["prov_lastname"].text();
-            const QString discipline = rows["discipline"].text();
-            const int row = ctList1->AddRow({QStringLiteral("1"), name, discipline}, id);
-            ctList1->SetItemText(row, name);
-            if (!discipline.isEmpty() && cbodisc->findText(discipline, Qt::MatchFixedString) < 0)
-                cbodisc->addItem(discipline);
-        }
+        for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
+            panel_->Add({rows["Id"].text(), rows["prov_lastname"].text(), rows["discipline"].text()});
     };
     providersRead_ = readInto(*ctMDay1, QStringLiteral("Error loading provider list. "), addProviders);
+    for (const ListedProvider& provider : panel_->Providers())
+        if (!provider.discipline.isEmpty() && cbodisc->findText(provider.discipline, Qt::MatchFixedString) < 0)
+            cbodisc->addItem(provider.discipline);
     cbodisc->setCurrentIndex(AllDisciplines);
     resetcols();
 }
@@ -130,20 +123,20 @@ void frmall::reloadWhole() {
 }
 
 bool frmall::providerchecked(const QString& id) const {
-    return ctList1->Checked(ctList1->FindItemData(id), CheckColumn);
+    const std::optional<ListedProvider> listed = panel_->Find(id);
+    return listed && listed->shown;
 }
 
 void frmall::resetcols() {
     ctMDay1->ClearColumns();
     List1.clear();
     cboprovs->clear();
-    for (int row = 0; row < ctList1->RowCount(); ++row) {
-        if (!ctList1->Checked(row, CheckColumn))
+    for (const ListedProvider& provider : panel_->Providers()) {
+        if (!provider.shown)
             continue;
-        const QString name = ctList1->ItemText(row);
-        ctMDay1->AddColumn(name);
-        List1.push_back(ctList1->ItemData(row).toString());
-        cboprovs->addItem(name);
+        ctMDay1->AddColumn(provider.name);
+        List1.push_back(provider.id);
+        cboprovs->addItem(provider.name);
     }
     cboprovs->setCurrentIndex(cboprovs->count() > 0 ? 0 : -1);
     cmdgo->setEnabled(cboprovs->count() > 0);
@@ -151,23 +144,15 @@ void frmall::resetcols() {
 
 void frmall::filter(int index) {
     const QString discipline = cbodisc->itemText(index);
-    for (int row = 0; row < ctList1->RowCount(); ++row)
-        ctList1->SetChecked(row, CheckColumn,
-                            index == AllDisciplines ||
-                                ctList1->Cell(row, DisciplineColumn).compare(discipline, Qt::CaseInsensitive) == 0);
-    resetcols();
-    loadmdayview();
+    panel_->CheckThose([&](const ListedProvider& provider) {
+        return index == AllDisciplines || provider.discipline.compare(discipline, Qt::CaseInsensitive) == 0;
+    });
+    showChosen();
 }
 
-// The panel can never be empty by hand.
-void frmall::checkProvider(int row) {
-    for (int other = 0; other < ctList1->RowCount(); ++other)
-        if (ctList1->Checked(other, CheckColumn)) {
-            resetcols();
-            loadmdayview();
-            return;
-        }
-    ctList1->SetChecked(row, CheckColumn, true);
+void frmall::showChosen() {
+    resetcols();
+    loadmdayview();
 }
 
 QStringList frmall::dayStatements() const {
@@ -193,7 +178,10 @@ void frmall::loadmdayview() {
                             item.ItemColumn = *column;
                             return true;
                         });
-        loadHoliday(date);
+        std::vector<int> everyColumn(List1.size());
+        std::iota(everyColumn.begin(), everyColumn.end(), 1);
+        if (addHoliday(date, everyColumn))
+            ctMDay1->setDayBackColor(ncolor::Holiday);
     };
     if (providersRead_)
         readInto(*ctMDay1, QStringLiteral("Error loading schedule. "), addRows);
@@ -202,20 +190,6 @@ void frmall::loadmdayview() {
     const QString caption = LongDateText(date);
     main().ShowDateText(caption);
     main().ShowTitle(caption);
-}
-
-void frmall::loadHoliday(QDate date) {
-    const std::optional<QString> holiday = HolidayOn(Session().Connection, date);
-    if (!holiday)
-        return;
-    ctMDay1->setHolidayFlag(true);
-    ctMDay1->setDayHeaderColor(ncolor::Holiday);
-    ctMDay1->setDayBackColor(ncolor::Holiday);
-    for (int column = 1; column <= static_cast<int>(List1.size()); ++column) {
-        CalendarItem banner = HolidayBanner(*holiday, date);
-        banner.ItemColumn = column;
-        addItem(banner);
-    }
 }
 
 void frmall::LoadWorkSchedule(QDate date) {
@@ -229,9 +203,7 @@ void frmall::LoadWorkSchedule(QDate date) {
             hours.Find(Sql("providerid = '{}'", List1[i]));
             if (hours.Eof())
                 continue;
-            shadeAround(hours, [this, column = static_cast<int>(i) + 1](int from, int until) {
-                ctMDay1->AddTimeRange(from, until, NonWorkingColor, column);
-            });
+            board_->ShadeAround(hours, static_cast<int>(i) + 1);
         }
     });
 }
@@ -267,12 +239,9 @@ int frmall::columnOf(const QString& provider) const {
 // A provider who is not checked gets a column; one who is not on the panel can have none.
 void frmall::followProvider() {
     const QString& provider = Session().ProviderId;
-    for (int row = 0; row < ctList1->RowCount() && columnOf(provider) == 0; ++row) {
-        if (ctList1->ItemData(row).toString().compare(provider, Qt::CaseInsensitive) != 0)
-            continue;
-        ctList1->SetChecked(row, CheckColumn, true);
-        resetcols();
-        loadmdayview();
+    if (const std::optional<ListedProvider> listed = panel_->Find(provider); listed && !listed->shown) {
+        panel_->CheckThose([&](const ListedProvider& each) { return each.shown || each.id == listed->id; });
+        showChosen();
     }
     if (const int column = columnOf(provider); column > 0) {
         chooseColumn(column);
@@ -304,8 +273,8 @@ std::optional<BookedProvider> frmall::providerOfColumn(int column) const {
 }
 
 QString frmall::nameOfProvider(const QString& id) const {
-    const int row = ctList1->FindItemData(id);
-    return row < 0 ? id : ctList1->ItemText(row);
+    const std::optional<ListedProvider> listed = panel_->Find(id);
+    return listed ? listed->name : id;
 }
 
 // The patient's other appointments are asked about, and those of the session's provider, whichever column it is; then

@@ -2,11 +2,11 @@
 
 #include <vector>
 
+#include "shell/providerpanel.h"
 #include "views/calendarview.h"
 
 class QComboBox;
 class QPushButton;
-class ctList;
 
 /// The whole practice's day: every active provider is a column. The panel beside them says whose columns are shown.
 ///
@@ -55,25 +55,23 @@ class frmall : public CalendarView {
   private:
     // frmall_layout.cpp
     void layOut();
-    QWidget* makePanel();
+    void makePanel();
 
     void connectPanel();
     void showColumns();
     void filter(int index);
-    void checkProvider(int row);
+    void showChosen();
     void goToProvider();
     void selectColumn(int column);
     [[nodiscard]] int columnOf(const QString& provider) const;
     void chooseColumn(int column);
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
     [[nodiscard]] QStringList dayStatements() const;
-    void loadHoliday(QDate date);
 
     std::vector<QString> List1;  ///< The provider's id of each column.
-    QWidget* panel_ = nullptr;
+    ProviderPanel* panel_ = nullptr;
     bool providersRead_ = false;
     bool sized_ = false;  ///< The view has had its first size.
-    ctList* ctList1 = nullptr;
     QComboBox* cbodisc = nullptr;
     QComboBox* cboprovs = nullptr;
     QPushButton* cmdgo = nullptr;

@@ -1,6 +1,5 @@
 #include <QAction>
 #include <QComboBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -12,8 +11,6 @@
 #include "views/frmall.h"
 
 namespace {
-
-constexpr int PanelCharacters = 34;
 
 QComboBox* combo(const char* name, const QString& accessibleName, QWidget* parent) {
     auto* box = Named(new QComboBox(parent), name);
@@ -39,7 +36,7 @@ void frmall::layOut() {
     auto* splitter = new QSplitter(this);
     splitter->setObjectName(QStringLiteral("SSSplitter1"));
     splitter->setChildrenCollapsible(false);
-    panel_ = makePanel();
+    makePanel();
     splitter->addWidget(ctMDay1);
     splitter->addWidget(panel_);
     splitter->setStretchFactor(0, 1);
@@ -53,34 +50,21 @@ void frmall::layOut() {
 // On a small screen the panel would leave the columns no room; its command shows it.
 void frmall::resizeEvent(QResizeEvent* event) {
     CalendarView::resizeEvent(event);
-    if (!std::exchange(sized_, true) && width() < fontMetrics().averageCharWidth() * PanelCharacters * 3) {
+    if (!std::exchange(sized_, true) && width() < panel_->minimumWidth() * 3) {
         panel_->hide();
         menus().Command(menu::mnuVDisplay).setChecked(false);
     }
 }
 
-QWidget* frmall::makePanel() {
-    auto* panel = Named(new QWidget(this), "pnlproviders");
-    auto* heading = new QLabel(QStringLiteral("Display Providers"), panel);
-    heading->setFont(HeadingFont());
-    cbodisc = combo("cbodisc", tr("Discipline"), panel);
-    ctList1 = Named(new ctList(panel), "ctList1");
-    ctList1->setAccessibleName(QStringLiteral("Display Providers"));
-    ctList1->SetColumns({{QString(), ListColumn::Kind::Check, 4, Qt::AlignCenter},
-                         {QStringLiteral("Provider")},
-                         {QStringLiteral("Discipline"), ListColumn::Kind::Text, 12}});
-    heading->setBuddy(ctList1);
-    cboprovs = combo("cboprovs", tr("Provider"), panel);
-    cmdgo = FormButton(tr("&Go"), "cmdgo", panel);
+// The filter stands over the list and comes before it by Tab, too.
+void frmall::makePanel() {
+    panel_ = Named(new ProviderPanel(ProviderPanel::Columns::ProviderAndDiscipline, this), "pnlproviders");
+    cbodisc = combo("cbodisc", tr("Discipline"), panel_);
+    cboprovs = combo("cboprovs", tr("Provider"), panel_);
+    cmdgo = FormButton(tr("&Go"), "cmdgo", panel_);
     cmdgo->setToolTip(tr("Show this provider's day"));
-
-    auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(Space(8), 0, Space(8), Space(8));
-    column->setSpacing(Space(8));
-    column->addWidget(heading);
-    column->addLayout(besideEachOther({FieldLabel(QStringLiteral("Filter:"), cbodisc), cbodisc}, 1));
-    column->addWidget(ctList1, 1);
-    column->addLayout(besideEachOther({cboprovs, cmdgo}, 0));
-    panel->setMinimumWidth(fontMetrics().averageCharWidth() * PanelCharacters);
-    return panel;
+    QVBoxLayout& rows = panel_->Rows();
+    rows.insertLayout(1, besideEachOther({FieldLabel(QStringLiteral("Filter:"), cbodisc), cbodisc}, 1));
+    rows.addLayout(besideEachOther({cboprovs, cmdgo}, 0));
+    setTabOrder(cbodisc, &panel_->List());
 }

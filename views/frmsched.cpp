@@ -9,7 +9,6 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
-#include "session/hiddennames.h"
 #include "session/session.h"
 #include "shell/menutables.h"
 
@@ -40,8 +39,6 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     bindTaskCommands();
     showOpenView(menu::mnuVDay, View::Day);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
-    FollowHiddenNames(ctListInfo);
-    FollowHiddenNames(this, [this](bool) { showNote(note_); });
     const ReadTogether together(Session().Connection, dayStatements() << tasksStatement());
     LoadDayView();
     LoadToDo();
@@ -76,7 +73,10 @@ void frmsched::LoadDayView() {
     beginLoad(date, Session().ProviderId);
     readInto(*ctMDay1, QStringLiteral("Error reading appointments. "),
              [&] { addAppointments(Recordset(appointmentsStatement(date), Session().Connection)); });
-    Ignoring([&] { loadHoliday(date); });
+    Ignoring([&] {
+        if (addHoliday(date))
+            ctMDay1->setDayBackColor(ncolor::Holiday);
+    });
     LoadWorkSchedule(date);
     endLoad();
     main().ShowDateText(LongDateText(date));
@@ -85,22 +85,12 @@ void frmsched::LoadDayView() {
         showFound(*found);
 }
 
-void frmsched::loadHoliday(QDate date) {
-    const std::optional<QString> holiday = HolidayOn(Session().Connection, date);
-    if (!holiday)
-        return;
-    ctMDay1->setHolidayFlag(true);
-    addItem(HolidayBanner(*holiday, date));
-    ctMDay1->setDayHeaderColor(ncolor::Holiday);
-    ctMDay1->setDayBackColor(ncolor::Holiday);
-}
-
 void frmsched::LoadWorkSchedule(QDate day) {
     ctMDay1->ClearTimeRanges();
     Ignoring([&] {
         const Recordset hours(hoursStatement(day), Session().Connection);
         if (!hours.Eof())
-            shadeAround(hours, [this](int from, int until) { ctMDay1->AddTimeRange(from, until, NonWorkingColor); });
+            board_->ShadeAround(hours);
     });
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "shell/detailspane.h"
 #include "views/calendarview.h"
 
-class ctList;
-class QPlainTextEdit;
 class QSplitter;
+class ctList;
 
 /// The day view: one provider's one day as a column of time, beside it the details of the selected appointment, its
 /// note and the provider's tasks. The day's content lives in the calendar alone; it is read anew by LoadDayView and by
@@ -40,15 +40,12 @@ class frmsched : public CalendarView {
   private:
     // frmsched_layout.cpp
     void layOut();
-    QWidget* makeInfoPane();
-    QWidget* makeNotePane();
-    QWidget* makeTaskPane();
+    void addTaskPane();
     void rememberPanes();
     void sharePanes();
 
     // frmsched.cpp
     [[nodiscard]] QStringList dayStatements() const;
-    void loadHoliday(QDate date);
 
     // frmsched_tasks.cpp
     void bindTaskCommands();
@@ -61,19 +58,14 @@ class frmsched : public CalendarView {
 
     // frmsched_info.cpp
     [[nodiscard]] QStringList detailStatements(const CalendarItem& item) const override;
-    void showNote(const QString& note);
-    void addInfo(const QString& label, const QString& value);
+    void showNote(const QString& note, DetailsPane::About about);
     void addRoom(const QString& key);
     void addContacts(const CalendarItem& item, const RowFacts& facts);
     void getgroumembers(const QString& key);
 
     QSplitter* SSSplitter1 = nullptr;
-    QSplitter* sidePanes_ = nullptr;
+    DetailsPane* details_ = nullptr;
     bool panesChosen_ = false;  ///< The user has put the splitter somewhere.
-    ctList* ctListInfo = nullptr;
-    QPlainTextEdit* txtnote = nullptr;
-    QString note_;                 ///< Of the selected appointment.
-    bool tellsOfPatient_ = false;  ///< Its details are hidden with the patients' names.
     ctList* ctList1 = nullptr;
 
     QString tasksOf_;

@@ -1,27 +1,21 @@
-#include <QPlainTextEdit>
-
 #include "appointments/patientcontacts.h"
 #include "data/codes.h"
 #include "data/courtesycalls.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "data/statuses.h"
-#include "platform/controls/ctlist.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
-#include "session/hiddennames.h"
 #include "session/session.h"
 #include "views/frmsched.h"
 
+using About = DetailsPane::About;
 using db::Ignoring;
 using db::Recordset;
 using db::Sql;
 
 namespace {
-
-constexpr int longestWord = 2000;
-constexpr int ValueColumn = 2;
 
 // An appointment's text stands in the panel as one line of parts.
 QString withCommas(const QString& text) {
@@ -46,18 +40,6 @@ bool hasContacts(const CalendarItem& item, int apptType) {
     return apptType != ApptTypeSlot && IsPatientRow(item.ItemColor);
 }
 
-// Whose appointment it is stays untold; what else is told of it betrays nobody.
-bool betraysPatient(const QString& label) {
-    static const QStringList harmless{QStringLiteral("Time"),
-                                      QStringLiteral("Length"),
-                                      QStringLiteral("Service"),
-                                      QStringLiteral("Room"),
-                                      QStringLiteral("Preferred Contact Method"),
-                                      QStringLiteral("Courtesy Call Status"),
-                                      QStringLiteral("Status")};
-    return !harmless.contains(label);
-}
-
 }  // namespace
 
 QStringList frmsched::detailStatements(const CalendarItem& item) const {
@@ -74,10 +56,10 @@ QStringList frmsched::detailStatements(const CalendarItem& item) const {
 }
 
 void frmsched::displayapptinfo(int index) {
-    ctListInfo->Clear();
-    showNote({});
+    details_->Clear();
     if (index < 1) {
-        ctListInfo->AddRow({QString(), QStringLiteral("No Appointment Selected")});
+        details_->AddRow({}, QStringLiteral("No Appointment Selected"));
+        showNote({}, About::Nobody);
         return;
     }
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
@@ -85,47 +67,34 @@ void frmsched::displayapptinfo(int index) {
     const bool military = Session().MilitaryTime;
     const db::ReadTogether together(Session().Connection, detailStatements(item));
 
-    tellsOfPatient_ = NamesPatient(item);
-    addInfo(QStringLiteral("Appointment"), withCommas(item.ItemText));
+    const About about = NamesPatient(item) ? About::Patient : About::Nobody;
+    details_->AddRow(QStringLiteral("Appointment"), withCommas(item.ItemText), about);
     const QString start = item.ItemStart < 0 ? tr("no start time") : MinutesToTimeText(item.ItemStart, military);
-    addInfo(QStringLiteral("Time"), QStringLiteral("%1 - %2").arg(start, MinutesToTimeText(item.ItemEnd, military)));
-    addInfo(QStringLiteral("Length"), QStringLiteral("%1 mins.").arg(item.ItemEnd - item.ItemStart));
+    details_->AddRow(QStringLiteral("Time"),
+                     QStringLiteral("%1 - %2").arg(start, MinutesToTimeText(item.ItemEnd, military)));
+    details_->AddRow(QStringLiteral("Length"), QStringLiteral("%1 mins.").arg(item.ItemEnd - item.ItemStart));
     if (facts.apptType != ApptTypeSlot)
-        addInfo(QStringLiteral("Service"),
-                item.ItemColor == ncolor::Group ? QStringLiteral("Group Therapy") : GetPipeField(item.ItemNote, 1));
+        details_->AddRow(QStringLiteral("Service"), item.ItemColor == ncolor::Group ? QStringLiteral("Group Therapy")
+                                                                                    : GetPipeField(item.ItemNote, 1));
     Ignoring([&] { addRoom(item.ItemKey); });
-    if (const QString note = GetPipeField(item.ItemNote, 2); !note.isEmpty())
-        showNote(note);
+    showNote(GetPipeField(item.ItemNote, 2), about);
     if (hasContacts(item, facts.apptType))
         addContacts(item, facts);
-    if (item.ItemColor == ncolor::Group) {
-        tellsOfPatient_ = true;
+    if (item.ItemColor == ncolor::Group)
         Ignoring([&] { getgroumembers(item.ItemKey); });
-        tellsOfPatient_ = false;
-    }
 }
 
-void frmsched::showNote(const QString& note) {
-    // Looking for the words of an endless one takes seconds; where nobody set a blank, lines break anywhere.
-    const bool endless = note.size() > longestWord && !note.left(longestWord).contains(QLatin1Char(' '));
-    txtnote->setWordWrapMode(endless ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    note_ = note;
+void frmsched::showNote(const QString& note, About about) {
     const QString caption = QStringLiteral("Appointment Note");
-    const QString shown = tellsOfPatient_ ? ShownName(note) : note;
-    txtnote->setPlainText(shown.isEmpty() ? caption : caption + QLatin1Char('\n') + shown);
-}
-
-void frmsched::addInfo(const QString& label, const QString& value) {
-    const int row = ctListInfo->AddRow({label, value});
-    if (tellsOfPatient_ && betraysPatient(label))
-        ctListInfo->NameCell(row, ValueColumn);
+    details_->ShowNote(note.isEmpty() ? caption : caption + QLatin1Char('\n'), note, about);
 }
 
 void frmsched::addRoom(const QString& key) {
     const Recordset booked(roomStatement(key), Session().Connection);
-    addInfo(QStringLiteral("Room"), booked.Eof() ? QString() : booked["room"].text());
+    details_->AddRow(QStringLiteral("Room"), booked.Eof() ? QString() : booked["room"].text());
 }
 
+// Whose appointment it is stays untold while names are hidden; what else is told of it betrays nobody.
 void frmsched::addContacts(const CalendarItem& item, const RowFacts& facts) {
     const QString patientId = GetPipeField(item.ItemNote, 3);
     QString otherPhoneType;
@@ -135,16 +104,17 @@ void frmsched::addContacts(const CalendarItem& item, const RowFacts& facts) {
             otherPhoneType = read.otherPhoneType;
         return read.text;
     };
-    addInfo(QStringLiteral("Home Phone"), detail("telephone_h"));
-    addInfo(QStringLiteral("Work Phone"), detail("telephone_b"));
+    details_->AddRow(QStringLiteral("Home Phone"), detail("telephone_h"), About::Patient);
+    details_->AddRow(QStringLiteral("Work Phone"), detail("telephone_b"), About::Patient);
     if (!otherPhoneType.isEmpty())
-        addInfo(otherPhoneType, detail("Other_Phone"));
-    addInfo(QStringLiteral("E-Mail"), detail("EmailAddress"));
-    addInfo(QStringLiteral("Preferred Contact Method"), detail("PreferredContactMode"));
+        details_->AddRow(otherPhoneType, detail("Other_Phone"), About::Patient);
+    details_->AddRow(QStringLiteral("E-Mail"), detail("EmailAddress"), About::Patient);
+    details_->AddRow(QStringLiteral("Preferred Contact Method"), detail("PreferredContactMode"));
     if (!facts.callStatus.isEmpty())
-        addInfo(QStringLiteral("Courtesy Call Status"), GetCallStatusText(Session().Connection, facts.callStatus));
+        details_->AddRow(QStringLiteral("Courtesy Call Status"),
+                         GetCallStatusText(Session().Connection, facts.callStatus));
     if (const char* status = StatusOf(item.ItemColor).inDetails; *status != '\0')
-        addInfo(QStringLiteral("Status"), QString::fromLatin1(status));
+        details_->AddRow(QStringLiteral("Status"), QString::fromLatin1(status));
 }
 
 // The members stand under one label; attendance is told behind the name.
@@ -153,7 +123,8 @@ void frmsched::getgroumembers(const QString& key) {
     Recordset members(membersStatement(key), Session().Connection);
     for (; !members.Eof(); members.MoveNext()) {
         const QString name = members["PatientName"].text();
-        addInfo(label, members["Kept"].integer() == 1 ? name + QStringLiteral(" (Kept)") : name);
+        details_->AddRow(label, members["Kept"].integer() == 1 ? name + QStringLiteral(" (Kept)") : name,
+                         About::Patient);
         label.clear();
     }
 }

@@ -14,7 +14,6 @@
 #include "session/preferences.h"
 #include "session/session.h"
 #include "shell/menutables.h"
-#include "views/appointmentitem.h"
 
 using db::Ignoring;
 using db::ReadTogether;
@@ -98,7 +97,10 @@ void frmweekv::loadmdayview() {
         addAppointments(Recordset(appointmentsStatement(first), Session().Connection),
                         [](const Recordset& row, const CalendarItem& /*item*/) { return !row["allday"].boolean(); });
     });
-    Ignoring([&] { loadHolidays(first); });
+    Ignoring([&] {
+        for (int day = 0; day < DaysOfWeek; ++day)
+            addHoliday(first.addDays(day));
+    });
     ctMDay1->ClearTimeRanges();
     for (int day = 0; day < DaysOfWeek; ++day)
         LoadWorkSchedule(first.addDays(day));
@@ -109,24 +111,11 @@ void frmweekv::loadmdayview() {
     main().ShowTitle(caption);
 }
 
-void frmweekv::loadHolidays(QDate first) {
-    for (int day = 0; day < DaysOfWeek; ++day) {
-        const QDate date = first.addDays(day);
-        if (const std::optional<QString> holiday = HolidayOn(Session().Connection, date)) {
-            ctMDay1->setHolidayFlag(true);
-            ctMDay1->setDayHeaderColor(ncolor::Holiday);
-            addItem(HolidayBanner(*holiday, date));
-        }
-    }
-}
-
 void frmweekv::LoadWorkSchedule(QDate date) {
     Ignoring([&] {
         const Recordset hours(hoursStatement(date), Session().Connection);
         if (!hours.Eof())
-            shadeAround(hours, [this, date](int from, int until) {
-                ctMDay1->AddTimeRange(from, until, NonWorkingColor, date);
-            });
+            board_->ShadeAround(hours, date);
     });
 }
 

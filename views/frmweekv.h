@@ -34,5 +34,4 @@ class frmweekv : public CalendarView {
   private:
     void showDays();
     [[nodiscard]] QStringList weekStatements(QDate first) const;
-    void loadHolidays(QDate first);
 };

@@ -31,6 +31,9 @@ void ctMDay::selectRange(int column, int start, int end) {
 
 void ctMDay::selectTime(const SelectedTime& time) {
     setSelectedItem(0);
+    // Shift extends what is selected now, not what was before.
+    if (rangeAnchor_ < time.start || rangeAnchor_ >= time.end)
+        rangeAnchor_ = time.start;
     if (state_.range == time)
         return;
     state_.range = time;

@@ -106,6 +106,12 @@ TEST_F(RoomBrowser, AnEarlyBookingWidensTheDay) {
     EXPECT_EQ(open().FirstTime(), 390);
 }
 
+TEST_F(RoomBrowser, ABookingWithoutAStartDoesNotOpenTheNight) {
+    booking(blue, 390, 420, QStringLiteral("Cleaning"));
+    database.connection().Execute(QStringLiteral("Update roomschedule Set nStartTime = Null"));
+    EXPECT_EQ(open().FirstTime(), 480);
+}
+
 TEST_F(RoomBrowser, FreeTimeInARoomChoosesIt) {
     ctMDay& rooms = open();
     EXPECT_FALSE(form->cmdselect->isEnabled());

@@ -69,6 +69,16 @@ TEST_F(AllProviders, ADragToAnotherColumnMakesItTheOtherProviders) {
         << audit().toStdString();
 }
 
+TEST_F(AllProviders, ADragNamesAProviderWhoseIdIsWrittenOtherwiseInTheRow) {
+    const qint64 key = add(anAppointment("Anna").of("lane").at(9, 0).until(9, 50));
+    openByHand();
+
+    dragTo("Anna", 3, 660);
+
+    EXPECT_EQ(times(key), "REED 660-710");
+    EXPECT_TRUE(audit().contains(" with Lane) to 03/11/26")) << audit().toStdString();
+}
+
 TEST_F(AllProviders, ADragWithinItsColumnNamesTheProviderOnce) {
     const qint64 key = add(anAppointment("Anna").of("LANE").at(9, 0).until(9, 50));
     openByHand();

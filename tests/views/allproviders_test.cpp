@@ -98,6 +98,18 @@ TEST_F(AllProviders, OnASmallScreenThePanelWaitsForItsCommand) {
     EXPECT_TRUE(panel().isVisible());
 }
 
+TEST_F(AllProviders, TabGoesThroughThePanelFromTopToBottom) {
+    open();
+    view_->activateWindow();
+    box("cbodisc").setFocus();
+    QStringList reached;
+    for (int step = 0; step < 3; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        reached << QApplication::focusWidget()->objectName();
+    }
+    EXPECT_EQ(reached, (QStringList{"ctList1", "cboprovs", "cmdgo"}));
+}
+
 TEST_F(AllProviders, AnotherUsersNameForAPatientStandsInTheCommand) {
     Session().WordUsage = "Client";
     open();
@@ -163,6 +175,15 @@ TEST_F(AllProviders, AHolidayStandsInEveryColumn) {
     }
     EXPECT_TRUE(calendar().HolidayFlag());
     EXPECT_EQ(calendar().DayBackColor(), ncolor::Holiday);
+}
+
+TEST_F(AllProviders, AReloadLeavesTheBookingWithTheProviderWhoseBannerIsSelected) {
+    run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Founders', '2026/03/11', 0)");
+    open();
+    calendar().setSelectedItem(3);
+    EXPECT_EQ(view_->Provider().id, "REED");
+    all().Reload();
+    EXPECT_EQ(view_->Provider().id, "REED");
 }
 
 TEST_F(AllProviders, AWeekdayWithOneRowOfHoursIsNotShaded) {

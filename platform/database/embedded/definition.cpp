@@ -79,9 +79,7 @@ class TableReader {
         for (const std::string& name : names)
             declaration(name).column.nullable = false;
         // The key of an identity is declared with its column, because SQLite only then assigns its values.
-        if (names.size() == 1 && declaration(names.front()).column.identity)
-            declaration(names.front()).key = true;
-        else
+        if (names.size() != 1 || !declaration(names.front()).column.identity)
             constraints_ += ", PRIMARY KEY (" + list(names) + ")";
     }
 

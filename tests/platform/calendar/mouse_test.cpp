@@ -478,7 +478,7 @@ TEST(CalendarMouse, ADragBeyondTheEdgeScrolls) {
     hand.settle();
     hand.press(hand.freeAt(540));
     hand.moveTo({300, 340});
-    QTRY_VERIFY_WITH_TIMEOUT(hand.calendar.TopTime() > 480, 5000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hand.calendar.TopTime() > 480; }, 5000));
     hand.release({300, 340});
     EXPECT_EQ(hand.calendar.SelStart(), 540);
     EXPECT_GT(hand.calendar.SelEnd(), 660);

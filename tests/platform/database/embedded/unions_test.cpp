@@ -150,6 +150,18 @@ TEST_F(Unions, ATextBesideANumberBecomesOne) {
     EXPECT_EQ(practice.engine.query("Select '5' as n Union Select 7", {}).columns()[0].type, db::ColumnType::Integer);
 }
 
+TEST_F(Unions, EveryColumnHasAKindOfItsOwn) {
+    gives("Select '1' as a, 'x' as b, '3' as c Union All Select 4, 'y', 6 Order by a", "1|x|3/4|y|6");
+    gives("Select n.c + '1' from (Select 1 as a, 'x' as b, '3' as c Union All Select 4, 'y', 6) n Order by n.a", "4/7");
+    const auto table = practice.engine.query(
+        "Select 'a' as a, '2' as b, 3 as c, '' as d Union Select 'b', 4, 2.5, picked from fruit Where id = 1", {});
+    QList<int> types;
+    for (const db::Column& column : table.columns())
+        types.append(static_cast<int>(column.type));
+    EXPECT_EQ(types, (QList<int>{2, 0, 1, 3}));
+    fails("Select 1 as a, 'x' as b Union Select 2, 3", 245);
+}
+
 TEST_F(Unions, ATextBesideAMomentBecomesOne) {
     gives("Select picked from fruit Where id = 1 Union All Select '3/10/2026' Order by picked",
           "2026-03-10 00:00:00/2026-03-11 00:00:00");

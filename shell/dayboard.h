@@ -1,0 +1,105 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <QDate>
+#include <QObject>
+#include <QSet>
+#include <QString>
+#include <span>
+#include <vector>
+
+#include "platform/calendar/item.h"
+#include "platform/database/recordset.h"
+
+class ctMDay;
+
+/// What a view decides about the items of its board. A rule that is left out locks nothing and names nobody.
+struct BoardRules {
+    /// Sets the item's two locks by the user's rights and the kind of item. It is called whenever an item is shown, and
+    /// again just before the user works on it.
+    std::function<void(CalendarItem& item)> lock;
+    /// Returns which of the items name a patient, in their order. It is called only while the patients' names are
+    /// hidden, and with all items of a load at once, so that a view which must look that up asks the database once.
+    std::function<std::vector<bool>(std::span<const CalendarItem> items)> namesPatients;
+};
+
+/// A day grid together with the way in which a view loads it: the preferred hours, the shading around working hours,
+/// the locks, the hidden names, and the place that a reload keeps. Only the view knows what the items stand for.
+///
+/// A load goes from BeginLoad to EndLoad. Between them the view widens the grid to its rows and adds the items. EndLoad
+/// is also called when reading failed half way.
+class DayBoard : public QObject {
+  public:
+    /// Makes the grid under this object name. Board and grid belong to `view`.
+    DayBoard(const QString& gridName, BoardRules rules, QWidget* view);
+
+    /// Sets the grid's step in minutes, and the 12 or 24 hour clock of the preferences.
+    void SetScale(int slotMinutes);
+
+    /// Empties the grid for the items of this date and of `of`: the id of the provider, room or whatever else the view
+    /// shows one of at a time, "" where it shows them all. Text that is being typed is stored before its item is
+    /// removed. The grid gets the preferred hours and loses the marks of a holiday. Columns and shading stay.
+    void BeginLoad(QDate date, const QString& of = {});
+    /// Lets the grid begin at this minute where it would begin later. A minute below 0, of a row without a start,
+    /// changes nothing.
+    void WidenTo(int startMinute);
+    /// Adds the item that was made of a row of the database, and returns its index. Where a join gives the row more
+    /// than once, only its first item in a column and a day is added; the others return 0.
+    int AddRow(CalendarItem item);
+    /// Adds an item that no row stands behind, such as a banner, and returns its index.
+    int AddItem(CalendarItem item);
+    /// Hides the names and scrolls the grid. A reload of what was shown before keeps the place and the selected item;
+    /// where several items have its key, it selects the one in the same column. Any other load starts at its first
+    /// minute.
+    void EndLoad();
+
+    /// Shades the time outside the working hours of a row of ProvSched, in a column (0: in each) or on a day. A start
+    /// that is null or 0 shades the whole day.
+    void ShadeAround(const db::Recordset& hours, int column = 0);
+    void ShadeAround(const db::Recordset& hours, QDate day);
+
+    /// Replaces the item at the index, by what is stored now or by what was stored before. An index below 1 is ignored.
+    void Show(int index, CalendarItem item);
+    /// Sets the locks of the item anew.
+    void Lock(int index);
+
+    /// Whether the last load was of this date and of the same provider, room or the like.
+    [[nodiscard]] bool Shows(QDate date, const QString& of = {}) const;
+    /// The selected item as the grid holds it, or nothing.
+    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const;
+    [[nodiscard]] ctMDay& Grid() const { return *grid_; }
+
+    static constexpr int NonWorkingColor = 0x808080;
+
+  private:
+    /// Tells the item of one row from all others. Rows of two tables may have the same key, but never the same colour.
+    struct RowPlace {
+        QString key;
+        QDate day;
+        int column = 0;
+        int color = 0;
+
+        friend bool operator==(const RowPlace&, const RowPlace&) = default;
+        friend std::size_t qHash(const RowPlace& place, std::size_t seed = 0) {
+            return qHashMulti(seed, place.key, place.day.toJulianDay(), place.column, place.color);
+        }
+    };
+    /// What EndLoad puts back.
+    struct KeptPlace {
+        std::optional<int> topTime;
+        std::optional<CalendarItem> selected;
+    };
+
+    void setHours();
+    void hideNames(int first, int count);
+    [[nodiscard]] int indexOf(const CalendarItem& kept) const;
+
+    ctMDay* grid_;
+    BoardRules rules_;
+    QDate date_;
+    QString of_;
+    bool loading_ = false;
+    KeptPlace kept_;
+    QSet<RowPlace> rows_;
+};
