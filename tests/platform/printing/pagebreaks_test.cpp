@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <stdexcept>
 
 #include "platform/printing/pagelayout.h"
@@ -168,6 +169,21 @@ TEST_F(PageBreaks, ATableWithoutColumnsIsAnErrorOfTheProgramAndAddsNothing) {
     EXPECT_THROW(vp.AddTable(TableContent{.widths = {}}), std::invalid_argument);
     EXPECT_THROW(vp.AddTable(TableContent{.widths = {100, 0}}), std::invalid_argument);
     EXPECT_TRUE(vp.Document().blocks.empty());
+}
+
+TEST_F(PageBreaks, TheMissingCellsOfARowHaveTheirBordersToo) {
+    vp.AddTable({.widths = {2880, 2880}, .rows = {{QStringLiteral("one")}}});
+    constexpr int PixelsPerInch = 144;
+    const PageLayout layout = laid();
+    const QImage picture = PictureOf(layout, 0, PixelsPerInch);
+    const auto pixels = [](double twips) { return static_cast<int>(twips * PixelsPerInch / printing::TwipsPerInch); };
+    const int end = pixels(layout.body().left() + 2 * 2880);
+    const int middle = pixels(layout.body().top() + layout.pieces(0)[0].height / 2);
+    bool hasLine = false;
+    for (int x = end - 2; x <= end + 2; ++x)
+        hasLine = hasLine || picture.pixelColor(x, middle) != QColor(Qt::white);
+    EXPECT_TRUE(hasLine);
+    EXPECT_EQ(picture.pixelColor(end + 10, middle), QColor(Qt::white));
 }
 
 TEST_F(PageBreaks, AThousandPagesComeToAnEnd) {
