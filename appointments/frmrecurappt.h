@@ -53,7 +53,6 @@ class frmRecurAppt : public EditorDialog {
     /// Whether the user wants a date left out, because something is booked in the way. Touching times count here, and
     /// so does every kind of row. Throws db::DatabaseError.
     [[nodiscard]] bool getconflict(QDate date) const;
-    [[nodiscard]] const RecurrencePattern& Pattern() const { return pattern_; }
 
     QButtonGroup* radRecurrence = nullptr;
     QStackedWidget* pages = nullptr;

@@ -44,7 +44,6 @@ struct CalendarContent {
     int dayBackColor = SystemInfoColor;
     int dayHeaderColor = SystemInfoColor;
     bool holidayFlag = false;
-    QString headingFormat;
 
     /// Returns the first minute of the grid: firstTime, brought into the day.
     [[nodiscard]] int gridStart() const;

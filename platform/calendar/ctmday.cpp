@@ -250,11 +250,6 @@ void ctMDay::setVisibleColumns(int count) {
     invalidate();
 }
 
-void ctMDay::setHeadingFormat(const QString& format) {
-    content_.headingFormat = format;
-    invalidate();
-}
-
 int ctMDay::ColumnCount() const {
     return static_cast<int>(content_.columns.size());
 }

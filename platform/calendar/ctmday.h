@@ -83,9 +83,6 @@ class ctMDay : public QWidget {
     /// Sets how many columns share the width. The user scrolls to the others. On a small screen fewer are shown, so
     /// that each can be read. 0 shows as many as fit.
     void setVisibleColumns(int count);
-    /// Sets the QLocale date format of day headings, such as "ddd M/d". An empty format means the control's own, which
-    /// also depends on the width.
-    void setHeadingFormat(const QString& format);
     [[nodiscard]] int ColumnCount() const;
     [[nodiscard]] QString ColumnTitle(int column) const;
     [[nodiscard]] int VisibleColumns() const;

@@ -26,10 +26,6 @@ int TimeScale::rowEnd(int minute) const {
     return std::min((inside / interval + 1) * interval, last);
 }
 
-int TimeScale::snapped(int minute) const {
-    return std::clamp((minute + interval / 2) / interval * interval, first, last);
-}
-
 QString ClockText(int minute, bool twentyFourHour) {
     const int inside = std::clamp(minute, 0, 1440);
     const int hour = inside / 60;

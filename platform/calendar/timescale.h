@@ -20,8 +20,6 @@ struct TimeScale {
     /// Returns the start of the row that contains the minute.
     [[nodiscard]] int rowStart(int minute) const;
     [[nodiscard]] int rowEnd(int minute) const;
-    /// Returns the nearest row boundary.
-    [[nodiscard]] int snapped(int minute) const;
 
     friend bool operator==(const TimeScale&, const TimeScale&) = default;
 };

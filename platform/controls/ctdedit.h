@@ -44,7 +44,6 @@ class ctDEdit : public FieldEdit {
     /// Opens the month calendar of a date field.
     void dropCalendar();
 
-    [[nodiscard]] Kind FieldKind() const { return kind_; }
     /// The minutes since midnight, or -1 when the field is empty or not understood.
     [[nodiscard]] int Time() const;
     /// The date; invalid when the field is empty or not understood.

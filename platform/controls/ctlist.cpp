@@ -79,11 +79,6 @@ void ctList::StartAtRow(int row) {
         scrollTo(model_.index(row, 0), PositionAtTop);
 }
 
-void ctList::MakeVisible(int row) {
-    if (model_.has(row))
-        scrollTo(model_.index(row, 0));
-}
-
 QString ctList::Header(int column) const {
     return model_.headerData(column - 1, Qt::Horizontal, Qt::DisplayRole).toString();
 }

@@ -58,7 +58,6 @@ class ctList : public QTreeView {
     void SelectRow(int row);
     /// Selects the row and scrolls so that it is the first in sight, where enough rows follow it.
     void StartAtRow(int row);
-    void MakeVisible(int row);
 
     [[nodiscard]] int RowCount() const { return model_.rowCount(); }
     [[nodiscard]] int ColumnCount() const { return model_.columnCount(); }

@@ -65,15 +65,6 @@ TEST_F(Headings, TheWholeDayStandsInTheMiddle) {
     EXPECT_GT(WordWith(words, QStringLiteral("Wednesday")).font.pointSizeF(), 8);
 }
 
-TEST_F(Headings, AFormatOfTheViewGoesFirst) {
-    hand.calendar.setDayColumns(2);
-    hand.calendar.setHeadingFormat(QStringLiteral("ddd M/d"));
-    EXPECT_EQ(heading(1), QStringList{QStringLiteral("Wed 3/11")});
-    EXPECT_EQ(heading(2), QStringList{QStringLiteral("Thu 3/12")});
-    hand.calendar.setHeadingFormat(QString());
-    EXPECT_EQ(heading(1), (QStringList{"Wednesday", "11"}));
-}
-
 TEST_F(Headings, AProvidersTitleIsOneLineShortenedToItsColumn) {
     hand.calendar.AddColumn(QStringLiteral("Adams\nAnna"));
     hand.calendar.AddColumn(QString(400, QLatin1Char('x')));

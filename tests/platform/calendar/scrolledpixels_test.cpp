@@ -188,7 +188,6 @@ TEST_P(ScrolledPixels, EveryChangeIsSeenAtOnce) {
          }},
         {"no items", [&] { calendar.ClearItems(); }},
         {"days", [&] { calendar.setDayColumns(2); }},
-        {"the heading's format", [&] { calendar.setHeadingFormat(QStringLiteral("ddd M/d")); }},
         {"the header's colour",
          [&] {
              calendar.setDayColumns(1);

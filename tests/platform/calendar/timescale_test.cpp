@@ -60,13 +60,6 @@ TEST(TimeScale, RowsBeginAtMultiplesOfTheIntervalAlsoWhenTheDayDoesNot) {
     EXPECT_EQ(scale.rowEnd(406), 420);
 }
 
-TEST(TimeScale, SnappingGoesToTheNearestRow) {
-    const TimeScale scale{480, 1080, 15, 1};
-    EXPECT_EQ(scale.snapped(547), 540);
-    EXPECT_EQ(scale.snapped(548), 555);
-    EXPECT_EQ(scale.snapped(100), 480);
-}
-
 TEST(ClockText, TellsTwelveAndTwentyFourHours) {
     EXPECT_EQ(ClockText(0, false), "12:00 AM");
     EXPECT_EQ(ClockText(545, false), "9:05 AM");

@@ -188,20 +188,16 @@ TEST_F(ListKeys, EmptyingAListWithoutASelectionTellsNothing) {
     EXPECT_EQ(list.RowCount(), 0);
 }
 
-TEST_F(ListKeys, ARowFarDownComesIntoSightOrToTheTop) {
+TEST_F(ListKeys, ARowFarDownComesToTheTop) {
     for (int row = 5; row < 200; ++row)
         list.AddRow({QStringLiteral("0"), QStringLiteral("Task %1").arg(row)});
     const auto top = [this](int row) { return list.visualRect(list.model()->index(row, Task - 1)).top(); };
-    list.MakeVisible(150);
-    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.model()->index(150, Task - 1))));
-    EXPECT_EQ(list.SelectedRow(), -1);
     list.StartAtRow(100);
     EXPECT_EQ(list.SelectedRow(), 100);
     EXPECT_EQ(top(100), 0);
     list.StartAtRow(199);
     EXPECT_GT(top(199), 0) << "Nothing follows it.";
     list.StartAtRow(900);
-    list.MakeVisible(900);
     EXPECT_EQ(list.SelectedRow(), -1);
 }
 

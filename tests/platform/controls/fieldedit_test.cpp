@@ -49,12 +49,6 @@ class FieldEditTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(FieldEditTest, AFieldIsADateUnlessToldOtherwise) {
-    const ctDEdit plain;
-    EXPECT_EQ(plain.FieldKind(), ctDEdit::Kind::Date);
-    EXPECT_EQ(time.FieldKind(), ctDEdit::Kind::Time);
-}
-
 TEST_F(FieldEditTest, AnotherKindEmptiesTheField) {
     date.setDate(QDate(2026, 12, 3));
     date.setKind(ctDEdit::Kind::Time);
