@@ -44,6 +44,7 @@ struct CalendarContent {
     int dayBackColor = SystemInfoColor;
     int dayHeaderColor = SystemInfoColor;
     bool holidayFlag = false;
+    QString headingFormat;  ///< QLocale date format of day headings; empty for their own, which depends on the width.
 
     /// Returns the first minute of the grid: firstTime, brought into the day.
     [[nodiscard]] int gridStart() const;

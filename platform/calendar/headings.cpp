@@ -90,6 +90,8 @@ void PaintHeading(const CalendarScene& scene, int column) {
         PaintCentered(scene, room, PaintedLine(what.title), ink);
     else if (!what.day.isValid())
         return;
+    else if (!scene.content.headingFormat.isEmpty())
+        PaintCentered(scene, room, QLocale::c().toString(what.day, scene.content.headingFormat), ink);
     else
         PaintDay(scene, room, what.day, ink);
     scene.painter.setRenderHint(QPainter::Antialiasing, false);
