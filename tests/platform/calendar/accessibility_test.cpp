@@ -55,6 +55,10 @@ TEST(CalendarAccessibility, TheSelectedItemSaysSoAndHasTheFocus) {
     EXPECT_TRUE(list->child(1)->state().selected);
     EXPECT_TRUE(list->child(1)->state().selectable);
     EXPECT_EQ(list->focusChild(), list->child(1));
+    hand.calendar.setSelectedItem(1);
+    EXPECT_EQ(list->focusChild(), list->child(0)) << "the first item as well";
+    hand.calendar.clearFocus();
+    EXPECT_EQ(list->focusChild(), nullptr);
 }
 
 TEST(CalendarAccessibility, AnItemCanBeChosenThroughIt) {

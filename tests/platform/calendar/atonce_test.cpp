@@ -187,6 +187,11 @@ TEST(CalendarOnScreen, AnEditorIsGoneWithoutATraceHoweverItEnds) {
     CalendarUnderHand hand;
     const int item = hand.add(540, 600);
     hand.calendar.setSelectedItem(item);
+    const QRect heading = hand.calendar.HeadingRect(1);
+    const QColor accent = ScreenStyle(hand.calendar.palette(), hand.calendar.font()).accent;
+    const auto marksTheKeyboard = [&] {
+        return Picture::of(hand.calendar).share({heading.left(), heading.bottom(), heading.width(), 1}, accent) > 0.9;
+    };
     const std::pair<const char*, std::function<void(QLineEdit&)>> ends[] = {
         {"Escape", [](QLineEdit& editor) { QTest::keyClick(&editor, Qt::Key_Escape); }},
         {"Enter", [](QLineEdit& editor) { QTest::keyClick(&editor, Qt::Key_Return); }},
@@ -197,7 +202,9 @@ TEST(CalendarOnScreen, AnEditorIsGoneWithoutATraceHoweverItEnds) {
         hand.settle();
         auto* editor = hand.calendar.findChild<QLineEdit*>();
         ASSERT_NE(editor, nullptr);
+        EXPECT_TRUE(marksTheKeyboard()) << "the editor is a part of the calendar";
         end(*editor);
+        EXPECT_EQ(marksTheKeyboard(), hand.calendar.hasFocus()) << what;
         EXPECT_EQ(staleOn(hand.calendar), QRect()) << what;
         EXPECT_FALSE(hand.calendar.IsEditing()) << what;
     }

@@ -221,3 +221,24 @@ TEST_F(HitTesting, RowsOfBannersAreTheirsUntilThereAreTooMany) {
     one.banners = {4};
     EXPECT_EQ(BannerInRow(one, 1, 4), 0);
 }
+
+TEST_F(HitTesting, BesideTheHoursAndWithoutColumnsNoStripIsHit) {
+    add(100, 200, 1);
+    add(1200, 1260, 1);
+    add(0, 1439, 1);
+    content.items.back().ItemBanner = true;
+    arrange();
+    grid.scrollX = 80;  // The first column goes on under the hours, where it is not seen.
+    for (const QRect& strip : {grid.earlierRect(1), grid.laterRect(1), grid.bannerRect(1, 0), grid.headingRect(1)}) {
+        const QPoint hidden(grid.body().left() - 3, strip.center().y());
+        ASSERT_TRUE(strip.contains(hidden));
+        EXPECT_EQ(at(hidden), Hit(NothingHit{}));
+        EXPECT_FALSE(std::holds_alternative<NothingHit>(at({grid.body().left() + 3, strip.center().y()})));
+    }
+    grid.scrollX = 0;
+    content.items.clear();
+    content.columns.clear();
+    arrange();
+    for (const QPoint& place : {grid.headings().center(), grid.body().center(), QPoint(5, 5)})
+        EXPECT_EQ(at(place), Hit(NothingHit{}));
+}

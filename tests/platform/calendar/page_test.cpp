@@ -313,3 +313,21 @@ TEST_F(PrintedPage, HasAllItsColumnsHoweverNarrowTheyGet) {
         EXPECT_NEAR(title.center().x(), Paper.left() + style.gutterWidth + (i - 0.5) * width, 2) << i;
     }
 }
+
+TEST_F(PrintedPage, IsInItsOwnInkWhateverWasPaintedBefore) {
+    for (int i = 0; i < 30; ++i)
+        add(1, 540, 600, QStringLiteral("Ben %1").arg(i));
+    const auto pageAfter = [&](const QColor& colour) {
+        QImage image(800, 1000, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setPen(colour);
+        painter.setBrush(colour);
+        painter.setFont(QFont(QStringLiteral("DejaVu Sans"), 30));
+        PaintPage(painter, Paper, content, 1, 1, style);
+        EXPECT_EQ(painter.pen().color(), colour) << "what follows is painted as before";
+        painter.end();
+        return image;
+    };
+    EXPECT_EQ(pageAfter(Qt::red), pageAfter(Qt::black));
+}
