@@ -114,13 +114,16 @@ class Reader {
     }
 
     static WriteShape::Written numberIn(const Token& token, bool isNegative) {
+        WriteShape::Written written;
         bool isWhole = false;
         const qint64 whole = token.text.toLongLong(&isWhole);
-        if (isWhole)
-            return Value(isNegative ? -whole : whole);
         bool isNumber = false;
         const double number = token.text.toDouble(&isNumber);
-        return isNumber ? WriteShape::Written(Value(isNegative ? -number : number)) : WriteShape::Written();
+        if (isWhole)
+            written.emplace<Value>(isNegative ? -whole : whole);
+        else if (isNumber)
+            written.emplace<Value>(isNegative ? -number : number);
+        return written;
     }
 
     const QString& statement_;
