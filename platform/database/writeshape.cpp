@@ -100,9 +100,9 @@ class Reader {
         if (is(token, "?"))
             return placesBefore(first);
         if (is(token, "Null"))
-            return Value();
+            return WriteShape::Written(std::in_place_type<Value>);
         if (token.kind == Token::Kind::Text)
-            return Value(textIn(token));
+            return WriteShape::Written(std::in_place_type<Value>, textIn(token));
         return token.kind == Token::Kind::Number ? numberIn(token, isNegative) : WriteShape::Written();
     }
 
