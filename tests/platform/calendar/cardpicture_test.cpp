@@ -178,3 +178,22 @@ TEST_P(CardPicture, ABannerIsFilledByItsColourAndHasAFlag) {
         Picture(image).share({20, 3, 200, style.stripHeight - 8}, CardColorsFor(item, style.base, style.ink).fill), 1)
         << "a colour of its own goes first";
 }
+
+TEST_P(CardPicture, ACardThatGoesOnOutsideIsFilledIntoTheCornersThere) {
+    const QRect card(QPoint(10, 10), size);
+    const int fromEdge = style.edgeWidth + 2;
+    const QRect top(10 + fromEdge, 12, size.width() - fromEdge - 3, style.radius);
+    const QRect bottom(10 + fromEdge, 10 + size.height() - 2 - style.radius, size.width() - fromEdge - 3, style.radius);
+    for (const auto& [above, below] : {std::pair{true, false}, {false, true}, {true, true}, {false, false}}) {
+        state.cutTop = above;
+        state.cutBottom = below;
+        const Picture picture = painted(size);
+        EXPECT_GT(picture.share(top.adjusted(style.radius, 0, -style.radius, 0), colours().fill), 0.99);
+        EXPECT_GT(picture.share(bottom.adjusted(style.radius, 0, -style.radius, 0), colours().fill), 0.99);
+        const auto isFilled = [&](QPoint corner) { return Picture::Distance(picture.at(corner), style.base) > 30; };
+        EXPECT_EQ(isFilled(card.topLeft()), above);
+        EXPECT_EQ(isFilled(card.topRight()), above);
+        EXPECT_EQ(isFilled(card.bottomLeft()), below);
+        EXPECT_EQ(isFilled(card.bottomRight()), below);
+    }
+}

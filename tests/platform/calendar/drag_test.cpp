@@ -111,3 +111,62 @@ TEST(Drag, PuttingAnItemElsewhereChangesItsDayOrItsColumn) {
     EXPECT_EQ(booked.ItemColumn, 2);
     EXPECT_FALSE(booked.ItemDay.isValid());
 }
+
+TEST(Drag, TheEndsOfTheDayAreMinutesLikeOthers) {
+    Drag midnight(Drag::Kind::Move, 1, Place(1, 0, 60), 0);
+    midnight.move(1, 0, Week());
+    EXPECT_FALSE(midnight.changes());
+    midnight.move(1, 15, Week());
+    EXPECT_EQ(midnight.place(), Place(1, 15, 75));
+    Drag point(Drag::Kind::Move, 1, Place(1, 0, 0), 0);
+    point.move(1, 30, Week());
+    EXPECT_EQ(point.place(), Place(1, 30, 30)) << "an item of no length keeps it";
+    Drag last(Drag::Kind::Move, 1, Place(1, 1440, 1440), 1440);
+    last.move(1, 1425, Week());
+    EXPECT_EQ(last.place(), Place(1, 1425, 1425));
+    Drag top(Drag::Kind::ResizeTop, 1, Place(1, 5, 10), 5);
+    top.move(1, 0, Week());
+    EXPECT_EQ(top.place(), Place(1, 0, 10)) << "shorter than an interval it begins with the day";
+    Drag bottom(Drag::Kind::ResizeBottom, 1, Place(1, 1435, 1438), 1438);
+    bottom.move(1, 1000, Week());
+    EXPECT_EQ(bottom.place(), Place(1, 1435, 1440)) << "and ends with it";
+    Drag beginning(Drag::Kind::ResizeBottom, 1, Place(1, 0, 60), 60);
+    beginning.move(1, -100, Week());
+    EXPECT_EQ(beginning.place(), Place(1, 0, 15));
+}
+
+TEST(Drag, HalfARowIsAMoveAndLessIsNone) {
+    CalendarContent week = Week();
+    week.timeInterval = 10;
+    Drag drag(Drag::Kind::Move, 1, Place(1, 543, 600), 543);
+    drag.move(1, 547, week);
+    EXPECT_EQ(drag.place(), Place(1, 543, 600));
+    drag.move(1, 548, week);
+    EXPECT_EQ(drag.place(), Place(1, 550, 607));
+    drag.move(1, 539, week);
+    EXPECT_EQ(drag.place(), Place(1, 543, 600));
+    drag.move(1, 538, week);
+    EXPECT_EQ(drag.place(), Place(1, 540, 597));
+}
+
+TEST(Drag, APlaceIsReadAndPutBackUnchanged) {
+    CalendarContent week = Week();
+    CalendarItem item;
+    item.ItemDay = Monday.addDays(2);
+    item.ItemStart = 540;
+    item.ItemEnd = 600;
+    EXPECT_EQ(PlaceOf(item, week), Place(3, 540, 600));
+    item.ItemDay = Monday.addDays(40);
+    EXPECT_EQ(PlaceOf(item, week), (ItemPlace{0, Monday.addDays(40), 540, 600})) << "beside the columns it has its day";
+    item.ItemDay = Monday.addDays(4);
+    EXPECT_EQ(PlaceOf(item, week), Place(5, 540, 600)) << "in the last column";
+    PutAt(item, Place(5, 600, 660), week);
+    EXPECT_EQ(item.ItemDay, Monday.addDays(4));
+    EXPECT_EQ(item.ItemStart, 600);
+    EXPECT_EQ(item.ItemEnd, 660);
+    EXPECT_EQ(item.ItemColumn, -1);
+    item.ItemColumn = 5;
+    PutAt(item, Place(1, 600, 660), week);
+    EXPECT_EQ(item.ItemColumn, 1) << "an item with a column of its own gets the new one";
+    EXPECT_EQ(item.ItemDay, Monday);
+}

@@ -283,3 +283,36 @@ TEST(InPlaceText, ADoubleClickElsewhereIsHeardThoughTheViewReadsTheDayAnewBetwee
     hand.settle();
     EXPECT_EQ(told, (QStringList{"text", "range"}));
 }
+
+TEST(InPlaceText, FreeTimeOpenedInTheMomentAnEditEndsIsHeardThoughTheDayIsReadAnew) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    hand.add(660, 720, "Ben");
+    QStringList told;
+    QObject::connect(&hand.calendar, &ctMDay::TextEdited, &hand.calendar, [&] {
+        told << QStringLiteral("text");
+        hand.calendar.RemoveItem(2);
+    });
+    QObject::connect(&hand.calendar, &ctMDay::RangeActivated, &hand.calendar, [&] { told << QStringLiteral("range"); });
+    hand.calendar.EditItem(item, "Bea");
+    hand.calendar.setFocus();  // The edit ends here and is told later.
+    const QPoint at = hand.freeAt(900);
+    QMouseEvent event(QEvent::MouseButtonDblClick, at, hand.calendar.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                      {});
+    QCoreApplication::sendEvent(&hand.calendar, &event);
+    EXPECT_EQ(told, (QStringList{"text", "range"}));
+}
+
+TEST(InPlaceText, ALetterTypedOnAnItemTakesThePlaceOfItsTextInTheEditor) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    hand.calendar.EditItem(item, "Be");
+    EXPECT_EQ(Editor(hand.calendar)->text(), "Be");
+    EXPECT_EQ(Editor(hand.calendar)->accessibleName(), "Text of the item");
+    EXPECT_EQ(Editor(hand.calendar)->font().pointSizeF(), hand.calendar.font().pointSizeF());
+    EXPECT_TRUE(Editor(hand.calendar)->hasFocus());
+    EXPECT_TRUE(Editor(hand.calendar)->isVisible());
+    hand.calendar.EditItem(item);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemText, "Be") << "beginning anew keeps what was typed";
+    EXPECT_EQ(Editor(hand.calendar)->text(), "Be");
+}

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <QApplication>
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -306,4 +308,57 @@ TEST_F(Gesture, LosingTheKeyboardInTheMiddleOfADragEndsIt) {
     hand.calendar.show();
     hand.release(hand.freeAt(800));
     EXPECT_EQ(asked.count(), 0) << "and one that is hidden";
+}
+
+TEST_F(Gesture, APopupInTheMiddleOfAPressEndsIt) {
+    const int item = hand.add(540, 600);
+    QSignalSpy asked(&hand.calendar, &ctMDay::BeforeItemWork);
+    hand.press(hand.middleOf(item));
+    const QPoint at = hand.middleOf(item);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, hand.calendar.mapToGlobal(at));
+    QCoreApplication::sendEvent(&hand.calendar, &event);
+    hand.moveTo(at + QPoint(0, 100));
+    hand.release(at + QPoint(0, 100));
+    EXPECT_EQ(asked.count(), 0);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540);
+}
+
+TEST_F(Gesture, WhatTheUserDoesBeforeASlowSecondClickEditsEndsIt) {
+    const int usual = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(40);
+    const int item = hand.add(540, 600);
+    const int other = hand.add(700, 760);
+    const std::pair<const char*, std::function<void()>> acts[] = {
+        {"a key", [&] { hand.key(Qt::Key_F10); }},
+        {"the wheel",
+         [&] {
+             wheel({0, -120});
+         }},
+        {"another press",
+         [&] {
+             hand.press({3, 300});
+         }},
+        {"another item", [&] { hand.calendar.setSelectedItem(other); }},
+        {"leaving", [&] { hand.calendar.clearFocus(); }},
+        {"a popup",
+         [&] {
+             const QPoint at = hand.middleOf(item);
+             QContextMenuEvent event(QContextMenuEvent::Mouse, at, hand.calendar.mapToGlobal(at));
+             QCoreApplication::sendEvent(&hand.calendar, &event);
+         }},
+        {"a reload", [&] { hand.calendar.setReadOnly(false); }},
+    };
+    for (const auto& [what, act] : acts) {
+        hand.calendar.setFocus();
+        hand.calendar.setSelectedItem(item);
+        hand.click(hand.middleOf(item));
+        act();
+        EXPECT_FALSE(QTest::qWaitFor([&] { return hand.calendar.IsEditing(); }, 90)) << what;
+        hand.release({3, 300});
+    }
+    hand.calendar.setFocus();
+    hand.calendar.setSelectedItem(item);
+    hand.click(hand.middleOf(item));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hand.calendar.IsEditing(); }, 2000)) << "else it does";
+    QApplication::setDoubleClickInterval(usual);
 }

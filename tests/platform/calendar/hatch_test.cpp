@@ -28,6 +28,17 @@ std::string drawn(const QRectF& clip, bool rising, double step = 4, double width
 
 const QRectF All(0, 0, 16, 16);
 
+/// The same square at another place of the paper, brought back to where the others stand.
+QImage drawnAt(QPointF place, bool rising, const QRectF& clip = All) {
+    QImage image(160, 160, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(10, 10);
+    painter.translate(-place);
+    PaintHatch(painter, All.translated(place), clip.translated(place), rising, Qt::black, 4, 1);
+    return image;
+}
+
 }  // namespace
 
 TEST(Hatching, FallsFromTheCornerAtEachStep) {
@@ -82,4 +93,12 @@ TEST(Hatching, WithoutAStepOrAPlaceNothingIsDrawn) {
     EXPECT_EQ(nothing.find('#'), std::string::npos);
     EXPECT_EQ(drawn(All, true, 0), nothing);
     EXPECT_EQ(drawn(All, true, -2), nothing);
+}
+
+TEST(Hatching, IsTheSameWhereverItsPlaceIs) {
+    for (const bool rising : {false, true})
+        for (const QRectF& clip : {All, QRectF(3, 5, 9, 7)})
+            for (const QPointF& place :
+                 {QPointF(500, 0), QPointF(0, 500), QPointF(-300, 90), QPointF(40, -700), QPointF(-50, -60)})
+                EXPECT_EQ(drawnAt(place, rising, clip), drawnAt({0, 0}, rising, clip)) << place.x() << " " << place.y();
 }

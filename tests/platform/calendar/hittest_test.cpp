@@ -156,3 +156,68 @@ TEST_F(HitTesting, AScrolledColumnIsFoundWhereItIsSeen) {
     EXPECT_EQ(grid.columnAt(grid.columnLeft(3) - 1), 2);
     EXPECT_EQ(at({grid.body().left() + 1, grid.y(600)}), Hit(CellHit{1, 600}));
 }
+
+TEST_F(HitTesting, AColumnWithStripsOfEveryKindHasEachInItsPlace) {
+    add(100, 200, 1);
+    add(1200, 1260, 1);
+    const int holiday = add(0, 1439, 1);
+    content.items[static_cast<std::size_t>(holiday) - 1].ItemBanner = true;
+    arrange();
+    EXPECT_EQ(at(grid.earlierRect(1).center()), Hit(MarkerHit{MarkerHit::Kind::Earlier, 1}));
+    EXPECT_EQ(at(grid.laterRect(1).center()), Hit(MarkerHit{MarkerHit::Kind::Later, 1}));
+    EXPECT_EQ(at(grid.bannerRect(1, 0).center()), Hit(ItemHit{holiday, Zone::Body}));
+    EXPECT_EQ(at(grid.headingRect(1).center()), Hit(HeadingHit{1}));
+    EXPECT_EQ(at({grid.columnLeft(1) + 5, grid.y(600) + 1}), Hit(CellHit{1, 600}));
+    for (const QRect& strip : {grid.earlierRect(2), grid.laterRect(2), grid.bannerRect(2, 0)})
+        EXPECT_EQ(at(strip.center()), Hit(NothingHit{})) << "another column has none of them";
+    EXPECT_EQ(MarkedItems({MarkerHit::Kind::Earlier, 1}, layout), std::vector<int>{1});
+    EXPECT_EQ(MarkedItems({MarkerHit::Kind::Later, 1}, layout), std::vector<int>{2});
+    EXPECT_EQ(MarkedItems({MarkerHit::Kind::Banners, 1}, layout), std::vector<int>{holiday});
+}
+
+TEST_F(HitTesting, AnEdgeIsAsHighAsTheGripAndAtMostAQuarterOfTheCard) {
+    for (const int end : {660, 555, 545}) {
+        content.items.clear();
+        const int item = add(540, end);
+        arrange();
+        const QRect card = grid.itemRect(*layout.find(item));
+        const int edge = std::min(style.grip, card.height() / 4);
+        for (int y = card.top(); y <= card.bottom(); ++y) {
+            const Zone zone = y - card.top() < edge      ? Zone::TopEdge
+                              : card.bottom() - y < edge ? Zone::BottomEdge
+                                                         : Zone::Body;
+            EXPECT_EQ(at({card.center().x(), y}), Hit(ItemHit{item, zone})) << end << ": " << y - card.top();
+        }
+        for (const QPoint& beside :
+             {QPoint(card.right() + 1, card.center().y()), QPoint(card.left() - 1, card.center().y()),
+              QPoint(card.center().x(), card.top() - 1)})
+            EXPECT_TRUE(std::holds_alternative<CellHit>(at(beside))) << end;
+    }
+}
+
+TEST_F(HitTesting, ACardThatBeginsBeforeTheGridHasNoUpperEdge) {
+    const int item = add(400, 600);
+    arrange();
+    const QRect card = grid.itemRect(*layout.find(item));
+    EXPECT_EQ(at({card.center().x(), card.top()}), Hit(ItemHit{item, Zone::Body}));
+    EXPECT_EQ(at({card.center().x(), card.bottom()}), Hit(ItemHit{item, Zone::BottomEdge}));
+}
+
+TEST_F(HitTesting, RowsOfBannersAreTheirsUntilThereAreTooMany) {
+    const ColumnLayout none;
+    ColumnLayout three;
+    three.banners = {4, 5, 6};
+    ColumnLayout five;
+    five.banners = {4, 5, 6, 7, 8};
+    const struct {
+        const ColumnLayout& column;
+        int row, selected, shown;
+    } rows[] = {{none, 0, 0, 0}, {three, 0, 0, 4}, {three, 1, 0, 5}, {three, 2, 0, 6}, {three, 2, 4, 6},
+                {five, 0, 0, 4}, {five, 1, 8, 5},  {five, 2, 0, 0},  {five, 2, 4, 0},  {five, 2, 6, 6},
+                {five, 2, 7, 7}, {five, 2, 8, 8},  {five, 2, 99, 0}};
+    for (const auto& row : rows)
+        EXPECT_EQ(BannerInRow(row.column, row.row, row.selected), row.shown) << row.row << " " << row.selected;
+    ColumnLayout one;
+    one.banners = {4};
+    EXPECT_EQ(BannerInRow(one, 1, 4), 0);
+}

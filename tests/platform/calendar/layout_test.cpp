@@ -262,3 +262,17 @@ TEST(CalendarLayout, TenThousandItemsAtTheSameTimeAllHaveAPlace) {
     EXPECT_EQ(layout.columns[0].placed.size(), 10'000U);
     EXPECT_EQ(layout.find(10'000)->lane, 9'999);
 }
+
+TEST(CalendarLayout, BesideSixtyFourLanesAnItemStillWidensAndBesideMoreItDoesNot) {
+    for (const int lanes : {2, 63, 64, 65, 80}) {
+        std::vector<Times> times(static_cast<std::size_t>(lanes) - 1, {540, 600});
+        times.push_back({540, 700});
+        times.push_back({600, 660});
+        const CalendarLayout layout = LayOut(DayWith(times), 1);
+        const PlacedItem* below = layout.find(lanes + 1);
+        ASSERT_NE(below, nullptr);
+        EXPECT_EQ(below->lanes, lanes);
+        EXPECT_EQ(below->lane, 0);
+        EXPECT_EQ(below->span, lanes <= 64 ? lanes - 1 : 1) << lanes;
+    }
+}

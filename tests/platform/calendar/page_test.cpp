@@ -277,3 +277,39 @@ TEST_F(PrintedPage, AnAreaWithoutRoomIsNoHarm) {
         EXPECT_EQ(Picture(image).share(QRect(701, 901, 50, 50), Qt::white, 0), 1);
     }
 }
+
+TEST_F(PrintedPage, IsTheSameWhereverItStandsOnThePaper) {
+    providers(3);
+    for (int i = 0; i < 30; ++i)
+        add(1, 540, 600, QStringLiteral("Ben %1").arg(i));
+    add(2, 300, 330, "Early");
+    add(3, 600, 700, "Anna");
+    content.items.back().ItemTentativeIcon = true;
+    add(3, 0, 1439, "Holiday");
+    content.items.back().ItemBanner = true;
+    content.ranges.push_back({720, 779, 0x0000FF, 2, {}});
+    const auto pageAt = [&](QPoint place) {
+        QImage image(1000, 1200, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        const QRect area(place, Paper.size());
+        paintOn(image, 1, 3, area);
+        return image.copy(area);
+    };
+    const QImage page = pageAt({0, 0});
+    EXPECT_TRUE(Picture(page).shows(page.rect(), Qt::black));
+    for (const QPoint& place : {QPoint(57, 0), QPoint(0, 33), QPoint(211, 170)})
+        EXPECT_EQ(pageAt(place), page) << place.x() << " " << place.y();
+}
+
+TEST_F(PrintedPage, HasAllItsColumnsHoweverNarrowTheyGet) {
+    const int many = 24;
+    providers(many);
+    for (int i = 1; i <= many; ++i)
+        content.columns[static_cast<std::size_t>(i) - 1].title = QChar(u'a' + i);
+    const std::vector<Word> all = words(1, many);
+    const double width = (Paper.width() - style.gutterWidth) / static_cast<double>(many);
+    for (const int i : {1, 2, 12, many}) {
+        const QRectF title = WordWith(all, QChar(u'a' + i)).place;
+        EXPECT_NEAR(title.center().x(), Paper.left() + style.gutterWidth + (i - 0.5) * width, 2) << i;
+    }
+}

@@ -65,6 +65,17 @@ class Picture {
         return share(where, colour, near) > 0;
     }
 
+    /// The least rectangle that holds every pixel of the colour in that part; null where there is none.
+    [[nodiscard]] QRect bounds(const QRect& where, const QColor& colour, int near = 12) const {
+        const QRect inside = QRect(where.topLeft() * ratio(), where.size() * ratio()) & image_.rect();
+        QRect found;
+        for (int y = inside.top(); y <= inside.bottom(); ++y)
+            for (int x = inside.left(); x <= inside.right(); ++x)
+                if (Distance(image_.pixelColor(x, y), colour) <= near)
+                    found |= QRect(static_cast<int>(x / ratio()), static_cast<int>(y / ratio()), 1, 1);
+        return found;
+    }
+
     [[nodiscard]] bool isSame(const Picture& other, const QRect& where) const {
         const QRect pixels(where.topLeft() * ratio(), where.size() * ratio());
         return image_.copy(pixels) == other.image_.copy(pixels);
