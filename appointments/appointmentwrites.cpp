@@ -8,6 +8,7 @@
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
 #include "platform/desktop/desktop.h"
+#include "platform/text/plaintext.h"
 #include "session/audit.h"
 #include "session/session.h"
 
@@ -54,7 +55,7 @@ QString setMove(Recordset& row, const AppointmentMove& move) {
 }
 
 void auditMove(const AppointmentMove& move, const QString& before) {
-    QString what = FirstCharacters(move.text);
+    QString what = FirstCharacters(move.text, LongestApptText);
     if (move.provider)
         what += QStringLiteral(" with ") + move.provider->name;
     AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},

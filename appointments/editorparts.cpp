@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/noticebar.h"
 #include "platform/desktop/desktop.h"
@@ -20,6 +21,20 @@ bool refuse(const QString& message, QWidget& field) {
 }
 
 }  // namespace
+
+void LayInHalves(QDialog& form, QWidget* left, int leftShare, QWidget* right, int rightShare, QLayout* buttons) {
+    auto* halves = new QWidget(&form);
+    auto* row = new QHBoxLayout(halves);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Space(24));
+    row->addWidget(left, leftShare);
+    row->addWidget(right, rightShare);
+    auto* column = new QVBoxLayout(&form);
+    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
+    column->setSpacing(Space(12));
+    column->addWidget(new FormArea(halves, &form), 1);
+    column->addLayout(buttons);
+}
 
 QString EntrySubject(const QString& date, const QString& time) {
     return QCoreApplication::translate("EntrySubject", "appointment on %1 at %2").arg(date, time);

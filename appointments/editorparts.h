@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <QDialog>
 #include <QHBoxLayout>
 
 #include "platform/controls/completingcombo.h"
@@ -15,6 +16,9 @@
 [[nodiscard]] ctDEdit* EditorDate(ctDEdit::Kind kind, const char* name, const QString& accessibleName, QWidget* parent);
 /// In a row, the last taking what is left.
 [[nodiscard]] QHBoxLayout* InARow(std::initializer_list<QWidget*> widgets);
+
+/// Fills the form with two halves, which share its width so, above its buttons.
+void LayInHalves(QDialog& form, QWidget* left, int leftShare, QWidget* right, int rightShare, QLayout* buttons);
 
 /// "appointment on 3/11/2026 at 9:00 AM": what an editor's notice names an entry by, without its patient.
 [[nodiscard]] QString EntrySubject(const QString& date, const QString& time);

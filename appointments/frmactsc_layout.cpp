@@ -9,7 +9,6 @@
 #include "appointments/frmactsc.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
-#include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
@@ -24,18 +23,9 @@ constexpr int SummaryLines = 2;
 }  // namespace
 
 void frmactsc::buildForm() {
-    auto* halves = new QWidget(this);
-    auto* row = new QHBoxLayout(halves);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(Space(24));
-    row->addWidget(buildFields(), 3);
-    row->addWidget(buildAttendees(), 2);
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
-    column->setSpacing(Space(12));
-    column->addWidget(new FormArea(halves, this), 1);
-    column->addLayout(buildButtons());
+    QWidget* fields = buildFields();
+    QWidget* people = buildAttendees();
+    LayInHalves(*this, fields, 3, people, 2, buildButtons());
 }
 
 QWidget* frmactsc::buildFields() {

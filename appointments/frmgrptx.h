@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <QDate>
 #include <QStringList>
 
@@ -34,7 +33,6 @@ class frmgrptx : public EditorDialog {
     explicit frmgrptx(const EditorRequest& request, QWidget* parent = nullptr);
     ~frmgrptx() override;
 
-    [[nodiscard]] const EditorRequest& Request() const { return request_; }
     /// Selects a group of the list by its key, without loading its members; a key that is on no list selects none.
     void setmembers(int groupId);
     /// Puts the group's members of the form's date on the list: those whose time in the group holds that date, by name.
@@ -74,7 +72,7 @@ class frmgrptx : public EditorDialog {
     static constexpr int KeptColumn = 3;
     static constexpr int FirstValidTime = 1;
     static constexpr int FirstValidDate = 2;
-    static constexpr int LongestLocation = 50;
+    static constexpr int LongestLocation = GroupFields::LongestLocation;
 
     /// What a row of the list keeps of its patient, as its item text: {patient id}|{account}|{home phone}.
     struct Mark {
@@ -130,8 +128,6 @@ class frmgrptx : public EditorDialog {
     [[nodiscard]] static QString savedPhonesStatement(int key);
     [[nodiscard]] GroupFields entered(const QString& providerId) const;
     void audit(bool isNew) const;
-    /// Throws db::RowChangedError where another desk has changed the row, its members or its room.
-    void requireUnchanged(const db::Recordset& row, int key) const;
 
     const EditorRequest request_;
     const int key_ = request_.Key();  ///< Of the row, 0 for a new one.

@@ -10,7 +10,6 @@
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
-#include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/notefield.h"
 #include "platform/theme/icon.h"
@@ -27,18 +26,9 @@ constexpr int SummaryLines = 2;
 }  // namespace
 
 void frmgrptx::buildForm() {
-    auto* halves = new QWidget(this);
-    auto* row = new QHBoxLayout(halves);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(Space(24));
-    row->addWidget(buildFields(), 2);
-    row->addWidget(buildMembers(), 3);
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
-    column->setSpacing(Space(12));
-    column->addWidget(new FormArea(halves, this), 1);
-    column->addLayout(buildButtons());
+    QWidget* fields = buildFields();
+    QWidget* people = buildMembers();
+    LayInHalves(*this, fields, 2, people, 3, buildButtons());
     auto* save = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), this);
     connect(save, &QShortcut::activated, cmdOk, &QPushButton::click);
 }

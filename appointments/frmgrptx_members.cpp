@@ -23,10 +23,6 @@ using db::Sql;
 
 namespace {
 
-QString shownPhone(const Recordset& row, const char* column) {
-    return ContactText(QString::fromLatin1(column), row[column].text());
-}
-
 // A member without an end stays in the group.
 bool takesPart(const Recordset& member, QDate date) {
     const QDate start = member["startDate"].date();
@@ -69,7 +65,7 @@ void frmgrptx::loadmembers() {
                 continue;
             addMember({rows["id"].text(), rows["acctnbr"].text(), rows["telephone_h"].text()},
                       rows["last_name"].text() + QStringLiteral(", ") + rows["first_name"].text(),
-                      shownPhone(rows, "telephone_h"), shownPhone(rows, "telephone_b"),
+                      ContactText(rows, "telephone_h"), ContactText(rows, "telephone_b"),
                       {.scheduled = request_.IsNewAppt, .kept = false});
         }
     } catch (const db::DatabaseError& error) {
@@ -98,7 +94,7 @@ void frmgrptx::loadsavedmembers() {
         QHash<QString, Phones> phones;
         for (Recordset rows(savedPhonesStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext())
             phones.insert(rows["id"].text().toLower(),
-                          {shownPhone(rows, "telephone_h"), shownPhone(rows, "telephone_b")});
+                          {ContactText(rows, "telephone_h"), ContactText(rows, "telephone_b")});
         GroupAttendance saved;
         for (Recordset rows(savedMembersStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString id = rows["PatientId"].text();

@@ -16,8 +16,6 @@ using db::Sql;
 
 namespace {
 
-constexpr int LongestLocation = 50;
-
 void requireUnchanged(const Recordset& row, int key, const GroupFields& fields, const GroupState& loaded) {
     db::RequireUnchanged(loaded.row, GroupRowState(row));
     if (loaded.members != AttendanceOf(key))
@@ -38,7 +36,7 @@ void writeFields(Recordset& row, bool isNew, const GroupFields& fields) {
     row.Set("nEndTime", fields.end);
     row.Set("dapptdate", fields.date);
     row.Set("cappttext", fields.text);
-    row.Set("CLOCATION", fields.location.left(LongestLocation));
+    row.Set("CLOCATION", fields.location.left(GroupFields::LongestLocation));
     row.Set("BLOCATEICO", fields.location.isEmpty() ? 0 : 1);
     row.Set("BremindIco", 0);
     row.Set("BPrivateIco", 0);

@@ -28,13 +28,15 @@ struct GroupFields {
     QDate date;
     int start = 0;  ///< Minutes since midnight, as end.
     int end = 0;
-    QString text;  ///< The group's name.
-    QString location;
+    QString text;      ///< The group's name.
+    QString location;  ///< Only the first LongestLocation characters are stored.
     QString note;
     QString provider;
     int groupId = 0;
     WantedRoom room;
     std::vector<Member> members;  ///< The scheduled patients.
+
+    static constexpr int LongestLocation = 50;
 };
 
 /// The state of a group appointment in the database, as far as the dialog knows it.

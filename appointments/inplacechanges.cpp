@@ -2,16 +2,15 @@
 
 #include "data/pipefields.h"
 #include "platform/database/rowmerge.h"
+#include "platform/text/plaintext.h"
 
 namespace {
-
-constexpr int MostTextCharacters = 100;
 
 db::RowState stateOf(const CalendarItem& item) {
     return {{"nStartTime", item.ItemStart},
             {"nEndTime", item.ItemEnd},
             {"dapptdate", item.ItemDay},
-            {"cappttext", FirstCharacters(item.ItemText)},
+            {"cappttext", FirstCharacters(item.ItemText, LongestApptText)},
             {"CLOCATION", item.ItemLocation},
             {"BLOCATEICO", item.ItemLocationIcon},
             {"BremindIco", item.ItemReminderIcon},
@@ -23,13 +22,6 @@ db::RowState stateOf(const CalendarItem& item) {
 }
 
 }  // namespace
-
-QString FirstCharacters(const QString& text) {
-    QString first = text.left(MostTextCharacters);
-    if (!first.isEmpty() && first.back().isHighSurrogate())
-        first.chop(1);
-    return first;
-}
 
 void SetInPlaceChanges(db::Recordset& row, const CalendarItem& before, const CalendarItem& item,
                        const CalendarItem& now) {

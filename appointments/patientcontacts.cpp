@@ -33,6 +33,10 @@ QString ContactText(const QString& field, const QString& value) {
     return OneLine(value);
 }
 
+QString ContactText(const db::Recordset& row, const char* column) {
+    return ContactText(QString::fromLatin1(column), row[column].text());
+}
+
 QString FieldStatement(const QString& patientId, const QString& field) {
     if (field == QStringLiteral("Other_Phone"))
         return Sql("Select {}, Other_Phone_Type from Patient_info Where id = '{}' AND Len(Other_Phone_Type) > 0",

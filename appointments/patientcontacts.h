@@ -2,12 +2,16 @@
 
 #include <QString>
 
+#include "platform/database/recordset.h"
+
 // How a patient is reached: the columns telephone_h, telephone_b, Other_Phone and EmailAddress of the record, and any
 // other column that is shown beside them.
 
 /// A value of the column as it is shown: a telephone in the form of the practice's telephone mask, that of the work
 /// with room for an extension, anything else in one line.
 [[nodiscard]] QString ContactText(const QString& field, const QString& value);
+/// The same for the column of the cursor's current row.
+[[nodiscard]] QString ContactText(const db::Recordset& row, const char* column);
 
 /// The statement of the column as the editor reads it; of the other telephone only where its kind is known.
 [[nodiscard]] QString FieldStatement(const QString& patientId, const QString& field);

@@ -24,10 +24,6 @@ QString shownName(const Recordset& row) {
     return initial.isEmpty() ? name : name + QLatin1Char(' ') + initial + QLatin1Char('.');
 }
 
-QString shownContact(const Recordset& row, const char* column) {
-    return ContactText(QString::fromLatin1(column), row[column].text());
-}
-
 }  // namespace
 
 PatientFacts PatientOf(const Recordset& row) {
@@ -35,11 +31,11 @@ PatientFacts PatientOf(const Recordset& row) {
     facts.id = row["id"].text();
     facts.name = OneLine(shownName(row));
     facts.account = OneLine(row["acctnbr"].text());
-    facts.homePhone = shownContact(row, "telephone_h");
-    facts.workPhone = shownContact(row, "telephone_b");
-    facts.otherPhone = shownContact(row, "Other_Phone");
+    facts.homePhone = ContactText(row, "telephone_h");
+    facts.workPhone = ContactText(row, "telephone_b");
+    facts.otherPhone = ContactText(row, "Other_Phone");
     facts.cpt = row["defaultCPT"].text();
-    facts.email = shownContact(row, "EmailAddress");
+    facts.email = ContactText(row, "EmailAddress");
     return facts;
 }
 
@@ -119,7 +115,7 @@ std::vector<PatientMatch> MatchingPatients(const QString& typed, int most) {
         return matches;
     for (Recordset rows(matchesStatement(typed, most), Session().Connection); !rows.Eof(); rows.MoveNext())
         matches.push_back({rows["id"].text(), shownName(rows), rows["birth_date"].date(), rows["acctnbr"].text(),
-                           shownContact(rows, "telephone_h")});
+                           ContactText(rows, "telephone_h")});
     return matches;
 }
 

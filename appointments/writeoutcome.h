@@ -6,7 +6,8 @@
 #include "platform/database/error.h"
 
 // The routines that write appointments take values and return an outcome. Each writes everything or nothing. None of
-// them shows anything: the caller asks the user before, and tells the user how the write ended.
+// them asks or opens a box: the caller asks the user before, and tells the user how the write ended. Only an audit line
+// that cannot be written is told in the bar.
 
 /// The part of an appointment that was being written when a write failed.
 enum class WriteStep { Appointment, Room, Members };

@@ -29,7 +29,7 @@ inline constexpr std::array PatientRows{Blank, Tentative, Pending,          Chec
 
 }  // namespace ncolor
 
-/// The kinds of entry that the editor makes and edits; the session's ApptKind holds one of them.
+/// The kinds of entry that the editor makes and edits.
 namespace apptkind {
 
 inline constexpr int Patient = 1;

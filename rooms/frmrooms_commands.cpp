@@ -127,7 +127,7 @@ void frmrooms::printS() {
 void frmrooms::setmenuaccess() {
     menus().Allow(menu::mnuNew, MayWrite());
     menus().Allow(menu::mnuEdit, MayWrite());
-    menus().Allow(menu::mnuDelete, MayDelete());
+    menus().Allow(menu::mnuDelete, MayDeleteMeetings());
     menus().Show(menu::mnuFRoomList, MayWrite());
     menus().Show(menu::mnuVAll, Session().AllProviders);
 }

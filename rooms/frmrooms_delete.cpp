@@ -8,7 +8,7 @@
 
 void frmrooms::deleteappt() {
     const RoomMeeting* selected = meetingAt(ctDays1->SelectedItem());
-    if (selected == nullptr || !MayDelete())
+    if (selected == nullptr || !MayDeleteMeetings())
         return;
     const int key = selected->key;
     ctDays1->CommitEdit();

@@ -2,6 +2,7 @@
 
 #include "platform/database/rowmerge.h"
 #include "platform/database/sql.h"
+#include "platform/text/plaintext.h"
 #include "session/session.h"
 
 using db::Lock;
@@ -13,19 +14,11 @@ namespace {
 constexpr int LongestText = 100;
 constexpr int LongestNote = 200;
 
-// Returns the first characters of a text. A surrogate pair is not cut in half.
-QString firstOf(const QString& text, int most) {
-    QString first = text.left(most);
-    if (!first.isEmpty() && first.size() < text.size() && first.back().isHighSurrogate())
-        first.chop(1);
-    return first;
-}
-
 // The columns that a save writes, as it writes them.
 db::RowState stateOf(const RoomMeeting& meeting) {
     return {{"nStartTime", meeting.start}, {"nEndTime", meeting.end},
-            {"nApptDate", meeting.date},   {"croomtext", firstOf(meeting.text, LongestText)},
-            {"croomid", meeting.room},     {"CroomNOTE", firstOf(meeting.note, LongestNote)}};
+            {"nApptDate", meeting.date},   {"croomtext", FirstCharacters(meeting.text, LongestText)},
+            {"croomid", meeting.room},     {"CroomNOTE", FirstCharacters(meeting.note, LongestNote)}};
 }
 
 }  // namespace
@@ -48,7 +41,7 @@ int AddMeeting(const RoomMeeting& meeting) {
     row.Set("nStartTime", meeting.start);
     row.Set("nEndTime", meeting.end);
     row.Set("nApptDate", meeting.date);
-    row.Set("croomtext", firstOf(meeting.text, LongestText));
+    row.Set("croomtext", FirstCharacters(meeting.text, LongestText));
     row.Set("croomid", meeting.room);
     row.Update();
     return static_cast<int>(row["nKeyId"].integer());

@@ -43,6 +43,10 @@ bool MayDelete() {
     return Session().ScreenAccess >= DeleteAccess;
 }
 
+bool MayDeleteMeetings() {
+    return Session().ScreenAccess == DeleteAccess;
+}
+
 QString ProviderNameStatement(const QString& userId) {
     return db::Sql("Select * from provider_info, passwords Where Id = pswd_user_id AND Id = '{}'", userId);
 }

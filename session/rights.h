@@ -12,8 +12,10 @@ void NormalizeScreenAccess();
 
 /// Whether the logged-on user may book, change and set statuses (ScreenAccess 2 and more).
 [[nodiscard]] bool MayWrite();
-/// Whether the logged-on user may also delete (ScreenAccess 3).
+/// Whether the logged-on user may also delete (ScreenAccess 3 and more).
 [[nodiscard]] bool MayDelete();
+/// Whether the logged-on user may delete in the room scheduler (exactly ScreenAccess 3).
+[[nodiscard]] bool MayDeleteMeetings();
 
 /// Returns the statement that getprovname reads for a user.
 [[nodiscard]] QString ProviderNameStatement(const QString& userId);

@@ -55,7 +55,7 @@ QSize FindDialog::sizeHint() const {
 void FindDialog::buildForm(std::vector<ListColumn> columns) {
     auto* wanted = Named(new TextField(this), "txtfind");
     wanted->setClearButtonEnabled(true);
-    // They would break the line of a list or the statement.
+    // These signs would break the printed row or the statement.
     wanted->SetAccepts([](QChar c) { return c != u'"' && c != u'*' && c != u';' && c != u'|'; });
     txtfind = wanted;
     cmdfind = FormButton(tr("&Find"), "cmdfind", this);

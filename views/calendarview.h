@@ -137,7 +137,8 @@ class CalendarView : public MenuView {
     void editappt2(int index);
     void editappt(int index);
     void editgroup(const EditorRequest& request);
-    void showEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed = {});
+    void showEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed = {},
+                    const std::function<void()>& closedAgain = {});
 
     // calendarview_move.cpp
     void bindInPlaceWork();

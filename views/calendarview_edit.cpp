@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QMenu>
+#include <QPointer>
 #include <QSet>
 #include <QShortcut>
 
@@ -116,10 +117,12 @@ void CalendarView::addBy(void (CalendarView::*open)(const EditorRequest&), int k
 void CalendarView::openEditor(const EditorRequest& request) {
     auto editor = std::make_unique<frmnore>(request, window());
     const frmnore& form = *editor;
-    showEditor(std::move(editor), [this, &form] {
-        if (form.GivenUp() && form.Request().CurrentView != View::AllProviders)
-            DropSelection();
-    });
+    // The view may be gone when a form that was kept is closed again.
+    const auto giveUpTime = [view = QPointer<CalendarView>(this), &form] {
+        if (view != nullptr && form.GivenUp() && form.Request().CurrentView != View::AllProviders)
+            view->DropSelection();
+    };
+    showEditor(std::move(editor), giveUpTime, giveUpTime);
 }
 
 void CalendarView::newActivity() {
@@ -199,7 +202,8 @@ void CalendarView::editgroup(const EditorRequest& request) {
     showEditor(std::make_unique<frmgrptx>(request, window()));
 }
 
-void CalendarView::showEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed) {
+void CalendarView::showEditor(std::unique_ptr<EditorDialog> editor, const std::function<void()>& closed,
+                              const std::function<void()>& closedAgain) {
     RunEditor(
         std::move(editor),
         [this, &closed] {
@@ -207,5 +211,9 @@ void CalendarView::showEditor(std::unique_ptr<EditorDialog> editor, const std::f
                 closed();
             Reload();
         },
-        [&main = main_] { main.cycledate(2); });
+        [&main = main_, closedAgain] {
+            if (closedAgain)
+                closedAgain();
+            main.cycledate(2);
+        });
 }

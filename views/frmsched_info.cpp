@@ -57,9 +57,9 @@ QStringList frmsched::detailStatements(const CalendarItem& item) const {
 
 void frmsched::displayapptinfo(int index) {
     details_->Clear();
+    showNote({}, About::Nobody);
     if (index < 1) {
         details_->AddRow({}, QStringLiteral("No Appointment Selected"));
-        showNote({}, About::Nobody);
         return;
     }
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);

@@ -106,7 +106,9 @@ class Connection {
     /// The rows of a write are not told (Write::rowsAreTold is false)
     /// - when the statement changes the schema, or the table has no key;
     /// - when ShapeOfWrite does not know the statement;
-    /// - when it sets a column of the key to an expression (the Select of an Insert may give the key);
+    /// - when it sets a column of the key to an expression (the Select of an Insert may give the key), or to a value
+    /// that
+    ///   the column stores in another form (a date written as a text, a text filled with blanks);
     /// - when the database wrote another number of rows than were found, as happens when a trigger takes part, or when
     ///   another desk brings a row of a server under the condition between the read and the write.
     ///

@@ -44,10 +44,23 @@ class Scanner {
             else if (peek() == QLatin1Char('-') && peek(1) == QLatin1Char('-'))
                 skipTo(QStringLiteral("\n"));
             else if (peek() == QLatin1Char('/') && peek(1) == QLatin1Char('*'))
-                skipTo(QStringLiteral("*/"));
+                skipRemark();
             else
                 return;
         }
+    }
+
+    // A remark may hold others, as on a server.
+    void skipRemark() {
+        int depth = 0;
+        do {
+            const QStringView mark =
+                QStringView(statement_).sliced(at_, std::min<qsizetype>(2, statement_.size() - at_));
+            const bool opens = mark == QLatin1String("/*");
+            const bool closes = mark == QLatin1String("*/");
+            depth += opens ? 1 : closes ? -1 : 0;
+            at_ += opens || closes ? 2 : 1;
+        } while (depth > 0 && at_ < statement_.size());
     }
 
     void skipTo(const QString& end) {

@@ -22,7 +22,8 @@ struct Write {
     qint64 rows = 0;
     /// True when `changes` holds every row that was written to. Otherwise it holds none.
     bool rowsAreTold = false;
-    std::vector<RowChange> changes;  ///< The rows in the order of the table's key.
+    std::vector<RowChange>
+        changes;  ///< The rows in the order of the table's key; keys that an Insert gave itself, by hundreds.
 };
 
 }  // namespace db

@@ -100,9 +100,9 @@ class Reader {
         if (is(token, "?"))
             return placesBefore(first);
         if (is(token, "Null"))
-            return Value();
+            return WriteShape::Written(std::in_place_type<Value>);
         if (token.kind == Token::Kind::Text)
-            return Value(textIn(token));
+            return WriteShape::Written(std::in_place_type<Value>, textIn(token));
         return token.kind == Token::Kind::Number ? numberIn(token, isNegative) : WriteShape::Written();
     }
 
@@ -114,13 +114,16 @@ class Reader {
     }
 
     static WriteShape::Written numberIn(const Token& token, bool isNegative) {
+        WriteShape::Written written;
         bool isWhole = false;
         const qint64 whole = token.text.toLongLong(&isWhole);
-        if (isWhole)
-            return Value(isNegative ? -whole : whole);
         bool isNumber = false;
         const double number = token.text.toDouble(&isNumber);
-        return isNumber ? WriteShape::Written(Value(isNegative ? -number : number)) : WriteShape::Written();
+        if (isWhole)
+            written.emplace<Value>(isNegative ? -whole : whole);
+        else if (isNumber)
+            written.emplace<Value>(isNegative ? -number : number);
+        return written;
     }
 
     const QString& statement_;

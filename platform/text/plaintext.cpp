@@ -44,6 +44,13 @@ QString TipText(const QString& text) {
     return QStringLiteral("<qt>%1</qt>").arg(ManyLines(text).toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
 }
 
+QString FirstCharacters(const QString& text, int most) {
+    QString first = text.left(most);
+    if (first.size() < text.size() && !first.isEmpty() && first.back().isHighSurrogate())
+        first.chop(1);
+    return first;
+}
+
 QString CaptionText(const QString& text) {
     return OneLine(text).replace(u'&', QStringLiteral("&&"));
 }

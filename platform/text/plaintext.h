@@ -15,5 +15,9 @@
 /// and could load a picture from the disk.
 [[nodiscard]] QString TipText(const QString& text);
 
+/// Returns the first `most` UTF-16 units of the text, for a column that takes no more. A character of two units is not
+/// cut in half.
+[[nodiscard]] QString FirstCharacters(const QString& text, int most);
+
 /// Returns the text for a caption in which "&" marks an Alt key.
 [[nodiscard]] QString CaptionText(const QString& text);

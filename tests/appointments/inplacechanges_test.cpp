@@ -124,10 +124,3 @@ TEST_P(InPlaceChanges, TheSameChangeAtBothDesksIsNone) {
 
 INSTANTIATE_TEST_SUITE_P(Columns, InPlaceChanges, testing::ValuesIn(changes),
                          [](const auto& test) { return std::string(test.param.column); });
-
-TEST(FirstCharacters, AreAtMost100AndWhole) {
-    EXPECT_EQ(FirstCharacters(QString()), QString());
-    EXPECT_EQ(FirstCharacters(QStringLiteral("Anna")), "Anna");
-    EXPECT_EQ(FirstCharacters(QString(101, QLatin1Char('x'))).size(), 100);
-    EXPECT_EQ(FirstCharacters(QString(99, QLatin1Char('x')) + QStringLiteral("\U0001F600")).size(), 99);
-}

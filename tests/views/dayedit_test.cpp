@@ -5,6 +5,7 @@
 
 #include "appointments/frmnore.h"
 #include "data/codes.h"
+#include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/notefield.h"
 #include "platform/controls/noticebar.h"
@@ -427,6 +428,27 @@ TEST_F(DayEdit, ANewEntryThatIsGivenUpLeavesNothingBehind) {
 
     EXPECT_FALSE(view_->SelectedTime());
     EXPECT_EQ(itemTexts(), QStringList());
+}
+
+TEST_F(DayEdit, ANewEntryThatIsOpenedAgainAndGivenUpLeavesNothingBehind) {
+    NoticeBar bar;
+    openByHand();
+    calendar().selectRange(1, 600, 630);
+    desk.expectForm("frmnore", [&](QDialog& form) {
+        theEditor(form).cboavail->SetText(QStringLiteral("Lunch"));
+        theEditor(form).cmdOk->click();
+    });
+    desk.expectBox("Item is not on the list. Do you want to add it?", "Item Not Found", Answer::No);
+    desk.expectBox("Error saving appointment. " + database_.refuse("Insert", "appointments"), "Error");
+    command("mnuANAvail").trigger();
+    EXPECT_TRUE(view_->SelectedTime());
+    desk.expectForm("frmnore", [](QDialog& form) { form.reject(); });
+
+    bar.findChild<QPushButton*>(QStringLiteral("cmdNotice"))->click();
+    settle();
+
+    EXPECT_FALSE(view_->SelectedTime());
+    EXPECT_EQ(main.asked, QStringList(QStringLiteral("cycledate 2")));
 }
 
 /// A user who may only read.

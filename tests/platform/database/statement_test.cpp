@@ -146,7 +146,15 @@ TEST(Statement, ANameIsFoundOutsideTextsAndComments) {
     EXPECT_FALSE(db::Names("Select VisitGuests.id /* Visits */ from VisitGuests", "Visits"));
 }
 
+TEST(Statement, ACommentMayHoldAnother) {
+    EXPECT_EQ(WrittenTable("/* a /* b */ c */ Delete From t"), "t");
+    EXPECT_EQ(WrittenTable("/**//* a /*/ b */ c */ Delete From t"), "t");
+    EXPECT_EQ(failureOf("Select 1 /* a /* b */ ; c */"), 0);
+}
+
 TEST(Statement, ACommentThatIsNotClosedEndsTheStatement) {
+    EXPECT_EQ(failureOf("Select 1 /* a /* b */ ; Drop Table a"), 0);
+    EXPECT_EQ(failureOf("Select 1 /"), 0);
     EXPECT_EQ(failureOf("Select 1 /* ; Drop Table a"), 0);
     EXPECT_EQ(failureOf("Select 1 -- ' not closed"), 0);
     EXPECT_EQ(failureOf("Select \"abc"), 105);

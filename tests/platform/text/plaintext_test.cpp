@@ -35,3 +35,12 @@ TEST(TipText, LeavesAnOrdinaryTextAsItIs) {
 TEST(CaptionText, ShowsAnAmpersandInsteadOfAnAltKey) {
     EXPECT_EQ(CaptionText(QStringLiteral("R&D\nclient")), "R&&D client");
 }
+
+TEST(FirstCharacters, AreAtMostSoManyAndWhole) {
+    const QString pair = QStringLiteral("\U0001F600");
+    EXPECT_EQ(FirstCharacters(QString(), 100), QString());
+    EXPECT_EQ(FirstCharacters(QStringLiteral("Anna"), 100), "Anna");
+    EXPECT_EQ(FirstCharacters(QString(101, QLatin1Char('x')), 100).size(), 100);
+    EXPECT_EQ(FirstCharacters(QString(99, QLatin1Char('x')) + pair, 100).size(), 99);
+    EXPECT_EQ(FirstCharacters(QString(98, QLatin1Char('x')) + pair, 100).size(), 100);
+}
