@@ -18,10 +18,10 @@ namespace db {
 class ReadTogether;
 struct WriteShape;
 
-/// What an observer is told of each write.
+/// How much an observer is told about each write.
 enum class Told {
     Statements,  ///< The statement, its table and its number of rows.
-    Rows         ///< In addition each row's key and its values before and after.
+    Rows         ///< In addition the key of each row, and its values before and after the write.
 };
 
 /// One connection to a database, opened by a connection text of the form "Provider=SQLOLEDB;Data Source=...;Initial
@@ -32,18 +32,18 @@ enum class Told {
 /// long as the connection. Anything else is a SQL Server host ("host", "host\instance", "host,port") reached through
 /// ODBC. A text with "Driver=" goes to ODBC as it stands.
 ///
-/// It stays open when its link to a server breaks off. Outside a transaction a read, or the begin of a transaction,
-/// then makes the link anew without a word and goes on. A write that was under way fails, since nobody can tell whether
-/// it was carried out: it is never sent again. A transaction that was under way is lost whole. What comes next makes
-/// the link anew, or fails as Open would.
+/// The connection stays open when its link to a server breaks off. Outside a transaction, a read or the begin of a
+/// transaction then makes the link anew and goes on, and the caller notices nothing. A write that was under way fails
+/// and is never sent again, since nobody can tell whether it was carried out. A transaction that was under way is lost
+/// as a whole. The next call makes the link anew, or fails as Open would.
 ///
-/// An embedded file that is no longer the one that was opened is another database: its rows may have the keys of those
-/// that are still shown. Everything is then refused, with the same error, until OpenAgain.
+/// When the embedded file was replaced by another one, it is another database: its rows may have the same keys as rows
+/// that are still shown. Every call is then refused with the same error until OpenAgain.
 ///
-/// All these errors are such that IsLinkFailure() knows. A Recordset stays usable.
+/// IsLinkFailure() is true for all these errors. A Recordset stays usable.
 ///
-/// While a statement waits, the user may be shown that (ShowWaiting); until it has ended every other call is refused
-/// with 3711.
+/// While a statement waits, the user may be told so (ShowWaiting). Until the statement has ended, every other call is
+/// refused with 3711.
 class Connection {
   public:
     Connection() = default;
@@ -51,89 +51,93 @@ class Connection {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// A failure tells what the server said, never the text itself: it holds the password.
+    /// Opens the connection. The error of a failure holds what the server said. It never holds the connection text,
+    /// which contains the password.
     void Open(const QString& connectionText);
-    /// Makes the embedded file first when it is not there. Only for tools and tests: the program opens what exists.
+    /// Opens the connection, and makes the embedded file first when it does not exist. It is for tools and tests only:
+    /// the program opens existing files.
     void Create(const QString& connectionText);
-    /// A transaction that is open is rolled back.
+    /// Closes the connection. An open transaction is rolled back.
     void Close();
     [[nodiscard]] bool IsOpen() const { return !text_.isEmpty(); }
 
-    /// Opens what stands where the replaced file stood; nothing where none was replaced. Whoever shows or keeps rows of
-    /// the old file has to read them anew. Where it cannot be opened, everything is refused with that reason from now
-    /// on.
+    /// Opens the file that has replaced the embedded file. It does nothing when no file was replaced. Whoever shows or
+    /// keeps rows of the old file has to read them anew. When the new file cannot be opened, no error is thrown: every
+    /// call is refused with that reason until the next OpenAgain.
     void OpenAgain();
-    /// Whether everything is refused until OpenAgain.
+    /// Whether every call is refused until OpenAgain.
     [[nodiscard]] bool IsReplaced() const { return replaced_.has_value(); }
-    /// Told the reason each time from which on everything is refused until OpenAgain: the error itself may be passed
-    /// over. It must not use the connection.
+    /// Sets the routine that is told the reason whenever the connection begins to refuse every call, since a caller may
+    /// pass over the error itself. The routine must not use the connection.
     void OnReplaced(std::function<void(const QString& why)> tell) { tellReplaced_ = std::move(tell); }
 
-    /// Sends one statement and returns the number of rows affected. A second one behind a semicolon is refused.
+    /// Sends one statement and returns the number of rows affected. A second statement behind a semicolon is refused.
     qint64 Execute(const QString& statement);
-    /// The same with values for the places marked ?, in order: for what writes many rows.
+    /// Sends one statement with values for its ? in order. It is for statements that write many rows.
     qint64 Execute(const QString& statement, const std::vector<Value>& bound);
-    /// Adds rows, each with a value for every column, by as few statements as the engine takes them in: for tools that
-    /// write thousands. Each statement is a write of its own to the observer; what a failure leaves of the others only
-    /// a transaction takes back. LastIdentity is then the key of the last row.
+    /// Adds rows, each with a value for every column, by as few statements as the engine allows. It is for tools that
+    /// write thousands of rows. The observer is told each statement as a write of its own. When a statement fails, the
+    /// rows of those before it stay, unless a transaction is rolled back. LastIdentity is then the key of the last row.
     void InsertRows(const QString& table, const QStringList& columns, const std::vector<std::vector<Value>>& rows);
-    /// The key that the database gave to the row inserted last on this connection.
+    /// Returns the key that the database gave to the row inserted last on this connection.
     [[nodiscard]] qint64 LastIdentity();
-    /// One transaction at a time: a second BeginTrans is an error. A commit that fails leaves it to be rolled back.
+    /// Begins a transaction. There is one at a time: a second BeginTrans is an error. A transaction whose commit fails
+    /// has to be rolled back.
     ///
     /// Some faults make the database itself end the transaction (a deadlock, a text that is no number, a full disk).
-    /// Until RollbackTrans, every statement and the commit are then refused with 3930: they would be stored alone.
+    /// Every statement and the commit are then refused with 3930 until RollbackTrans, because later statements would
+    /// be stored without the earlier ones.
     void BeginTrans();
     void CommitTrans();
-    /// The transaction is over afterwards, even where the database refuses.
+    /// Rolls the transaction back. The transaction is over afterwards, even when the database refuses the rollback.
     void RollbackTrans();
 
     /// Tells the observer every write by Execute, InsertRows or a Recordset after it succeeded, in the order in which
-    /// the writes were sent. The writes of a transaction are told after its commit, one by one even where several
-    /// changed the same row. A write that failed is not told, nor is a transaction that was rolled back or whose commit
-    /// broke off unanswered. There is one observer at a time; an empty one ends the telling.
+    /// the writes were sent. The writes of a transaction are told after its commit, one by one, even when several of
+    /// them changed the same row. A write that failed is not told. Nor are the writes of a transaction that was rolled
+    /// back, or whose commit was not answered because the link broke off. There is one observer at a time. An empty
+    /// observer ends the telling.
     ///
-    /// The observer may read and write through the connection. Its own writes are not told, and LastIdentity stays the
-    /// key of the write that it was told. An exception that it throws is logged and reaches nobody, since the write is
-    /// stored already.
+    /// The observer may read and write through the connection. It is not told its own writes, and LastIdentity stays
+    /// the key of the write that it was told. An exception that it throws is logged and reaches no caller, since the
+    /// write is stored already.
     ///
     /// With Told::Rows a write outside a transaction is sent within one of its own, and its rows are read before and
-    /// after it. The condition of an Update or a Delete is therefore evaluated twice. To a server that is four trips
-    /// more, or two within a transaction. When such a read breaks the link, ends the transaction or is given up by the
-    /// user, the write fails with that error. No other desk can change the rows between the read and the write: the
-    /// embedded engine lets nobody else write meanwhile, and a SQL Server locks the rows that are read.
+    /// after it. The condition of an Update or a Delete is therefore evaluated twice. A write to a server then takes
+    /// four more trips, or two more within a transaction. When such a read breaks the link, ends the transaction or is
+    /// given up by the user, the write fails with that error. No other desk can change the rows between the read and
+    /// the write: the embedded engine lets nobody else write meanwhile, and a SQL Server locks the rows that are read.
     ///
     /// The rows of a write are not told (Write::rowsAreTold is false)
     /// - when the statement changes the schema, or the table has no key;
     /// - when ShapeOfWrite does not know the statement;
     /// - when it sets a column of the key to an expression (the Select of an Insert may give the key), or to a value
-    /// that
-    ///   the column stores in another form (a date written as a text, a text filled with blanks);
+    ///   that the column stores in another form (a date written as a text, a text filled with blanks);
     /// - when the database wrote another number of rows than were found, as happens when a trigger takes part, or when
     ///   another desk brings a row of a server under the condition between the read and the write.
     ///
     /// A change of the rows of other tables, by a trigger or a cascade, is not told.
     void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows);
 
-    /// How often the connections of this program asked a server since it started: every login, every statement, every
-    /// look into the catalogue, every begin and end of a transaction; statements that are read together count once. It
-    /// is the number of a SQL Server, where each costs the way there and back; the embedded engine counts alike. The
-    /// logging category "svscheduler.trips" tells each of them.
+    /// Returns the number of trips that the connections of this program made to their databases since it started. A
+    /// login, a statement, a look into the catalogue, and the begin and the end of a transaction are one trip each.
+    /// Statements that are read together are one trip. On a SQL Server each trip costs the way there and back; with the
+    /// embedded engine the same trips are counted. The logging category "svscheduler.trips" logs each of them.
     [[nodiscard]] static qint64 Trips();
 
   private:
     friend class Recordset;
     friend class ReadTogether;
     friend class WrittenRows;
-    enum class Transaction { None, Open, Ended };  ///< Ended by the database, and not yet rolled back here.
-    /// What may be done with a step whose link was cut.
+    enum class Transaction { None, Open, Ended };  ///< Ended: by the database, and not yet rolled back.
+    /// What is known of a step whose link was cut.
     enum class Cut {
-        Repeat,     ///< It changes nothing: it may be sent on a new link.
-        InTheDark,  ///< It may have been carried out, or not.
-        NothingDone
+        Repeat,      ///< The step changes nothing, so it may be sent again on a new link.
+        InTheDark,   ///< Nobody can tell whether the step was carried out.
+        NothingDone  ///< Nothing of the step is saved, since its transaction is lost.
     };
 
-    Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when closed.
+    Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when it is closed.
     void written(Write write);
     void tell(const Write& write);
     void open(const QString& connectionText, bool create);
@@ -142,10 +146,11 @@ class Connection {
     void requireNotBusy() const;
     void requireUsable() const;
     void noteEndedTransaction();
-    /// Every way to the server goes through here.
+    /// Carries out a step at the engine. Every statement, begin and commit goes through this routine.
     template <typename Step>
     auto atEngine(const QString& sent, Cut cut, Step&& step);
-    /// Lets go of a link that is not whole. True where the step may be sent again; the error then stays unsaid.
+    /// Lets go of a link that is not whole. Returns true when the step may be sent again; the error is then not thrown.
+    /// Returns false when the file was replaced, and throws otherwise.
     bool letGoOf(Link link, Cut cut, const DatabaseError& error);
     /// Sends a write. The caller passes the result to `written` when its own work on the row is done.
     Write send(const QString& statement, const std::vector<Value>& bound, const QString& table);
@@ -155,30 +160,32 @@ class Connection {
     qint64 sendAlone(const QString& statement, const std::vector<Value>& bound);
     Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
                             const std::vector<Value>& bound);
-    /// From what was read together, where the statement stands there, and all rows are wanted.
+    /// Returns the rows of a statement. They come from the tables read together when the statement is one of those and
+    /// all its rows are wanted; otherwise the statement is sent.
     ResultTable read(const QString& statement, int mostRows);
     ResultTable query(const QString& statement, const std::vector<Value>& bound = {}, int mostRows = 0);
-    /// The tables of the statements before the first that failed; none while the connection is closed.
+    /// Returns the tables of the statements before the first that failed. Returns none while the connection is closed,
+    /// its link is broken, a statement is under way, or the database has ended the transaction.
     std::vector<ResultTable> queryTogether(const QStringList& statements);
     const TableInfo& describe(const QString& table);
-    /// Nothing where the statement is none of those read together.
+    /// Returns null when the statement is none of those read together.
     [[nodiscard]] const ResultTable* readAlready(const QString& statement) const;
     void forgetRead();
 
-    QString text_;                    ///< As it was opened.
-    std::unique_ptr<Engine> engine_;  ///< Null while the link is broken.
-    bool busy_ = false;               ///< A statement is under way.
-    std::optional<DatabaseError> refusal_;
+    QString text_;                          ///< The connection text. Empty while closed.
+    std::unique_ptr<Engine> engine_;        ///< Null while the link is broken.
+    bool busy_ = false;                     ///< A statement is under way.
+    std::optional<DatabaseError> refusal_;  ///< The error of calls while a login waits, and after it failed.
     QElapsedTimer sinceRefusal_;
-    qint64 refusedFor_ = 0;  ///< Milliseconds from then on, in which it is not tried again.
-    std::optional<DatabaseError> replaced_;
+    qint64 refusedFor_ = 0;                  ///< Milliseconds since sinceRefusal_ in which no new login is tried.
+    std::optional<DatabaseError> replaced_;  ///< The error of every call until OpenAgain.
     std::function<void(const QString&)> tellReplaced_;
     std::function<void(const Write&)> observer_;
     Told told_ = Told::Rows;
     bool telling_ = false;            ///< The observer is at work.
-    std::optional<qint64> identity_;  ///< The last key, kept when the observer may have inserted rows since.
+    std::optional<qint64> identity_;  ///< LastIdentity, kept when the observer may have inserted rows since.
     Transaction transaction_ = Transaction::None;
-    std::vector<Write> untold_;  ///< Of the transaction that is open.
+    std::vector<Write> untold_;  ///< The writes of the open transaction.
     QList<ReadTogether*> together_;
     QSet<QString> described_;  ///< The tables that the engine knows, in small letters.
 };

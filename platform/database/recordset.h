@@ -12,17 +12,17 @@ namespace db {
 
 enum class Lock { ReadOnly = 1, Optimistic = 3 };
 
-/// A client-side static cursor over one statement, read whole when it is opened.
+/// A client-side static cursor over the result of one statement. Open reads the whole result.
 ///
-/// With Lock::Optimistic the rows of a one-table statement can be changed, added and deleted. A change is collected by
-/// Set, can be read at once, and is sent by Update; a change that was not sent is dropped when the cursor moves or
-/// closes. An Update or Delete whose row was changed or removed by somebody else since it was read throws the cursor
+/// With Lock::Optimistic the rows of a statement over one table can be changed, added and deleted. Set collects a
+/// change, which can be read at once; Update sends it. A change that was not sent is dropped when the cursor moves or
+/// closes. When somebody else changed or removed the row since it was read, Update and Delete throw the cursor
 /// service's error -2147217864 "Row cannot be located for updating. Some values may have been changed since it was last
-/// read." and writes nothing. A failed Update leaves its changes to be mended by Set or given up by CancelUpdate. After
-/// the Update of a new row its key and what the database filled in are readable.
+/// read." and write nothing. A failed Update keeps its changes, so that the caller can mend them by Set or give them up
+/// by CancelUpdate. After the Update of a new row, its key and the values that the database filled in can be read.
 ///
-/// Errors of its own: 3021 no current record, 3251 the rows cannot be written to, 3265 no such column, 3704 closed,
-/// 3001 a criterion that cannot be read.
+/// The cursor itself throws these errors: 3001 when a criterion cannot be read, 3021 when there is no current record,
+/// 3251 when the rows cannot be written to, 3265 when there is no such column, 3704 when the cursor is closed.
 class Recordset {
   public:
     Recordset() = default;
@@ -30,27 +30,30 @@ class Recordset {
         Open(statement, connection, lock);
     }
 
-    /// Reads anew when it was open before. The connection must outlive the cursor's writes. `maxRecords` above 0 reads
-    /// no more than so many rows, for who wants the first of thousands.
+    /// Reads the result of the statement. A cursor that was open before is closed first. The connection must outlive
+    /// the cursor's writes, and its look-ups by "table.column". A `maxRecords` above 0 limits the number of rows that
+    /// are read; 0 reads all.
     void Open(const QString& statement, Connection& connection, Lock lock = Lock::ReadOnly, int maxRecords = 0);
     void Close();
     [[nodiscard]] bool IsOpen() const { return connection_ != nullptr; }
 
-    /// Past the last row; true at once for an empty result. (EOF itself is a macro of the C library.)
+    /// Whether the cursor stands past the last row, as it does at once in an empty result. (The name EOF is a macro of
+    /// the C library.)
     [[nodiscard]] bool Eof() const { return !deleted_ && row_ >= table_.rowCount(); }
     [[nodiscard]] int RecordCount() const { return table_.rowCount(); }
     void MoveFirst();
     void MoveNext();
-    /// Moves from the current row (itself included) to the next that meets "column operator value", with = <> < <= > >=
-    /// or Like (% and _), text in single quotes (or #, for dates) with quotes doubled, or Null. Text compares without
-    /// regard to case. No hit leaves the cursor at the end.
+    /// Moves to the first row that meets the criterion, beginning with the current row. The cursor stands at the end
+    /// when no row meets it. A criterion is "column operator value". The operator is = <> < <= > >= or Like (with % and
+    /// _). The value is a number, a text in single quotes (quotes in it are doubled), a date in # signs, or Null. Text
+    /// is compared without regard to case.
     void Find(const QString& criterion);
 
-    /// A field of the current row, by name in any case or by ordinal from 0. "table.column" tells same-named columns of
-    /// a join apart; a bare name that stands twice is the first. It is a look at the row: take its value before the
-    /// cursor writes. An unknown name throws 3265 "Item cannot be found ...".
+    /// Returns a field of the current row, by name in any case or by ordinal from 0. "table.column" tells the columns
+    /// of a join apart that have the same name; the bare name means the first of them. The field refers to the row, so
+    /// its value must be taken before the cursor writes. An unknown name throws 3265 "Item cannot be found ...".
     [[nodiscard]] Field operator[](const QString& name) const;
-    /// As quick as an ordinal after the first row: made for literals.
+    /// The same for a literal, whose column is remembered: after the first row it is as quick as an ordinal.
     [[nodiscard]] Field operator[](const char* name) const;
     [[nodiscard]] Field operator[](int ordinal) const;
     [[nodiscard]] bool HasColumn(const QString& name) const { return columnIndex(name) >= 0; }
@@ -59,17 +62,18 @@ class Recordset {
     void AddNew();
     void Set(const QString& name, const Value& value) { setAt(writableColumn(name), value); }
     void Set(const char* name, const Value& value) { setAt(writableColumn(name), value); }
-    /// Sends the columns whose value is another than before; with none it sends nothing.
+    /// Sends the columns whose value has changed. When none has, it sends nothing.
     void Update();
     void CancelUpdate();
-    /// The row is gone at once; the cursor stands between the rows until it moves.
+    /// Deletes the current row at once. The cursor then stands between two rows until it moves.
     void Delete();
 
-    /// All rows from the current one, each a vector of values in column order; the cursor stands at the end afterwards.
+    /// Returns the rows from the current one to the last, each with its values in the order of the columns. The cursor
+    /// stands at the end afterwards.
     [[nodiscard]] std::vector<std::vector<Value>> GetRows();
 
   private:
-    /// A statement of the cursor's own with what its places take.
+    /// A statement that the cursor made, with the values for its ? in order.
     struct Bound {
         QString statement;
         std::vector<Value> values;
@@ -77,9 +81,9 @@ class Recordset {
     struct Change {
         int column;
         Value before;
-        Value after;  ///< As given: the row's own copy may not hold a date that is out of range.
+        Value after;  ///< The value as Set got it. The row cannot hold a date that is out of range.
     };
-    /// Where a column comes from, as the statement tells it.
+    /// The table that a column comes from, as the statement names it.
     struct Origin {
         QString alias;
         QString table;
@@ -107,23 +111,24 @@ class Recordset {
     void updateRow(const std::vector<Change>& changed);
     Write send(const Bound& bound);
     void rereadRow();
-    /// Adds the condition that finds the current row by its key, and as it was read.
+    /// Adds the condition that finds the current row by its key, and with Compare::AllValues also by the values that
+    /// were read.
     void locate(Bound& bound, Compare compare) const;
 
     Connection* connection_ = nullptr;
     QString statement_;
     ResultTable table_;
     int row_ = 0;
-    bool deleted_ = false;  ///< The current row was deleted; row_ is the one that followed it.
+    bool deleted_ = false;  ///< The current row was deleted, and row_ is the row that followed it.
 
-    QString baseTable_;                                ///< Empty where the rows cannot be written to.
-    mutable std::vector<std::ptrdiff_t> baseColumns_;  ///< The base table's column for each of the result's.
+    QString baseTable_;                                ///< Empty when the rows cannot be written to.
+    mutable std::vector<std::ptrdiff_t> baseColumns_;  ///< The column of the base table for each column of the result.
     bool adding_ = false;
     int rowBeforeAdding_ = 0;
     std::vector<Change> changes_;
 
     mutable std::array<Hit, 128> hits_{};
-    mutable std::vector<Origin> origins_;  ///< Of each column; looked for once a name asks for a table.
+    mutable std::vector<Origin> origins_;  ///< The origin of each column, found when a name first asks for a table.
 };
 
 }  // namespace db

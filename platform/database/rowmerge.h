@@ -14,8 +14,8 @@ namespace db {
 class Recordset;
 class ResultTable;
 
-/// The values of a row in the columns that count. They are read from the row, or made from the fields of a form that
-/// shows it. Two states are equal when they have the same columns with the same values, in any order. The names of
+/// The values of a row in the columns that are compared. They are read from the row, or made from the fields of a form
+/// that shows it. Two states are equal when they have the same columns with the same values, in any order. The names of
 /// columns are compared without regard to case.
 ///
 /// A state without columns stands for a row that was never read. It differs from the state of every row.
@@ -63,9 +63,10 @@ struct RowMerge {
     QStringList clashes;                         ///< The columns that both changed to different values.
 };
 
-/// `before` is the row as the user read it, `wanted` is the row as the user leaves it, and `now` is the row as it is
-/// stored. A column that the user left alone is no change, whatever the row holds there now. The same change at both
-/// desks is no clash. Throws std::logic_error when the three states do not have the same columns.
+/// Compares three states of a row. `before` is the row as the user read it, `wanted` is the row as the user leaves it,
+/// and `now` is the row as it is stored. A column that the user left alone is no change, whatever the row holds there
+/// now. The same change at both desks is no clash. Throws std::logic_error when the three states do not have the same
+/// columns.
 [[nodiscard]] RowMerge Merge(const RowState& before, const RowState& wanted, const RowState& now);
 
 /// Sets the user's changes in a row whose state is `now`; the other columns keep what the row holds. The caller calls
@@ -73,8 +74,8 @@ struct RowMerge {
 /// desk makes after `now` was read is found by the cursor's Update.
 void SetChanges(Recordset& row, const RowState& before, const RowState& wanted, const RowState& now);
 
-/// For a form that writes the whole row and not its changes. Throws RowClash with the columns whose values differ. When
-/// the row was never read, those are all columns.
+/// Throws RowClash, with the columns whose values differ, when the two states are not equal. When the row was never
+/// read, those are all columns. It is for a form that writes the whole row and not only its changes.
 void RequireUnchanged(const RowState& before, const RowState& now);
 
 }  // namespace db

@@ -10,20 +10,21 @@ namespace db {
 
 /// What a write changed in one row.
 struct RowChange {
-    RowState key;  ///< The columns of the key. An Update that sets them tells them as they were before.
+    RowState key;                    ///< The key before the write. For an inserted row, the key it got.
     std::optional<RowState> before;  ///< All columns before the write. An inserted row has none.
     std::optional<RowState> after;   ///< All columns after the write. A deleted row has none.
 };
 
 /// A write that succeeded, as Connection::Observe tells it.
 struct Write {
-    QString statement;  ///< The statement as it was sent. A Recordset's own has its places as ?.
+    QString statement;  ///< The statement as it was sent. One that a Recordset made has ? for its values.
     QString table;      ///< The table written to.
     qint64 rows = 0;
-    /// True when `changes` holds every row that was written to. Otherwise it holds none.
+    /// True when `changes` holds every row that was written to. Otherwise `changes` is empty.
     bool rowsAreTold = false;
-    std::vector<RowChange>
-        changes;  ///< The rows in the order of the table's key; keys that an Insert gave itself, by hundreds.
+    /// The rows in the order of the table's key. The rows of an Insert that gives the keys itself are read a hundred at
+    /// a time, and only each hundred is in this order.
+    std::vector<RowChange> changes;
 };
 
 }  // namespace db

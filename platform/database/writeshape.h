@@ -13,7 +13,7 @@ namespace db {
 /// The parts of an Insert, an Update or a Delete that tell which rows it writes to.
 struct WriteShape {
     enum class Verb { Insert, Update, Delete };
-    /// A value of the statement. It is empty for an expression, and the number of its place, from 0, for a ?.
+    /// A value of the statement. It is empty for an expression. For a ? it is the number of that ?, counted from 0.
     using Written = std::variant<std::monostate, std::size_t, Value>;
     struct Assignment {
         QString column;
@@ -29,7 +29,7 @@ struct WriteShape {
     std::vector<Assignment> assignments;
 
     // Of an Insert.
-    QStringList columns;                     ///< It is empty when the statement names none.
+    QStringList columns;                     ///< The columns of the Insert. It is empty when the statement names none.
     std::vector<std::vector<Written>> rows;  ///< The rows of Values. It is empty when the rows come from a Select.
     qsizetype valuesAt = 0;                  ///< The position at which Values or the Select begins.
 };

@@ -13,7 +13,7 @@ class Connection;
 /// Reads the rows of one write before and after it, within the transaction that is open.
 class WrittenRows {
   public:
-    /// The statement and what is known of it. All of it must outlive the WrittenRows.
+    /// The statement, its values, its shape and its table. All four must outlive the WrittenRows.
     struct Sent {
         const QString& statement;
         const std::vector<Value>& bound;
@@ -50,7 +50,7 @@ class WrittenRows {
 
     Connection& connection_;
     Sent sent_;
-    std::vector<QString> key_;  ///< The names of its columns.
+    std::vector<QString> key_;  ///< The names of the columns of the table's key.
     std::vector<RowState> before_;
     std::vector<Key> keysAfter_;  ///< The keys by which the rows are read after the write.
     std::vector<RowState> after_;
