@@ -20,7 +20,7 @@ struct BoardRules {
     /// again just before the user works on it.
     std::function<void(CalendarItem& item)> lock;
     /// Returns which of the items name a patient, in their order. It is called only while the patients' names are
-    /// hidden, and with all items of a load at once, so that a view which must look that up asks the database once.
+    /// hidden. It gets all items of a load at once, so that a view that has to look this up asks the database once.
     std::function<std::vector<bool>(std::span<const CalendarItem> items)> namesPatients;
 };
 
@@ -37,43 +37,44 @@ class DayBoard : public QObject {
     /// Sets the grid's step in minutes, and the 12 or 24 hour clock of the preferences.
     void SetScale(int slotMinutes);
 
-    /// Empties the grid for the items of this date and of `of`: the id of the provider, room or whatever else the view
-    /// shows one of at a time, "" where it shows them all. Text that is being typed is stored before its item is
+    /// Empties the grid for the items of this date and of `of`. `of` is the id of the provider or the room when the
+    /// view shows one at a time, and "" when it shows them all. Text that is being typed is stored before its item is
     /// removed. The grid gets the preferred hours and loses the marks of a holiday. Columns and shading stay.
     void BeginLoad(QDate date, const QString& of = {});
-    /// Lets the grid begin at this minute where it would begin later. A minute below 0, of a row without a start,
-    /// changes nothing.
+    /// Makes the grid begin at this minute of the day when it would begin later. A minute below 0, which a row without
+    /// a start has, changes nothing.
     void WidenTo(int startMinute);
-    /// Adds the item that was made of a row of the database, and returns its index. Where a join gives the row more
-    /// than once, only its first item in a column and a day is added; the others return 0.
+    /// Adds the item that was made of a row of the database, and returns its index. When a join gives the row more than
+    /// once, only its first item in a column and a day is added; for the others the routine returns 0.
     int AddRow(CalendarItem item);
-    /// Adds an item that no row stands behind, such as a banner, and returns its index.
+    /// Adds an item that belongs to no row, such as a banner, and returns its index.
     int AddItem(CalendarItem item);
-    /// Hides the names and scrolls the grid. A reload of what was shown before keeps the place and the selected item;
-    /// where several items have its key, it selects the one in the same column. Any other load starts at its first
-    /// minute.
+    /// Hides the patients' names if they are to be hidden, and scrolls the grid. A reload of the same date and `of`
+    /// keeps the place and the selected item. When several items have its key, the one in the same column and on the
+    /// same day is selected. Any other load starts at the first minute.
     void EndLoad();
 
-    /// Shades the time outside the working hours of a row of ProvSched, in a column (0: in each) or on a day. A start
-    /// that is null or 0 shades the whole day.
+    /// Shades the time outside the working hours that a row of ProvSched holds, in a column (in every column when it is
+    /// 0) or on a day. A start that is null or 0 shades the whole day.
     void ShadeAround(const db::Recordset& hours, int column = 0);
     void ShadeAround(const db::Recordset& hours, QDate day);
 
-    /// Replaces the item at the index, by what is stored now or by what was stored before. An index below 1 is ignored.
+    /// Replaces the item at the index, to show what is stored now or to undo a change of the user's. An index below 1
+    /// is ignored.
     void Show(int index, CalendarItem item);
     /// Sets the locks of the item anew.
     void Lock(int index);
 
-    /// Whether the last load was of this date and of the same provider, room or the like.
+    /// Whether the last load was of this date and this `of`.
     [[nodiscard]] bool Shows(QDate date, const QString& of = {}) const;
-    /// The selected item as the grid holds it, or nothing.
+    /// Returns the selected item as the grid holds it, or nothing when none is selected.
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const;
     [[nodiscard]] ctMDay& Grid() const { return *grid_; }
 
     static constexpr int NonWorkingColor = 0x808080;
 
   private:
-    /// Tells the item of one row from all others. Rows of two tables may have the same key, but never the same colour.
+    /// Identifies the item of a row. Rows of two tables may have the same key, but never the same colour.
     struct RowPlace {
         QString key;
         QDate day;
@@ -85,7 +86,7 @@ class DayBoard : public QObject {
             return qHashMulti(seed, place.key, place.day.toJulianDay(), place.column, place.color);
         }
     };
-    /// What EndLoad puts back.
+    /// The place and the selection that EndLoad restores.
     struct KeptPlace {
         std::optional<int> topTime;
         std::optional<CalendarItem> selected;

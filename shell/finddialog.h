@@ -11,8 +11,8 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-/// A dialog that finds rows by a text, lists them, prints them and goes to one. What is found, how it is listed and
-/// where it leads is the form's own.
+/// A dialog that finds rows by a text, lists them, prints them and goes to one of them. The derived form decides which
+/// rows are found, how they are listed and where one leads.
 class FindDialog : public QDialog {
     Q_OBJECT
 
@@ -30,26 +30,26 @@ class FindDialog : public QDialog {
 
   protected:
     struct Texts {
-        QString question;   ///< Above the text to find.
-        QString header;     ///< Of the pages that are printed, in three pieces: "|Appointments|".
-        QString one;        ///< "1 appointment"
-        QString many;       ///< "%1 appointments"
-        QString selectOne;  ///< Where selected lines are to be printed and none is.
-        QString failure;    ///< Before the reason of a statement that failed.
-        QString widths;     ///< Of the printed columns, in twips, as printing::ParseTable reads them.
-        QString titles;     ///< The same for their titles.
+        QString question;   ///< The label above the text to find.
+        QString header;     ///< The printed pages' header in three pieces: "|Appointments|".
+        QString one;        ///< The count of one hit: "1 appointment".
+        QString many;       ///< The count of several hits: "%1 appointments".
+        QString selectOne;  ///< Shown when only selected lines are to be printed and none is selected.
+        QString failure;    ///< Stands before the reason when a statement failed.
+        QString widths;     ///< The printed columns' widths in twips, as printing::ParseTable reads them.
+        QString titles;     ///< The printed columns' titles, as printing::ParseTable reads them.
     };
 
     FindDialog(Texts texts, std::vector<ListColumn> columns, QWidget* parent);
 
-    /// The statement that finds the rows which fit the text.
+    /// Returns the statement that finds the rows for the text.
     [[nodiscard]] virtual QString statementFor(const QString& text) const = 0;
-    /// A row as the list shows it.
+    /// Returns the cells of a row as the list shows them.
     [[nodiscard]] virtual QStringList listLine(const db::Recordset& row) const = 0;
-    /// The rows were all listed: the description of those that name a patient is to be hidden with the names
-    /// (ctList::NameCell). May throw db::DatabaseError.
+    /// Marks the descriptions that name a patient by ctList::NameCell, so that they are hidden with the patients'
+    /// names. It is called after all rows were listed, with the cursor at the first row. May throw db::DatabaseError.
     virtual void nameHits(db::Recordset& rows) = 0;
-    /// Goes to the row with this key, and accepts the form; or says in lblcount why it cannot. May throw
+    /// Goes to the row with this key and accepts the form, or says in lblcount why that is not possible. May throw
     /// db::DatabaseError.
     virtual void goTo(qint64 key) = 0;
 

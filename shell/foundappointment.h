@@ -3,7 +3,7 @@
 #include <QDate>
 #include <QString>
 
-/// Where an appointment stands to which a search leads.
+/// The place of an appointment that a search has found.
 struct FoundAppointment {
     QString key;
     QDate date;

@@ -14,20 +14,21 @@ class QPlainTextEdit;
 class QPushButton;
 class QSpinBox;
 
-/// The preferences of the user logged on. OK stores those that were changed as the user's own; Cancel stores nothing. A
-/// stored hour that the lists do not offer shows as no choice and stays as it is unless another one is chosen.
+/// The form of the preferences of the user who is logged on. OK stores the preferences that were changed, as the user's
+/// own. When one of them cannot be stored, the form stays open and says so. Cancel stores nothing. A stored hour that
+/// the lists do not offer is shown as no choice, and it stays as it is unless the user chooses another one.
 class frmaopts : public EditorDialog {
     Q_OBJECT
 
   public:
-    /// `refreshView` gives the open view its new interval, hours and 24-hour flag and reloads it.
+    /// OK calls `refreshView`, which gives the open view its new interval, hours and 24-hour flag and reloads it.
     explicit frmaopts(std::function<void()> refreshView, QWidget* parent = nullptr);
 
     QComboBox* cbostart = nullptr;
     QComboBox* cboend = nullptr;
-    QButtonGroup* optunits = nullptr;        ///< Button ids are minutes; the buttons are named optunits0 to optunits4.
-    QButtonGroup* opttime = nullptr;         ///< Button ids 12 and 24; opttime0 and opttime1.
-    QButtonGroup* optdisplaycols = nullptr;  ///< Button ids 7 and 5; optdisplaycols0 and optdisplaycols1.
+    QButtonGroup* optunits = nullptr;        ///< The ids are minutes; the buttons are optunits0 to optunits4.
+    QButtonGroup* opttime = nullptr;         ///< The ids are 12 and 24; the buttons are opttime0 and opttime1.
+    QButtonGroup* optdisplaycols = nullptr;  ///< The ids are 7 and 5; the buttons are optdisplaycols0 and 1.
     QSpinBox* tctcols = nullptr;
     QCheckBox* cknonprime = nullptr;
     QCheckBox* cktasks = nullptr;
@@ -51,13 +52,13 @@ class frmaopts : public EditorDialog {
         std::string_view category = "SchedulerGeneral";
     };
     [[nodiscard]] std::vector<Preference> entered() const;
-    /// What stands in txtemail, without control characters.
+    /// Returns the text of txtemail without control characters.
     [[nodiscard]] QString reminderText() const;
-    /// What is entered holds for the session from now on, stored or not.
+    /// Puts the entered preferences into the session, where they hold until it ends even if storing them fails.
     void takeOver() const;
-    /// Whether what was entered is what is stored, as far as this form knows.
+    /// Stores a preference that differs from the value the form last showed or stored. Returns false when that fails.
     [[nodiscard]] bool store(const Preference& preference);
 
     std::function<void()> refreshView_;
-    std::map<std::string_view, QString> held_;  ///< As the form showed or stored them.
+    std::map<std::string_view, QString> held_;  ///< By detail, the value last shown or stored.
 };

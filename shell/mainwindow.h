@@ -11,23 +11,24 @@
 /// The subject of the notices about where a search has led (ShowNotice).
 inline const QString FoundNotice = QStringLiteral("found");
 
-/// What a calendar view and its menus ask of the main window that holds them.
+/// The main window, as a calendar view and its menus see it.
 class MainWindow {
   public:
     virtual ~MainWindow() = default;
 
-    /// The date chosen in the month calendar, which every view shows.
+    /// Returns the date that is chosen in the month calendar.
     [[nodiscard]] virtual QDate Date() const = 0;
     /// Chooses a date without reloading the view.
     virtual void SetDate(QDate date) = 0;
-    /// The date panel: "Wednesday, March 11, 2026", "Week of March 8, 2026", ...
+    /// Writes the date panel: "Wednesday, March 11, 2026", "Week of March 8, 2026", ...
     virtual void ShowDateText(const QString& text) = 0;
-    /// The title panel above the view: "March 11, 2026", "Room Scheduler", ...
+    /// Writes the title panel above the view: "March 11, 2026", "Room Scheduler", ...
     virtual void ShowTitle(const QString& text) = 0;
 
-    /// Nothing where that view is open already, or is not open to the user.
+    /// Opens a view. It does nothing when that view is open already, and when the user may not open it or it does not
+    /// exist; if no view is open yet, the day view is then opened instead.
     virtual void changeview(View view) = 0;
-    /// 0 back, 1 forward, 2 only reloads.
+    /// Goes one step of the open view back (0) or forward (1) and reloads it, or only reloads it (2).
     virtual void cycledate(int direction) = 0;
     virtual void GoToToday() = 0;
     virtual void ToggleTaskPane() = 0;
@@ -35,17 +36,17 @@ class MainWindow {
     virtual void ToggleHidePatientNames() = 0;
     /// Offers the provider list and shows the chosen provider's schedule.
     virtual void SelectProvider() = 0;
-    /// The session has another provider now: writes the panels, reloads the view and sounds the bell.
+    /// Writes the panels, reloads the view and sounds the bell. It is called after the session got another provider.
     virtual void ProviderChosen() = 0;
     virtual void ShowPreferences() = 0;
     virtual void ShowHelp() = 0;
-    /// The panels " User: ..." and " Schedule for: ..." from the session values.
+    /// Writes the panels " User: ..." and " Schedule for: ..." from the session's values.
     virtual void WritePanels() = 0;
     virtual void Leave() = 0;
 
-    /// Find went to this appointment; the day view shows it when it comes to its date.
+    /// Keeps an appointment that a search has found. The day view shows it when it next loads the appointment's date.
     void LeaveFound(const FoundAppointment& found) { found_ = found; }
-    /// What was left, if it is of this date; it is shown once, and any other date forgets it.
+    /// Returns the kept appointment if it is of this date, and forgets it in any case. So it is shown once at most.
     [[nodiscard]] std::optional<FoundAppointment> TakeFound(QDate date) {
         const std::optional<FoundAppointment> found = std::exchange(found_, std::nullopt);
         return found && found->date == date ? found : std::nullopt;

@@ -22,17 +22,18 @@ class QVBoxLayout;
 class ctDate;
 class ctTaskPane;
 
-/// Makes the views. A view without an entry is shown as not available.
+/// The routines that make the views. A view without an entry is shown as not available.
 using ViewFactories = std::map<View, std::function<std::unique_ptr<ViewWindow>(MainWindow&)>>;
 
-/// The main window: toolbar, task pane with the month calendar, title, status panels, and one calendar view at a time.
-/// Between title and view stands what the user is told in passing (ShowNotice); it stays when the view is changed.
+/// The main window. It holds the toolbar, the task pane with the month calendar, the title, the status panels and one
+/// calendar view at a time. The bar between title and view shows the notices (ShowNotice), which stay when the view is
+/// changed.
 ///
 /// Its keys: Ctrl+1 to Ctrl+6 the views, Ctrl+T today, Alt+Left and Alt+Right one step back and forward, F5 reload,
 /// Ctrl+N add, Ctrl+F find, Ctrl+P print, Ctrl+I check-in list, Ctrl+H hide names, Ctrl+L provider, Ctrl+, preferences,
-/// F9 task pane, F6 and Shift+F6 from pane to pane, F1 help, Ctrl+Q leave. Names are hidden from every window of the
-/// program, a dialog in front too. A menu item of the open view that carries
-/// one of these keys takes it over.
+/// F9 task pane, F6 and Shift+F6 from pane to pane, F1 help, Ctrl+Q leave. Ctrl+H works in every window of the program,
+/// also while a dialog is in front. When a menu item of the open view has one of these keys, the key belongs to the
+/// menu item.
 class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     Q_OBJECT
 
@@ -40,11 +41,11 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     explicit mdisched(ViewFactories factories);
     ~mdisched() override;
 
-    /// The date of the first view; today unless told.
+    /// Sets the date of the first view. Without it, the first view shows today.
     void OpenAt(QDate date) { openingDate_ = date; }
-    /// The size to open with instead of the remembered place; the place is not remembered either.
+    /// Sets the size to open with instead of the remembered place. The window's place is then not remembered either.
     void OpenWithSize(QSize size) { openingSize_ = size; }
-    /// Whether the view exists and is open to the user.
+    /// Whether the view exists and the user may open it.
     [[nodiscard]] bool ViewAvailable(View view) const;
     [[nodiscard]] ViewWindow* ShownView() const { return view_; }
 
@@ -79,11 +80,12 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void Leave() override { close(); }
 
   Q_SIGNALS:
-    /// A view has been loaded and shown.
+    /// Raised after a view was loaded and shown.
     void ViewOpened();
-    /// The user wants the list of those who have checked in.
+    /// Raised when the user asks for the list of the patients who have checked in.
     void CheckedInRequested();
-    /// The view has opened the database again after its file was replaced: what else shows rows reads anew.
+    /// Raised after the open view opened the database again because its file was replaced. Other windows that show rows
+    /// have to read them anew.
     void DatabaseOpenedAgain();
 
   protected:
@@ -91,17 +93,17 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    // Building, once.
+    // These routines build the window, once.
     void buildActions();
     void buildToolBar();
     void buildCentre();
     void buildStatusBar();
-    /// Without `run` the command's screen is not part of this version.
+    /// Makes a command. A command without `run` has no screen in this version.
     QAction* command(const char* name, const QString& text, const char* icon, const QKeySequence& key,
                      std::function<void()> run);
     void addToToolBar(QAction* action, const char* name);
 
-    // One view after the other.
+    // These routines change the view.
     void openView(View view);
     [[nodiscard]] bool unloadView();
     void putStatusLinkLast();
@@ -148,5 +150,5 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     QAction* checkedIn_ = nullptr;
     QAction* hideNames_ = nullptr;
     QAction* day_ = nullptr;
-    std::map<QAction*, QKeySequence> keys_;  ///< Of the window's own commands.
+    std::map<QAction*, QKeySequence> keys_;  ///< The keys of the window's own commands.
 };

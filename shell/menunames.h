@@ -2,10 +2,11 @@
 
 #include <string_view>
 
-/// The name by which code means a command, a separator or a whole menu of the views; one of those below.
+/// The name by which the code refers to a command, a separator or a whole menu of the views. All names are listed
+/// below.
 class MenuName {
   public:
-    /// No command.
+    /// Makes the empty name, which refers to no command.
     constexpr MenuName() = default;
     explicit constexpr MenuName(const char* text) : text_(text) {}
 
@@ -18,7 +19,7 @@ class MenuName {
     const char* text_ = "";
 };
 
-// Each stands in the menus of one view at least (shell/menutables.h): ViewMenus asserts it.
+// Each name stands in the menus of at least one view (shell/menutables.h). ViewMenus asserts this.
 namespace menu {
 
 inline constexpr MenuName mnuFile{"mnuFile"};

@@ -2,15 +2,15 @@
 
 #include "shell/viewmenus.h"
 
-// What stands in the menus of each view. A command that does the same in several views has one name in all of them.
+// The menus of each view. A command that does the same in several views has the same name in all of them.
 
 [[nodiscard]] std::span<const MenuEntry> DayMenus();
-/// The day's without the tasks, which stand beside the day alone.
+/// The menus of the day view without the Tasks menu, since only the day view shows the tasks.
 [[nodiscard]] std::span<const MenuEntry> WeekMenus();
 [[nodiscard]] std::span<const MenuEntry> AllProvidersMenus();
-/// To be read only: the lists, the views and help.
+/// The File, View and Help menus. The month view is only read, so it has no commands on appointments.
 [[nodiscard]] std::span<const MenuEntry> MonthMenus();
 [[nodiscard]] std::span<const MenuEntry> RoomMenus();
 
-/// Whether one of them holds the name.
+/// Whether the menus of at least one view hold the name.
 [[nodiscard]] bool InMenusOfAnyView(MenuName name);

@@ -6,8 +6,8 @@
 #include "shell/viewmenus.h"
 #include "shell/viewwindow.h"
 
-/// A view with menus of its own. The commands that every view has in common are bound here, whatever of them stands in
-/// the view's menus: the lists, the preferences, the change to another view, the steps, help and leaving.
+/// A view with menus of its own. It binds the commands that are common to the views, as far as the view's menus hold
+/// them: the lists, the preferences, the change to another view, the steps, help and leaving.
 class MenuView : public ViewWindow {
     Q_OBJECT
 
@@ -18,11 +18,12 @@ class MenuView : public ViewWindow {
     void FollowMainWindow() override;
 
   protected:
-    /// Shows or hides those of the commands that the view's menus hold.
+    /// Shows or hides these commands. A command that the view's menus do not hold is ignored.
     void showAny(std::initializer_list<MenuName> names, bool shown);
-    /// Ticks the command that opened this view, and names what a step goes over.
+    /// Ticks the command that opens this view, and gives the commands Previous and Next the view's captions, such as
+    /// "Previous Week".
     void showOpenView(MenuName command, View view);
-    /// After the practice's lists (locations, rooms, activities) were edited.
+    /// Called after a list of the practice (locations, rooms, activities, unavailable time) was edited.
     virtual void listsChanged() {}
     [[nodiscard]] MainWindow& main() const { return main_; }
     [[nodiscard]] ViewMenus& menus() { return menus_; }

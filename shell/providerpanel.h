@@ -9,7 +9,7 @@
 class QVBoxLayout;
 class ctList;
 
-/// A provider of the panel.
+/// A provider on the panel.
 struct ListedProvider {
     QString id;
     QString name;
@@ -31,19 +31,20 @@ class ProviderPanel : public QWidget {
 
     void Clear();
     void Add(const ListedProvider& provider);
-    /// Checks the wanted providers and clears all others, without raising ChoiceChanged. It may leave nobody checked.
+    /// Checks the wanted providers and clears the boxes of all others, without raising ChoiceChanged. When nobody is
+    /// wanted, nobody is checked.
     void CheckThose(const std::function<bool(const ListedProvider& provider)>& wanted);
     void CheckAll();
     /// Checks the providers of a text that Choice returned, whose ids are compared exactly. An empty text checks all.
     void Choose(const QString& choice);
 
-    /// All providers in the order of the list.
+    /// Returns all providers in the order of the list.
     [[nodiscard]] std::vector<ListedProvider> Providers() const;
-    /// The provider of this id, whatever its case, or nothing where nobody of that id is listed.
+    /// Returns the provider with this id, in any case of letters, or nothing when no such provider is listed.
     [[nodiscard]] std::optional<ListedProvider> Find(const QString& id) const;
-    /// The ids of the checked providers in the order of the list, each followed by "|".
+    /// Returns the ids of the checked providers in the order of the list, each followed by "|".
     [[nodiscard]] QString Choice() const;
-    /// The heading and the list from top to bottom. A view may add rows of its own.
+    /// Returns the layout, which holds the heading and the list from top to bottom. A view may add rows of its own.
     [[nodiscard]] QVBoxLayout& Rows() const { return *rows_; }
     [[nodiscard]] ctList& List() const { return *ctList1; }
 
@@ -58,8 +59,8 @@ class ProviderPanel : public QWidget {
     ctList* ctList1;
 };
 
-/// Reads the choice that the user logged on has stored under this preference. Where there is none yet it adds an empty
-/// one. Throws DatabaseError.
+/// Reads the choice that the user who is logged on has stored under this preference. When there is none yet, it stores
+/// an empty one. Throws DatabaseError.
 [[nodiscard]] QString ReadChoice(const QString& category, const QString& detail);
 /// Stores a choice in the row that ReadChoice has read or added. Throws DatabaseError.
 void WriteChoice(const QString& category, const QString& detail, const QString& choice);

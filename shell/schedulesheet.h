@@ -5,22 +5,22 @@
 #include "platform/calendar/content.h"
 #include "platform/printing/vsprinter.h"
 
-/// A schedule for paper.
+/// A schedule that is to be printed.
 struct ScheduleSheet {
     CalendarContent content;
     QString title;
-    QString subtitle;  ///< Below the title; may be empty.
-    QString footer;    ///< Whose schedule it is.
+    QString subtitle;  ///< The line below the title. It may be empty.
+    QString footer;    ///< The provider whose schedule it is. It is empty for all providers.
     int columnsPerPage = 1;
 };
 
-/// The sheet as a document, in the fonts, alignment and time units that the print options hold (category
-/// "PrintLayout"): a page for each `columnsPerPage` columns, with the title lines on each. A font without a name is
-/// Arial; the colours beside the entries are printed where the option "Taskbar" is on.
+/// Returns the sheet as a document, in the fonts, alignment and time units of the print options (category
+/// "PrintLayout"). Each page holds `columnsPerPage` columns under the title lines. A font without a name is Arial. The
+/// colours beside the entries are printed when the option "Taskbar" is on.
 [[nodiscard]] VSPrinter PrintedSheet(const ScheduleSheet& sheet);
 
-/// A day as the titles tell it: "Wednesday  March 11, 2026", with two blanks.
+/// Returns a date as the titles show it: "Wednesday  March 11, 2026", with two blanks after the weekday.
 [[nodiscard]] QString SheetDate(QDate date);
 
-/// A print option; "" where nobody set it.
+/// Returns a print option, or "" when it is not set.
 [[nodiscard]] QString PrintOption(const char* key);

@@ -13,45 +13,48 @@ class QAction;
 class QMenu;
 class QMenuBar;
 
-/// One entry of a view's menus. Entries follow each other as they stand in the menus, a submenu's up to its end.
+/// One entry of a view's menus. A table lists the entries in the order of the menus. The entries of a submenu follow it
+/// up to an EndSubmenu.
 struct MenuEntry {
     enum class Kind { Menu, Submenu, EndSubmenu, Command, Separator };
 
     Kind kind = Kind::Command;
-    MenuName name = {};  ///< By which code finds the command: one name for what is the same in several views.
+    MenuName name = {};  ///< The name by which the code finds the entry. It is the same in all views.
     const char* text = nullptr;
     const char* icon = nullptr;
-    /// Its key. A key behind a tab in the text is one that the main window or the calendar answers to: it is shown, not
-    /// claimed.
+    /// The key of the command, or null. A key behind a tab in the text is only shown: the main window or the calendar
+    /// answers to it.
     const char* keys = nullptr;
-    const char* ownName = nullptr;  ///< The command's object name, where the view has another than `name`.
+    const char* ownName = nullptr;  ///< The object name of the command when it differs from `name`.
 };
 
-/// The commands of a calendar view, each found by its name (mnuAEdit). A command can be used when something is bound to
-/// it, the user's rights allow it and it suits what is selected; until then it stands greyed in its menu, with a tip
-/// that says why.
+/// The commands of a calendar view, each found by its name (mnuAEdit). A command can be used when a routine is bound to
+/// it, it is allowed and it suits the selection. Otherwise it is greyed in its menu, with a tip that says why.
 class ViewMenus : public QObject {
     Q_OBJECT
 
   public:
-    /// The table outlives the menus.
+    /// The table must outlive the ViewMenus.
     explicit ViewMenus(std::span<const MenuEntry> table, QObject* parent = nullptr);
 
-    /// Fills an empty menu bar. May be called again for a new one.
+    /// Fills an empty menu bar. It may be called again for another bar.
     void Fill(QMenuBar& bar);
 
     [[nodiscard]] bool Has(MenuName name) const;
-    /// A command that the view lacks is one that stands in no menu, and what is said below of it is ignored. A name
-    /// that no view's menus hold is an error of the program.
+    /// Returns the command of this name. When the view's menus do not hold it, a command that stands in no menu is
+    /// returned, and the routines below ignore the name. A name that is in no view's menus is an error of the program.
     [[nodiscard]] QAction& Command(MenuName name) const;
-    /// Makes a command do something, and thereby available.
+    /// Binds the routine that the command runs. Without one the command is greyed.
     void Bind(MenuName name, std::function<void()> run);
-    /// What the user's rights, or the state of the view, say of a command, a separator or a whole menu.
+    /// Allows or forbids a command, a separator or a whole menu, as the user's rights or the state of the view demand.
+    /// A forbidden one is greyed.
     void Allow(MenuName name, bool allowed);
+    /// Shows or hides a command, a separator or a whole menu.
     void Show(MenuName name, bool shown);
-    /// Whether a command suits what is selected just now; where it does not, its tip says why.
+    /// Sets whether a command suits the current selection. When it does not, the command is greyed and its tip is
+    /// `why`.
     void Suit(MenuName name, bool suits, const QString& why = {});
-    /// What stands in a menu of the menu bar, in its order, submenus and separators included.
+    /// Returns the entries of a menu of the menu bar in their order, including submenus and separators.
     [[nodiscard]] QList<QAction*> Entries(MenuName menu) const;
 
   private:
@@ -63,7 +66,7 @@ class ViewMenus : public QObject {
         QString why;
     };
     void addCommand(const MenuEntry& entry);
-    /// Null for a command that the view lacks.
+    /// Returns null when the view's menus do not hold the command.
     [[nodiscard]] State* stateOf(MenuName name);
     void setBound(State& state);
     void refresh(const State& state);

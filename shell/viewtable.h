@@ -5,14 +5,15 @@
 
 #include "session/view.h"
 
-/// One calendar view as the task pane and the commands name it. The texts are the system's own.
+/// The texts by which the task pane, the toolbar and the command line name a calendar view. They are the
+/// system's own.
 struct ViewEntry {
     View view;
-    const char* key;   ///< In the task pane.
-    const char* item;  ///< In the task pane.
+    const char* key;   ///< The key of the view's item in the task pane.
+    const char* item;  ///< The text of that item.
     const char* hint;
     const char* icon;
-    const char* previous;  ///< Captions of btnNav; empty where the view cannot be stepped.
+    const char* previous;  ///< The captions of the step commands; empty when the view has no steps.
     const char* next;
     const char* option;  ///< The view's name on the command line.
 };
@@ -30,11 +31,11 @@ inline constexpr std::array<ViewEntry, 6> ViewTable{{
      "companion"},
 }};
 
-/// The per-user setting that keeps whether the task pane is shown ("1" or "0"), and that for its width in pixels.
+/// The per-user settings that keep whether the task pane is shown ("1" or "0"), and its width in pixels.
 inline constexpr char TaskPaneSetting[] = "TaskPane";
 inline constexpr char TaskPaneWidthSetting[] = "TaskPaneWidth";
 
-/// nullptr for View::None.
+/// These return the entry of a view, or nullptr when there is none, as for View::None.
 [[nodiscard]] const ViewEntry* FindView(View view);
 [[nodiscard]] const ViewEntry* FindViewByKey(const QString& taskPaneKey);
 [[nodiscard]] const ViewEntry* FindViewByOption(const QString& name);

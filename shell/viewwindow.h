@@ -7,7 +7,7 @@
 class QMenuBar;
 class UnreadNotice;
 
-/// One calendar view as the main window holds it: it is made when the user changes to it and unloaded when another is
+/// A calendar view in the main window. It is made when the user changes to it, and unloaded when another view is
 /// opened.
 class ViewWindow : public QWidget {
     Q_OBJECT
@@ -17,48 +17,50 @@ class ViewWindow : public QWidget {
 
     /// Fills the view's own menus into the main window's empty menu bar.
     virtual void FillMenus(QMenuBar& menus) = 0;
-    /// Reads the database anew for the main window's date (LoadDayView and its kin).
+    /// Reads the view's rows anew for the main window's date.
     virtual void Reload() = 0;
-    /// One step back (-1) or forward (+1) from the view's date: the date the main window goes to.
+    /// Returns the date that is one step of this view back (-1) or forward (+1) from the date `from`.
     [[nodiscard]] virtual QDate Stepped(QDate from, int direction) const = 0;
-    /// The user chose this date in the month calendar.
+    /// Shows a date that the user chose in the month calendar.
     virtual void ShowDate(QDate /*date*/) { Reload(); }
-    /// A view with a date of its own goes one step back or forward from it, and reads anew: true. The others follow the
-    /// main window's date.
+    /// A view that has its own date goes one step back (-1) or forward (+1) from it, reads anew and returns true. The
+    /// other views return false, and the main window steps its own date.
     virtual bool StepOwnDate(int /*direction*/) { return false; }
-    /// The day that the view shows while the main window has this date.
+    /// Returns the date that the view shows while the main window has the date `mainDate`.
     [[nodiscard]] virtual QDate ShownDay(QDate mainDate) const { return mainDate; }
-    /// After the preferences changed: interval, hours and the 24-hour flag, then a reload.
+    /// Takes over changed preferences (interval, hours, 24-hour flag) and reloads.
     virtual void ApplyPreferences() = 0;
-    /// The task pane or the patients' names were hidden or shown: captions and ticks of the menus follow.
+    /// Sets the captions and ticks of the menus after the task pane or the patients' names were hidden or shown.
     virtual void FollowMainWindow() {}
-    /// The toolbar's commands; a view that lacks one leaves it.
+    // The toolbar's commands. A view that does not have one of them leaves its routines as they are.
     virtual void AddAppointment() {}
     virtual void FindAppointment() {}
     virtual void PrintSchedule() {}
     [[nodiscard]] virtual bool CanAdd() const { return false; }
     [[nodiscard]] virtual bool CanFind() const { return false; }
     [[nodiscard]] virtual bool CanPrint() const { return false; }
-    /// Stores what is being typed in place, before something else is read or written.
+    /// Stores the text that is being typed in place. It is called before something else is read or written.
     void CommitEdits();
-    /// Opens the database again after its file was replaced, and reads anew what the view shows: a row of the old file
-    /// is not written by its key into the new one. What is being typed is of the old file, and is refused.
+    /// Opens the database again after its file was replaced, and reads everything anew, so that no row of the old file
+    /// is written by its key into the new one. Text that is being typed belongs to the old file: storing it is refused.
     void OpenDatabaseAgain();
 
-    /// The subject of the notice that the database's file was replaced.
+    /// The subject of the notice which says that the database's file was replaced (ShowNotice).
     static const QString ReplacedDatabase;
 
   Q_SIGNALS:
-    /// The database was opened again, by this view.
+    /// Raised after this view opened the database again.
     void DatabaseOpenedAgain();
 
   protected:
-    /// Reads what `place` shows, and answers whether that went well. Where the database refuses, the user is told the
-    /// routine's own text; the place says that it could not be read until it is read well, and offers `again`.
+    /// Calls `read`, which reads the contents of `place`, and returns whether that succeeded. When it throws a
+    /// DatabaseError, the user is told `told` with the reason, and `place` is covered with a notice that it could not
+    /// be read and a button that calls `again`. The cover goes when a later call succeeds.
     bool readInto(QWidget& place, const QString& told, const std::function<void()>& read,
                   const std::function<void()>& again);
-    bool readInto(QWidget& place, const QString& told, const std::function<void()>& read);  ///< Again is Reload.
-    /// Reads everything anew, what Reload keeps too.
+    /// The same with Reload for `again`.
+    bool readInto(QWidget& place, const QString& told, const std::function<void()>& read);
+    /// Reads everything anew, including what Reload keeps.
     virtual void reloadWhole() { Reload(); }
 
   private:
