@@ -6,7 +6,7 @@
 #include "platform/database/connection.h"
 #include "session/view.h"
 
-/// The values that start-up sets and that every form reads and writes. They live for the run.
+/// The values that start-up sets and that every form may read and change. They last until the program ends.
 struct SessionValues {
     // Folders and files.
     QString AppPath, IniPath, DocPath, SharedPath2, SignaturePath;
@@ -14,14 +14,14 @@ struct SessionValues {
     QString SchedulerIni;  ///< Full path of svwsched.ini.
 
     // Who is logged on.
-    QString UID;                ///< Empty means nobody.
-    QString UserName;           ///< prov_lastname of the user, or "System Administrator".
+    QString UID;                ///< The user's id. It is empty when nobody is logged on.
+    QString UserName;           ///< The user's prov_lastname, or "System Administrator".
     int UserType = 0;           ///< pswd_type_of_access; 2 is the System Administrator.
     int ScreenAccess = 0;       ///< 0 none, 1 read only, 2 write, 3 write and delete.
-    bool AllProviders = false;  ///< May work on every provider's schedule.
+    bool AllProviders = false;  ///< Whether the user may work on every provider's schedule.
     int NotesAccess = 0;        ///< Digit 6 of pswd_screen_access.
     QString OsUserName, ComputerName;
-    int ScrambleKey = DefaultScrambleKey;  ///< By which the notes product stores passwords.
+    int ScrambleKey = DefaultScrambleKey;  ///< The key by which the notes product scrambles passwords.
 
     // Whose schedule is shown, and how.
     QString ProviderId, ProviderName;
@@ -36,12 +36,12 @@ struct SessionValues {
     // Preferences and settings.
     int DateOrder = 0;  ///< The system's short-date order: 0 month first, 1 day first, 2 year first.
     bool MilitaryTime = false;
-    int TimeUnit = 15;  ///< Minutes of a calendar row: 5, 10, 15, 30 or 60.
+    int TimeUnit = 15;  ///< The minutes of a calendar row: 5, 10, 15, 30 or 60.
     int DayStartHour = 8, DayEndHour = 18;
     bool ShowNonPrime = false;
-    bool TaskRollOver = false;  ///< Hide completed tasks.
+    bool TaskRollOver = false;  ///< Whether completed tasks are hidden.
     QString EmailReminderText;
-    bool ALEnabled = false;  ///< The audit log is on.
+    bool ALEnabled = false;  ///< Whether the audit log is on.
     QString PhoneMask;
     QString WordUsage;  ///< The practice's word for a patient.
     bool InterfaceSizing = false;
@@ -49,13 +49,14 @@ struct SessionValues {
     QString InterfaceFontName;
 
     // The companion link.
-    QString FHConnectionString;  ///< Empty: no link.
+    QString FHConnectionString;  ///< It is empty when there is no link.
     bool FHAutoExport = false, UseFHSchedView = false;
-    QString FHDatabaseId;  ///< Empty: the link is off.
-    int FHProviderId = 0;  ///< 0: no pair.
+    QString FHDatabaseId;  ///< It is empty when the link is off.
+    int FHProviderId = 0;  ///< 0 when the provider has no counterpart in the companion.
     bool FHLedgerHidden = false;
 };
 
+/// Returns the one set of values of the running program.
 SessionValues& Session();
-/// Closes the connection and puts every value back to its start; tests begin with it.
+/// Closes the connection and sets every value back to its initial one. Tests begin with it.
 void ResetSession();

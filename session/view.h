@@ -1,6 +1,6 @@
 #pragma once
 
-/// The views of the main window. Their numbers are those of Ctrl+1 to Ctrl+6 and of the order in the task pane.
+/// The views of the main window. A view's number is its digit in Ctrl+1 to Ctrl+6 and its place in the task pane.
 enum class View {
     None = 0,  ///< No view is open yet.
     Day = 1,
@@ -11,7 +11,7 @@ enum class View {
     Companion = 6
 };
 
-/// Whether appointments are booked and edited in this view: in the day, the week and all providers.
+/// Whether appointments are booked and edited in this view. They are in the day, the week and the all-providers view.
 [[nodiscard]] constexpr bool ViewHasEditor(View view) {
     return view == View::Day || view == View::Week || view == View::AllProviders;
 }
