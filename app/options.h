@@ -9,14 +9,14 @@
 #include "platform/theme/colours.h"
 #include "session/view.h"
 
-/// What the program was asked on its command line.
+/// The options of the command line.
 struct AppOptions {
-    QString commandLine;  ///< "{type}|{user id}" as the notes product hands it over; empty asks for a logon.
+    QString commandLine;  ///< "{type}|{user id}" from the notes product. Empty: the user has to log on.
     QString dataFolder;
     QString screenshotFile;
-    View view = View::None;  ///< The view to open; None leaves it to the start-up.
-    QDate date;              ///< Invalid: today.
-    QSize size;              ///< Empty: the remembered place.
+    View view = View::None;  ///< The view to open. With None, start-up chooses it.
+    QDate date;              ///< The date to open. An invalid date means today.
+    QSize size;              ///< The window's size. Empty: the window opens at its remembered place.
     std::optional<ThemeMode> mode;
     bool help = false;
     bool version = false;
@@ -24,12 +24,12 @@ struct AppOptions {
 
 struct ParsedOptions {
     AppOptions options;
-    QString error;  ///< One line on what cannot be obeyed; empty when all is well.
+    QString error;  ///< One line about the argument that is wrong. It is empty when none is.
 };
 
-/// Reads the arguments after the program's name. Needs no application object.
+/// Reads the arguments that follow the program's name. It needs no application object.
 [[nodiscard]] ParsedOptions ParseOptions(const QStringList& arguments);
 [[nodiscard]] QString UsageText();
 
-/// The size of a picture when none is asked for.
+/// The size of a screenshot when the command line gives none.
 inline constexpr QSize PictureSize{1280, 800};

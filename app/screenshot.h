@@ -4,12 +4,13 @@
 
 class QWidget;
 
-/// Drops the remarks and warnings of the windowing platform; before the application is made.
+/// Drops the remarks and warnings of the windowing platform. It has to be called before the application is made.
 void QuietenPlatform();
 
-/// Lets the program start with nobody at the screen: messages go to standard error and are answered with OK or No, the
-/// provider list is answered with the provider it offers first, and any other form is cancelled.
+/// Lets the program start without a user. Messages go to standard error and are answered with OK or No. The provider
+/// list is answered with the provider that it offers first. Any other form is cancelled.
 void AnswerWithoutUser();
 
-/// Saves the window as a PNG. False, after a line on standard error, when the file cannot be written.
+/// Saves a picture of the window as a PNG. When the file cannot be written, it writes a line to standard error and
+/// returns false.
 bool SaveScreenshot(QWidget& window, const QString& file);

@@ -2,5 +2,5 @@
 
 #include "shell/mdisched.h"
 
-/// The calendar views of this version.
+/// Returns the routines that make the calendar views of this version.
 [[nodiscard]] ViewFactories MakeViewFactories();

@@ -2,6 +2,7 @@
 
 class mdisched;
 
-/// Answers what the main window asks for of rooms that it does not know: the list of those who have checked in, and,
-/// once a view is open, the series that an earlier run has left half booked.
+/// Connects the main window with forms that it does not know itself. CheckedInRequested opens the list of the patients
+/// who have checked in, which is reloaded when the database was opened again. When the first view has opened, the
+/// series that an earlier run has left half booked are offered.
 void WireMainWindow(mdisched& window);
