@@ -18,8 +18,8 @@ class EditorDialog;
 struct EditorRequest;
 struct WriteOutcome;
 
-/// What the views on a board of appointments share: the commands on them and what the user's rights leave of these, and
-/// how rows become items. A view states only its difference.
+/// The base of the views that show appointments on a board. It holds the commands on appointments, applies the user's
+/// rights to them, and makes items of rows. A derived view adds only its differences.
 class CalendarView : public MenuView {
     Q_OBJECT
 
@@ -27,94 +27,99 @@ class CalendarView : public MenuView {
     CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent);
 
     void ApplyPreferences() override;
-    /// A new patient appointment at the selected time.
+    /// Opens the editor for a new patient appointment at the selected time.
     void AddAppointment() override;
     [[nodiscard]] bool CanAdd() const override;
     /// Finds an appointment by its text and goes to it.
     void FindAppointment() override;
     [[nodiscard]] bool CanFind() const override { return true; }
-    /// Shows what the view holds as it will be on paper.
+    /// Shows the print preview of the view's schedule.
     void PrintSchedule() override { printS(); }
 
-    /// The selected item as the view holds it; nothing where none is selected.
+    /// Returns the selected item as the view holds it, or nothing when none is selected.
     [[nodiscard]] std::optional<CalendarItem> SelectedItem() const { return board_->SelectedItem(); }
-    /// The selected range of time; nothing where none is selected.
+    /// Returns the selected range of time, or nothing when none is selected.
     [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const;
-    /// The provider in whose schedule this view books: the session's, unless the view has a choice of its own.
+    /// Returns the provider in whose schedule this view books. It is the session's provider unless the view has a
+    /// choice of its own.
     [[nodiscard]] virtual BookedProvider Provider() const;
-    /// Gives up the selection, the provisional one of an appointment that is not made after all among them.
+    /// Clears the selection, for example the selected time of an appointment that was not made after all.
     void DropSelection();
 
-    /// Greys and hides the commands that the user's rights forbid. Who may not write can set no status and delete
+    /// Greys or hides the commands that the user's rights forbid. A user who may not write can set no status and delete
     /// nothing.
     void setmenuaccess();
 
-    /// Fills the details of an item, where the view has a place for them; an index below 1 empties them.
+    /// Shows the details of an item if the view has a place for them. An index below 1 empties that place.
     virtual void displayapptinfo(int index);
-    /// Deletes the selected appointment. Normally it asks first: a row of its own goes in one transaction, with its
-    /// room and its members, and leaves a line in the audit log; of a series, frmdelrepeat lets the user choose. Of an
-    /// appointment that is being added (IsNewAppt) it takes the unfinished row away, without a question and without a
-    /// line. A deletion that fails is told and leaves everything as it was. A row that another desk has deleted already
-    /// leaves the calendar without a word.
+    /// Deletes the selected appointment after a question. A single appointment is deleted in one transaction with its
+    /// room and its members, and a line is written to the audit log. For an appointment of a series, frmdelrepeat lets
+    /// the user choose which ones to delete. With `IsNewAppt`, the appointment is still being added: its unfinished row
+    /// is deleted without a question and without a line in the log. When a deletion fails, the user is told and
+    /// everything stays as it was. A row that another desk has already deleted is removed from the calendar without a
+    /// message.
     void DeleteSelectedAppointment(bool IsNewAppt);
 
   protected:
-    /// The date of a column, counted from 1; days as columns have one each.
+    /// Returns the date of a column, counted from 1. The columns have different dates only when they are days.
     [[nodiscard]] virtual QDate dateOfColumn(int column) const;
-    /// The provider of a column where providers stand as columns: what is dropped there becomes this provider's.
+    /// Returns the provider of a column when the columns are providers, and nothing otherwise. An appointment that is
+    /// dropped on the column becomes this provider's.
     [[nodiscard]] virtual std::optional<BookedProvider> providerOfColumn(int column) const;
 
-    /// The name of a provider of such a column, by the id; the id where nobody knows it.
+    /// Returns the name of the provider with this id, or the id when the view does not know the name.
     [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
 
-    /// Brings the column of the session's provider into sight, where providers stand as columns.
+    /// Brings the column of the session's provider into sight when the columns are providers.
     virtual void followProvider() {}
-    /// Selects an appointment that was found and scrolls to it; where the view cannot show it, tells why.
+    /// Selects an appointment that was found and scrolls to it. When the view does not show it, the user is told why.
     void showFound(const FoundAppointment& found);
-    /// Why the view does not show an appointment that is there; "" where it would.
+    /// Returns the reason why this view cannot show the appointment although it exists, or "" when it can show it.
     [[nodiscard]] virtual QString whyUnseen(const FoundAppointment& found) const;
 
-    /// The view on paper: all its columns on one page, under its date.
+    /// Returns the schedule to be printed: all columns of the view on one page, under its date.
     [[nodiscard]] virtual ScheduleSheet sheet() const;
     virtual void printS();
 
-    /// Empties the board for a load of what stands under this date and, where the view has one, this provider. The load
-    /// ends by endLoad.
+    /// Empties the board for a load of this date and provider. `provider` is "" in a view of all providers. The load
+    /// ends with endLoad.
     void beginLoad(QDate date, const QString& provider);
-    /// What a load of this date and provider will ask for besides the view's own rows, as far as that is known before
-    /// it begins: the pictures of the calls that were met before and, when it is a reload, the details of the selected
-    /// item.
+    /// Returns the statements that a load of this date and provider will need besides the view's own, as far as they
+    /// are known before it begins. They read the pictures of the courtesy-call codes that earlier loads met and, in a
+    /// reload, the details of the selected item.
     [[nodiscard]] QStringList statementsOfLoad(QDate date, const QString& provider) const;
-    /// The statements by which displayapptinfo fills the details of an item.
+    /// Returns the statements by which displayapptinfo reads the details of an item.
     [[nodiscard]] virtual QStringList detailStatements(const CalendarItem& /*item*/) const { return {}; }
     void endLoad();
-    /// Whether an item of this row is to be shown; it may be changed before.
+    /// Returns whether the item of this row is to be shown. It may change the item.
     using Accept = std::function<bool(const db::Recordset& row, CalendarItem& item)>;
-    /// Adds an item for each row that is accepted. A row that a join gives more than once makes one item, and a row
-    /// that starts before the first hour widens the grid, accepted or not.
+    /// Adds an item for each row that is accepted. A row that a join gives more than once makes one item. A row that
+    /// starts before the first hour widens the grid even when it is not accepted.
     void addAppointments(db::Recordset rows, const Accept& accept = {});
-    /// Whether the day is a holiday, which then stands as a banner in these columns; -1 is the column of the day.
-    /// Throws DatabaseError.
+    /// Adds a banner to these columns when the day is a holiday, and returns whether it is one. The column -1 stands
+    /// for the column of the day. Throws DatabaseError.
     bool addHoliday(QDate date, const std::vector<int>& columns = {-1});
-    /// Whether a courtesy call shows on appointments that are still awaited alone; the day view shows it on every row.
+    /// Whether a courtesy call is shown only on appointments that are still awaited. The day view shows it on every
+    /// row.
     [[nodiscard]] virtual bool showsCallsOfAwaitedOnly() const { return false; }
-    /// How the rows of one load are painted; each courtesy-call code is looked up once a load.
+    /// Returns how the rows of one load are painted. Each courtesy-call code is looked up once in a load.
     [[nodiscard]] ItemPainting painting() const;
 
-    /// Stores what was changed on an item in place: its text by the user, its colour by a status command. False when it
-    /// was not stored: the user has been told why (a text that was emptied comes back without a word), and the item is
-    /// as it was or is gone.
+    /// Stores a change that was made to an item in place: its text by the user, or its colour by a status command.
+    /// Returns false when the change was not stored. The user has then been told why, and the item is as it was before
+    /// or is gone. A text that was emptied comes back without a message.
     ///
-    /// Only what was changed here is written, so that no other desk's work is overwritten; what both desks changed is
-    /// told as an error and the view reads anew. The item then shows the row. Where another desk has moved the row
-    /// meanwhile the view reads anew too: after this, find the item by its key.
+    /// Only the changed values are written, so that no other desk's work is overwritten. When both desks changed the
+    /// same value, the user is told an error and the view reads anew. After a save the item shows the row as it is
+    /// stored. The view also reads anew when another desk has moved the row meanwhile, so the caller must find the item
+    /// by its key afterwards.
     ///
-    /// What the database refuses is told in a box, or in the bar under `subject` where that is not empty.
+    /// An error of the database is told in a box, or in the notice bar under `subject` when that is not empty.
     bool saveappt(int index, const QString& subject = {});
 
     DayBoard* board_;
     ctMDay* ctMDay1;                          ///< The board's grid.
-    QHash<QString, ShownAppointment> facts_;  ///< By ItemKey.
+    QHash<QString, ShownAppointment> facts_;  ///< The rows of the items, by ItemKey.
 
   private:
     void bindCommands();
@@ -126,11 +131,13 @@ class CalendarView : public MenuView {
     void popupOnEmptyTime(int index, const QPoint& place);
     void newappt(int kind);
     void newGroup();
-    /// Opens an editor on a new appointment of the kind at the selected time.
+    /// Calls `open` for a new appointment of this kind at the selected time, and selects the appointment that was
+    /// added.
     void addBy(void (CalendarView::*open)(const EditorRequest&), int kind);
     void openEditor(const EditorRequest& request);
     void newActivity();
-    /// Opens the Activity Scheduler, for a new Activity where `key` is 0, at a time that was chosen or dragged to.
+    /// Opens the Activity Scheduler for an Activity, or for a new one when `key` is 0. `slot` is the time that the user
+    /// selected or dragged the Activity to.
     void scheduleActivity(int key, const std::optional<SelectedSlot>& slot = std::nullopt);
     void selectAddedTo(const QSet<QString>& before);
     void editCommand();
@@ -144,12 +151,12 @@ class CalendarView : public MenuView {
     void bindInPlaceWork();
     void moveappt(int index);
     void storeMove(const CalendarItem& item, bool room);
-    /// What a save of an item in place reads, and the details that are shown behind it.
+    /// Returns the statements that a save of an item in place reads, and those of the details shown after it.
     [[nodiscard]] QStringList savingStatements(const CalendarItem& item) const;
     void showRow(ShownAppointment row);
     void putBack(const QString& key);
     void tellUnsaved(const QString& key, const WriteOutcome& outcome, const QString& subject = {});
-    /// Keeps a text that was typed in place and could not be saved; `read` is the item as it was read.
+    /// Keeps a text that was typed in place and could not be saved (KeepTyped). `read` is the item as it was read.
     void keepText(const CalendarItem& read, const QString& text) const;
 
     // calendarview_commands.cpp
@@ -183,14 +190,14 @@ class CalendarView : public MenuView {
     void deleteAppointment(const CalendarItem& item);
     void deleteActivity(int key);
     [[nodiscard]] bool deleteFromSeries(int key, int ref);
-    /// Tells why a deletion failed; whether it went well.
+    /// Returns whether the deletion succeeded. When it failed, the user is told why.
     [[nodiscard]] static bool isDeleted(const WriteOutcome& outcome);
     void removeItemsOf(int key);
 
     QMenu* newPopup_ = nullptr;
     QMenu* itemPopup_ = nullptr;
 
-    mutable QHash<QString, int> callIcons_;  ///< By code, since the load began.
-    QSet<QString> callCodes_;                ///< Met in any load.
+    mutable QHash<QString, int> callIcons_;  ///< The pictures by code, since the load began.
+    QSet<QString> callCodes_;                ///< The courtesy-call codes of all loads.
     [[nodiscard]] QStringList callStatements() const;
 };

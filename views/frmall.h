@@ -8,36 +8,39 @@
 class QComboBox;
 class QPushButton;
 
-/// The whole practice's day: every active provider is a column. The panel beside them says whose columns are shown.
+/// The view of all providers: one day of the whole practice, with a column for each active provider. The panel beside
+/// the columns chooses which providers are shown.
 ///
-/// Column n of the calendar, List1[n - 1] and entry n - 1 of cboprovs always are the same provider. What is booked is
-/// booked for the provider who stands in cboprovs, which follows the column that the user works in; what is selected
-/// follows cboprovs in turn, so that nobody's appointment is saved for another provider unseen. All-day entries and
-/// activities of several providers are shown on the day view alone.
+/// Column n of the calendar, List1[n - 1] and entry n - 1 of cboprovs are always the same provider. Appointments are
+/// booked for the provider in cboprovs. cboprovs follows the column that the user works in. When the user chooses a
+/// provider in cboprovs, the selected time moves to that provider's column and an appointment of another provider is no
+/// longer selected, so that no appointment is saved for the wrong provider unnoticed. This view shows
+/// neither all-day entries nor activities of several providers.
 class frmall : public CalendarView {
     Q_OBJECT
 
   public:
     explicit frmall(MainWindow& main, QWidget* parent = nullptr);
 
-    /// Fills the panel, the disciplines and the columns: every provider of the practice, and the user in any case.
+    /// Fills the panel, the list of disciplines and the columns with the active providers of the practice who are not
+    /// excluded from the scheduler. The user is listed even when excluded.
     void LoadProviders();
     /// Whether the provider is on the panel and checked there.
     [[nodiscard]] bool providerchecked(const QString& id) const;
     /// Makes the columns of the checked providers.
     void resetcols();
-    /// Reads the main window's date. Appointments and holidays that cannot be read are told, so that nobody books into
-    /// a day that only looks free.
+    /// Reads the day of the main window's date. When appointments or holidays cannot be read, the user is told, so that
+    /// nobody books into a day that only looks free.
     void loadmdayview();
-    /// Shades the time outside the providers' working hours. On a weekday for which the practice holds fewer than two
-    /// rows of hours nothing is shaded.
+    /// Shades the time outside the providers' working hours. Nothing is shaded on a weekday for which fewer than two
+    /// rows of hours are stored.
     void LoadWorkSchedule(QDate date);
 
     void displayapptinfo(int index) override;
     void Reload() override;
     void ApplyPreferences() override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override { return from.addDays(direction); }
-    /// The toolbar's command adds on the day and the week.
+    /// Returns false: the toolbar's command adds appointments only in the day and the week view.
     [[nodiscard]] bool CanAdd() const override { return false; }
     [[nodiscard]] BookedProvider Provider() const override;
 
@@ -46,7 +49,7 @@ class frmall : public CalendarView {
     [[nodiscard]] std::optional<BookedProvider> providerOfColumn(int column) const override;
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
-    /// As many columns on a page as the print options say, five where they say nothing.
+    /// Puts as many columns on a page as the print options say, from 1 to 9, and five when they say nothing valid.
     [[nodiscard]] ScheduleSheet sheet() const override;
     void followProvider() override;
     [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;
@@ -68,10 +71,10 @@ class frmall : public CalendarView {
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
     [[nodiscard]] QStringList dayStatements() const;
 
-    std::vector<QString> List1;  ///< The provider's id of each column.
+    std::vector<QString> List1;  ///< The provider's id for each column.
     ProviderPanel* panel_ = nullptr;
     bool providersRead_ = false;
-    bool sized_ = false;  ///< The view has had its first size.
+    bool sized_ = false;  ///< Whether the view has had its first size.
     QComboBox* cbodisc = nullptr;
     QComboBox* cboprovs = nullptr;
     QPushButton* cmdgo = nullptr;

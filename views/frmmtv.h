@@ -6,29 +6,30 @@
 
 class ctWeek;
 
-/// The days of a month as the month view counts them: 29 days in February of every year divisible by 4, century years
-/// included; 0 for a number that is no month.
+/// Returns the number of days of a month as the month view counts them. February has 29 days in every year divisible by
+/// 4, including century years. A number that is no month gives 0.
 [[nodiscard]] int DaysInMonth(int month, int year);
 
-/// The month view: one provider's month, to be read. Each day lists its appointments in their colours; a double click
-/// on a day, or Enter, opens it in the day view. The month has no scale of time, so the hours of the day matter here
-/// only in that an early appointment stands first.
+/// The month view: one provider's month, which can be read but not edited. Each day lists its appointments in their
+/// colours, the earliest first; the month has no scale of time. A double click on a day, or Enter, opens it in the day
+/// view.
 ///
-/// Hidden patient names are hidden here too: neither the line nor its tip gives them away.
+/// While patient names are hidden, neither a line nor its tip shows them.
 class frmmtv : public MenuView {
     Q_OBJECT
 
   public:
     explicit frmmtv(MainWindow& main, QWidget* parent = nullptr);
 
-    /// Reads the month of the main window's date for the session's provider, all-day appointments included. The main
-    /// window's date is the selected day. Appointments that cannot be read are told.
+    /// Reads the month of the main window's date for the session's provider, including all-day appointments. The main
+    /// window's date is the selected day. When appointments cannot be read, the user is told.
     void LoadMonthView();
-    /// Hides the lists from who may only read, and the other providers from who sees one schedule only.
+    /// Hides the practice's lists and the Activity Scheduler from a user who may only read, and the choice of a
+    /// provider and the view of all providers from a user who may see one schedule only.
     void setmenuaccess();
 
     void Reload() override { LoadMonthView(); }
-    /// Thirty days, not a calendar month.
+    /// Steps by thirty days, not by a calendar month.
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
     void ApplyPreferences() override;
     /// Finds an appointment by its text and goes to its day.
@@ -45,6 +46,6 @@ class frmmtv : public MenuView {
     void openDay(QDate day);
 
     ctWeek* ctWeek1;
-    QStringList List1;  ///< The texts of the items; the entry before the item's number.
-    QStringList List2;  ///< Their keys.
+    QStringList List1;  ///< The texts of the items; item n has the entry n - 1.
+    QStringList List2;  ///< The keys of the items, in the same order.
 };

@@ -6,9 +6,9 @@
 class QSplitter;
 class ctList;
 
-/// The day view: one provider's one day as a column of time, beside it the details of the selected appointment, its
-/// note and the provider's tasks. The day's content lives in the calendar alone; it is read anew by LoadDayView and by
-/// nothing else.
+/// The day view: one day of one provider as a column of time. Beside it are the details of the selected appointment,
+/// its note and the provider's tasks. The contents of the day are held by the calendar only, and only LoadDayView reads
+/// them anew.
 class frmsched : public CalendarView {
     Q_OBJECT
 
@@ -16,20 +16,20 @@ class frmsched : public CalendarView {
     explicit frmsched(MainWindow& main, QWidget* parent = nullptr);
 
     /// Reads the main window's date for the session's provider. A reload of the day that is shown keeps the place and
-    /// the selected item, unless the names were hidden meanwhile; another day or provider starts at its first minute.
-    /// Appointments that cannot be read are told, so that nobody books into a day that only looks free; any other read
-    /// that fails leaves the day a little shorter.
+    /// the selected item. Another day or provider starts at its first minute. When appointments cannot be read, the
+    /// user is told, so that nobody books into a day that only looks free. When the holiday or the working hours cannot
+    /// be read, they are left out without a message.
     void LoadDayView();
     /// Shades the time outside the provider's working hours on that weekday.
     void LoadWorkSchedule(QDate day);
     /// Fills the task list of the session's provider.
     void LoadToDo();
-    /// The date title: "March 11, 2026", in English whatever the locale.
+    /// Shows the date in the title: "March 11, 2026", in English in every locale.
     void changedate(QDate date);
 
     void displayapptinfo(int index) override;
     void Reload() override;
-    /// The tasks are read anew too: the preferences may hide the done ones.
+    /// Reads the tasks anew too, since the preferences may hide the completed ones.
     void ApplyPreferences() override;
     [[nodiscard]] bool CanPrint() const override { return true; }
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
@@ -65,7 +65,7 @@ class frmsched : public CalendarView {
 
     QSplitter* SSSplitter1 = nullptr;
     DetailsPane* details_ = nullptr;
-    bool panesChosen_ = false;  ///< The user has put the splitter somewhere.
+    bool panesChosen_ = false;  ///< Whether the user has moved the splitter.
     ctList* ctList1 = nullptr;
 
     QString tasksOf_;
