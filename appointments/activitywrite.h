@@ -28,6 +28,7 @@ struct AttendeeChange {
 /// The columns of the current row of `appointments` that a save of an Activity overwrites.
 [[nodiscard]] db::RowState ActivityState(const db::Recordset& row);
 
+/// Writes a new Activity with its attendees.
 [[nodiscard]] WriteOutcome AddActivity(const ActivityFields& fields, const QStringList& attendees);
 /// Writes an Activity, the time of its room, and its attendees if they have changed. The save fails when another desk
 /// has changed the Activity since it was `loaded`.

@@ -6,25 +6,26 @@ class QLabel;
 class QPushButton;
 class ctList;
 
-/// The list of what a proposed time conflicts with, and the choice to accept the conflict or to reschedule. The caller
-/// fills ctList1 with rows of the five columns, shows the form modally and asks whether it IsAccepted. Under the list
-/// stands who is in the way in the selected row, with its text item: for how long.
+/// The dialog that lists the bookings in conflict with a proposed time, and lets the user accept the conflict or
+/// reschedule. The caller fills ctList1 with rows of the five columns, shows the form modally and asks whether it
+/// IsAccepted. The item text of a row tells how long its booking is in the way. A line under the list shows this text
+/// for the selected row, together with the name of who or what is booked.
 ///
-/// Closing the dialog in any other way, by Escape or the window's own button, is rescheduling, and rescheduling is what
-/// Enter does first: nothing is booked by accident.
+/// Closing the dialog in any other way, by Escape or the window's close button, counts as rescheduling. Rescheduling is
+/// also the default button, so that nothing is booked by accident.
 class AppointmentConflict : public QDialog {
     Q_OBJECT
 
   public:
     explicit AppointmentConflict(QWidget* parent = nullptr);
 
-    /// Words the dialog for a room: title, text and the heading of the fifth column.
+    /// Changes the title, the text and the heading of the fifth column to those of a room conflict.
     void ShowAsRoomConflict();
     [[nodiscard]] QSize sizeHint() const override;
 
     static constexpr int TextColumn = 4;
 
-    /// The user has accepted the conflict.
+    /// Whether the user has accepted the conflict.
     [[nodiscard]] bool IsAccepted() const { return result() == Accepted; }
 
     ctList* ctList1 = nullptr;

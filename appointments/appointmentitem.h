@@ -7,17 +7,18 @@
 #include "platform/database/recordset.h"
 #include "session/hiddennames.h"
 
-/// What a view decides about all its items.
+/// The settings of a view that apply to all its items.
 struct ItemPainting {
     bool hidePatientNames = false;
-    /// The picture of a courtesy-call code (GetCallStatusIcon); -1 for none.
+    /// Returns the picture of a courtesy-call code (GetCallStatusIcon), or -1 for none.
     std::function<int(const QString& code)> callStatusIcon;
-    /// The picture of the call stands only on appointments that are still awaited: blank, pending and tentative ones.
+    /// Whether the picture of the call stands only on appointments that are still awaited: blank, pending and tentative
+    /// ones.
     bool callsOfAwaitedOnly = false;
 };
 
-/// The calendar item of the current row of "Select appointments.* ...". The row's status, kind and colour all lie in
-/// `ncolor`; nulls anywhere give a plain item.
+/// Returns the calendar item of the current row of "Select appointments.* ...". The row's status, kind and colour are
+/// all stored in `ncolor`. Null columns are allowed and leave the item plain.
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting);
 
 /// A row of `appointments` as a view keeps it: its item and the other columns that the commands need.
@@ -33,19 +34,19 @@ struct ShownAppointment {
     [[nodiscard]] bool StandsAs(const ShownAppointment& other) const;
 };
 
-/// The current row together with its item.
+/// Returns the current row together with its item.
 [[nodiscard]] ShownAppointment RowOf(const db::Recordset& row, CalendarItem item);
 
-/// The colours of an item by its `ncolor` and `appttype`.
+/// Sets the colours of an item by its `ncolor` and `appttype`.
 void PaintByCode(CalendarItem& item, int code, int apptType);
 
 /// Whether the item's text is a patient's name, by its ItemColor and ItemNote.
 [[nodiscard]] bool NamesPatient(const CalendarItem& item);
-/// Hides or shows the text where it is a patient's name.
+/// Hides or shows the item's text if it is a patient's name.
 void HideName(CalendarItem& item, bool hidden);
 
-/// The banner of a holiday: key "0", from midnight to 11:59 PM, in the holiday colour.
+/// Returns the banner of a holiday: an item with the key "0", from midnight to 11:59 PM, in the holiday colour.
 CalendarItem HolidayBanner(const QString& holiday, QDate day);
 
-/// The mark and the word for a row's status or kind, by which nobody needs the colour to tell it.
+/// Sets the mark and the word for a row's status or kind, so that nobody needs the colour to recognise it.
 void MarkStatus(CalendarItem& item, int code, int apptType);

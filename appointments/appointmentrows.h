@@ -13,12 +13,13 @@
 /// How many attendees the Activity has. Throws db::DatabaseError.
 [[nodiscard]] int NbrAttendesForEvent(int key);
 
-/// The statements that ApptRoomId and UpdateRoomTime read, for who reads them together with others; empty for a key
-/// below 1.
+/// The statements that ApptRoomId and UpdateRoomTime read, for a caller that reads them together with others. They are
+/// empty for a key below 1.
 [[nodiscard]] QString ApptRoomStatement(int apptKey);
 [[nodiscard]] QString RoomSlotStatement(int apptKey);
 
-/// The room booked for an appointment, 0 where there is none. -1 where that could not be read, which the user has been
-/// told: the caller must not take it for a booking that is not there. A key below 1 is an appointment that was never
-/// saved and has no room, although the meetings that belong to no appointment carry apptid 0.
+/// Returns the RoomID of the room that is booked for an appointment, or 0 for none. The answer is -1 when the booking
+/// could not be read, which the user has been told; the caller must not take this for the absence of a booking. A key
+/// below 1 is an appointment that was never saved. It has no room, although bookings that belong to no appointment
+/// carry apptid 0.
 [[nodiscard]] int ApptRoomId(int apptKey);

@@ -8,7 +8,7 @@
 #include "appointments/writeoutcome.h"
 #include "session/slot.h"
 
-/// How a write ended whose result the view shows.
+/// How a write ended, with the row that the view shows afterwards.
 struct RowOutcome : WriteOutcome {
     ShownAppointment row;  ///< The row after a successful write.
 };
@@ -21,7 +21,7 @@ struct RowOutcome : WriteOutcome {
 
 /// The new place of an appointment that was dragged or resized.
 struct AppointmentMove {
-    ShownAppointment before;  ///< The row as the view read it last.
+    ShownAppointment before;  ///< The row as the view last read it.
     QDate day;
     int start = 0;  ///< Minutes since midnight, as end.
     int end = 0;

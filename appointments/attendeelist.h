@@ -3,8 +3,9 @@
 #include <QListWidget>
 #include <QStringList>
 
-/// The providers who may attend, in one list: the selected ones are the attendees. Each row shows a check mark while it
-/// is selected, and a click or Space turns it, whatever else is selected; moving and typing a name only look.
+/// A list of the providers who may attend an Activity; the selected rows are the attendees. A selected row shows a
+/// check mark. A click or Space selects or deselects one row and leaves the others as they are. Moving through the list
+/// and typing a name change no selection.
 class AttendeeList : public QListWidget {
     Q_OBJECT
 
@@ -12,13 +13,14 @@ class AttendeeList : public QListWidget {
     explicit AttendeeList(QWidget* parent = nullptr);
 
     void AddProvider(const QString& id, const QString& name);
-    /// Adds to what is selected. A row that is not there is ignored.
+    /// Selects the provider of a row in addition to those who are selected. A row that does not exist is ignored.
     void SelectProvider(int row);
 
-    /// The row of the provider with this id, as the database compares ids: in any case. -1 where none has it.
+    /// Returns the row of the provider with this id, or -1 when there is none. Ids are compared in any letter case, as
+    /// the database compares them.
     [[nodiscard]] int FindProvider(const QString& id) const;
     [[nodiscard]] QString ProviderName(int row) const;
-    /// Both in list order.
+    /// The ids and the names of the attendees, both in the order of the list.
     [[nodiscard]] QStringList SelectedIds() const;
     [[nodiscard]] QStringList SelectedNames() const;
 

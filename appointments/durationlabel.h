@@ -2,13 +2,14 @@
 
 #include <QLabel>
 
-/// Says beside two times how long it is from one to the other, or that the end does not come after the start.
+/// A label beside two times that tells the duration between them, or that the end does not come after the start.
 class DurationLabel : public QLabel {
     Q_OBJECT
 
   public:
     explicit DurationLabel(QWidget* parent = nullptr);
 
-    /// Minutes since midnight; -1 is a time that is not there, of which nothing is said.
+    /// Shows the duration between two times in minutes since midnight. The label is empty when one of them is -1, which
+    /// stands for a missing time.
     void ShowTimes(int start, int end);
 };

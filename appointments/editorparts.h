@@ -7,25 +7,28 @@
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 
-// What the editors of appointments are built of.
+// The parts of which the editors of appointments are built.
 
-/// A combo that takes the width which its form leaves it, at least `characters`.
+/// Returns a new combo that takes all the width which its form leaves to it, and at least that of `characters`.
+/// `parent` owns the combo.
 [[nodiscard]] CompletingCombo* EditorCombo(CompletingCombo::Entry entry, const char* name,
                                            const QString& accessibleName, int characters, QWidget* parent);
-/// A date or a time.
+/// Returns a new field for a date or a time, by `kind`. `parent` owns the field.
 [[nodiscard]] ctDEdit* EditorDate(ctDEdit::Kind kind, const char* name, const QString& accessibleName, QWidget* parent);
-/// In a row, the last taking what is left.
+/// Returns a new layout with the widgets in a row, of which the last takes the width that is left.
 [[nodiscard]] QHBoxLayout* InARow(std::initializer_list<QWidget*> widgets);
 
-/// Fills the form with two halves, which share its width so, above its buttons.
+/// Fills the form with two halves above its buttons. The halves share the width in the proportion of `leftShare` to
+/// `rightShare`.
 void LayInHalves(QDialog& form, QWidget* left, int leftShare, QWidget* right, int rightShare, QLayout* buttons);
 
-/// "appointment on 3/11/2026 at 9:00 AM": what an editor's notice names an entry by, without its patient.
+/// Returns the words by which an editor's notice names an entry: "appointment on 3/11/2026 at 9:00 AM". The patient is
+/// not named.
 [[nodiscard]] QString EntrySubject(const QString& date, const QString& time);
-/// Tells that what was saved had been deleted at another desk and is a new appointment now.
+/// Tells by a notice that the saved appointment had been deleted at another desk and was added again as a new one.
 void TellAddedAgain();
 
-/// Whether an appointment can be saved at these times. The first thing that is wrong is told, titled "Missing Data",
-/// and the focus goes to its field. A date that is none is refused in every view that shows it: an entry without a date
-/// would be on no calendar.
+/// Whether an appointment can be saved at these times. The user is told the first fault in a box titled "Missing Data",
+/// and the focus goes to the field at fault. A missing or invalid date is refused in every view that shows the date,
+/// because an entry without a date would be on no calendar.
 [[nodiscard]] bool TimesAreValid(ctDEdit& start, ctDEdit& end, ctDEdit& date);

@@ -22,8 +22,7 @@ struct EditorRequest {
 
 /// What the Activity Scheduler works on.
 struct ActivityRequest {
-    int ActivityKey = 0;  ///< The `nkeyid` of the Activity; 0 for a new one.
-    QDate date;           ///< The date of a new Activity.
-    std::optional<SelectedSlot>
-        slot;  ///< The chosen time of a new Activity, or the time to which an Activity was dragged.
+    int ActivityKey = 0;               ///< The `nkeyid` of the Activity; 0 for a new one.
+    QDate date;                        ///< The date of a new Activity.
+    std::optional<SelectedSlot> slot;  ///< The time chosen for a new Activity, or to which an old one was dragged.
 };

@@ -18,14 +18,14 @@ namespace db {
 class Recordset;
 }
 
-/// The Activity Scheduler: an Activity/Event that several providers attend, one row of `appointments` under the pseudo
-/// provider "~EVT" with a row of `AppointmentsEvents` for each attendee. The caller makes the form, which loads itself,
-/// shows it modally, and reloads its view.
+/// The Activity Scheduler, the editor of an Activity/Event that several providers attend. An Activity is one row of
+/// `appointments` under the pseudo provider "~EVT" with a row of `AppointmentsEvents` for each attendee. The caller
+/// makes the form, which loads itself, shows it modally, and reloads its view.
 ///
-/// An Activity that was dragged opens with its new times, a change like one that is typed. What happened to an Activity
-/// meanwhile is not lost: an attendee who is on the provider list no more stays an attendee, shown as such, until the
-/// user takes them out; a row that another desk has changed is not written over. A save writes the row, its attendees
-/// and its room together or nothing of them. One that fails closes the form, which RunEditor keeps.
+/// An Activity that was dragged opens with its new times, which count as a change like times that are typed. An
+/// attendee who is no longer on the provider list is shown as such and stays an attendee until the user removes them. A
+/// row that another desk has changed meanwhile is not overwritten. A save writes the row, its attendees and its room
+/// together, or nothing. A save that fails closes the form, and RunEditor keeps the form.
 class frmactsc : public EditorDialog {
     Q_OBJECT
 
@@ -34,11 +34,11 @@ class frmactsc : public EditorDialog {
     ~frmactsc() override;
 
     [[nodiscard]] const ActivityRequest& Request() const { return request_; }
-    /// Names in frmeConflict who is busy at the time that is entered. Touching times count, and the Activity itself too
-    /// if it was saved before. Whoever has two appointments in the way is named for each.
+    /// Names in frmeConflict the attendees who are busy at the entered time. Times that only touch count, and so does
+    /// the Activity itself if it was saved before. An attendee is named once for each appointment in the way.
     void busySearch();
 
-    /// The ids of the attendees for an IN list: "'REED', 'OBRIEN'".
+    /// Returns the ids of the attendees for an IN list: "'REED', 'OBRIEN'".
     [[nodiscard]] QString ListedProviders() const;
 
     [[nodiscard]] QString Subject() const override;
@@ -47,15 +47,15 @@ class frmactsc : public EditorDialog {
     bool attendeesChanged = false;
 
     CompletingCombo* cboevents = nullptr;
-    ctDEdit* ctDEditComp = nullptr;  ///< With the calendar that drops from it.
+    ctDEdit* ctDEditComp = nullptr;  ///< The date, with a drop-down calendar.
     QLabel* lblweekday = nullptr;
     ctDEdit* ctstart = nullptr;
     ctDEdit* ctend = nullptr;
-    DurationLabel* lblduration = nullptr;  ///< How long it lasts, or that it ends before it starts, which OK accepts.
+    DurationLabel* lblduration = nullptr;  ///< The duration, or that the end is before the start, which OK accepts.
     CompletingCombo* cbolocation = nullptr;
-    QLabel* lblcut = nullptr;  ///< Which text is too long to be kept whole.
+    QLabel* lblcut = nullptr;  ///< Tells which text is too long to be kept whole.
     AttendeeList* List1 = nullptr;
-    QLabel* lblattendees = nullptr;  ///< Who attends, in words.
+    QLabel* lblattendees = nullptr;  ///< The names of the attendees, in words.
     QPushButton* cmdbusy = nullptr;
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
@@ -94,17 +94,17 @@ class frmactsc : public EditorDialog {
     // frmactsc_save.cpp
     void cmdOk_Click();
     [[nodiscard]] bool isComplete();
-    /// Both are false where nothing was saved, which the user has been told.
+    /// The two saves return false when nothing was saved, which the user has been told.
     [[nodiscard]] bool SaveNewEvent();
     [[nodiscard]] bool SaveUpdateEvent();
-    /// Tells how a save ended where it did not go well.
+    /// Returns whether a save succeeded, and tells the user when it did not.
     [[nodiscard]] static bool isSaved(const WriteOutcome& outcome);
     [[nodiscard]] ActivityFields entered() const;
 
     const ActivityRequest request_;
-    const int key_ = request_.ActivityKey;  ///< Of the row; 0 for a new one.
-    db::RowState storedState_;              ///< Of the row, in the columns that a save writes, as it was read.
-    QStringList storedAttendees_;           ///< Whom the database holds, as far as this form knows.
+    const int key_ = request_.ActivityKey;  ///< The key of the row; 0 for a new one.
+    db::RowState storedState_;              ///< The state of the row as it was read, in the columns that a save writes.
+    QStringList storedAttendees_;           ///< The ids of the attendees in the database, as far as this form knows.
     bool eventTyped_ = false;
     bool locationTyped_ = false;
 };

@@ -5,8 +5,8 @@
 class QLabel;
 class QPushButton;
 
-/// Shows the alert text of a patient, which may be long: it scrolls where it would not fit on the screen. The caller
-/// puts the text into lblalert.
+/// Shows the alert text of a patient, which scrolls when it is too long for the screen. The caller puts the text into
+/// lblalert.
 class frmAlert : public QDialog {
     Q_OBJECT
 

@@ -9,16 +9,17 @@
 class ctList;
 class QPushButton;
 
-/// Lets the user choose which appointments of a series to delete; OK deletes them, each by itself. The caller adds the
-/// rows and reads the calendar anew afterwards.
+/// Lets the user choose which appointments of a series to delete. OK deletes each of them in a transaction of its own.
+/// The caller adds the rows and reloads the calendar afterwards.
 ///
 /// A row that another desk has deleted meanwhile counts as deleted. An appointment that the database refuses to delete
-/// keeps its room and members, the others go on, and the user is told at the end; a notice offers to delete the rest.
+/// keeps its room and members, and the others are deleted all the same. The user is told at the end, and a notice
+/// offers to delete the rest.
 class frmdelrepeat : public QDialog {
     Q_OBJECT
 
   public:
-    /// `rowsChanged` reads the view anew where the user lets the rest be deleted later.
+    /// `rowsChanged` reloads the view when the user deletes the rest later.
     explicit frmdelrepeat(std::function<void()> rowsChanged, QWidget* parent = nullptr);
 
     struct Row {
@@ -28,13 +29,13 @@ class frmdelrepeat : public QDialog {
         QString text;
         bool isGroup = false;
         bool checked = false;
-        bool namesPatient = false;  ///< The text does.
+        bool namesPatient = false;  ///< Whether the text is a patient's name.
     };
     void AddAppointment(const Row& row);
     /// Checks or unchecks every row.
     void selecttodelete(bool state);
 
-    ctList* ctList1 = nullptr;  ///< Item data: the key.
+    ctList* ctList1 = nullptr;  ///< The item data is the key of the row.
     QPushButton* cmdOk = nullptr;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -44,5 +45,5 @@ class frmdelrepeat : public QDialog {
     void allowOk();
 
     std::function<void()> rowsChanged_;
-    std::vector<SeriesRow> rows_;  ///< As they were added.
+    std::vector<SeriesRow> rows_;  ///< The rows in the order in which they were added.
 };

@@ -13,5 +13,5 @@ class frmeConflict : public QDialog {
     explicit frmeConflict(QWidget* parent = nullptr);
 
     QListWidget* List1 = nullptr;
-    QPushButton* cmdreschedule = nullptr;  ///< "&Close", which only closes.
+    QPushButton* cmdreschedule = nullptr;  ///< The button "&Close", which only closes the form.
 };

@@ -18,14 +18,14 @@ namespace db {
 class Recordset;
 }  // namespace db
 
-/// The dialog of a group appointment: one row of `appointments`, and a row of `AppointmentsGroup` for each patient who
-/// was scheduled for it. The caller makes the form, which loads itself, shows it modally, and reloads its view.
+/// The dialog of a group appointment: one row of `appointments`, and a row of `AppointmentsGroup` for each scheduled
+/// patient. The caller makes the form, which loads itself, shows it modally, and reloads its view.
 ///
-/// Choosing a group loads its members of the form's date. For an appointment that exists, those who are scheduled and
-/// who attended stay checked then; only Refresh Members forgets them. A save writes row, room and members together or
-/// nothing of them, and keeps what another desk did: where it has changed the row, its room or its members meanwhile,
-/// the user is told. A row that it has deleted is added again, which a notice tells. A save that fails closes the form,
-/// which RunEditor keeps.
+/// Choosing a group loads its members on the form's date. In an existing appointment, the patients who are scheduled
+/// and who attended then stay checked; only Refresh Members forgets them. A save writes the row, the room and the
+/// members, or nothing. It does not overwrite what another desk has changed in them meanwhile; the user is told of it.
+/// A row that another desk has deleted is added again, which a notice tells. A save that fails closes the form, and
+/// RunEditor keeps the form.
 class frmgrptx : public EditorDialog {
     Q_OBJECT
 
@@ -33,18 +33,20 @@ class frmgrptx : public EditorDialog {
     explicit frmgrptx(const EditorRequest& request, QWidget* parent = nullptr);
     ~frmgrptx() override;
 
-    /// Selects a group of the list by its key, without loading its members; a key that is on no list selects none.
+    /// Selects a group by its key, without loading its members. A key that is not on the list selects none.
     void setmembers(int groupId);
-    /// Puts the group's members of the form's date on the list: those whose time in the group holds that date, by name.
-    /// Scheduled are all of a new appointment, none of an old one.
+    /// Lists by name the members of the group whose time in the group includes the form's date. In a new appointment
+    /// all of them are scheduled, in an existing one nobody is.
     void loadmembers();
-    /// The names of who is scheduled, each followed by "; ".
+    /// Returns the names of the scheduled patients, each followed by "; ".
     [[nodiscard]] QString getgrpmembers() const;
-    /// Whether there is a time, and somebody on the list.
+    /// Whether OK is enabled: both times are entered and somebody is on the list. In the week view the date must be
+    /// entered too.
     [[nodiscard]] bool okenabled() const;
 
     [[nodiscard]] QString Subject() const override;
-    /// Also where the stored members are deleted and no others are saved in their place.
+    /// The form also counts as changed when the stored members were deleted and no others have been saved in their
+    /// place.
     [[nodiscard]] bool IsChanged() const override { return membersDeleted_ || EditorDialog::IsChanged(); }
 
     bool dirty = false;
@@ -60,7 +62,7 @@ class frmgrptx : public EditorDialog {
     CompletingCombo* cborooms = nullptr;
     NoteField* txtnotes = nullptr;
     ctList* ctList1 = nullptr;
-    QLabel* lblmembers = nullptr;  ///< How many are scheduled and have attended, and what a save would leave out.
+    QLabel* lblmembers = nullptr;  ///< How many are scheduled and have attended, and what a save leaves out.
     QPushButton* cmdLoadMembers = nullptr;
     QPushButton* cmdkept = nullptr;
     QPushButton* cmdOk = nullptr;
@@ -74,7 +76,7 @@ class frmgrptx : public EditorDialog {
     static constexpr int FirstValidDate = 2;
     static constexpr int LongestLocation = GroupFields::LongestLocation;
 
-    /// What a row of the list keeps of its patient, as its item text: {patient id}|{account}|{home phone}.
+    /// The data of the patient in a row of the list, kept as the item text {patient id}|{account}|{home phone}.
     struct Mark {
         QString patientId;
         QString account;
@@ -120,7 +122,8 @@ class frmgrptx : public EditorDialog {
     // frmgrptx_save.cpp
     void cmdOk_Click();
     void cmdCancel_Click();
-    /// Whether the appointment, its room and its members are stored; the user has been told why they are not.
+    /// Writes the appointment with its room and its members. Returns false when that failed, which the user has been
+    /// told.
     [[nodiscard]] bool saveappt(int key, const QString& providerId);
     [[nodiscard]] bool conflicts(int key, const QString& providerId) const;
     [[nodiscard]] QStringList savingStatements(int key, const QString& providerId) const;
@@ -130,11 +133,11 @@ class frmgrptx : public EditorDialog {
     void audit(bool isNew) const;
 
     const EditorRequest request_;
-    const int key_ = request_.Key();  ///< Of the row, 0 for a new one.
+    const int key_ = request_.Key();  ///< The key of the row; 0 for a new one.
     GroupState stored_;
-    int groupOnList_ = 0;  ///< Whose members stand on the list.
-    QDate membersOf_;      ///< And for which date.
+    int groupOnList_ = 0;  ///< The key of the group whose members are on the list.
+    QDate membersOf_;      ///< The date for which these members were listed.
     bool roomUnread_ = false;
-    bool membersDeleted_ = false;  ///< By Refresh Members, which no Cancel takes back.
+    bool membersDeleted_ = false;  ///< Whether Refresh Members deleted the stored members, which Cancel does not undo.
     bool locationTyped_ = false;
 };

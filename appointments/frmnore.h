@@ -28,43 +28,42 @@ namespace db {
 class Recordset;
 }
 
-/// The editor of one entry of `appointments`: a patient appointment, an Activity/Event, a block of Unavailable Time or
-/// a slot of an appointment type, by the ApptKind that is asked for. With IsNewAppt it makes a row, else it edits the
-/// row CurrentApptKey. The caller makes the dialog, which loads itself, shows it modally, asks whether a new entry was
-/// GivenUp, and reloads its view.
+/// The editor of one entry of `appointments`. The ApptKind of the request decides whether this is a patient
+/// appointment, an Activity/Event, a block of Unavailable Time or a slot of an appointment type. With IsNewAppt the
+/// editor adds a row; otherwise it edits the row CurrentApptKey. The caller makes the dialog, which loads itself, shows
+/// it modally, asks whether a new entry was GivenUp, and reloads its view.
 ///
-/// The fields stand in the order in which a receptionist asks: who, when, what, where, status, note. `dirty` is set by
-/// whatever the user changes in them, so that OK never drops a choice; OK without a change writes nothing.
+/// The fields stand in the order in which a receptionist asks: who, when, what, where, status, note. Every change that
+/// the user makes in them sets `dirty`, so that OK never drops a choice. OK without a change writes nothing.
 class frmnore : public EditorDialog {
     Q_OBJECT
 
   public:
     static constexpr int KindCount = 4;
-    /// Milliseconds that a look-up by a typed letter may take so that the next one is made with its key; without a
-    /// limit until the program sets one. After a slower one the keys that have come in the meantime are looked up
-    /// together.
+    /// The time in milliseconds that a look-up by a typed letter may take. After a slower look-up, the keys that have
+    /// come in the meantime are looked up together instead of one by one. There is no limit until the program sets one.
     static int QuickLookUp;
 
-    /// The time that was chosen in the view counts as a change, so that OK on a new entry without a patient does
+    /// The time that was chosen in the view counts as a change. OK on a new entry without a patient therefore does
     /// nothing instead of closing the form.
     explicit frmnore(const EditorRequest& request, QWidget* parent = nullptr);
     ~frmnore() override;
 
     [[nodiscard]] const EditorRequest& Request() const { return request_; }
-    /// Whether the user gave up a new entry.
+    /// Whether the user closed the form of a new entry without saving it.
     [[nodiscard]] bool GivenUp() const { return givenUp_; }
-    /// The `patient_info.id` of the chosen patient; "" for none. What was shown of another patient's authorization and
-    /// e-mail address is emptied with it.
+    /// Sets the `patient_info.id` of the chosen patient, or "" for none. For another patient than before, the form
+    /// counts as changed, and the authorization and e-mail address of the previous patient are cleared.
     void SetPatientTag(const QString& patientId);
-    /// To be called when the choice of a patient stands, not at each letter: shows the authorization, and looks up the
-    /// address where an e-mail is wanted.
+    /// Shows the patient's authorization, and looks up the e-mail address when an e-mail is wanted. It is to be called
+    /// when the choice of a patient is final, not at each letter.
     void PatientChosen();
-    /// Writes the entry into the row `key`, or into a new one where there is none (any more), and its room, both or
-    /// neither. False when that failed, which the user has been told. A row that another desk has deleted and that is
-    /// added again is told by a notice.
+    /// Writes the entry and its room, both or neither. The entry goes into the row `key`, or into a new row when there
+    /// is none or another desk has deleted it; in the latter case a notice tells so. Returns false when the write
+    /// failed, which the user has been told.
     ///
-    /// A row that is not as this dialog read it is not written over: another desk has changed it, and the cursor
-    /// service's own error of that case is told.
+    /// A row that another desk has changed since this dialog read it is not overwritten. The user is then told the
+    /// cursor service's own error.
     bool saveappt(int key, const QString& providerId);
     /// Asks whether to write to the patient, and hands a message about the appointment to the desktop's mail program.
     void SendEmail(const QString& address, const QString& patientName, const QString& providerName,
@@ -77,7 +76,7 @@ class frmnore : public EditorDialog {
 
     bool dirty = false;
 
-    // Who: the pages of the four kinds, one of them shown.
+    // Who: the pages of the four kinds, of which one is shown.
     std::array<QWidget*, KindCount> fraappttype{};
     QLabel* Label1 = nullptr;
     QLineEdit* txtpatients = nullptr;
@@ -128,9 +127,9 @@ class frmnore : public EditorDialog {
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
 
-    MatchList* pnlmatches = nullptr;  ///< Who fits what is typed into txtpatients, where more than one does.
+    MatchList* pnlmatches = nullptr;  ///< The patients who fit the text of txtpatients, where more than one does.
 
-    // The pop-up list of patients. While it is open OK is off: no key that is meant for the list saves.
+    // The pop-up list of patients. While it is open, OK is disabled, so that no key that is meant for the list saves.
     QWidget* pnlpatlist = nullptr;
     ctList* ctList1 = nullptr;
     QLineEdit* txtfind = nullptr;
@@ -207,15 +206,17 @@ class frmnore : public EditorDialog {
     void patientBoxEdited(const QString& text);
     void settleLookUp();
     void LookupPatient(const QString& text);
-    /// What a key in the box of the patient's name does to the list of those who fit; whether it is done with.
+    /// Handles a key in the box of the patient's name that is meant for the list of matches. Returns whether the key is
+    /// used up.
     bool keyForMatches(const QKeyEvent& key);
     bool enterForMatches();
-    /// Whether it has first to be said which of several patients is meant.
+    /// Whether the user first has to choose one of several patients who fit.
     bool asksForPatient();
     void focusLeavesBox(Qt::FocusReason reason);
-    /// Takes the patient who is marked where the box holds another. Whether the choice stands.
+    /// Chooses the marked patient of the list of matches if the box holds another one. Returns whether the choice of a
+    /// patient is final.
     bool takesMarked();
-    /// Whether it is done with.
+    /// Handles an event of the pop-up list of patients. Returns whether the event is used up.
     bool eventOfPatientList(const QEvent& event);
     void startPatientList();
     [[nodiscard]] bool leavesPatientBox() const;
@@ -223,14 +224,15 @@ class frmnore : public EditorDialog {
     void settlePatient();
     void showFacts(const PatientFacts& patient);
     void takePatientOfId(const QString& id);
-    /// Without what is told of a choice that stands; false where the patient could not be read, which the user has been
-    /// told.
+    /// Chooses a patient, without the authorization and alerts that a final choice shows. Returns false when the
+    /// patient could not be read or does not exist, which the user has been told.
     bool choosePatientOfId(const QString& id);
     void cmdpatients_Click();
     void showPatientList();
     void cmdPatientList_Click();
     void takeFromList(int row);
-    /// Hands a name that nobody has to the form for new patients; whether one was added, who is chosen then.
+    /// Opens the form for new patients with the typed name, which nobody has. Returns whether a patient was added, who
+    /// is then chosen.
     bool AddNewPatient();
     bool addPatient(const QString& lastName, const QString& firstName);
     bool closePatientList();
@@ -243,23 +245,23 @@ class frmnore : public EditorDialog {
     void offerUnknownItems();
 
     const EditorRequest request_;
-    const int key_ = request_.Key();  ///< Of the row, 0 for a new one.
+    const int key_ = request_.Key();  ///< The key of the row; 0 for a new one.
     bool givenUp_ = false;
 
     QWidget* fields_ = nullptr;
     QString patientTag_;
-    QString settledTag_;      ///< The chosen patient whose alerts were shown.
-    bool takesAway_ = false;  ///< The key being worked on takes characters away.
-    QTimer lookUpDue_;        ///< Runs while what was typed is still to be looked up.
+    QString settledTag_;      ///< The id of the chosen patient whose alerts were shown.
+    bool takesAway_ = false;  ///< Whether the key that is being handled takes characters away.
+    QTimer lookUpDue_;        ///< Runs while the typed text is still to be looked up.
     bool lookUpIsSlow_ = false;
     PatientFiller* patientFiller_ = nullptr;
     QString emailTag_;         ///< The address that ckemail stands for.
-    QDate authorizationDate_;  ///< The day for which lblAuthorization speaks.
+    QDate authorizationDate_;  ///< The day of the authorization that lblAuthorization shows.
     QString originalSlot_;
     int alarmLeadMinutes_ = 0;
-    int categoryColour_ = 0;  ///< What lblaptcolor shows.
+    int categoryColour_ = 0;  ///< The colour that lblaptcolor shows.
     bool availOrEventTyped_ = false;
     bool locationTyped_ = false;
-    bool roomUnread_ = false;   ///< Whether the row has a room could not be read, so that none may be taken from it.
-    db::RowState loadedState_;  ///< Of the row, in the columns that a save writes.
+    bool roomUnread_ = false;   ///< Whether the room of the row could not be read, so that a save must keep it.
+    db::RowState loadedState_;  ///< The state of the row as it was read, in the columns that a save writes.
 };

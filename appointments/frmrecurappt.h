@@ -24,11 +24,11 @@ namespace db {
 class Recordset;
 }
 
-/// Turns an appointment into a series: the user chooses a pattern, and OK writes one
-/// row for each of its dates besides the appointment's own. Of the pattern itself nothing is kept but `repeating` and
-/// `repeating_ref`, the key of the first appointment. A line below the settings says what the series will be, and a
-/// list shows its dates with what stands in their way; a date that is decided there is not asked for again. Each row is
-/// written with all that goes along into it or not at all; of a series that was cut off a notice offers the rest.
+/// Turns an appointment into a series: the user chooses a pattern, and OK writes one row for each of its dates besides
+/// the appointment's own. The pattern itself is not stored; the rows only hold `repeating` and `repeating_ref`, the key
+/// of the first appointment. A line below the settings describes the series, and a list shows its dates with the
+/// obstacles of each. The user is not asked again about a date that was decided in the list. Each row is written
+/// completely, with all that belongs to it, or not at all. When the writing is cut off, a notice offers to do the rest.
 class frmRecurAppt : public EditorDialog {
     Q_OBJECT
 
@@ -41,17 +41,17 @@ class frmRecurAppt : public EditorDialog {
     [[nodiscard]] QString Subject() const override;
     [[nodiscard]] bool IsChanged() const override;
 
-    /// Reads the settings into the pattern; under "End After" the end date becomes the last date of the series.
+    /// Reads the settings into the pattern. Under "End After" the end date becomes the last date of the series.
     void UIGetInfo();
-    /// Tells what is missing; true where nothing is.
+    /// Tells the user what is missing. Returns true when nothing is.
     [[nodiscard]] bool Validate();
-    /// Shows the dates, with a mark at those on which something is booked in the way.
+    /// Shows the dates of the series in frmslist, with a mark at those that have obstacles.
     void getSampleDates();
-    /// Writes the series. False where nothing was written because the conflicts could not be read, so that the form
-    /// stays.
+    /// Writes the series. Returns false when the conflicts could not be read, so that nothing was written and the form
+    /// stays open. The answer is true in all other cases, also when the write failed.
     bool createRecurApptList();
-    /// Whether the user wants a date left out, because something is booked in the way. Touching times count here, and
-    /// so does every kind of row. Throws db::DatabaseError.
+    /// Whether a date is to be left out: something is booked in the way, and the user does not want to add the
+    /// appointment anyway. Times that only touch count here, and so does every kind of row. Throws db::DatabaseError.
     [[nodiscard]] bool getconflict(QDate date) const;
 
     QButtonGroup* radRecurrence = nullptr;
@@ -74,15 +74,15 @@ class frmRecurAppt : public EditorDialog {
     ctNEdit* txtRecrYearlyDay = nullptr;
     QComboBox* cmbRecrYearlyScale = nullptr;
     QComboBox* cmbRecrYearlyWeekday = nullptr;
-    QLabel* lblsource = nullptr;             ///< What is repeated.
-    QLabel* lblsentence = nullptr;           ///< What the series will be.
+    QLabel* lblsource = nullptr;             ///< The appointment that is repeated.
+    QLabel* lblsentence = nullptr;           ///< The description of the series.
     SeriesDates* seriesdates = nullptr;      ///< The dates of the series.
     std::array<QPushButton*, 3> cmdRecur{};  ///< OK, Cancel, Sample Dates.
 
   private:
     struct Room {
         int id = 0;
-        QString text;  ///< Empty: the copies get no room.
+        QString text;  ///< The name of the room; empty when the copies get no room.
     };
     using Companions = SeriesWork::Company;
 
@@ -110,10 +110,11 @@ class frmRecurAppt : public EditorDialog {
     // frmrecurappt_ask.cpp
     [[nodiscard]] bool collides(QDate date) const;
     [[nodiscard]] bool isTakenElsewhere(QDate date, const Room& room) const;
-    /// Whether no copy is written on a date: it is the appointment's own, or the user does not want it.
+    /// Whether no copy is written on a date, because it is the appointment's own date or the user does not want it.
     [[nodiscard]] bool leavesOut(QDate date, const Room& room) const;
     [[nodiscard]] Room roomForCopies(int key) const;
-    /// Who goes along into the series, which the user is asked where there is anybody. Throws db::DatabaseError.
+    /// Returns who is taken over into the series. The user is asked when the appointment has attendees or members.
+    /// Throws db::DatabaseError.
     [[nodiscard]] Companions askForCompanions() const;
     void tellMade(int made) const;
 

@@ -9,21 +9,21 @@ class QProgressBar;
 class QPushButton;
 class ctList;
 
-/// The choice of a patient from the list of all, which fills while the form is used already. The caller shows it
-/// modally and takes the patient whose id ChosenId tells.
+/// Lets the user choose a patient from the list of all patients, which can be used while it is still being filled. The
+/// caller shows the form modally and takes the patient whose id ChosenId returns.
 class frmspatnt : public QDialog {
     Q_OBJECT
 
   public:
     explicit frmspatnt(QWidget* parent = nullptr);
 
-    /// The `patient_info.id` of the chosen patient; empty where the form was only closed.
+    /// Returns the `patient_info.id` of the chosen patient. It is empty when the form was closed without a choice.
     [[nodiscard]] const QString& ChosenId() const { return chosenId_; }
 
     ctList* ctList1 = nullptr;
     QLineEdit* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
-    QProgressBar* pnlprogress = nullptr;  ///< How much of the list is there, in percent; hidden once all is.
+    QProgressBar* pnlprogress = nullptr;  ///< How much of the list is loaded, in percent; hidden once all of it is.
     QLabel* pnlcount = nullptr;
     QPushButton* cmdselect = nullptr;
     QPushButton* cmdcancel = nullptr;

@@ -9,11 +9,12 @@
 #include "appointments/appointmentroom.h"
 #include "appointments/entrywrite.h"
 
-/// The patients that rows of `AppointmentsGroup` schedule, by id, and whether they attended.
+/// The patients of an appointment in `AppointmentsGroup`, by id, and whether each attended.
 using GroupAttendance = QMap<QString, bool>;
 
+/// The statement that AttendanceOf reads.
 [[nodiscard]] QString AttendanceStatement(int key);
-/// Throws db::DatabaseError.
+/// Reads the attendance of the appointment `key`. Throws db::DatabaseError.
 [[nodiscard]] GroupAttendance AttendanceOf(int key);
 
 /// The data of a group appointment, as its dialog stores it.

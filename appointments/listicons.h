@@ -2,8 +2,8 @@
 
 #include <QIcon>
 
-/// A patch of a colour (0xBBGGRR), as the lists of appointment types show it before the name.
+/// Returns a patch of a colour (0xBBGGRR), which the lists of appointment types show before the name.
 [[nodiscard]] QIcon ColourIcon(int colour);
-/// The colour of a status code (data/codes.h) with its glyph in it, so that nobody needs the colour; a patch alone for
-/// a code that has no glyph.
+/// Returns the colour of a status code (data/codes.h) with the code's glyph in it, so that nobody needs the colour to
+/// tell it. A code without a glyph gives a plain patch.
 [[nodiscard]] QIcon StatusIcon(int code);

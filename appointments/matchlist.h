@@ -8,28 +8,29 @@ class QLabel;
 class QLineEdit;
 class ctList;
 
-/// The patients who fit what is typed into a box, below it, with what tells namesakes apart. It comes only where more
-/// than one fits, and never takes the focus: the user goes on typing, and the keys for it come through the box.
+/// A list below a box that shows the patients who fit the typed text, with the data that tells namesakes apart. The
+/// list appears only where more than one patient fits. It never takes the focus: the user goes on typing in the box,
+/// and the box hands it the keys that are meant for it.
 ///
-/// It reads once the typing pauses, one statement of bounded length, so that no key waits for it. Where the patients
-/// cannot be read there is no list; the look-up of the box itself tells why.
+/// The list reads one statement of bounded length after a pause in the typing, so that no key waits for it. When the
+/// patients cannot be read, no list appears; the look-up of the box itself tells the reason.
 class MatchList : public QFrame {
     Q_OBJECT
 
   public:
-    /// `form` is what the list covers a part of.
+    /// `form` is the form of which the list covers a part.
     MatchList(QLineEdit& box, QWidget& form);
 
-    /// Looks for what was typed, at the next pause.
+    /// Looks for the typed text at the next pause in the typing.
     void LookFor(const QString& typed);
-    /// Nothing is to be chosen any more.
+    /// Hides the list and drops a look-up that is still due.
     void Forget();
-    /// Looks at once where that is still due. Whether the list is in sight, so that one of its patients has to be
-    /// taken.
+    /// Does a look-up that is still due at once. Returns whether the list is visible, so that one of its patients has
+    /// to be chosen.
     bool Ask();
-    /// Whether the user has had the list for what is typed now in sight.
+    /// Whether the list is visible and belongs to the text that is typed now.
     [[nodiscard]] bool IsShown() const { return isVisible() && !due_.isActive(); }
-    /// Up, Down and the page keys move the mark; false for any other key.
+    /// Moves the mark for Up, Down and the page keys. Returns false for any other key.
     bool MoveMark(const QKeyEvent& key);
     /// The `patient_info.id` of the marked patient.
     [[nodiscard]] QString MarkedId() const;
@@ -37,10 +38,10 @@ class MatchList : public QFrame {
     void PlaceBelowBox();
 
     ctList* lstmatches = nullptr;
-    QLabel* lblmore = nullptr;  ///< That there are more than the list holds.
+    QLabel* lblmore = nullptr;  ///< Tells that more patients fit than the list holds.
 
   Q_SIGNALS:
-    /// The user clicked the patient of that id.
+    /// The user clicked the patient with this id.
     void Clicked(const QString& id);
 
   private:

@@ -5,7 +5,8 @@ class QLabel;
 class QString;
 class QWidget;
 
-/// A label for the text of a notice: plain text over several lines, wide enough to read, and it can be copied.
+/// Returns a new label for the text of a notice, owned by `parent`. The text is plain, breaks into lines wide enough to
+/// read, and can be copied.
 [[nodiscard]] QLabel* NoticeLabel(const QString& name, const QString& text, QWidget* parent);
-/// The head of a dialog that tells something: the warning picture and, beside it, what stands in `text`.
+/// Returns the head of a dialog that tells something: the warning picture and, beside it, the layout `text`.
 [[nodiscard]] QLayout* NoticeLayout(QLayout* text, QWidget* parent);

@@ -4,27 +4,28 @@
 
 #include "platform/database/recordset.h"
 
-// How a patient is reached: the columns telephone_h, telephone_b, Other_Phone and EmailAddress of the record, and any
-// other column that is shown beside them.
+// The ways to reach a patient: the columns telephone_h, telephone_b, Other_Phone and EmailAddress of the record. The
+// routines also take any other column that is shown beside them.
 
-/// A value of the column as it is shown: a telephone in the form of the practice's telephone mask, that of the work
-/// with room for an extension, anything else in one line.
+/// Returns a value of the column as it is shown. A telephone number takes the form of the practice's telephone mask,
+/// the work telephone with room for an extension. Any other value stands in one line.
 [[nodiscard]] QString ContactText(const QString& field, const QString& value);
-/// The same for the column of the cursor's current row.
+/// Returns the same for a column of the cursor's current row.
 [[nodiscard]] QString ContactText(const db::Recordset& row, const char* column);
 
-/// The statement of the column as the editor reads it; of the other telephone only where its kind is known.
+/// The statement by which the editor reads the column. It finds the other telephone only when the kind of that
+/// telephone is known.
 [[nodiscard]] QString FieldStatement(const QString& patientId, const QString& field);
-/// The statement of the column and of the kind of the other telephone, as the panel beside the day reads them.
+/// The statement by which the panel beside the day reads the column and the kind of the other telephone.
 [[nodiscard]] QString DetailStatement(const QString& patientId, const QString& field);
 
-/// One column of a patient's record as FieldStatement reads and ContactText shows it; "" without a patient or a value,
-/// and where it cannot be read.
+/// Returns a column of a patient's record, read by FieldStatement, in the form of ContactText. The text is empty
+/// without a patient or a value, and when the record cannot be read.
 [[nodiscard]] QString PatientFieldText(const QString& patientId, const QString& field);
 
-/// What DetailStatement reads; empty without a patient, and where it cannot be read.
+/// The values that DetailStatement reads. Both are empty without a patient, and when the record cannot be read.
 struct ContactDetail {
-    QString text;            ///< See ContactText.
-    QString otherPhoneType;  ///< The kind of the patient's other telephone; empty where there is none.
+    QString text;            ///< The value of the column in the form of ContactText.
+    QString otherPhoneType;  ///< The kind of the patient's other telephone; empty when there is none.
 };
 [[nodiscard]] ContactDetail PatientDetail(const QString& patientId, const QString& field);

@@ -10,15 +10,16 @@
 
 class ctList;
 
-/// Gives a list the seven columns of PatientFacts::ListRow under these headings and, as the eighth, the birth date,
-/// which tells namesakes apart and therefore stands beside the name. What a name, its birth date, account and home
-/// telephone need is in sight at the width of the editor; the rest is reached by scrolling where there is no room.
+/// Gives a list the seven columns of PatientFacts::ListRow with these headings and, as the eighth, the birth date. The
+/// birth date stands beside the name, because it tells namesakes apart. At the width of the editor the name, birth
+/// date, account and home telephone are in sight; the user scrolls to the other columns where there is no room for
+/// them.
 void SetPatientColumns(ctList& list, const QStringList& headings);
 
 /// Fills a list with the patients (PatientListStatement), a piece at a time between the events of the form, so that a
-/// hundred thousand of them do not hold it up. Column data is PatientFacts::ListRow and the birth date, item data the
-/// id, item text the name as it is. On a failure the user is told "Error loading patient list. " with the reason.
-/// Without birth dates where only they cannot be read.
+/// hundred thousand patients do not hold the form up. The column data is PatientFacts::ListRow and the birth date, the
+/// item data is the patient's id, and the item text is the name. On a failure the user is told "Error loading patient
+/// list. " with the reason. When only the birth dates cannot be read, the list is filled without them.
 class PatientFiller : public QObject {
     Q_OBJECT
 
@@ -28,17 +29,18 @@ class PatientFiller : public QObject {
     /// Empties the list and begins anew.
     void loadpatients();
     [[nodiscard]] bool IsFilling() const { return timer_.isActive(); }
-    /// Selects the patient of that id and begins the list there, as soon as the patient is on it; without an id the
-    /// first whose name begins like `name`, or with as much of it as anybody's does. Nothing for neither. A row that is
-    /// selected in the meantime stays.
+    /// Selects a patient and begins the list there, as soon as the patient is on the list. With an id this is the
+    /// patient of that id. Without an id it is the first whose name begins with `name` or, where no name does, with the
+    /// longest beginning of `name` that fits anybody. Without an id and a name nothing is selected. A row that the user
+    /// selects in the meantime stays selected.
     void StartAt(const QString& id, const QString& name);
-    /// Adds all that is left at once, for who must look through the whole list now.
+    /// Adds all remaining patients at once, for a caller that must search the whole list now.
     void Finish();
     [[nodiscard]] int Loaded() const { return loaded_; }
     [[nodiscard]] int Total() const { return total_; }
 
   Q_SIGNALS:
-    /// So many of the patients are on the list now.
+    /// Tells how many of the patients are on the list now.
     void Progress(int loaded, int total);
 
   private:
@@ -53,6 +55,6 @@ class PatientFiller : public QObject {
     QTimer timer_;
     int loaded_ = 0;
     int total_ = 0;
-    QString startId_;  ///< Where the list is to begin; both empty once it does.
+    QString startId_;  ///< Where the list is to begin; both are empty once it does.
     QString startName_;
 };

@@ -6,9 +6,10 @@ class QLineEdit;
 class QPushButton;
 class ctList;
 
-/// Selects the first row of a patient list whose name contains the text, in any case, shows it and gives it the focus.
-/// Without one, or without a text, the user is told "Name not found.".
+/// Selects and shows the first row of a patient list whose name contains the text, in any letter case, and gives the
+/// focus to the list. When no name does, or the text is empty, the user is told "Name not found.".
 void FindInPatientList(ctList& list, const QString& text);
 
-/// Enter in the field presses the button, or nothing while the button is off: never the default button of the form.
+/// Makes Enter in the field press the button. While the button is disabled, Enter does nothing; it never presses the
+/// default button of the form.
 void PressOnEnter(QLineEdit& field, QPushButton& button);

@@ -5,6 +5,7 @@
 
 #include "data/recurrence.h"
 
-/// What a series will be, in one plain sentence: "Every 2 weeks on Tuesday and Thursday, 12 times, until 4 March 2027:
-/// 11 new appointments". `dates` are those of the pattern, `own` that of the appointment that is there already.
+/// Returns a sentence that describes a series: "Every 2 weeks on Tuesday and Thursday, 12 times, until 4 March 2027: 11
+/// new appointments". `dates` are the dates of the pattern, and `own` is the date of the appointment that exists
+/// already.
 [[nodiscard]] QString DescribeSeries(const RecurrencePattern& pattern, const std::vector<QDate>& dates, QDate own);

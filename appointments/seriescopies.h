@@ -11,7 +11,7 @@ struct SeriesCopy {
     QString note;  ///< Service and note, joined by "|".
     QString patientId;
     QString account;
-    int color = 0;  ///< The source's own code, of which the copy's status is made.
+    int color = 0;  ///< The `ncolor` of the source, from which the status of the copy is made.
     db::Value appttype;
     db::Value category;
 };

@@ -6,17 +6,17 @@
 #include <QStringList>
 #include <vector>
 
-/// What stands in the way of an appointment on one date of its series.
+/// The bookings and the holiday that stand in the way of an appointment on one date of its series.
 struct Obstacles {
-    QStringList booked;     ///< In the provider's own schedule: "Smith, Zed 9:00 AM - 10:00 AM".
-    QStringList elsewhere;  ///< A shared activity of the provider, or the patient with somebody else.
-    QStringList room;       ///< Who has the room: "Blue Room: Reed 9:00 AM - 10:00 AM".
-    QString holiday;        ///< Its name.
+    QStringList booked;     ///< Bookings in the provider's own schedule: "Smith, Zed 9:00 AM - 10:00 AM".
+    QStringList elsewhere;  ///< Shared activities of the provider, and the patient's appointments with others.
+    QStringList room;       ///< Bookings of the room: "Blue Room: Reed 9:00 AM - 10:00 AM".
+    QString holiday;        ///< The name of the holiday; empty without one.
 
-    /// Whether somebody or something is booked; a holiday books nobody.
+    /// Whether there is a booking. A holiday is none.
     [[nodiscard]] bool Taken() const { return !booked.isEmpty() || !elsewhere.isEmpty() || !room.isEmpty(); }
     [[nodiscard]] bool Any() const { return Taken() || !holiday.isEmpty(); }
-    /// All of it, for one line.
+    /// Returns all obstacles in one line.
     [[nodiscard]] QString Text() const;
 };
 
@@ -25,32 +25,32 @@ struct SeriesSource {
     int key = 0;
     int start = 0;  ///< Minutes since midnight.
     int end = 0;
-    QString provider;   ///< In whose schedule the copies are booked.
-    QString patientId;  ///< Empty: nobody's.
+    QString provider;   ///< The provider in whose schedule the copies are booked.
+    QString patientId;  ///< Empty for an appointment without a patient.
 };
 
-/// What is booked at the hour of a series on its dates, read for all of them at once: one statement for the schedules,
-/// one for the room, one for the holidays, however many dates there are.
+/// Reads what is booked at the time of a series, for all of its dates at once. However many dates there are, one
+/// statement reads the schedules, one the bookings of the room and one the holidays. The room itself is looked up once.
 ///
-/// In the provider's own schedule every row counts, and times that only touch do, as in the question that is asked when
-/// a series is written. A shared activity that the provider attends counts too, what the patient has with others, and
-/// what the room is booked for; there times that only touch do not. While patients' names are hidden, theirs are not
-/// told, also of what was read before.
+/// In the provider's own schedule every kind of row counts, and so do times that only touch, as in the question that is
+/// asked when a series is written. A shared activity that the provider attends counts too, and so do the patient's
+/// appointments with others and the bookings of the room; for these, times that only touch do not count. While
+/// patients' names are hidden, On leaves them out, also from rows that were read before the names were hidden.
 class SeriesObstacles {
   public:
     explicit SeriesObstacles(SeriesSource source) : source_(std::move(source)) {}
 
-    /// The room that goes along into the series: that of the appointment, or of the first one of its series.
+    /// The room that the copies may get: the room of the appointment or, in a series, that of its first appointment.
     struct Room {
         int id = 0;  ///< 0: none.
         QString name;
     };
 
-    /// Reads from a date to another, both included. On a failure it knows of no date any more. Throws
+    /// Reads the obstacles between two dates, both included. After a failure Knows is false for every date. Throws
     /// db::DatabaseError.
     void Read(QDate from, QDate to);
     [[nodiscard]] bool Knows(QDate from, QDate to) const { return from_.isValid() && from >= from_ && to <= to_; }
-    /// What stands in the way on a date that is known.
+    /// Returns the obstacles on a date that was read.
     [[nodiscard]] Obstacles On(QDate date) const;
 
   private:
