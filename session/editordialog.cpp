@@ -22,9 +22,12 @@ void EditorDialog::showEvent(QShowEvent* event) {
         firstState_ = FormState(*this);
 }
 
+QString EditorDialog::giveUpQuestion() const {
+    return tr("Close without saving what you have changed?");
+}
+
 bool EditorDialog::mayGiveUp() const {
-    return !IsChanged() ||
-           MsgBox(tr("Close without saving what you have changed?"), YesNoWarningBox, windowTitle()) == Answer::Yes;
+    return !IsChanged() || MsgBox(giveUpQuestion(), YesNoWarningBox, windowTitle()) == Answer::Yes;
 }
 
 void EditorDialog::keyPressEvent(QKeyEvent* event) {

@@ -24,6 +24,8 @@ class EditorDialog : public QDialog {
     [[nodiscard]] virtual QString Subject() const { return windowTitle(); }
 
   protected:
+    /// Returns the question that the user is asked before what was typed is lost.
+    [[nodiscard]] virtual QString giveUpQuestion() const;
     /// Whether the form may be closed: nothing would be lost, or the user agrees.
     [[nodiscard]] bool mayGiveUp() const;
     /// Closes the form after a failed save, of which the user has been told.
