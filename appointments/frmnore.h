@@ -65,7 +65,8 @@ class frmnore : public EditorDialog {
     /// A row that another desk has changed since this dialog read it is not overwritten. The user is then told the
     /// cursor service's own error.
     bool saveappt(int key, const QString& providerId);
-    /// Asks whether to write to the patient, and hands a message about the appointment to the desktop's mail program.
+    /// Asks whether to write to the patient. A practice with a mail server of its own gets the form for a new message;
+    /// otherwise the message about the appointment is handed to the desktop's mail program.
     void SendEmail(const QString& address, const QString& patientName, const QString& providerName,
                    const QString& apptDate, const QString& apptTime);
 

@@ -1,14 +1,21 @@
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QLineEdit>
 
 #include "appointments/frmnore.h"
+#include "output/frmemail.h"
+#include "output/smtpsettings.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 namespace {
+
+const QString Question = QStringLiteral("Send e-mail?");
+const QString Subject = QStringLiteral("Appointment Confirmation");
 
 QString providerName(const BookedProvider& booked) {
     QString name;
@@ -33,6 +40,30 @@ QString messageBody(const QString& providerName, const QString& apptDate, const 
         .replace(QStringLiteral("[THERAPIST]"), providerName);
 }
 
+/// Whether the practice has a mail server. Where that cannot be read, the desktop's mail program is left.
+bool sendsDirectly() {
+    bool direct = false;
+    TryAndTell(QStringLiteral("Error reading SMTP Settings. "),
+               [&] { direct = !GetSMTPSettings().SMTPServer.isEmpty(); });
+    return direct;
+}
+
+void sendDirectly(const QString& address, const QString& body, QWidget* parent) {
+    if (MsgBox(QStringLiteral("Send Appointment Reminder EMail to: ") + address, YesNoBox, Question) != Answer::Yes)
+        return;
+    frmEmail form({address, Subject, body}, parent);
+    ShowModal(form);
+}
+
+void handToMailProgram(const QString& address, const QString& body) {
+    if (MsgBox(QStringLiteral("To: %1\n%2").arg(address, body), YesNoBox, Question) != Answer::Yes)
+        return;
+    if (!OpenWithShell(QStringLiteral("mailto:%1?subject=%2&body=%3").arg(address, Subject, body)))
+        MsgBox(QStringLiteral("Error Occurred in sending email. ") +
+                   QCoreApplication::translate("frmnore", "No mail program could be opened."),
+               ErrorBox, QStringLiteral("Error"));
+}
+
 }  // namespace
 
 void frmnore::sendConfirmation() {
@@ -43,11 +74,8 @@ void frmnore::sendConfirmation() {
 void frmnore::SendEmail(const QString& address, const QString& /*patientName*/, const QString& providerName,
                         const QString& apptDate, const QString& apptTime) {
     const QString body = messageBody(providerName, apptDate, apptTime);
-    const Answer answer =
-        MsgBox(QStringLiteral("To: %1\n%2").arg(address, body), YesNoBox, QStringLiteral("Send e-mail?"));
-    if (answer != Answer::Yes)
-        return;
-    if (!OpenWithShell(QStringLiteral("mailto:%1?subject=Appointment Confirmation&body=%2").arg(address, body)))
-        MsgBox(QStringLiteral("Error Occurred in sending email. ") + tr("No mail program could be opened."), ErrorBox,
-               QStringLiteral("Error"));
+    if (sendsDirectly())
+        sendDirectly(address, body, this);
+    else
+        handToMailProgram(address, body);
 }
