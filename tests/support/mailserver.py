@@ -27,6 +27,7 @@ options.add_argument("--starttls", action="store_true")
 options.add_argument("--account", help="USER:PASSWORD that every client must give")
 options.add_argument("--refuse", action="append", default=[], help="a recipient, a sender, or 'message'")
 options.add_argument("--ascii", action="store_true", help="no addresses beyond ASCII")
+options.add_argument("--unsaid", action="store_true", help="does not say that it takes addresses beyond ASCII")
 options.add_argument("--hang", choices=["greeting", "data", "end", "quit"])
 options.add_argument("--close", choices=["greeting", "data", "end"])
 options.add_argument("--stall", action="store_true", help="read no further than the beginning of a message")
@@ -45,6 +46,10 @@ all_over = asyncio.Event()
 
 
 class Handler:
+    async def handle_EHLO(self, server, session, envelope, hostname, responses):
+        session.host_name = hostname
+        return [line for line in responses if not (options.unsaid and line.endswith("SMTPUTF8"))]
+
     async def handle_MAIL(self, server, session, envelope, address, mail_options):
         if address in options.refuse:
             return "553 5.7.1 This sender is refused"

@@ -26,6 +26,9 @@ namespace {
 
 constexpr int Patience = 60'000;  ///< A busy machine may take its time.
 
+const QString MaybeSent =
+    QStringLiteral(" The server had the whole message, but did not confirm it: it may have been sent all the same.");
+
 QStringList words(const char* text) {
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
@@ -239,12 +242,24 @@ TEST_F(MailSending, AnInternationalAddressGoesToAServerThatTakesIt) {
     EXPECT_EQ(messages[0].read["To"], QStringLiteral("Änne <änne@example.org>"));
 }
 
-TEST_F(MailSending, AnInternationalAddressIsNotForcedOnAServer) {
-    MailServer server({"--ascii"});
+TEST_F(MailSending, AnInternationalAddressIsNotForcedOnAServerThatDoesNotOfferIt) {
+    MailServer server({"--unsaid"});
     giveRecipients("änne@example.org");
     const Outcome outcome = send(at(server));
     EXPECT_FALSE(outcome.isSent());
     EXPECT_FALSE(outcome.cancelled);
+    EXPECT_EQ(
+        outcome.description,
+        QStringLiteral(
+            "The mail server cannot deliver to an address with such letters: änne@example.org. Nothing was sent."));
+    EXPECT_EQ(server.messages().size(), 0U);
+}
+
+TEST_F(MailSending, AServerThatRefusesAnInternationalAddressIsTold) {
+    MailServer server({"--ascii"});
+    giveRecipients("änne@example.org");
+    const Outcome outcome = send(at(server));
+    EXPECT_EQ(outcome.number, 500);
     EXPECT_EQ(server.messages().size(), 0U);
 }
 
@@ -270,16 +285,19 @@ TEST_F(MailSending, AServerThatIsSilentIsGivenUp) {
 }
 
 TEST_F(MailSending, AMessageThatWasNotConfirmedMayHaveBeenSent) {
-    for (const char* how : {"--hang", "--close"}) {
-        MailServer server({how, "end"});
-        mail::Server impatient = at(server);
-        impatient.patience = std::chrono::milliseconds(200);
-        const Outcome outcome = send(impatient);
-        EXPECT_FALSE(outcome.isSent());
-        EXPECT_TRUE(outcome.description.endsWith(
-            "The server had the whole message, but did not confirm it: it may have been sent all the same."))
-            << outcome.description.toStdString();
-    }
+    MailServer silent({"--hang", "end"});
+    mail::Sending sending(at(silent), message);
+    silent.awaitPlace();
+    sending.Cancel();
+    const Outcome cancelled = endOf(sending);
+    EXPECT_TRUE(cancelled.cancelled);
+    EXPECT_EQ(cancelled.description, QStringLiteral("The sending was cancelled.") + MaybeSent);
+
+    MailServer gone({"--close", "end"});
+    const Outcome broken = send(at(gone));
+    EXPECT_FALSE(broken.isSent());
+    EXPECT_TRUE(broken.description.startsWith("The mail server broke off the conversation: "));
+    EXPECT_TRUE(broken.description.endsWith(MaybeSent)) << broken.description.toStdString();
 }
 
 TEST_F(MailSending, AServerThatBreaksOffInMidMailIsTold) {
@@ -341,10 +359,10 @@ TEST_F(MailSending, TheUserSeesHowFarItIs) {
 
 TEST_F(MailSending, TheUserSeesThatAServerConsidersTheMessage) {
     MailServer server({"--hang", "end"});
-    mail::Server impatient = at(server);
-    impatient.patience = std::chrono::milliseconds(200);
-    send(impatient);
-    EXPECT_EQ(steps.back(), Step::Confirming);
+    mail::Sending sending(at(server), message);
+    Step step = Step::Connecting;
+    QObject::connect(&sending, &mail::Sending::Progressed, &sending, [&](Step reached) { step = reached; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return step == Step::Confirming; }, Patience));
 }
 
 TEST_F(MailSending, CancelEndsItWhereverTheServerHangs) {
