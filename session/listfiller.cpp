@@ -23,6 +23,7 @@ void ListFiller::Clear() {
     list_.Clear();
     loaded_ = 0;
     total_ = 0;
+    Q_EMIT Progress(0, 0);
 }
 
 void ListFiller::Fill(db::Recordset rows, AddRow addRow) {
