@@ -18,7 +18,7 @@
 #include "session/session.h"
 
 QSize frmabook::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 32};
+    return {fontMetrics().averageCharWidth() * 204, fontMetrics().height() * 36};
 }
 
 void frmabook::buildForm() {

@@ -36,9 +36,9 @@ QString patientsStatement() {
 /// The initial widths of the columns in characters. The other columns hold telephone numbers.
 int widthOf(const QString& heading) {
     static constexpr std::pair<const char*, int> widths[]{
-        {"Name", 30}, {"Company", 28}, {"Contact", 26}, {"Address", 36}, {"City", 18},
-        {"State", 8}, {"Zip", 12},     {"E-Mail", 34},  {"Phone", 26},   {"Work Phone", 26}};
-    constexpr int phone = 20;
+        {"Name", 28}, {"Company", 26}, {"Contact", 26}, {"Address", 32},    {"City", 18},
+        {"State", 7}, {"Zip", 10},     {"Phone", 23},   {"Work Phone", 23}, {"E-Mail", 30}};
+    constexpr int phone = 17;
     for (const auto& [name, width] : widths)
         if (heading == QLatin1String(name))
             return width;
