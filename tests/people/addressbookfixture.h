@@ -33,13 +33,13 @@ class AddressBookFixture : public ListFixture {
     }
     /// Adds patients "Adams, 000000", "Adams, 000001" and so on.
     void patients(int count) {
-        db::Connection& connection = database.connection();
-        connection.BeginTrans();
+        std::vector<std::vector<db::Value>> rows;
         for (int i = 0; i < count; ++i)
-            connection.Execute(
-                db::Sql("Insert Into patient_info (id, last_name, first_name) Values ('P{}', 'Adams', '{}')", i,
-                        QStringLiteral("%1").arg(i, 6, 10, QLatin1Char('0'))));
-        connection.CommitTrans();
+            rows.push_back({QStringLiteral("P%1").arg(i), QStringLiteral("Adams"),
+                            QStringLiteral("%1").arg(i, 6, 10, QLatin1Char('0'))});
+        database.connection().InsertRows(
+            QStringLiteral("patient_info"),
+            {QStringLiteral("id"), QStringLiteral("last_name"), QStringLiteral("first_name")}, rows);
     }
     qint64 count(const char* table) {
         return database.number(QStringLiteral("Select Count(*) from ") + QLatin1String(table));

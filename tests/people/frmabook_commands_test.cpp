@@ -320,3 +320,30 @@ TEST_F(AddressBookCommands, ADesktopWithoutAMailProgramIsTold) {
     desk.expectBox(QStringLiteral("No mail program could be opened."), QStringLiteral("Error"));
     book.mnuFemail->trigger();
 }
+
+TEST_F(AddressBookCommands, WithoutADatabaseEachCommandTellsSoAndTheFormStaysAlive) {
+    contact(QStringLiteral("Adams"), {}, QStringLiteral("al@example.org"));
+    frmabook book;
+    Session().Connection.Close();
+    const QString why = FailureOf(Session().Connection, QStringLiteral("Select * from ContactList"));
+    const auto expectError = [&](const char* text) {
+        desk.expectBox(QLatin1String(text) + why, QStringLiteral("Error"));
+    };
+    expectDelete();
+    expectError("Error deleting contact. ");
+    book.mnuFDelete->trigger();
+    EXPECT_EQ(namesOf(book), QStringList{QStringLiteral("Adams")});
+    book.mnuFemail->trigger();
+    EXPECT_EQ(desk.opened.size(), 1);
+    expectError("Error loading contact. ");
+    expectError("Error loading contact list. ");
+    book.mnuFEdit->trigger();
+    EXPECT_EQ(book.ctList1->RowCount(), 0);
+    expectError("Error loading patient list. ");
+    choose(book, AddressList::Patients);
+    EXPECT_EQ(commandsOf(book), QString());
+
+    Session().Connection.Open(database.connectionText());
+    choose(book, AddressList::Personal);
+    EXPECT_EQ(namesOf(book), QStringList{QStringLiteral("Adams")});
+}

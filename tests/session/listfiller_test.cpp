@@ -22,11 +22,11 @@ class LongList : public testing::Test {
     }
     void fill(int rows = Rows) {
         db::Connection& connection = database.connection();
-        connection.BeginTrans();
         connection.Execute("Delete from Rooms");
+        std::vector<std::vector<db::Value>> numbers;
         for (int i = 0; i < rows; ++i)
-            connection.Execute("Insert Into Rooms (Room) Values (?)", {QString::number(i)});
-        connection.CommitTrans();
+            numbers.push_back({QString::number(i)});
+        connection.InsertRows(QStringLiteral("Rooms"), {QStringLiteral("Room")}, numbers);
         filler.Fill(db::Recordset("Select Room from Rooms Order by RoomID", connection),
                     [this](const db::Recordset& row) { list.AddRow({row[0].text()}); });
     }
