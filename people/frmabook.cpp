@@ -193,17 +193,19 @@ void frmabook::mnuFEdit_Click() {
         openContact(selectedContact());
 }
 
+// The list may go on being filled behind the question, so the row is found again by its key.
 void frmabook::mnuFDelete_Click() {
-    const int row = ctList1->SelectedRow();
-    if (row < 0 || MsgBox(QStringLiteral("Are you sure you want to delete this contact."), YesNoBox,
-                          QStringLiteral("Delete Contact")) != Answer::Yes)
+    const QVariant key = ctList1->ItemData(ctList1->SelectedRow());
+    if (!key.isValid() || MsgBox(QStringLiteral("Are you sure you want to delete this contact."), YesNoBox,
+                                 QStringLiteral("Delete Contact")) != Answer::Yes)
         return;
     try {
-        deleteContact(selectedContact());
+        deleteContact(key.toInt());
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error deleting contact. "), error);
         return;
     }
+    const int row = ctList1->FindItemData(key);
     ctList1->RemoveRow(row);
     setcommands();
     ctList1->SelectRow(std::min(row, ctList1->RowCount() - 1));

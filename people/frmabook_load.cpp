@@ -74,22 +74,29 @@ void frmabook::setHeadings(const QStringList& headings) {
 }
 
 void frmabook::load(const Source& source) {
-    const BusyPointer busy;
-    filler_->Clear();
     setHeadings(source.headings);
     phoneFormat_ = MaskToFormat(Session().PhoneMask);
     const bool patients = ShownList() == AddressList::Patients;
+    const auto read = [statement = source.statement](int most) {
+        const BusyPointer busy;
+        Recordset rows;
+        rows.Open(statement, Session().Connection, db::Lock::ReadOnly, most);
+        return rows;
+    };
+    const auto add = [this, patients, key = source.key, cells = source.cells](const Recordset& row) {
+        const int added = ctList1->AddRow(cells(row), row[key].text());
+        // All of it tells who the patient is, or where to be found.
+        for (int column = 1; patients && column <= ctList1->ColumnCount(); ++column)
+            ctList1->NameCell(added, column);
+    };
+    const auto tell = [failure = source.failure](const db::DatabaseError& error) {
+        TellError(QLatin1String(failure), error);
+    };
     try {
-        filler_->Fill(Recordset(source.statement, Session().Connection),
-                      [this, patients, key = source.key, cells = source.cells](const Recordset& row) {
-                          const int added = ctList1->AddRow(cells(row), row[key].text());
-                          // All of it tells who the patient is, or where to be found.
-                          for (int column = 1; patients && column <= ctList1->ColumnCount(); ++column)
-                              ctList1->NameCell(added, column);
-                      });
+        filler_->Fill(read, add, tell);
     } catch (const db::DatabaseError& error) {
         filler_->Clear();
-        TellError(QLatin1String(source.failure), error);
+        tell(error);
     }
 }
 

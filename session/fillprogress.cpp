@@ -20,6 +20,9 @@ FillProgress::FillProgress(const ListFiller& filler, QWidget* parent) : QProgres
 }
 
 void FillProgress::follow(int loaded, int total) {
-    setValue(total == 0 ? Percent : static_cast<int>(qint64{loaded} * Percent / total));
-    setVisible(loaded < total);
+    if (total < 0)
+        setValue(0);
+    else
+        setValue(total == 0 ? Percent : static_cast<int>(qint64{loaded} * Percent / total));
+    setVisible(loaded < total || total < 0);
 }

@@ -27,10 +27,9 @@ class AddressBookFilling : public AddressBookFixture {
 }  // namespace
 
 TEST_F(AddressBookFilling, TheFirstRowsAndTheProgressAreThereAtOnce) {
-    EXPECT_GT(book->ctList1->RowCount(), 200);
+    EXPECT_GE(book->ctList1->RowCount(), 200);
     EXPECT_LT(book->ctList1->RowCount(), All);
     EXPECT_TRUE(book->pnlprogress->isVisible());
-    EXPECT_GT(book->pnlprogress->value(), 0);
     EXPECT_EQ(selectedName(*book), QStringLiteral("Adams, 000000"));
     fill();
     EXPECT_EQ(book->ctList1->RowCount(), All);
@@ -104,4 +103,20 @@ TEST_F(AddressBookFilling, AListThatCannotBeReadEndsTheFillingOfTheOneBefore) {
         QApplication::processEvents();
     EXPECT_EQ(book->ctList1->RowCount(), 0);
     EXPECT_FALSE(book->pnlprogress->isVisible());
+}
+
+TEST_F(AddressBookFilling, ARestThatCannotBeReadIsToldOnceAndTheFirstPatientsStay) {
+    QStringList boxes;
+    Desktop().msgBox = [&boxes](const QString& text, BoxStyle, const QString&) {
+        boxes << text;
+        return Answer::Ok;
+    };
+    run(QStringLiteral("Drop Table patient_info"));
+    fill();
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes[0].startsWith(QStringLiteral("Error loading patient list. "))) << boxes[0].toStdString();
+    EXPECT_GT(boxes[0].size(), 30);
+    EXPECT_EQ(book->ctList1->RowCount(), 200);
+    EXPECT_EQ(commandsOf(*book), QStringLiteral("print"));
+    EXPECT_EQ(book->pnlcount->text(), QStringLiteral("200"));
 }

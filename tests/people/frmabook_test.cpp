@@ -5,6 +5,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "session/fillprogress.h"
 #include "session/hiddennames.h"
 #include "tests/people/addressbookfixture.h"
 
@@ -207,6 +208,8 @@ TEST_F(AddressBook, TheFoundRowIsBroughtIntoSight) {
     frmabook book;
     book.show();
     QTest::keyClicks(book.Text1, QStringLiteral("n250"));
+    while (book.pnlprogress->isVisible())
+        QApplication::processEvents();
     const QRect place = book.ctList1->visualRect(book.ctList1->currentIndex());
     EXPECT_TRUE(book.ctList1->viewport()->rect().intersects(place));
     EXPECT_EQ(selectedName(book), QStringLiteral("N250"));

@@ -20,15 +20,37 @@ class LongList : public testing::Test {
         QObject::connect(&filler, &ListFiller::Progress, &filler,
                          [this](int loaded, int total) { progress << QStringLiteral("%1/%2").arg(loaded).arg(total); });
     }
-    void fill(int rows = Rows) {
+    void makeRooms(int rows) {
         db::Connection& connection = database.connection();
         connection.Execute("Delete from Rooms");
         std::vector<std::vector<db::Value>> numbers;
         for (int i = 0; i < rows; ++i)
             numbers.push_back({QString::number(i)});
         connection.InsertRows(QStringLiteral("Rooms"), {QStringLiteral("Room")}, numbers);
-        filler.Fill(db::Recordset("Select Room from Rooms Order by RoomID", connection),
-                    [this](const db::Recordset& row) { list.AddRow({row[0].text()}); });
+    }
+    db::Recordset read(int most) {
+        reads << most;
+        db::Recordset rows;
+        rows.Open(QStringLiteral("Select Room from Rooms Order by RoomID"), database.connection(), db::Lock::ReadOnly,
+                  most);
+        return rows;
+    }
+    void fill(int rows = Rows) {
+        makeRooms(rows);
+        filler.Fill(read(0), [this](const db::Recordset& row) { list.AddRow({row[0].text()}, row[0].text()); });
+    }
+    /// The same, with the first rows read before all.
+    void fillInTwoReads(int rows = Rows) {
+        makeRooms(rows);
+        filler.Fill([this](int most) { return read(most); },
+                    [this](const db::Recordset& row) { list.AddRow({row[0].text()}, row[0].text()); },
+                    [this](const db::DatabaseError& error) { failures << error.description; });
+    }
+    [[nodiscard]] QStringList cells() const {
+        QStringList cells;
+        for (int row = 0; row < list.RowCount(); ++row)
+            cells << list.Cell(row, 1);
+        return cells;
     }
     void finishFilling() const {
         while (filler.IsFilling())
@@ -46,6 +68,8 @@ class LongList : public testing::Test {
     FillProgress bar{filler};
     QStringList progress;
     QList<int> found;
+    QList<int> reads;      ///< How many rows were to be read at most, read for read.
+    QStringList failures;  ///< Of the second reading.
 };
 
 }  // namespace
@@ -138,4 +162,94 @@ TEST_F(LongList, AnotherListReplacesTheOneThatIsBeingFilled) {
     QApplication::processEvents();
     EXPECT_EQ(list.RowCount(), 7);
     EXPECT_TRUE(found.isEmpty());
+}
+
+TEST_F(LongList, ItsFirstRowsAreThereBeforeAllAreRead) {
+    fillInTwoReads();
+    EXPECT_EQ(reads, QList<int>{ListFiller::FirstRows});
+    EXPECT_EQ(list.RowCount(), ListFiller::FirstRows);
+    EXPECT_TRUE(filler.IsFilling());
+    EXPECT_FALSE(bar.isHidden());
+    EXPECT_EQ(bar.value(), 0);
+    finishFilling();
+    EXPECT_EQ(reads, (QList<int>{ListFiller::FirstRows, 0}));
+    ASSERT_EQ(list.RowCount(), Rows);
+    EXPECT_EQ(cells().at(ListFiller::FirstRows), QString::number(ListFiller::FirstRows));
+    EXPECT_EQ(cells().removeDuplicates(), 0);
+    EXPECT_TRUE(bar.isHidden());
+}
+
+TEST_F(LongList, AShortOneIsReadOnce) {
+    fillInTwoReads(ListFiller::FirstRows - 1);
+    EXPECT_FALSE(filler.IsFilling());
+    EXPECT_EQ(list.RowCount(), ListFiller::FirstRows - 1);
+    EXPECT_EQ(reads.size(), 1);
+}
+
+TEST_F(LongList, OneWithExactlyTheFirstRowsIsWhole) {
+    fillInTwoReads(ListFiller::FirstRows);
+    finishFilling();
+    EXPECT_EQ(list.RowCount(), ListFiller::FirstRows);
+    EXPECT_TRUE(bar.isHidden());
+}
+
+TEST_F(LongList, ASelectedRowStaysSelectedWhenTheRestIsRead) {
+    fillInTwoReads();
+    list.SelectRow(5);
+    finishFilling();
+    EXPECT_EQ(list.SelectedRow(), 5);
+}
+
+TEST_F(LongList, WhatAnotherDeskChangedBetweenTheReadsIsShownAsItIs) {
+    fillInTwoReads();
+    list.SelectRow(20);
+    database.connection().Execute("Update Rooms Set Room = 'changed' Where Room = '7'");
+    database.connection().Execute("Delete from Rooms Where Room = '9'");
+    finishFilling();
+    ASSERT_EQ(list.RowCount(), Rows - 1);
+    EXPECT_EQ(list.Cell(7, 1), QStringLiteral("changed"));
+    EXPECT_EQ(list.Cell(9, 1), QStringLiteral("10"));
+    EXPECT_EQ(list.Cell(list.SelectedRow(), 1), QStringLiteral("20"));
+}
+
+TEST_F(LongList, OneThatBecameShorterThanItsFirstRowsIsShownSo) {
+    fillInTwoReads();
+    database.connection().Execute("Delete from Rooms Where Room <> '0'");
+    finishFilling();
+    EXPECT_EQ(cells(), QStringList{QStringLiteral("0")});
+}
+
+TEST_F(LongList, WhenTheRestCannotBeReadTheFirstRowsStayAndTheFailureIsTold) {
+    fillInTwoReads();
+    seek(3000);
+    const QString why = DropTable(database.connection(), QStringLiteral("Rooms"));
+    finishFilling();
+    EXPECT_EQ(failures, QStringList{why});
+    EXPECT_EQ(list.RowCount(), ListFiller::FirstRows);
+    EXPECT_EQ(found, QList<int>{-1});
+    EXPECT_TRUE(bar.isHidden());
+}
+
+TEST_F(LongList, FinishReadsTheRestToo) {
+    fillInTwoReads();
+    filler.Finish();
+    EXPECT_EQ(list.RowCount(), Rows);
+    EXPECT_FALSE(filler.IsFilling());
+}
+
+TEST_F(LongList, ARowAmongTheRestIsFoundWhenItIsThere) {
+    fillInTwoReads();
+    seek(3000);
+    EXPECT_TRUE(found.isEmpty());
+    finishFilling();
+    EXPECT_EQ(found, QList<int>{3000});
+}
+
+TEST_F(LongList, AnotherListReplacesOneWhoseRestIsNotReadYet) {
+    fillInTwoReads();
+    fill(7);
+    finishFilling();
+    QApplication::processEvents();
+    EXPECT_EQ(list.RowCount(), 7);
+    EXPECT_TRUE(failures.isEmpty());
 }
