@@ -12,6 +12,7 @@
 
 #include "people/frmcontact.h"
 #include "people/mailtarget.h"
+#include "people/owncontact.h"
 #include "platform/controls/ctlist.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
@@ -43,12 +44,12 @@ QString tipOf(const QAction& command, const QString& instead = {}) {
     return QStringLiteral("%1 (%2)").arg(command.iconText(), command.shortcut().toString(QKeySequence::NativeText));
 }
 
-/// Deletes a contact of the logged-on user. The key of one that is gone may be another user's contact by now.
+/// Deletes a contact of the logged-on user. One that is gone or another user's is left alone.
 void deleteContact(int cid) {
     db::Connection& connection = Session().Connection;
     db::InTransaction(connection, [&] {
         const Recordset contact(Sql("Select uid from ContactList Where cid = {}", cid), connection);
-        if (!contact.Eof() && contact["uid"].text().compare(Session().UID, Qt::CaseInsensitive) == 0)
+        if (IsOwnContact(contact))
             connection.Execute(Sql("Delete from ContactList Where cid = {}", cid));
     });
 }
@@ -60,6 +61,8 @@ frmabook::frmabook(QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Address Book"));
     buildForm();
     connectControls();
+    mnuFPrint->setToolTip(tipOf(*mnuFPrint));
+    mnuFExit->setToolTip(tr("Exit (Esc)"));
     cbogroups_Click();
 }
 

@@ -83,7 +83,6 @@ void frmabook::buildToolBar() {
         button->setObjectName(QStringLiteral("btn") + text);
         button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(text);
-        action->setToolTip(text);
     }
 }
 

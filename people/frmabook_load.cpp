@@ -95,7 +95,6 @@ void frmabook::load(const Source& source) {
     try {
         filler_->Fill(read, add, tell);
     } catch (const db::DatabaseError& error) {
-        filler_->Clear();
         tell(error);
     }
 }

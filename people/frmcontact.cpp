@@ -5,6 +5,7 @@
 #include <QStackedWidget>
 
 #include "people/addressedit.h"
+#include "people/owncontact.h"
 #include "platform/controls/ctmedit.h"
 #include "platform/controls/notefield.h"
 #include "platform/database/recordset.h"
@@ -22,11 +23,6 @@ namespace {
 
 Recordset contactOf(int cid, Lock lock) {
     return {Sql("Select * from ContactList Where cid = {}", cid), Session().Connection, lock};
-}
-
-// The key of a contact that was deleted may be given to another user's contact.
-bool isOwn(const Recordset& contact) {
-    return !contact.Eof() && contact["uid"].text().trimmed().compare(Session().UID.trimmed(), Qt::CaseInsensitive) == 0;
 }
 
 void tellGone() {
@@ -74,7 +70,7 @@ void frmcontact::loadcontact(int cid) {
     loaded_ = false;
     try {
         const Recordset contact = contactOf(cid, Lock::ReadOnly);
-        if (!isOwn(contact))
+        if (!IsOwnContact(contact))
             return tellGone();
         const std::pair<TextField*, const char*> fields[]{
             {txtco, "company"},         {txtfname, "fname"},  {txtlname, "lname"}, {txtmi, "mi"},
@@ -126,7 +122,7 @@ bool frmcontact::savecontacts() {
 
 bool frmcontact::updatecontact(int cid) {
     Recordset contact = contactOf(cid, Lock::Optimistic);
-    if (!isOwn(contact)) {
+    if (!IsOwnContact(contact)) {
         tellGone();
         contactId_ = NewContact;
         return false;

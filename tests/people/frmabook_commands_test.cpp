@@ -282,6 +282,8 @@ TEST_F(AddressBookCommands, TheDeleteKeyDeletesInTheListAndALetterInTheSearchBox
     QTest::keyClick(book.Text1, Qt::Key_Home);
     QTest::keyClick(book.Text1, Qt::Key_Delete);
     EXPECT_EQ(book.Text1->text(), QString());
+    book.cbogroups->setFocus();
+    QTest::keyClick(book.cbogroups, Qt::Key_Delete);
     EXPECT_EQ(count("ContactList"), 1);
     book.ctList1->setFocus();
     expectDelete();
