@@ -153,12 +153,10 @@ QWidget* frmcontact::buttonRow() {
     cmdOk = Named(new QPushButton(tr("&OK"), row), "cmdOk");
     cmdOk->setDefault(true);
     cmdcancel = FormButton(tr("&Cancel"), "cmdcancel", row);
-    auto* line = new QHBoxLayout(row);
+    QHBoxLayout* line = ButtonRow({cmdOk, cmdcancel});
     line->setContentsMargins(Space(16), Space(8), Space(16), Space(12));
     line->setSpacing(Space(8));
-    line->addStretch(1);
-    line->addWidget(cmdOk);
-    line->addWidget(cmdcancel);
+    row->setLayout(line);
     return row;
 }
 
