@@ -149,6 +149,22 @@ TEST(InPlaceText, LocksAreSetJustBeforeAndRefuse) {
     EXPECT_FALSE(hand.calendar.IsEditing());
 }
 
+TEST(InPlaceText, AnItemThatTheViewReadsAnewJustBeforeIsNotTheOneToEdit) {
+    CalendarUnderHand hand;
+    hand.calendar.setSelectedItem(hand.add(540, 600, "Anna"));
+    QObject::connect(&hand.calendar, &ctMDay::BeforeItemWork, &hand.calendar, [&] {
+        hand.calendar.ClearItems();
+        hand.add(660, 720, "Ben");
+    });
+    hand.key(Qt::Key_F2);
+    EXPECT_FALSE(hand.calendar.IsEditing());
+    hand.calendar.EditItem(1);
+    EXPECT_FALSE(hand.calendar.IsEditing());
+    hand.calendar.disconnect(&hand.calendar);
+    hand.calendar.EditItem(1);
+    EXPECT_TRUE(hand.calendar.IsEditing()) << "the day as it is read now can be edited";
+}
+
 TEST(InPlaceText, AHiddenNameIsNotOfferedForEditing) {
     CalendarUnderHand hand;
     const int item = hand.add(540, 600, "Anna");

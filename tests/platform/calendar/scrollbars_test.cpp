@@ -48,6 +48,15 @@ TEST_F(ScrollBars, AreShownWhereTheDayOrItsColumnsHaveNoRoom) {
     EXPECT_FALSE(down().isVisible() || across().isVisible());
 }
 
+TEST_F(ScrollBars, AreNotShownForASinglePixelThatHasNoRoom) {
+    constexpr int NarrowestColumn = 4;
+    const int gutter = hand.calendar.HeadingRect(1).left();
+    resize(gutter + NarrowestColumn - 1, 800);
+    EXPECT_FALSE(down().isVisible() || across().isVisible());
+    resize(gutter + NarrowestColumn - 2, 800);
+    EXPECT_TRUE(across().isVisible());
+}
+
 TEST_F(ScrollBars, StandAtTheEdgesBesideTheGrid) {
     hand.calendar.setDayColumns(20);
     resize(600, 300);
