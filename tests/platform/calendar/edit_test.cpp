@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 
 #include "tests/platform/calendar/calendarunderhand.h"
 
@@ -124,6 +125,32 @@ TEST(InPlaceText, ALongTextThatIsPutInIsCutWithAWordAndReported) {
     EXPECT_EQ(edited.count(), 1);
     EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemText, QString(100, QLatin1Char('x')));
     EXPECT_EQ(hand.calendar.window()->findChild<QLabel*>(QStringLiteral("lblkept")), nullptr);
+}
+
+TEST(InPlaceText, TheEditorsOwnMenuDoesNotEndTheEdit) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    QSignalSpy edited(&hand.calendar, &ctMDay::TextEdited);
+    for (const bool again : {false, true}) {
+        hand.calendar.EditItem(item);
+        Editor(hand.calendar)->insert(QString(150, QLatin1Char(again ? 'y' : 'x')));
+        const auto notice = [&] { return hand.calendar.window()->findChild<QLabel*>(QStringLiteral("lblkept")); };
+        ASSERT_NE(notice(), nullptr);
+        QMenu menu;
+        menu.addAction(QStringLiteral("Paste"));
+        menu.popup(hand.calendar.mapToGlobal(hand.middleOf(item)));
+        hand.settle();
+        EXPECT_TRUE(hand.calendar.IsEditing());
+        EXPECT_EQ(notice(), nullptr) << "the field itself learns that it has lost the keyboard";
+        menu.close();
+        hand.settle();
+        EXPECT_TRUE(hand.calendar.IsEditing());
+        EXPECT_TRUE(Editor(hand.calendar)->hasFocus());
+        EXPECT_EQ(edited.count(), again ? 1 : 0);
+        hand.calendar.CommitEdit();
+        hand.settle();
+    }
+    EXPECT_EQ(edited.count(), 2);
 }
 
 TEST(InPlaceText, AnEmptyTextIsReportedSoThatTheViewCanRestoreIt) {

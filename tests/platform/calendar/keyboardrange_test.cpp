@@ -320,6 +320,28 @@ TEST_F(KeyboardRange, MovedItemsKeepTheirLengthAndTheirColumn) {
     EXPECT_EQ(refused.count(), 2);
 }
 
+TEST_F(KeyboardRange, AMovedItemStaysInSightAsLongAsItIsSelected) {
+    hand.calendar.setDayColumns(20);
+    hand.calendar.resize(400, 300);
+    const int item = hand.add(540, 570);
+    hand.calendar.setSelectedItem(item);
+    hand.settle();
+    const QSize card = hand.calendar.ItemRect(item).size();
+    for (const auto& [key, times] : {std::pair(Qt::Key_Down, 30), {Qt::Key_Right, 8}, {Qt::Key_Up, 32}}) {
+        for (int i = 0; i < times; ++i) {
+            hand.key(key, Control);
+            EXPECT_NEAR(hand.calendar.ItemRect(item).height(), card.height(), 1) << key << ' ' << i;
+            EXPECT_NEAR(hand.calendar.ItemRect(item).width(), card.width(), 1) << key << ' ' << i;
+        }
+    }
+    const int top = hand.calendar.TopTime();
+    ASSERT_GT(top, 495 + 5);
+    QObject::connect(&hand.calendar, &ctMDay::BeforeDrop, &hand.calendar, &ctMDay::clearSelection);
+    hand.key(Qt::Key_Up, Control);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 495);
+    EXPECT_EQ(hand.calendar.TopTime(), top) << "what the view has left is not followed";
+}
+
 TEST_F(KeyboardRange, TabWithoutItemsAndControlTabLeave) {
     QWidget window;
     QLineEdit before(&window);
