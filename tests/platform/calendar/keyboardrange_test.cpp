@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -280,6 +281,9 @@ TEST_F(KeyboardRange, ControlWithPlusMinusAndZeroZooms) {
 TEST_F(KeyboardRange, MovedItemsKeepTheirLengthAndTheirColumn) {
     hand.calendar.setDayColumns(3);
     const int item = hand.calendar.AddItem(547, 600, hand.day.addDays(1), "Anna", "1");
+    for (const int start : {480, 900})
+        for (const int later : {0, 1, 2})
+            hand.calendar.AddItem(start, start + 30, hand.day.addDays(later), "Ben", "2");
     const auto place = [&] {
         const CalendarItem& anna = std::as_const(hand.calendar).Item(item);
         return std::array<int, 3>{hand.calendar.ColumnOfItem(item), anna.ItemStart, anna.ItemEnd};
@@ -310,14 +314,38 @@ TEST_F(KeyboardRange, MovedItemsKeepTheirLengthAndTheirColumn) {
         EXPECT_EQ(changed.count(), before == move.place ? 0 : 1) << move.what;
         EXPECT_EQ(hand.calendar.SelectedItem(), item);
     }
-    QSignalSpy refused(&hand.calendar, &ctMDay::MoveRefused);
-    hand.calendar.Item(item).ItemBanner = true;
-    hand.key(Qt::Key_Down, Control);
-    EXPECT_EQ(refused.count(), 1) << "a banner is not moved";
-    hand.calendar.setReadOnly(true);
-    hand.calendar.Item(item).ItemBanner = false;
-    hand.key(Qt::Key_Down, Control);
-    EXPECT_EQ(refused.count(), 2);
+}
+
+TEST_F(KeyboardRange, AnItemThatMayNotMoveStaysSelectedWhereItIs) {
+    hand.calendar.setDayColumns(3);
+    const int item = hand.calendar.AddItem(540, 600, hand.day.addDays(1), "Anna", "1");
+    for (const int start : {480, 900})
+        hand.calendar.AddItem(start, start + 30, hand.day.addDays(1), "Ben", "2");
+    hand.calendar.setSelectedItem(item);
+    const std::pair<const char*, std::function<void()>> states[] = {
+        {"a banner", [&] { hand.calendar.Item(item).ItemBanner = true; }},
+        {"a locked item",
+         [&] {
+             hand.calendar.Item(item).ItemBanner = false;
+             hand.calendar.Item(item).ItemMoveLocked = true;
+         }},
+        {"any item of a calendar for reading",
+         [&] {
+             hand.calendar.Item(item).ItemMoveLocked = false;
+             hand.calendar.setReadOnly(true);
+         }},
+    };
+    for (const auto& [what, begin] : states) {
+        begin();
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
+            QSignalSpy refused(&hand.calendar, &ctMDay::MoveRefused);
+            hand.key(key, Control);
+            EXPECT_EQ(refused.count(), 1) << what << ' ' << key;
+            EXPECT_EQ(hand.calendar.SelectedItem(), item) << what << ' ' << key;
+            EXPECT_EQ(hand.calendar.ColumnOfItem(item), 2) << what << ' ' << key;
+            EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540) << what << ' ' << key;
+        }
+    }
 }
 
 TEST_F(KeyboardRange, AMovedItemStaysInSightAsLongAsItIsSelected) {

@@ -211,6 +211,7 @@ TEST_P(MonthLook, AnItemHasItsColoursAndItsStatus) {
     const QRect line = cell(other).lines[0].rect;
     const QRect edge(line.left(), line.top() + 2, std::max(style.edgeWidth - 1, 3), line.height() - 4);
     EXPECT_EQ(seen().share(edge, colours.edge), 1);
+    EXPECT_EQ(seen().bounds(cell(other).rect, colours.edge), edge.adjusted(0, -1, 0, 1));
     const QRect inside(line.center().x(), line.top() + 3, line.width() / 4, line.height() - 6);
     EXPECT_EQ(seen().share(inside, colours.fill), 1);
     const QRect end(line.right() - style.icon - 2, line.top() + 1, style.icon, line.height() - 2);
