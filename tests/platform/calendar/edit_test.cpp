@@ -290,6 +290,31 @@ TEST(InPlaceText, TabCommitsAndStaysAndAnotherItemCommitsTheFirst) {
     EXPECT_EQ(std::as_const(hand.calendar).Item(ben).ItemText, "Dora") << "hiding commits";
 }
 
+TEST(InPlaceText, TheKeyboardComesBackToTheCalendarAndNotToAnotherField) {
+    QWidget window;
+    QLineEdit before(&window);
+    auto* calendar = new ctMDay(&window);
+    QLineEdit after(&window);
+    calendar->setGeometry(0, 0, 400, 400);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const int item = calendar->AddItem(540, 600, calendar->Date(), "Anna", "1");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Backtab}) {
+        calendar->setFocus();
+        calendar->EditItem(item);
+        QTest::keyClick(Editor(*calendar), key);
+        EXPECT_TRUE(calendar->hasFocus()) << key;
+        CalendarUnderHand::settle();
+        EXPECT_TRUE(calendar->hasFocus()) << key;
+    }
+    calendar->EditItem(item);
+    after.setFocus();
+    CalendarUnderHand::settle();
+    EXPECT_FALSE(calendar->IsEditing());
+    EXPECT_TRUE(after.hasFocus()) << "what the user goes to keeps it";
+}
+
 TEST(InPlaceText, KeysOfTheEditorAreNotTheCalendars) {
     CalendarUnderHand hand;
     const int item = hand.add(540, 600, "Anna");
