@@ -210,6 +210,35 @@ TEST(CalendarOnScreen, AnEditorIsGoneWithoutATraceHoweverItEnds) {
     }
 }
 
+TEST(CalendarOnScreen, ScrollingUnderAnEditorOrADraggedCardLeavesNoTrace) {
+    CalendarUnderHand hand;
+    hand.calendar.setDayColumns(20);
+    hand.calendar.resize(600, 300);
+    const int item = hand.add(540, 600);
+    const auto scrollsClean = [&](const char* what) {
+        for (const Qt::Orientation orientation : {Qt::Vertical, Qt::Horizontal}) {
+            for (const int value : {10, 3}) {
+                onScreen(hand.calendar);
+                barOf(hand.calendar, orientation).setValue(value);
+                EXPECT_EQ(staleOn(hand.calendar), QRect()) << what << ' ' << value;
+            }
+        }
+    };
+    const int flash = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    hand.calendar.EditItem(item);
+    scrollsClean("an editor");
+    QApplication::setCursorFlashTime(flash);
+    hand.calendar.CommitEdit();
+    hand.settle();
+    scrollsClean("nothing");
+    hand.press(hand.middleOf(item));
+    hand.moveTo(hand.middleOf(item) + QPoint(0, 40));
+    scrollsClean("a dragged card");
+    hand.key(Qt::Key_Escape);
+    scrollsClean("nothing again");
+}
+
 TEST(CalendarOnScreen, ScrollingPaintsOnlyWhatComesIntoSight) {
     CalendarUnderHand hand;
     hand.calendar.setDayColumns(20);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 
 #include "tests/platform/calendar/calendarunderhand.h"
 
@@ -257,6 +258,12 @@ TEST(InPlaceText, TheEditorGoesWithItsCardWhenTheCalendarScrolls) {
     hand.calendar.setTopTime(500);
     hand.settle();
     EXPECT_EQ(Editor(hand.calendar)->y() - hand.calendar.ItemRect(item).y(), off);
+    for (auto* bar : hand.calendar.findChildren<QScrollBar*>()) {
+        const int before = Editor(hand.calendar)->y();
+        bar->setValue(bar->value() + 20);
+        EXPECT_EQ(Editor(hand.calendar)->y() - hand.calendar.ItemRect(item).y(), off) << "also by its bar";
+        EXPECT_EQ(Editor(hand.calendar)->y() == before, !bar->isVisible());
+    }
 }
 
 TEST(InPlaceText, WhatIsTypedTakesThePlaceOfTheText) {

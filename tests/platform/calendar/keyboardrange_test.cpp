@@ -172,6 +172,31 @@ TEST_F(KeyboardRange, UpAndDownStayInTheColumnOfTheItem) {
     EXPECT_EQ(hand.calendar.SelectedItem(), 3) << "Tab goes on to it";
 }
 
+TEST_F(KeyboardRange, TheItemThatAKeyGoesToIsBroughtToSight) {
+    hand.calendar.setDayColumns(20);
+    hand.calendar.resize(400, 300);
+    const int early = hand.add(495, 525);
+    const int late = hand.add(1020, 1050);
+    const int far = hand.calendar.AddItem(1020, 1050, hand.day.addDays(15), "Far", "3");
+    hand.calendar.setSelectedItem(early);
+    hand.settle();
+    const QSize card = hand.calendar.ItemRect(early).size();
+    const std::pair<Step, int> steps[] = {
+        {{Qt::Key_Down}, late},
+        {{Qt::Key_Up}, early},
+        {{Qt::Key_Tab}, late},
+        {{Qt::Key_Tab}, far},
+        {{Qt::Key_Backtab, Shift}, late},
+        {{Qt::Key_Backtab, Shift}, early},
+    };
+    for (const auto& [step, item] : steps) {
+        hand.key(step.key, step.with);
+        ASSERT_EQ(hand.calendar.SelectedItem(), item);
+        EXPECT_NEAR(hand.calendar.ItemRect(item).height(), card.height(), 1) << item;
+        EXPECT_NEAR(hand.calendar.ItemRect(item).width(), card.width(), 1) << item;
+    }
+}
+
 TEST_F(KeyboardRange, KeysOnTheSelectionAskTheView) {
     const int item = hand.add(540, 600);
     QSignalSpy opened(&hand.calendar, &ctMDay::ItemActivated);
