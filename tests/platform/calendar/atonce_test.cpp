@@ -168,6 +168,9 @@ TEST(CalendarOnScreen, EveryEndOfAGestureIsSeenAtOnce) {
              QEvent leave(QEvent::Leave);
              QCoreApplication::sendEvent(&calendar, &leave);
          }},
+        {"the pointer on a heading", [&] { hand.hover(calendar.HeadingRect(1).center()); }},
+        {"the pointer on another", [&] { hand.hover(calendar.HeadingRect(2).center()); }},
+        {"the pointer on free time", [&] { hand.hover(hand.freeAt(900)); }},
         {"a range", [&] { hand.click(hand.freeAt(900)); }},
         {"a longer one", [&] { hand.key(Qt::Key_Down, Qt::ShiftModifier); }},
         {"an item instead", [&] { calendar.setSelectedItem(item); }},

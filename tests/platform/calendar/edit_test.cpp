@@ -293,6 +293,10 @@ TEST(InPlaceText, TabCommitsAndStaysAndAnotherItemCommitsTheFirst) {
     hand.calendar.EditItem(anna, "Cleo");
     hand.calendar.EditItem(ben, "Dora");
     EXPECT_EQ(std::as_const(hand.calendar).Item(anna).ItemText, "Cleo");
+    hand.calendar.setSelectedItem(anna);
+    EXPECT_FALSE(hand.calendar.IsEditing()) << "so does a view that selects another";
+    EXPECT_EQ(std::as_const(hand.calendar).Item(ben).ItemText, "Dora");
+    hand.calendar.EditItem(ben, "Dora");
     hand.calendar.hide();
     EXPECT_EQ(std::as_const(hand.calendar).Item(ben).ItemText, "Dora") << "hiding commits";
 }
@@ -310,7 +314,9 @@ TEST(InPlaceText, TheKeyboardComesBackToTheCalendarAndNotToAnotherField) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Backtab}) {
         calendar->setFocus();
         calendar->EditItem(item);
+        const QLineEdit* editor = Editor(*calendar);
         QTest::keyClick(Editor(*calendar), key);
+        EXPECT_FALSE(editor->isVisible()) << "at once, also when a dialog follows";
         EXPECT_TRUE(calendar->hasFocus()) << key;
         CalendarUnderHand::settle();
         EXPECT_TRUE(calendar->hasFocus()) << key;

@@ -106,6 +106,24 @@ TEST_F(MonthWords, AnItemSaysItsTimeAndItsTextInTheClockOfTheDesk) {
     EXPECT_EQ(wordsOf(day), (QStringList{"11", "Anna"})) << "and in a narrow one the time itself";
 }
 
+TEST_F(MonthWords, TheTimeIsLeftOutWhereALineHasRoomForFewerLetters) {
+    month.AddItem(itemOn(day, 780, "A"));
+    const CalendarStyle style = ScreenStyle(month.palette(), month.font());
+    const int letter = QFontMetrics(style.small).averageCharWidth();
+    const int frame = std::max(style.edgeWidth - 1, 3) + style.margin + style.margin / 2;
+    const auto timeIn = [&](int room) {
+        int width = 7 * room;
+        do
+            month.resize(++width, 700);
+        while (cell(day).lines[0].rect.width() < frame + room);
+        return wordsOf(day).mid(1);
+    };
+    EXPECT_EQ(timeIn(12 * letter - 1), QStringList{"A"});
+    EXPECT_EQ(timeIn(12 * letter), (QStringList{"1:00", "A"}));
+    EXPECT_EQ(timeIn(26 * letter - 1), (QStringList{"1:00", "A"}));
+    EXPECT_EQ(timeIn(26 * letter), (QStringList{"1:00 PM", "A"}));
+}
+
 TEST_F(MonthWords, TheTextStandsBesideItsTimeInOneLine) {
     month.AddItem(itemOn(day, 780, "Anna\nO'Brien"));
     const std::vector<Word> all = words();

@@ -67,12 +67,32 @@ TEST_P(Smoothness, OfTheMarkersOfEarlierAndLaterItems) {
     }
 }
 
+TEST_P(Smoothness, LeavesThePillOfAMarkerRoundAtItsEnds) {
+    const QRect strip = hand.calendar.ItemRect(hand.add(1200, 1260));
+    const Picture picture = seen();
+    const auto isGround = [&](QPoint at) { return Picture::Distance(picture.at(at), style.window) <= 14; };
+    QRect pill;
+    for (int y = strip.top(); y <= strip.bottom(); ++y)
+        for (int x = strip.left(); x <= strip.right(); ++x)
+            pill |= isGround({x, y}) ? QRect() : QRect(x, y, 1, 1);
+    ASSERT_GT(pill.height(), 10);
+    EXPECT_FALSE(isGround({pill.left(), pill.center().y()}));
+    EXPECT_FALSE(isGround({pill.center().x(), pill.top()}));
+    for (const QPoint& outside : {QPoint(1, 1), QPoint(0, 3), QPoint(3, 0)}) {
+        EXPECT_TRUE(isGround(pill.topLeft() + outside));
+        EXPECT_TRUE(isGround(pill.bottomRight() - outside));
+    }
+}
+
 TEST_P(Smoothness, OfTheDiscOfToday) {
+    const Picture without = seen();
     hand.calendar.setNow(QDateTime(hand.day, QTime(7, 0)));
     const Picture picture = seen();
     const QRect disc = picture.bounds(hand.calendar.HeadingRect(1).adjusted(0, 0, 0, -3), style.accent);
     ASSERT_GT(disc.width(), 12);
     EXPECT_TRUE(isSmooth(picture, topLeftOf(disc, disc.width() / 4), {style.window, style.accent}));
+    const int size = QFontMetrics(style.dayNumber).height() + 2 * style.margin;
+    EXPECT_EQ(without.changesTo(picture).size(), QSize(size, size)) << "it has no outline";
 }
 
 TEST_P(Smoothness, OfThePresentInItsColumnAndBesideIt) {
@@ -84,6 +104,26 @@ TEST_P(Smoothness, OfThePresentInItsColumnAndBesideIt) {
     EXPECT_TRUE(isSmooth(picture, topLeftOf(label, 3), {style.window, style.present}));
     const QRect mark(column.left() + 1, label.center().y() - 6, 6, 12);
     EXPECT_TRUE(isSmooth(picture, mark, {style.base, style.present}));
+}
+
+TEST_P(Smoothness, LeavesThePresentItsSize) {
+    const Picture without = seen();
+    hand.calendar.setNow(QDateTime(hand.day, QTime(10, 0)));
+    const QRect column = hand.calendar.CellRect(1, 600);
+    const Picture picture = seen();
+    const auto changed = [&](const QRect& where) {
+        return Picture(without.image().copy(QRect(where.topLeft() * without.ratio(), where.size() * without.ratio())))
+            .changesTo(
+                Picture(picture.image().copy(QRect(where.topLeft() * without.ratio(), where.size() * without.ratio()))))
+            .translated(where.topLeft());
+    };
+    const double y = column.top() + 0.5;
+    const double size = style.margin * 1.4;
+    const QRect mark = changed({column.left() + 1, column.top() - 20, 3, 40});
+    EXPECT_NEAR(mark.top(), y - size + 0.5, 1.0);
+    EXPECT_LE(mark.bottom(), y + size);
+    const QRect label = changed({0, column.top() - 20, column.left(), 40});
+    EXPECT_EQ(label.height(), style.smallLine) << "it has no outline";
 }
 
 TEST_P(Smoothness, OfTheCornersOfACard) {
