@@ -4,6 +4,8 @@
 
 #include "platform/signature/strokes.h"
 
+class QTouchEvent;
+
 /// A pad on which the user writes a signature with the mouse, a finger or a pen, and which shows it again.
 ///
 /// A signature leaves and enters the pad as a text (signaturetext.h). The key text seals it: a text that was made under
@@ -33,7 +35,7 @@ class SigPlus : public QWidget {
     /// 0 leaves the text open for everybody, as the signature service writes it. Any other mode, as the system's 2,
     /// seals the text under the key. The mode counts for the next text; the strokes stay.
     void SetEncryptionMode(int mode);
-    /// 0 writes each point in full as readable numbers, 1 writes the differences of points, in less than half the
+    /// 0 writes each point in full as readable numbers, 1 writes the differences of points, in about half the
     /// length. Texts of both modes are read.
     void SetCompressionMode(int mode);
 
@@ -71,7 +73,7 @@ class SigPlus : public QWidget {
   private:
     enum class Hand { None, Mouse, Finger, Pen };  ///< Who writes the present stroke.
 
-    void show(Signature signature);
+    void hold(Signature signature);
     bool touched(const QTouchEvent& touch);
     void begin(Hand hand, QPointF place, double pressure);
     void extend(QPointF place, double pressure);

@@ -40,6 +40,6 @@ struct Signature {
 /// empty, every point lies within the extent and every pressure is from 0 to 255.
 [[nodiscard]] bool IsSound(const Signature& signature);
 
-/// Returns how units become pixels where a signature of this extent is shown in `area`: as large as fits, in the middle,
-/// in its own proportions. Its inverse turns places on a pad into units.
+/// Returns how units become pixels where a signature of this extent is shown in `area`: as large as fits, in the
+/// middle, in its own proportions. Its inverse turns places on a pad into units.
 [[nodiscard]] QTransform UnitsToPixels(QSize extent, const QRectF& area);
