@@ -16,7 +16,8 @@ class WebSurface : public QWidget {
     /// Shows the page at this address, which is http, https or "about:blank". Any other address is a failed load. The
     /// signal never comes before this call returns.
     virtual void Navigate(const QString& address) = 0;
-    /// Loads the page that is shown again from its service; after a failed load, the address that failed.
+    /// Loads the page that is shown again from its service. After a failed load, it begins anew with the address that
+    /// Navigate was given last.
     virtual void Refresh() = 0;
     /// Sets an attribute of the page's Body. It does nothing where no page is shown.
     virtual void SetBodyAttribute(const QString& name, const QString& value) = 0;
