@@ -1,0 +1,113 @@
+#include "followup/newsession.h"
+
+#include "data/codes.h"
+#include "data/minutetime.h"
+#include "data/pipefields.h"
+#include "followup/notelookups.h"
+#include "platform/database/readtogether.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/database/transaction.h"
+#include "platform/text/plaintext.h"
+#include "session/session.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+constexpr int Noon = 720;
+constexpr int ServiceCodeLength = 5;
+
+const QString IncidentField = QStringLiteral("incident_nbr");
+const QString ServiceField = QStringLiteral("defaultcpt");
+const QString NameField = QStringLiteral("last_name + ', ' + first_name");
+
+// Types 3 to 9 are notes that nothing is charged for.
+bool hasService(int stype) {
+    return stype < 3 || stype > 9;
+}
+
+QString sessionTime(int minutes) {
+    if (minutes == Noon)
+        return QStringLiteral("12:00 pm");
+    if (minutes == 0)
+        return QStringLiteral("12:00 am");
+    return MinutesToTimeText(minutes, Session().MilitaryTime);
+}
+
+QString serviceOf(const Recordset& row, const QString& patientId) {
+    const QString service = GetPipeField(row["capptNote"].text(), 1);
+    return service.isEmpty() ? GetPatientField(patientId, ServiceField).text()
+                             : FirstCharacters(service, ServiceCodeLength);
+}
+
+void setTimes(Recordset& session, const Recordset& row) {
+    const auto minutes = [&row](const char* column) { return static_cast<int>(row[column].integer()); };
+    session.Set("StartTime", sessionTime(minutes("nStartTime")));
+    session.Set("EndTime", sessionTime(minutes("nEndTime")));
+    if (const int length = minutes("nEndTime") - minutes("nStartTime"); length > 0)
+        session.Set("sessionlength", length);
+}
+
+int addSession(const Recordset& row, const QString& patientId, int stype) {
+    db::Connection& connection = Session().Connection;
+    const db::ReadTogether together(
+        connection, {PatientFieldStatement(patientId, IncidentField), PatientFieldStatement(patientId, ServiceField),
+                     TreatmentProgramStatement(patientId), PatientFieldStatement(patientId, NameField)});
+    Recordset session(QStringLiteral("Select * from sessions Where 0=1"), connection, db::Lock::Optimistic);
+    session.AddNew();
+    session.Set("stype", stype);
+    session.Set("patientid", patientId);
+    session.Set("DateMarker", row["dapptdate"].value());
+    session.Set("providerid", row["ClinicianId"].value());
+    session.Set("incident", GetPatientField(patientId, IncidentField));
+    if (hasService(stype))
+        session.Set("CPTCode", serviceOf(row, patientId));
+    setTimes(session, row);
+    session.Set("location", row["clocation"].value());
+    session.Set("program", GetTreatmentProgram(patientId));
+    session.Set("Patient", GetPatientField(patientId, NameField));
+    session.Update();
+    return static_cast<int>(session["id"].integer());
+}
+
+void link(int key, int id, int stype) {
+    db::Connection& connection = Session().Connection;
+    if (IsMissedNote(stype))
+        connection.Execute(Sql("Insert into MissedAppt (id, reason) Values({}, '')", id));
+    if (connection.Execute(Sql("Update appointments Set NoteID = {} Where nKeyid = {}", id, key)) == 0)
+        throw db::RowChangedError();
+}
+
+void makeRows(int key, int stype, const QString& clinicianId, MadeSession& made) {
+    const Recordset row(NotedAppointmentStatement(key), Session().Connection);
+    if (row.Eof()) {
+        made.end = WriteOutcome::End::Gone;
+        return;
+    }
+    if (row["NoteID"].integer() > 0)
+        return;
+    if (row["ncolor"].integer() != ncolor::Kept || row["ClinicianId"].text() != clinicianId)
+        throw db::RowChangedError();
+    const QString patientId = row["patientid"].text();
+    const int id = addSession(row, patientId, stype);
+    link(key, id, stype);
+    made.id = id;
+    made.patientId = patientId;
+}
+
+}  // namespace
+
+MadeSession MakeSession(int key, int stype, const QString& clinicianId) {
+    MadeSession made = AttemptWrite<MadeSession>([&](MadeSession& outcome) {
+        db::InTransaction(Session().Connection, [&] { makeRows(key, stype, clinicianId, outcome); });
+    });
+    if (!made.IsDone())
+        made.id = 0;
+    return made;
+}
+
+bool IsMissedNote(int stype) {
+    return stype >= 6 && stype <= 8;
+}
