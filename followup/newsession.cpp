@@ -36,10 +36,24 @@ QString sessionTime(int minutes) {
     return MinutesToTimeText(minutes, Session().MilitaryTime);
 }
 
-QString serviceOf(const Recordset& row, const QString& patientId) {
+/// What a session takes from its patient.
+struct NotedPatient {
+    QString id;
+    db::Value incident;
+    QString service, program, name;
+};
+
+NotedPatient readPatient(const QString& id) {
+    const db::ReadTogether together(Session().Connection,
+                                    {PatientFieldStatement(id, IncidentField), PatientFieldStatement(id, ServiceField),
+                                     TreatmentProgramStatement(id), PatientFieldStatement(id, NameField)});
+    return {id, GetPatientField(id, IncidentField), GetPatientField(id, ServiceField).text(), GetTreatmentProgram(id),
+            GetPatientField(id, NameField).text()};
+}
+
+QString serviceOf(const Recordset& row, const NotedPatient& patient) {
     const QString service = GetPipeField(row["capptNote"].text(), 1);
-    return service.isEmpty() ? GetPatientField(patientId, ServiceField).text()
-                             : FirstCharacters(service, ServiceCodeLength);
+    return service.isEmpty() ? patient.service : FirstCharacters(service, ServiceCodeLength);
 }
 
 void setTimes(Recordset& session, const Recordset& row) {
@@ -50,24 +64,20 @@ void setTimes(Recordset& session, const Recordset& row) {
         session.Set("sessionlength", length);
 }
 
-int addSession(const Recordset& row, const QString& patientId, int stype) {
-    db::Connection& connection = Session().Connection;
-    const db::ReadTogether together(
-        connection, {PatientFieldStatement(patientId, IncidentField), PatientFieldStatement(patientId, ServiceField),
-                     TreatmentProgramStatement(patientId), PatientFieldStatement(patientId, NameField)});
-    Recordset session(QStringLiteral("Select * from sessions Where 0=1"), connection, db::Lock::Optimistic);
+int addSession(const Recordset& row, const NotedPatient& patient, int stype) {
+    Recordset session(QStringLiteral("Select * from sessions Where 0=1"), Session().Connection, db::Lock::Optimistic);
     session.AddNew();
     session.Set("stype", stype);
-    session.Set("patientid", patientId);
+    session.Set("patientid", patient.id);
     session.Set("DateMarker", row["dapptdate"].value());
     session.Set("providerid", row["ClinicianId"].value());
-    session.Set("incident", GetPatientField(patientId, IncidentField));
+    session.Set("incident", patient.incident);
     if (hasService(stype))
-        session.Set("CPTCode", serviceOf(row, patientId));
+        session.Set("CPTCode", serviceOf(row, patient));
     setTimes(session, row);
     session.Set("location", row["clocation"].value());
-    session.Set("program", GetTreatmentProgram(patientId));
-    session.Set("Patient", GetPatientField(patientId, NameField));
+    session.Set("program", patient.program);
+    session.Set("Patient", patient.name);
     session.Update();
     return static_cast<int>(session["id"].integer());
 }
@@ -80,7 +90,8 @@ void link(int key, int id, int stype) {
         throw db::RowChangedError();
 }
 
-void makeRows(int key, int stype, const QString& clinicianId, MadeSession& made) {
+/// Makes the rows for the appointment as it is stored at this moment.
+void makeRows(int key, int stype, const QString& clinicianId, const NotedPatient& patient, MadeSession& made) {
     const Recordset row(NotedAppointmentStatement(key), Session().Connection);
     if (row.Eof()) {
         made.end = WriteOutcome::End::Gone;
@@ -88,20 +99,22 @@ void makeRows(int key, int stype, const QString& clinicianId, MadeSession& made)
     }
     if (row["NoteID"].integer() > 0)
         return;
-    if (row["ncolor"].integer() != ncolor::Kept || row["ClinicianId"].text() != clinicianId)
+    if (row["ncolor"].integer() != ncolor::Kept || row["ClinicianId"].text() != clinicianId ||
+        row["patientid"].text() != patient.id)
         throw db::RowChangedError();
-    const QString patientId = row["patientid"].text();
-    const int id = addSession(row, patientId, stype);
+    const int id = addSession(row, patient, stype);
     link(key, id, stype);
     made.id = id;
-    made.patientId = patientId;
+    made.patientId = patient.id;
 }
 
 }  // namespace
 
 MadeSession MakeSession(int key, int stype, const QString& clinicianId) {
     MadeSession made = AttemptWrite<MadeSession>([&](MadeSession& outcome) {
-        db::InTransaction(Session().Connection, [&] { makeRows(key, stype, clinicianId, outcome); });
+        // A read that fails would end the transaction on a server.
+        const NotedPatient patient = readPatient(GetApptPatientId(key));
+        db::InTransaction(Session().Connection, [&] { makeRows(key, stype, clinicianId, patient, outcome); });
     });
     if (!made.IsDone())
         made.id = 0;
