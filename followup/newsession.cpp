@@ -1,11 +1,9 @@
 #include "followup/newsession.h"
 
-#include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "followup/notelookups.h"
 #include "platform/database/readtogether.h"
-#include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
 #include "platform/text/plaintext.h"
@@ -34,6 +32,10 @@ QString sessionTime(int minutes) {
     if (minutes == 0)
         return QStringLiteral("12:00 am");
     return MinutesToTimeText(minutes, Session().MilitaryTime);
+}
+
+QString patientOf(const ShownAppointment& appointment) {
+    return GetPipeField(appointment.stored.ItemNote, 3);
 }
 
 /// What a session takes from its patient.
@@ -91,7 +93,8 @@ void link(int key, int id, int stype) {
 }
 
 /// Makes the rows for the appointment as it is stored at this moment.
-void makeRows(int key, int stype, const QString& clinicianId, const NotedPatient& patient, MadeSession& made) {
+void makeRows(const ShownAppointment& shown, int stype, const NotedPatient& patient, MadeSession& made) {
+    const int key = shown.stored.ItemKey.toInt();
     const Recordset row(NotedAppointmentStatement(key), Session().Connection);
     if (row.Eof()) {
         made.end = WriteOutcome::End::Gone;
@@ -99,8 +102,7 @@ void makeRows(int key, int stype, const QString& clinicianId, const NotedPatient
     }
     if (row["NoteID"].integer() > 0)
         return;
-    if (row["ncolor"].integer() != ncolor::Kept || row["ClinicianId"].text() != clinicianId ||
-        row["patientid"].text() != patient.id)
+    if (!IsForTheSame(row, shown))
         throw db::RowChangedError();
     const int id = addSession(row, patient, stype);
     link(key, id, stype);
@@ -110,15 +112,20 @@ void makeRows(int key, int stype, const QString& clinicianId, const NotedPatient
 
 }  // namespace
 
-MadeSession MakeSession(int key, int stype, const QString& clinicianId) {
+MadeSession MakeSession(const ShownAppointment& appointment, int stype) {
     MadeSession made = AttemptWrite<MadeSession>([&](MadeSession& outcome) {
         // A read that fails would end the transaction on a server.
-        const NotedPatient patient = readPatient(GetApptPatientId(key));
-        db::InTransaction(Session().Connection, [&] { makeRows(key, stype, clinicianId, patient, outcome); });
+        const NotedPatient patient = readPatient(patientOf(appointment));
+        db::InTransaction(Session().Connection, [&] { makeRows(appointment, stype, patient, outcome); });
     });
     if (!made.IsDone())
         made.id = 0;
     return made;
+}
+
+bool IsForTheSame(const Recordset& row, const ShownAppointment& shown) {
+    return row["ncolor"].integer() == shown.stored.ItemColor && row["clinicianid"].text() == shown.clinicianId &&
+           row["patientid"].text() == patientOf(shown);
 }
 
 bool IsMissedNote(int stype) {

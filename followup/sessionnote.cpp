@@ -138,7 +138,7 @@ bool isStillWithoutNote(const ShownAppointment& appointment, const NoteCalendar&
         openNote(appointment, calendar);
         return false;
     }
-    if (row["ncolor"].integer() != appointment.stored.ItemColor || row["clinicianid"].text() != appointment.clinicianId)
+    if (!IsForTheSame(row, appointment))
         throw db::RowChangedError();
     return true;
 }
@@ -189,7 +189,7 @@ void OpenSessionNote(const std::optional<ShownAppointment>& selected, const Note
 void CreateSessionFromAppointment(const ShownAppointment& appointment, int stype, const NoteCalendar& calendar) {
     if (stype == 0)
         return;
-    const MadeSession made = MakeSession(keyOf(appointment), stype, appointment.clinicianId);
+    const MadeSession made = MakeSession(appointment, stype);
     if (made.failure)
         return tellFailure(QStringLiteral("Error generating note. "), *made.failure, calendar);
     if (!made.IsDone())

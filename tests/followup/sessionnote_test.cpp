@@ -329,7 +329,7 @@ TEST_F(NewNote, OfAnAppointmentThatIsDeletedWhileTheTypeIsChosenIsTold) {
 }
 
 TEST_F(NewNote, OfAnAppointmentThatAnotherDeskChangedIsNotMade) {
-    for (const char* change : {"ncolor = 16711681", "ncolor = 192", "clinicianid = 'LANE'"}) {
+    for (const char* change : {"ncolor = 16711681", "ncolor = 192", "clinicianid = 'LANE'", "patientid = 'P2'"}) {
         events.clear();
         const int key = add({});
         const ShownAppointment before = shown(key);
@@ -342,7 +342,7 @@ TEST_F(NewNote, OfAnAppointmentThatAnotherDeskChangedIsNotMade) {
 }
 
 TEST_F(NewNote, OfAnAppointmentThatIsChangedWhileTheTypeIsChosenIsNotMade) {
-    for (const char* change : {"ncolor = 16711681", "clinicianid = 'LANE'"}) {
+    for (const char* change : {"ncolor = 16711681", "clinicianid = 'LANE'", "patientid = 'P2'"}) {
         events.clear();
         const int key = add({});
         expectType(Progress, [&] { run(QStringLiteral("Update appointments Set %1").arg(QLatin1String(change))); });
