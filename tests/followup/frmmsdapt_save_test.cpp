@@ -248,6 +248,27 @@ TEST_F(MissedNoteSave, AChangeIsWrittenAndTheRestStaysAsItIsStored) {
         QStringList{QStringLiteral("Modify: Modified Missed Appointment Note of 03/11/2026 for patient, Jones, Mary")});
 }
 
+TEST_F(MissedNoteSave, AReasonThatWasLeftAloneKeepsItsLineEnds) {
+    const QString odd = QStringLiteral("Odd \r ends\n and\ttabs\u00a0");
+    addNote(odd);
+    open();
+    form->ctdate->setDate(QDate(2026, 3, 9));
+    ok();
+    EXPECT_EQ(newest("DateMarker", "sessions").left(10), QStringLiteral("2026-03-09"));
+    EXPECT_EQ(newest("reason", "MissedAppt"), odd);
+}
+
+TEST_F(MissedNoteSave, AProviderWhoIsArchivedMeanwhileStaysTheNotesProvider) {
+    open();
+    type(QStringLiteral("Ill"));
+    form->cboprovider->SetText(QStringLiteral("O'Brien"));
+    run(QStringLiteral("Update provider_info Set archive = 1 Where id = 'OBRIEN'"));
+    ok();
+    EXPECT_EQ(newest("providerid", "sessions"), QStringLiteral("OBRIEN"));
+    request.NoteId = form->NoteId();
+    EXPECT_EQ(open().cboprovider->Text(), QStringLiteral("O'Brien (no longer on the list)"));
+}
+
 TEST_F(MissedNoteSave, AnotherDateOrProviderIsAChangeToo) {
     const int note = addNote();
     open();

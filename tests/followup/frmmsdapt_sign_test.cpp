@@ -211,6 +211,20 @@ TEST_F(MissedNoteSign, ASignatureIsTakenAwayInBothTablesOrInNone) {
     }
 }
 
+TEST_F(MissedNoteSign, ASignatureThatCannotBeCheckedIsNeitherShownNorTakenAway) {
+    const int note = addNote();
+    signOnPad(note);
+    run(QStringLiteral("Update sessions Set ModifiedDate = null"));
+    const QString why = database.refuse(QStringLiteral("Update"), QStringLiteral("sessions"));
+    desk.expectBox(QStringLiteral("GetSessionTS failed! ") + why, QStringLiteral("Error"));
+    open();
+    EXPECT_EQ(shown(form->lblsignstatus), QStringLiteral("The signature could not be checked."));
+    EXPECT_EQ(shown(form->pnlSig), Nothing);
+    EXPECT_FALSE(maySign());
+    EXPECT_EQ(rowCount("SessionSignatures"), 1);
+    EXPECT_EQ(newest("SignatureName", "sessions"), QStringLiteral("Anna Reed"));
+}
+
 TEST_F(MissedNoteSign, ASignatureOfAReadOnlyNoteIsJudgedButNotRepeated) {
     const int note = addNote();
     stamp(note);
