@@ -53,7 +53,6 @@ void frmSNoteType::buildForm() {
     lblnothing->setAlignment(Qt::AlignTop);
     cmdOk = Named(new QPushButton(tr("&OK"), this), "cmdOk");
     cmdOk->setDefault(true);
-    cmdOk->setEnabled(false);
     cmdcancel = FormButton(tr("&Cancel"), "cmdcancel", this);
 
     auto* buttons = new QHBoxLayout;
@@ -82,6 +81,8 @@ void frmSNoteType::LoadNoteTypes() {
                                 : tr("The note types could not be read."));
     lblnothing->setVisible(isEmpty);
     List1->setVisible(!isEmpty);
+    List1->SelectRow(isEmpty ? -1 : 0);
+    cmdOk->setEnabled(!isEmpty);
 }
 
 void frmSNoteType::addOwnTypes() {
