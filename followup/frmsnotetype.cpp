@@ -55,16 +55,12 @@ void frmSNoteType::buildForm() {
     cmdOk->setDefault(true);
     cmdcancel = FormButton(tr("&Cancel"), "cmdcancel", this);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdcancel);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));
     column->addWidget(List1, 1);
     column->addWidget(lblnothing, 1);
-    column->addLayout(buttons);
+    column->addLayout(ButtonRow({cmdOk, cmdcancel}));
     FitToScreen(*this);
     List1->setFocus();
 }
