@@ -53,19 +53,14 @@ void frmSNoteType::buildForm() {
     lblnothing->setAlignment(Qt::AlignTop);
     cmdOk = Named(new QPushButton(tr("&OK"), this), "cmdOk");
     cmdOk->setDefault(true);
-    cmdOk->setEnabled(false);
     cmdcancel = FormButton(tr("&Cancel"), "cmdcancel", this);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdcancel);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));
     column->addWidget(List1, 1);
     column->addWidget(lblnothing, 1);
-    column->addLayout(buttons);
+    column->addLayout(ButtonRow({cmdOk, cmdcancel}));
     FitToScreen(*this);
     List1->setFocus();
 }
@@ -82,6 +77,8 @@ void frmSNoteType::LoadNoteTypes() {
                                 : tr("The note types could not be read."));
     lblnothing->setVisible(isEmpty);
     List1->setVisible(!isEmpty);
+    List1->SelectRow(isEmpty ? -1 : 0);
+    cmdOk->setEnabled(!isEmpty);
 }
 
 void frmSNoteType::addOwnTypes() {

@@ -7,7 +7,7 @@ class QPushButton;
 class ctList;
 
 /// Asks for the type of a new session note. The user's own list stands first, then, below a line, the types of the
-/// practice that are not in it.
+/// practice that are not in it. The first one is selected.
 ///
 /// The line can be selected like an entry. It chooses the type 0, with which no note is made.
 class frmSNoteType : public QDialog {
@@ -16,7 +16,7 @@ class frmSNoteType : public QDialog {
   public:
     explicit frmSNoteType(QWidget* parent = nullptr);
 
-    /// Fills the list. Types that cannot be read leave it empty, and the form says so.
+    /// Fills the list and selects its first entry. Types that cannot be read leave it empty, and the form says so.
     void LoadNoteTypes();
     /// The chosen type; 0 where none was chosen.
     [[nodiscard]] int NoteType() const { return noteType_; }

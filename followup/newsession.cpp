@@ -2,6 +2,7 @@
 
 #include "data/minutetime.h"
 #include "data/pipefields.h"
+#include "followup/missednote.h"
 #include "followup/notelookups.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
@@ -86,7 +87,7 @@ int addSession(const Recordset& row, const NotedPatient& patient, int stype) {
 
 void link(int key, int id, int stype) {
     db::Connection& connection = Session().Connection;
-    if (IsMissedNote(stype))
+    if (MissedTypeOfSession(stype) != MissedType::None)
         connection.Execute(Sql("Insert into MissedAppt (id, reason) Values({}, '')", id));
     if (connection.Execute(Sql("Update appointments Set NoteID = {} Where nKeyid = {}", id, key)) == 0)
         throw db::RowChangedError();
@@ -126,8 +127,4 @@ MadeSession MakeSession(const ShownAppointment& appointment, int stype) {
 bool IsForTheSame(const Recordset& row, const ShownAppointment& shown) {
     return row["ncolor"].integer() == shown.stored.ItemColor && row["clinicianid"].text() == shown.clinicianId &&
            row["patientid"].text() == patientOf(shown);
-}
-
-bool IsMissedNote(int stype) {
-    return stype >= 6 && stype <= 8;
 }

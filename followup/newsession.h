@@ -21,6 +21,3 @@ struct MadeSession : WriteOutcome {
 /// Whether the current row of `appointments` still has the status, the provider and the patient that are shown. A note
 /// would otherwise be about something that its author has not seen.
 [[nodiscard]] bool IsForTheSame(const db::Recordset& row, const ShownAppointment& shown);
-
-/// Whether a note of this type is about a missed appointment (6 Missed, 7 Patient Cancel, 8 Therapist Cancel).
-[[nodiscard]] bool IsMissedNote(int stype);

@@ -5,6 +5,7 @@
 #include "data/codes.h"
 #include "followup/frmmsdapt.h"
 #include "followup/frmsnotetype.h"
+#include "followup/missednote.h"
 #include "followup/newsession.h"
 #include "followup/notelookups.h"
 #include "platform/controls/noticebar.h"
@@ -41,7 +42,7 @@ bool isClinicalNote(int stype) {
 }
 
 bool isMissed(int code) {
-    return code == ncolor::Missed || code == ncolor::PatientCancelled || code == ncolor::TherapistCancelled;
+    return MissedTypeOfColour(code) != MissedType::None;
 }
 
 bool isUser(const QString& providerId) {
@@ -91,7 +92,7 @@ void openByType(int noteId, const ShownAppointment& appointment, const NoteCalen
     const std::optional<int> stype = GetSessionType(noteId);
     if (!stype || isClinicalNote(*stype))
         OpenExistingNote(noteId, keyOf(appointment));
-    else if (IsMissedNote(*stype))
+    else if (MissedTypeOfSession(*stype) != MissedType::None)
         openMissedNote(noteId, appointment, calendar);
     else
         ShowNotice({.text = QStringLiteral("A note of this type cannot be opened from here. Open it in Solvane."),

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -55,36 +54,6 @@ Table appointmentsMenu() {
         {Kind::Command, menu::mnuATCancel, "T&herapist Cancel", "close"},
         {Kind::Separator, menu::mnuAsep2},
         {Kind::Command, menu::mnuARepeat, "&Repeating...", "repeat", "Ctrl+R"},
-        {Kind::Command, menu::mnuANote, "&Session Note...", "note", "Ctrl+Shift+S"},
-        {Kind::Separator, menu::mnuAsep3},
-        {Kind::Command, menu::mnuAFind, "&Find...", "find", "Ctrl+F"},
-        {Kind::Submenu, menu::mnuASearchA, "Search A&vailability", "find"},
-        {Kind::Command, menu::mnuASearchO, "By &Opening..."},
-        {Kind::Command, menu::mnuASearchT, "By Appointment &Type..."},
-        {Kind::EndSubmenu},
-    };
-}
-
-Table allAppointmentsMenu() {
-    return {
-        {Kind::Menu, menu::mnuAppointments, "&Appointments"},
-        {Kind::Submenu, menu::mnuANew, "&New", "add", nullptr, "mnuNew"},
-        {Kind::Command, menu::mnuANPat, "&Schedule Patient", "user", "Ctrl+N", "mnuPatient"},
-        {Kind::Command, menu::mnuASGroup, "Schedule &Group", "group", "Ctrl+Shift+G", "mnuSGroup"},
-        {Kind::Command, menu::mnuANEvent, "Schedule &Activity/Event", "activity", "Ctrl+Shift+E", "mnuSEvent"},
-        {Kind::Command, menu::mnuASType, "Schedule Appointment &Type", "legend", "Ctrl+Shift+T", "mnuSAType"},
-        {Kind::Command, menu::mnuANAvail, "Schedule &Unavailable Time", "unavailable", "Ctrl+Shift+U", "mnuSAvail"},
-        {Kind::EndSubmenu},
-        {Kind::Command, menu::mnuAEdit, "&Edit...", "edit", "Ctrl+E", "mnuEdit"},
-        {Kind::Command, menu::mnuADelete, "&Delete\tDel", "delete", nullptr, "mnuDelete"},
-        {Kind::Separator, menu::mnuAsep1},
-        {Kind::Command, menu::mnuCheckediN, "Check-&In...", "checkedin", "Ctrl+I", "mnuaCheckin"},
-        {Kind::Command, menu::mnuAKept, "&Kept", "check", "Ctrl+K"},
-        {Kind::Command, menu::mnuAMissed, "&Missed", "missed", "Ctrl+M"},
-        {Kind::Command, menu::mnuAPCancel, "&Patient Cancel", "close"},
-        {Kind::Command, menu::mnuATCancel, "T&herapist Cancel", "close", nullptr, "mnuTCancel"},
-        {Kind::Separator, menu::mnuAsep2},
-        {Kind::Command, menu::mnuARepeat, "&Repeating...", "repeat", "Ctrl+R", "mnuRepeating"},
         {Kind::Command, menu::mnuANote, "&Session Note...", "note", "Ctrl+Shift+S"},
         {Kind::Separator, menu::mnuAsep3},
         {Kind::Command, menu::mnuAFind, "&Find...", "find", "Ctrl+F"},
@@ -153,14 +122,6 @@ Table monthFileMenu() {
     };
 }
 
-Table monthViewMenu() {
-    Table menu = viewMenu();
-    for (MenuEntry& entry : menu)
-        if (entry.name == menu::mnuVActivity)
-            entry.ownName = "mnuVAct";
-    return menu;
-}
-
 Table roomFileMenu() {
     return {
         {Kind::Menu, menu::mnuFile, "&File"},
@@ -204,16 +165,44 @@ Table roomViewMenu() {
     };
 }
 
-/// The week calls some of the day's commands by names of its own.
-Table weekAppointmentsMenu() {
-    static constexpr std::pair<MenuName, const char*> names[]{
-        {menu::mnuANPat, "mnuANewPat"}, {menu::mnuANEvent, "mnuANewEvent"}, {menu::mnuASType, "mnuASCat"}};
-    Table menu = appointmentsMenu();
-    for (MenuEntry& entry : menu)
-        for (const auto& [name, own] : names)
-            if (name == entry.name)
-                entry.ownName = own;
+/// What a view calls a command that the day view has too. A null stands for what the day calls it.
+struct OtherName {
+    MenuName name;
+    const char* ownName;
+    const char* text = nullptr;
+};
+
+Table renamed(Table menu, std::initializer_list<OtherName> others) {
+    for (const OtherName& other : others) {
+        const auto entry = std::ranges::find(menu, other.name, &MenuEntry::name);
+        entry->ownName = other.ownName;
+        if (other.text != nullptr)
+            entry->text = other.text;
+    }
     return menu;
+}
+
+Table weekAppointmentsMenu() {
+    return renamed(appointmentsMenu(),
+                   {{menu::mnuANPat, "mnuANewPat"}, {menu::mnuANEvent, "mnuANewEvent"}, {menu::mnuASType, "mnuASCat"}});
+}
+
+Table allAppointmentsMenu() {
+    return renamed(appointmentsMenu(), {{menu::mnuANew, "mnuNew"},
+                                        {menu::mnuANPat, "mnuPatient", "&Schedule Patient"},
+                                        {menu::mnuASGroup, "mnuSGroup", "Schedule &Group"},
+                                        {menu::mnuANEvent, "mnuSEvent", "Schedule &Activity/Event"},
+                                        {menu::mnuASType, "mnuSAType", "Schedule Appointment &Type"},
+                                        {menu::mnuANAvail, "mnuSAvail", "Schedule &Unavailable Time"},
+                                        {menu::mnuAEdit, "mnuEdit"},
+                                        {menu::mnuADelete, "mnuDelete"},
+                                        {menu::mnuCheckediN, "mnuaCheckin", "Check-&In..."},
+                                        {menu::mnuATCancel, "mnuTCancel"},
+                                        {menu::mnuARepeat, "mnuRepeating"}});
+}
+
+Table monthViewMenu() {
+    return renamed(viewMenu(), {{menu::mnuVActivity, "mnuVAct"}});
 }
 
 Table joined(std::initializer_list<Table> menus) {

@@ -1,8 +1,12 @@
+#include <QAction>
+
 #include "followup/sessionnote.h"
 #include "views/calendarview.h"
 
 void CalendarView::bindNotes() {
     menus_.Bind(menu::mnuANote, [this] { openNote(); });
+    // A key that is held down must not start the notes program again and again.
+    menus_.Command(menu::mnuANote).setAutoRepeat(false);
 }
 
 void CalendarView::openNote() {

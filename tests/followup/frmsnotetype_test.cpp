@@ -74,8 +74,9 @@ TEST_F(NoteTypes, NamesWithApostrophesAndPicturesStandAsTheyAre) {
 
 TEST_F(NoteTypes, OkTakesTheSelectedOne) {
     frmSNoteType form;
-    EXPECT_FALSE(form.cmdOk->isEnabled()) << "Nothing is selected at first.";
-    EXPECT_EQ(form.NoteType(), 0);
+    EXPECT_TRUE(form.cmdOk->isEnabled());
+    EXPECT_EQ(form.List1->SelectedRow(), 0) << "Enter takes the user's first one.";
+    EXPECT_EQ(form.NoteType(), 0) << "Nothing is chosen before OK.";
     form.List1->SelectRow(1);
 
     form.cmdOk->click();
@@ -107,10 +108,16 @@ TEST_F(NoteTypes, TheKeyboardChoosesOne) {
     form.activateWindow();
     QCoreApplication::processEvents();
     ASSERT_TRUE(form.List1->hasFocus());
-    QTest::keyClick(form.List1, Qt::Key_P);
+    QTest::keyClick(form.List1, Qt::Key_Down);
     QTest::keyClick(form.List1, Qt::Key_Return);
     EXPECT_EQ(form.result(), QDialog::Accepted);
-    EXPECT_EQ(form.NoteType(), 1);
+    EXPECT_EQ(form.NoteType(), 2);
+
+    frmSNoteType byLetter;
+    byLetter.show();
+    QTest::keyClick(byLetter.List1, Qt::Key_P);
+    QTest::keyClick(byLetter.List1, Qt::Key_Return);
+    EXPECT_EQ(byLetter.NoteType(), 1);
 }
 
 TEST_F(NoteTypes, CancelAndEscapeChooseNothing) {

@@ -3,7 +3,9 @@
 #include <QPushButton>
 
 #include "data/codes.h"
+#include "followup/frmmsdapt.h"
 #include "followup/frmsnotetype.h"
+#include "platform/controls/notefield.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
 #include "views/frmsched.h"
@@ -206,6 +208,46 @@ TEST_P(SessionNote, OfAMissedVisitIsTheMissedAppointmentNote) {
         EXPECT_TRUE(command("mnuANote").isVisible());
     }
     EXPECT_TRUE(desk.started.isEmpty());
+}
+
+TEST_P(SessionNote, OfAMissedVisitShowsItsIconOnceItIsSaved) {
+    otherDeskSets(anna, "ncolor = 192");
+    openByHand();
+    select("Anna");
+    desk.expectForm("frmmsdApt", [](QDialog& dialog) {
+        auto& form = dynamic_cast<frmmsdApt&>(dialog);
+        EXPECT_EQ(form.Request().NoteId, 0);
+        EXPECT_EQ(form.Request().date, QDate(2026, 3, 11));
+        EXPECT_FALSE(form.Request().ReadOnly);
+        form.txtreason->setPlainText(QStringLiteral("Ill."));
+        form.cmdOk->click();
+    });
+    press();
+    EXPECT_GT(item("Anna").ItemSessionIcon, 0);
+    EXPECT_GT(stored(anna, "NoteID").toInt(), 0);
+
+    desk.expectForm("frmmsdApt", [this](QDialog& dialog) {
+        auto& form = dynamic_cast<frmmsdApt&>(dialog);
+        EXPECT_TRUE(command("mnuANote").isVisible()) << "It is hidden only for a new note.";
+        EXPECT_EQ(QString::number(form.Request().NoteId), stored(anna, "NoteID"));
+        EXPECT_EQ(form.txtreason->toPlainText(), QStringLiteral("Ill."));
+        form.cmdCancel->click();
+    });
+    press();
+    EXPECT_GT(item("Anna").ItemSessionIcon, 0);
+    EXPECT_TRUE(desk.started.isEmpty());
+}
+
+TEST_P(SessionNote, OfAMissedVisitIsOnlyShownToWhoMayOnlyRead) {
+    Session().ScreenAccess = 1;
+    otherDeskSets(anna, "ncolor = 192");
+    openByHand();
+    select("Anna");
+    desk.expectForm("frmmsdApt", [](QDialog& form) {
+        EXPECT_TRUE(dynamic_cast<frmmsdApt&>(form).Request().ReadOnly);
+        form.reject();
+    });
+    press();
 }
 
 INSTANTIATE_TEST_SUITE_P(In, SessionNote, testing::ValuesIn(views),
