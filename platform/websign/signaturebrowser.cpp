@@ -58,6 +58,7 @@ SignatureBrowser::SignatureBrowser(const WebSurfaceLimits& limits, QWidget* pare
     layout->addWidget(view_.get());
     setFocusProxy(view_.get());
 
+    patience_.setObjectName(QStringLiteral("patience"));
     patience_.setSingleShot(true);
     connect(&patience_, &QTimer::timeout, this, &SignatureBrowser::runsOutOfPatience);
     connect(profile_.get(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* file) {

@@ -47,10 +47,10 @@ class SignatureBrowser : public WebSurface {
     std::unique_ptr<SignaturePage> page_;
     std::unique_ptr<QWebEngineView> view_;
 
-    QString address_;    ///< What Navigate was given last.
-    QTimer patience_;    ///< Runs while a load or an answer is waited for.
-    int load_ = 0;       ///< Counts the loads, so that what belongs to an earlier one is recognised.
-    int questions_ = 0;  ///< Scripts that the page has not answered.
+    QString address_;        ///< What Navigate was given last.
+    QTimer patience_{this};  ///< Runs while a load or an answer is waited for.
+    int load_ = 0;           ///< Counts the loads, so that what belongs to an earlier one is recognised.
+    int questions_ = 0;      ///< Scripts that the page has not answered.
     bool loading_ = false;
     bool failed_ = false;
     QElapsedTimer stay_;  ///< Since the page that is shown was complete; invalid once the user has done something.
