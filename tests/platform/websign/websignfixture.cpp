@@ -3,6 +3,7 @@
 #include <unistd.h>
 #include <QFileInfo>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -62,6 +63,13 @@ QString WebSignature::bodyText() {
     surface->ReadBodyText([&read](const QString& text) { read = text; });
     EXPECT_TRUE(QTest::qWaitFor([&read] { return read.has_value(); }, Enough));
     return read.value_or(QString());
+}
+
+void WebSignature::endPatience() {
+    auto* patience = surface->findChild<QTimer*>(QStringLiteral("patience"));
+    ASSERT_NE(patience, nullptr);
+    ASSERT_TRUE(patience->isActive()) << "The browser waits for nothing.";
+    patience->start(0);
 }
 
 bool WebSignature::isSilent() {

@@ -24,6 +24,8 @@ class WebSignature : public testing::Test {
     QString failure();
     /// The text of the page that is shown.
     QString bodyText();
+    /// Lets the browser's patience end now, whatever it waits for.
+    void endPatience();
     /// Whether the browser says nothing more by the time that it has answered another question.
     bool isSilent();
     /// The widget that takes mouse and keys for the page.

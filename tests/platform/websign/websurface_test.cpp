@@ -26,20 +26,24 @@ save.onclick = () => { location.href = '/svsign?points=' + points; };
 
 const QByteArray PlainText = "Content-Type: text/plain; charset=utf-8\r\n";
 
-/// Answers each box of a page with its default button and keeps the texts.
+/// Answers each box of a page with its default button and keeps the texts. `wait` runs while the box is open.
 class BoxReader : public QObject {
   public:
-    BoxReader() { qApp->installEventFilter(this); }
+    explicit BoxReader(std::function<void()> wait) : wait_(std::move(wait)) { qApp->installEventFilter(this); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (auto* box = qobject_cast<QMessageBox*>(watched); box != nullptr && event->type() == QEvent::Show) {
             texts << box->text();
+            wait_();
             QMetaObject::invokeMethod(box, &QDialog::accept, Qt::QueuedConnection);
         }
         return false;
     }
 
     QStringList texts;
+
+  private:
+    std::function<void()> wait_;
 };
 
 void moveWithTheButtonDown(QWidget* widget, QPoint to) {
@@ -202,7 +206,10 @@ TEST_F(WebSignature, WhatThePageTellsItsUserIsShownAndWaitsForThem) {
 onclick="alert('Draw &lt;b&gt;first&lt;/b&gt;')"></body>)~");
     surface->Navigate(service.address(QStringLiteral("/sign")));
     completed();
-    BoxReader boxes;
+    BoxReader boxes([this] {
+        endPatience();
+        QCoreApplication::processEvents();
+    });
     surface->ClickInputs(QStringLiteral("Save Signature"));
     EXPECT_EQ(bodyText().trimmed(), QStringLiteral("PLEASE"));
     EXPECT_EQ(boxes.texts, QStringList{QStringLiteral("Draw &lt;b&gt;first&lt;/b&gt;")}) << "No markup of the page's.";
