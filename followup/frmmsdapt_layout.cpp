@@ -175,13 +175,10 @@ QLayout* frmmsdApt::buildButtons() {
     cmdOk = FormButton(tr("&OK"), "cmdOk", this);
     cmdOk->setDefault(true);
     cmdCancel = FormButton(tr("&Cancel"), "cmdCancel", this);
-    auto* buttons = new QHBoxLayout;
+    QHBoxLayout* buttons = ButtonRow({cmdOk, cmdCancel});
     buttons->setSpacing(Space(8));
-    buttons->addWidget(Command1);
-    buttons->addWidget(cmdprint);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdCancel);
+    buttons->insertWidget(0, Command1);
+    buttons->insertWidget(1, cmdprint);
     return buttons;
 }
 
