@@ -78,7 +78,8 @@ void frmmsdApt::load() {
         loadnote();
     if (readOnly_)
         SetRO();
-    enableFields();
+    else
+        enableFields();
     savedState_ = FormState(*this);
 }
 
@@ -95,6 +96,7 @@ void frmmsdApt::loadAppointment() {
 void frmmsdApt::showPatient(const QString& name) {
     patientName_ = name;
     lblpatient->setText(OneLine(ShownName(name)));
+    lblpatient->setToolTip(TipText(lblpatient->text()));
 }
 
 void frmmsdApt::LoadProviders() {
@@ -110,13 +112,26 @@ void frmmsdApt::LoadProviders() {
             providers.append({rows["id"].text(), OneLine(rows["prov_lastname"].text())});
             ++bearers[providers.back().lastName.toLower()];
         }
-        for (const Provider& provider : providers) {
-            cboprovider->AddItem(
-                listedName(provider.id, provider.lastName, bearers.value(provider.lastName.toLower()) == 1));
-            List1->addItem(provider.id);
-        }
+        for (const Provider& provider : providers)
+            addProvider(provider.id, provider.lastName,
+                        listedName(provider.id, provider.lastName, bearers.value(provider.lastName.toLower()) == 1));
     });
     cboprovider->SetListIndex(rowOfProvider(Session().ProviderId));
+}
+
+void frmmsdApt::addProvider(const QString& id, const QString& lastName, const QString& listed) {
+    cboprovider->AddItem(listed);
+    List1->addItem(id);
+    List1->item(List1->count() - 1)->setData(Qt::UserRole, lastName.isEmpty() ? id : lastName);
+}
+
+QString frmmsdApt::providerId() const {
+    return List1->item(cboprovider->ListIndex())->text();
+}
+
+QString frmmsdApt::providerName() const {
+    const QListWidgetItem* provider = List1->item(cboprovider->ListIndex());
+    return provider == nullptr ? QString() : provider->data(Qt::UserRole).toString();
 }
 
 int frmmsdApt::rowOfProvider(const QString& id) const {
@@ -174,8 +189,7 @@ void frmmsdApt::chooseProvider(const QString& id) {
             if (!provider.Eof())
                 name = OneLine(provider["prov_lastname"].text());
         });
-        cboprovider->AddItem(tr("%1 (no longer on the list)").arg(name.isEmpty() ? id : name));
-        List1->addItem(id);
+        addProvider(id, name, tr("%1 (no longer on the list)").arg(name.isEmpty() ? id : name));
     }
     cboprovider->SetListIndex(rowOfProvider(id));
 }

@@ -105,7 +105,12 @@ class frmmsdApt : public EditorDialog {
     void showNote(const MissedNoteState& note);
     void showType(MissedType type);
     void chooseProvider(const QString& id);
+    void addProvider(const QString& id, const QString& lastName, const QString& listed);
     [[nodiscard]] int rowOfProvider(const QString& id) const;
+    /// The id of the chosen provider, who must be chosen.
+    [[nodiscard]] QString providerId() const;
+    /// The last name of the chosen provider, or the id of one who has no name. Empty when none is chosen.
+    [[nodiscard]] QString providerName() const;
     [[nodiscard]] bool mayChange() const { return !readOnly_ && !unread_; }
     void enableFields();
     void offerPrint();
@@ -121,6 +126,9 @@ class frmmsdApt : public EditorDialog {
     bool refuse(const QString& message, QWidget* field, const QString& title);
     bool save();
     bool saveAnew();
+    /// The note as the fields show it.
+    [[nodiscard]] MissedNoteState shownNote() const;
+    /// The note as a save is to leave it: as it is stored, unless the user has changed something.
     [[nodiscard]] MissedNoteState entered() const;
     void keep(const MissedNoteState& stored);
 

@@ -85,6 +85,9 @@ QSize frmmsdApt::sizeHint() const {
 
 QLayout* frmmsdApt::buildHeading(QWidget* parent) {
     lblpatient = factLabel("lblpatient", parent);
+    // A long name takes a second line, and one that does not break does not widen the form.
+    lblpatient->setWordWrap(true);
+    lblpatient->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lbltype = factLabel("lbltype", parent);
     ctdate = EditorDate(ctDEdit::Kind::Date, "ctdate", tr("Date"), parent);
     cboprovider = EditorCombo(CompletingCombo::Entry::ListOnly, "cboprovider", tr("Provider"), ComboCharacters, parent);

@@ -2,7 +2,6 @@
 
 #include <QLabel>
 
-#include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/notefield.h"
 #include "platform/database/recordset.h"
@@ -51,7 +50,7 @@ VSPrinter frmmsdApt::printedNote(const QString& header) const {
     addTitle(QStringLiteral("Missed Appointment Note"), TitlePoints);
     vp.AddParagraph(QStringLiteral("Patient: ") + ShownName(patientName_));
     vp.AddParagraph(QStringLiteral("Date: ") + ctdate->Text());
-    vp.AddParagraph(QStringLiteral("Provider: ") + cboprovider->Text());
+    vp.AddParagraph(QStringLiteral("Provider: ") + providerName());
     vp.AddParagraph(QStringLiteral("Type: ") + lbltype->text());
     vp.AddSpace(Gap);
     addTitle(QStringLiteral("Reason/Action"), TextPoints);

@@ -1,4 +1,3 @@
-#include <QListWidget>
 #include <QPushButton>
 
 #include "followup/frmmsdapt.h"
@@ -114,10 +113,12 @@ bool frmmsdApt::saveAnew() {
 
 // What the form fills in by itself, such as the current provider in a note without one, is no change of the user's.
 MissedNoteState frmmsdApt::entered() const {
-    if (stored_ && !IsChanged())
-        return *stored_;
+    return stored_ && !IsChanged() ? *stored_ : shownNote();
+}
+
+MissedNoteState frmmsdApt::shownNote() const {
     const QDate date = ctdate->Date();
-    const QString provider = List1->item(cboprovider->ListIndex())->text();
+    const QString provider = providerId();
     const db::Value stype = type_ == MissedType::None ? db::Value() : db::Value(static_cast<int>(type_));
     MissedNoteState state = stored_.value_or(MissedNoteState());
     put(state.session, "DateMarker", date, [&](const db::Value& stored) { return stored.date() == date; });

@@ -1,12 +1,10 @@
 #include <QLabel>
-#include <QListWidget>
 #include <QLocale>
 #include <QPushButton>
 
 #include "followup/frmesign.h"
 #include "followup/frmmsdapt.h"
 #include "followup/signaturekey.h"
-#include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/fieldflag.h"
 #include "platform/controls/notefield.h"
@@ -38,6 +36,12 @@ QString signatureLine(const StoredSignature& signature) {
              QLocale::c().toString(signature.date, QStringLiteral("hh:mm ap")));
 }
 
+QString confirmation() {
+    return QStringLiteral(
+               "By clicking SIGN, you hereby confirm that you have reviewed and verified the contents of the data entered in this document on ") +
+           QLocale::c().toString(Now(), QStringLiteral("MMM dd, yyyy h:mm ap"));
+}
+
 QString firstText(const QString& statement) {
     const Recordset row(statement, Session().Connection);
     return row.Eof() ? QString() : row[0].text().trimmed();
@@ -58,7 +62,10 @@ void frmmsdApt::btnsign_Click(SignatureWay way) {
     // Somebody must have been there to sign.
     if (!isComplete())
         return;
-    const MissedNoteState shown = entered();
+    const MissedNoteState shown = shownNote();
+    // Whoever signs a note that had no provider becomes its provider.
+    if (stored_ && shown != *stored_)
+        savedState_->clear();
     if (!save())
         return;
     if (*stored_ != shown) {
@@ -83,7 +90,7 @@ std::optional<SignatureRequest> frmmsdApt::signatureRequest(SignatureWay way) co
     request.way = way;
     request.SessionId = noteId_;
     request.CallerName = QStringLiteral("frmmsdApt");
-    request.ProviderId = List1->item(cboprovider->ListIndex())->text();
+    request.ProviderId = providerId();
     const QString name =
         Sql("Select pfirst_name + ' ' + plast_name AS [ProviderName] from provider_info Where id = '{}'",
             request.ProviderId);
@@ -98,12 +105,9 @@ std::optional<SignatureRequest> frmmsdApt::signatureRequest(SignatureWay way) co
     }
     // The full name is missing where one of its two parts is.
     if (request.ProviderName.isEmpty())
-        request.ProviderName = cboprovider->Text();
+        request.ProviderName = providerName();
     request.DateText = dateText(Now());
-    request.Message =
-        QStringLiteral(
-            "By clicking SIGN, you hereby confirm that you have reviewed and verified the contents of the data entered in this document on ") +
-        QLocale::c().toString(Now(), QStringLiteral("MMM dd, yyyy h:mm ap"));
+    request.Message = confirmation();
     return request;
 }
 
@@ -145,6 +149,7 @@ void frmmsdApt::showSignature(const StoredSignature& signature) {
         showDrawn(signature);
     }
     lblsignstatus->setVisible(!lblsignstatus->text().isEmpty());
+    SigPlus1->setAccessibleDescription(lblsignstatus->text());
     enableFields();
 }
 

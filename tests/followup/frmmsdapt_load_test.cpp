@@ -194,6 +194,15 @@ TEST_F(MissedNoteLoad, ALineEndInAStoredNameDoesNotBreakTheHeading) {
     EXPECT_EQ(open().lblpatient->text(), QStringLiteral("Jones, Mary & Tom"));
 }
 
+TEST_F(MissedNoteLoad, ALongNameDoesNotWidenTheForm) {
+    const QSize usual = open().size();
+    for (const QString& name : {QStringLiteral("W").repeated(255), QStringLiteral("Jones, Mary ").repeated(20)}) {
+        run(Sql("Update appointments Set cappttext = '{}'", name));
+        EXPECT_EQ(open().width(), usual.width());
+        EXPECT_EQ(form->lblpatient->text(), name);
+    }
+}
+
 TEST_F(MissedNoteLoad, EveryFieldIsReachedByTheKeyboardAndEveryLetterIsUsedOnce) {
     open();
     QStringList letters;

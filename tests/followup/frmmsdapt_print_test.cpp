@@ -61,6 +61,12 @@ TEST_F(MissedNotePrint, TheNoteStandsOnPaperAsItStandsInTheForm) {
             QStringLiteral("___________________________\t_____________"), QStringLiteral("Signature\t\t\t\tDate")}));
 }
 
+TEST_F(MissedNotePrint, AProviderWhoHasLeftIsPrintedByNameAlone) {
+    run(QStringLiteral("Update sessions Set providerid = 'STONE'"));
+    open();
+    EXPECT_TRUE(linesOf(previewed()).contains(QStringLiteral("Provider: Stone")));
+}
+
 TEST_F(MissedNotePrint, WhatWasNotSavedYetIsPrintedToo) {
     open();
     type(QStringLiteral("Ill"));

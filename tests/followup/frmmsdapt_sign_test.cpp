@@ -349,6 +349,33 @@ TEST_F(MissedNoteSign, TheChosenProviderSignsAndNotTheCurrentOne) {
     click(SignatureWay::Pad);
 }
 
+TEST_F(MissedNoteSign, AProviderWithoutAFullNameSignsByTheLastName) {
+    run(QStringLiteral("Insert Into provider_info (id, prov_lastname) Values ('OBRIEN2', 'O''Brien')"));
+    for (const char* id : {"OBRIEN", "STONE"}) {
+        run(QStringLiteral("Delete from sessions"));
+        addNote();
+        run(Sql("Update sessions Set providerid = '{}'", QString::fromLatin1(id)));
+        open();
+        expectSigning([id](frmesign& dialog) {
+            EXPECT_EQ(dialog.pnlSigName->text(), *id == 'O' ? QStringLiteral("O'Brien") : QStringLiteral("Stone"));
+            dialog.reject();
+        });
+        click(SignatureWay::Pad);
+        run(QStringLiteral("Delete from MissedAppt"));
+    }
+}
+
+TEST_F(MissedNoteSign, ANoteWithoutAProviderGetsTheOneWhoSigns) {
+    addNote();
+    run(QStringLiteral("Update sessions Set providerid = null"));
+    open();
+    expectSigning(typePassword);
+    click(SignatureWay::Password);
+    EXPECT_EQ(newest("providerid", "sessions"), QStringLiteral("REED"));
+    EXPECT_FALSE(maySign());
+    EXPECT_FALSE(form->IsChanged());
+}
+
 TEST_F(MissedNoteSign, ANoteThatCannotBeSavedIsNotSigned) {
     addNote();
     open();
