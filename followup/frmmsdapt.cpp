@@ -17,6 +17,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "platform/spelling/vsspell.h"
 #include "platform/text/plaintext.h"
 #include "session/audit.h"
 #include "session/errorbox.h"
@@ -45,6 +46,7 @@ frmmsdApt::frmmsdApt(const MissedNoteRequest& request, QWidget* parent)
     buildForm();
     connectFields();
     load();
+    FollowHiddenNames(this, [this](bool) { showPatient(patientName_); });
     FitToScreen(*this);
 }
 
@@ -136,7 +138,7 @@ void frmmsdApt::loadnote() {
     });
     if (signature) {
         showSignature(*signature);
-        audit("View", "Viewed");
+        audit("View", "Viewed Missed Appointment Note of %1 for patient, %2");
     } else if (!found) {
         MsgBox(QStringLiteral("Another user has deleted this note."), ExclamationBox, QStringLiteral("Solvane"));
         cmdOk->setFocus();
@@ -186,17 +188,21 @@ void frmmsdApt::SetRO() {
 // The text is set to read-only and not disabled, because a disabled field could neither be scrolled nor copied from.
 void frmmsdApt::enableFields() {
     txtreason->setReadOnly(!mayChange());
-    for (QWidget* field : std::initializer_list<QWidget*>{ctdate, cboprovider})
+    for (QWidget* field : std::initializer_list<QWidget*>{ctdate, cboprovider, btnspell, Command1})
         field->setEnabled(mayChange());
     for (QPushButton* button : btnsign)
         button->setEnabled(mayChange() && !signed_);
-    for (QWidget* button : std::initializer_list<QWidget*>{btnprint, cmdprint})
-        button->setEnabled(hasReason());
+    offerPrint();
     showHint();
 }
 
+void frmmsdApt::offerPrint() {
+    btnprint->setEnabled(hasReason());
+    cmdprint->setEnabled(hasReason());
+}
+
 void frmmsdApt::showHint() {
-    QString hint;
+    QString hint = VSSpell1->Hint();
     if (unread_)
         hint = tr("The note could not be read. Close this window and open the note again.");
     else if (readOnly_)
@@ -205,8 +211,11 @@ void frmmsdApt::showHint() {
     lblhint->setVisible(!hint.isEmpty());
 }
 
-void frmmsdApt::audit(const char* action, const char* what) const {
+void frmmsdApt::checkSpelling() {
+    VSSpell1->CheckSpelling();
+}
+
+void frmmsdApt::audit(const char* action, const char* text) const {
     AuditLog(Session().UID, QStringLiteral("Patient"), QString::fromLatin1(action), {},
-             QStringLiteral("%1 Missed Appointment Note of %2 for patient, %3")
-                 .arg(QString::fromLatin1(what), AuditDate(ctdate->Date()), patientName_));
+             QString::fromLatin1(text).arg(AuditDate(ctdate->Date()), patientName_));
 }

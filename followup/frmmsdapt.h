@@ -17,6 +17,7 @@ class QPushButton;
 class QToolButton;
 class SigPlus;
 class VSPrinter;
+class VSSpell;
 class ctDEdit;
 
 /// What the missed-appointment note works on, as the view knows it when it opens the form.
@@ -70,12 +71,15 @@ class frmmsdApt : public EditorDialog {
     CompletingCombo* cboprovider = nullptr;
     QListWidget* List1 = nullptr;  ///< The ids of the providers in cboprovider. It is never shown.
     NoteField* txtreason = nullptr;
+    VSSpell* VSSpell1 = nullptr;
+    QToolButton* btnspell = nullptr;
     QToolButton* btnprint = nullptr;
-    QLabel* lblhint = nullptr;  ///< Says why the note cannot be changed; else hidden.
+    QLabel* lblhint = nullptr;  ///< Says why the note cannot be changed or its spelling not be checked; else hidden.
     QLabel* pnlSig = nullptr;   ///< Shows a signature by password as its text, or SigPlus1.
     SigPlus* SigPlus1 = nullptr;
     QLabel* lblsignstatus = nullptr;        ///< Says who signed on the pad, or why the signature counts no more.
     std::array<QPushButton*, 3> btnsign{};  ///< By SignatureWay.
+    QPushButton* Command1 = nullptr;        ///< Spell Check
     QPushButton* cmdprint = nullptr;
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
@@ -104,8 +108,10 @@ class frmmsdApt : public EditorDialog {
     [[nodiscard]] int rowOfProvider(const QString& id) const;
     [[nodiscard]] bool mayChange() const { return !readOnly_ && !unread_; }
     void enableFields();
+    void offerPrint();
     void showHint();
-    void audit(const char* action, const char* what) const;
+    void checkSpelling();
+    void audit(const char* action, const char* text) const;
 
     // frmmsdapt_save.cpp
     void cmdOk_Click();

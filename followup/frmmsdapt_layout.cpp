@@ -12,7 +12,9 @@
 #include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/notefield.h"
+#include "platform/desktop/userstore.h"
 #include "platform/signature/sigplus.h"
+#include "platform/spelling/vsspell.h"
 #include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
@@ -22,8 +24,8 @@ namespace {
 
 constexpr int ComboCharacters = 26;
 constexpr int LeastReasonLines = 4;
-constexpr int MoreReasonLines = 8;  ///< Where the screen has room.
-constexpr int FormCharacters = 92;
+constexpr int MoreReasonLines = 11;  ///< Where the screen has room. A signature that comes later finds its place there.
+constexpr int FormCharacters = 100;
 
 QLabel* factLabel(const char* name, QWidget* parent) {
     auto* label = Named(new QLabel(parent), name);
@@ -71,13 +73,14 @@ void frmmsdApt::buildForm() {
     whole->setSpacing(Space(12));
     whole->addWidget(new FormArea(fields, this), 1);
     whole->addLayout(buildButtons());
-    fields->setMinimumWidth(fontMetrics().averageCharWidth() * FormCharacters);
     setTabOrders();
     txtreason->setFocus();
 }
 
 QSize frmmsdApt::sizeHint() const {
-    return EditorDialog::sizeHint() + QSize(0, MoreReasonLines * fontMetrics().lineSpacing());
+    const QSize least = EditorDialog::sizeHint();
+    return {std::max(least.width(), fontMetrics().averageCharWidth() * FormCharacters),
+            least.height() + MoreReasonLines * fontMetrics().lineSpacing()};
 }
 
 QLayout* frmmsdApt::buildHeading(QWidget* parent) {
@@ -107,10 +110,12 @@ QLayout* frmmsdApt::buildHeading(QWidget* parent) {
 }
 
 QLayout* frmmsdApt::buildReasonTitle(QWidget* parent) {
+    btnspell = iconButton("btnspell", "spelling", tr("Check the spelling"), tr("Check the spelling (F7)"), parent);
     btnprint = iconButton("btnprint", "print", tr("Print the note"), tr("Print the note (Ctrl+P)"), parent);
     auto* row = new QHBoxLayout;
     row->setSpacing(Space(4));
     row->addWidget(FieldLabel(tr("&Reason/Action:"), txtreason), 1, Qt::AlignBottom);
+    row->addWidget(btnspell);
     row->addWidget(btnprint);
     return row;
 }
@@ -120,6 +125,7 @@ void frmmsdApt::buildReason(QWidget* parent) {
     txtreason->setAccessibleName(tr("Reason/Action"));
     txtreason->setKeepsSeparators(true);
     txtreason->setLines(LeastReasonLines);
+    VSSpell1 = Named(new VSSpell(txtreason, UserDataFolder() + QStringLiteral("/Custom.dct"), this), "VSSpell1");
     lblhint = statusLabel("lblhint", parent);
     lblhint->setForegroundRole(QPalette::PlaceholderText);
 }
@@ -154,7 +160,7 @@ QHBoxLayout* frmmsdApt::buildSigning(QWidget* parent) {
     row->setSpacing(Space(8));
     row->addWidget(new QLabel(tr("Sign with:"), parent));
     for (std::size_t way = 0; way < ways.size(); ++way) {
-        btnsign[way] = FormButton(ways[way].text, "btnsign", parent);
+        btnsign[way] = Named(FormButton(ways[way].text, "", parent), QStringLiteral("btnsign%1").arg(way));
         btnsign[way]->setIcon(Icon(ways[way].icon));
         btnsign[way]->setToolTip(ways[way].tip);
         row->addWidget(btnsign[way]);
@@ -164,12 +170,14 @@ QHBoxLayout* frmmsdApt::buildSigning(QWidget* parent) {
 }
 
 QLayout* frmmsdApt::buildButtons() {
+    Command1 = FormButton(QStringLiteral("&Spell Check"), "Command1", this);
     cmdprint = FormButton(tr("&Print..."), "cmdprint", this);
     cmdOk = FormButton(tr("&OK"), "cmdOk", this);
     cmdOk->setDefault(true);
     cmdCancel = FormButton(tr("&Cancel"), "cmdCancel", this);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Space(8));
+    buttons->addWidget(Command1);
     buttons->addWidget(cmdprint);
     buttons->addStretch(1);
     buttons->addWidget(cmdOk);
@@ -178,13 +186,14 @@ QLayout* frmmsdApt::buildButtons() {
 }
 
 void frmmsdApt::connectFields() {
-    connect(txtreason, &NoteField::textChanged, this, [this] {
-        for (QWidget* button : std::initializer_list<QWidget*>{btnprint, cmdprint})
-            button->setEnabled(hasReason());
-    });
+    connect(txtreason, &NoteField::textChanged, this, &frmmsdApt::offerPrint);
+    // By then it is known whether there is a dictionary.
+    connect(txtreason, &NoteField::textChanged, this, &frmmsdApt::showHint);
     for (std::size_t way = 0; way < btnsign.size(); ++way)
         connect(btnsign[way], &QPushButton::clicked, this,
                 [this, way] { btnsign_Click(static_cast<SignatureWay>(way)); });
+    connect(btnspell, &QToolButton::clicked, this, &frmmsdApt::checkSpelling);
+    connect(Command1, &QPushButton::clicked, this, &frmmsdApt::checkSpelling);
     connect(btnprint, &QToolButton::clicked, this, &frmmsdApt::cmdprint_Click);
     connect(cmdprint, &QPushButton::clicked, this, &frmmsdApt::cmdprint_Click);
     connect(cmdOk, &QPushButton::clicked, this, &frmmsdApt::cmdOk_Click);
@@ -193,12 +202,13 @@ void frmmsdApt::connectFields() {
         connect(new QShortcut(keys, this), &QShortcut::activated, button, &QAbstractButton::click);
     };
     key(QKeySequence(Qt::CTRL | Qt::Key_Return), cmdOk);
+    key(QKeySequence(Qt::Key_F7), Command1);
     key(QKeySequence::Print, cmdprint);
 }
 
 void frmmsdApt::setTabOrders() {
-    const QList<QWidget*> order{ctdate,     cboprovider, btnprint, txtreason, btnsign[0],
-                                btnsign[1], btnsign[2],  cmdprint, cmdOk,     cmdCancel};
+    const QList<QWidget*> order{ctdate,     cboprovider, btnspell, btnprint, txtreason, btnsign[0],
+                                btnsign[1], btnsign[2],  Command1, cmdprint, cmdOk,     cmdCancel};
     for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
 }

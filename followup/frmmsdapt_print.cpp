@@ -32,7 +32,7 @@ void frmmsdApt::cmdprint_Click() {
         return;
     }
     if (hasReason() && printedNote(header).Preview(this))
-        audit("Print", "Printed");
+        audit("Print", "Printed Missed Appointment Note of %1 for patient, %2");
 }
 
 VSPrinter frmmsdApt::printedNote(const QString& header) const {

@@ -82,7 +82,7 @@ bool frmmsdApt::savenewnote() {
     noteId_ = outcome.noteId;
     appointmentNote_ = noteId_;
     keep(outcome.state);
-    audit("Add", "Added new");
+    audit("Add", "Added new Missed Appointment Note of %1 for patient, %2");
     return true;
 }
 
@@ -100,7 +100,7 @@ bool frmmsdApt::savenote() {
         return false;
     keep(outcome.state);
     if (outcome.changed)
-        audit("Modify", "Modified");
+        audit("Modify", "Modified Missed Appointment Note of %1 for patient, %2");
     return true;
 }
 

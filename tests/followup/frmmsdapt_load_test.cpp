@@ -1,4 +1,6 @@
+#include <functional>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
@@ -8,9 +10,13 @@
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/notefield.h"
+#include "platform/spelling/dictionary.h"
+#include "platform/spelling/vsspell.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
 #include "tests/followup/missednotefixture.h"
+#include "tests/support/files.h"
+#include "tests/support/triplog.h"
 
 using db::Sql;
 
@@ -141,7 +147,8 @@ TEST_F(MissedNoteLoad, AReadOnlyNoteCanBeReadAndPrintedOnly) {
         Session().ScreenAccess = access;
         open();
         EXPECT_TRUE(form->txtreason->isReadOnly());
-        for (const QWidget* field : {static_cast<QWidget*>(form->cboprovider), static_cast<QWidget*>(form->ctdate)})
+        for (const QWidget* field : {static_cast<QWidget*>(form->cboprovider), static_cast<QWidget*>(form->ctdate),
+                                     static_cast<QWidget*>(form->btnspell), static_cast<QWidget*>(form->Command1)})
             EXPECT_FALSE(field->isEnabled()) << field->objectName().toStdString();
         EXPECT_FALSE(maySign());
         EXPECT_TRUE(form->cmdprint->isEnabled());
@@ -161,9 +168,21 @@ TEST_F(MissedNoteLoad, OfAReadOnlyNoteWithoutATextNothingIsAsked) {
     EXPECT_FALSE(isOpen());
 }
 
+TEST_F(MissedNoteLoad, OpeningIsOneTripAndOneMoreForTheAuditLog) {
+    addNote();
+    open();  // The columns of the tables are looked up once a run.
+    EXPECT_TRUE(TakesAtMost(2, [this] { const frmmsdApt note(request); }));
+    Session().ALEnabled = false;
+    EXPECT_TRUE(TakesAtMost(1, [this] { const frmmsdApt note(request); }));
+}
+
 TEST_F(MissedNoteLoad, AHiddenNameIsNotShownButStored) {
     SetNamesHidden(true);
     open();
+    EXPECT_FALSE(form->lblpatient->text().contains(QStringLiteral("Jones")));
+    SetNamesHidden(false);
+    EXPECT_EQ(form->lblpatient->text(), QStringLiteral("Jones, Mary"));
+    SetNamesHidden(true);
     EXPECT_FALSE(form->lblpatient->text().contains(QStringLiteral("Jones")));
     type(QStringLiteral("Ill"));
     ok();
@@ -184,16 +203,60 @@ TEST_F(MissedNoteLoad, EveryFieldIsReachedByTheKeyboardAndEveryLetterIsUsedOnce)
     for (const QLabel* label : form->findChildren<QLabel*>())
         if (const qsizetype at = label->text().indexOf(QLatin1Char('&')); label->buddy() != nullptr && at >= 0)
             letters << label->text().mid(at + 1, 1).toUpper();
-    EXPECT_EQ(letters.size(), 9);
+    EXPECT_EQ(letters.size(), 10);
     EXPECT_EQ(letters.removeDuplicates(), 0);
     QSet<QWidget*> reached;
     for (int tab = 0; tab < 20; ++tab) {
         reached << QApplication::focusWidget();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    for (QWidget* field :
-         std::initializer_list<QWidget*>{form->ctdate, form->cboprovider, form->txtreason, form->btnsign[0],
-                                         form->btnsign[1], form->btnsign[2], form->cmdOk, form->cmdCancel})
+    for (QWidget* field : std::initializer_list<QWidget*>{
+             form->ctdate, form->cboprovider, form->txtreason, form->btnspell, form->btnsign[0], form->btnsign[1],
+             form->btnsign[2], form->Command1, form->cmdOk, form->cmdCancel})
         EXPECT_TRUE(reached.contains(field)) << field->objectName().toStdString();
     EXPECT_FALSE(reached.contains(form->cmdprint)) << "There is nothing to print yet.";
+}
+
+// Spelling.
+
+TEST_F(MissedNoteLoad, AWrongWordIsFoundByButtonAndKeyAndCorrected) {
+    open();
+    for (const auto& check :
+         std::initializer_list<std::function<void()>>{[this] { QTest::mouseClick(form->Command1, Qt::LeftButton); },
+                                                      [this] { QTest::mouseClick(form->btnspell, Qt::LeftButton); },
+                                                      [this] { QTest::keyClick(form->txtreason, Qt::Key_F7); }}) {
+        form->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        type(QStringLiteral("Nobody cald"));
+        desk.expectForm("SpellingDialog", [](QDialog& dialog) {
+            dialog.findChild<QLineEdit*>(QStringLiteral("txtchange"))->setText(QStringLiteral("called"));
+            dialog.findChild<QPushButton*>(QStringLiteral("cmdchange"))->click();
+        });
+        desk.expectBox(QStringLiteral("The spelling check is complete."), QStringLiteral("Spelling"));
+        check();
+        EXPECT_EQ(form->txtreason->toPlainText(), QStringLiteral("Nobody called"));
+    }
+}
+
+TEST_F(MissedNoteLoad, AnAddedWordIsKeptInTheUsersOwnList) {
+    open();
+    type(QStringLiteral("Buprenorphin"));
+    desk.expectForm("SpellingDialog",
+                    [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdadd"))->click(); });
+    desk.expectBox(QStringLiteral("The spelling check is complete."), QStringLiteral("Spelling"));
+    QTest::mouseClick(form->Command1, Qt::LeftButton);
+    EXPECT_EQ(FileBytes(folder.filePath(QStringLiteral("Custom.dct"))), QByteArray("Buprenorphin\n"));
+    open();
+    type(QStringLiteral("Buprenorphin"));
+    desk.expectBox(QStringLiteral("The spelling check is complete."), QStringLiteral("Spelling"));
+    QTest::mouseClick(form->Command1, Qt::LeftButton);
+}
+
+TEST_F(MissedNoteLoad, WithoutADictionaryTheFormSaysSo) {
+    const QString before = std::exchange(DictionaryFolder(), folder.path());
+    open();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !form->VSSpell1->Hint().isEmpty(); }));
+    type(QStringLiteral("Ill"));
+    EXPECT_EQ(shown(form->lblhint), QStringLiteral("Spelling is not checked, because no dictionary is installed."));
+    DictionaryFolder() = before;
 }

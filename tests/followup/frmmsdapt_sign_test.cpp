@@ -1,4 +1,5 @@
 #include <functional>
+#include <QApplication>
 #include <QDateTime>
 #include <QLabel>
 #include <QPushButton>
@@ -296,6 +297,19 @@ TEST_F(MissedNoteSign, ANewNoteSignedOnThePadKeepsItsSignature) {
     open();
     EXPECT_GT(form->SigPlus1->PointCount(), 0);
     EXPECT_FALSE(maySign());
+}
+
+TEST_F(MissedNoteSign, ASignatureFindsItsPlaceInTheOpenForm) {
+    open();
+    type(QStringLiteral("Ill"));
+    const QSize before = form->size();
+    expectSigning([](frmesign& dialog) { draw(dialog); });
+    click(SignatureWay::Pad);
+    QApplication::processEvents();
+    EXPECT_EQ(form->size(), before);
+    for (const QWidget* seen : {static_cast<QWidget*>(form->SigPlus1), static_cast<QWidget*>(form->lblsignstatus),
+                                static_cast<QWidget*>(form->btnsign[2])})
+        EXPECT_EQ(seen->visibleRegion().boundingRect(), seen->rect()) << seen->objectName().toStdString();
 }
 
 TEST_F(MissedNoteSign, ACancelledSigningLeavesASavedNote) {
