@@ -5,11 +5,10 @@
 #include "followup/signaturekey.h"
 #include "followup/signaturestamp.h"
 #include "platform/controls/textfield.h"
-#include "platform/database/recordset.h"
-#include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/signature/sigplus.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 namespace {
@@ -72,13 +71,8 @@ void frmesign::cmdSign_Click() {
 }
 
 void frmesign::VerifyPassword(const QString& userid, bool& ok) const {
-    ok = false;
-    db::Ignoring([&] {
-        const db::Recordset user(db::Sql("select pswd_password from passwords where pswd_user_id = '{}'", userid),
-                                 Session().Connection);
-        const QString stored = user.Eof() ? QString() : user["pswd_password"].text();
-        ok = !stored.isEmpty() && ScramblePassword(txtpw->text(), Session().ScrambleKey) == stored;
-    });
+    const QString stored = GetStoredPassword(userid);
+    ok = !stored.isEmpty() && txtpw->text() == stored;
     if (!ok)
         MsgBox(QStringLiteral("Error validating password for selected user or invalid password. Try again."),
                ExclamationBox, Title);

@@ -39,6 +39,7 @@ class frmesign : public QDialog {
 
     /// Sets `ok` to whether the typed password is that of the user. The user is told where it is not.
     void VerifyPassword(const QString& userid, bool& ok) const;
+    void done(int result) override;
 
     // The password. Only the panel of the request's way is shown.
     QWidget* pnlpassword = nullptr;
@@ -72,9 +73,6 @@ class frmesign : public QDialog {
     QPushButton* cmdClearPic = nullptr;
     QPushButton* cmdSign3 = nullptr;
     QPushButton* cmdCancel3 = nullptr;
-
-  public Q_SLOTS:
-    void done(int result) override;
 
   private:
     void buildForm();

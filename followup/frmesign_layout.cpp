@@ -69,15 +69,10 @@ QHBoxLayout* headLine(QLabel* name, QLabel* date) {
     return line;
 }
 
-/// The button that clears, where there is one, on the left, and those that end the form on the right.
+/// The buttons that end the form, and at the other end the one that clears.
 QHBoxLayout* buttonLine(QPushButton* clear, QPushButton* sign, QPushButton* cancel) {
-    auto* line = new QHBoxLayout;
-    line->setSpacing(Space(8));
-    if (clear != nullptr)
-        line->addWidget(clear);
-    line->addStretch(1);
-    line->addWidget(sign);
-    line->addWidget(cancel);
+    QHBoxLayout* line = ButtonRow({sign, cancel});
+    line->insertWidget(0, clear);
     return line;
 }
 
@@ -126,7 +121,7 @@ QWidget* frmesign::passwordPanel() {
     column->addLayout(grid);
     column->addWidget(lblmessage1);
     column->addStretch(1);
-    column->addLayout(buttonLine(nullptr, cmdSign, cmdcancel));
+    column->addLayout(ButtonRow({cmdSign, cmdcancel}));
     return panel;
 }
 

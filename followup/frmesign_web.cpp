@@ -7,7 +7,7 @@
 #include <QStackedLayout>
 
 #include "followup/frmesign.h"
-#include "platform/desktop/desktop.h"
+#include "platform/desktop/busypointer.h"
 #include "platform/desktop/userstore.h"
 #include "platform/files/privatefile.h"
 #include "platform/signature/sigplus.h"
@@ -39,6 +39,7 @@ frmesign::~frmesign() {
 }
 
 void frmesign::openPage() {
+    const BusyPointer busy;
     QString why;
     webMain = LoadWebSurface(pnlweb, &why);
     if (webMain == nullptr) {

@@ -35,7 +35,7 @@ QString SignatureKey(int sessionId) {
                 Sql("Update sessions Set ModifiedDate = GetDate() Where id = {} And ModifiedDate Is Null", sessionId));
             note.Open(modifiedStatement(sessionId), connection);
         }
-        if (const QString key = note.Eof() ? QString() : keyTextOf(note["ModifiedDate"].dateTime()); !key.isEmpty())
+        if (QString key = note.Eof() ? QString() : keyTextOf(note["ModifiedDate"].dateTime()); !key.isEmpty())
             return key;
         MsgBox(Failed, ExclamationBox, QStringLiteral("Solvane"));
     } catch (const db::DatabaseError& error) {

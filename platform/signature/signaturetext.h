@@ -27,7 +27,7 @@
 // "SVSIG1.2.1." as additional data.
 
 /// The longest text that is written or read.
-inline constexpr qsizetype MostSignatureText = 256 * 1024;
+inline constexpr qsizetype MostSignatureText = 262144;
 
 enum class SignaturePacking { Numbers = 0, Differences = 1 };
 

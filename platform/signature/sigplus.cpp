@@ -205,7 +205,7 @@ bool SigPlus::touched(const QTouchEvent& touch) {
             finger_ = point.id();
             setFocus(Qt::MouseFocusReason);
             begin(Hand::Finger, point.position(), EvenShare);
-        } else if (hand_ == Hand::Finger && point.id() == finger_ && point.state() != QEventPoint::Stationary) {
+        } else if (hand_ == Hand::Finger && point.id() == finger_) {
             extend(point.position(), EvenShare);
             if (point.state() == QEventPoint::Released)
                 finish();

@@ -9,8 +9,8 @@
 
 namespace {
 
-// A piece of checking keeps the field waiting for no longer than this.
-constexpr qint64 PieceMilliseconds = 8;
+// Characters of one piece, which take a few milliseconds. A paragraph is always checked whole.
+constexpr qsizetype PieceCharacters = 30000;
 
 enum BlockState { Unchecked = -1, Checked = 1 };
 
@@ -37,18 +37,24 @@ SpellUnderlines::SpellUnderlines(QPlainTextEdit& field, WordTest isMisspelt, QOb
 void SpellUnderlines::CheckAgain() {
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
         block.setUserState(Unchecked);
+    beginPiece();
+}
+
+/// What is checked from here on until the program is idle again is one piece.
+void SpellUnderlines::beginPiece() {
+    if (piece_.isActive())
+        return;
+    left_ = PieceCharacters;
     piece_.start(0);
 }
 
 void SpellUnderlines::highlightBlock(const QString& text) {
-    if (!piece_.isActive()) {
-        spent_.start();
-        piece_.start(0);
-    }
-    if (spent_.hasExpired(PieceMilliseconds)) {
+    beginPiece();
+    if (left_ <= 0) {
         setCurrentBlockState(Unchecked);
         return;
     }
+    left_ -= text.size();
     setCurrentBlockState(Checked);
     if (field_.isReadOnly() || !field_.isEnabled())
         return;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <QElapsedTimer>
 #include <QSyntaxHighlighter>
 #include <QTimer>
 
@@ -26,6 +25,7 @@ class SpellUnderlines : public QSyntaxHighlighter {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void beginPiece();
     void checkNextPiece();
     bool checkUnchecked(const QTextBlock& from, int to);
     void noteTyping(int position, int removed, int added);
@@ -35,7 +35,7 @@ class SpellUnderlines : public QSyntaxHighlighter {
 
     QPlainTextEdit& field_;
     WordTest isMisspelt_;
-    QTimer piece_;         ///< Runs while a text may have unchecked paragraphs.
-    QElapsedTimer spent_;  ///< Since this piece began.
-    int typedTo_ = -1;     ///< Where the caret stands in the word being typed; -1 for none.
+    QTimer piece_;        ///< Runs while a text may have unchecked paragraphs.
+    qsizetype left_ = 0;  ///< Characters that this piece may still check.
+    int typedTo_ = -1;    ///< Where the caret stands in the word being typed; -1 for none.
 };

@@ -217,5 +217,9 @@ TEST(OpenSignature, WithDifferencesThatLeadNowhereIsNone) {
           QByteArray("\x64\x32\x01\x02\x02", 5), QByteArray("\x64\x32\x01\x01\x00\x00", 6), QByteArray(100000, '\xFF'),
           QByteArray(150000, '\x7F'), QByteArray("\x64\x32", 2) + QByteArray(150000, 0)})
         EXPECT_FALSE(ReadSignature(openText("SVSIG1.0.1.", body), {})) << body.size();
+    for (const char* point : {"\xFE\xFF\x7F\x02\x02", "\x02\xFE\xFF\x7F\x02", "\x02\x02\xFE\xFF\x7F"}) {
+        const QByteArray manyPoints = QByteArray("\x64\x32\x90\x4E", 4) + QByteArray(point).repeated(10000);
+        EXPECT_FALSE(ReadSignature(openText("SVSIG1.0.1.", manyPoints), {})) << "Their sum is beyond the range of int.";
+    }
     EXPECT_TRUE(ReadSignature(openText("SVSIG1.0.1.", QByteArray("\x64\x32\x01\x02\x02\x00", 6)), {}));
 }
