@@ -93,6 +93,7 @@ Table viewMenu() {
         {Kind::Command, menu::mnuVCheckedin, "&Checked-In...", "checkedin"},
         {Kind::Command, menu::mnuVActivity, "Activity &Scheduler...", "activity"},
         {Kind::Command, menu::mnuVColor, "Color &Legend...", "legend"},
+        {Kind::Command, menu::mnuVABook, "Address &Book...", "addressbook", "Ctrl+B"},
         {Kind::Separator, menu::mnuVsep3},
         {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
         {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
@@ -160,6 +161,8 @@ Table roomViewMenu() {
         {Kind::Command, menu::mnuVNext, "&Next Day", "next", "Alt+Right"},
         {Kind::Command, menu::mnuVRefresh, "Refr&esh", "refresh", "F5"},
         {Kind::Separator, menu::mnuVsep2},
+        {Kind::Command, menu::mnuVABook, "Address &Book...", "addressbook", "Ctrl+B"},
+        {Kind::Separator, menu::mnuVsep3},
         {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
         {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
     };
