@@ -6,6 +6,7 @@
 
 #include "appointments/notice.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/formparts.h"
 #include "platform/theme/theme.h"
 #include "session/hiddennames.h"
 
@@ -89,10 +90,7 @@ void AppointmentConflict::layOutForm() {
     text->setSpacing(Space(4));
     text->addWidget(heading);
     text->addWidget(lblmessage);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdaccept);
-    buttons->addWidget(cmdreschedule);
+    auto* buttons = ButtonRow({cmdaccept, cmdreschedule});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "appointments/notice.h"
+#include "platform/controls/formparts.h"
 #include "platform/theme/theme.h"
 
 namespace {
@@ -31,9 +32,7 @@ frmAlert::frmAlert(QWidget* parent) : QDialog(parent) {
 
     auto* text = new QVBoxLayout;
     text->addWidget(scroll);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
+    auto* buttons = ButtonRow({cmdOk});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(16));

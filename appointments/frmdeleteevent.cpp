@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "appointments/appointmentdelete.h"
+#include "platform/controls/formparts.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
 
@@ -35,10 +36,7 @@ frmDeleteEvent::frmDeleteEvent(int key, const QString& attendee, QWidget* parent
     ok->setDefault(true);
     auto* cancel = new QPushButton(QStringLiteral("&Cancel"), this);
     cancel->setObjectName(QStringLiteral("Command2"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    auto* buttons = ButtonRow({ok, cancel});
     column->addLayout(buttons);
     optdelete[0]->setFocus();
     connect(ok, &QPushButton::clicked, this, &frmDeleteEvent::deleteChosen);

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "appointments/notice.h"
+#include "platform/controls/formparts.h"
 #include "platform/theme/theme.h"
 
 frmeConflict::frmeConflict(QWidget* parent) : QDialog(parent) {
@@ -23,9 +24,7 @@ frmeConflict::frmeConflict(QWidget* parent) : QDialog(parent) {
     text->addWidget(NoticeLabel(QStringLiteral("lblmessage"),
                                 QStringLiteral("The following providers have conflict on the selected Date and Time:"),
                                 this));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdreschedule);
+    auto* buttons = ButtonRow({cmdreschedule});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));

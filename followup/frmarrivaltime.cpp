@@ -8,6 +8,7 @@
 #include "appointments/appointmentwrites.h"
 #include "followup/checkintime.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/formparts.h"
 #include "platform/database/recordset.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
@@ -50,17 +51,11 @@ void frmarrivalTime::buildForm() {
     // The line always keeps its height, so that the form does not jump when it is filled.
     lblproblem->setMinimumHeight(fontMetrics().height() * 2);
     lblproblem->setAlignment(Qt::AlignTop);
-    cmdOk = new QPushButton(tr("&OK"), this);
-    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk = FormButton(tr("&OK"), "cmdOk", this);
     cmdOk->setDefault(true);
-    cmdcancel = new QPushButton(tr("&Cancel"), this);
-    cmdcancel->setObjectName(QStringLiteral("cmdcancel"));
-    cmdcancel->setAutoDefault(false);
+    cmdcancel = FormButton(tr("&Cancel"), "cmdcancel", this);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdcancel);
+    auto* buttons = ButtonRow({cmdOk, cmdcancel});
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     grid->setHorizontalSpacing(Space(8));

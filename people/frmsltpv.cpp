@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/ctlist.h"
+#include "platform/controls/formparts.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/theme/icon.h"
@@ -68,21 +69,15 @@ void frmsltpv::buildForm() {
     lblnobody->setWordWrap(true);
     lblnobody->hide();
 
-    cmdOk = new QPushButton(tr("&OK"), this);
-    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk = FormButton(tr("&OK"), "cmdOk", this);
     cmdOk->setDefault(true);
-    cmdcancel = new QPushButton(tr("&Cancel"), this);
-    cmdcancel->setObjectName(QStringLiteral("cmdcancel"));
-    cmdcancel->setAutoDefault(false);
+    cmdcancel = FormButton(tr("&Cancel"), "cmdcancel", this);
 
     auto* find = new QHBoxLayout;
     find->addWidget(label);
     find->addWidget(txtfind, 1);
     find->addWidget(cmdfind);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdcancel);
+    auto* buttons = ButtonRow({cmdOk, cmdcancel});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));

@@ -8,6 +8,7 @@
 #include <QRadioButton>
 
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/formparts.h"
 #include "platform/controls/textfield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -91,10 +92,7 @@ void w_Item::layOutForm() {
     static_cast<QLabel*>(fields->labelForField(date))->setBuddy(ctDEditComp);
     fields->addRow(tr("&Notes:"), txtnotes);
     fields->addRow(tr("Entered:"), lbldate);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(btnOK);
-    buttons->addWidget(btnCancel);
+    auto* buttons = ButtonRow({btnOK, btnCancel});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));

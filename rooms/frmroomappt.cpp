@@ -9,6 +9,7 @@
 #include "data/minutetime.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/formarea.h"
+#include "platform/controls/formparts.h"
 #include "platform/controls/textfield.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
@@ -98,10 +99,7 @@ void frmRoomAppt::layOutForm() {
          {static_cast<QWidget*>(ctedate), static_cast<QWidget*>(ctstart), static_cast<QWidget*>(ctend)})
         field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     txtsubject->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdCancel);
+    auto* buttons = ButtonRow({cmdOk, cmdCancel});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(16));

@@ -52,9 +52,7 @@ WaitingBox::WaitingBox() : box_(QApplication::activeWindow()), guard_(box_) {
     auto* cmdGiveUp = FormButton(QObject::tr("&Give up"), "cmdGiveUp", &box_);
     cmdGiveUp->setAutoDefault(false);
     cmdGiveUp->setFocusPolicy(Qt::TabFocus);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdGiveUp);
+    auto* buttons = ButtonRow({cmdGiveUp});
     auto* column = new QVBoxLayout(&box_);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));

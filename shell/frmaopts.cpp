@@ -13,6 +13,7 @@
 #include <QSpinBox>
 
 #include "platform/controls/formarea.h"
+#include "platform/controls/formparts.h"
 #include "platform/desktop/desktop.h"
 #include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
@@ -76,16 +77,10 @@ frmaopts::frmaopts(std::function<void()> refreshView, QWidget* parent)
 }
 
 void frmaopts::buildForm() {
-    cmdOk = new QPushButton(tr("&OK"), this);
-    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk = FormButton(tr("&OK"), "cmdOk", this);
     cmdOk->setDefault(true);
-    cmdcancel = new QPushButton(tr("&Cancel"), this);
-    cmdcancel->setObjectName(QStringLiteral("cmdcancel"));
-    cmdcancel->setAutoDefault(false);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdcancel);
+    cmdcancel = FormButton(tr("&Cancel"), "cmdcancel", this);
+    auto* buttons = ButtonRow({cmdOk, cmdcancel});
 
     auto* fields = new QWidget(this);
     auto* grid = new QGridLayout(fields);

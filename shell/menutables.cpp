@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -65,36 +64,6 @@ Table appointmentsMenu() {
     };
 }
 
-Table allAppointmentsMenu() {
-    return {
-        {Kind::Menu, menu::mnuAppointments, "&Appointments"},
-        {Kind::Submenu, menu::mnuANew, "&New", "add", nullptr, "mnuNew"},
-        {Kind::Command, menu::mnuANPat, "&Schedule Patient", "user", "Ctrl+N", "mnuPatient"},
-        {Kind::Command, menu::mnuASGroup, "Schedule &Group", "group", "Ctrl+Shift+G", "mnuSGroup"},
-        {Kind::Command, menu::mnuANEvent, "Schedule &Activity/Event", "activity", "Ctrl+Shift+E", "mnuSEvent"},
-        {Kind::Command, menu::mnuASType, "Schedule Appointment &Type", "legend", "Ctrl+Shift+T", "mnuSAType"},
-        {Kind::Command, menu::mnuANAvail, "Schedule &Unavailable Time", "unavailable", "Ctrl+Shift+U", "mnuSAvail"},
-        {Kind::EndSubmenu},
-        {Kind::Command, menu::mnuAEdit, "&Edit...", "edit", "Ctrl+E", "mnuEdit"},
-        {Kind::Command, menu::mnuADelete, "&Delete\tDel", "delete", nullptr, "mnuDelete"},
-        {Kind::Separator, menu::mnuAsep1},
-        {Kind::Command, menu::mnuCheckediN, "Check-&In...", "checkedin", "Ctrl+I", "mnuaCheckin"},
-        {Kind::Command, menu::mnuAKept, "&Kept", "check", "Ctrl+K"},
-        {Kind::Command, menu::mnuAMissed, "&Missed", "missed", "Ctrl+M"},
-        {Kind::Command, menu::mnuAPCancel, "&Patient Cancel", "close"},
-        {Kind::Command, menu::mnuATCancel, "T&herapist Cancel", "close", nullptr, "mnuTCancel"},
-        {Kind::Separator, menu::mnuAsep2},
-        {Kind::Command, menu::mnuARepeat, "&Repeating...", "repeat", "Ctrl+R", "mnuRepeating"},
-        {Kind::Command, menu::mnuANote, "&Session Note...", "note"},
-        {Kind::Separator, menu::mnuAsep3},
-        {Kind::Command, menu::mnuAFind, "&Find...", "find", "Ctrl+F"},
-        {Kind::Submenu, menu::mnuASearchA, "Search A&vailability", "find"},
-        {Kind::Command, menu::mnuASearchO, "By &Opening..."},
-        {Kind::Command, menu::mnuASearchT, "By Appointment &Type..."},
-        {Kind::EndSubmenu},
-    };
-}
-
 Table tasksMenu() {
     return {
         {Kind::Menu, menu::mnuToDo, "&Tasks"},
@@ -124,6 +93,7 @@ Table viewMenu() {
         {Kind::Command, menu::mnuVCheckedin, "&Checked-In...", "checkedin"},
         {Kind::Command, menu::mnuVActivity, "Activity &Scheduler...", "activity"},
         {Kind::Command, menu::mnuVColor, "Color &Legend...", "legend"},
+        {Kind::Command, menu::mnuVABook, "Address &Book...", "addressbook", "Ctrl+B"},
         {Kind::Separator, menu::mnuVsep3},
         {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
         {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
@@ -151,14 +121,6 @@ Table monthFileMenu() {
         {Kind::Separator, menu::mnuFsep3},
         {Kind::Command, menu::mnuFExit, "E&xit", "exit", "Ctrl+Q"},
     };
-}
-
-Table monthViewMenu() {
-    Table menu = viewMenu();
-    for (MenuEntry& entry : menu)
-        if (entry.name == menu::mnuVActivity)
-            entry.ownName = "mnuVAct";
-    return menu;
 }
 
 Table roomFileMenu() {
@@ -199,21 +161,51 @@ Table roomViewMenu() {
         {Kind::Command, menu::mnuVNext, "&Next Day", "next", "Alt+Right"},
         {Kind::Command, menu::mnuVRefresh, "Refr&esh", "refresh", "F5"},
         {Kind::Separator, menu::mnuVsep2},
+        {Kind::Command, menu::mnuVABook, "Address &Book...", "addressbook", "Ctrl+B"},
+        {Kind::Separator, menu::mnuVsep3},
         {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
         {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
     };
 }
 
-/// The week calls some of the day's commands by names of its own.
-Table weekAppointmentsMenu() {
-    static constexpr std::pair<MenuName, const char*> names[]{
-        {menu::mnuANPat, "mnuANewPat"}, {menu::mnuANEvent, "mnuANewEvent"}, {menu::mnuASType, "mnuASCat"}};
-    Table menu = appointmentsMenu();
-    for (MenuEntry& entry : menu)
-        for (const auto& [name, own] : names)
-            if (name == entry.name)
-                entry.ownName = own;
+/// What a view calls a command that the day view has too. A null stands for what the day calls it.
+struct OtherName {
+    MenuName name;
+    const char* ownName;
+    const char* text = nullptr;
+};
+
+Table renamed(Table menu, std::initializer_list<OtherName> others) {
+    for (const OtherName& other : others) {
+        const auto entry = std::ranges::find(menu, other.name, &MenuEntry::name);
+        entry->ownName = other.ownName;
+        if (other.text != nullptr)
+            entry->text = other.text;
+    }
     return menu;
+}
+
+Table weekAppointmentsMenu() {
+    return renamed(appointmentsMenu(),
+                   {{menu::mnuANPat, "mnuANewPat"}, {menu::mnuANEvent, "mnuANewEvent"}, {menu::mnuASType, "mnuASCat"}});
+}
+
+Table allAppointmentsMenu() {
+    return renamed(appointmentsMenu(), {{menu::mnuANew, "mnuNew"},
+                                        {menu::mnuANPat, "mnuPatient", "&Schedule Patient"},
+                                        {menu::mnuASGroup, "mnuSGroup", "Schedule &Group"},
+                                        {menu::mnuANEvent, "mnuSEvent", "Schedule &Activity/Event"},
+                                        {menu::mnuASType, "mnuSAType", "Schedule Appointment &Type"},
+                                        {menu::mnuANAvail, "mnuSAvail", "Schedule &Unavailable Time"},
+                                        {menu::mnuAEdit, "mnuEdit"},
+                                        {menu::mnuADelete, "mnuDelete"},
+                                        {menu::mnuCheckediN, "mnuaCheckin", "Check-&In..."},
+                                        {menu::mnuATCancel, "mnuTCancel"},
+                                        {menu::mnuARepeat, "mnuRepeating"}});
+}
+
+Table monthViewMenu() {
+    return renamed(viewMenu(), {{menu::mnuVActivity, "mnuVAct"}});
 }
 
 Table joined(std::initializer_list<Table> menus) {

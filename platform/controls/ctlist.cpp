@@ -33,12 +33,6 @@ void ctList::SetColumns(std::vector<ListColumn> columns) {
     layOutColumns();
 }
 
-void ctList::SetSortable(bool sortable) {
-    header()->setSortIndicator(-1, Qt::AscendingOrder);
-    setSortingEnabled(sortable);
-    header()->setSectionsClickable(sortable);
-}
-
 void ctList::SetMultiSelect(bool multiSelect) {
     setSelectionMode(multiSelect ? ExtendedSelection : SingleSelection);
 }

@@ -28,9 +28,6 @@ class ctList : public QTreeView {
     /// Shows a column at another place, counted from 1 from the left. The column keeps its number.
     void PlaceColumn(int column, int place) { header()->moveSection(header()->visualIndex(column - 1), place - 1); }
     void SetHeader(int column, const QString& text) { model_.setHeader(column, text); }
-    /// Lets the user order the rows by a click on a header. It is off at first: rows stay in the order in which they
-    /// were added.
-    void SetSortable(bool sortable);
     /// Lets the user select more than one row. It is off at first.
     void SetMultiSelect(bool multiSelect);
     /// Sets whether the user may change the check boxes. It is on at first. Boxes that may not be changed look

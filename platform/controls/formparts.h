@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QString>
@@ -30,4 +32,13 @@ inline QPushButton* FormButton(const QString& text, const char* name, QWidget* p
     auto* button = Named(new QPushButton(text, parent), name);
     button->setAutoDefault(false);
     return button;
+}
+
+/// Makes the row of buttons at the foot of a form. The buttons stand at its right, in this order.
+inline QHBoxLayout* ButtonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (QPushButton* button : buttons)
+        row->addWidget(button);
+    return row;
 }

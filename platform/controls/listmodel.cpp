@@ -3,7 +3,6 @@
 #include <QColor>
 
 #include <algorithm>
-#include <QCollator>
 
 #include "platform/text/plaintext.h"
 
@@ -115,25 +114,6 @@ void ListModel::setNamesHidden(bool hidden) {
     namesHidden_ = hidden;
     if (!rows_.empty())
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
-}
-
-void ListModel::sort(int modelColumn, Qt::SortOrder order) {
-    if (modelColumn < 0 || modelColumn >= columnCount() || rows_.empty())
-        return;
-    const int column = modelColumn + 1;
-    QCollator collator;
-    collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    const auto before = [&](const Row& a, const Row& b) {
-        if (isCheckColumn(column))
-            return (a.checks & columnBit(column)) < (b.checks & columnBit(column));
-        return collator.compare(cellView(a, column), cellView(b, column)) < 0;
-    };
-    beginResetModel();
-    std::stable_sort(rows_.begin(), rows_.end(), [&](const Row& a, const Row& b) {
-        return order == Qt::AscendingOrder ? before(a, b) : before(b, a);
-    });
-    endResetModel();
 }
 
 bool ListModel::isCheckColumn(int column) const {

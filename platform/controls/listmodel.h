@@ -43,7 +43,6 @@ class ListModel : public QAbstractTableModel {
     void setChecksEnabled(bool enabled);
     void nameCell(int row, int column);
     void setNamesHidden(bool hidden);
-    void sort(int modelColumn, Qt::SortOrder order) override;
 
     [[nodiscard]] const std::vector<ListColumn>& columns() const { return columns_; }
     [[nodiscard]] bool has(int row) const { return row >= 0 && row < rowCount(); }

@@ -47,16 +47,6 @@ void RowState::Set(const QString& column, const Value& value) {
         known->value = value;
 }
 
-RowState RowState::In(std::initializer_list<const char*> columns) const {
-    RowState part;
-    for (const char* column : columns) {
-        const QString name = QString::fromUtf8(column);
-        if (const Value* value = Find(name))
-            part.Set(name, *value);
-    }
-    return part;
-}
-
 const Value* RowState::Find(const QString& column) const {
     const auto found = std::find_if(values_.begin(), values_.end(),
                                     [&](const ColumnValue& each) { return isSame(each.column, column); });

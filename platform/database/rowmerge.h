@@ -36,8 +36,6 @@ class RowState {
 
     /// Adds a column, or replaces the value of one that is there.
     void Set(const QString& column, const Value& value);
-    /// Returns the part of the state in these columns. A column that the state does not have is left out.
-    [[nodiscard]] RowState In(std::initializer_list<const char*> columns) const;
     /// Returns the columns in the order in which they were added.
     [[nodiscard]] const std::vector<ColumnValue>& Values() const { return values_; }
     /// Returns the value of a column, or null when the state does not have it. It is valid until the next Set.

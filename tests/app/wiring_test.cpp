@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "appointments/seriesmark.h"
 #include "data/codes.h"
 #include "followup/frmcheckedin.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/forms.h"
 #include "shell/mdisched.h"
 #include "tests/shell/placeholderview.h"
@@ -46,4 +48,28 @@ TEST_F(WiredWindow, ReadsTheListAnewWhenTheDatabaseWasOpenedAgain) {
     add(anAppointment("Anna").on(QDate(2026, 3, 11)).at(9, 0).status(ncolor::CheckedIn));
     Q_EMIT window.DatabaseOpenedAgain();
     EXPECT_EQ(list()->ctList1->RowCount(), 1);
+}
+
+TEST_F(WiredWindow, OffersTheRestOfACutOffSeriesOnceAndReadsTheViewAnewAfterIt) {
+    const auto appointment = static_cast<int>(add(anAppointment("Anna").at(9, 0)));
+    SeriesWork deletion;
+    deletion.kind = SeriesWork::Kind::Deletion;
+    deletion.date = QDate(2026, 3, 11);
+    deletion.start = 540;
+    deletion.end = 590;
+    deletion.keys = {appointment};
+    SeriesMark::Begin(deletion);  // Nobody holds it: the program that worked on it has ended.
+
+    window.changeview(View::Day);
+    auto* bar = window.findChild<NoticeBar*>();
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->Texts().size(), 1);
+    log.events.clear();
+    takeNotice(*bar);
+    EXPECT_TRUE(log.events.contains(QStringLiteral("reload 1"))) << log.events.join(QStringLiteral(", ")).toStdString();
+    deletion.keys = {static_cast<int>(add(anAppointment("Bert").at(11, 0)))};
+    SeriesMark::Begin(deletion);
+    const auto before = bar->Texts();
+    Q_EMIT window.ViewOpened();
+    EXPECT_EQ(bar->Texts(), before) << "Only the first view of a run offers it.";
 }

@@ -212,43 +212,6 @@ TEST_F(ListModelTest, HidingNamesCoversTheNamedCellsAloneAndBothWaysIsToldOnce) 
     EXPECT_EQ(model.shownCell(0, Name), QStringLiteral("Ann"));
 }
 
-TEST_F(ListModelTest, RowsAreOrderedByTextByNumberAndByCheckBoxBothWays) {
-    for (const char* name : {"room 10", "Room 9", "äther", "Adler"})
-        add(name == QLatin1String("Room 9") ? "1" : "0", name);
-    model.sort(Name - 1, Qt::AscendingOrder);
-    EXPECT_EQ(names().mid(2), (QStringList{"Room 9", "room 10"}));
-    model.sort(Name - 1, Qt::DescendingOrder);
-    EXPECT_EQ(names().mid(0, 2), (QStringList{"room 10", "Room 9"}));
-    model.sort(In - 1, Qt::DescendingOrder);
-    EXPECT_EQ(names().first(), QStringLiteral("Room 9"));
-    model.sort(In - 1, Qt::AscendingOrder);
-    EXPECT_EQ(names().last(), QStringLiteral("Room 9"));
-}
-
-TEST_F(ListModelTest, RowsThatAreAlikeKeepTheirOrderAndWhatBelongsToThem) {
-    for (int number = 0; number < 5; ++number) {
-        const int row = add("1", "Same");
-        model.setRowData(row, number);
-        model.setItemText(row, QString::number(number));
-    }
-    for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
-        model.sort(Name - 1, order);
-        for (int row = 0; row < 5; ++row) {
-            EXPECT_EQ(model.rowData(row).toInt(), row);
-            EXPECT_EQ(model.itemText(row), QString::number(row));
-            EXPECT_TRUE(model.checked(row, In));
-        }
-    }
-}
-
-TEST_F(ListModelTest, OrderingByAColumnThatIsNotThereChangesNothing) {
-    add("0", "B");
-    add("0", "A");
-    model.sort(-1, Qt::AscendingOrder);
-    model.sort(4, Qt::AscendingOrder);
-    EXPECT_EQ(names(), (QStringList{"B", "A"}));
-}
-
 TEST_F(ListModelTest, TheSearchGoesOnBehindTheRowAndWrapsToItself) {
     for (const char* name : {"Ann", "Bo", "anna"})
         add("0", name);

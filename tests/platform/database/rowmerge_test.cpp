@@ -67,14 +67,6 @@ TEST(RowState, ColumnsStandOnceAndInTheOrderInWhichTheyCame) {
     EXPECT_FALSE(state.Find("fee"));
 }
 
-TEST(RowState, PartOfItIsComparedAlone) {
-    const RowState before = visit("Ann", 600);
-    const RowState now = visit("Bob", 600);
-    EXPECT_EQ(before.In({"nStartTime"}), now.In({"nStartTime"}));
-    EXPECT_NE(before.In({"cappttext"}), now.In({"cappttext"}));
-    EXPECT_EQ(before.In({"fee"}), RowState());
-}
-
 TEST(RowMerge, WhatTheUserLeftAloneIsNoChangeWhateverTheRowHolds) {
     const db::RowMerge merge = Merge(visit("Ann", 600), visit("Ann", 615), visit("Theirs", 600));
     EXPECT_EQ(columnsOf(merge.changes), QStringList{"nStartTime"});
