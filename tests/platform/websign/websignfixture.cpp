@@ -65,11 +65,13 @@ QString WebSignature::bodyText() {
     return read.value_or(QString());
 }
 
+bool WebSignature::isWaiting() const {
+    return surface->findChild<QTimer*>(QStringLiteral("patience"))->isActive();
+}
+
 void WebSignature::endPatience() {
-    auto* patience = surface->findChild<QTimer*>(QStringLiteral("patience"));
-    ASSERT_NE(patience, nullptr);
-    ASSERT_TRUE(patience->isActive()) << "The browser waits for nothing.";
-    patience->start(0);
+    ASSERT_TRUE(isWaiting());
+    surface->findChild<QTimer*>(QStringLiteral("patience"))->start(0);
 }
 
 bool WebSignature::isSilent() {

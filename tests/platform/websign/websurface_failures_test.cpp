@@ -188,6 +188,7 @@ style="display:block;height:200px" onclick="document.getElementById('hint').text
         },
         60000));
     EXPECT_TRUE(isSilent());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isWaiting(); })) << "Nothing comes any more.";
     EXPECT_EQ(mail.started, QList<QUrl>());
 }
 

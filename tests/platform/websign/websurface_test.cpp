@@ -69,6 +69,14 @@ TEST_F(WebSignature, APageIsLoadedAndItsTextIsRead) {
     EXPECT_TRUE(isSilent());
 }
 
+TEST_F(WebSignature, APageIsPaintedWithoutAGraphicsCard) {
+    service.page(QStringLiteral("/sign"), "<body style='background:#4080c0'></body>");
+    surface->Navigate(service.address(QStringLiteral("/sign")));
+    completed();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return surface->grab().toImage().pixelColor(100, 100) == QColor(0x40, 0x80, 0xc0); }, 60000));
+}
+
 TEST_F(WebSignature, ADrawnSignatureIsSavedByTheButtonOfThePage) {
     service.page(QStringLiteral("/sign"), SigningPage);
     service.status(QStringLiteral("/svsign"), "200 OK", PlainText, "SIG 1\r\n 2  3\r\n");
