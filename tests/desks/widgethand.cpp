@@ -239,12 +239,6 @@ QString entryPlace(const QStringList& words) {
     throw CannotObey(QStringLiteral("the menu has no such command"));
 }
 
-/// The middle of a row of a list, counted from 0.
-QString rowPlace(const QStringList& words) {
-    const auto& list = find<ctList>(words.at(1));
-    return placeText(*list.viewport(), list.visualRect(list.model()->index(words.at(2).toInt(), 0)).center());
-}
-
 /// Whether the item has the picture of a session note.
 QString noteIcon(const QStringList& words) {
     const CalendarItem& item = std::as_const(calendar()).Item(indexOfKey(words.at(1)));
@@ -312,7 +306,6 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("rowPlace"), rowPlace},
         {QStringLiteral("widgetPlace"), widgetPlace},
         {QStringLiteral("entryPlace"), entryPlace},
-        {QStringLiteral("rowPlace"), rowPlace},
         {QStringLiteral("noteIcon"), noteIcon},
         {QStringLiteral("shows"), shows},
         {QStringLiteral("windowId"), windowId},
