@@ -36,8 +36,7 @@ void NoteField::keyPressEvent(QKeyEvent* event) {
 }
 
 void NoteField::inputMethodEvent(QInputMethodEvent* event) {
-    event->setCommitString(accepted(event->commitString()), event->replacementStart(),
-                           event->replacementLength());
+    event->setCommitString(accepted(event->commitString()), event->replacementStart(), event->replacementLength());
     QPlainTextEdit::inputMethodEvent(event);
 }
 
