@@ -54,7 +54,7 @@ Table appointmentsMenu() {
         {Kind::Command, menu::mnuATCancel, "T&herapist Cancel", "close"},
         {Kind::Separator, menu::mnuAsep2},
         {Kind::Command, menu::mnuARepeat, "&Repeating...", "repeat", "Ctrl+R"},
-        {Kind::Command, menu::mnuANote, "&Session Note...", "note"},
+        {Kind::Command, menu::mnuANote, "&Session Note...", "note", "Ctrl+Shift+S"},
         {Kind::Separator, menu::mnuAsep3},
         {Kind::Command, menu::mnuAFind, "&Find...", "find", "Ctrl+F"},
         {Kind::Submenu, menu::mnuASearchA, "Search A&vailability", "find"},

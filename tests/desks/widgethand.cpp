@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMap>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QSpinBox>
@@ -227,6 +228,23 @@ QString widgetPlace(const QStringList& words) {
     return placeText(widget, widget.rect().center());
 }
 
+/// The middle of a command in the open menu.
+QString entryPlace(const QStringList& words) {
+    auto* menu = qobject_cast<QMenu*>(front());
+    if (menu == nullptr)
+        throw CannotObey(QStringLiteral("no menu is open; in front is %1").arg(WindowInFront()));
+    for (QAction* action : menu->actions())
+        if (action->objectName() == words.at(1) && action->isVisible())
+            return placeText(*menu, menu->actionGeometry(action).center());
+    throw CannotObey(QStringLiteral("the menu has no such command"));
+}
+
+/// Whether the item has the picture of a session note.
+QString noteIcon(const QStringList& words) {
+    const CalendarItem& item = std::as_const(calendar()).Item(indexOfKey(words.at(1)));
+    return item.ItemSessionIcon > 0 ? QStringLiteral("yes") : QStringLiteral("not");
+}
+
 QString shows(const QStringList& words) {
     const QWidget* window = front();
     const QWidget* widget = window ? window->findChild<QWidget*>(words.at(1)) : nullptr;
@@ -287,6 +305,8 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("timePlace"), timePlace},
         {QStringLiteral("rowPlace"), rowPlace},
         {QStringLiteral("widgetPlace"), widgetPlace},
+        {QStringLiteral("entryPlace"), entryPlace},
+        {QStringLiteral("noteIcon"), noteIcon},
         {QStringLiteral("shows"), shows},
         {QStringLiteral("windowId"), windowId},
         {QStringLiteral("focus"), focusName},
