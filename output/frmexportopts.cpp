@@ -26,7 +26,8 @@ constexpr int FromTo = 2;
 constexpr qint64 PanelMilliseconds = 1000;  // As long as the panel is shown at least.
 
 QString documentsFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStandardPaths>
 #include <QTest>
 
 #include "platform/controls/ctdedit.h"
@@ -249,13 +250,18 @@ TEST_F(ExportOptions, TheChosenPathStandsInItsField) {
     EXPECT_EQ(form->txtFilePath->text(), file("april.ics"));
 }
 
-TEST_F(ExportOptions, APathThatIsNotWholeIsInTheUsersDocuments) {
+TEST_F(ExportOptions, APathThatIsNotWholeIsInTheUsersDocumentsOrAtHome) {
+    const QByteArray home = qgetenv("HOME");
     qputenv("HOME", folder.path().toUtf8());
-    book({});
     open().txtFilePath->setText("sub/../mine.ics");
     form->cmdCmdDlg->click();
-    EXPECT_TRUE(desk.proposed.last().startsWith(folder.path())) << desk.proposed.last().toStdString();
-    EXPECT_TRUE(desk.proposed.last().endsWith("/mine.ics"));
+    EXPECT_EQ(desk.proposed.last(), file("mine.ics"));
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QDir().mkpath(documents);
+    form->cmdCmdDlg->click();
+    EXPECT_EQ(desk.proposed.last(), documents + "/mine.ics");
+    EXPECT_TRUE(documents.startsWith(folder.path()));
+    qputenv("HOME", home);
 }
 
 TEST_F(ExportOptions, AFileThatExistsIsReplacedAfterAQuestion) {
