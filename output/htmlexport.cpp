@@ -22,6 +22,7 @@ using db::Sql;
 namespace {
 
 constexpr int DaysOfWeek = 7;
+const QString Folder = QStringLiteral("Documents");
 constexpr int DayFirst = 1;  // The session's DateOrder.
 const std::vector<int> HeadingWidths{8500};
 const std::vector<int> ListWidths{2000, 2000, 4500};
@@ -48,7 +49,7 @@ QString pathOf(const QString& kind, QDate date) {
     // A provider's id may hold any sign, and the name of a file may not.
     for (const QChar sign : {u'/', u'\\', u'\0'})
         name.replace(sign, u'_');
-    return QStringLiteral("%1/Documents/%2.HTM").arg(Session().DocPath, name);
+    return QStringLiteral("%1/%2/%3.HTM").arg(Session().DocPath, Folder, name);
 }
 
 /// A line of the page's head, or above the appointments of a day.
@@ -125,9 +126,12 @@ void exportPage(const QString& path, VSPrinter (*pageOf)(QDate), QDate date) {
     const QString told = QStringLiteral("Error exporting appointments. ");
     try {
         const VSPrinter page = pageOf(date);
+        files::MakeFolderIn(Session().DocPath, Folder);
+        const bool isNew = !QFileInfo::exists(path);
         const files::OwnerOnly made;
-        files::MakePrivateFolder(QFileInfo(path).absolutePath());
         page.ExportHtml(path);
+        if (isNew)
+            QFile::setPermissions(path, files::PermissionsIn(Session().DocPath));
     } catch (const db::DatabaseError& error) {
         TellError(told, error);
         return;

@@ -172,6 +172,18 @@ TEST_F(HtmlExport, TheFolderIsMadeWhereItIsMissingAndThePageIsItsOwnersAlone) {
                   QFileDevice::Permissions());
 }
 
+TEST_F(HtmlExport, InAFolderThatAGroupSharesThePageIsTheGroupsToo) {
+    const auto group = QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+    Session().DocPath = file("shared");
+    QDir().mkdir(file("shared"));
+    QFile::setPermissions(file("shared"), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner |
+                                              group | QFileDevice::ExeGroup);
+    exportDay();
+    EXPECT_EQ(QFileInfo(file("shared/Documents")).permissions() & (group | QFileDevice::ExeGroup),
+              group | QFileDevice::ExeGroup);
+    EXPECT_EQ(QFileInfo(DayHtmlPath(today)).permissions() & (group | QFileDevice::ReadOther), group);
+}
+
 TEST_F(HtmlExport, AnOlderPageIsReplaced) {
     exportDay();
     book({.text = "new"});
