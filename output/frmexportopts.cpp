@@ -39,6 +39,7 @@ frmExportOpts::frmExportOpts(const ExportRequest& request, QWidget* parent) : Ed
     bindForm();
     const bool isPreset = request.ExportRange == exportrange::Day || request.ExportRange == exportrange::Week;
     optSelect[isPreset ? AllShown : SelectedOnly]->setChecked(true);
+    optSelect[isPreset ? AllShown : SelectedOnly]->setFocus();
     showNaming();
 }
 
@@ -83,7 +84,9 @@ ExportChoice frmExportOpts::choice() const {
 
 // A path that is not whole is taken from the user's documents, because nobody knows where the program was started.
 QString frmExportOpts::path() const {
-    const QString typed = txtFilePath->text().trimmed();
+    QString typed = txtFilePath->text().trimmed();
+    if (typed.startsWith(QLatin1String("~/")))
+        typed.replace(0, 1, QDir::homePath());
     return typed.isEmpty() ? QString() : QDir::cleanPath(QDir(documentsFolder()).absoluteFilePath(typed));
 }
 
@@ -163,10 +166,7 @@ void frmExportOpts::WriteICalFile(const QString& path, const std::vector<Exporte
         closeUnsaved();
         return;
     }
-    SSPanel->adjustSize();
-    SSPanel->move(rect().center() - SSPanel->rect().center());
-    SSPanel->show();
-    SSPanel->raise();
+    showPanel();
     const QDateTime begun = Now();
     QString failure;
     try {

@@ -57,6 +57,7 @@ class frmExportOpts : public EditorDialog {
     QWidget* buildSelection();
     QWidget* buildFile();
     void buildPanel();
+    void showPanel();
     QComboBox* namesCombo(const char* name, QWidget* parent);
 
     void bindForm();

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QFrame>
@@ -87,6 +88,9 @@ QComboBox* frmExportOpts::namesCombo(const char* name, QWidget* parent) {
 
 QWidget* frmExportOpts::buildFile() {
     fraFile = Named(new QGroupBox(tr("File"), this), "fraFile");
+    txtFilePath = Named(new TextField(fraFile), "txtFilePath");
+    txtFilePath->setMinimumWidth(fontMetrics().averageCharWidth() * PathCharacters);
+    cmdCmdDlg = FormButton(tr("&Browse..."), "cmdCmdDlg", fraFile);
     cboformat = Named(new QComboBox(fraFile), "cboformat");
     cboformat->addItems({tr("iCalendar"), tr("Standard calendar file (RFC 5545)")});
     cboformat->setToolTip(
@@ -97,9 +101,6 @@ QWidget* frmExportOpts::buildFile() {
     lblhidden = Named(new QLabel(tr("Names are hidden now, and so they are in the file."), fraFile), "lblhidden");
     lblhidden->setForegroundRole(QPalette::PlaceholderText);
     FollowHiddenNames(lblhidden, [this](bool hidden) { lblhidden->setVisible(hidden); });
-    txtFilePath = Named(new TextField(fraFile), "txtFilePath");
-    txtFilePath->setMinimumWidth(fontMetrics().averageCharWidth() * PathCharacters);
-    cmdCmdDlg = FormButton(tr("&Browse..."), "cmdCmdDlg", fraFile);
     auto* path = new QHBoxLayout;
     path->setSpacing(Space(8));
     path->addWidget(txtFilePath, 1);
@@ -121,14 +122,23 @@ void frmExportOpts::buildPanel() {
     auto* text = new QLabel(QStringLiteral("Exporting Appointments"), SSPanel);
     text->setFont(HeadingFont());
     text->setAlignment(Qt::AlignCenter);
+    SSPanel->setAccessibleName(text->text());
     auto* moving = new QProgressBar(SSPanel);
     moving->setRange(0, 0);
     moving->setTextVisible(false);
-    moving->setAccessibleName(text->text());
     auto* rows = new QVBoxLayout(SSPanel);
     rows->setContentsMargins(Space(24), Space(16), Space(24), Space(16));
     rows->setSpacing(Space(12));
     rows->addWidget(text);
     rows->addWidget(moving);
     SSPanel->hide();
+}
+
+void frmExportOpts::showPanel() {
+    SSPanel->adjustSize();
+    SSPanel->move(rect().center() - SSPanel->rect().center());
+    SSPanel->show();
+    SSPanel->raise();
+    QAccessibleEvent event(SSPanel, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
 }

@@ -470,3 +470,24 @@ TEST_F(ExportOptions, EveryAltKeyStandsOnceAndEveryFieldHasAName) {
     std::sort(keys.begin(), keys.end());
     EXPECT_EQ(keys, "ABCEHNOPRST");
 }
+
+TEST_F(ExportOptions, TabGoesThroughTheFieldsAsTheyStand) {
+    open();
+    form->optSelect[2]->click();
+    form->optSelect[2]->setFocus();
+    form->activateWindow();
+    QStringList names;
+    for (int step = 0; step < 9; ++step) {
+        names << form->focusWidget()->objectName();
+        QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(names, (QStringList{"optSelect2", "txtfrom", "txtto", "txtFilePath", "cmdCmdDlg", "cboformat", "cbonames",
+                                  "cbohtmlnames", "cmdok"}));
+}
+
+TEST_F(ExportOptions, TheChosenOptionHasTheFocusAtFirst) {
+    open();
+    EXPECT_EQ(form->focusWidget(), form->optSelect[1]);
+    open({});
+    EXPECT_EQ(form->focusWidget(), form->optSelect[0]);
+}
