@@ -2,10 +2,9 @@
 
 # README.md tells what each package is for.
 BUILD_PACKAGES="build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools
-libqt6svg6 libsqlite3-dev unixodbc-dev unixodbc tdsodbc fonts-dejavu-core"
+libqt6svg6 libsqlite3-dev libsodium-dev unixodbc-dev unixodbc tdsodbc libhunspell-dev hunspell-en-us fonts-dejavu-core"
 # Only the tests use these, and only the benchmarks that one.
-TEST_PACKAGES="libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev
-python3-icalendar tidy"
+TEST_PACKAGES="libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev python3-icalendar tidy qt6-webengine-dev"
 BENCH_PACKAGES="libbenchmark-dev"
 
 say() { printf '%s\n' "$*" >&2; }

@@ -33,6 +33,12 @@ QString UserStoreFile() {
            QStringLiteral("/Solvane/svwschd.ini");
 }
 
+QString UserDataFolder() {
+    const QString folder = QFileInfo(UserStoreFile()).absolutePath();
+    files::MakePrivateFolder(folder);
+    return folder;
+}
+
 void SetUserStoreFile(const QString& file) {
     chosenFile() = file;
 }

@@ -8,5 +8,8 @@
 void WriteUserSetting(const QString& key, const QString& value);
 
 [[nodiscard]] QString UserStoreFile();
+/// Returns the folder in which the program keeps files for this user of this computer alone. It is the folder of
+/// UserStoreFile, and it is made where it is missing.
+[[nodiscard]] QString UserDataFolder();
 /// Keeps the settings in another file. Tests begin with it.
 void SetUserStoreFile(const QString& file);

@@ -68,6 +68,16 @@ TEST_F(ProgramTest, TellsItsVersionAndItsUsageWithoutADisplay) {
     EXPECT_TRUE(help.out.startsWith(QStringLiteral("Usage: svscheduler")));
 }
 
+TEST_F(ProgramTest, ItStartsWithoutTheBrowserOfTheWebSignature) {
+    QProcess libraries;
+    libraries.start(QStringLiteral("ldd"), {QStringLiteral(SVS_PROGRAM)});
+    ASSERT_TRUE(libraries.waitForFinished(60000));
+    const QByteArray needed = libraries.readAllStandardOutput();
+    EXPECT_TRUE(needed.contains("libQt6Widgets")) << needed.toStdString();
+    for (const char* browser : {"WebEngine", "Qt6Quick", "Qt6Qml"})
+        EXPECT_FALSE(needed.contains(browser)) << needed.toStdString();
+}
+
 TEST_F(ProgramTest, RefusesWhatItDoesNotUnderstandWithItsUsage) {
     for (const QStringList& arguments :
          {QStringList{QStringLiteral("--bogus")}, QStringList{QStringLiteral("--date"), QStringLiteral("soon")},
