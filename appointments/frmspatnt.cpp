@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -14,13 +13,8 @@
 #include "platform/controls/textfield.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "session/fillprogress.h"
 #include "session/session.h"
-
-namespace {
-
-constexpr int Percent = 100;
-
-}  // namespace
 
 frmspatnt::frmspatnt(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmspatnt"));
@@ -58,11 +52,9 @@ void frmspatnt::buildForm() {
     cmdfind = button("cmdfind", tr("F&ind"), Icon("find"), false);
     cmdselect = button("cmdselect", tr("&Select"), {}, false);
     cmdcancel = button("cmdcancel", tr("&Cancel"), {}, true);
-    pnlprogress = named(new QProgressBar(this), "pnlprogress");
-    pnlprogress->setRange(0, Percent);
-    pnlprogress->setAccessibleName(tr("Loading"));
     pnlcount = named(new QLabel(this), "pnlcount");
     filler_ = new PatientFiller(*ctList1, this);
+    pnlprogress = new FillProgress(*filler_, this);
 }
 
 void frmspatnt::layOutForm() {
@@ -72,10 +64,6 @@ void frmspatnt::layOutForm() {
     find->addWidget(label);
     find->addWidget(txtfind, 1);
     find->addWidget(cmdfind);
-    // The bar keeps its place when it goes, so that nothing jumps.
-    QSizePolicy keeping = pnlprogress->sizePolicy();
-    keeping.setRetainSizeWhenHidden(true);
-    pnlprogress->setSizePolicy(keeping);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Space(8));
     buttons->addWidget(pnlcount);
@@ -109,13 +97,8 @@ void frmspatnt::connectControls() {
     connect(ctList1, &ctList::RowActivated, this, &frmspatnt::select);
     connect(cmdselect, &QPushButton::clicked, this, [this] { select(ctList1->SelectedRow()); });
     connect(cmdcancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(filler_, &PatientFiller::Progress, this, &frmspatnt::showProgress);
-}
-
-void frmspatnt::showProgress(int loaded, int total) {
-    pnlprogress->setValue(total == 0 ? Percent : static_cast<int>(qint64{loaded} * Percent / total));
-    pnlprogress->setVisible(loaded < total);
-    pnlcount->setText(QLocale().toString(loaded));
+    connect(filler_, &PatientFiller::Progress, pnlcount,
+            [this](int loaded, int) { pnlcount->setText(QLocale().toString(loaded)); });
 }
 
 void frmspatnt::select(int row) {

@@ -2,10 +2,10 @@
 
 #include <QDialog>
 
+class FillProgress;
 class PatientFiller;
 class QLabel;
 class QLineEdit;
-class QProgressBar;
 class QPushButton;
 class ctList;
 
@@ -23,7 +23,7 @@ class frmspatnt : public QDialog {
     ctList* ctList1 = nullptr;
     QLineEdit* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
-    QProgressBar* pnlprogress = nullptr;  ///< How much of the list is loaded, in percent; hidden once all of it is.
+    FillProgress* pnlprogress = nullptr;
     QLabel* pnlcount = nullptr;
     QPushButton* cmdselect = nullptr;
     QPushButton* cmdcancel = nullptr;
@@ -34,7 +34,6 @@ class frmspatnt : public QDialog {
     void buildForm();
     void layOutForm();
     void connectControls();
-    void showProgress(int loaded, int total);
     void select(int row);
 
     PatientFiller* filler_ = nullptr;

@@ -1,6 +1,6 @@
 #include "appointments/patientfiller.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "appointments/patientlist.h"
 #include "platform/controls/ctlist.h"
@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int PieceRows = 2000;
 constexpr int BirthDateColumn = 8;
 constexpr int BesideTheName = 2;
 
@@ -26,28 +25,17 @@ void SetPatientColumns(ctList& list, const QStringList& headings) {
     list.PlaceColumn(BirthDateColumn, BesideTheName);
 }
 
-PatientFiller::PatientFiller(ctList& list, QObject* parent) : QObject(parent), list_(list) {
-    timer_.setInterval(0);
-    connect(&timer_, &QTimer::timeout, this, [this] { addPiece(PieceRows); });
-}
+PatientFiller::PatientFiller(ctList& list, QObject* parent) : ListFiller(list, parent), list_(list) {}
 
 void PatientFiller::loadpatients() {
-    timer_.stop();
-    list_.Clear();
-    startId_.clear();
-    startName_.clear();
-    loaded_ = 0;
-    total_ = 0;
+    Clear();
     try {
-        rows_.Open(PatientListStatement(), Session().Connection);
+        db::Recordset patients(PatientListStatement(), Session().Connection);
+        readBirthDates();
+        Fill(std::move(patients), [this](const db::Recordset& row) { addPatient(row); });
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading patient list. "), error);
-        return;
     }
-    total_ = rows_.RecordCount();
-    readBirthDates();
-    // The first screen is there at once.
-    addPiece(PieceRows);
 }
 
 // The statement of the list does not ask for them.
@@ -62,58 +50,35 @@ void PatientFiller::readBirthDates() {
     });
 }
 
+void PatientFiller::addPatient(const db::Recordset& row) {
+    const PatientFacts patient = PatientOf(row);
+    QStringList cells = patient.ListRow();
+    if (const QDate born = birthDates_.value(patient.id); born.isValid())
+        cells << ShortDateText(born);
+    list_.SetItemText(list_.AddRow(cells, patient.id), patient.name);
+}
+
 void PatientFiller::StartAt(const QString& id, const QString& name) {
     list_.SelectRow(-1);
-    startId_ = id;
-    startName_ = id.isEmpty() ? name : QString();
-    startFrom(0);
+    StopSeeking();
+    if (id.isEmpty())
+        return startAtName(name);
+    Seek([this, id](int row) { return list_.ItemData(row).toString() == id; }, [this](int row) { start(row); });
 }
 
-bool PatientFiller::isStart(int row) const {
-    return startId_.isEmpty() ? list_.ItemText(row).startsWith(startName_, Qt::CaseInsensitive)
-                              : list_.ItemData(row).toString() == startId_;
+void PatientFiller::startAtName(const QString& name) {
+    if (name.isEmpty())
+        return;
+    Seek([this, name](int row) { return list_.ItemText(row).startsWith(name, Qt::CaseInsensitive); },
+         [this, name](int row) {
+             if (row < 0 && list_.SelectedRow() < 0)
+                 startAtName(name.chopped(1));
+             else
+                 start(row);
+         });
 }
 
-void PatientFiller::startFrom(int row) {
-    while (list_.SelectedRow() < 0 && !(startId_.isEmpty() && startName_.isEmpty())) {
-        for (; row < list_.RowCount(); ++row)
-            if (isStart(row)) {
-                list_.StartAtRow(row);
-                break;
-            }
-        if (IsFilling())
-            return;
-        // Nobody on the whole list: less of the name.
-        startId_.clear();
-        startName_.chop(1);
-        row = 0;
-    }
-    startId_.clear();
-    startName_.clear();
-}
-
-void PatientFiller::Finish() {
-    if (IsFilling())
-        addPiece(total_ - loaded_);
-}
-
-void PatientFiller::addPiece(int rows) {
-    const int end = std::min(loaded_ + rows, total_);
-    const int added = end - loaded_;
-    for (; loaded_ < end; ++loaded_, rows_.MoveNext()) {
-        const PatientFacts patient = PatientOf(rows_);
-        QStringList cells = patient.ListRow();
-        if (const QDate born = birthDates_.value(patient.id); born.isValid())
-            cells << ShortDateText(born);
-        list_.SetItemText(list_.AddRow(cells, patient.id), patient.name);
-    }
-    if (loaded_ < total_) {
-        timer_.start();
-    } else {
-        timer_.stop();
-        rows_.Close();
-        birthDates_.clear();
-    }
-    startFrom(loaded_ - added);
-    Q_EMIT Progress(loaded_, total_);
+void PatientFiller::start(int row) {
+    if (row >= 0 && list_.SelectedRow() < 0)
+        list_.StartAtRow(row);
 }

@@ -11,6 +11,7 @@ void RegisterViewBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();
 void RegisterSearchBenches();
+void RegisterNoteBenches();
 
 /// How often each action asks a server, in a table of its own: a number that the engine has no part in.
 void PrintTrips(const Practice& practice);

@@ -1,5 +1,6 @@
 #include <memory>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -8,7 +9,10 @@
 #include "benchmarks/baredatabase.h"
 #include "benchmarks/benches.h"
 #include "data/schema.h"
+#include "people/frmabook.h"
+#include "platform/controls/ctlist.h"
 #include "platform/database/sql.h"
+#include "session/fillprogress.h"
 #include "session/session.h"
 
 using db::Sql;
@@ -115,6 +119,49 @@ void ourLookUp(benchmark::State& state, const Typed& typed) {
     ResetSession();
 }
 
+/// The statement of the patients' list in the address book, as the bare engine takes it.
+std::string patientsList(const char* limit) {
+    return std::string(
+               "Select id, last_name, first_name, address, city, state, zipcode, telephone_h, telephone_b, other_phone_type, other_phone from patient_Info Where archive = 0 Order by last_name, first_name") +
+           limit;
+}
+
+void bareFirstRows(benchmark::State& state) {
+    BareDatabase bare(practice().file());
+    for (auto _ : state)
+        bare.read(patientsList(" Limit 200"));
+}
+
+void bareAllRows(benchmark::State& state) {
+    BareDatabase bare(practice().file());
+    for (auto _ : state)
+        bare.read(patientsList(""));
+}
+
+/// From the choice of the patients' list to its first screen, or to its last row.
+void ourPatients(benchmark::State& state, bool whole) {
+    practice().openSession();
+    frmabook book;
+    book.show();
+    QApplication::processEvents();
+    for (auto _ : state) {
+        book.cbogroups->setCurrentIndex(static_cast<int>(AddressList::Patients));
+        Q_EMIT book.cbogroups->activated(book.cbogroups->currentIndex());
+        while (whole && book.pnlprogress->isVisible())
+            QApplication::processEvents();
+        benchmark::DoNotOptimize(book.grab());
+        state.PauseTiming();
+        const int rows = book.ctList1->RowCount();
+        if (whole ? rows != patientCount : rows < 200)
+            state.SkipWithError("the list is not as long as it should be");
+        book.cbogroups->setCurrentIndex(static_cast<int>(AddressList::Personal));
+        Q_EMIT book.cbogroups->activated(book.cbogroups->currentIndex());
+        state.ResumeTiming();
+    }
+    // The connection goes before the folder with its file.
+    ResetSession();
+}
+
 }  // namespace
 
 void RegisterLookUpBenches() {
@@ -123,4 +170,11 @@ void RegisterLookUpBenches() {
         benchmark::RegisterBenchmark((name + "/bare").c_str(), bareLookUp, typed)->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark((name + "/ours").c_str(), ourLookUp, typed)->Unit(benchmark::kMillisecond);
     }
+    const auto add = [](const char* name, auto&& bench, auto... arguments) {
+        benchmark::RegisterBenchmark(name, bench, arguments...)->Unit(benchmark::kMillisecond);
+    };
+    add("Address book, the first 200 patients/100k/bare", bareFirstRows);
+    add("Address book, the first 200 patients/100k/ours", ourPatients, false);
+    add("Address book, all patients/100k/bare", bareAllRows);
+    add("Address book, all patients/100k/ours", ourPatients, true);
 }

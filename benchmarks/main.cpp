@@ -23,6 +23,7 @@ int main(int argc, char** argv) {
     RegisterStartUpBenches();
     RegisterScrollBenches();
     RegisterSearchBenches();
+    RegisterNoteBenches();
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     if (!Practices().empty())

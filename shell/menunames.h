@@ -89,6 +89,7 @@ inline constexpr MenuName mnuVsep2{"mnuVsep2"};
 inline constexpr MenuName mnuVCheckedin{"mnuVCheckedin"};
 inline constexpr MenuName mnuVActivity{"mnuVActivity"};
 inline constexpr MenuName mnuVColor{"mnuVColor"};
+inline constexpr MenuName mnuVABook{"mnuVABook"};
 inline constexpr MenuName mnuVsep3{"mnuVsep3"};
 inline constexpr MenuName mnuVHidePats{"mnuVHidePats"};
 inline constexpr MenuName mnuVHideTP{"mnuVHideTP"};

@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "people/frmabook.h"
 #include "people/frmcleg.h"
 #include "people/frmlocs.h"
 #include "platform/desktop/desktop.h"
@@ -58,6 +59,10 @@ void MenuView::bindPracticeLists() {
     menus_.Bind(menu::mnuFRoomList, edits(PracticeList::Rooms));
     menus_.Bind(menu::mnuFActList, edits(PracticeList::Events));
     menus_.Bind(menu::mnuFAvail, edits(PracticeList::Availability));
+    menus_.Bind(menu::mnuVABook, [this] {
+        frmabook dialog(window());
+        ShowModal(dialog);
+    });
     menus_.Bind(menu::mnuVColor, [this] {
         frmcleg dialog(window());
         ShowModal(dialog);

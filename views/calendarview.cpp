@@ -35,6 +35,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindLists();
     bindSearches();
     bindSeries();
+    bindNotes();
     makeItemPopup();
     board_->SetScale(Session().TimeUnit);
 }

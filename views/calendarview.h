@@ -187,6 +187,12 @@ class CalendarView : public MenuView {
     void tickStatus(MenuName command);
     void showStatus(int index, int code);
 
+    // calendarview_note.cpp
+    void bindNotes();
+    void openNote();
+    /// Shows that the appointment has a note now.
+    void showNote(const QString& key, int icon);
+
     // calendarview_popup.cpp
     void makeItemPopup();
     void popupOnItem(int index, const QPoint& place);

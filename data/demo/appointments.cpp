@@ -228,7 +228,7 @@ class Writer {
     // appointment.
     int addSession(const Booking& booking) {
         const bool over = booking.date < today_ || (booking.date == today_ && booking.end < NowMinute);
-        if (booking.kind != BookingKind::Patient || !over)
+        if (booking.kind != BookingKind::Patient || !over || booking.noteToWrite)
             return 0;
         if (booking.color == ncolor::Kept && (booking.locked || random_.chance(92)))
             return addNote(booking, random_.chance(85) ? 1 : 2);

@@ -86,6 +86,9 @@ Summary makeIn(const Options& options, const QDir& target) {
     writeFile(aside.filePath(QStringLiteral("svwsched.ini")), SchedulerIni);
     writeFile(aside.filePath(QStringLiteral("solvane.ini")), SolvaneIni);
     moveAllIn(QDir(aside.path()), target);
+    // The practice is whole without it.
+    if (!options.notesProgram.isEmpty())
+        QFile::link(options.notesProgram, target.filePath(QStringLiteral("solvaned.exe")));
     return summary;
 }
 

@@ -29,6 +29,8 @@ Summary MakePractice(const Options& options, db::Connection& main, db::Connectio
 /// elsewhere and moved in at the end, solvane.ini last, so that a folder with solvane.ini has all of them. Throws
 /// std::runtime_error, with a sentence for the user, for a folder that already has one of the four files or that cannot
 /// be written. Throws DatabaseError when a database fails.
+///
+/// The folder also gets solvaned.exe, a link to the notes program of the options, where these name one.
 Summary MakeDemoFolder(const Options& options, const QString& folder);
 
 }  // namespace demo

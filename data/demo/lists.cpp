@@ -135,30 +135,61 @@ void writeNoteTypes(const Practice& practice, db::Connection& connection) {
     }
 }
 
+struct Workplace {
+    const char* company;
+    const char* title;
+    const char* department;
+    const char* floor;  ///< The second line of the address; empty where there is none.
+};
+
+// Whom a practice calls: each place with somebody who works there.
+constexpr Workplace Workplaces[]{{"Millbrook Elementary", "School Counselor", "Student Services", ""},
+                                 {"Larkspur Middle School", "School Psychologist", "Student Services", "Room 12"},
+                                 {"County Court", "Probation Officer", "Juvenile Division", "Floor 3"},
+                                 {"County Human Services", "Case Manager", "Child Protection", "Suite 210"},
+                                 {"Prairie Pharmacy", "Pharmacist", "", ""},
+                                 {"St. Odile Hospital", "Discharge Nurse", "Behavioral Health", "West Wing"},
+                                 {"St. Odile Hospital", "Admissions Clerk", "Emergency", ""},
+                                 {"Legal Aid Society", "Attorney", "Family Law", "Suite 4"},
+                                 {"Harbor Point Shelter", "Shift Lead", "", ""},
+                                 {"Harbor Point Pediatrics", "Pediatrician", "", "Suite 1B"},
+                                 {"Union Hall 12", "Benefits Representative", "Members' Aid", ""},
+                                 {"Adult Day Center", "Program Director", "", ""},
+                                 {"Foundry Workers' Fund", "Claims Examiner", "Mental Health Claims", "P.O. Box 88"},
+                                 {"Northern Lakes HMO", "Case Reviewer", "Utilization Review", ""}};
+
+constexpr std::array ContactNotes{"Best reached before 10 AM.", "Ask for the direct line.",
+                                  "Fax releases to the attention of the department.",
+                                  "Prefers e-mail.\r\nOut of the office on Fridays."};
+
 void writeContacts(const Practice& practice, Random& random, db::Connection& connection) {
-    static constexpr std::array Companies{"Millbrook Elementary", "County Court",      "Prairie Pharmacy",
-                                          "St. Odile Hospital",   "Legal Aid Society", "Harbor Point Shelter",
-                                          "Union Hall 12",        "Adult Day Center"};
-    static constexpr std::array Titles{"School Counselor",  "Case Manager", "Pharmacist",
-                                       "Probation Officer", "Nurse",        "Attorney"};
     TableWriter contacts(connection, "ContactList",
                          {"uid", "company", "fname", "lname", "mi", "address", "city", "state", "zip", "hphone",
                           "wphone", "fax", "mobilephone", "pager", "emailaddress", "ctitle", "cdept", "notes"});
+    const auto maybe = [&random](int percent, const QString& text) {
+        return random.chance(percent) ? text : QString();
+    };
     const auto add = [&](const QString& user, int count) {
         for (int i = 0; i < count; ++i) {
             const Person person = SomePerson(random);
             const Address address = SomeAddress(random);
-            contacts.add({user, random.pick(Companies), person.first, person.last, person.middle, address.street,
-                          address.city, address.state, address.zip, random.chance(30) ? SomePhone(random) : QString(),
-                          SomePhone(random, random.chance(40)), random.chance(40) ? SomePhone(random) : QString(),
-                          random.chance(60) ? SomePhone(random) : QString(), QString(),
-                          random.chance(75) ? SomeEmail(person, random) : QString(), random.pick(Titles), QString(),
-                          random.chance(25) ? QStringLiteral("Best reached before 10 AM.") : QString()});
+            const Workplace& place = random.pick(Workplaces);
+            // Nobody is called in an apartment at work.
+            const QString street = address.street.section(QLatin1Char(','), 0, 0);
+            const QString floor = QLatin1String(place.floor);
+            contacts.add({user, place.company, person.first, person.last, person.middle,
+                          floor.isEmpty() ? street : street + QStringLiteral("\r\n") + floor, address.city,
+                          address.state, address.zip, maybe(30, SomePhone(random)),
+                          SomePhone(random, random.chance(40)), maybe(40, SomePhone(random)),
+                          maybe(60, SomePhone(random)), maybe(10, SomePhone(random)),
+                          maybe(75, SomeEmail(person, random)), place.title, place.department,
+                          maybe(35, QLatin1String(random.pick(ContactNotes)))});
         }
     };
-    add(QStringLiteral("DESK"), 14);
+    add(QStringLiteral("DESK"), 24);
+    add(QStringLiteral("ADMIN"), 8);
     for (std::size_t i = 0; i < 4; ++i)
-        add(practice.providers[i].id, random.between(4, 12));
+        add(practice.providers[i].id, random.between(8, 16));
 }
 
 void writeCompanies(Random& random, db::Connection& connection) {

@@ -19,6 +19,8 @@ struct Options {
     /// The approximate number. A larger one lengthens the past up to ten years and then adds providers.
     int appointments = UsualAppointments;
     QDate today;  ///< The day around which the practice is dated.
+    /// A program that a demo folder offers as the practice's notes program; empty for none.
+    QString notesProgram = {};
 };
 
 /// A stretch of one day in minutes since midnight. An end of 0 means a day off.
@@ -95,6 +97,7 @@ struct Booking {
     bool reminder = false;
     bool allDay = false;
     bool locked = false;         ///< Arranged by hand, so that no details are drawn for it.
+    bool noteToWrite = false;    ///< Kept, and its note is still to be written.
     QString text;                ///< The text of an activity or of unavailable time.
     QString note;                ///< Free text.
     QString location;            ///< A location's name.

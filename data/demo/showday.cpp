@@ -19,7 +19,7 @@ class ShowDay {
 
     std::vector<Booking> weekday() {
         using namespace ncolor;
-        patient({435, 480}, Kept, "Before work, leaves at 8 sharp.", "CF").location = "Main Office";
+        patient({435, 480}, Kept, "Before work, leaves at 8 sharp.", "CF").noteToWrite = true;
         patient(ShowSeriesHours, Kept, "Sleep diary reviewed. Bring the second one next week.", "CF").series =
             FirstShowSeries;
         Booking& arrived = patient({540, 590}, CheckedIn, "Copay paid. New insurance card copied.", "CF");

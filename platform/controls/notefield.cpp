@@ -6,14 +6,6 @@
 
 #include "platform/text/plaintext.h"
 
-namespace {
-
-QString withoutSeparators(QString text) {
-    return ManyLines(text).remove(QLatin1Char(';')).remove(QLatin1Char('|'));
-}
-
-}  // namespace
-
 NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent) {
     setTabChangesFocus(true);
 }
@@ -21,6 +13,11 @@ NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent) {
 void NoteField::setLines(int lines) {
     lines_ = lines;
     updateGeometry();
+}
+
+QString NoteField::accepted(const QString& text) const {
+    QString lines = ManyLines(text);
+    return keepsSeparators_ ? lines : lines.remove(QLatin1Char(';')).remove(QLatin1Char('|'));
 }
 
 QString NoteField::StoredText() const {
@@ -33,18 +30,17 @@ QSize NoteField::sizeHint() const {
 }
 
 void NoteField::keyPressEvent(QKeyEvent* event) {
-    if (event->text() == QLatin1String(";") || event->text() == QLatin1String("|"))
+    if (!event->text().isEmpty() && accepted(event->text()).isEmpty())
         return;
     QPlainTextEdit::keyPressEvent(event);
 }
 
 void NoteField::inputMethodEvent(QInputMethodEvent* event) {
-    event->setCommitString(withoutSeparators(event->commitString()), event->replacementStart(),
-                           event->replacementLength());
+    event->setCommitString(accepted(event->commitString()), event->replacementStart(), event->replacementLength());
     QPlainTextEdit::inputMethodEvent(event);
 }
 
 void NoteField::insertFromMimeData(const QMimeData* source) {
     if (source->hasText())
-        insertPlainText(withoutSeparators(source->text()));
+        insertPlainText(accepted(source->text()));
 }

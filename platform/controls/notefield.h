@@ -3,8 +3,8 @@
 #include <QPlainTextEdit>
 
 /// A field for free text over several lines. It removes ";" and "|" from typed, pasted or dropped text, because the
-/// database keeps notes in texts that are joined by these. A text that the program sets is shown unchanged. Tab leaves
-/// the field.
+/// database keeps notes of appointments in texts that are joined by these. A text that the program sets is shown
+/// unchanged. Tab leaves the field.
 class NoteField : public QPlainTextEdit {
     Q_OBJECT
 
@@ -13,6 +13,8 @@ class NoteField : public QPlainTextEdit {
 
     /// Makes the field as tall as this many lines.
     void setLines(int lines);
+    /// Makes the field accept ";" and "|", for a text that has a column to itself.
+    void setKeepsSeparators(bool keeps) { keepsSeparators_ = keeps; }
     /// Returns the text as the database keeps it, with the line ends that the notes product writes.
     [[nodiscard]] QString StoredText() const;
     [[nodiscard]] QSize sizeHint() const override;
@@ -24,5 +26,8 @@ class NoteField : public QPlainTextEdit {
     void insertFromMimeData(const QMimeData* source) override;
 
   private:
+    [[nodiscard]] QString accepted(const QString& text) const;
+
     int lines_ = 3;
+    bool keepsSeparators_ = false;
 };

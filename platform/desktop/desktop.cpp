@@ -14,6 +14,7 @@
 #include <QUrl>
 #include <vector>
 
+#include "platform/desktop/detachedprogram.h"
 #include "platform/desktop/opendialog.h"
 #include "platform/desktop/questions.h"
 
@@ -106,15 +107,10 @@ void realPlaySound(const QString& path) {
 }
 
 bool realStartProgram(const QString& path, const QString& arguments, const QString& folder) {
-    QProcess process;
-    process.setProgram(path);
-    process.setArguments({arguments});
-    if (!folder.isEmpty())
-        process.setWorkingDirectory(folder);
-    if (process.startDetached())
+    const int error = StartDetached(path, arguments, folder);
+    if (error == 0)
         return true;
-    MsgBox(QStringLiteral("Error %1 %2").arg(process.error()).arg(process.errorString()), ErrorBox,
-           QStringLiteral("Error"));
+    MsgBox(QStringLiteral("Error %1 %2").arg(error).arg(qt_error_string(error)), ErrorBox, QStringLiteral("Error"));
     return false;
 }
 

@@ -53,7 +53,9 @@ double RandomNumber();
 void PlaySound(const QString& path);
 /// Hands a file or an address (mailto:, https:) to the desktop. Returns false when the desktop cannot open it.
 bool OpenWithShell(const QString& target);
-/// Starts a program without waiting for it. On a failure it shows "Error {number} {text}" and returns false.
+/// Starts a program and forgets it. The program gets `arguments` in one piece, without a shell, and begins in `folder`
+/// when that is not empty. When it is missing or cannot be executed, the user is told "Error {number} {text}" in the
+/// system's own number and words, and the answer is false.
 bool StartProgram(const QString& path, const QString& arguments, const QString& folder);
 
 /// The functions above call these functions to reach the world outside. A test replaces them by its own.

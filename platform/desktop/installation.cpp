@@ -8,11 +8,15 @@
 
 namespace {
 
-QString folderOf(const QString& file, const char* key, const QString& otherwise) {
-    const QString folder = ReadIniValue(file, QStringLiteral("Folders"), QString::fromLatin1(key));
-    if (folder.isEmpty())
+QString pathOf(const QString& file, const char* section, const char* key, const QString& otherwise) {
+    const QString path = ReadIniValue(file, QString::fromLatin1(section), QString::fromLatin1(key));
+    if (path.isEmpty())
         return otherwise;
-    return QDir::cleanPath(QFileInfo(file).absoluteDir().absoluteFilePath(folder));
+    return QDir::cleanPath(QFileInfo(file).absoluteDir().absoluteFilePath(path));
+}
+
+QString folderOf(const QString& file, const char* key, const QString& otherwise) {
+    return pathOf(file, "Folders", key, otherwise);
 }
 
 }  // namespace
@@ -35,4 +39,8 @@ std::optional<InstallationFolders> CentralInstallation(const QString& installati
 int InstallationScrambleKey(const QString& installationFile, int otherwise) {
     const int key = ReadIniValue(installationFile, QStringLiteral("Scramble"), QStringLiteral("Key")).toInt();
     return key >= 1 && key <= 9 ? key : otherwise;
+}
+
+QString NotesProgram(const QString& installationFile, const QString& appPath) {
+    return pathOf(installationFile, "Programs", "Notes", appPath + QStringLiteral("/solvaned.exe"));
 }

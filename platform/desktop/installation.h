@@ -20,8 +20,10 @@ struct InstallationFolders {
 ///     SignaturePath=/srv/solvane/signatures
 ///     [Scramble]
 ///     Key=3                           1 to 9, the key of the notes product's passwords
+///     [Programs]
+///     Notes=/opt/solvane/bin/solvaned the program that session notes are written in
 ///
-/// A missing folder is AppPath. A relative folder is taken from the folder of installation.ini.
+/// A missing folder is AppPath. A relative folder or program is taken from the folder of installation.ini.
 [[nodiscard]] QString InstallationFile();
 
 /// Returns the folders of the central installation. Returns nothing when the file is missing or names no AppPath, which
@@ -30,3 +32,6 @@ struct InstallationFolders {
 
 /// Returns the scramble key of the installation, or `otherwise` where the file sets none from 1 to 9.
 [[nodiscard]] int InstallationScrambleKey(const QString& installationFile, int otherwise);
+
+/// Returns the path of the notes program: the file's key Notes or, where there is none, solvaned.exe in `appPath`.
+[[nodiscard]] QString NotesProgram(const QString& installationFile, const QString& appPath);

@@ -18,10 +18,7 @@ frmpreview::frmpreview(const printing::Document& document, QWidget* parent) : QD
     buildForm();
     vp->ShowDocument(document);
     connect(cmdsave, &QPushButton::clicked, this, &frmpreview::cmdsave_Click);
-    connect(cmdprint, &QPushButton::clicked, this, [this] {
-        if (vp->Print())
-            lblstatus->setText(tr("The document has gone to the printer."));
-    });
+    connect(cmdprint, &QPushButton::clicked, this, &frmpreview::cmdprint_Click);
     connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, cmdsave, &QPushButton::click);
     connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, cmdprint, &QPushButton::click);
     connect(cmdclose, &QPushButton::clicked, this, &QDialog::reject);
@@ -61,5 +58,15 @@ void frmpreview::buildForm() {
 void frmpreview::cmdsave_Click() {
     const QString path = vp->SaveAsPdf();
     if (!path.isEmpty())
-        lblstatus->setText(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
+        tellPrinted(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
+}
+
+void frmpreview::cmdprint_Click() {
+    if (vp->Print())
+        tellPrinted(tr("The document has gone to the printer."));
+}
+
+void frmpreview::tellPrinted(const QString& text) {
+    hasPrinted_ = true;
+    lblstatus->setText(text);
 }

@@ -16,6 +16,9 @@ class frmpreview : public QDialog {
   public:
     explicit frmpreview(const printing::Document& document, QWidget* parent = nullptr);
 
+    /// Whether the document has gone to a printer or into a file.
+    [[nodiscard]] bool HasPrinted() const { return hasPrinted_; }
+
     PrintPreview* vp = nullptr;
     QLabel* lblstatus = nullptr;
     QPushButton* cmdsave = nullptr;
@@ -25,4 +28,8 @@ class frmpreview : public QDialog {
   private:
     void buildForm();
     void cmdsave_Click();
+    void cmdprint_Click();
+    void tellPrinted(const QString& text);
+
+    bool hasPrinted_ = false;
 };

@@ -14,6 +14,7 @@ constexpr double LineWidth = 10;  // Half a point.
 const QColor GridColour(0x9a, 0x9a, 0x9a);
 const QColor TitleShade(0xe6, 0xe6, 0xe6);
 constexpr double DefaultPoints = 10;
+constexpr double TabStop = 720;  // Half an inch.
 /// A table at least this wide was made for an upright page, and also fills a page across.
 constexpr double LeastOfAStandingPage = 9000;  // Twips.
 constexpr double MuchWider = 1.25;
@@ -79,6 +80,7 @@ void TextRow::addCell(const QString& text, const QFont& font, Qt::Alignment alig
     auto layout = std::make_unique<QTextLayout>(lines, inTwips);
     QTextOption option(alignment);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTabStopDistance(TabStop);
     layout->setTextOption(option);
     const double room = std::max(width - 2 * padSide_, 1.0);
     lineHeight_ = std::max(lineHeight_, QFontMetricsF(inTwips).lineSpacing());

@@ -79,9 +79,10 @@ int VSPrinter::PageCount() const {
     return printing::PageLayout(document_).pageCount();
 }
 
-void VSPrinter::Preview(QWidget* parent) const {
+bool VSPrinter::Preview(QWidget* parent) const {
     frmpreview form(document_, parent);
     ShowModal(form);
+    return form.HasPrinted();
 }
 
 void VSPrinter::PrintDoc(QPrinter& printer) const {

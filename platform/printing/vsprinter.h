@@ -64,8 +64,8 @@ class VSPrinter {
     [[nodiscard]] int PageCount() const;
 
     /// Shows the pages in frmpreview, where the user can print them or save them as a PDF. Returns when that form is
-    /// closed.
-    void Preview(QWidget* parent) const;
+    /// closed, and whether the user did one of the two.
+    bool Preview(QWidget* parent) const;
     /// Prints the pages chosen in the printer's settings on the printer's own paper. Throws PrintError.
     void PrintDoc(QPrinter& printer) const;
     /// Writes a PDF. Throws PrintError; the file then keeps its old contents.

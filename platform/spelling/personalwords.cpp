@@ -4,6 +4,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <algorithm>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>

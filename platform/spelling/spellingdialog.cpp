@@ -1,5 +1,6 @@
 #include "platform/spelling/spellingdialog.h"
 
+#include <algorithm>
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLineEdit>

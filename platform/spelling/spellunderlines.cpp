@@ -1,5 +1,6 @@
 #include "platform/spelling/spellunderlines.h"
 
+#include <algorithm>
 #include <QEvent>
 #include <QPlainTextEdit>
 #include <QTextBlock>

@@ -1,6 +1,7 @@
 #include "platform/spelling/words.h"
 
 #include <algorithm>
+#include <QString>
 
 namespace {
 

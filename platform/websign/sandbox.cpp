@@ -3,6 +3,7 @@
 #include <sched.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <cerrno>
 #include <QtGlobal>
 
 namespace {

@@ -58,6 +58,7 @@ SignatureBrowser::SignatureBrowser(const WebSurfaceLimits& limits, QWidget* pare
     layout->addWidget(view_.get());
     setFocusProxy(view_.get());
 
+    patience_.setObjectName(QStringLiteral("patience"));
     patience_.setSingleShot(true);
     connect(&patience_, &QTimer::timeout, this, &SignatureBrowser::runsOutOfPatience);
     connect(profile_.get(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* file) {
@@ -115,12 +116,12 @@ void SignatureBrowser::SetBodyAttribute(const QString& name, const QString& valu
 
 void SignatureBrowser::ReadBodyText(std::function<void(const QString& text)> callback) {
     ask(QStringLiteral(
-            "(most => { const text = document.body?.outerText ?? ''; return text.length > most ? null : text; })(%1)")
+            "(most => { const text = document.body?.outerText ?? ''; return text.length > most ? -1 : text; })(%1)")
             .arg(limits_.characters),
         [this, callback = std::move(callback)](const QVariant& text) {
             if (text.typeId() == QMetaType::QString)
                 callback(text.toString());
-            else
+            else if (text.isValid())
                 fail(QStringLiteral("The text of the signature page is too long for a signature."));
         });
 }
@@ -133,17 +134,18 @@ void SignatureBrowser::ClickInputs(const QString& value) {
         [](const QVariant&) {});
 }
 
-/// A load begins, by the form or by the page. The browser does not tell the beginning of one that replaces another.
+/// The form has asked for a page. What was asked of the page before it, and what that has yet to tell, is dropped.
 void SignatureBrowser::expectLoad() {
     ++load_;
-    loading_ = true;
-    failed_ = false;
+    loading_ = Loading::Asked;
     questions_ = 0;
     patience_.start(limits_.patience);
 }
 
+/// The page goes to another one by itself. Until that is there, it is still the page that is shown.
 void SignatureBrowser::startsLoad() {
-    expectLoad();
+    loading_ = Loading::ByPage;
+    patience_.start(limits_.patience);
     if (wandersAbout()) {
         fail(QStringLiteral("The signature page goes from one page to the next without end."));
         page_->triggerAction(QWebEnginePage::Stop);
@@ -151,14 +153,28 @@ void SignatureBrowser::startsLoad() {
 }
 
 void SignatureBrowser::changesLoad(const QWebEngineLoadingInfo& load) {
-    if (load.status() == QWebEngineLoadingInfo::LoadStartedStatus)
-        startsLoad();
-    else if (!loading_ || load.errorCode() == AbortedLoad)
-        return;  // A load that was broken off was replaced, or has been told as failed.
-    else if (load.status() == QWebEngineLoadingInfo::LoadSucceededStatus)
+    if (load.status() == QWebEngineLoadingInfo::LoadStartedStatus) {
+        if (loading_ == Loading::Nothing)
+            startsLoad();
+    } else if (loading_ == Loading::Nothing) {
+        return;  // The load has been told as failed.
+    } else if (load.errorCode() == AbortedLoad) {
+        breaksOffLoad();
+    } else if (load.status() == QWebEngineLoadingInfo::LoadSucceededStatus) {
         complete();
-    else
+    } else {
         fail(reasonOf(load));
+    }
+}
+
+/// A page that does not get away, as with an address that it may not go to, stays. A page that the form asked for and
+/// that is broken off was replaced by another, or will have run out of patience.
+void SignatureBrowser::breaksOffLoad() {
+    if (loading_ != Loading::ByPage)
+        return;
+    loading_ = Loading::Nothing;
+    if (questions_ == 0)
+        patience_.stop();
 }
 
 void SignatureBrowser::runsOutOfPatience() {
@@ -166,9 +182,8 @@ void SignatureBrowser::runsOutOfPatience() {
         patience_.start(limits_.patience);
         return;
     }
-    const bool isLoad = questions_ == 0;
-    fail(isLoad ? QStringLiteral("The signature service does not answer.")
-                : QStringLiteral("The signature page does not answer any more."));
+    fail(loading_ == Loading::Nothing ? QStringLiteral("The signature page does not answer any more.")
+                                      : QStringLiteral("The signature service does not answer."));
     openPage();
 }
 
@@ -178,33 +193,34 @@ bool SignatureBrowser::wandersAbout() {
     return steps_ > MostSteps;
 }
 
-// Both outcomes are told from the event loop, so that a form may do what it likes about them, even close. An outcome is
-// dropped when another load has begun by then.
-
 void SignatureBrowser::complete() {
-    loading_ = false;
-    patience_.stop();
+    endLoad();
+    failed_ = false;
     stay_.start();
-    QMetaObject::invokeMethod(
-        this,
-        [this, load = load_] {
-            if (load == load_)
-                Q_EMIT DocumentComplete(page_->url().toString());
-        },
-        Qt::QueuedConnection);
+    tell([this, address = page_->url().toString()] { Q_EMIT DocumentComplete(address); });
 }
 
 void SignatureBrowser::fail(const QString& reason) {
-    loading_ = false;
+    endLoad();
     failed_ = true;
-    questions_ = 0;
+    tell([this, reason] { Q_EMIT LoadFailed(reason); });
+}
+
+void SignatureBrowser::endLoad() {
     ++load_;
+    loading_ = Loading::Nothing;
+    questions_ = 0;
     patience_.stop();
+}
+
+/// Tells an outcome from the event loop, so that a form may do what it likes about it, even close. It is dropped when
+/// the form has asked for another page by then.
+void SignatureBrowser::tell(const std::function<void()>& outcome) {
     QMetaObject::invokeMethod(
         this,
-        [this, reason, load = load_] {
+        [this, outcome, load = load_] {
             if (load == load_)
-                Q_EMIT LoadFailed(reason);
+                outcome();
         },
         Qt::QueuedConnection);
 }
@@ -221,7 +237,7 @@ void SignatureBrowser::ask(const QString& script, const Answer& answer) {
 }
 
 void SignatureBrowser::answered(const Answer& answer, const QVariant& value) {
-    if (--questions_ == 0 && !loading_)
+    if (--questions_ == 0 && loading_ == Loading::Nothing)
         patience_.stop();
     answer(value);
 }

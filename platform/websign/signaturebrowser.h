@@ -28,16 +28,20 @@ class SignatureBrowser : public WebSurface {
     void ClickInputs(const QString& value) override;
 
   private:
+    enum class Loading { Nothing, Asked, ByPage };
     using Answer = std::function<void(const QVariant&)>;
 
     void openPage();
     void expectLoad();
     void startsLoad();
     void changesLoad(const QWebEngineLoadingInfo& load);
+    void breaksOffLoad();
     void runsOutOfPatience();
     [[nodiscard]] bool wandersAbout();
     void complete();
     void fail(const QString& reason);
+    void endLoad();
+    void tell(const std::function<void()>& outcome);
     void ask(const QString& script, const Answer& answer);
     void answered(const Answer& answer, const QVariant& value);
 
@@ -47,11 +51,11 @@ class SignatureBrowser : public WebSurface {
     std::unique_ptr<SignaturePage> page_;
     std::unique_ptr<QWebEngineView> view_;
 
-    QString address_;    ///< What Navigate was given last.
-    QTimer patience_;    ///< Runs while a load or an answer is waited for.
-    int load_ = 0;       ///< Counts the loads, so that what belongs to an earlier one is recognised.
+    QString address_;        ///< What Navigate was given last.
+    QTimer patience_{this};  ///< Runs while a load or an answer is waited for.
+    int load_ = 0;  ///< Changes when a page is asked for and when it is there, so that what belongs to another is seen.
     int questions_ = 0;  ///< Scripts that the page has not answered.
-    bool loading_ = false;
+    Loading loading_ = Loading::Nothing;
     bool failed_ = false;
     QElapsedTimer stay_;  ///< Since the page that is shown was complete; invalid once the user has done something.
     int steps_ = 0;       ///< Pages in a row that were left at once.

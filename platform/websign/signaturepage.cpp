@@ -39,7 +39,11 @@ QWebEnginePage* SignaturePage::createWindow(WebWindowType) {
 }
 
 bool SignaturePage::acceptNavigationRequest(const QUrl& address, NavigationType, bool isMainFrame) {
-    return !isMainFrame || IsAllowed(address);
+    // A frame inside the page may hold a picture or a text of the page's own; a mail address would start the mail
+    // program.
+    const bool isPart = address.scheme() == QLatin1String("about") || address.scheme() == QLatin1String("data") ||
+                        address.scheme() == QLatin1String("blob");
+    return IsAllowed(address) || (isPart && !isMainFrame);
 }
 
 QStringList SignaturePage::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&) {

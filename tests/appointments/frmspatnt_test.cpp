@@ -3,12 +3,12 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctlist.h"
+#include "session/fillprogress.h"
 #include "tests/appointments/editorfixture.h"
 
 using db::Sql;

@@ -26,6 +26,7 @@ QObject* RemoteHandPlugin::create(const QString& name, const QString& specificat
 }
 
 RemoteHand::RemoteHand() : input_(STDIN_FILENO, QSocketNotifier::Read) {
+    KeepFromDesktop();
     connect(&input_, &QSocketNotifier::activated, this, &RemoteHand::readInput);
 }
 

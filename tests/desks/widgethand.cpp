@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMap>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QSpinBox>
@@ -17,6 +18,7 @@
 
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/ctlist.h"
+#include "platform/desktop/desktop.h"
 
 namespace {
 
@@ -54,6 +56,12 @@ ctMDay& calendar() {
         if (shown->isVisible())
             return *shown;
     throw CannotObey(QStringLiteral("there is no calendar in %1").arg(WindowInFront()));
+}
+
+/// What the program has handed to the desktop.
+QStringList& openedTargets() {
+    static QStringList targets;
+    return targets;
 }
 
 // What opens a dialog must not hold up the answer.
@@ -208,9 +216,33 @@ QString timePlace(const QStringList& words) {
     return placeText(day, day.CellRect(column, words.at(1).toInt()).center());
 }
 
+/// The middle of a row of a list, counted from 0, as far as the row is in sight.
+QString rowPlace(const QStringList& words) {
+    const auto& list = find<ctList>(words.at(1));
+    const QRect cell = list.visualRect(list.model()->index(words.at(2).toInt(), 0));
+    return placeText(*list.viewport(), cell.center());
+}
+
 QString widgetPlace(const QStringList& words) {
     const auto& widget = find<QWidget>(words.at(1));
     return placeText(widget, widget.rect().center());
+}
+
+/// The middle of a command in the open menu.
+QString entryPlace(const QStringList& words) {
+    auto* menu = qobject_cast<QMenu*>(front());
+    if (menu == nullptr)
+        throw CannotObey(QStringLiteral("no menu is open; in front is %1").arg(WindowInFront()));
+    for (QAction* action : menu->actions())
+        if (action->objectName() == words.at(1) && action->isVisible())
+            return placeText(*menu, menu->actionGeometry(action).center());
+    throw CannotObey(QStringLiteral("the menu has no such command"));
+}
+
+/// Whether the item has the picture of a session note.
+QString noteIcon(const QStringList& words) {
+    const CalendarItem& item = std::as_const(calendar()).Item(indexOfKey(words.at(1)));
+    return item.ItemSessionIcon > 0 ? QStringLiteral("yes") : QStringLiteral("not");
 }
 
 QString shows(const QStringList& words) {
@@ -238,6 +270,13 @@ QString picture(const QStringList& words) {
 
 }  // namespace
 
+void KeepFromDesktop() {
+    Desktop().openWithShell = [](const QString& target) {
+        openedTargets() << target;
+        return true;
+    };
+}
+
 QString WindowInFront() {
     const QWidget* window = front();
     if (window == nullptr)
@@ -264,11 +303,15 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("answer"), answerBox},
         {QStringLiteral("itemPlace"), itemPlace},
         {QStringLiteral("timePlace"), timePlace},
+        {QStringLiteral("rowPlace"), rowPlace},
         {QStringLiteral("widgetPlace"), widgetPlace},
+        {QStringLiteral("entryPlace"), entryPlace},
+        {QStringLiteral("noteIcon"), noteIcon},
         {QStringLiteral("shows"), shows},
         {QStringLiteral("windowId"), windowId},
         {QStringLiteral("focus"), focusName},
         {QStringLiteral("picture"), picture},
+        {QStringLiteral("opened"), [](const QStringList&) { return openedTargets().join(QLatin1Char('\n')); }},
         {QStringLiteral("front"), [](const QStringList&) { return WindowInFront(); }},
         {QStringLiteral("text"), [](const QStringList& given) { return textOf(find<QWidget>(given.at(1))); }},
         {QStringLiteral("box"),

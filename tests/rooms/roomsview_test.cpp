@@ -257,6 +257,12 @@ TEST_F(RoomScheduler, TheCommandsAskTheMainWindow) {
               (QStringList{"changeview 0", "changeview 1", "changeview 2", "today", "cycledate 1", "help"}));
 }
 
+TEST_F(RoomScheduler, TheAddressBookOpensFromTheViewMenu) {
+    open();
+    desk.expectForm("frmabook", [](QDialog&) {});
+    command("mnuVABook").trigger();
+}
+
 TEST_F(RoomScheduler, ThePopupOffersWhatIsUnderThePointer) {
     book("Meeting");
     open();

@@ -34,6 +34,14 @@ TEST(MenuNames, StandInTheMenusOfAView) {
     EXPECT_FALSE(InMenusOfAnyView(MenuName("mnuANewPat"))) << "An object's name in the week, and no command's.";
 }
 
+TEST(ViewMenusTest, TheAddressBookIsInEveryViewsMenuOnTheSameKey) {
+    for (const auto& entries : {DayMenus(), WeekMenus(), AllProvidersMenus(), MonthMenus(), RoomMenus()}) {
+        const ViewMenus menus(entries);
+        EXPECT_TRUE(menus.Entries(menu::mnuView).contains(&menus.Command(menu::mnuVABook)));
+        EXPECT_EQ(menus.Command(menu::mnuVABook).shortcut(), QKeySequence(QStringLiteral("Ctrl+B")));
+    }
+}
+
 TEST(ViewMenusTest, ANameThatNoViewHoldsIsAnErrorOfTheProgram) {
     const ViewMenus menus(MonthMenus());
 #ifdef QT_NO_DEBUG

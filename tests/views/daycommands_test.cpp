@@ -25,7 +25,8 @@ TEST_F(DayCommands, EachListOpensFromItsCommand) {
     open();
     const std::pair<const char*, const char*> lists[] = {{"mnuFLoc", "frmlocs"},          {"mnuFRoomList", "frmlocs"},
                                                          {"mnuFActList", "frmlocs"},      {"mnuFAtypes", "frmapttypes"},
-                                                         {"mnuFHolidays", "frmholidays"}, {"mnuVColor", "frmcleg"}};
+                                                         {"mnuFHolidays", "frmholidays"}, {"mnuVColor", "frmcleg"},
+                                                         {"mnuVABook", "frmabook"}};
     for (const auto& [name, form] : lists) {
         QString title;
         desk.expectForm(form, [&title](QDialog& dialog) { title = dialog.windowTitle(); });

@@ -136,8 +136,8 @@ TEST_F(DayRights, TheCompanionsScheduleIsOnlyForThoseWithALink) {
 TEST_F(DayRights, ACommandThatIsNotThereYetSaysSoAndDoesNothing) {
     open();
 
-    EXPECT_FALSE(enabled("mnuANote"));
-    EXPECT_EQ(command("mnuANote").toolTip(), "Not available in this version.");
+    EXPECT_FALSE(enabled("mnuFPrintA"));
+    EXPECT_EQ(command("mnuFPrintA").toolTip(), "Not available in this version.");
 }
 
 TEST_F(DayRights, TheWordForAPatientStandsInTheCommand) {

@@ -252,6 +252,12 @@ TEST_F(MonthView, TheCommandsAskTheMainWindow) {
                                        "today", "cycledate 1", "help", "leave"}));
 }
 
+TEST_F(MonthView, TheAddressBookOpensFromTheViewMenu) {
+    open();
+    desk.expectForm("frmabook", [](QDialog&) {});
+    command("mnuVABook").trigger();
+}
+
 TEST_F(MonthView, TheListsOpenInTheirModes) {
     open();
     const std::pair<const char*, const char*> lists[] = {

@@ -5,6 +5,7 @@
 
 #include "appointments/frmnore.h"
 #include "data/codes.h"
+#include "followup/frmsnotetype.h"
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/notefield.h"
 #include "rooms/frmrooms.h"
@@ -139,6 +140,22 @@ TEST_F(Trips, AStatusIsThree) {
     EXPECT_TRUE(TakesAtMost(3, [&] { trigger("mnuAKept"); }));
     EXPECT_TRUE(TakesAtMost(3, [&] { trigger("mnuAMissed"); }));
     EXPECT_EQ(stored(anna, "ncolor"), QString::number(ncolor::Missed));
+}
+
+TEST_F(Trips, ANewNoteIsElevenAndOneThatExistsTwo) {
+    run("Insert Into NoteTypes (NoteType, applyauths) Values('Progress Note', 1)");
+    warmUp();
+    select("Anna");
+    trigger("mnuAKept");
+    desk.expectForm("frmSNoteType", [](QDialog& dialog) {
+        auto& form = dynamic_cast<frmSNoteType&>(dialog);
+        form.List1->SelectRow(0);
+        form.cmdOk->click();
+    });
+    EXPECT_TRUE(TakesAtMost(11, [&] { trigger("mnuANote"); }))
+        << "the appointment, the types, the patient, and the transaction";
+    EXPECT_TRUE(TakesAtMost(2, [&] { trigger("mnuANote"); }));
+    EXPECT_EQ(desk.started.size(), 2);
 }
 
 TEST_F(Trips, TheEditorOfAnAppointmentAndTheDayBehindItAreFour) {

@@ -113,6 +113,8 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "frmapttypes",
                               "frmholidays",
                               "frmcleg",
+                              "frmabook",
+                              "frmcontact",
                               "frmpreview",
                               "w_Item",
                               "frmsltpv",

@@ -130,6 +130,15 @@ TEST(MakingAFolder, HoldsTwoDatabasesAndTwoIniFilesAndNothingElse) {
     EXPECT_FALSE(db::Recordset("Select * from settings", connection).Eof());
 }
 
+TEST(MakingAFolder, OffersTheNotesProgramThatWasNamed) {
+    const QTemporaryDir folder;
+    const QString data = folder.filePath(QStringLiteral("data"));
+    demo::Options options{1, 1000, Wednesday};
+    options.notesProgram = QStringLiteral("/usr/bin/true");
+    demo::MakeDemoFolder(options, data);
+    EXPECT_EQ(QFile::symLinkTarget(data + QStringLiteral("/solvaned.exe")), QStringLiteral("/usr/bin/true"));
+}
+
 TEST(MakingAFolder, APracticeThatIsThereIsLeftAlone) {
     const QTemporaryDir folder;
     QFile file(folder.filePath(QStringLiteral("practice.db")));

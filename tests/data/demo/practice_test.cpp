@@ -105,6 +105,7 @@ TEST(DemoPractice, ARoomIsNeverBookedTwiceAtOneTime) {
 TEST(DemoPractice, ANoteOfAnAppointmentBelongsToItsPatient) {
     TestDatabase& main = practice().main;
     EXPECT_GT(count("NoteID > 0"), 200);
+    EXPECT_GT(count("NoteID is Null and ncolor = 49152 and clinicianid = 'REED'"), 0);
     EXPECT_EQ(
         main.number("Select Count(*) from appointments Inner Join sessions On sessions.id = appointments.NoteID Where "
                     "sessions.patientid <> appointments.patientid"),

@@ -87,6 +87,14 @@ TEST(ShowDay, NotesAndCourtesyCallsOfEveryPictureStandOnIt) {
         6);
 }
 
+TEST(ShowDay, AKeptVisitIsOverWhoseNoteIsStillToBeWritten) {
+    const auto isOpen = [](const Booking& booking) {
+        return booking.noteToWrite && booking.color == ncolor::Kept && booking.end < demo::NowMinute;
+    };
+    const std::vector<Booking> bookings = reedsDay(QDate(2026, 11, 18));
+    EXPECT_EQ(std::count_if(bookings.begin(), bookings.end(), isOpen), 1);
+}
+
 TEST(ShowDay, AWeekendIsModestButNotEmpty) {
     for (const QDate day : {QDate(2026, 11, 21), QDate(2026, 11, 22)}) {
         const std::vector<Booking> bookings = reedsDay(day);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -101,6 +102,7 @@ TEST(DemoTool, MakesAPracticeThatNobodyElseCanRead) {
         ASSERT_TRUE(QFile::exists(data + '/' + file)) << file;
         EXPECT_FALSE(QFile::permissions(data + '/' + file) & Others) << file;
     }
+    EXPECT_TRUE(QFileInfo(data + "/solvaned.exe").isExecutable()) << "It has a notes program to try.";
 }
 
 TEST(DemoTool, SaysWhichArgumentItCannotRead) {

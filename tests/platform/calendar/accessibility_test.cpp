@@ -222,8 +222,13 @@ TEST(CalendarAccessibility, TheDescriptionIsTheCallAndThePlaceWithoutWhatTheName
     EXPECT_EQ(description(), "Checked-In, Main Street");
     hand.calendar.Item(item).ItemStatusText = "Checked-In";
     EXPECT_EQ(description(), "Main Street");
+    hand.calendar.Item(item).ItemStatusIcon = 0;
+    EXPECT_EQ(description(), "Main Street") << "without a call, whatever the status";
     hand.calendar.Item(item).ItemLocation = QString(1000, QLatin1Char('x'));
     EXPECT_EQ(description().size(), 300);
+    hand.calendar.Item(item).ItemLocation.clear();
+    hand.calendar.Item(item).ItemStatusIcon = 7;
+    EXPECT_EQ(description(), "Confirmed");
 }
 
 TEST(CalendarAccessibility, AnItemThatIsScrolledAwayIsNowhereWhateverItsKind) {

@@ -168,6 +168,9 @@ TEST(CalendarOnScreen, EveryEndOfAGestureIsSeenAtOnce) {
              QEvent leave(QEvent::Leave);
              QCoreApplication::sendEvent(&calendar, &leave);
          }},
+        {"the pointer on a heading", [&] { hand.hover(calendar.HeadingRect(1).center()); }},
+        {"the pointer on another", [&] { hand.hover(calendar.HeadingRect(2).center()); }},
+        {"the pointer on free time", [&] { hand.hover(hand.freeAt(900)); }},
         {"a range", [&] { hand.click(hand.freeAt(900)); }},
         {"a longer one", [&] { hand.key(Qt::Key_Down, Qt::ShiftModifier); }},
         {"an item instead", [&] { calendar.setSelectedItem(item); }},
@@ -208,6 +211,35 @@ TEST(CalendarOnScreen, AnEditorIsGoneWithoutATraceHoweverItEnds) {
         EXPECT_EQ(staleOn(hand.calendar), QRect()) << what;
         EXPECT_FALSE(hand.calendar.IsEditing()) << what;
     }
+}
+
+TEST(CalendarOnScreen, ScrollingUnderAnEditorOrADraggedCardLeavesNoTrace) {
+    CalendarUnderHand hand;
+    hand.calendar.setDayColumns(20);
+    hand.calendar.resize(600, 300);
+    const int item = hand.add(540, 600);
+    const auto scrollsClean = [&](const char* what) {
+        for (const Qt::Orientation orientation : {Qt::Vertical, Qt::Horizontal}) {
+            for (const int value : {10, 3}) {
+                onScreen(hand.calendar);
+                barOf(hand.calendar, orientation).setValue(value);
+                EXPECT_EQ(staleOn(hand.calendar), QRect()) << what << ' ' << value;
+            }
+        }
+    };
+    const int flash = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    hand.calendar.EditItem(item);
+    scrollsClean("an editor");
+    QApplication::setCursorFlashTime(flash);
+    hand.calendar.CommitEdit();
+    hand.settle();
+    scrollsClean("nothing");
+    hand.press(hand.middleOf(item));
+    hand.moveTo(hand.middleOf(item) + QPoint(0, 40));
+    scrollsClean("a dragged card");
+    hand.key(Qt::Key_Escape);
+    scrollsClean("nothing again");
 }
 
 TEST(CalendarOnScreen, ScrollingPaintsOnlyWhatComesIntoSight) {

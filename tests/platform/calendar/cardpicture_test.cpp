@@ -154,6 +154,23 @@ TEST_P(CardPicture, PicturesLeaveRoomForTheName) {
     EXPECT_FALSE(hasInk(picture, name)) << "half of the line stays the name's";
 }
 
+TEST_P(CardPicture, PicturesComeOneByOneAsTheirLineGetsWider) {
+    item.ItemNoteIcon = item.ItemReminderIcon = item.ItemLocationIcon = true;
+    item.ItemSeriesIcon = item.ItemSessionIcon = 1;
+    const int step = style.icon + style.margin / 2;
+    // The line must have room for five pictures' width of the name first, but its first picture goes before that.
+    const int leastWidths[] = {2 * style.icon + 1, 6 * style.icon + step, 6 * style.icon + 2 * step,
+                               6 * style.icon + 3 * step, 6 * style.icon + 4 * step};
+    const int frame = style.edgeWidth + 2 * (style.margin + 1);
+    const int height = style.margin + style.textLine + style.smallLine;
+    for (int number = 0; number < 5; ++number) {
+        const QSize least(frame + leastWidths[number], height);
+        const QSize less(least.width() - 1, height);
+        EXPECT_TRUE(hasInk(painted(least), slot(least, number))) << number;
+        EXPECT_FALSE(hasInk(painted(less), slot(less, number))) << number;
+    }
+}
+
 TEST_P(CardPicture, ABannerIsFilledByItsColourAndHasAFlag) {
     item.ItemBanner = true;
     item.ItemColor = 0x40C0F0;

@@ -140,6 +140,22 @@ TEST_F(CardText, ALongNameEndsInDotsAndASliverKeepsLetters) {
     EXPECT_TRUE(texts({6, 40}).isEmpty()) << "a sliver without room says nothing";
 }
 
+TEST_F(CardText, ASliverKeepsEachLetterThatJustFits) {
+    item.ItemText = QStringLiteral("Wilhelmina");
+    const auto lettersIn = [&](int room) {
+        int width = room;
+        while (width - std::min(style.edgeWidth, width / 4) - 2 * std::min(style.margin + 1, width / 8) < room)
+            ++width;
+        return texts({width, heightFor(1)}).value(0);
+    };
+    for (const char* letters : {"Wi", "Wil", "Wilh"}) {
+        const QString whole = QString::fromLatin1(letters);
+        const int room = QFontMetrics(style.text).horizontalAdvance(whole);
+        EXPECT_EQ(lettersIn(room), whole);
+        EXPECT_EQ(lettersIn(room - 1), whole.chopped(1));
+    }
+}
+
 TEST_F(CardText, ALowCardUsesTheSmallFont) {
     const Word low = words({300, style.textLine - 1}).front();
     EXPECT_EQ(low.font.pointSizeF(), style.small.pointSizeF());

@@ -25,6 +25,7 @@ TEST(DayCalendar, AWrongIndexIsHarmless) {
     for (const int index : {-5, 0, 1, 99}) {
         calendar.Item(index).ItemText = "lost";
         EXPECT_EQ(std::as_const(calendar).Item(index).ItemText, "");
+        EXPECT_EQ(calendar.Item(index).ItemText, "");
         calendar.RemoveItem(index);
         calendar.setSelectedItem(index);
         calendar.EditItem(index);

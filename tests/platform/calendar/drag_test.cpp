@@ -71,6 +71,23 @@ TEST(Drag, ResizingSnapsTheEdgeAndLeavesAnInterval) {
     EXPECT_EQ(top.place(), Place(1, 585, 600));
 }
 
+TEST(Drag, AnItemShorterThanARowAtAnEndOfTheDayIsSizedToThatEnd) {
+    for (const int end : {5, 10, 15}) {
+        Drag top(Drag::Kind::ResizeTop, 1, Place(1, 2, end), 2);
+        for (const int minute : {-20, 0, 9, 40}) {
+            top.move(1, minute, Week());
+            EXPECT_EQ(top.place(), Place(1, 0, end)) << minute;
+        }
+    }
+    for (const int start : {1425, 1430, 1435}) {
+        Drag bottom(Drag::Kind::ResizeBottom, 1, Place(1, start, 1438), 1438);
+        for (const int minute : {1400, 1431, 1440, 1500}) {
+            bottom.move(1, minute, Week());
+            EXPECT_EQ(bottom.place(), Place(1, start, 1440)) << minute;
+        }
+    }
+}
+
 TEST(Drag, ItemsWithBadTimesCanBeMovedIntoTheDay) {
     Drag backwards(Drag::Kind::Move, 1, Place(1, 600, 540), 600);
     backwards.move(1, 660, Week());

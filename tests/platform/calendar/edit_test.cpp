@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
 
 #include "tests/platform/calendar/calendarunderhand.h"
 
@@ -126,6 +128,32 @@ TEST(InPlaceText, ALongTextThatIsPutInIsCutWithAWordAndReported) {
     EXPECT_EQ(hand.calendar.window()->findChild<QLabel*>(QStringLiteral("lblkept")), nullptr);
 }
 
+TEST(InPlaceText, TheEditorsOwnMenuDoesNotEndTheEdit) {
+    CalendarUnderHand hand;
+    const int item = hand.add(540, 600, "Anna");
+    QSignalSpy edited(&hand.calendar, &ctMDay::TextEdited);
+    for (const bool again : {false, true}) {
+        hand.calendar.EditItem(item);
+        Editor(hand.calendar)->insert(QString(150, QLatin1Char(again ? 'y' : 'x')));
+        const auto notice = [&] { return hand.calendar.window()->findChild<QLabel*>(QStringLiteral("lblkept")); };
+        ASSERT_NE(notice(), nullptr);
+        QMenu menu;
+        menu.addAction(QStringLiteral("Paste"));
+        menu.popup(hand.calendar.mapToGlobal(hand.middleOf(item)));
+        hand.settle();
+        EXPECT_TRUE(hand.calendar.IsEditing());
+        EXPECT_EQ(notice(), nullptr) << "the field itself learns that it has lost the keyboard";
+        menu.close();
+        hand.settle();
+        EXPECT_TRUE(hand.calendar.IsEditing());
+        EXPECT_TRUE(Editor(hand.calendar)->hasFocus());
+        EXPECT_EQ(edited.count(), again ? 1 : 0);
+        hand.calendar.CommitEdit();
+        hand.settle();
+    }
+    EXPECT_EQ(edited.count(), 2);
+}
+
 TEST(InPlaceText, AnEmptyTextIsReportedSoThatTheViewCanRestoreIt) {
     CalendarUnderHand hand;
     const int item = hand.add(540, 600, "Anna");
@@ -147,6 +175,22 @@ TEST(InPlaceText, LocksAreSetJustBeforeAndRefuse) {
                      [&](int index) { hand.calendar.Item(index).ItemTextLocked = true; });
     hand.key(Qt::Key_F2);
     EXPECT_FALSE(hand.calendar.IsEditing());
+}
+
+TEST(InPlaceText, AnItemThatTheViewReadsAnewJustBeforeIsNotTheOneToEdit) {
+    CalendarUnderHand hand;
+    hand.calendar.setSelectedItem(hand.add(540, 600, "Anna"));
+    QObject::connect(&hand.calendar, &ctMDay::BeforeItemWork, &hand.calendar, [&] {
+        hand.calendar.ClearItems();
+        hand.add(660, 720, "Ben");
+    });
+    hand.key(Qt::Key_F2);
+    EXPECT_FALSE(hand.calendar.IsEditing());
+    hand.calendar.EditItem(1);
+    EXPECT_FALSE(hand.calendar.IsEditing());
+    hand.calendar.disconnect(&hand.calendar);
+    hand.calendar.EditItem(1);
+    EXPECT_TRUE(hand.calendar.IsEditing()) << "the day as it is read now can be edited";
 }
 
 TEST(InPlaceText, AHiddenNameIsNotOfferedForEditing) {
@@ -214,6 +258,12 @@ TEST(InPlaceText, TheEditorGoesWithItsCardWhenTheCalendarScrolls) {
     hand.calendar.setTopTime(500);
     hand.settle();
     EXPECT_EQ(Editor(hand.calendar)->y() - hand.calendar.ItemRect(item).y(), off);
+    for (auto* bar : hand.calendar.findChildren<QScrollBar*>()) {
+        const int before = Editor(hand.calendar)->y();
+        bar->setValue(bar->value() + 20);
+        EXPECT_EQ(Editor(hand.calendar)->y() - hand.calendar.ItemRect(item).y(), off) << "also by its bar";
+        EXPECT_EQ(Editor(hand.calendar)->y() == before, !bar->isVisible());
+    }
 }
 
 TEST(InPlaceText, WhatIsTypedTakesThePlaceOfTheText) {
@@ -243,8 +293,39 @@ TEST(InPlaceText, TabCommitsAndStaysAndAnotherItemCommitsTheFirst) {
     hand.calendar.EditItem(anna, "Cleo");
     hand.calendar.EditItem(ben, "Dora");
     EXPECT_EQ(std::as_const(hand.calendar).Item(anna).ItemText, "Cleo");
+    hand.calendar.setSelectedItem(anna);
+    EXPECT_FALSE(hand.calendar.IsEditing()) << "so does a view that selects another";
+    EXPECT_EQ(std::as_const(hand.calendar).Item(ben).ItemText, "Dora");
+    hand.calendar.EditItem(ben, "Dora");
     hand.calendar.hide();
     EXPECT_EQ(std::as_const(hand.calendar).Item(ben).ItemText, "Dora") << "hiding commits";
+}
+
+TEST(InPlaceText, TheKeyboardComesBackToTheCalendarAndNotToAnotherField) {
+    QWidget window;
+    QLineEdit before(&window);
+    auto* calendar = new ctMDay(&window);
+    QLineEdit after(&window);
+    calendar->setGeometry(0, 0, 400, 400);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const int item = calendar->AddItem(540, 600, calendar->Date(), "Anna", "1");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Backtab}) {
+        calendar->setFocus();
+        calendar->EditItem(item);
+        const QLineEdit* editor = Editor(*calendar);
+        QTest::keyClick(Editor(*calendar), key);
+        EXPECT_FALSE(editor->isVisible()) << "at once, also when a dialog follows";
+        EXPECT_TRUE(calendar->hasFocus()) << key;
+        CalendarUnderHand::settle();
+        EXPECT_TRUE(calendar->hasFocus()) << key;
+    }
+    calendar->EditItem(item);
+    after.setFocus();
+    CalendarUnderHand::settle();
+    EXPECT_FALSE(calendar->IsEditing());
+    EXPECT_TRUE(after.hasFocus()) << "what the user goes to keeps it";
 }
 
 TEST(InPlaceText, KeysOfTheEditorAreNotTheCalendars) {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -77,6 +78,81 @@ TEST_F(Gesture, ThePointerTellsWhereACardCanBeSized) {
     EXPECT_EQ(cursorsOver(item), Plain);
     hand.hover(hand.freeAt(900));
     EXPECT_EQ(cursor(), Qt::ArrowCursor);
+}
+
+TEST_F(Gesture, WhereTheButtonIsReleasedWhatIsThereIsLit) {
+    const int item = hand.add(700, 760);
+    const auto seen = [&] {
+        hand.settle();
+        return hand.calendar.grab().toImage();
+    };
+    for (const int start : {540, 600}) {
+        hand.press(hand.freeAt(start));
+        hand.moveTo(hand.middleOf(item));
+        const QImage before = seen();
+        hand.release(hand.middleOf(item));
+        const QImage after = seen();
+        EXPECT_NE(after, before) << "the card under the pointer";
+        hand.hover(hand.middleOf(item));
+        EXPECT_EQ(seen(), after);
+        hand.hover(hand.freeAt(1000));
+        EXPECT_EQ(seen(), before);
+    }
+}
+
+TEST_F(Gesture, AtRestNothingGoesOnByItself) {
+    class Timers : public QObject {
+      public:
+        Timers() { qApp->installEventFilter(this); }
+        int count = 0;
+
+      protected:
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::Timer ? 1 : 0;
+            return false;
+        }
+    };
+    const int item = hand.add(540, 600);
+    const std::pair<const char*, std::function<void()>> acts[] = {
+        {"an edit in place",
+         [&] {
+             hand.calendar.EditItem(item, "Ben");
+             hand.calendar.setFocus();
+         }},
+        {"a drag beyond the edge",
+         [&] {
+             hand.press(hand.middleOf(item));
+             hand.moveTo(hand.middleOf(item) + QPoint(0, 20));
+             hand.moveTo({300, 2000});
+             hand.release({300, 2000});
+         }},
+        {"a range beyond the edge",
+         [&] {
+             hand.press(hand.freeAt(700));
+             hand.moveTo({300, 2000});
+             hand.release({300, 2000});
+         }},
+    };
+    for (const auto& [what, act] : acts) {
+        act();
+        hand.settle();
+        Timers timers;
+        EXPECT_FALSE(QTest::qWaitFor([&] { return timers.count > 4; }, 300)) << what;
+    }
+}
+
+TEST_F(Gesture, AtAnEdgeTheCalendarScrollsSlowlyEnoughToStop) {
+    small();
+    const int item = hand.add(540, 570);
+    hand.press(hand.middleOf(item));
+    hand.moveTo(hand.middleOf(item) + QPoint(0, 20));
+    QSignalSpy steps(&bar(Qt::Vertical), &QScrollBar::valueChanged);
+    QElapsedTimer time;
+    time.start();
+    hand.moveTo({300, 305});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return steps.count() >= 3; }, 5000));
+    EXPECT_GE(time.elapsed(), 60) << "a step of a few pixels in each 40 ms";
+    hand.key(Qt::Key_Escape);
 }
 
 TEST_F(Gesture, AMarkerIsPointedAt) {
@@ -195,6 +271,14 @@ TEST_F(Gesture, TheWheelGoesDownUpAndAcross) {
         EXPECT_EQ(across.value(), 23);
         wheel({30, 0}, {}, {23, 0});
         EXPECT_EQ(down.value() + across.value(), 0);
+        wheel({-10, -30}, {}, {-9, -17});
+        EXPECT_EQ(down.value(), 17) << "where the fingers go down a little aside";
+        EXPECT_EQ(across.value(), 0);
+        wheel({10, 30}, {}, {9, 17});
+        wheel({0, -30}, Qt::ShiftModifier, {0, -17});
+        EXPECT_EQ(down.value(), 0) << "with Shift also by its pixels";
+        EXPECT_EQ(across.value(), 17);
+        wheel({0, 30}, Qt::ShiftModifier, {0, 17});
     }
 }
 
@@ -252,6 +336,19 @@ TEST_F(Gesture, ARightClickOnAMarkerSelectsWhatItStandsForAndElsewhereAsksNothin
     ASSERT_EQ(popup.count(), 2);
     EXPECT_EQ(popup[1][0].toInt(), late);
     EXPECT_EQ(popup[1][1].toPoint(), hand.calendar.mapToGlobal(hand.middleOf(late)));
+}
+
+TEST_F(Gesture, TheMarkerOfFurtherBannersSelectsTheFirstThatHasNoRow) {
+    for (int i = 1; i <= 5; ++i)
+        hand.calendar.Item(hand.add(0, 1439)).ItemBanner = true;
+    const QPoint marker = hand.middleOf(5);
+    for (const int before : {0, 1, 2}) {
+        hand.calendar.setSelectedItem(before);
+        hand.click(marker);
+        EXPECT_EQ(hand.calendar.SelectedItem(), 3) << before;
+    }
+    hand.click(marker);
+    EXPECT_EQ(hand.calendar.SelectedItem(), 3) << "which has the row now";
 }
 
 TEST_F(Gesture, ADoubleClickOnAMarkerOpensTheSelectedOne) {

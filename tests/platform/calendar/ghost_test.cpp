@@ -71,6 +71,17 @@ TEST_P(DragGhost, TheItemItselfIsFadedUntilTheDragIsOver) {
     EXPECT_EQ(seen().share(insideOf(810), colours.fill), 1);
 }
 
+TEST_P(DragGhost, IsFramedWhereTheDroppedCardIs) {
+    hand.add(540, 600);
+    const QRect place = timeAt(660, 720);
+    const QRect corner(place.left(), place.bottom() - 20, 20, 24);
+    dragBy(1, 8);
+    const QRect ghost = seen().bounds(corner, style.accent);
+    hand.release(from + QPoint(0, 8 * hand.rowHeight()));
+    EXPECT_TRUE(ghost.isValid());
+    EXPECT_EQ(seen().bounds(corner, style.accent), ghost);
+}
+
 TEST_P(DragGhost, GoesToTheColumnUnderThePointer) {
     hand.calendar.setDayColumns(3);
     hand.add(540, 600);

@@ -118,6 +118,18 @@ TEST(Glyphs, AreDrawnInsideTheirSquareInTheirColourAlsoASecondTime) {
     }
 }
 
+TEST(Glyphs, HaveSmoothEdges) {
+    QPixmapCache::clear();
+    for (const bool fresh : {false, true}) {
+        const QImage slanted = drawn(Glyph::Missed, Qt::black, 16, 1, fresh);
+        int between = 0;
+        for (int y = 0; y < slanted.height(); ++y)
+            for (int x = 0; x < slanted.width(); ++x)
+                between += std::abs(qGray(slanted.pixel(x, y)) - 128) < 110 ? 1 : 0;
+        EXPECT_GT(between, 20) << (fresh ? "drawn" : "kept");
+    }
+}
+
 TEST(Glyphs, OnAFineScreenAreAsFineAsIt) {
     for (int number = 0; number <= static_cast<int>(Glyph::Holiday); ++number) {
         const auto glyph = static_cast<Glyph>(number);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -171,6 +172,31 @@ TEST_F(KeyboardRange, UpAndDownStayInTheColumnOfTheItem) {
     EXPECT_EQ(hand.calendar.SelectedItem(), 3) << "Tab goes on to it";
 }
 
+TEST_F(KeyboardRange, TheItemThatAKeyGoesToIsBroughtToSight) {
+    hand.calendar.setDayColumns(20);
+    hand.calendar.resize(400, 300);
+    const int early = hand.add(495, 525);
+    const int late = hand.add(1020, 1050);
+    const int far = hand.calendar.AddItem(1020, 1050, hand.day.addDays(15), "Far", "3");
+    hand.calendar.setSelectedItem(early);
+    hand.settle();
+    const QSize card = hand.calendar.ItemRect(early).size();
+    const std::pair<Step, int> steps[] = {
+        {{Qt::Key_Down}, late},
+        {{Qt::Key_Up}, early},
+        {{Qt::Key_Tab}, late},
+        {{Qt::Key_Tab}, far},
+        {{Qt::Key_Backtab, Shift}, late},
+        {{Qt::Key_Backtab, Shift}, early},
+    };
+    for (const auto& [step, item] : steps) {
+        hand.key(step.key, step.with);
+        ASSERT_EQ(hand.calendar.SelectedItem(), item);
+        EXPECT_NEAR(hand.calendar.ItemRect(item).height(), card.height(), 1) << item;
+        EXPECT_NEAR(hand.calendar.ItemRect(item).width(), card.width(), 1) << item;
+    }
+}
+
 TEST_F(KeyboardRange, KeysOnTheSelectionAskTheView) {
     const int item = hand.add(540, 600);
     QSignalSpy opened(&hand.calendar, &ctMDay::ItemActivated);
@@ -280,6 +306,9 @@ TEST_F(KeyboardRange, ControlWithPlusMinusAndZeroZooms) {
 TEST_F(KeyboardRange, MovedItemsKeepTheirLengthAndTheirColumn) {
     hand.calendar.setDayColumns(3);
     const int item = hand.calendar.AddItem(547, 600, hand.day.addDays(1), "Anna", "1");
+    for (const int start : {480, 900})
+        for (const int later : {0, 1, 2})
+            hand.calendar.AddItem(start, start + 30, hand.day.addDays(later), "Ben", "2");
     const auto place = [&] {
         const CalendarItem& anna = std::as_const(hand.calendar).Item(item);
         return std::array<int, 3>{hand.calendar.ColumnOfItem(item), anna.ItemStart, anna.ItemEnd};
@@ -310,14 +339,60 @@ TEST_F(KeyboardRange, MovedItemsKeepTheirLengthAndTheirColumn) {
         EXPECT_EQ(changed.count(), before == move.place ? 0 : 1) << move.what;
         EXPECT_EQ(hand.calendar.SelectedItem(), item);
     }
-    QSignalSpy refused(&hand.calendar, &ctMDay::MoveRefused);
-    hand.calendar.Item(item).ItemBanner = true;
-    hand.key(Qt::Key_Down, Control);
-    EXPECT_EQ(refused.count(), 1) << "a banner is not moved";
-    hand.calendar.setReadOnly(true);
-    hand.calendar.Item(item).ItemBanner = false;
-    hand.key(Qt::Key_Down, Control);
-    EXPECT_EQ(refused.count(), 2);
+}
+
+TEST_F(KeyboardRange, AnItemThatMayNotMoveStaysSelectedWhereItIs) {
+    hand.calendar.setDayColumns(3);
+    const int item = hand.calendar.AddItem(540, 600, hand.day.addDays(1), "Anna", "1");
+    for (const int start : {480, 900})
+        hand.calendar.AddItem(start, start + 30, hand.day.addDays(1), "Ben", "2");
+    hand.calendar.setSelectedItem(item);
+    const std::pair<const char*, std::function<void()>> states[] = {
+        {"a banner", [&] { hand.calendar.Item(item).ItemBanner = true; }},
+        {"a locked item",
+         [&] {
+             hand.calendar.Item(item).ItemBanner = false;
+             hand.calendar.Item(item).ItemMoveLocked = true;
+         }},
+        {"any item of a calendar for reading",
+         [&] {
+             hand.calendar.Item(item).ItemMoveLocked = false;
+             hand.calendar.setReadOnly(true);
+         }},
+    };
+    for (const auto& [what, begin] : states) {
+        begin();
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
+            QSignalSpy refused(&hand.calendar, &ctMDay::MoveRefused);
+            hand.key(key, Control);
+            EXPECT_EQ(refused.count(), 1) << what << ' ' << key;
+            EXPECT_EQ(hand.calendar.SelectedItem(), item) << what << ' ' << key;
+            EXPECT_EQ(hand.calendar.ColumnOfItem(item), 2) << what << ' ' << key;
+            EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 540) << what << ' ' << key;
+        }
+    }
+}
+
+TEST_F(KeyboardRange, AMovedItemStaysInSightAsLongAsItIsSelected) {
+    hand.calendar.setDayColumns(20);
+    hand.calendar.resize(400, 300);
+    const int item = hand.add(540, 570);
+    hand.calendar.setSelectedItem(item);
+    hand.settle();
+    const QSize card = hand.calendar.ItemRect(item).size();
+    for (const auto& [key, times] : {std::pair(Qt::Key_Down, 30), {Qt::Key_Right, 8}, {Qt::Key_Up, 32}}) {
+        for (int i = 0; i < times; ++i) {
+            hand.key(key, Control);
+            EXPECT_NEAR(hand.calendar.ItemRect(item).height(), card.height(), 1) << key << ' ' << i;
+            EXPECT_NEAR(hand.calendar.ItemRect(item).width(), card.width(), 1) << key << ' ' << i;
+        }
+    }
+    const int top = hand.calendar.TopTime();
+    ASSERT_GT(top, 495 + 5);
+    QObject::connect(&hand.calendar, &ctMDay::BeforeDrop, &hand.calendar, &ctMDay::clearSelection);
+    hand.key(Qt::Key_Up, Control);
+    EXPECT_EQ(std::as_const(hand.calendar).Item(item).ItemStart, 495);
+    EXPECT_EQ(hand.calendar.TopTime(), top) << "what the view has left is not followed";
 }
 
 TEST_F(KeyboardRange, TabWithoutItemsAndControlTabLeave) {

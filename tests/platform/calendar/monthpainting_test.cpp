@@ -106,6 +106,24 @@ TEST_F(MonthWords, AnItemSaysItsTimeAndItsTextInTheClockOfTheDesk) {
     EXPECT_EQ(wordsOf(day), (QStringList{"11", "Anna"})) << "and in a narrow one the time itself";
 }
 
+TEST_F(MonthWords, TheTimeIsLeftOutWhereALineHasRoomForFewerLetters) {
+    month.AddItem(itemOn(day, 780, "A"));
+    const CalendarStyle style = ScreenStyle(month.palette(), month.font());
+    const int letter = QFontMetrics(style.small).averageCharWidth();
+    const int frame = std::max(style.edgeWidth - 1, 3) + style.margin + style.margin / 2;
+    const auto timeIn = [&](int room) {
+        int width = 7 * room;
+        do
+            month.resize(++width, 700);
+        while (cell(day).lines[0].rect.width() < frame + room);
+        return wordsOf(day).mid(1);
+    };
+    EXPECT_EQ(timeIn(12 * letter - 1), QStringList{"A"});
+    EXPECT_EQ(timeIn(12 * letter), (QStringList{"1:00", "A"}));
+    EXPECT_EQ(timeIn(26 * letter - 1), (QStringList{"1:00", "A"}));
+    EXPECT_EQ(timeIn(26 * letter), (QStringList{"1:00 PM", "A"}));
+}
+
 TEST_F(MonthWords, TheTextStandsBesideItsTimeInOneLine) {
     month.AddItem(itemOn(day, 780, "Anna\nO'Brien"));
     const std::vector<Word> all = words();
@@ -211,6 +229,7 @@ TEST_P(MonthLook, AnItemHasItsColoursAndItsStatus) {
     const QRect line = cell(other).lines[0].rect;
     const QRect edge(line.left(), line.top() + 2, std::max(style.edgeWidth - 1, 3), line.height() - 4);
     EXPECT_EQ(seen().share(edge, colours.edge), 1);
+    EXPECT_EQ(seen().bounds(cell(other).rect, colours.edge), edge.adjusted(0, -1, 0, 1));
     const QRect inside(line.center().x(), line.top() + 3, line.width() / 4, line.height() - 6);
     EXPECT_EQ(seen().share(inside, colours.fill), 1);
     const QRect end(line.right() - style.icon - 2, line.top() + 1, style.icon, line.height() - 2);

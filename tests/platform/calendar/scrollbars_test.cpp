@@ -48,6 +48,15 @@ TEST_F(ScrollBars, AreShownWhereTheDayOrItsColumnsHaveNoRoom) {
     EXPECT_FALSE(down().isVisible() || across().isVisible());
 }
 
+TEST_F(ScrollBars, AreNotShownForASinglePixelThatHasNoRoom) {
+    constexpr int NarrowestColumn = 4;
+    const int gutter = hand.calendar.HeadingRect(1).left();
+    resize(gutter + NarrowestColumn - 1, 800);
+    EXPECT_FALSE(down().isVisible() || across().isVisible());
+    resize(gutter + NarrowestColumn - 2, 800);
+    EXPECT_TRUE(across().isVisible());
+}
+
 TEST_F(ScrollBars, StandAtTheEdgesBesideTheGrid) {
     hand.calendar.setDayColumns(20);
     resize(600, 300);
@@ -239,6 +248,48 @@ TEST(Present, TodayOfAMonthGoesOnAtMidnight) {
     const QImage before = onScreen();
     now = QDateTime(hand.day.addDays(1), QTime(0, 0, 1));
     EXPECT_TRUE(QTest::qWaitFor([&] { return onScreen() != before; }, 3000));
+}
+
+TEST(Present, TodayOfAMonthGoesOnAtEachMidnight) {
+    MonthUnderHand hand;
+    QDateTime now(hand.day, QTime(23, 59, 59, 990));
+    hand.month.hide();
+    hand.month.setClock([&] { return now; });
+    hand.month.show();
+    QCoreApplication::processEvents();
+    const auto cell = [&](QDate day) {
+        return hand.month.screen()->grabWindow(hand.month.winId()).toImage().copy(hand.cell(day).rect);
+    };
+    for (const int later : {1, 2, 3}) {
+        const QDate next = hand.day.addDays(later);
+        const QImage before = cell(next);
+        now = QDateTime(next, QTime(23, 59, 59, 990));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return cell(next) != before; }, 3000)) << later;
+    }
+}
+
+TEST(Present, AHiddenCalendarOrMonthDoesNotReadTheClock) {
+    CalendarUnderHand day;
+    MonthUnderHand month;
+    int reads = 0;
+    const auto justBeforeMidnight = [&] {
+        ++reads;
+        return QDateTime(day.day, QTime(23, 59, 59, 999));
+    };
+    const auto isReadAgain = [&](int wait) {
+        reads = 0;
+        return QTest::qWaitFor([&] { return reads > 3; }, wait);
+    };
+    month.month.hide();
+    day.calendar.setClock(justBeforeMidnight);
+    EXPECT_TRUE(isReadAgain(5000));
+    day.calendar.hide();
+    EXPECT_FALSE(isReadAgain(300));
+    month.month.setClock(justBeforeMidnight);
+    month.month.show();
+    EXPECT_TRUE(isReadAgain(5000));
+    month.month.hide();
+    EXPECT_FALSE(isReadAgain(100));
 }
 
 TEST(Present, AMonthBeginsItsWeeksAsTheLocaleDoes) {

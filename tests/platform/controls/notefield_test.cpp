@@ -25,6 +25,19 @@ TEST(NoteFieldTest, SeparatorsAreLeftOutHoweverTheyCome) {
     EXPECT_EQ(note.toPlainText(), QStringLiteral("abc de\nfé"));
 }
 
+TEST(NoteFieldTest, AFieldThatKeepsSeparatorsKeepsThemHoweverTheyCome) {
+    NoteField note;
+    note.setKeepsSeparators(true);
+    note.show();
+    QTest::keyClicks(&note, QStringLiteral("a;b|c"));
+    QApplication::clipboard()->setText(QStringLiteral("; d|e\r\nf"));
+    QTest::keyClick(&note, Qt::Key_V, Qt::ControlModifier);
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral(";é|"));
+    QApplication::sendEvent(&note, &composed);
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("a;b|c; d|e\nf;é|"));
+}
+
 TEST(NoteFieldTest, AStoredNoteIsShownAsItIs) {
     NoteField note;
     note.setPlainText(QStringLiteral("old; note"));

@@ -2,11 +2,8 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QDir>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -212,23 +209,6 @@ TEST(Sounds, AMissingFileIsSilence) {
     ScriptedDesk desk;
     PlaySound(QStringLiteral("/somewhere/findlist.wav"));
     EXPECT_EQ(desk.sounds, QStringList{QStringLiteral("/somewhere/findlist.wav")});
-}
-
-TEST(Programs, AreStartedWithTheirArgumentInTheirFolder) {
-    const QTemporaryDir folder;
-    const QString made = folder.filePath(QStringLiteral("a b;c|d"));
-    EXPECT_TRUE(StartProgram(QStringLiteral("/usr/bin/touch"), QStringLiteral("a b;c|d"), folder.path()));
-    EXPECT_TRUE(QTest::qWaitFor([&made] { return QFileInfo::exists(made); }, 5000)) << "One argument, as it stands.";
-}
-
-TEST(Programs, OneThatCannotBeStartedIsTold) {
-    QString told;
-    QTimer::singleShot(0, [&told] {
-        told = shownBox().text();
-        shownBox().close();
-    });
-    EXPECT_FALSE(StartProgram(QStringLiteral("/nowhere/solvaned"), {}, {}));
-    EXPECT_TRUE(told.startsWith(QStringLiteral("Error "))) << told.toStdString();
 }
 
 TEST(Programs, AnAddressIsHandedOnAsItIs) {

@@ -107,6 +107,18 @@ TEST(Installation, AScrambleKeyThatCannotBeIsNotUsed) {
     }
 }
 
+TEST(Installation, TheNotesProgramIsWhereTheFileSaysOrElseInTheApplicationFolder) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("installation.ini");
+    EXPECT_EQ(NotesProgram(file, "/opt/solvane"), "/opt/solvane/solvaned.exe");
+    PutFile(file, "[Programs]\nNotes=\n");
+    EXPECT_EQ(NotesProgram(file, "/opt/solvane"), "/opt/solvane/solvaned.exe");
+    PutFile(file, "[Programs]\nNotes=/usr/local/bin/notes program\n");
+    EXPECT_EQ(NotesProgram(file, "/opt/solvane"), "/usr/local/bin/notes program");
+    PutFile(file, "[Programs]\nNotes=bin/solvaned\n");
+    EXPECT_EQ(NotesProgram(file, "/opt/solvane"), folder.filePath("bin/solvaned"));
+}
+
 TEST(Installation, TheFiveFoldersComeFromTheFile) {
     const QTemporaryDir folder;
     PutFile(folder.filePath("installation.ini"),

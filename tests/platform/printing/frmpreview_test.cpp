@@ -212,3 +212,18 @@ TEST_F(PreviewOfADocument, IsShownByThePrinterItself) {
     });
     vp.Preview(nullptr);
 }
+
+TEST_F(PreviewOfADocument, WhoeverShowedItLearnsWhetherItWasPrintedOrSaved) {
+    const auto click = [this](const char* button) {
+        desk.expectForm("frmpreview",
+                        [button](QDialog& shown) { shown.findChild<QPushButton*>(QLatin1String(button))->click(); });
+        return vp.Preview(nullptr);
+    };
+    EXPECT_FALSE(click("cmdclose"));
+    EXPECT_FALSE(click("cmdsave")) << "The user has chosen no file.";
+    desk.chosenFile = folder.filePath(QStringLiteral("list.pdf"));
+    EXPECT_TRUE(click("cmdsave"));
+    EXPECT_TRUE(click("cmdprint"));
+    chooses = false;
+    EXPECT_FALSE(click("cmdprint"));
+}

@@ -54,6 +54,14 @@ TEST_F(PaperDocument, WithoutTextIsOneEmptyPage) {
     EXPECT_TRUE(words().isEmpty());
 }
 
+TEST_F(PaperDocument, ATabLeadsToTheNextHalfInch) {
+    vp.SetMargins({.left = 1440, .top = 1440, .right = 1440, .bottom = 1440});
+    vp.AddParagraph(QStringLiteral("a\tb\t\tc"));
+    EXPECT_EQ(placeOf("a").x(), 1440);
+    EXPECT_EQ(placeOf("b").x(), 1440 + 720);
+    EXPECT_EQ(placeOf("c").x(), 1440 + 3 * 720);
+}
+
 TEST_F(PaperDocument, AParagraphStandsAtTheLeftMargin) {
     vp.SetMargins({.left = 1440, .top = 2880, .right = 1440, .bottom = 1440});
     vp.AddParagraph(QStringLiteral("Schedule"));

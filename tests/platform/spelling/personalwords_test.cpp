@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 #include <QFile>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include "tests/support/files.h"

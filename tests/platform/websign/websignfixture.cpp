@@ -3,6 +3,7 @@
 #include <unistd.h>
 #include <QFileInfo>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -62,6 +63,15 @@ QString WebSignature::bodyText() {
     surface->ReadBodyText([&read](const QString& text) { read = text; });
     EXPECT_TRUE(QTest::qWaitFor([&read] { return read.has_value(); }, Enough));
     return read.value_or(QString());
+}
+
+bool WebSignature::isWaiting() const {
+    return surface->findChild<QTimer*>(QStringLiteral("patience"))->isActive();
+}
+
+void WebSignature::endPatience() {
+    ASSERT_TRUE(isWaiting());
+    surface->findChild<QTimer*>(QStringLiteral("patience"))->start(0);
 }
 
 bool WebSignature::isSilent() {

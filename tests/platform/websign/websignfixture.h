@@ -24,6 +24,10 @@ class WebSignature : public testing::Test {
     QString failure();
     /// The text of the page that is shown.
     QString bodyText();
+    /// Whether the browser waits for a page or an answer.
+    [[nodiscard]] bool isWaiting() const;
+    /// Lets the browser's patience end now, whatever it waits for.
+    void endPatience();
     /// Whether the browser says nothing more by the time that it has answered another question.
     bool isSilent();
     /// The widget that takes mouse and keys for the page.

@@ -1,4 +1,5 @@
 #include <csignal>
+#include <QDesktopServices>
 #include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
@@ -13,6 +14,19 @@ using namespace std::chrono_literals;
 
 constexpr auto Unreachable = "The signature service cannot be reached.";
 constexpr auto NoPage = "The signature service does not answer with a web page.";
+
+/// Takes the place of the desktop's mail program.
+class MailProgram : public QObject {
+    Q_OBJECT
+
+  public:
+    MailProgram() { QDesktopServices::setUrlHandler(QStringLiteral("mailto"), this, "start"); }
+    ~MailProgram() override { QDesktopServices::unsetUrlHandler(QStringLiteral("mailto")); }
+
+    Q_INVOKABLE void start(const QUrl& address) { started << address; }
+
+    QList<QUrl> started;
+};
 
 /// The number of the process that runs the page's scripts.
 qint64 processOf(const WebSurface& surface) {
@@ -78,22 +92,22 @@ TEST_F(WebSignature, AServiceThatDoesNotAnswerIsToldWhenPatienceEnds) {
 
 TEST_F(WebSignature, APageWithoutEndIsToldWhenPatienceEnds) {
     service.page(QStringLiteral("/sign"), "<body>PLEASE sign<script>while (true) ;</script></body>");
-    service.page(QStringLiteral("/good"), "PLEASE sign");
-    open({.patience = 2s});
     surface->Navigate(service.address(QStringLiteral("/sign")));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !service.asked().isEmpty(); }, 60000));
+    endPatience();
     EXPECT_EQ(failure(), QStringLiteral("The signature service does not answer."));
-    open({});
-    surface->Navigate(service.address(QStringLiteral("/good")));
-    EXPECT_EQ(completed(), service.address(QStringLiteral("/good"))) << "Another try has a page of its own.";
+    service.page(QStringLiteral("/sign"), "PLEASE sign");
+    surface->Refresh();
+    EXPECT_EQ(completed(), service.address(QStringLiteral("/sign"))) << "Another try has a page of its own.";
 }
 
 TEST_F(WebSignature, APageThatHangsWhenItIsAskedIsTold) {
     service.page(QStringLiteral("/sign"),
                  "<body>PLEASE<input type='button' value='Save Signature' onclick='while (true) ;'></body>");
-    open({.patience = 10s});
     surface->Navigate(service.address(QStringLiteral("/sign")));
     completed();
     surface->ClickInputs(QStringLiteral("Save Signature"));
+    endPatience();
     EXPECT_EQ(failure(), QStringLiteral("The signature page does not answer any more."));
     service.page(QStringLiteral("/sign"), "PLEASE sign");
     surface->Refresh();
@@ -151,11 +165,31 @@ TEST_F(WebSignature, AnAddressThatIsNoWebPageIsTold) {
     }
 }
 
+TEST_F(WebSignature, AFailureIsNotToldOnceAnotherPageIsAskedFor) {
+    service.page(QStringLiteral("/sign"), "PLEASE sign");
+    surface->Navigate(QString());
+    surface->Navigate(service.address(QStringLiteral("/sign")));
+    EXPECT_EQ(completed(), service.address(QStringLiteral("/sign")));
+    EXPECT_TRUE(isSilent());
+}
+
 TEST_F(WebSignature, APageCannotLeaveTheWeb) {
-    service.page(QStringLiteral("/sign"), "<body>PLEASE<script>location.href = 'file:///etc/passwd';</script></body>");
+    MailProgram mail;
+    service.page(QStringLiteral("/sign"), R"~(<body style="margin:0"><a href="mailto:me@example.test"
+style="display:block;height:200px" onclick="document.getElementById('hint').textContent = 'PLEASE, clicked'"></a>
+<p id="hint">PLEASE</p><iframe srcdoc="a part"></iframe><script>location.href = 'file:///etc/passwd';</script></body>)~");
     surface->Navigate(service.address(QStringLiteral("/sign")));
     completed();
-    EXPECT_EQ(bodyText(), QStringLiteral("PLEASE"));
+    // The browser takes the pointer only once it has painted the page.
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] {
+            QTest::mouseClick(page(), Qt::LeftButton, {}, QPoint(50, 100));
+            return bodyText().trimmed() == QLatin1String("PLEASE, clicked");
+        },
+        60000));
+    EXPECT_TRUE(isSilent());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isWaiting(); })) << "Nothing comes any more.";
+    EXPECT_EQ(mail.started, QList<QUrl>());
 }
 
 TEST_F(WebSignature, AFileInsteadOfAPageIsToldAndNotSaved) {
@@ -202,3 +236,5 @@ TEST_F(WebSignature, AServiceWhoseCertificateNobodyVouchesForIsNotShown) {
         QStringLiteral("The signature page was not loaded, because the certificate of its service is not valid."));
     EXPECT_EQ(service.asked(), QStringList());
 }
+
+#include "websurface_failures_test.moc"

@@ -26,20 +26,24 @@ save.onclick = () => { location.href = '/svsign?points=' + points; };
 
 const QByteArray PlainText = "Content-Type: text/plain; charset=utf-8\r\n";
 
-/// Answers each box of a page with its default button and keeps the texts.
+/// Answers each box of a page with its default button and keeps the texts. `wait` runs while the box is open.
 class BoxReader : public QObject {
   public:
-    BoxReader() { qApp->installEventFilter(this); }
+    explicit BoxReader(std::function<void()> wait) : wait_(std::move(wait)) { qApp->installEventFilter(this); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (auto* box = qobject_cast<QMessageBox*>(watched); box != nullptr && event->type() == QEvent::Show) {
             texts << box->text();
+            wait_();
             QMetaObject::invokeMethod(box, &QDialog::accept, Qt::QueuedConnection);
         }
         return false;
     }
 
     QStringList texts;
+
+  private:
+    std::function<void()> wait_;
 };
 
 void moveWithTheButtonDown(QWidget* widget, QPoint to) {
@@ -63,6 +67,14 @@ TEST_F(WebSignature, APageIsLoadedAndItsTextIsRead) {
     EXPECT_EQ(completed(), service.address(QStringLiteral("/sign")));
     EXPECT_EQ(bodyText(), QStringLiteral("PLEASE sign h\u00e9re"));
     EXPECT_TRUE(isSilent());
+}
+
+TEST_F(WebSignature, APageIsPaintedWithoutAGraphicsCard) {
+    service.page(QStringLiteral("/sign"), "<body style='background:#4080c0'></body>");
+    surface->Navigate(service.address(QStringLiteral("/sign")));
+    completed();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return surface->grab().toImage().pixelColor(100, 100) == QColor(0x40, 0x80, 0xc0); }, 60000));
 }
 
 TEST_F(WebSignature, ADrawnSignatureIsSavedByTheButtonOfThePage) {
@@ -202,7 +214,10 @@ TEST_F(WebSignature, WhatThePageTellsItsUserIsShownAndWaitsForThem) {
 onclick="alert('Draw &lt;b&gt;first&lt;/b&gt;')"></body>)~");
     surface->Navigate(service.address(QStringLiteral("/sign")));
     completed();
-    BoxReader boxes;
+    BoxReader boxes([this] {
+        endPatience();
+        QCoreApplication::processEvents();
+    });
     surface->ClickInputs(QStringLiteral("Save Signature"));
     EXPECT_EQ(bodyText().trimmed(), QStringLiteral("PLEASE"));
     EXPECT_EQ(boxes.texts, QStringList{QStringLiteral("Draw &lt;b&gt;first&lt;/b&gt;")}) << "No markup of the page's.";

@@ -1,0 +1,146 @@
+#include <QFile>
+
+#include "data/scramble.h"
+#include "tests/desks/deskfront.h"
+
+namespace {
+
+const QString SignedLine = QStringLiteral("Electronically signed by Anna Reed on ");
+
+/// Reed's missed visits and their notes.
+class MissedNotes : public FrontDesk {
+  protected:
+    MissedNotes() {
+        connection.Execute(
+            QStringLiteral("Update provider_info Set pfirst_name = 'Anna', plast_name = 'Reed' Where id = 'REED'"));
+        connection.Execute(db::Sql("Update passwords Set pswd_password = '{}' Where pswd_user_id = 'REED'",
+                                   ScramblePassword(QStringLiteral("secret"), DefaultScrambleKey)));
+        connection.Execute(
+            QStringLiteral("Insert Into report_headers (header, [default]) Values ('|Hill Street Practice|', 1)"));
+    }
+
+    /// A visit that the person has just marked as missed, selected on the screen.
+    QString missed(int start) {
+        const QString key = add(start, start + 50, QStringLiteral("O'Brien, Anna"));
+        person->press({QStringLiteral("F5")});
+        EXPECT_TRUE(soon([&] { return desk->tell("items").contains(key + QStringLiteral(" %1-").arg(start)); }));
+        person->click(itemOf(key));
+        person->press({QStringLiteral("ctrl+m")});
+        EXPECT_TRUE(soon([&] { return status(key) == 0xC0; }));
+        return key;
+    }
+    void openNote() {
+        person->press({QStringLiteral("ctrl+shift+s")});
+        person->turnTo("frmmsdApt");
+    }
+    void closeNote() {
+        person->press({QStringLiteral("ctrl+Return")});
+        person->turnTo("mdisched");
+    }
+    /// Draws a signature on the pad of the open note and signs with it.
+    void signOnPad() {
+        person->press({QStringLiteral("alt+d")});
+        person->turnTo("frmesign");
+        const QStringList middle = desk->tell("widgetPlace", QStringLiteral("SigPlus1")).split(QLatin1Char(' '));
+        const auto beside = [&](int right, int down) {
+            return QStringLiteral("%1 %2").arg(middle[0].toInt() + right).arg(middle[1].toInt() + down);
+        };
+        person->drag(beside(-80, 20), beside(-20, -30));
+        person->drag(beside(0, -20), beside(60, 20));
+        person->picture("missed-pad");
+        person->press({QStringLiteral("alt+s")});
+        person->turnTo("frmmsdApt");
+    }
+    QString shown(const char* label) { return desk->tell("text", QLatin1String(label)); }
+    QString reason() { return value(QStringLiteral("Select reason from MissedAppt")); }
+    qint64 audited(const char* what) {
+        return number(db::Sql("Select Count(*) from AuditLog Where LogListId = '{}'", QString::fromLatin1(what)));
+    }
+};
+
+}  // namespace
+
+TEST_F(MissedNotes, AMissedVisitIsNotedAndSignedByPassword) {
+    const QString key = missed(540);
+    openNote();
+    person->picture("missed-new");
+    EXPECT_EQ(shown("lblpatient"), QStringLiteral("O'Brien, Anna"));
+    EXPECT_EQ(shown("lbltype"), QStringLiteral("Missed"));
+    person->type(QStringLiteral("No call; left a message"));
+    person->press({QStringLiteral("alt+w")});
+    person->turnTo("frmesign");
+    person->type(QStringLiteral("reed"));
+    person->press({QStringLiteral("Tab")});
+    person->type(QStringLiteral("secret"));
+    person->picture("missed-password");
+    person->press({QStringLiteral("Return")});
+    person->turnTo("frmmsdApt");
+    EXPECT_TRUE(shown("pnlSig").startsWith(SignedLine)) << shown("pnlSig").toStdString();
+    person->picture("missed-signed");
+    closeNote();
+    EXPECT_EQ(reason(), QStringLiteral("No call; left a message"));
+    EXPECT_EQ(desk->tell("noteIcon", key), QStringLiteral("yes"));
+    EXPECT_EQ(audited("Add"), 1);
+}
+
+TEST_F(MissedNotes, ASignatureOnThePadHoldsUntilTheNoteIsEditedAndIsGivenAgain) {
+    missed(600);
+    openNote();
+    person->type(QStringLiteral("Car broke down"));
+    signOnPad();
+    EXPECT_TRUE(shown("lblsignstatus").startsWith(SignedLine));
+    person->picture("missed-drawn");
+    closeNote();
+
+    // A look alone changes nothing.
+    openNote();
+    EXPECT_TRUE(shown("lblsignstatus").startsWith(SignedLine));
+    closeNote();
+    EXPECT_EQ(audited("Modify"), 0);
+
+    openNote();
+    person->press({QStringLiteral("ctrl+End")});
+    person->type(QStringLiteral(" again"));
+    closeNote();
+    EXPECT_EQ(reason(), QStringLiteral("Car broke down again"));
+    EXPECT_EQ(audited("Modify"), 1);
+
+    openNote();
+    EXPECT_EQ(shown("lblsignstatus"), QStringLiteral("Signature is invalid! Cause: Note modified."));
+    EXPECT_EQ(number(QStringLiteral("Select Count(*) from SessionSignatures")), 0);
+    person->picture("missed-invalid");
+    signOnPad();
+    EXPECT_TRUE(shown("lblsignstatus").startsWith(SignedLine));
+
+    person->press({QStringLiteral("ctrl+p")});
+    person->turnTo("frmpreview");
+    person->picture("missed-print");
+    person->press({QStringLiteral("ctrl+s")});
+    person->turnTo("QFileDialog");
+    const QString file = folder.filePath(QStringLiteral("note.pdf"));
+    person->press({QStringLiteral("ctrl+a")});
+    person->type(file);
+    person->press({QStringLiteral("Return")});
+    person->turnTo("frmpreview");
+    EXPECT_TRUE(QFile::exists(file));
+    person->press({QStringLiteral("Escape")});
+    person->turnTo("frmmsdApt");
+    EXPECT_EQ(audited("Print"), 1);
+    closeNote();
+    EXPECT_EQ(audited("View"), 3);
+}
+
+TEST_F(MissedNotes, EscapeAsksBeforeANoteIsLost) {
+    const QString key = missed(660);
+    openNote();
+    person->type(QStringLiteral("Ill"));
+    person->press({QStringLiteral("Escape")});
+    EXPECT_EQ(desk->answer("No"), QStringLiteral("Close without saving what you have changed?"));
+    person->turnTo("frmmsdApt");
+    EXPECT_EQ(desk->tell("text", QStringLiteral("txtreason")), QStringLiteral("Ill"));
+    person->press({QStringLiteral("Escape")});
+    EXPECT_EQ(desk->answer("Yes"), QStringLiteral("Close without saving what you have changed?"));
+    person->turnTo("mdisched");
+    EXPECT_EQ(number(QStringLiteral("Select Count(*) from sessions")), 0);
+    EXPECT_EQ(desk->tell("noteIcon", key), QStringLiteral("not"));
+}
