@@ -45,8 +45,7 @@ void CalendarView::bindCommands() {
     // The word for a patient follows the practice.
     QAction& newPatient = menus_.Command(menu::mnuANPat);
     newPatient.setText(newPatient.text().replace(QLatin1String("Patient"), CaptionText(Session().WordUsage)));
-    menus_.Allow(menu::mnuFExport, false);
-    menus_.Allow(menu::mnuFsep4, false);
+    allowExports(false);
     menus_.Allow(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
     menus_.Allow(menu::mnuVAll, Session().AllProviders);
     connect(ctMDay1, &ctMDay::DayStepRequested, this,
@@ -98,7 +97,13 @@ void CalendarView::DropSelection() {
 
 void CalendarView::displayapptinfo(int /*index*/) {}
 
+void CalendarView::allowExports(bool allowed) {
+    menus_.Allow(menu::mnuFExport, allowed);
+    menus_.Allow(menu::mnuFsep4, allowed);
+}
+
 void CalendarView::beginLoad(QDate date, const QString& provider) {
+    allowExports(false);
     board_->BeginLoad(date, provider);
     callIcons_.clear();
     facts_.clear();
@@ -121,6 +126,7 @@ QStringList CalendarView::statementsOfLoad(QDate date, const QString& provider) 
 void CalendarView::endLoad() {
     displayapptinfo(0);
     board_->EndLoad();
+    allowExports(exports_);
 }
 
 void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {

@@ -16,6 +16,7 @@
 
 class EditorDialog;
 struct EditorRequest;
+struct ExportRequest;
 struct WriteOutcome;
 
 /// The base of the views that show appointments on a board. It holds the commands on appointments, applies the user's
@@ -77,6 +78,11 @@ class CalendarView : public MenuView {
     /// Returns the reason why this view cannot show the appointment although it exists, or "" when it can show it.
     [[nodiscard]] virtual QString whyUnseen(const FoundAppointment& found) const;
 
+    /// Binds the exports of what this view shows. `request` tells what that is.
+    void bindExports(const std::function<ExportRequest()>& request, const std::function<void()>& html);
+    /// Returns the key of the selected appointment, or 0 when none is selected.
+    [[nodiscard]] int selectedKey() const;
+
     /// Returns the schedule to be printed: all columns of the view on one page, under its date.
     [[nodiscard]] virtual ScheduleSheet sheet() const;
     virtual void printS();
@@ -123,6 +129,8 @@ class CalendarView : public MenuView {
 
   private:
     void bindCommands();
+    /// The exports can be used while the view shows what it has read.
+    void allowExports(bool allowed);
     void lock(CalendarItem& item) const;
 
     // calendarview_edit.cpp
@@ -200,6 +208,7 @@ class CalendarView : public MenuView {
     [[nodiscard]] static bool isDeleted(const WriteOutcome& outcome);
     void removeItemsOf(int key);
 
+    bool exports_ = false;  ///< Whether this view has exports.
     QMenu* newPopup_ = nullptr;
     QMenu* itemPopup_ = nullptr;
 

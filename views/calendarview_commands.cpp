@@ -1,4 +1,5 @@
 #include "appointments/frmrecurappt.h"
+#include "output/frmexportopts.h"
 #include "people/frmapttypes.h"
 #include "people/frmholidays.h"
 #include "platform/controls/noticebar.h"
@@ -6,6 +7,7 @@
 #include "search/frmfinda.h"
 #include "search/frmfirstatype.h"
 #include "search/frmsavail.h"
+#include "session/runeditor.h"
 #include "session/session.h"
 #include "views/calendarview.h"
 
@@ -41,6 +43,23 @@ void CalendarView::bindSeries() {
         }
         showEditor(std::make_unique<frmRecurAppt>(
             *item, Provider(), [&main = main_] { main.cycledate(2); }, window()));
+    });
+}
+
+int CalendarView::selectedKey() const {
+    const std::optional<CalendarItem> item = SelectedItem();
+    return item ? item->ItemKey.toInt() : 0;
+}
+
+void CalendarView::bindExports(const std::function<ExportRequest()>& request, const std::function<void()>& html) {
+    exports_ = true;
+    menus_.Bind(menu::mnuFExportiCal, [this, request] {
+        ctMDay1->CommitEdit();
+        RunEditor(std::make_unique<frmExportOpts>(request(), window()), {}, {});
+    });
+    menus_.Bind(menu::mnuFExportHTML, [this, html] {
+        ctMDay1->CommitEdit();
+        html();
     });
 }
 

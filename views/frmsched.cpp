@@ -5,6 +5,8 @@
 #include "data/codes.h"
 #include "data/holidays.h"
 #include "data/recurrence.h"
+#include "output/exportrows.h"
+#include "output/htmlexport.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -39,6 +41,8 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     bindTaskCommands();
     showOpenView(menu::mnuVDay, View::Day);
     connect(ctMDay1, &ctMDay::ItemSelected, this, &frmsched::displayapptinfo);
+    bindExports([this] { return ExportRequest{.SelectedKey = selectedKey(), .ExportRange = exportrange::Day}; },
+                [this] { ExportDayHtml(ctMDay1->Date()); });
     const ReadTogether together(Session().Connection, dayStatements() << tasksStatement());
     LoadDayView();
     LoadToDo();

@@ -7,6 +7,8 @@
 #include "data/codes.h"
 #include "data/holidays.h"
 #include "data/recurrence.h"
+#include "output/exportrows.h"
+#include "output/htmlexport.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -57,6 +59,7 @@ frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekM
     column->addWidget(ctMDay1);
     setFocusProxy(ctMDay1);
     showOpenView(menu::mnuVWeek, View::Week);
+    bindExports([this] { return exportedWeek(); }, [this] { ExportWeekHtml(ctMDay1->Date()); });
     const ReadTogether together(Session().Connection, weekStatements(mondayOf(this->main().Date()))
                                                           << columnsStatement());
     showDays();
@@ -88,6 +91,14 @@ QStringList frmweekv::weekStatements(QDate first) const {
     for (int day = 0; day < DaysOfWeek; ++day)
         statements << HolidayStatement(first.addDays(day)) << hoursStatement(first.addDays(day));
     return statements;
+}
+
+ExportRequest frmweekv::exportedWeek() const {
+    const QDate first = ctMDay1->Date();
+    return {.SelectedKey = selectedKey(),
+            .ExportRange = exportrange::Week,
+            .WeekStart = first,
+            .WeekEnd = first.addDays(DaysOfWeek - 1)};
 }
 
 void frmweekv::loadmdayview() {

@@ -33,5 +33,6 @@ class frmweekv : public CalendarView {
 
   private:
     void showDays();
+    [[nodiscard]] ExportRequest exportedWeek() const;
     [[nodiscard]] QStringList weekStatements(QDate first) const;
 };

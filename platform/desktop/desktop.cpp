@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QTimer>
 #include <QUrl>
 #include <vector>
 
@@ -113,9 +114,11 @@ bool realStartProgram(const QString& path, const QString& arguments, const QStri
     return false;
 }
 
-QString realChooseSaveFile(const QString& title, const QString& proposal, const QString& filter) {
+QString realChooseSaveFile(const QString& title, const QString& proposal, const QString& filter, AsksToReplace asks) {
     const NormalPointer pointer;
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, proposal, filter);
+    return QFileDialog::getSaveFileName(
+        QApplication::activeWindow(), title, proposal, filter, nullptr,
+        asks == AsksToReplace::Caller ? QFileDialog::DontConfirmOverwrite : QFileDialog::Options());
 }
 
 }  // namespace
@@ -124,6 +127,9 @@ DesktopSeams RealDesktop() {
     return {realMsgBox,
             realShowModal,
             [] { return QDateTime::currentDateTime(); },
+            [](int milliseconds, QObject* context, std::function<void()> step) {
+                QTimer::singleShot(milliseconds, context, std::move(step));
+            },
             [] { return QRandomGenerator::global()->generateDouble(); },
             realPlaySound,
             [](const QString& target) { return QDesktopServices::openUrl(QUrl::fromUserInput(target)); },
@@ -161,9 +167,9 @@ int ShowModal(QDialog& form) {
     return Desktop().showModal(form);
 }
 
-QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter) {
+QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter, AsksToReplace asks) {
     const OpenDialog open;
-    return Desktop().chooseSaveFile(title, proposal, filter);
+    return Desktop().chooseSaveFile(title, proposal, filter, asks);
 }
 
 QDateTime Now() {
@@ -173,6 +179,10 @@ QDateTime Now() {
 
 QDate Today() {
     return Now().date();
+}
+
+void After(int milliseconds, QObject* context, std::function<void()> step) {
+    Desktop().after(milliseconds, context, std::move(step));
 }
 
 double RandomNumber() {

@@ -5,6 +5,7 @@
 #include <QString>
 
 class QDialog;
+class QObject;
 
 /// The buttons and the picture of a message box.
 struct BoxStyle {
@@ -29,13 +30,21 @@ Answer MsgBox(const QString& text, BoxStyle style, const QString& title);
 /// Runs a form modally over the active window and returns its QDialog result.
 int ShowModal(QDialog& form);
 
-/// Asks for the file to write. `proposal` is the proposed path, and `filter` is "PDF files (*.pdf)". The dialog itself
-/// asks before an existing file is replaced. Returns an empty text when the user gives up.
-QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter);
+/// Who asks before an existing file is replaced.
+enum class AsksToReplace { FileDialog, Caller };
+
+/// Asks for the file to write. `proposal` is the proposed path, and `filter` is "PDF files (*.pdf)". Returns an empty
+/// text when the user gives up.
+QString ChooseSaveFile(const QString& title, const QString& proposal, const QString& filter,
+                       AsksToReplace asks = AsksToReplace::FileDialog);
 
 /// Returns this computer's local wall-clock time, marked as UTC, so that arithmetic with it meets no change of clocks.
 QDateTime Now();
 QDate Today();
+
+/// Calls `step` when so many milliseconds have passed, unless `context` is destroyed before. The windows live
+/// meanwhile.
+void After(int milliseconds, QObject* context, std::function<void()> step);
 
 /// Returns a random number from 0 up to but not including 1.
 double RandomNumber();
@@ -54,11 +63,13 @@ struct DesktopSeams {
     std::function<Answer(const QString& text, BoxStyle style, const QString& title)> msgBox;
     std::function<int(QDialog&)> showModal;
     std::function<QDateTime()> now;
+    std::function<void(int milliseconds, QObject* context, std::function<void()> step)> after;
     std::function<double()> random;
     std::function<void(const QString&)> playSound;
     std::function<bool(const QString&)> openWithShell;
     std::function<bool(const QString&, const QString&, const QString&)> startProgram;
-    std::function<QString(const QString& title, const QString& proposal, const QString& filter)> chooseSaveFile;
+    std::function<QString(const QString& title, const QString& proposal, const QString& filter, AsksToReplace asks)>
+        chooseSaveFile;
 };
 DesktopSeams& Desktop();
 /// Returns the functions that the program itself uses: real boxes, the real clock.

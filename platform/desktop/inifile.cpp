@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include "platform/files/privatefile.h"
+#include "platform/files/writeall.h"
 
 namespace {
 
@@ -95,8 +96,7 @@ bool stored(const QString& path, const IniText& ini) {
         return false;
     if (isNew)
         file.setPermissions(files::PermissionsIn(QFileInfo(path).absolutePath()));
-    file.write(encoded(ini.lines.join(u'\n'), ini.encoding));
-    return file.commit();
+    return files::WriteAll(file, encoded(ini.lines.join(u'\n'), ini.encoding)) && file.commit();
 }
 
 // Returns the name of the section that a line opens, or nothing for any other line.

@@ -73,6 +73,17 @@ bool MakePrivateFolder(const QString& folder) {
     return QDir().mkpath(QFileInfo(path).absolutePath()) && mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0;
 }
 
+bool MakeFolderIn(const QString& above, const QString& name) {
+    const QString folder = above + QLatin1Char('/') + name;
+    if (QFileInfo(folder).isDir())
+        return true;
+    if (!MakePrivateFolder(folder))
+        return false;
+    struct stat facts {};
+    const bool isShared = (modeIn(above) & Others) != 0 && stat(QFile::encodeName(above).constData(), &facts) == 0;
+    return !isShared || chmod(QFile::encodeName(folder).constData(), facts.st_mode & 07777) == 0;
+}
+
 void KeepPrivateFolder(const QString& folder) {
     const QByteArray name = QFile::encodeName(folder);
     struct stat facts {};

@@ -25,6 +25,11 @@ void KeepPrivate(const QString& file);
 /// false where it cannot be created.
 bool MakePrivateFolder(const QString& folder);
 
+/// Creates a folder in which files are as in the folder above it: one that only its owner can enter, or in a shared
+/// folder one that is shared with the same people. An existing one stays as it is. Returns false where it cannot be
+/// created.
+bool MakeFolderIn(const QString& above, const QString& name);
+
 /// Closes a folder of this user's own to all others. A folder that belongs to somebody else, that others may write to,
 /// or that is shared, stays as it is.
 void KeepPrivateFolder(const QString& folder);

@@ -1,22 +1,23 @@
 #include <numeric>
 
 #include "platform/printing/output.h"
+#include "platform/text/plaintext.h"
 
 namespace printing {
 
 namespace {
 
 constexpr double PointsPerTwip = 1.0 / TwipsPerPoint;
+const QColor TitleShade(0xe6, 0xe6, 0xe6);
 
 QString escaped(const QString& text) {
-    QString html = text.toHtmlEscaped();
-    html.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    return html.replace(u'\n', QStringLiteral("<br>"));
+    return ManyLines(text).toHtmlEscaped().replace(u'\n', QStringLiteral("<br/>"));
 }
 
 QString fontStyle(const QFont& font) {
-    QString style =
-        QStringLiteral("font-family:'%1',sans-serif;font-size:%2pt").arg(font.family()).arg(font.pointSizeF());
+    QString style = QStringLiteral("font-family:'%1',sans-serif;font-size:%2pt")
+                        .arg(font.family().remove(u'\'').toHtmlEscaped())
+                        .arg(font.pointSizeF());
     if (font.bold())
         style += QStringLiteral(";font-weight:bold");
     if (font.italic())
@@ -36,39 +37,56 @@ QString html(const Paragraph& paragraph) {
     return QStringLiteral("<p style=\"%1;text-align:%2;margin:0 0 0 %3pt\">%4</p>\n")
         .arg(fontStyle(paragraph.font), alignmentWord(paragraph.alignment))
         .arg(paragraph.indent * PointsPerTwip)
-        .arg(paragraph.text.isEmpty() ? QStringLiteral("&nbsp;") : escaped(paragraph.text));
+        .arg(paragraph.text.isEmpty() ? QStringLiteral("&#160;") : escaped(paragraph.text));
 }
 
-QString row(const QStringList& cells, std::size_t columns, const QString& tag, const QString& style) {
-    QString html = style.isEmpty() ? QStringLiteral("<tr>") : QStringLiteral("<tr style=\"%1\">").arg(style);
+QString between(const QString& tag, const QString& html) {
+    return QStringLiteral("<%1>%2</%1>").arg(tag, html);
+}
+
+/// Returns a row of a table. `tags` are the elements around each cell's text, from the outside in.
+QString row(const QStringList& cells, std::size_t columns, const QStringList& tags,
+            const std::optional<QColor>& shading) {
+    QString html =
+        shading ? QStringLiteral("<tr style=\"background:%1\">").arg(shading->name()) : QStringLiteral("<tr>");
     for (qsizetype column = 0; column < static_cast<qsizetype>(columns); ++column) {
         const bool isLast = column == static_cast<qsizetype>(columns) - 1;
-        const QString cell = isLast ? QStringList(cells.mid(column)).join(u' ') : cells.value(column);
-        html += QStringLiteral("<%1>%2</%1>").arg(tag, escaped(cell));
+        QString cell = escaped(isLast ? QStringList(cells.mid(column)).join(u' ') : cells.value(column));
+        for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag)
+            cell = between(*tag, cell);
+        html += cell;
     }
     return html + QStringLiteral("</tr>\n");
 }
 
+/// Returns the rows of a table without its titles.
+QString bodyOf(const Table& table) {
+    QStringList tags{QStringLiteral("td")};
+    if (table.headingLevel > 0)
+        tags << QStringLiteral("h%1").arg(table.headingLevel);
+    QString html = QStringLiteral("<tbody>\n");
+    for (std::size_t i = 0; i < table.rows.size(); ++i)
+        html += row(table.rows[i], table.widths.size(), tags, table.shadingOf(i));
+    return html + QStringLiteral("</tbody>\n");
+}
+
 QString html(const Table& table) {
     const int width = std::accumulate(table.widths.begin(), table.widths.end(), 0);
-    QString html = QStringLiteral("<table class=\"%1\" style=\"width:%2pt;%3\">\n")
-                       .arg(table.grid ? QStringLiteral("grid") : QStringLiteral("plain"))
+    // A table of headings is read as headings, and not as data.
+    QString html = QStringLiteral("<table class=\"%1\"%2 style=\"width:%3pt;%4\">\n")
+                       .arg(table.grid ? QStringLiteral("grid") : QStringLiteral("plain"),
+                            table.headingLevel > 0 ? QStringLiteral(" role=\"presentation\"") : QString())
                        .arg(width * PointsPerTwip)
                        .arg(fontStyle(table.font));
     html += QStringLiteral("<colgroup>");
     for (const int column : table.widths)
-        html += QStringLiteral("<col style=\"width:%1pt\">").arg(column * PointsPerTwip);
+        html += QStringLiteral("<col style=\"width:%1pt\"/>").arg(column * PointsPerTwip);
     html += QStringLiteral("</colgroup>\n");
     if (!table.titles.isEmpty())
-        html += QStringLiteral("<thead>") +
-                row(table.titles, table.widths.size(), QStringLiteral("th"),
-                    table.titleShading ? QStringLiteral("background:#e6e6e6") : QString()) +
-                QStringLiteral("</thead>\n");
-    const QString style = table.shading ? QStringLiteral("background:") + table.shading->name() : QString();
-    html += QStringLiteral("<tbody>\n");
-    for (const QStringList& cells : table.rows)
-        html += row(cells, table.widths.size(), QStringLiteral("td"), style);
-    return html + QStringLiteral("</tbody>\n</table>\n");
+        html += between(QStringLiteral("thead"), row(table.titles, table.widths.size(), {QStringLiteral("th")},
+                                                     table.titleShading ? std::optional(TitleShade) : std::nullopt)) +
+                QStringLiteral("\n");
+    return html + bodyOf(table) + QStringLiteral("</table>\n");
 }
 
 QString html(const Gap& gap) {
@@ -86,15 +104,29 @@ QString html(const Figure& /*figure*/) {
 
 }  // namespace
 
+// The page is also well-formed XML, so that any program can read it. A text in letters that run from right to left
+// keeps that direction in its cell.
 QString HtmlText(const Document& document) {
+    const PageMargins& margins = document.setup.margins;
     QString text = QStringLiteral(
                        "<!DOCTYPE html>\n"
-                       "<html>\n<head>\n<meta charset=\"utf-8\">\n<title>%1</title>\n<style>\n"
+                       "<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
+                       "<meta name=\"viewport\" content=\"width=device-width\"/>\n<title>%1</title>\n<style>\n"
+                       "body { color: black; background: white; }\n"
+                       "h1, h2, h3, h4, h5, h6 { font: inherit; margin: 0; }\n"
+                       "p, h1, h2, h3, h4, h5, h6, th, td { unicode-bidi: plaintext; }\n"
                        "table { border-collapse: collapse; table-layout: fixed; max-width: 100%; }\n"
                        "th, td { text-align: left; vertical-align: top; padding: 2pt 4pt; overflow-wrap: anywhere; }\n"
                        ".grid th, .grid td { border: 1px solid #9a9a9a; }\n"
+                       "tr { break-inside: avoid; print-color-adjust: exact; -webkit-print-color-adjust: exact; }\n"
+                       "table[role] { break-after: avoid; }\n"
+                       "@page { margin: %2pt %3pt %4pt %5pt; }\n"
                        "</style>\n</head>\n<body>\n")
-                       .arg(escaped(document.title));
+                       .arg(OneLine(document.title).toHtmlEscaped())
+                       .arg(margins.top * PointsPerTwip)
+                       .arg(margins.right * PointsPerTwip)
+                       .arg(margins.bottom * PointsPerTwip)
+                       .arg(margins.left * PointsPerTwip);
     for (const Block& block : document.blocks)
         text += std::visit([](const auto& content) { return html(content); }, block);
     return text + QStringLiteral("</body>\n</html>\n");

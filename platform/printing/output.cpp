@@ -8,6 +8,7 @@
 #include <QPrinter>
 #include <QSaveFile>
 
+#include "platform/files/writeall.h"
 #include "platform/printing/pagelayout.h"
 #include "platform/printing/printerror.h"
 
@@ -46,7 +47,8 @@ bool paintPages(Device& device, const PageLayout& layout, int first, int last) {
 template <class Write>
 void saveFile(const QString& path, Write write) {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !write(file) || !file.commit())
+    // What is left in the buffer may not fit on the disk, which commit would not see.
+    if (!file.open(QIODevice::WriteOnly) || !write(file) || !file.flush() || !file.commit())
         throw PrintError(
             text("The file %1 could not be written: %2.").arg(QDir::toNativeSeparators(path), file.errorString()));
 }
@@ -94,10 +96,7 @@ void SavePdf(const Document& document, const QString& path) {
 }
 
 void SaveHtml(const Document& document, const QString& path) {
-    saveFile(path, [&](QSaveFile& file) {
-        const QByteArray bytes = HtmlText(document).toUtf8();
-        return file.write(bytes) == bytes.size();
-    });
+    saveFile(path, [&](QSaveFile& file) { return files::WriteAll(file, HtmlText(document).toUtf8()); });
 }
 
 }  // namespace printing

@@ -59,12 +59,21 @@ struct TableLook {
     bool grid = true;
     bool titleShading = true;
     std::optional<QColor> shading = std::nullopt;  ///< The colour behind the rows.
+    std::vector<bool> shadedRows = {};             ///< Which rows have that colour; empty for all of them.
+    /// In HTML, the texts of the cells are headings of this level, 1 to 6; 0 for a table of data.
+    int headingLevel = 0;
 };
 
 /// Rows of cells under column titles. The titles are repeated on top of each page that the table reaches. A row is
 /// divided between two pages only when it is higher than a page.
 struct Table : TableContent, TableLook {
     QFont font;
+
+    /// Returns the colour behind a row, if it has one.
+    [[nodiscard]] std::optional<QColor> shadingOf(std::size_t row) const {
+        const bool isShaded = shadedRows.empty() || (row < shadedRows.size() && shadedRows[row]);
+        return isShaded ? shading : std::nullopt;
+    }
 };
 
 /// Empty height.

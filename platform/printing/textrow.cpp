@@ -58,7 +58,7 @@ TextRow::TextRow(const Table& table, int row, double pageWidth)
         if (table.titleShading)
             shading_ = TitleShade;
     } else {
-        shading_ = table.shading;
+        shading_ = table.shadingOf(static_cast<std::size_t>(row));
     }
     const double scale = ColumnScale(table, pageWidth);
     const QStringList cells =

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <utility>
 
 namespace {
 
@@ -16,6 +17,10 @@ ScriptedDesk::ScriptedDesk() : before_(Desktop()), now_(QDate(2026, 3, 11), QTim
     seams.msgBox = [this](const QString& text, BoxStyle, const QString& title) { return answerBox(text, title); };
     seams.showModal = [this](QDialog& form) { return answerForm(form); };
     seams.now = [this] { return now_; };
+    seams.after = [this](int milliseconds, QObject* context, std::function<void()> step) {
+        waits << milliseconds;
+        waiting_.push_back({context, std::move(step)});
+    };
     seams.playSound = [this](const QString& path) { sounds << path; };
     seams.openWithShell = [this](const QString& target) {
         opened << target;
@@ -25,7 +30,7 @@ ScriptedDesk::ScriptedDesk() : before_(Desktop()), now_(QDate(2026, 3, 11), QTim
         started << path + QLatin1Char(' ') + arguments;
         return true;
     };
-    seams.chooseSaveFile = [this](const QString&, const QString& proposal, const QString&) {
+    seams.chooseSaveFile = [this](const QString&, const QString& proposal, const QString&, AsksToReplace) {
         proposed << proposal;
         return chosenFile;
     };
@@ -47,6 +52,12 @@ void ScriptedDesk::expectBox(const QString& text, const QString& title, Answer a
 
 void ScriptedDesk::expectForm(const char* className, std::function<void(QDialog&)> act) {
     script_.push_back({{}, {}, Answer::Ok, className, std::move(act)});
+}
+
+void ScriptedDesk::passTime() {
+    for (const Waiting& waiting : std::exchange(waiting_, {}))
+        if (waiting.context != nullptr)
+            waiting.step();
 }
 
 Answer ScriptedDesk::answerBox(const QString& text, const QString& title) {

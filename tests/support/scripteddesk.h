@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <QDateTime>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 
@@ -24,9 +25,12 @@ class ScriptedDesk {
     /// by an event loop of its own; what act leaves as the form's result is the answer.
     void expectForm(const char* className, std::function<void(QDialog&)> act);
     void setNow(const QDateTime& now) { now_ = now; }
+    /// What waits for a time to pass (After) goes on.
+    void passTime();
 
     QString chosenFile;    ///< What the user chooses when asked for a file to write; empty gives up.
     QStringList proposed;  ///< Files proposed to the user then.
+    QList<int> waits;      ///< Milliseconds that something waits for.
     QStringList sounds;    ///< Paths played.
     QStringList opened;    ///< Handed to the desktop.
     QStringList started;   ///< "program arguments" started.
@@ -39,10 +43,15 @@ class ScriptedDesk {
         QByteArray formClass;
         std::function<void(QDialog&)> act;
     };
+    struct Waiting {
+        QPointer<QObject> context;
+        std::function<void()> step;
+    };
     Answer answerBox(const QString& text, const QString& title);
     int answerForm(QDialog& form);
 
     DesktopSeams before_;
     std::deque<Expected> script_;
+    std::deque<Waiting> waiting_;
     QDateTime now_;
 };

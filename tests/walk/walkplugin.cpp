@@ -12,6 +12,6 @@ QObject* WalkPlugin::create(const QString& name, const QString& specification) {
     seams.openWithShell = [](const QString&) { return true; };
     seams.startProgram = [](const QString&, const QString&, const QString&) { return true; };
     seams.playSound = [](const QString&) {};
-    seams.chooseSaveFile = [](const QString&, const QString&, const QString&) { return QString(); };
+    seams.chooseSaveFile = [](const QString&, const QString&, const QString&, AsksToReplace) { return QString(); };
     return new walk::Walker(walk::Plan::FromEnvironment());
 }

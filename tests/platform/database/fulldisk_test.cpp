@@ -1,36 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
-#include <csignal>
 #include <QTemporaryDir>
 
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
-
-namespace {
-
-/// Files may not grow beyond this size while it lives: what a full disk looks like to the engine.
-class FullDisk {
-  public:
-    explicit FullDisk(qint64 bytes) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        rlimit full = before_;
-        full.rlim_cur = static_cast<rlim_t>(bytes);
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, oldHandler_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit before_{};
-    void (*oldHandler_)(int);
-};
-
-}  // namespace
+#include "tests/support/fulldisk.h"
 
 TEST(FullDiskTest, ATransactionThatCannotBeStoredLeavesTheConnectionUsable) {
     const QTemporaryDir folder;

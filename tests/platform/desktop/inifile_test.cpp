@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "tests/support/files.h"
+#include "tests/support/fulldisk.h"
 
 namespace {
 
@@ -165,6 +166,13 @@ TEST_F(IniFile, WritingMakesAMissingFile) {
 TEST_F(IniFile, AFileThatCannotBeWrittenSaysSoAndStaysAsItWas) {
     EXPECT_FALSE(WriteIniValue(folder.filePath("nowhere/solvane.ini"), "USER", "UID", "anna"));
     EXPECT_FALSE(WriteIniValue(folder.path(), "USER", "UID", "anna"));
+}
+
+TEST_F(IniFile, AFullDiskLeavesItAsItWas) {
+    PutFile(path, "[USER]\nUID=anna\n");
+    const FullDisk disk(100);
+    EXPECT_FALSE(write("USER", "UID", QStringLiteral("x").repeated(400)));
+    EXPECT_EQ(FileBytes(path), "[USER]\nUID=anna\n");
 }
 
 TEST_F(IniFile, WhatIsWrittenReadsBackCharacterForCharacter) {

@@ -158,3 +158,18 @@ TEST_F(PrivateFiles, WhatTheProgramMakesMeanwhileIsItsOwnersAloneAndAfterwardsAs
     }
     EXPECT_EQ(modeOfNew("after"), usual);
 }
+
+TEST_F(PrivateFiles, AFolderIsMadeForThePeopleOfTheFolderAboveIt) {
+    setFolder(0755);
+    EXPECT_TRUE(files::MakeFolderIn(folder_.path(), QStringLiteral("own")));
+    EXPECT_EQ(mode(path("own")), 0700U);
+    setFolder(02770);
+    EXPECT_TRUE(files::MakeFolderIn(folder_.path(), QStringLiteral("group")));
+    struct stat facts {};
+    ASSERT_EQ(stat(QFile::encodeName(path("group")).constData(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 07777U, 02770U) << "What is made in it is the group's, too.";
+    EXPECT_TRUE(files::MakeFolderIn(folder_.path(), QStringLiteral("own")));
+    EXPECT_EQ(mode(path("own")), 0700U) << "It was there.";
+    write(path("file"), 0600);
+    EXPECT_FALSE(files::MakeFolderIn(path("file"), QStringLiteral("folder")));
+}

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QTextDocument>
+#include <QXmlStreamReader>
 
 #include "platform/printing/output.h"
 #include "platform/printing/vsprinter.h"
@@ -25,8 +26,8 @@ class HtmlPage : public testing::Test {
 }  // namespace
 
 TEST_F(HtmlPage, WithoutTextItIsAPageAllTheSame) {
-    EXPECT_TRUE(html().startsWith(QStringLiteral("<!DOCTYPE html>\n<html>")));
-    EXPECT_TRUE(html().contains(QStringLiteral("<meta charset=\"utf-8\">")));
+    EXPECT_TRUE(html().startsWith(QStringLiteral("<!DOCTYPE html>\n<html lang=\"en\">")));
+    EXPECT_TRUE(html().contains(QStringLiteral("<meta charset=\"utf-8\"/>")));
     EXPECT_TRUE(html().endsWith(QStringLiteral("</body>\n</html>\n")));
     EXPECT_TRUE(shown().isEmpty());
 }
@@ -46,12 +47,12 @@ TEST_F(HtmlPage, NothingThatATextSaysBecomesMarkup) {
 
 TEST_F(HtmlPage, LineEndsAreBreaksHoweverTheyAreWritten) {
     vp.AddParagraph(QStringLiteral("a\r\nb\rc\nd"));
-    EXPECT_TRUE(html().contains(QStringLiteral(">a<br>b<br>c<br>d</p>")));
+    EXPECT_TRUE(html().contains(QStringLiteral(">a<br/>b<br/>c<br/>d</p>")));
 }
 
 TEST_F(HtmlPage, AnEmptyParagraphIsAnEmptyLine) {
     vp.AddParagraph({});
-    EXPECT_TRUE(html().contains(QStringLiteral(">&nbsp;</p>")));
+    EXPECT_TRUE(html().contains(QStringLiteral(">&#160;</p>")));
 }
 
 TEST_F(HtmlPage, AParagraphHasItsFontItsSideAndItsIndent) {
@@ -81,7 +82,7 @@ TEST_F(HtmlPage, AParagraphHasItsFontItsSideAndItsIndent) {
 TEST_F(HtmlPage, ATableHasItsWidthsInPoints) {
     vp.AddTable({.widths = {2000, 500}, .rows = {{QStringLiteral("a"), QStringLiteral("b")}}});
     EXPECT_TRUE(html().contains(QStringLiteral("width:125pt")));
-    EXPECT_TRUE(html().contains(QStringLiteral("<col style=\"width:100pt\"><col style=\"width:25pt\">")));
+    EXPECT_TRUE(html().contains(QStringLiteral("<col style=\"width:100pt\"/><col style=\"width:25pt\"/>")));
     EXPECT_FALSE(html().contains(QStringLiteral("<thead>")));
 }
 
@@ -133,4 +134,33 @@ TEST_F(HtmlPage, LettersOfEveryScriptStandInIt) {
     const QString text = QStringLiteral("Zoë Müller 山田 😀");
     vp.AddParagraph(text);
     EXPECT_TRUE(html().contains(QStringLiteral(">%1</p>").arg(text)));
+}
+
+TEST_F(HtmlPage, OnlyTheRowsThatAreShadedHaveTheColour) {
+    vp.AddTable({.widths = {1000}, .rows = {{QStringLiteral("a")}, {QStringLiteral("b")}, {QStringLiteral("c")}}},
+                {.shading = QColor(Qt::yellow), .shadedRows = {true, false}});
+    EXPECT_TRUE(html().contains(QStringLiteral("<tr style=\"background:#ffff00\"><td>a</td></tr>")));
+    EXPECT_TRUE(html().contains(QStringLiteral("<tr><td>b</td></tr>")));
+    EXPECT_TRUE(html().contains(QStringLiteral("<tr><td>c</td></tr>")));
+}
+
+TEST_F(HtmlPage, HeadingsAreHeadingsAndNoData) {
+    vp.AddTable({.widths = {1000}, .rows = {{QStringLiteral("Today & more")}}}, {.grid = false, .headingLevel = 2});
+    EXPECT_TRUE(html().contains(QStringLiteral("<table class=\"plain\" role=\"presentation\"")));
+    EXPECT_TRUE(html().contains(QStringLiteral("<td><h2>Today &amp; more</h2></td>")));
+}
+
+TEST_F(HtmlPage, IsWellFormedWhateverItsTextsHold) {
+    const QString text = QStringLiteral("<a href='x'>&nbsp;\x01 \x0b ]]> \"quoted\" \t - --> כהן");
+    vp.SetTitle(text);
+    vp.SetFontName(QStringLiteral("It's \"a\" <font>"));
+    vp.AddParagraph(text);
+    vp.AddParagraph({});
+    vp.AddSpace(100);
+    vp.NewPage();
+    vp.AddTable({.widths = {1000, 1000}, .titles = {text}, .rows = {{text}, {}}}, {.headingLevel = 3});
+    QXmlStreamReader reader(html().toUtf8());
+    while (!reader.atEnd())
+        reader.readNext();
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString() << html().toStdString();
 }

@@ -13,6 +13,7 @@
 #include "platform/printing/tabletext.h"
 #include "tests/platform/printing/pagereader.h"
 #include "tests/support/files.h"
+#include "tests/support/fulldisk.h"
 
 using printing::PageLayout;
 using printing::ParseTable;
@@ -330,6 +331,17 @@ TEST_F(PaperDocument, AFileThatCannotBeWrittenIsToldAndStaysAsItWas) {
     EXPECT_EQ(FileBytes(path), "before");
 }
 
+TEST_F(PaperDocument, AFileThatADiskHasNoRoomForStaysAsItWas) {
+    vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), {}, rows(100)));
+    const QString path = folder.filePath(QStringLiteral("list.pdf"));
+    for (const auto write : {&VSPrinter::SavePdf, &VSPrinter::ExportHtml}) {
+        PutFile(path, "before");
+        const FullDisk disk(2'000);
+        EXPECT_THROW((vp.*write)(path), PrintError);
+        EXPECT_EQ(FileBytes(path), "before");
+    }
+}
+
 TEST_F(PaperDocument, APrinterPrintsOnItsOwnPaper) {
     vp.AddTable(ParseTable(QStringLiteral("2880|1440;"), {}, rows(100)));
     const QString path = folder.filePath(QStringLiteral("printed.pdf"));
@@ -374,10 +386,10 @@ TEST_F(PaperDocument, AsHtmlItHasTheSameTextEscaped) {
     vp.ExportHtml(path);
     const QString html = QString::fromUtf8(FileBytes(path));
     EXPECT_TRUE(html.contains("<title>Day</title>"));
-    EXPECT_TRUE(html.contains("Lane &amp; Reed<br>&lt;both&gt;"));
+    EXPECT_TRUE(html.contains("Lane &amp; Reed<br/>&lt;both&gt;"));
     EXPECT_TRUE(html.contains("font-size:18pt;text-align:center"));
     EXPECT_TRUE(html.contains("<div style=\"height:15pt\"></div>"));
-    EXPECT_TRUE(html.contains("<col style=\"width:100pt\"><col style=\"width:225pt\">"));
+    EXPECT_TRUE(html.contains("<col style=\"width:100pt\"/><col style=\"width:225pt\"/>"));
     EXPECT_TRUE(html.contains("<th>Start</th><th>Text</th>"));
     EXPECT_TRUE(html.contains("<tr style=\"background:#c0c0ff\"><td>9:00 AM</td><td>O'Brien %1</td></tr>"));
     EXPECT_TRUE(html.contains("<td>a</td><td>b c</td>"));
