@@ -89,7 +89,7 @@ std::optional<std::vector<mail::Address>> frmEmail::addressesOf(QLineEdit& field
             .arg(refused),
         ExclamationBox, Title);
     field.setFocus();
-    field.setSelection(static_cast<int>(field.text().indexOf(refused)), static_cast<int>(refused.size()));
+    field.setSelection(static_cast<int>(list.firstRefused), static_cast<int>(refused.size()));
     return std::nullopt;
 }
 

@@ -163,7 +163,7 @@ void frmExportOpts::WriteICalFile(const QString& path, const std::vector<Exporte
     if (QFileInfo(path).isFile() && MsgBox(QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(path),
                                            YesNoWarningBox, QStringLiteral("Export iCal - Save As")) != Answer::Yes) {
         setExporting(false);
-        closeUnsaved();
+        QDialog::reject();
         return;
     }
     showPanel();

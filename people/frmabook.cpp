@@ -155,7 +155,10 @@ void frmabook::Text1_Change() {
 
 void frmabook::tellCount() {
     const int loaded = filler_->Loaded();
-    if (!filler_->IsFilling() && loaded > 0 && !Text1->text().isEmpty() && ctList1->SelectedRow() < 0)
+    if (filler_->IsCutShort())
+        pnlcount->setText(
+            tr("Only the first %1 could be read. Choose the list again.").arg(QLocale().toString(ctList1->RowCount())));
+    else if (!filler_->IsFilling() && loaded > 0 && !Text1->text().isEmpty() && ctList1->SelectedRow() < 0)
         pnlcount->setText(tr("No name begins with \"%1\".").arg(Text1->text()));
     else if (ctList1->RowCount() == 0)
         pnlcount->setText(tr("The list is empty."));

@@ -24,6 +24,11 @@ void addRow(VSPrinter& vp, const ctList& list, int row) {
 void frmabook::printlist() {
     const BusyPointer busy;
     filler_->Finish();
+    if (filler_->IsCutShort()) {
+        MsgBox(tr("The list could not be read to its end. Choose it again, then print it."), ExclamationBox,
+               windowTitle());
+        return;
+    }
     if (!mayPrint(ctList1->RowCount()))
         return;
     const QString name = ShownList() == AddressList::Personal ? QStringLiteral("Contacts List")

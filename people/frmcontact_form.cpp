@@ -142,6 +142,7 @@ QWidget* frmcontact::pageOfNotes() {
     auto* page = new QWidget(this);
     txtnotes = Named(new NoteField(page), "txtnotes");
     txtnotes->setAccessibleName(tr("Notes"));
+    txtnotes->setKeepsSeparators(true);  // The form takes the keys, as in its other fields.
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(8));
     column->addWidget(txtnotes);

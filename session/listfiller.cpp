@@ -39,6 +39,7 @@ void ListFiller::Clear() {
     rows_.Close();
     readAll_ = nullptr;
     failed_ = nullptr;
+    cutShort_ = false;
     list_.Clear();
     loaded_ = 0;
     total_ = 0;
@@ -89,6 +90,7 @@ void ListFiller::readRest() {
         loaded_ = skipSame(all, rows_);
         rows_ = std::move(all);
     } catch (const db::DatabaseError& error) {
+        cutShort_ = true;
         addPiece(0);
         failed(error);
         return;

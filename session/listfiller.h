@@ -38,6 +38,8 @@ class ListFiller : public QObject {
     /// Adds all remaining rows at once, for a caller that needs the whole list now.
     void Finish();
     [[nodiscard]] bool IsFilling() const { return timer_.isActive(); }
+    /// Whether the rest of the list could not be read, so that it ends with its first rows.
+    [[nodiscard]] bool IsCutShort() const { return cutShort_; }
 
     /// Looks for the first row that fits and calls `found` with it, at once or as soon as it is on the list. When no
     /// row of the whole list fits, `found` gets -1. A new search replaces one that has not ended.
@@ -67,6 +69,7 @@ class ListFiller : public QObject {
     QTimer timer_;
     int loaded_ = 0;
     int total_ = 0;
+    bool cutShort_ = false;
     std::function<bool(int row)> fits_;  ///< Empty unless a search has not ended.
     std::function<void(int row)> found_;
 };

@@ -97,13 +97,17 @@ bool Address::isInternational() const {
 
 AddressList ReadAddresses(const QString& text) {
     AddressList list;
+    qsizetype start = 0;
     for (const QString& piece : pieces(text)) {
-        if (piece.trimmed().isEmpty())
-            continue;
-        if (const auto address = Address::From(piece))
+        const QString whole = piece.trimmed();
+        if (const auto address = Address::From(whole)) {
             list.addresses.push_back(*address);
-        else
-            list.refused << OneLine(piece).trimmed();
+        } else if (!whole.isEmpty()) {
+            if (list.refused.isEmpty())
+                list.firstRefused = start + piece.indexOf(whole);
+            list.refused << OneLine(whole);
+        }
+        start += piece.size() + 1;
     }
     return list;
 }

@@ -36,7 +36,8 @@ class Address {
 /// What a user typed into a field for addresses.
 struct AddressList {
     std::vector<Address> addresses;
-    QStringList refused;  ///< The pieces that are no addresses, as they were typed.
+    QStringList refused;         ///< The pieces that are no addresses, as they were typed.
+    qsizetype firstRefused = 0;  ///< Where in the text the first of them begins.
 };
 
 /// Reads the addresses of a text, which are separated by "," or ";". Neither separates within quotes or angle brackets.

@@ -108,25 +108,24 @@ QString html(const Figure& /*figure*/) {
 // keeps that direction in its cell.
 QString HtmlText(const Document& document) {
     const PageMargins& margins = document.setup.margins;
-    QString text = QStringLiteral(
-                       "<!DOCTYPE html>\n"
-                       "<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
-                       "<meta name=\"viewport\" content=\"width=device-width\"/>\n<title>%1</title>\n<style>\n"
-                       "body { color: black; background: white; }\n"
-                       "h1, h2, h3, h4, h5, h6 { font: inherit; margin: 0; }\n"
-                       "p, h1, h2, h3, h4, h5, h6, th, td { unicode-bidi: plaintext; }\n"
-                       "table { border-collapse: collapse; table-layout: fixed; max-width: 100%; }\n"
-                       "th, td { text-align: left; vertical-align: top; padding: 2pt 4pt; overflow-wrap: anywhere; }\n"
-                       ".grid th, .grid td { border: 1px solid #9a9a9a; }\n"
-                       "tr { break-inside: avoid; print-color-adjust: exact; -webkit-print-color-adjust: exact; }\n"
-                       "table[role] { break-after: avoid; }\n"
-                       "@page { margin: %2pt %3pt %4pt %5pt; }\n"
-                       "</style>\n</head>\n<body>\n")
-                       .arg(OneLine(document.title).toHtmlEscaped())
-                       .arg(margins.top * PointsPerTwip)
-                       .arg(margins.right * PointsPerTwip)
-                       .arg(margins.bottom * PointsPerTwip)
-                       .arg(margins.left * PointsPerTwip);
+    QString text =
+        QStringLiteral(
+            "<!DOCTYPE html>\n"
+            "<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
+            "<meta name=\"viewport\" content=\"width=device-width\"/>\n<title>%1</title>\n<style>\n"
+            "body { color: black; background: white; }\n"
+            "h1, h2, h3, h4, h5, h6 { font: inherit; margin: 0; }\n"
+            "p, h1, h2, h3, h4, h5, h6, th, td { unicode-bidi: plaintext; }\n"
+            "table { border-collapse: collapse; table-layout: fixed; max-width: 100%; }\n"
+            "th, td { text-align: left; vertical-align: top; padding: 2pt 4pt; overflow-wrap: anywhere; }\n"
+            ".grid th, .grid td { border: 1px solid #9a9a9a; }\n"
+            "tr { break-inside: avoid; print-color-adjust: exact; -webkit-print-color-adjust: exact; }\n"
+            "table[role] { break-after: avoid; }\n"
+            "@page { margin: %2pt %3pt %4pt %5pt; }\n"
+            "</style>\n</head>\n<body>\n")
+            .arg(OneLine(document.title).toHtmlEscaped(), QString::number(margins.top * PointsPerTwip),
+                 QString::number(margins.right * PointsPerTwip), QString::number(margins.bottom * PointsPerTwip),
+                 QString::number(margins.left * PointsPerTwip));
     for (const Block& block : document.blocks)
         text += std::visit([](const auto& content) { return html(content); }, block);
     return text + QStringLiteral("</body>\n</html>\n");

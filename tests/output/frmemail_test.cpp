@@ -311,6 +311,13 @@ TEST_F(MailForm, WhatIsNoAddressIsShownInItsField) {
         clickSend();
         EXPECT_TRUE(field->hasFocus());
         EXPECT_EQ(field->selectedText(), "nobody");
+        type(field, "anna@example.org, anna");
+        desk.expectBox(
+            QStringLiteral(
+                "This is not an e-mail address: anna\nSeveral addresses are separated by commas or semicolons. A name that holds one of these stands in quotes."),
+            Solvane);
+        clickSend();
+        EXPECT_EQ(field->selectionStart(), 18) << "The first Anna is right.";
         type(field, "anna@example.org");
     }
 }
@@ -389,6 +396,7 @@ TEST_F(MailForm, AFormThatGoesAwayEndsItsSending) {
     clickSend();
     server.awaitPlace();
     form.reset();
+    EXPECT_TRUE(log().contains("The sending was cancelled.")) << log().toStdString();
     EXPECT_EQ(server.messages().size(), 0U);
 }
 

@@ -118,5 +118,11 @@ TEST_F(AddressBookFilling, ARestThatCannotBeReadIsToldOnceAndTheFirstPatientsSta
     EXPECT_GT(boxes[0].size(), 30);
     EXPECT_EQ(book->ctList1->RowCount(), 200);
     EXPECT_EQ(commandsOf(*book), QStringLiteral("print"));
-    EXPECT_EQ(book->pnlcount->text(), QStringLiteral("200"));
+    const QString cut = QStringLiteral("Only the first 200 could be read. Choose the list again.");
+    EXPECT_EQ(book->pnlcount->text(), cut);
+    book->Text1->setText(QStringLiteral("zzz"));
+    EXPECT_EQ(book->pnlcount->text(), cut) << "Nobody knows whether there is no such patient.";
+    book->mnuFPrint->trigger();
+    ASSERT_EQ(boxes.size(), 2);
+    EXPECT_EQ(boxes[1], QStringLiteral("The list could not be read to its end. Choose it again, then print it."));
 }

@@ -41,6 +41,8 @@ TEST(MailTarget, LineEndsNeverReachTheMailProgram) {
 TEST(MailTarget, SeveralAddressesAreSeveralRecipients) {
     EXPECT_EQ(MailTarget(QStringLiteral("a@example.org, b@example.org,, ")),
               QStringLiteral("mailto:a@example.org,b@example.org"));
+    EXPECT_EQ(MailTarget(QStringLiteral("a@example.org; b@example.org")),
+              QStringLiteral("mailto:a@example.org,b@example.org"));
 }
 
 TEST(MailTarget, TheMailProgramSeesNoQueryAndTheWholeText) {

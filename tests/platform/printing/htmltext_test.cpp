@@ -110,7 +110,9 @@ TEST_F(HtmlPage, ARowOfTooFewCellsHasEmptyOnesAndTooManyGoIntoTheLast) {
 TEST_F(HtmlPage, ATextWithPlaceSignsIsNotFilledIn) {
     vp.AddParagraph(QStringLiteral("%1 %2 %3 %4"));
     vp.AddTable({.widths = {1000}, .titles = {QStringLiteral("%2")}, .rows = {{QStringLiteral("%1")}}});
+    vp.SetTitle(QStringLiteral("%1 %2 %5"));
     EXPECT_EQ(shown(), (QStringList{"%1 %2 %3 %4", "%2", "%1"}));
+    EXPECT_TRUE(html().contains(QStringLiteral("<title>%1 %2 %5</title>")));
 }
 
 TEST_F(HtmlPage, SpacesAndPageBreaksHaveTheirPlacesAndPicturesNone) {
