@@ -24,8 +24,10 @@ QString signatureFile() {
 /// is written through a link. Returns what went wrong, or an empty text.
 QString writeFile(const QString& path, const QString& text) {
     QFile::remove(path);
+    if (!files::MakePrivate(path))
+        return QStringLiteral("The file %1 cannot be written.").arg(path);
     QFile file(path);
-    if (!files::MakePrivate(path) || !file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return file.errorString();
     const QByteArray bytes = text.toUtf8();
     return file.write(bytes) == bytes.size() && file.flush() ? QString() : file.errorString();

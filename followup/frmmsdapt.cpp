@@ -219,6 +219,8 @@ void frmmsdApt::showHint() {
     QString hint = VSSpell1->Hint();
     if (unread_)
         hint = tr("The note could not be read. Close this window and open the note again.");
+    else if (readOnly_ && noteId_ == 0)
+        hint = tr("There is no note yet, and you may not write one.");
     else if (readOnly_)
         hint = tr("You may read and print this note, but not change it.");
     lblhint->setText(hint);

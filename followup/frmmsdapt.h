@@ -58,11 +58,14 @@ class frmmsdApt : public EditorDialog {
     bool savenewnote();
     bool savenote();
     /// Shows the signature as it is stored now. A drawn signature that does not fit the note is taken away.
-    void ReloadNote();
+    ///
+    /// `signedHere` tells that the user has just signed it. Where another desk has changed the note meanwhile, that
+    /// signature is taken away, because the user has not seen what it says now. Returns whether the note could be read.
+    bool ReloadNote(bool signedHere = false);
     /// Lets the user read and print the note, but not change it.
     void SetRO();
-    /// Shows the signature dialog for the provider of the note.
-    void SignMissedAppointmentNote(SignatureWay way);
+    /// Shows the signature dialog for the provider of the note. Returns whether the user signed.
+    bool SignMissedAppointmentNote(SignatureWay way);
 
     QLabel* Label1 = nullptr;
     QLabel* lblpatient = nullptr;
@@ -137,7 +140,7 @@ class frmmsdApt : public EditorDialog {
     [[nodiscard]] std::optional<SignatureRequest> signatureRequest(SignatureWay way) const;
     void showSignature(const StoredSignature& signature);
     void showDrawn(const StoredSignature& signature);
-    void showChangedNote(const MissedNoteState& note, const StoredSignature& signature);
+    void showChangedNote(const MissedNoteState& note, const StoredSignature& signature, bool signedHere);
     void clearSignature();
     void voidSignature(const StoredSignature& signature);
     void warnOfSignature(const QString& text);

@@ -72,7 +72,7 @@ bool frmmsdApt::savenewnote() {
     NoteOutcome outcome;
     {
         const BusyPointer busy;
-        outcome = AddMissedNote({request_.ItemKey, appointmentNote_, patientName_, entered()});
+        outcome = AddMissedNote({request_.ItemKey, appointmentNote_, noteId_, patientName_, entered()});
     }
     if (outcome.failure)
         tellUnsaved(*outcome.failure);

@@ -73,16 +73,22 @@ void frmmsdApt::btnsign_Click(SignatureWay way) {
                QStringLiteral("Solvane"));
         return;
     }
-    SignMissedAppointmentNote(way);
-    ReloadNote();
+    // Another desk may have signed it. A drawing that the save has torn goes before the new signature comes.
+    if (!ReloadNote())
+        return;
+    if (signed_) {
+        MsgBox(tr("Another user has signed this note."), ExclamationBox, QStringLiteral("Solvane"));
+        return;
+    }
+    ReloadNote(SignMissedAppointmentNote(way));
 }
 
-void frmmsdApt::SignMissedAppointmentNote(SignatureWay way) {
+bool frmmsdApt::SignMissedAppointmentNote(SignatureWay way) {
     const std::optional<SignatureRequest> request = signatureRequest(way);
     if (!request)
-        return;
+        return false;
     frmesign form(*request, this);
-    ShowModal(form);
+    return ShowModal(form) == QDialog::Accepted;
 }
 
 std::optional<SignatureRequest> frmmsdApt::signatureRequest(SignatureWay way) const {
@@ -111,7 +117,7 @@ std::optional<SignatureRequest> frmmsdApt::signatureRequest(SignatureWay way) co
     return request;
 }
 
-void frmmsdApt::ReloadNote() {
+bool frmmsdApt::ReloadNote(bool signedHere) {
     std::optional<StoredSignature> signature;
     std::optional<MissedNoteState> now;
     const bool read = TryAndTell(tr("The note could not be read. "), [&] {
@@ -122,16 +128,20 @@ void frmmsdApt::ReloadNote() {
         signature = StoredSignatureOf(rows);
     });
     if (now && now != stored_)
-        showChangedNote(*now, *signature);
+        showChangedNote(*now, *signature, signedHere);
     else if (signature)
         showSignature(*signature);
     else if (read)
         MsgBox(QStringLiteral("Another user has deleted this note."), ExclamationBox, QStringLiteral("Solvane"));
+    return signature.has_value();
 }
 
-// Another desk changed the note while it was being signed. Whoever signed it has not seen what it says now.
-void frmmsdApt::showChangedNote(const MissedNoteState& note, const StoredSignature& signature) {
+// Another desk changed the note while it was being signed. Who signed it here has not seen what it says now; a
+// signature of the other desk is none of this desk's business.
+void frmmsdApt::showChangedNote(const MissedNoteState& note, const StoredSignature& signature, bool signedHere) {
     keep(note);
+    if (!signedHere)
+        return showSignature(signature);
     clearSignature();
     if (signature.date.isValid())
         voidSignature(signature);
@@ -189,7 +199,9 @@ void frmmsdApt::showDrawn(const StoredSignature& signature) {
 void frmmsdApt::voidSignature(const StoredSignature& signature) {
     warnOfSignature(QStringLiteral("Signature is invalid! Cause: Note modified."));
     const WriteOutcome outcome = TakeSignatureAway(noteId_, signature);
-    if (outcome.failure && outcome.failure->number != db::RowChanged)
+    if (outcome.failure && outcome.failure->number == db::RowChanged)
+        warnOfSignature(tr("Another user has signed this note. Open it again to see the signature."));
+    else if (outcome.failure)
         TellInBar(tr("The invalid signature could not be taken away. "), *outcome.failure);
     signed_ = !outcome.IsDone();
 }

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "appointments/appointmentrows.h"
-#include "appointments/patientcontacts.h"
 #include "data/codes.h"
+#include "followup/notelookups.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -46,19 +46,15 @@ void setAll(Recordset& row, const db::RowState& values) {
 
 /// Returns the appointment's row, which must be as the form has read it.
 Recordset appointmentOf(const NewMissedNote& note) {
+    HoldAppointment(note.appointmentKey);
     Recordset row(AppointmentStatement(note.appointmentKey), Session().Connection);
     if (row.Eof())
         throw db::DatabaseError(db::RowChanged, QStringLiteral("Another user has deleted this appointment."));
-    if (row["NoteID"].integer() != note.appointmentNote.value_or(0))
+    const qint64 linked = row["NoteID"].integer();
+    if (linked > 0 && linked != note.appointmentNote.value_or(0) && linked != note.replacedNote)
         throw db::DatabaseError(db::RowChanged,
                                 QStringLiteral("Another user has written a note for this appointment."));
     return row;
-}
-
-/// Returns the patient's incident as it is stored, null where there is none.
-db::Value incidentOf(const QString& patientId) {
-    const Recordset patient(FieldStatement(patientId, QStringLiteral("incident_nbr")), Session().Connection);
-    return patient.Eof() ? db::Value() : patient["incident_nbr"].value();
 }
 
 void insertNote(const NewMissedNote& note, NoteOutcome& outcome) {
@@ -67,7 +63,7 @@ void insertNote(const NewMissedNote& note, NoteOutcome& outcome) {
     Recordset session(QStringLiteral("Select * from sessions where 0=1"), connection, Lock::Optimistic);
     Recordset missed(QStringLiteral("Select * from missedappt where 0=1"), connection, Lock::Optimistic);
     session.AddNew();
-    session.Set("incident", incidentOf(appointment["patientid"].text()));
+    session.Set("incident", GetPatientField(appointment["patientid"].text(), QStringLiteral("incident_nbr")));
     session.Set("Patient", note.patientName.isEmpty() ? appointment["cappttext"].text() : note.patientName);
     setAll(session, note.fields.session);
     session.Update();

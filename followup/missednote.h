@@ -62,7 +62,8 @@ struct NewMissedNote {
     int appointmentKey = 0;
     /// `appointments.NoteID` as it was read when the form opened; nothing where it could not be read.
     std::optional<int> appointmentNote;
-    QString patientName;  ///< Empty for the text of the appointment.
+    int replacedNote = 0;  ///< The deleted note that this one is written for; 0 for none.
+    QString patientName;   ///< Empty for the text of the appointment.
     MissedNoteState fields;
 };
 

@@ -1,5 +1,6 @@
 #include "followup/newsession.h"
 
+#include "appointments/patientcontacts.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "followup/missednote.h"
@@ -48,8 +49,8 @@ struct NotedPatient {
 
 NotedPatient readPatient(const QString& id) {
     const db::ReadTogether together(Session().Connection,
-                                    {PatientFieldStatement(id, IncidentField), PatientFieldStatement(id, ServiceField),
-                                     TreatmentProgramStatement(id), PatientFieldStatement(id, NameField)});
+                                    {FieldStatement(id, IncidentField), FieldStatement(id, ServiceField),
+                                     TreatmentProgramStatement(id), FieldStatement(id, NameField)});
     return {id, GetPatientField(id, IncidentField), GetPatientField(id, ServiceField).text(), GetTreatmentProgram(id),
             GetPatientField(id, NameField).text()};
 }
@@ -96,6 +97,7 @@ void link(int key, int id, int stype) {
 /// Makes the rows for the appointment as it is stored at this moment.
 void makeRows(const ShownAppointment& shown, int stype, const NotedPatient& patient, MadeSession& made) {
     const int key = shown.stored.ItemKey.toInt();
+    HoldAppointment(key);
     const Recordset row(NotedAppointmentStatement(key), Session().Connection);
     if (row.Eof()) {
         made.end = WriteOutcome::End::Gone;

@@ -1,5 +1,6 @@
 #include "followup/notelookups.h"
 
+#include "appointments/patientcontacts.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
@@ -43,12 +44,8 @@ std::optional<int> GetSessionType(int noteId) {
     return static_cast<int>(row[0].integer());
 }
 
-QString PatientFieldStatement(const QString& patientId, const QString& field) {
-    return Sql("Select {} from Patient_info Where id = '{}'", db::Raw{field}, patientId);
-}
-
 db::Value GetPatientField(const QString& patientId, const QString& field) {
-    const Recordset row(PatientFieldStatement(patientId, field), Session().Connection);
+    const Recordset row(FieldStatement(patientId, field), Session().Connection);
     if (field == QLatin1String("incident_nbr"))
         return row.Eof() ? db::Value() : row[0].value();
     return row.Eof() ? QString() : row[0].text();
@@ -62,4 +59,8 @@ QString TreatmentProgramStatement(const QString& patientId) {
 QString GetTreatmentProgram(const QString& patientId) {
     const Recordset rows(TreatmentProgramStatement(patientId), Session().Connection);
     return rows.Eof() ? QString() : rows[0].text();
+}
+
+void HoldAppointment(int key) {
+    Session().Connection.Execute(Sql("Update appointments Set NoteID = NoteID Where nKeyid = {}", key));
 }

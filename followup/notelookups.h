@@ -23,10 +23,13 @@
 /// Returns the `stype` of a note, 0 where it is null. Returns nothing when the note is not there.
 [[nodiscard]] std::optional<int> GetSessionType(int noteId);
 
-[[nodiscard]] QString PatientFieldStatement(const QString& patientId, const QString& field);
 /// Returns a column of a patient, or an expression over several. The value of "incident_nbr" comes as it stands; any
 /// other is a text, empty for null. An unknown patient has null and empty texts.
 [[nodiscard]] db::Value GetPatientField(const QString& patientId, const QString& field);
 [[nodiscard]] QString TreatmentProgramStatement(const QString& patientId);
 /// Returns the treatment program of the patient's latest incident; empty where there is none.
 [[nodiscard]] QString GetTreatmentProgram(const QString& patientId);
+
+/// Keeps other desks from linking a note to the appointment until the transaction ends, so that of two desks that begin
+/// one at the same moment the second sees the note of the first.
+void HoldAppointment(int key);

@@ -231,8 +231,9 @@ void SignatureBrowser::ask(const QString& script, const Answer& answer) {
         patience_.start(limits_.patience);
     page_->runJavaScript(script, QWebEngineScript::ApplicationWorld,
                          [self = QPointer(this), load = load_, answer](const QVariant& value) {
+                             // The browser has finished with the answer before anybody acts on it.
                              if (self && load == self->load_)
-                                 self->answered(answer, value);
+                                 self->tell([self, answer, value] { self->answered(answer, value); });
                          });
 }
 

@@ -380,6 +380,20 @@ TEST_F(MissedNoteSave, ADeletedNoteIsToldAndSavedAnewWhereTheUserWants) {
     }
 }
 
+TEST_F(MissedNoteSave, ADeletedNoteThatWasUnlinkedTooCanBeSavedAnew) {
+    addNote();
+    open();
+    type(QStringLiteral("Ill"));
+    run(QStringLiteral("Delete from sessions"));
+    run(QStringLiteral("Update appointments Set NoteID = NULL"));
+    desk.expectBox(Deleted, NoteDeleted);
+    desk.expectBox(AsNewNote, NoteDeleted, Answer::Yes);
+    ok();
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(newest("reason", "MissedAppt"), QStringLiteral("Ill"));
+    EXPECT_EQ(number(QStringLiteral("Select NoteID from appointments")), form->NoteId());
+}
+
 TEST_F(MissedNoteSave, ADeletedNoteThatNobodyChangedClosesWhereItIsNotWanted) {
     addNote();
     open();

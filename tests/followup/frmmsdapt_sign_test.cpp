@@ -465,3 +465,43 @@ TEST_F(MissedNoteSign, AnotherUsersSignatureThatCameMeanwhileIsNotTakenAway) {
     EXPECT_TRUE(TakeSignatureAway(note, judged).IsDone());
     EXPECT_EQ(rowCount("SessionSignatures"), 0);
 }
+
+TEST_F(MissedNoteSign, AnotherUsersSignatureStaysWhereThisUserDoesNotSign) {
+    const int note = addNote();
+    open();
+    expectSigning([this, note](frmesign& dialog) {
+        run(QStringLiteral("Update MissedAppt Set reason = 'On holiday'"));
+        run(QStringLiteral("Update sessions Set ModifiedDate = '2026/03/11 16:00'"));
+        stamp(note);
+        dialog.reject();
+    });
+    click(SignatureWay::Password);
+    EXPECT_EQ(form->txtreason->toPlainText(), QStringLiteral("On holiday"));
+    EXPECT_FALSE(maySign());
+    EXPECT_NE(text(QStringLiteral("Select SignatureName from sessions")), QString());
+}
+
+TEST_F(MissedNoteSign, ANoteThatAnotherUserHasSignedIsNotSignedOver) {
+    const int note = addNote();
+    open();
+    stamp(note);
+    const QString theirs = text(QStringLiteral("Select SignatureName from sessions"));
+    desk.expectBox(QStringLiteral("Another user has signed this note."), QStringLiteral("Solvane"));
+    click(SignatureWay::Password);
+    EXPECT_EQ(text(QStringLiteral("Select SignatureName from sessions")), theirs);
+    EXPECT_FALSE(maySign());
+}
+
+TEST_F(MissedNoteSign, ADrawingThatTheSaveTearsIsGoneBeforeTheNewSignatureComes) {
+    const int note = addNote();
+    open();
+    signOnPad(note);
+    type(QStringLiteral("Ill"));
+    expectSigning([this](frmesign& dialog) {
+        EXPECT_EQ(rowCount("SessionSignatures"), 0);
+        typePassword(dialog);
+    });
+    click(SignatureWay::Password);
+    EXPECT_NE(text(QStringLiteral("Select SignatureName from sessions")), QString());
+    EXPECT_FALSE(maySign());
+}

@@ -152,7 +152,7 @@ TEST_F(Trips, ANewNoteIsElevenAndOneThatExistsTwo) {
         form.List1->SelectRow(0);
         form.cmdOk->click();
     });
-    EXPECT_TRUE(TakesAtMost(11, [&] { trigger("mnuANote"); }))
+    EXPECT_TRUE(TakesAtMost(12, [&] { trigger("mnuANote"); }))
         << "the appointment, the types, the patient, and the transaction";
     EXPECT_TRUE(TakesAtMost(2, [&] { trigger("mnuANote"); }));
     EXPECT_EQ(desk.started.size(), 2);
