@@ -50,9 +50,11 @@ frmmsdApt::frmmsdApt(const MissedNoteRequest& request, QWidget* parent)
     FitToScreen(*this);
 }
 
-// The focus leaves its field when the form goes, which must still find the whole form.
+// When the form goes, the focus leaves its field, and the spelling takes its underlines out of the text, of which the
+// text tells. Both must still find the whole form.
 frmmsdApt::~frmmsdApt() {
     hide();
+    delete VSSpell1;
 }
 
 QString frmmsdApt::Subject() const {

@@ -35,6 +35,13 @@ SpellUnderlines::SpellUnderlines(QPlainTextEdit& field, WordTest isMisspelt, QOb
     setDocument(field.document());
 }
 
+// The underlines are taken out of the text while this is still whole: the text tells of that as of a change.
+SpellUnderlines::~SpellUnderlines() {
+    if (document() != nullptr)
+        document()->disconnect(this);
+    setDocument(nullptr);
+}
+
 void SpellUnderlines::CheckAgain() {
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
         block.setUserState(Unchecked);

@@ -16,6 +16,7 @@ class SpellUnderlines : public QSyntaxHighlighter {
 
   public:
     SpellUnderlines(QPlainTextEdit& field, WordTest isMisspelt, QObject* parent);
+    ~SpellUnderlines() override;
 
     /// Checks the whole text, because other words are known than before.
     void CheckAgain();
