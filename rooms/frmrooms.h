@@ -95,6 +95,12 @@ class frmrooms : public MenuView {
     void popup(int item, const QPoint& place);
     [[nodiscard]] QString goTo(const FoundBooking& booking);
 
+    // frmrooms_slip.cpp
+    void suitSlip();
+    /// Shows the slip of the selected meeting, or of the appointment that the selected slot belongs to.
+    void printSlip();
+    void printMeetingSlip(const RoomMeeting& shown);
+
     QComboBox* cborooms = nullptr;
     ctDEdit* txtdate = nullptr;
     QLabel* lblhint_ = nullptr;

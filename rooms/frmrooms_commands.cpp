@@ -85,6 +85,7 @@ void frmrooms::bindRoomCommands() {
     menus().Bind(menu::mnuDelete, [this] { deleteappt(); });
     menus().Bind(menu::mnuFind, [this] { FindAppointment(); });
     menus().Bind(menu::mnuPrint, [this] { printS(); });
+    menus().Bind(menu::mnuFPrintA, [this] { printSlip(); });
 }
 
 void frmrooms::bindGrid() {
@@ -142,6 +143,7 @@ void frmrooms::followSelection() {
     menus().Suit(menu::mnuEdit, selected == nullptr || !selected->bound,
                  tr("This slot belongs to an appointment or activity. Change it there."));
     menus().Suit(menu::mnuDelete, selected != nullptr, tr("Select a meeting first."));
+    suitSlip();
     if (!isRead)
         lblhint_->setText(unreadHint());
     else if (!hasRoom)
@@ -286,7 +288,7 @@ void frmrooms::popup(int item, const QPoint& place) {
     if (!MayWrite())
         return;
     popup_->clear();
-    for (const MenuName name : {menu::mnuEdit, menu::mnuDelete, menu::mnuNew})
+    for (const MenuName name : {menu::mnuEdit, menu::mnuDelete, menu::mnuFPrintA, menu::mnuNew})
         if ((item > 0) != (name == menu::mnuNew))
             popup_->addAction(&menus().Command(name));
     popup_->popup(place);

@@ -240,7 +240,7 @@ std::span<const MenuEntry> WeekMenus() {
 
 std::span<const MenuEntry> AllProvidersMenus() {
     static const Table menus =
-        joined({fileMenu(),
+        joined({renamed(fileMenu(), {{menu::mnuFPrintA, "mnuAptSlip"}}),
                 allAppointmentsMenu(),
                 viewMenu(),
                 {{Kind::Command, menu::mnuVDisplay, "Display Pro&viders", "user", "Ctrl+Shift+D"}},

@@ -36,6 +36,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindSearches();
     bindSeries();
     bindNotes();
+    bindSlip();
     makeItemPopup();
     board_->SetScale(Session().TimeUnit);
 }

@@ -105,6 +105,9 @@ class CalendarView : public MenuView {
     /// Adds a banner to these columns when the day is a holiday, and returns whether it is one. The column -1 stands
     /// for the column of the day. Throws DatabaseError.
     bool addHoliday(QDate date, const std::vector<int>& columns = {-1});
+    /// Whether this view prints slips of appointments with this `ncolor` and `appttype`. Only the view of all providers
+    /// prints those of Tentative ones.
+    [[nodiscard]] virtual bool givesSlip(int code, int apptType) const;
     /// Whether a courtesy call is shown only on appointments that are still awaited. The day view shows it on every
     /// row.
     [[nodiscard]] virtual bool showsCallsOfAwaitedOnly() const { return false; }
@@ -192,6 +195,13 @@ class CalendarView : public MenuView {
     void openNote();
     /// Shows that the appointment has a note now.
     void showNote(const QString& key, int icon);
+
+    // calendarview_slip.cpp
+    void bindSlip();
+    void suitSlip(int index);
+    [[nodiscard]] bool hasSlip(int index) const;
+    [[nodiscard]] QString whyNoSlip() const;
+    void printSlip();
 
     // calendarview_popup.cpp
     void makeItemPopup();

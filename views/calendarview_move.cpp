@@ -157,6 +157,7 @@ void CalendarView::showRow(ShownAppointment row) {
     if (item.ItemStatusIcon != before.stored.ItemStatusIcon)
         shown.ItemStatusIcon = item.ItemStatusIcon;
     board_->Show(index, shown);
+    suitSlip(ctMDay1->SelectedItem());
 }
 
 void CalendarView::putBack(const QString& key) {

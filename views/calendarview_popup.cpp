@@ -13,24 +13,24 @@ namespace {
 /// What the popup offers for a kind of row besides what it always holds.
 struct PopupOffer {
     int code;
-    bool repeat, edit, slip, note;
+    bool repeat, edit, note;
     MenuName tick;
 };
 
-// A Tentative row offers no repeating, while a Pending one does; only Pending and blank rows have a slip to print.
+// A Tentative row offers no repeating, while a Pending one does.
 constexpr PopupOffer offers[] = {
-    {ncolor::Missed, true, true, false, true, menu::mnuAMissed},
-    {ncolor::PatientCancelled, true, true, false, true, menu::mnuAPCancel},
-    {ncolor::TherapistCancelled, true, true, false, true, menu::mnuATCancel},
-    {ncolor::Kept, true, true, false, true, menu::mnuAKept},
-    {ncolor::Holiday, false, false, false, false, {}},
-    {ncolor::Blank, true, true, true, false, {}},
-    {ncolor::Pending, true, true, true, false, {}},
-    {ncolor::Group, false, true, false, false, {}},
-    {ncolor::CheckedIn, true, true, false, false, menu::mnuCheckediN},
-    {ncolor::Tentative, false, true, false, false, {}},
+    {ncolor::Missed, true, true, true, menu::mnuAMissed},
+    {ncolor::PatientCancelled, true, true, true, menu::mnuAPCancel},
+    {ncolor::TherapistCancelled, true, true, true, menu::mnuATCancel},
+    {ncolor::Kept, true, true, true, menu::mnuAKept},
+    {ncolor::Holiday, false, false, false, {}},
+    {ncolor::Blank, true, true, false, {}},
+    {ncolor::Pending, true, true, false, {}},
+    {ncolor::Group, false, true, false, {}},
+    {ncolor::CheckedIn, true, true, false, menu::mnuCheckediN},
+    {ncolor::Tentative, false, true, false, {}},
 };
-constexpr PopupOffer typeSlotOrOther{0, true, true, false, false, {}};
+constexpr PopupOffer typeSlotOrOther{0, true, true, false, {}};
 
 const PopupOffer& offerFor(int code, int apptType) {
     const auto* found = std::find_if(std::begin(offers), std::end(offers),
@@ -54,7 +54,7 @@ void CalendarView::popupOnItem(int index, const QPoint& place) {
         menus_.Suit(name, false);
     menus_.Show(menu::mnuARepeat, offer.repeat);
     menus_.Show(menu::mnuAEdit, offer.edit);
-    menus_.Show(menu::mnuFPrintA, offer.slip);
+    menus_.Show(menu::mnuFPrintA, hasSlip(index));
     menus_.Show(menu::mnuANote, offer.note);
     menus_.Show(menu::mnuADelete, item.ItemKey.toInt() > 0);
     tickStatus(offer.tick);

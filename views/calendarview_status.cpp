@@ -142,5 +142,6 @@ void CalendarView::showStatus(int index, int code) {
     MarkStatus(item, code, 0);
     item.ItemStatusIcon = code == ncolor::CheckedIn ? 3 : 0;
     board_->Lock(index);
+    suitSlip(ctMDay1->SelectedItem());
     displayapptinfo(index);
 }

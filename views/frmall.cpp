@@ -13,6 +13,7 @@
 #include "data/holidays.h"
 #include "data/pipefields.h"
 #include "data/recurrence.h"
+#include "output/appointmentslip.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -293,6 +294,10 @@ void frmall::askBeforeDrop(int index, const ItemPlace& place, bool* cancel) {
     const bool asked = !patient.isEmpty() && there.compare(own, Qt::CaseInsensitive) == 0;
     if (!*cancel && !asked && !there.isEmpty())
         *cancel = conflicts({}, there);
+}
+
+bool frmall::givesSlip(int code, int apptType) const {
+    return HasSlip(code, apptType);
 }
 
 ScheduleSheet frmall::sheet() const {

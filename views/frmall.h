@@ -49,6 +49,7 @@ class frmall : public CalendarView {
     [[nodiscard]] std::optional<BookedProvider> providerOfColumn(int column) const override;
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
+    [[nodiscard]] bool givesSlip(int code, int apptType) const override;
     /// Puts as many columns on a page as the print options say, from 1 to 9, and five when they say nothing valid.
     [[nodiscard]] ScheduleSheet sheet() const override;
     void followProvider() override;

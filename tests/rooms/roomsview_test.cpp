@@ -277,7 +277,7 @@ TEST_F(RoomScheduler, ThePopupOffersWhatIsUnderThePointer) {
         return names;
     };
     rightClick(rectOf("Meeting").center());
-    EXPECT_EQ(offered(), (QStringList{"mnuEdit", "mnuDelete"}));
+    EXPECT_EQ(offered(), (QStringList{"mnuEdit", "mnuDelete", "mnuFPrintA"}));
     rightClick(calendar().CellRect(1, 700).center());
     EXPECT_EQ(offered(), QStringList{"mnuNew"});
 }

@@ -133,13 +133,6 @@ TEST_F(DayRights, TheCompanionsScheduleIsOnlyForThoseWithALink) {
     EXPECT_FALSE(forbidden("mnuVFH"));
 }
 
-TEST_F(DayRights, ACommandThatIsNotThereYetSaysSoAndDoesNothing) {
-    open();
-
-    EXPECT_FALSE(enabled("mnuFPrintA"));
-    EXPECT_EQ(command("mnuFPrintA").toolTip(), "Not available in this version.");
-}
-
 TEST_F(DayRights, TheWordForAPatientStandsInTheCommand) {
     Session().WordUsage = "Client";
 
