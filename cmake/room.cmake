@@ -41,14 +41,18 @@ function(svs_room name)
   endif()
 endfunction()
 
-# svs_test(NAME LIBRARIES ...): every source of the folder as one test program, each test a test of ctest.
+# svs_test(NAME LIBRARIES ...): every source of the folder as one test program, each test a test of ctest. The headers that
+# most tests include are read once for all; OWN_HEADERS leaves out a program that they do not suit, for instance because
+# it defines more of Qt.
 function(svs_test name)
-  cmake_parse_arguments(TEST "" "" "LIBRARIES" ${ARGN})
+  cmake_parse_arguments(TEST "OWN_HEADERS" "" "LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE svs_test_support ${TEST_LIBRARIES})
   svs_moc_changed_sources(${name} ${sources})
-  target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <QtWidgets/QWidget> <QtCore/QString> <vector>)
+  if(NOT TEST_OWN_HEADERS)
+    target_precompile_headers(${name} REUSE_FROM svs_test_support)
+  endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_ACCESSIBILITY=1")
 endfunction()
