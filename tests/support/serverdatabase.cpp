@@ -17,6 +17,8 @@
 namespace {
 
 constexpr int MostDatabases = 200;
+/// Names the server whose sessions `.ci/warm` keeps warm, where the tests run under it.
+constexpr char WarmServer[] = "SVSCHEDULER_TEST_WARM";
 
 /// Of everybody on this machine, since the databases of one server are.
 QString lockFolder() {
@@ -69,7 +71,7 @@ QStringList usedTables(db::Connection& connection, SchemaScript script) {
 // them all.
 void emptyTables(db::Connection& connection, SchemaScript script) {
     QStringList tables;
-    const bool isWarm = qEnvironmentVariableIsSet("SVSCHEDULER_TEST_WARM");
+    const bool isWarm = qEnvironmentVariableIsSet(WarmServer);
     if (!isWarm || !db::Ignoring([&] { tables = usedTables(connection, script); }))
         tables = SchemaTables(script);
     db::InTransaction(connection, [&] {
@@ -112,9 +114,11 @@ ServerDatabase::ServerDatabase(const QString& serverText, SchemaScript script, d
     : schema_(fingerprint(SchemaStatements(script).join(QLatin1Char('\n')))) {
     const db::ConnectionFields fields = db::ParseConnectionText(serverText);
     const QString server = fields.value(QStringLiteral("data source"));
+    const QString realServer = qEnvironmentVariable(WarmServer, server);
     const QString base = fields.value(QStringLiteral("initial catalog"));
     int number = 1;
-    while (!hold(QString::fromLatin1(fingerprint(server).first(12)) + QStringLiteral("-%1_%2").arg(base).arg(number)))
+    while (
+        !hold(QString::fromLatin1(fingerprint(realServer).first(12)) + QStringLiteral("-%1_%2").arg(base).arg(number)))
         if (++number > MostDatabases)
             throw std::runtime_error("All databases for tests are taken.");
     const QString name = QStringLiteral("%1_%2").arg(base).arg(number);

@@ -50,6 +50,15 @@ TEST(TestDatabase, EveryTestBeginsWithEmptyTables) {
     }
 }
 
+TEST(TestDatabase, AKeyThatWasGivenAndIsGoneIsGivenAgainInTheNextTest) {
+    for (int round = 0; round < 2; ++round) {
+        TestDatabase database;
+        database.connection().Execute("Insert Into rooms (Room) Values ('East')");
+        EXPECT_EQ(database.number("Select RoomID from rooms"), 1);
+        database.connection().Execute("Delete from rooms");
+    }
+}
+
 TEST(TestDatabase, TwoAtOnceAreApart) {
     TestDatabase one;
     TestDatabase other;
