@@ -44,12 +44,9 @@ CalendarItem AppointmentItem(const db::Recordset& row, bool hasSessionColumn) {
         SetNoteIcon(item);
     if (row["recurTranID"].integer() > 0)
         item.ItemSeriesIcon = CompanionSeriesIcon;
-    if (row["CtrnStatus"].text() == QLatin1String(CtrnScheduled)) {
-        item.ItemColor = companioncolor::Scheduled;
-    } else {
-        item.ItemColor = companioncolor::Charged;
-        item.ItemStatusIcon = ChargedPicture;
-    }
+    const bool scheduled = row["CtrnStatus"].text() == QLatin1String(CtrnScheduled);
+    item.ItemColor = scheduled ? companioncolor::Scheduled : companioncolor::Charged;
+    MarkCompanionKind(item);
     return item;
 }
 
@@ -59,11 +56,20 @@ CalendarItem EventItem(const db::Recordset& row) {
     item.ItemText = OneLine(row["CEveName"].text());
     setTimes(item, row["CEveTime"], row["CEveDuration"]);
     item.ItemColor = companioncolor::Event;
-    item.ItemStatusMark = StatusMark::Activity;
-    item.ItemStatusText = QStringLiteral("Event");
+    MarkCompanionKind(item);
     if (intOf(row, "RecrId") > 0)
         item.ItemSeriesIcon = CompanionSeriesIcon;
     return item;
+}
+
+void MarkCompanionKind(CalendarItem& item) {
+    if (item.ItemColor == companioncolor::Charged) {
+        item.ItemStatusIcon = ChargedPicture;
+        item.ItemStatusText = QStringLiteral("Charged");
+    } else if (item.ItemColor == companioncolor::Event) {
+        item.ItemStatusMark = StatusMark::Activity;
+        item.ItemStatusText = QStringLiteral("Event");
+    }
 }
 
 void LockCompanionItem(CalendarItem& item) {

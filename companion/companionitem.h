@@ -37,6 +37,9 @@ void SetNoteIcon(CalendarItem& item);
 /// times yet.
 [[nodiscard]] CalendarItem EventItem(const db::Recordset& row);
 
+/// Sets what tells the kind of an item without its colour: the picture of a charged row, and the mark of an event.
+void MarkCompanionKind(CalendarItem& item);
+
 /// Sets the two locks by the kind of item and by the user's rights. Texts are never edited in place. Only an
 /// appointment that is not charged and belongs to no series can be moved.
 void LockCompanionItem(CalendarItem& item);

@@ -7,15 +7,16 @@
 
 #include "companion/sessioncolumn.h"
 #include "platform/calendar/ctmday.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
-#include "platform/desktop/localefacts.h"
-#include "session/errorbox.h"
+#include "platform/printing/vsprinter.h"
+#include "platform/text/plaintext.h"
 #include "session/rights.h"
 #include "session/session.h"
-#include "shell/detailspane.h"
 #include "shell/menutables.h"
+#include "shell/schedulesheet.h"
 
 using db::Recordset;
 using db::Sql;
@@ -52,7 +53,6 @@ frmFHAppts::~frmFHAppts() {
 void frmFHAppts::open() {
     Session().FHLedgerHidden = GetUserFHLedger(Session().UID);
     setGrids();
-    db::Connection companion;
     LoadProviders();
     if (providersRead_ && columns_.empty())
         MsgBox(QStringLiteral("No matching or paired provider in Fernhall for current user. Unable to load schedule."),
@@ -82,33 +82,42 @@ QString frmFHAppts::GetTherapistList() {
 }
 
 void frmFHAppts::SaveTherapistList() {
-    // A list that could not be read holds no choice.
-    if (providersRead_)
+    // An empty list could not be read, so it holds no choice.
+    if (!panel_->Providers().empty())
         db::Ignoring([this] { WriteChoice(ChoiceCategory, ChoiceDetail, panel_->Choice()); });
 }
 
 void frmFHAppts::LoadProviders() {
-    const QString choice = GetTherapistList();
-    panel_->Clear();
+    // The day is loaded over the same connection.
+    std::shared_ptr<db::Connection> companion;
     providersRead_ = readInto(
         *boards_, QStringLiteral("Error loading Fernhall providers. "),
         [&] {
-            db::Connection companion;
-            companion.Open(Session().FHConnectionString);
-            HasSVSessionCol_ = IsSVSessionIDColThere(companion);
-            readProviders(companion, choice);
+            companion = Companion();
+            readProviders(*companion);
         },
-        [this] { reloadWhole(); });
+        [this] { LoadProviders(); });
+    if (!providersRead_)
+        return;
     resetcols();
     Reload();
 }
 
-void frmFHAppts::readProviders(db::Connection& companion, const QString& choice) {
-    for (Recordset rows(providersStatement(), companion); !rows.Eof(); rows.MoveNext())
+// A choice that the user made since the view was opened is not stored yet.
+void frmFHAppts::readProviders(db::Connection& companion) {
+    const QString choice = panel_->Providers().empty() ? GetTherapistList() : panel_->Choice();
+    const db::ReadTogether together(companion, {providersStatement(), SessionColumnStatement()});
+    Recordset rows(providersStatement(), companion);
+    HasSVSessionCol_ = IsSVSessionIDColThere(companion);
+    panel_->Clear();
+    for (; !rows.Eof(); rows.MoveNext())
         panel_->Add({rows["ProvId"].text(),
-                     rows["ProvLastName"].text() + QStringLiteral(", ") + rows["ProvFirstName"].text(),
+                     OneLine(rows["ProvLastName"].text() + QStringLiteral(", ") + rows["ProvFirstName"].text()),
                      {}});
     panel_->Choose(choice);
+    // A choice whose providers are all gone shows everybody, because the list can never be without a check.
+    if (panel_->Choice().isEmpty())
+        panel_->CheckAll();
 }
 
 void frmFHAppts::resetcols() {
@@ -128,18 +137,25 @@ void frmFHAppts::showChosen() {
     Reload();
 }
 
-void frmFHAppts::Reload() {
-    showTitles();
+void frmFHAppts::checkAll() {
+    panel_->CheckAll();
+    showChosen();
 }
 
 void frmFHAppts::reloadWhole() {
     LoadProviders();
 }
 
-void frmFHAppts::showTitles() {
-    const QString caption = LongDateText(main().Date());
+void frmFHAppts::showTitles(const QString& caption) {
     main().ShowDateText(caption);
     main().ShowTitle(caption);
+}
+
+// A click on the heading selects the first row in sight.
+void frmFHAppts::chooseColumn(int column) {
+    ctMDay& grid = Grid();
+    grid.selectRange(column, grid.TopTime(), grid.TopTime() + grid.TimeInterval());
+    grid.ScrollToColumn(column);
 }
 
 void frmFHAppts::ShowMode(Mode mode) {
@@ -156,15 +172,22 @@ void frmFHAppts::ShowMode(Mode mode) {
         pnlView->setText(QStringLiteral(" Week Schedule for: ") + weekProvider_.name);
     }
     mode_ = mode;
-    const bool week = mode == Mode::Week;
-    boards_->setCurrentIndex(week ? 1 : 0);
+    boards_->setCurrentIndex(mode == Mode::Week ? 1 : 0);
+    setFocusProxy(&Grid());
+    showModeCommands();
+    Reload();
+    Grid().setFocus();
+}
+
+void frmFHAppts::showModeCommands() {
+    const bool week = mode_ == Mode::Week;
     menus()
         .Command(menu::mnuAShow)
         .setText(week ? QStringLiteral("&Show Day View") : QStringLiteral("&Show Week View"));
     menus().Command(menu::mnuWeek).setChecked(week);
-    setFocusProxy(&Grid());
-    Reload();
-    Grid().setFocus();
+    for (const MenuName name : {menu::mnuVDisplay, menu::mnuProvSelectAll})
+        menus().Suit(name, !week, tr("The week shows one provider."));
+    panel_->setVisible(!week && menus().Command(menu::mnuVDisplay).isChecked());
 }
 
 std::optional<SelectedSlot> frmFHAppts::SelectedTime() const {
@@ -214,6 +237,27 @@ void frmFHAppts::AddAppointment() {
 
 bool frmFHAppts::CanAdd() const {
     return menus_.Command(menu::mnuAddAppt).isEnabled();
+}
+
+ScheduleSheet frmFHAppts::sheet() const {
+    ScheduleSheet sheet;
+    sheet.content = Grid().Content();
+    sheet.title = SheetDate(Grid().Date());
+    sheet.subtitle = QStringLiteral("Schedule - Fernhall");
+    sheet.columnsPerPage = AllViewColumns();
+    if (mode_ == Mode::Week) {
+        sheet.content.headingFormat = QStringLiteral("ddd MMM d");
+        sheet.footer = weekProvider_.name;
+        sheet.columnsPerPage = static_cast<int>(sheet.content.columns.size());
+    }
+    return sheet;
+}
+
+void frmFHAppts::printS() {
+    if (mode_ == Mode::Week)
+        MsgBox(QStringLiteral("To print in Landscape mode, select Printer Properties from Print dialog window."),
+               InformationBox, QStringLiteral("Solvane"));
+    PrintedSheet(sheet()).Preview(window());
 }
 
 void frmFHAppts::closeEvent(QCloseEvent* event) {

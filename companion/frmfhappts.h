@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <QHash>
+#include <QSet>
 #include <vector>
 
 #include "session/slot.h"
@@ -11,9 +13,12 @@
 
 class DetailsPane;
 class QLabel;
-class QMenu;
 class QSplitter;
 class QStackedWidget;
+class SeriesDays;
+struct CompanionRows;
+struct CompanionSpan;
+struct ScheduleSheet;
 
 /// A provider of the companion.
 struct CompanionProvider {
@@ -66,47 +71,95 @@ class frmFHAppts : public MenuView {
     void LoadProviders();
     /// Makes the columns of the checked providers.
     void resetcols();
+    /// Shows the day of all checked providers, or the week of the provider in whose column the user has selected
+    /// something. When nothing is selected, the user is asked to do so and the day stays.
     void ShowMode(Mode mode);
+    /// Reads the seven days from the main window's date for one provider.
+    void LoadWeekView(int ProvId);
+    /// Shows the day or the week on paper in the preview.
+    void printS();
 
-    /// Reads the day or the week that is shown. A reload of the same day keeps the place and the selected item. A
-    /// failure is told once, and the grid says that it could not be read.
+    /// Reads the day or the week that is shown. A reload of the same day keeps the place and the selected item. When
+    /// the companion cannot be read, the user is told once, and the grid says so.
     void Reload() override;
     void ApplyPreferences() override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override { return from.addDays(direction); }
     /// Opens the dialog for a new appointment, as mnuAddAppt does.
     void AddAppointment() override;
     [[nodiscard]] bool CanAdd() const override;
+    void PrintSchedule() override { printS(); }
+    [[nodiscard]] bool CanPrint() const override { return true; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void reloadWhole() override;
+    void showLegend() override;
 
   private:
     // frmfhappts_layout.cpp
     void layOut();
     void makeBoards();
+    QWidget* makeWeekPage();
+    void shareWidth();
     void bindView();
+    void bindGrid(ctMDay& grid);
+    void bindPanel();
 
+    // frmfhappts.cpp
     void open();
+    void setGrids();
     [[nodiscard]] QString GetTherapistList();
     void SaveTherapistList();
-    void readProviders(db::Connection& companion, const QString& choice);
+    void readProviders(db::Connection& companion);
     void showChosen();
-    void setGrids();
-    void showTitles();
+    void checkAll();
+    void chooseColumn(int column);
+    void showModeCommands();
+    void showTitles(const QString& caption);
+    [[nodiscard]] ScheduleSheet sheet() const;
+
+    // frmfhappts_load.cpp
+    void loadDay();
+    void load(QDate date, const QString& of, const std::vector<CompanionSpan>& spans);
+    void loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans);
+    /// Adds the items of one provider. Returns false and sets `fault` when a series is left out because its interval is
+    /// 0. Throws db::DatabaseError.
+    bool LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault);
+    void addAppointment(const db::Recordset& row, const CompanionSpan& span);
+    [[nodiscard]] int callIcon(const QString& code);
+    void addEvent(const db::Recordset& row, const CompanionSpan& span, SeriesDays& series);
+    void addOccurrence(const db::Recordset& row, const CompanionSpan& span, QDate day, bool widens);
+    /// Returns the connection of the routine that runs, or opens one. It is closed when the outermost of the routines
+    /// that ask for it has returned. Throws db::DatabaseError.
+    [[nodiscard]] std::shared_ptr<db::Connection> Companion();
+
+    // frmfhappts_details.cpp
+    [[nodiscard]] static QStringList detailStatements(const CalendarItem& item);
+    void showDetails(int index);
+    void setclientdetails(int CtrnId);
+    void addContacts(const db::Recordset& client);
+    void addInsurances(db::Connection& companion, int ClntId);
+    void LoadCoPayDetails(db::Connection& companion, int ClntId, double fee, double adjustment);
+    void SetEventDetails(int CEveId, const QString& text);
 
     Mode mode_ = Mode::Day;
     bool HasSVSessionCol_ = false;
     bool providersRead_ = false;
+    bool sized_ = false;                      ///< Whether the view has had its first size.
     CompanionProvider weekProvider_;          ///< Whose week is shown.
     std::vector<CompanionProvider> columns_;  ///< The provider of each column of the day.
+    std::weak_ptr<db::Connection> companion_;
+    QHash<QString, QString> services_;  ///< The TranName of each appointment that is shown, by CtrnId.
+    QSet<QString> allDayEvents_;        ///< The CEveIds of the events that last all day.
+    QHash<QString, int> callIcons_;     ///< The pictures by courtesy-call code, since the load began.
 
     DayBoard* day_ = nullptr;
     DayBoard* week_ = nullptr;
     QStackedWidget* boards_ = nullptr;
     ProviderPanel* panel_ = nullptr;
     DetailsPane* details_ = nullptr;
-    QSplitter* SSSplitter1 = nullptr;
+    QSplitter* sides_ = nullptr;
     QLabel* pnlView = nullptr;
     QLabel* lblCPT = nullptr;  ///< Hidden: the code of the selected appointment's service, which a session note takes.
 };

@@ -2,7 +2,10 @@
 
 #include "platform/database/recordset.h"
 
+QString SessionColumnStatement() {
+    return QStringLiteral("SELECT SVSessionID from clientTransactions Where ctrnID = 0");
+}
+
 bool IsSVSessionIDColThere(db::Connection& companion) {
-    return db::Ignoring(
-        [&] { const db::Recordset asked("SELECT SVSessionID from clientTransactions Where ctrnID = 0", companion); });
+    return db::Ignoring([&] { const db::Recordset asked(SessionColumnStatement(), companion); });
 }
