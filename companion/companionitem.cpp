@@ -1,0 +1,61 @@
+#include "companion/companionitem.h"
+
+#include "companion/companiontime.h"
+#include "data/companioncodes.h"
+#include "platform/text/plaintext.h"
+#include "session/rights.h"
+
+namespace {
+
+constexpr int ChargedPicture = 2;
+
+int intOf(const db::Recordset& row, const char* column) {
+    return static_cast<int>(row[column].integer());
+}
+
+void setTimes(CalendarItem& item, const db::Field& time, const db::Field& duration) {
+    item.ItemStart = CompanionMinutes(time).value_or(NoCompanionTime);
+    item.ItemEnd = item.ItemStart + static_cast<int>(duration.integer());
+}
+
+}  // namespace
+
+bool IsCompanionAppointment(const CalendarItem& item) {
+    return item.ItemColor == companioncolor::Scheduled || item.ItemColor == companioncolor::Charged;
+}
+
+CalendarItem AppointmentItem(const db::Recordset& row, bool hasSessionColumn) {
+    CalendarItem item;
+    item.ItemKey = row["CtrnId"].text();
+    item.ItemText = OneLine(row["ClntLastName"].text() + QStringLiteral(", ") + row["ClntFirstName"].text());
+    setTimes(item, row["CtrnTime"], row["CtrnDuration"]);
+    item.ItemTip = row["ctrnNotes"].text();
+    item.ItemNoteIcon = hasSessionColumn ? row["SVSessionId"].integer() > 0 : !item.ItemTip.isEmpty();
+    if (row["recurTranID"].integer() > 0)
+        item.ItemSeriesIcon = CompanionSeriesIcon;
+    if (row["CtrnStatus"].text() == QLatin1String(CtrnScheduled)) {
+        item.ItemColor = companioncolor::Scheduled;
+    } else {
+        item.ItemColor = companioncolor::Charged;
+        item.ItemStatusIcon = ChargedPicture;
+    }
+    return item;
+}
+
+CalendarItem EventItem(const db::Recordset& row) {
+    CalendarItem item;
+    item.ItemKey = row["CEveId"].text();
+    item.ItemText = OneLine(row["CEveName"].text());
+    setTimes(item, row["CEveTime"], row["CEveDuration"]);
+    item.ItemColor = companioncolor::Event;
+    item.ItemStatusMark = StatusMark::Activity;
+    item.ItemStatusText = QStringLiteral("Event");
+    if (intOf(row, "RecrId") > 0)
+        item.ItemSeriesIcon = CompanionSeriesIcon;
+    return item;
+}
+
+void LockCompanionItem(CalendarItem& item) {
+    item.ItemTextLocked = true;
+    item.ItemMoveLocked = !MayWrite() || item.ItemColor != companioncolor::Scheduled || item.ItemSeriesIcon > 0;
+}

@@ -1,0 +1,222 @@
+#include "companion/frmfhappts.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QStackedWidget>
+
+#include "companion/sessioncolumn.h"
+#include "platform/calendar/ctmday.h"
+#include "platform/database/recordset.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
+#include "session/errorbox.h"
+#include "session/rights.h"
+#include "session/session.h"
+#include "shell/detailspane.h"
+#include "shell/menutables.h"
+
+using db::Recordset;
+using db::Sql;
+
+namespace {
+
+const QString ChoiceCategory = QStringLiteral("Interfaces");
+const QString ChoiceDetail = QStringLiteral("SVSchedulerFHTherapistList");
+
+QString providersStatement() {
+    if (!Session().AllProviders)
+        return Sql("Select * from providers Where provid = {}", Session().FHProviderId);
+    return QStringLiteral("Select * from providers Order by ProvLastName, ProvFirstName");
+}
+
+CompanionProvider asCompanion(const ListedProvider& listed) {
+    return {listed.id.toInt(), listed.name};
+}
+
+}  // namespace
+
+frmFHAppts::frmFHAppts(MainWindow& main, QWidget* parent) : MenuView(main, CompanionMenus(), parent) {
+    setObjectName(QStringLiteral("frmFHAppts"));
+    layOut();
+    bindView();
+    open();
+}
+
+// A field with the focus is left while the view is destroyed, so the view is hidden while it is still whole.
+frmFHAppts::~frmFHAppts() {
+    hide();
+}
+
+void frmFHAppts::open() {
+    Session().FHLedgerHidden = GetUserFHLedger(Session().UID);
+    setGrids();
+    db::Connection companion;
+    LoadProviders();
+    if (providersRead_ && columns_.empty())
+        MsgBox(QStringLiteral("No matching or paired provider in Fernhall for current user. Unable to load schedule."),
+               ExclamationBox, QStringLiteral("Solvane"));
+}
+
+void frmFHAppts::setGrids() {
+    for (DayBoard* board : {day_, week_}) {
+        board->SetScale(Session().TimeUnit);
+        board->Grid().setReadOnly(Session().ScreenAccess == 1);
+    }
+}
+
+void frmFHAppts::ApplyPreferences() {
+    setGrids();
+    Reload();
+}
+
+QString frmFHAppts::GetTherapistList() {
+    try {
+        return ReadChoice(ChoiceCategory, ChoiceDetail);
+    } catch (const db::DatabaseError& error) {
+        MsgBox(QStringLiteral("Error loading last saved therapist filter. ") + error.description, ErrorBox,
+               QStringLiteral("Error Getting Information"));
+        return {};
+    }
+}
+
+void frmFHAppts::SaveTherapistList() {
+    // A list that could not be read holds no choice.
+    if (providersRead_)
+        db::Ignoring([this] { WriteChoice(ChoiceCategory, ChoiceDetail, panel_->Choice()); });
+}
+
+void frmFHAppts::LoadProviders() {
+    const QString choice = GetTherapistList();
+    panel_->Clear();
+    providersRead_ = readInto(
+        *boards_, QStringLiteral("Error loading Fernhall providers. "),
+        [&] {
+            db::Connection companion;
+            companion.Open(Session().FHConnectionString);
+            HasSVSessionCol_ = IsSVSessionIDColThere(companion);
+            readProviders(companion, choice);
+        },
+        [this] { reloadWhole(); });
+    resetcols();
+    Reload();
+}
+
+void frmFHAppts::readProviders(db::Connection& companion, const QString& choice) {
+    for (Recordset rows(providersStatement(), companion); !rows.Eof(); rows.MoveNext())
+        panel_->Add({rows["ProvId"].text(),
+                     rows["ProvLastName"].text() + QStringLiteral(", ") + rows["ProvFirstName"].text(),
+                     {}});
+    panel_->Choose(choice);
+}
+
+void frmFHAppts::resetcols() {
+    ctMDay& grid = day_->Grid();
+    grid.ClearColumns();
+    columns_.clear();
+    for (const ListedProvider& provider : panel_->Providers()) {
+        if (!provider.shown)
+            continue;
+        grid.AddColumn(provider.name);
+        columns_.push_back(asCompanion(provider));
+    }
+}
+
+void frmFHAppts::showChosen() {
+    resetcols();
+    Reload();
+}
+
+void frmFHAppts::Reload() {
+    showTitles();
+}
+
+void frmFHAppts::reloadWhole() {
+    LoadProviders();
+}
+
+void frmFHAppts::showTitles() {
+    const QString caption = LongDateText(main().Date());
+    main().ShowDateText(caption);
+    main().ShowTitle(caption);
+}
+
+void frmFHAppts::ShowMode(Mode mode) {
+    if (mode == mode_)
+        return;
+    if (mode == Mode::Week) {
+        const std::optional<CompanionProvider> chosen = SelectedProvider();
+        if (!chosen) {
+            MsgBox(QStringLiteral("Select a provider by clicking in the column."), ExclamationBox,
+                   QStringLiteral("Solvane"));
+            return;
+        }
+        weekProvider_ = *chosen;
+        pnlView->setText(QStringLiteral(" Week Schedule for: ") + weekProvider_.name);
+    }
+    mode_ = mode;
+    const bool week = mode == Mode::Week;
+    boards_->setCurrentIndex(week ? 1 : 0);
+    menus()
+        .Command(menu::mnuAShow)
+        .setText(week ? QStringLiteral("&Show Day View") : QStringLiteral("&Show Week View"));
+    menus().Command(menu::mnuWeek).setChecked(week);
+    setFocusProxy(&Grid());
+    Reload();
+    Grid().setFocus();
+}
+
+std::optional<SelectedSlot> frmFHAppts::SelectedTime() const {
+    const ctMDay& grid = Grid();
+    if (grid.SelectedRange() < 0)
+        return std::nullopt;
+    return SelectedSlot{DateOfColumn(grid.SelColumn()), grid.SelStart(), grid.SelEnd()};
+}
+
+std::optional<CompanionProvider> frmFHAppts::ProviderOfColumn(int column) const {
+    if (column < 1 || column > Grid().ColumnCount())
+        return std::nullopt;
+    if (mode_ == Mode::Week)
+        return weekProvider_;
+    if (column > static_cast<int>(columns_.size()))
+        return std::nullopt;
+    return columns_[static_cast<std::size_t>(column) - 1];
+}
+
+std::optional<CompanionProvider> frmFHAppts::SelectedProvider() const {
+    const ctMDay& grid = Grid();
+    const int item = grid.SelectedItem();
+    return ProviderOfColumn(item > 0 ? grid.ColumnOfItem(item) : grid.SelColumn());
+}
+
+QDate frmFHAppts::DateOfColumn(int column) const {
+    return mode_ == Mode::Week ? Grid().Date().addDays(column - 1) : Grid().Date();
+}
+
+void frmFHAppts::SelectRow(const QString& key, int color, int column) {
+    ctMDay& grid = Grid();
+    int found = 0;
+    for (int index = grid.ItemCount(); index >= 1; --index) {
+        const CalendarItem& item = std::as_const(grid).Item(index);
+        if (item.ItemKey == key && item.ItemColor == color && (found == 0 || grid.ColumnOfItem(index) == column))
+            found = index;
+    }
+    if (found == 0)
+        return;
+    grid.setSelectedItem(found);
+    grid.ScrollToItem(found);
+}
+
+void frmFHAppts::AddAppointment() {
+    menus().Command(menu::mnuAddAppt).trigger();
+}
+
+bool frmFHAppts::CanAdd() const {
+    return menus_.Command(menu::mnuAddAppt).isEnabled();
+}
+
+void frmFHAppts::closeEvent(QCloseEvent* event) {
+    SaveTherapistList();
+    MenuView::closeEvent(event);
+}

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <optional>
+#include <QHash>
+#include <vector>
+
+#include "session/slot.h"
+#include "shell/dayboard.h"
+#include "shell/menuview.h"
+#include "shell/providerpanel.h"
+
+class DetailsPane;
+class QLabel;
+class QMenu;
+class QSplitter;
+class QStackedWidget;
+
+/// A provider of the companion.
+struct CompanionProvider {
+    int provId = 0;
+    QString name;  ///< "{ProvLastName}, {ProvFirstName}"
+
+    friend bool operator==(const CompanionProvider&, const CompanionProvider&) = default;
+};
+
+/// The schedule that the companion, Fernhall, keeps: in the day a column for each provider who is checked in the list
+/// beside it, in the week seven days of one provider. It shows appointments and the events of the companion's calendar.
+/// Each load reads the companion over a connection of its own, since it is another product's database and may be away.
+class frmFHAppts : public MenuView {
+    Q_OBJECT
+
+  public:
+    enum class Mode { Day, Week };
+
+    explicit frmFHAppts(MainWindow& main, QWidget* parent = nullptr);
+    ~frmFHAppts() override;
+
+    // What the commands ask.
+
+    [[nodiscard]] Mode ShownMode() const { return mode_; }
+    /// The board of the mode that is shown.
+    [[nodiscard]] DayBoard& Board() const { return mode_ == Mode::Day ? *day_ : *week_; }
+    /// The grid of the mode that is shown, ctMDay1 or ctMDay2.
+    [[nodiscard]] ctMDay& Grid() const { return Board().Grid(); }
+    /// Returns the selected item as the grid holds it, or nothing when none is selected.
+    [[nodiscard]] std::optional<CalendarItem> SelectedItem() const { return Board().SelectedItem(); }
+    /// Returns the selected range of time, or nothing when none is selected.
+    [[nodiscard]] std::optional<SelectedSlot> SelectedTime() const;
+    /// Returns the provider of a column of the grid, counted from 1. In the week all columns are of one provider.
+    /// Returns nothing for a column that does not exist.
+    [[nodiscard]] std::optional<CompanionProvider> ProviderOfColumn(int column) const;
+    /// Returns the provider in whose column the user has selected a time or an item, or nothing without a selection.
+    [[nodiscard]] std::optional<CompanionProvider> SelectedProvider() const;
+    /// Returns the date of a column of the grid, counted from 1.
+    [[nodiscard]] QDate DateOfColumn(int column) const;
+    /// Whether the companion can link appointments to session notes. It is found out when the view opens.
+    [[nodiscard]] bool HasSVSessionCol() const { return HasSVSessionCol_; }
+    /// Selects the item of a row and scrolls to it. When the row has items in several columns, the one in `column` is
+    /// preferred, if it is not 0. It does nothing when no item has the key and the colour.
+    void SelectRow(const QString& key, int color, int column = 0);
+
+    // What the view shows.
+
+    /// Fills the list of providers and the columns, and loads the day. A user who sees only the own schedule gets the
+    /// one provider who is paired with the user.
+    void LoadProviders();
+    /// Makes the columns of the checked providers.
+    void resetcols();
+    void ShowMode(Mode mode);
+
+    /// Reads the day or the week that is shown. A reload of the same day keeps the place and the selected item. A
+    /// failure is told once, and the grid says that it could not be read.
+    void Reload() override;
+    void ApplyPreferences() override;
+    [[nodiscard]] QDate Stepped(QDate from, int direction) const override { return from.addDays(direction); }
+    /// Opens the dialog for a new appointment, as mnuAddAppt does.
+    void AddAppointment() override;
+    [[nodiscard]] bool CanAdd() const override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void reloadWhole() override;
+
+  private:
+    // frmfhappts_layout.cpp
+    void layOut();
+    void makeBoards();
+    void bindView();
+
+    void open();
+    [[nodiscard]] QString GetTherapistList();
+    void SaveTherapistList();
+    void readProviders(db::Connection& companion, const QString& choice);
+    void showChosen();
+    void setGrids();
+    void showTitles();
+
+    Mode mode_ = Mode::Day;
+    bool HasSVSessionCol_ = false;
+    bool providersRead_ = false;
+    CompanionProvider weekProvider_;          ///< Whose week is shown.
+    std::vector<CompanionProvider> columns_;  ///< The provider of each column of the day.
+
+    DayBoard* day_ = nullptr;
+    DayBoard* week_ = nullptr;
+    QStackedWidget* boards_ = nullptr;
+    ProviderPanel* panel_ = nullptr;
+    DetailsPane* details_ = nullptr;
+    QSplitter* SSSplitter1 = nullptr;
+    QLabel* pnlView = nullptr;
+    QLabel* lblCPT = nullptr;  ///< Hidden: the code of the selected appointment's service, which a session note takes.
+};
