@@ -24,13 +24,24 @@ bool IsCompanionAppointment(const CalendarItem& item) {
     return item.ItemColor == companioncolor::Scheduled || item.ItemColor == companioncolor::Charged;
 }
 
+bool HasNoteIcon(const CalendarItem& item) {
+    return item.ItemSessionIcon > 0 || item.ItemNoteIcon;
+}
+
+void SetNoteIcon(CalendarItem& item) {
+    item.ItemSessionIcon = 1;
+}
+
 CalendarItem AppointmentItem(const db::Recordset& row, bool hasSessionColumn) {
     CalendarItem item;
     item.ItemKey = row["CtrnId"].text();
     item.ItemText = OneLine(row["ClntLastName"].text() + QStringLiteral(", ") + row["ClntFirstName"].text());
     setTimes(item, row["CtrnTime"], row["CtrnDuration"]);
     item.ItemTip = row["ctrnNotes"].text();
-    item.ItemNoteIcon = hasSessionColumn ? row["SVSessionId"].integer() > 0 : !item.ItemTip.isEmpty();
+    if (!hasSessionColumn)
+        item.ItemNoteIcon = !item.ItemTip.isEmpty();
+    else if (row["SVSessionId"].integer() > 0)
+        SetNoteIcon(item);
     if (row["recurTranID"].integer() > 0)
         item.ItemSeriesIcon = CompanionSeriesIcon;
     if (row["CtrnStatus"].text() == QLatin1String(CtrnScheduled)) {

@@ -22,6 +22,12 @@ inline constexpr int NoCompanionTime = -1;
 /// Whether the item is an appointment, charged or not.
 [[nodiscard]] bool IsCompanionAppointment(const CalendarItem& item);
 
+/// Whether the item has the note icon: a linked session note, which has a picture of its own, or in a companion that
+/// cannot link notes a note text.
+[[nodiscard]] bool HasNoteIcon(const CalendarItem& item);
+/// Gives the item the note icon of a linked session note.
+void SetNoteIcon(CalendarItem& item);
+
 /// Returns the item of a row of LoadCalendar's first statement, without its day and column. Its status picture is the
 /// one of a charged row; the picture of a courtesy call is set by whoever looks the code up. `hasSessionColumn` tells
 /// what the note icon means: a linked session note, or, in an older companion, a note text.
