@@ -42,6 +42,7 @@ frmFHAppts::frmFHAppts(MainWindow& main, QWidget* parent) : MenuView(main, Compa
     setObjectName(QStringLiteral("frmFHAppts"));
     layOut();
     bindView();
+    bindCommands();
     open();
 }
 
@@ -97,6 +98,7 @@ void frmFHAppts::LoadProviders() {
             readProviders(*companion);
         },
         [this] { LoadProviders(); });
+    setmenuaccess();
     if (!providersRead_)
         return;
     resetcols();
@@ -229,14 +231,6 @@ void frmFHAppts::SelectRow(const QString& key, int color, int column) {
         return;
     grid.setSelectedItem(found);
     grid.ScrollToItem(found);
-}
-
-void frmFHAppts::AddAppointment() {
-    menus().Command(menu::mnuAddAppt).trigger();
-}
-
-bool frmFHAppts::CanAdd() const {
-    return menus_.Command(menu::mnuAddAppt).isEnabled();
 }
 
 ScheduleSheet frmFHAppts::sheet() const {
