@@ -113,7 +113,7 @@ bool frmFHAppt::UpdateAppt(int CtrnId) {
         if (companion.Execute(updateStatement(CtrnId, merged.appointment)) == 0)
             warn(tr("The %1 was deleted in Fernhall meanwhile. Nothing was saved.").arg(Subject()));
         else
-            tellOfOthers(merged, now.isCharged);
+            tellWhatDiffers(merged, now.isCharged);
     } catch (const db::DatabaseError& error) {
         tellFailure(QStringLiteral("Error updating appointment in Fernhall. Error "), error);
         return false;
@@ -121,7 +121,7 @@ bool frmFHAppt::UpdateAppt(int CtrnId) {
     return true;
 }
 
-void frmFHAppt::tellOfOthers(const MergedAppointment& merged, bool isCharged) const {
+void frmFHAppt::tellWhatDiffers(const MergedAppointment& merged, bool isCharged) const {
     if (isCharged)
         warn(tr("The %1 was charged in Fernhall meanwhile. What you changed was saved in the charged appointment.")
                  .arg(Subject()));
@@ -132,6 +132,9 @@ void frmFHAppt::tellOfOthers(const MergedAppointment& merged, bool isCharged) co
         changes += tr(" Replaced by yours: %1.").arg(merged.replaced.join(QStringLiteral(", ")));
     if (!changes.isEmpty())
         warn(tr("The %1 was changed in Fernhall meanwhile.").arg(Subject()) + changes);
+    if (cboProviders->Key() != origProvId_)
+        warn(tr("The %1 keeps its provider. Move it to another provider in the schedule or in Fernhall.")
+                 .arg(Subject()));
     warnOfMidnight(merged.appointment);
 }
 

@@ -286,13 +286,17 @@ TEST_F(CompanionAppointmentUpdate, AMemoWithQuotesAnEmojiAndAHundredThousandChar
     EXPECT_EQ(stored("CtrnNotes"), memo);
 }
 
-TEST_F(CompanionAppointmentUpdate, AChangedProviderIsNeverSaved) {
+TEST_F(CompanionAppointmentUpdate, AChangedProviderIsNeverSavedAndTheUserIsToldSo) {
     frmFHAppt& form = openRow(addAppointment());
     form.cboProviders->SelectKey(Young);
     form.txtduration->setValue(60);
     form.cmdOk->click();
     EXPECT_EQ(stored("ProvId"), "1");
     EXPECT_EQ(stored("CtrnDuration"), "60");
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "The Fernhall appointment on 03/12/2026 at 9:00 AM keeps its provider. Move it to another provider in the schedule or in Fernhall."});
 }
 
 TEST_F(CompanionAppointmentUpdate, NoStatusLoadsAsNoneAndIsWrittenAsZero) {
