@@ -76,15 +76,10 @@ CompanionAppointment frmFHAppt::entered() const {
             .status = cbostatus->ItemData()};
 }
 
-// A memo that was only shown keeps its own line ends, and a number that no field can show stays.
+// A memo that was only shown keeps its own line ends.
 MergedAppointment frmFHAppt::mergedWith(const CompanionAppointment& now) const {
     const CompanionAppointment wanted = MergeAppointment(shown_, entered(), loaded_).appointment;
-    MergedAppointment merged = MergeAppointment(loaded_, wanted, now);
-    if (!merged.appointment.date.isValid())
-        merged.appointment.date = wanted.date;
-    if (!merged.appointment.start)
-        merged.appointment.start = wanted.start;
-    return merged;
+    return MergeAppointment(loaded_, wanted, now);
 }
 
 bool frmFHAppt::SaveFHAppointment() {
