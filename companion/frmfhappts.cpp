@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QLocale>
 #include <QStackedWidget>
 
 #include "companion/sessioncolumn.h"
@@ -11,6 +12,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
 #include "platform/printing/vsprinter.h"
 #include "platform/text/plaintext.h"
 #include "session/rights.h"
@@ -99,10 +101,11 @@ void frmFHAppts::LoadProviders() {
         },
         [this] { LoadProviders(); });
     setmenuaccess();
-    if (!providersRead_)
-        return;
     resetcols();
-    Reload();
+    if (providersRead_)
+        Reload();
+    else
+        showTitles();
 }
 
 // A choice that the user made since the view was opened is not stored yet.
@@ -148,7 +151,11 @@ void frmFHAppts::reloadWhole() {
     LoadProviders();
 }
 
-void frmFHAppts::showTitles(const QString& caption) {
+void frmFHAppts::showTitles() {
+    const QDate date = main().Date();
+    const QString caption =
+        mode_ == Mode::Day ? LongDateText(date)
+                           : QStringLiteral("Week of ") + QLocale::c().toString(date, QStringLiteral("MMMM d, yyyy"));
     main().ShowDateText(caption);
     main().ShowTitle(caption);
 }

@@ -124,7 +124,7 @@ class frmFHAppts : public MenuView {
     void checkAll();
     void chooseColumn(int column);
     void showModeCommands();
-    void showTitles(const QString& caption);
+    void showTitles();
     [[nodiscard]] ScheduleSheet sheet() const;
 
     // frmfhappts_load.cpp

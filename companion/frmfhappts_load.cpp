@@ -1,4 +1,3 @@
-#include <QLocale>
 #include <QStackedWidget>
 
 #include "companion/companionitem.h"
@@ -8,7 +7,6 @@
 #include "data/courtesycalls.h"
 #include "platform/calendar/ctmday.h"
 #include "platform/database/sql.h"
-#include "platform/desktop/localefacts.h"
 #include "session/errorbox.h"
 #include "session/session.h"
 
@@ -65,10 +63,6 @@ void place(CalendarItem& item, const CompanionSpan& span, QDate day) {
         item.ItemColumn = span.column;
 }
 
-QString weekCaption(QDate first) {
-    return QStringLiteral("Week of ") + QLocale::c().toString(first, QStringLiteral("MMMM d, yyyy"));
-}
-
 }  // namespace
 
 void frmFHAppts::Reload() {
@@ -86,13 +80,11 @@ void frmFHAppts::loadDay() {
     for (const CompanionProvider& provider : columns_)
         spans.push_back({static_cast<int>(spans.size()) + 1, provider.provId, date, date});
     load(date, {}, spans);
-    showTitles(LongDateText(date));
 }
 
 void frmFHAppts::LoadWeekView(int ProvId) {
     const QDate first = main().Date();
     load(first, QString::number(ProvId), {{0, ProvId, first, first.addDays(DaysRead - 1)}});
-    showTitles(weekCaption(first));
 }
 
 void frmFHAppts::load(QDate date, const QString& of, const std::vector<CompanionSpan>& spans) {
@@ -115,6 +107,7 @@ void frmFHAppts::load(QDate date, const QString& of, const std::vector<Companion
         loadSpans(*companion, spans);
     });
     board.EndLoad();
+    showTitles();
 }
 
 void frmFHAppts::loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans) {
