@@ -9,6 +9,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
+#include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
 #include "session/rights.h"
@@ -222,6 +223,7 @@ void LinkNoteToFH(Connection& companion, int CtrnId, int session) {
 }
 
 MadeCompanionNote GenerateNewSVNote(const NotedTransaction& noted, int stype) {
+    const BusyPointer busy;
     MadeCompanionNote made = AttemptWrite<MadeCompanionNote>([&](MadeCompanionNote& outcome) {
         Making{noted, stype, outcome}.Make();
     });

@@ -6,6 +6,7 @@
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
+#include "platform/desktop/busypointer.h"
 #include "session/session.h"
 
 using db::Connection;
@@ -16,6 +17,7 @@ namespace {
 
 template <typename Write>
 CompanionOutcome writeInCompanion(Write&& write) {
+    const BusyPointer busy;
     return AttemptWrite<CompanionOutcome>([&](CompanionOutcome& outcome) {
         Connection companion;
         companion.Open(Session().FHConnectionString);

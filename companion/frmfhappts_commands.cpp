@@ -11,7 +11,6 @@
 #include "companion/frmfhevents.h"
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/noticebar.h"
-#include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
 #include "session/rights.h"

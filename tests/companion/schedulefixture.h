@@ -10,7 +10,6 @@
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/ctlist.h"
 #include "tests/companion/writesfixture.h"
-#include "tests/shell/fakemainwindow.h"
 
 /// The companion's schedule of Wednesday, March 11, 2026, with a column each for Lane (1), Moss (2) and Reed (3),
 /// before Reed, who may see all schedules. The test itself is the companion's other users.
@@ -25,10 +24,6 @@ class ScheduleFixture : public WritesFixture {
         view->activateWindow();
         settle();
         return *view;
-    }
-    static void settle() {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     /// What is told after a routine has been told when this returns.
     static void settleBoxes() {
@@ -171,6 +166,5 @@ class ScheduleFixture : public WritesFixture {
                            attendees);
     }
 
-    FakeMainWindow main{QDate(2026, 3, 11)};
     std::unique_ptr<frmFHAppts> view;
 };
