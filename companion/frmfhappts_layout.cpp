@@ -17,11 +17,15 @@
 #include "platform/theme/theme.h"
 #include "session/session.h"
 #include "shell/detailspane.h"
+#include "shell/keptsplitter.h"
 
 namespace {
 
 constexpr int DaysOfWeek = 7;
-constexpr int SideCharacters = 60;
+constexpr char sidesKey[] = "frmFHAppts.sides";
+constexpr char listsKey[] = "frmFHAppts.SSSplitter1";
+constexpr char detailsKey[] = "frmFHAppts.sidePanes";
+constexpr int SideCharacters = 54;
 constexpr int ProvidersShare = 2;
 constexpr int DetailsShare = 3;
 
@@ -90,6 +94,9 @@ void frmFHAppts::layOut() {
     sides_->addWidget(SSSplitter1);
     sides_->setStretchFactor(0, 1);
     sides_->setStretchFactor(1, 0);
+    sized_ = KeepSplitter(*sides_, sidesKey);
+    KeepSplitter(*SSSplitter1, listsKey);
+    KeepSplitter(*details_, detailsKey);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, Space(8), Space(8));
     whole->addWidget(sides_);
