@@ -25,7 +25,8 @@ constexpr int DaysOfWeek = 7;
 constexpr char sidesKey[] = "frmFHAppts.sides";
 constexpr char listsKey[] = "frmFHAppts.SSSplitter1";
 constexpr char detailsKey[] = "frmFHAppts.sidePanes";
-constexpr int SideCharacters = 54;
+constexpr int SideCharacters = 46;  ///< So that the week has room for its seven days on a screen of 1280.
+constexpr int LabelCharacters = 22;
 constexpr int ProvidersShare = 2;
 constexpr int DetailsShare = 3;
 
@@ -83,7 +84,7 @@ void frmFHAppts::layOut() {
     SSSplitter1->setChildrenCollapsible(false);
     panel_ = Named(new ProviderPanel(ProviderPanel::Columns::Provider, this), "pnlproviders");
     panel_->Rows().setContentsMargins(0, 0, 0, 0);
-    details_ = Named(new DetailsPane(tr("A&ppointment"), this), "sidePanes");
+    details_ = Named(new DetailsPane(tr("A&ppointment"), this, LabelCharacters), "sidePanes");
     SSSplitter1->addWidget(panel_);
     SSSplitter1->addWidget(details_);
     SSSplitter1->setStretchFactor(0, ProvidersShare);
