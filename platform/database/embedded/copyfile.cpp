@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include "platform/database/embedded/faults.h"
+#include "platform/database/embedded/functions.h"
 #include "platform/database/embedded/sqlitehandle.h"
 #include "platform/files/privatefile.h"
 
@@ -32,6 +33,7 @@ DatabaseHandle opened(const QString& file) {
         throw embedded::OpeningFault(code, nameOf(file));
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_timeout(handle, BusyMilliseconds);
+    embedded::RegisterDialect(handle, nullptr);  // Reading through an index needs the order in which it was made.
     return database;
 }
 
