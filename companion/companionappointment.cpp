@@ -9,6 +9,8 @@ namespace {
 
 constexpr int LastStatus = 5;
 
+enum class Field { Required, Optional };
+
 QString fieldName(const char* name) {
     return QCoreApplication::translate("MergeAppointment", name);
 }
@@ -28,9 +30,10 @@ CompanionAppointment AppointmentOf(const db::Recordset& row) {
 MergedAppointment MergeAppointment(const CompanionAppointment& before, const CompanionAppointment& wanted,
                                    const CompanionAppointment& now) {
     MergedAppointment merged{now, {}, {}};
-    const auto merge = [&](auto CompanionAppointment::*field, const char* name) {
+    const auto merge = [&](auto CompanionAppointment::*field, const char* name, Field kind) {
         const bool isTheirs = now.*field != before.*field;
-        if (wanted.*field == before.*field) {
+        const bool isLost = kind == Field::Required && now.*field == CompanionAppointment().*field;
+        if (wanted.*field == before.*field && !isLost) {
             if (isTheirs)
                 merged.kept << fieldName(name);
             return;
@@ -39,11 +42,11 @@ MergedAppointment MergeAppointment(const CompanionAppointment& before, const Com
         if (isTheirs && now.*field != wanted.*field)
             merged.replaced << fieldName(name);
     };
-    merge(&CompanionAppointment::date, "date");
-    merge(&CompanionAppointment::start, "start time");
-    merge(&CompanionAppointment::duration, "duration");
-    merge(&CompanionAppointment::TranId, "charge type");
-    merge(&CompanionAppointment::status, "status");
-    merge(&CompanionAppointment::memo, "memo");
+    merge(&CompanionAppointment::date, "date", Field::Required);
+    merge(&CompanionAppointment::start, "start time", Field::Required);
+    merge(&CompanionAppointment::duration, "duration", Field::Required);
+    merge(&CompanionAppointment::TranId, "charge type", Field::Required);
+    merge(&CompanionAppointment::status, "status", Field::Optional);
+    merge(&CompanionAppointment::memo, "memo", Field::Optional);
     return merged;
 }

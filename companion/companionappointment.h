@@ -31,6 +31,7 @@ struct MergedAppointment {
 };
 
 /// Merges three states of an appointment: `before` as the user read it, `wanted` as the user leaves it and `now` as it
-/// is stored. A field that the user left alone keeps what the row holds now.
+/// is stored. A field that the user left alone keeps what the row holds now, unless the row has lost a field that every
+/// appointment needs.
 [[nodiscard]] MergedAppointment MergeAppointment(const CompanionAppointment& before, const CompanionAppointment& wanted,
                                                  const CompanionAppointment& now);

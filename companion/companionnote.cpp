@@ -2,6 +2,7 @@
 
 #include "bridge/link.h"
 #include "companion/companiontime.h"
+#include "companion/sessioncolumn.h"
 #include "followup/frmsnotetype.h"
 #include "followup/newsession.h"
 #include "followup/notesprogram.h"
@@ -18,8 +19,6 @@ using db::Recordset;
 using db::Sql;
 
 namespace {
-
-constexpr int UnknownColumn = 207;
 
 const QString OpeningFailed = QStringLiteral("Error opening note. ");
 
@@ -209,7 +208,8 @@ int IsNoteLinkedInFH(int CtrnId) {
     try {
         return firstInteger(companion, Sql("Select SVSessionID from ClientTransactions Where ctrnID = {}", CtrnId));
     } catch (const db::DatabaseError& error) {
-        if (error.number != UnknownColumn)
+        // The engines do not agree on the number of an unknown column.
+        if (db::IsLinkFailure(error) || IsSVSessionIDColThere(companion))
             throw;
         return 0;
     }

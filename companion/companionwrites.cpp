@@ -104,6 +104,7 @@ CompanionOutcome MoveFHAppointment(int CtrnId, const CompanionPlace& from, const
         if (outcome.hitch != CompanionHitch::None)
             return;
         outcome.replaced = !standsAt(row, from);
+        outcome.newProvider = to.ProvId == from.ProvId && row["ProvId"].integer() != to.ProvId;
         writePlace(companion, CtrnId, to);
         if (to.day != from.day)
             writeDay(companion, CtrnId, to.day);

@@ -22,7 +22,9 @@ enum class CompanionHitch {
 
 struct CompanionOutcome : WriteOutcome {
     CompanionHitch hitch = CompanionHitch::None;
-    bool replaced = false;      ///< A change that another user had made meanwhile was written over.
+    bool replaced = false;  ///< A change that another user had made meanwhile was written over.
+    bool newProvider =
+        false;  ///< The appointment had another rendering provider, although it was not moved to a new one.
     bool allProviders = false;  ///< The event still stands in the schedule of every provider.
 };
 

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int FirstDateValue = 100;  // A date field with a value below this holds no date.
 constexpr int MostMinutes = 99'999;
-constexpr int MemoLines = 6;
+constexpr int MemoLines = 4;
 constexpr int StatusCharacters = 16;
 
 constexpr int Arrived = 4;
@@ -43,11 +43,11 @@ CompletingCombo* statusBox(QWidget* parent) {
     return box;
 }
 
-QLayout* besideWords(QWidget* field, const QString& words, QWidget* parent) {
+QLayout* inMinutes(QWidget* field) {
     auto* row = new QHBoxLayout;
     row->setSpacing(Space(8));
     row->addWidget(field);
-    row->addWidget(new QLabel(words, parent), 1);
+    row->addWidget(new QLabel(QObject::tr("minutes"), field->parentWidget()), 1);
     return row;
 }
 
@@ -107,7 +107,7 @@ void frmFHAppt::layOutForm() {
     form->addRow(lblClient);
     form->addRow(tr("&Date:"), txtdate);
     form->addRow(tr("S&tart time:"), txtstarttime);
-    form->addRow(tr("D&uration:"), besideWords(txtduration, tr("minutes"), fields));
+    form->addRow(FieldLabel(tr("D&uration:"), txtduration), inMinutes(txtduration));
     form->addRow(tr("&Provider:"), cboProviders);
     form->addRow(tr("C&harge type:"), cboChargetype);
     form->addRow({}, lblstatus);

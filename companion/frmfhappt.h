@@ -89,7 +89,8 @@ class frmFHAppt : public EditorDialog {
     [[nodiscard]] CompanionAppointment entered() const;
     /// What is to be written over a row that is `now` like this.
     [[nodiscard]] MergedAppointment mergedWith(const CompanionAppointment& now) const;
-    void tellOfOthers(const MergedAppointment& merged, bool isCharged) const;
+    /// Tells in the bar where the row is now another one than the form shows.
+    void tellWhatDiffers(const MergedAppointment& merged, bool isCharged) const;
     void warnOfMidnight(const CompanionAppointment& appointment) const;
 
     const CompanionAppointmentRequest request_;

@@ -14,6 +14,7 @@
 #include "platform/desktop/busypointer.h"
 #include "platform/text/plaintext.h"
 #include "session/errorbox.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -150,7 +151,7 @@ void frmFHAppt::showNew() {
 
 void frmFHAppt::showClient(int ClientId, const QString& ClientName) {
     clientId_ = ClientId;
-    lblClient->setText(tr("Client: %1").arg(OneLine(ClientName)));
+    lblClient->setText(tr("Client: %1").arg(OneLine(ShownName(ClientName))));
 }
 
 void frmFHAppt::showProvider(db::Connection& companion, int ProvId) {

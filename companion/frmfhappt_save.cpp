@@ -76,15 +76,10 @@ CompanionAppointment frmFHAppt::entered() const {
             .status = cbostatus->ItemData()};
 }
 
-// A memo that was only shown keeps its own line ends, and a number that no field can show stays.
+// A memo that was only shown keeps its own line ends.
 MergedAppointment frmFHAppt::mergedWith(const CompanionAppointment& now) const {
     const CompanionAppointment wanted = MergeAppointment(shown_, entered(), loaded_).appointment;
-    MergedAppointment merged = MergeAppointment(loaded_, wanted, now);
-    if (!merged.appointment.date.isValid())
-        merged.appointment.date = wanted.date;
-    if (!merged.appointment.start)
-        merged.appointment.start = wanted.start;
-    return merged;
+    return MergeAppointment(loaded_, wanted, now);
 }
 
 bool frmFHAppt::SaveFHAppointment() {
@@ -113,7 +108,7 @@ bool frmFHAppt::UpdateAppt(int CtrnId) {
         if (companion.Execute(updateStatement(CtrnId, merged.appointment)) == 0)
             warn(tr("The %1 was deleted in Fernhall meanwhile. Nothing was saved.").arg(Subject()));
         else
-            tellOfOthers(merged, now.isCharged);
+            tellWhatDiffers(merged, now.isCharged);
     } catch (const db::DatabaseError& error) {
         tellFailure(QStringLiteral("Error updating appointment in Fernhall. Error "), error);
         return false;
@@ -121,7 +116,7 @@ bool frmFHAppt::UpdateAppt(int CtrnId) {
     return true;
 }
 
-void frmFHAppt::tellOfOthers(const MergedAppointment& merged, bool isCharged) const {
+void frmFHAppt::tellWhatDiffers(const MergedAppointment& merged, bool isCharged) const {
     if (isCharged)
         warn(tr("The %1 was charged in Fernhall meanwhile. What you changed was saved in the charged appointment.")
                  .arg(Subject()));
@@ -132,6 +127,9 @@ void frmFHAppt::tellOfOthers(const MergedAppointment& merged, bool isCharged) co
         changes += tr(" Replaced by yours: %1.").arg(merged.replaced.join(QStringLiteral(", ")));
     if (!changes.isEmpty())
         warn(tr("The %1 was changed in Fernhall meanwhile.").arg(Subject()) + changes);
+    if (cboProviders->Key() != origProvId_)
+        warn(tr("The %1 keeps its provider. Move it to another provider in the schedule or in Fernhall.")
+                 .arg(Subject()));
     warnOfMidnight(merged.appointment);
 }
 

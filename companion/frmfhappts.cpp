@@ -44,6 +44,7 @@ frmFHAppts::frmFHAppts(MainWindow& main, QWidget* parent) : MenuView(main, Compa
     setObjectName(QStringLiteral("frmFHAppts"));
     layOut();
     bindView();
+    bindCommands();
     open();
 }
 
@@ -99,6 +100,7 @@ void frmFHAppts::LoadProviders() {
             readProviders(*companion);
         },
         [this] { LoadProviders(); });
+    setmenuaccess();
     resetcols();
     if (providersRead_)
         Reload();
@@ -236,14 +238,6 @@ void frmFHAppts::SelectRow(const QString& key, int color, int column) {
         return;
     grid.setSelectedItem(found);
     grid.ScrollToItem(found);
-}
-
-void frmFHAppts::AddAppointment() {
-    menus().Command(menu::mnuAddAppt).trigger();
-}
-
-bool frmFHAppts::CanAdd() const {
-    return menus_.Command(menu::mnuAddAppt).isEnabled();
 }
 
 ScheduleSheet frmFHAppts::sheet() const {

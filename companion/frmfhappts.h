@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <QHash>
@@ -12,10 +13,15 @@
 #include "shell/providerpanel.h"
 
 class DetailsPane;
+class EditorDialog;
 class QLabel;
+class QMenu;
 class QSplitter;
 class QStackedWidget;
 class SeriesDays;
+struct CompanionEventRequest;
+struct CompanionOutcome;
+struct CompanionPlace;
 struct CompanionRows;
 struct CompanionSpan;
 struct ScheduleSheet;
@@ -84,7 +90,9 @@ class frmFHAppts : public MenuView {
     void Reload() override;
     void ApplyPreferences() override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override { return from.addDays(direction); }
-    /// Opens the dialog for a new appointment, as mnuAddAppt does.
+    /// Greys the commands that the user's rights or an older companion forbid.
+    void setmenuaccess();
+    /// Adds an appointment at the selected time, as mnuAddAppt does. A user without the right is told so.
     void AddAppointment() override;
     [[nodiscard]] bool CanAdd() const override;
     void PrintSchedule() override { printS(); }
@@ -143,6 +151,36 @@ class frmFHAppts : public MenuView {
     void LoadCoPayDetails(db::Connection& companion, int ClntId, double fee, double adjustment);
     void SetEventDetails(int CEveId, const QString& text);
 
+    // frmfhappts_commands.cpp
+    void bindCommands();
+    void bindCommandsOf(ctMDay& grid);
+    void makePopups();
+    /// Returns the selected time for something new. Without it, or without the right to add, the user is told so.
+    [[nodiscard]] std::optional<SelectedSlot> timeToAdd(const QString& noTime) const;
+    void addEvent();
+    void modify();
+    void openEvent(const CompanionEventRequest& request);
+    void showEditor(std::unique_ptr<EditorDialog> editor, int color, const std::function<int()>& savedKey);
+    void deleteSelected();
+    void deleteAppointment(int CtrnId);
+    void deleteEvent(int CEveId, int ProvId);
+    void showDeletion(const CompanionOutcome& outcome, const QString& trouble);
+
+    // frmfhappts_move.cpp
+    void bindMoves(ctMDay& grid);
+    void tellMoveRefused(int index);
+    [[nodiscard]] bool isMovable(const CalendarItem& item) const;
+    void moveItem(int index, const ItemPlace& old);
+    /// Tells the user of an appointment with a note that its provider changes. Throws db::DatabaseError.
+    static void warnOfNote(int CtrnId, int ProvId);
+    void storeMove(const QString& key, const CompanionPlace& from, const CompanionPlace& to);
+    [[nodiscard]] int itemsOf(const QString& key) const;
+    static void tellOfMove(const CompanionOutcome& outcome, const CompanionPlace& to);
+
+    // frmfhappts_note.cpp
+    void openNote();
+    void showNote(const QString& key);
+
     Mode mode_ = Mode::Day;
     bool HasSVSessionCol_ = false;
     bool providersRead_ = false;
@@ -160,6 +198,8 @@ class frmFHAppts : public MenuView {
     ProviderPanel* panel_ = nullptr;
     DetailsPane* details_ = nullptr;
     QSplitter* sides_ = nullptr;
+    QMenu* itemPopup_ = nullptr;
+    QMenu* timePopup_ = nullptr;
     QLabel* pnlView = nullptr;
     QLabel* lblCPT = nullptr;  ///< Hidden: the code of the selected appointment's service, which a session note takes.
 };

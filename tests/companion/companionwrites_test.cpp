@@ -142,6 +142,7 @@ TEST_F(CompanionMove, WhoseDayCannotBeWrittenLeavesTheTimeToo) {
     add({.day = "2026/03/12"});
     there("Create Unique Index one_a_day On ClientTransactions (CtrnDate)");
     const CompanionOutcome outcome = moveTo({Thursday, 600, 650, 1});
+    there("Drop Index one_a_day On ClientTransactions");
     EXPECT_EQ(outcome.end, End::Failed);
     expectUntouched();
 }

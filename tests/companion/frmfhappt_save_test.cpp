@@ -286,13 +286,17 @@ TEST_F(CompanionAppointmentUpdate, AMemoWithQuotesAnEmojiAndAHundredThousandChar
     EXPECT_EQ(stored("CtrnNotes"), memo);
 }
 
-TEST_F(CompanionAppointmentUpdate, AChangedProviderIsNeverSaved) {
+TEST_F(CompanionAppointmentUpdate, AChangedProviderIsNeverSavedAndTheUserIsToldSo) {
     frmFHAppt& form = openRow(addAppointment());
     form.cboProviders->SelectKey(Young);
     form.txtduration->setValue(60);
     form.cmdOk->click();
     EXPECT_EQ(stored("ProvId"), "1");
     EXPECT_EQ(stored("CtrnDuration"), "60");
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "The Fernhall appointment on 03/12/2026 at 9:00 AM keeps its provider. Move it to another provider in the schedule or in Fernhall."});
 }
 
 TEST_F(CompanionAppointmentUpdate, NoStatusLoadsAsNoneAndIsWrittenAsZero) {
@@ -447,6 +451,20 @@ TEST_F(CompanionAppointmentMeanwhile, WhatTheUserLeftAloneKeepsTheCompanionsChan
     EXPECT_EQ(stored("CtrnNotes"), "theirs");
     expectNotice(
         "The Fernhall appointment on 03/12/2026 at 9:00 AM was changed in Fernhall meanwhile. Kept from there: date, start time, charge type, status, memo. Replaced by yours: duration.");
+}
+
+TEST_F(CompanionAppointmentMeanwhile, ARowThatLostWhatEveryAppointmentNeedsGetsItFromTheForm) {
+    run("Update ClientTransactions Set CtrnDate = Null, CtrnTime = Null, CtrnDuration = 0, TranId = Null");
+    form.txtmemo->setPlainText("x");
+    save();
+    EXPECT_EQ(stored("CtrnDate"), "2026-03-12 00:00:00");
+    EXPECT_EQ(stored("CtrnTime"), "2026-03-12 09:00:00");
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "The Fernhall appointment on 03/12/2026 at 9:00 AM was changed in Fernhall meanwhile. Replaced by yours: date, start time, duration, charge type."});
+    EXPECT_EQ(stored("CtrnDuration"), "45");
+    EXPECT_EQ(stored("TranId"), "1");
 }
 
 TEST_F(CompanionAppointmentMeanwhile, ASaveWithoutOtherChangesTellsNothing) {

@@ -63,6 +63,35 @@ TEST_F(CompanionAppointmentLoad, ANewAppointmentTakesItsFieldsFromTheSchedule) {
     EXPECT_EQ(form.CtrnKey(), 0);
 }
 
+TEST_F(CompanionAppointmentLoad, AHiddenNameIsHiddenHereToo) {
+    Session().HidePatientNames = true;
+    EXPECT_FALSE(openNew().lblClient->text().contains("Stone"));
+    EXPECT_FALSE(openRow(addAppointment()).lblClient->text().contains("Stone"));
+}
+
+TEST_F(CompanionAppointmentLoad, TheFieldsAreReachedByTabAndByTheirLetters) {
+    frmFHAppt& form = openNew();
+    QStringList order;
+    for (int i = 0; i < 9; ++i) {
+        order << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(order.join(' '),
+              "txtdate txtstarttime txtduration cboProviders cboChargetype cbostatus txtmemo cmdOk cmdCancel");
+    QSet<QChar> letters;
+    int labels = 0;
+    for (const QLabel* label : form.findChildren<QLabel*>())
+        if (label->buddy() != nullptr) {
+            EXPECT_FALSE(label->buddy()->accessibleName().isEmpty()) << label->text().toStdString();
+            const qsizetype at = label->text().indexOf('&');
+            ASSERT_GE(at, 0);
+            letters << label->text()[at + 1].toLower();
+            ++labels;
+        }
+    EXPECT_EQ(labels, 7);
+    EXPECT_EQ(letters.size(), labels);
+}
+
 TEST_F(CompanionAppointmentLoad, TheListsHoldEveryProviderChargeAndStatus) {
     const frmFHAppt& form = openNew();
     EXPECT_EQ(entriesOf(*form.cboProviders), (QStringList{"Reed, Anna", "Young, Bo"}));
@@ -310,6 +339,16 @@ TEST_F(CompanionAppointmentForm, ArrivedOfANewAppointmentShowsBothAlerts) {
     expectAlert("Needs a referral");
     form.cmdOk->click();
     EXPECT_EQ(stored("appt_status"), "4");
+}
+
+TEST_F(CompanionAppointmentForm, ArrivedThatIsGivenUpByEscapeShowsNothing) {
+    addAlert("P1", "Check-In", "Co-payment is due");
+    frmFHAppt& form = openRow(addAppointment());
+    typeStatus(form, "Arr");
+    desk.expectBox("Close without saving what you have changed?", "Fernhall Appointment", Answer::Yes);
+    QTest::keyClick(&form, Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_FALSE(form.isVisible());
 }
 
 TEST_F(CompanionAppointmentForm, AnAppointmentThatHasArrivedIsLoadedWithoutAnAlert) {

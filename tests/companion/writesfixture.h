@@ -1,27 +1,18 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include "platform/controls/noticebar.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
-#include "session/session.h"
-#include "tests/support/scripteddesk.h"
-#include "tests/support/testdatabase.h"
+#include "tests/shell/practicefixture.h"
 
 /// Reed, who is the companion's provider 1, and the schedule of Wednesday, March 11, 2026. Lane is provider 2; provider
 /// 3 is paired with nobody. The test itself is the second writer.
-class WritesFixture : public testing::Test {
+class WritesFixture : public PracticeFixture {
   protected:
     WritesFixture() {
-        ResetSession();
         SessionValues& session = Session();
-        session.Connection.Open(database.connectionText());
         session.FHConnectionString = companion.connectionText();
         session.FHDatabaseId = QStringLiteral("FH-1");
         session.FHProviderId = 1;
-        session.UID = session.ProviderId = QStringLiteral("REED");
-        session.ScreenAccess = 3;
         session.NotesAccess = 3;
         session.AllProviders = true;
         session.CurrentView = View::Companion;
@@ -38,7 +29,9 @@ class WritesFixture : public testing::Test {
         pair(1, 2, "LANE");
         pair(4, 1, "P1");
     }
-    ~WritesFixture() override { ResetSession(); }
+
+    /// There is none, unless a test opens one.
+    [[nodiscard]] QWidget& openView() override { return noView_; }
 
     struct Row {
         int client = 1;
@@ -98,7 +91,7 @@ class WritesFixture : public testing::Test {
     }
     void there(const QString& statement) { companion.connection().Execute(statement); }
     void there(const char* statement) { there(QString::fromUtf8(statement)); }
-    void here(const QString& statement) { database.connection().Execute(statement); }
+    void here(const QString& statement) { database_.connection().Execute(statement); }
     void here(const char* statement) { here(QString::fromUtf8(statement)); }
     void pair(int list, int value, const char* ours) {
         here(db::Sql(
@@ -121,7 +114,7 @@ class WritesFixture : public testing::Test {
         return companion.number(QStringLiteral("Select Count(*) from ") + QLatin1String(table));
     }
     [[nodiscard]] qint64 countHere(const char* table) {
-        return database.number(QStringLiteral("Select Count(*) from ") + QLatin1String(table));
+        return database_.number(QStringLiteral("Select Count(*) from ") + QLatin1String(table));
     }
     /// Whether nothing is left under way in the main database; a transaction in the companion ends with its connection.
     static void expectNoTransactionIsOpen() {
@@ -129,8 +122,9 @@ class WritesFixture : public testing::Test {
         Session().Connection.RollbackTrans();
     }
 
-    TestDatabase database;
     TestDatabase companion{SchemaScript::Companion};
-    ScriptedDesk desk;
     NoticeBar bar;
+
+  private:
+    QWidget noView_;
 };
