@@ -184,7 +184,7 @@ class frmFHAppts : public MenuView {
     Mode mode_ = Mode::Day;
     bool HasSVSessionCol_ = false;
     bool providersRead_ = false;
-    bool sized_ = false;                      ///< Whether the view has had its first size.
+    bool sized_ = false;                      ///< Whether the panes have sizes of their own.
     CompanionProvider weekProvider_;          ///< Whose week is shown.
     std::vector<CompanionProvider> columns_;  ///< The provider of each column of the day.
     std::weak_ptr<db::Connection> companion_;

@@ -17,11 +17,16 @@
 #include "platform/theme/theme.h"
 #include "session/session.h"
 #include "shell/detailspane.h"
+#include "shell/keptsplitter.h"
 
 namespace {
 
 constexpr int DaysOfWeek = 7;
-constexpr int SideCharacters = 60;
+constexpr char sidesKey[] = "frmFHAppts.sides";
+constexpr char listsKey[] = "frmFHAppts.SSSplitter1";
+constexpr char detailsKey[] = "frmFHAppts.sidePanes";
+constexpr int SideCharacters = 46;  ///< So that the week has room for its seven days on a screen of 1280.
+constexpr int LabelCharacters = 22;
 constexpr int ProvidersShare = 2;
 constexpr int DetailsShare = 3;
 
@@ -79,7 +84,7 @@ void frmFHAppts::layOut() {
     SSSplitter1->setChildrenCollapsible(false);
     panel_ = Named(new ProviderPanel(ProviderPanel::Columns::Provider, this), "pnlproviders");
     panel_->Rows().setContentsMargins(0, 0, 0, 0);
-    details_ = Named(new DetailsPane(tr("A&ppointment"), this), "sidePanes");
+    details_ = Named(new DetailsPane(tr("A&ppointment"), this, LabelCharacters), "sidePanes");
     SSSplitter1->addWidget(panel_);
     SSSplitter1->addWidget(details_);
     SSSplitter1->setStretchFactor(0, ProvidersShare);
@@ -90,6 +95,9 @@ void frmFHAppts::layOut() {
     sides_->addWidget(SSSplitter1);
     sides_->setStretchFactor(0, 1);
     sides_->setStretchFactor(1, 0);
+    sized_ = KeepSplitter(*sides_, sidesKey);
+    KeepSplitter(*SSSplitter1, listsKey);
+    KeepSplitter(*details_, detailsKey);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, Space(8), Space(8));
     whole->addWidget(sides_);

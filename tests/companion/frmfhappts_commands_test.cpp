@@ -47,9 +47,9 @@ class CompanionCommands : public CommandsFixture {
         return companion.text(
             QStringLiteral("Select Max(%2) from %1").arg(QLatin1String(table), QLatin1String(column)));
     }
-    void popupAt(int index) { rightClick(grid().ItemRect(index).center()); }
+    void popupAt(int index) { rightClick(calendar().ItemRect(index).center()); }
     [[nodiscard]] QStringList shownPopup() {
-        for (QMenu* menu : view->findChildren<QMenu*>())
+        for (QMenu* menu : view_->findChildren<QMenu*>())
             if (menu->isVisible()) {
                 QStringList names;
                 for (const QAction* action : menu->actions())
@@ -69,11 +69,11 @@ TEST_F(CompanionCommands, AddingWithoutTheRightIsRefusedBeforeTheTimeIsAskedFor)
     Session().ScreenAccess = 1;
     open();
     expectInformation(NoRightsToAdd);
-    view->AddAppointment();
+    view_->AddAppointment();
     expectInformation(NoRightsToAdd);
     key(Qt::Key_Insert);
     expectInformation(NoRightsToAdd);
-    doubleClick(grid().CellRect(ReedColumn, 600).center());
+    doubleClick(calendar().CellRect(Reed, 600).center());
 }
 
 TEST_F(CompanionCommands, AddingWithoutATimeIsRefused) {
@@ -89,9 +89,9 @@ TEST_F(CompanionCommands, AddingWithoutATimeIsRefused) {
 }
 
 TEST_F(CompanionCommands, AnAppointmentIsAddedForAClientOfTheColumnAndStandsSelected) {
-    for (const int column : {ReedColumn, LaneColumn}) {
+    for (const int column : {Reed, Lane}) {
         open();
-        grid().selectRange(column, 600, 660);
+        calendar().selectRange(column, 600, 660);
         desk.expectForm("frmFHClients", [](QDialog& dialog) {
             auto& form = dynamic_cast<frmFHClients&>(dialog);
             form.List1->SelectRow(0);
@@ -107,17 +107,17 @@ TEST_F(CompanionCommands, AnAppointmentIsAddedForAClientOfTheColumnAndStandsSele
         const int key = newest("ClientTransactions", "CtrnId").toInt();
         EXPECT_EQ(storedTime(key, "CtrnTime"), QDateTime(QDate(2026, 3, 11), QTime(10, 0), Qt::UTC));
         EXPECT_EQ(stored(key, "CtrnDuration"), "60");
-        EXPECT_EQ(stored(key, "ProvId"), column == ReedColumn ? "1" : "2");
-        EXPECT_EQ(grid().SelectedItem(), scheduled(key));
-        EXPECT_EQ(grid().ColumnOfItem(scheduled(key)), column);
+        EXPECT_EQ(stored(key, "ProvId"), column == Reed ? "1" : "2");
+        EXPECT_EQ(calendar().SelectedItem(), scheduled(key));
+        EXPECT_EQ(calendar().ColumnOfItem(scheduled(key)), column);
     }
     EXPECT_EQ(countThere("ClientTransactions"), 2);
 }
 
 TEST_F(CompanionCommands, InTheWeekAnAppointmentIsAddedOnTheDayOfTheColumn) {
     openWeek();
-    grid().selectRange(2, 600, 660);
-    const QDate day = view->DateOfColumn(2);
+    calendar().selectRange(2, 600, 660);
+    const QDate day = view_->DateOfColumn(2);
     expectClient(0);
     expectEditor([](frmFHAppt& form) {
         form.cboChargetype->SelectKey(1);
@@ -127,12 +127,12 @@ TEST_F(CompanionCommands, InTheWeekAnAppointmentIsAddedOnTheDayOfTheColumn) {
     const int added = newest("ClientTransactions", "CtrnId").toInt();
     EXPECT_EQ(storedTime(added, "CtrnDate").date(), day);
     EXPECT_EQ(stored(added, "ProvId"), "1");
-    EXPECT_EQ(grid().SelectedItem(), scheduled(added));
+    EXPECT_EQ(calendar().SelectedItem(), scheduled(added));
 }
 
 TEST_F(CompanionCommands, WithoutAClientNoEditorOpens) {
     open();
-    grid().selectRange(ReedColumn, 600, 660);
+    calendar().selectRange(Reed, 600, 660);
     for (int time = 0; time < 2; ++time) {
         desk.expectForm("frmFHClients", [](QDialog& dialog) { dialog.reject(); });
         trigger("mnuAddAppt");
@@ -142,7 +142,7 @@ TEST_F(CompanionCommands, WithoutAClientNoEditorOpens) {
 
 TEST_F(CompanionCommands, AnEventIsAddedForTheProviderOfTheColumnAndStandsSelected) {
     open();
-    grid().selectRange(LaneColumn, 600, 660);
+    calendar().selectRange(Lane, 600, 660);
     expectEventEditor([](frmFHEvents& form) {
         form.txtevent->setText(QStringLiteral("Supervision"));
         form.cmdOk->click();
@@ -151,8 +151,8 @@ TEST_F(CompanionCommands, AnEventIsAddedForTheProviderOfTheColumnAndStandsSelect
     const int key = newest("CalendarEvents", "CEveId").toInt();
     EXPECT_EQ(companion.text("Select CEveName from CalendarEvents"), "Supervision");
     EXPECT_EQ(companion.text("Select ProvId from CalendarProviderEvents"), "2");
-    EXPECT_EQ(grid().SelectedItem(), meeting(key));
-    EXPECT_EQ(grid().ColumnOfItem(meeting(key)), LaneColumn);
+    EXPECT_EQ(calendar().SelectedItem(), event(key));
+    EXPECT_EQ(calendar().ColumnOfItem(event(key)), Lane);
 }
 
 TEST_F(CompanionCommands, ModifyingWithoutTheRightIsRefusedBeforeAnythingElse) {
@@ -163,7 +163,7 @@ TEST_F(CompanionCommands, ModifyingWithoutTheRightIsRefusedBeforeAnythingElse) {
     expectInformation(NoRightsToModify);
     key(Qt::Key_Return);
     expectInformation(NoRightsToModify);
-    doubleClick(grid().ItemRect(charged(charge)).center());
+    doubleClick(calendar().ItemRect(charged(charge)).center());
 }
 
 TEST_F(CompanionCommands, WhatCannotBeModifiedSaysWhy) {
@@ -172,7 +172,7 @@ TEST_F(CompanionCommands, WhatCannotBeModifiedSaysWhy) {
     open();
     expectInformation(NothingSelected);
     trigger("mnuModify");
-    grid().selectRange(ReedColumn, 600, 660);
+    calendar().selectRange(Reed, 600, 660);
     expectInformation(NothingSelected);
     trigger("mnuModify");
     select(charged(charge));
@@ -185,16 +185,16 @@ TEST_F(CompanionCommands, WhatCannotBeModifiedSaysWhy) {
 
 TEST_F(CompanionCommands, AnEventOfASeriesIsRefusedByEachCommand) {
     there("Insert Into RecurringEvents (RecrPattern, RecrDailyDays) Values (0, 1)");
-    const int staff = addEvent({.series = 1});
+    const int meeting = addEvent({.series = 1});
     there("Update CalendarEvents Set CEveEndDate = Null");
     open();
-    select(meeting(staff));
+    select(event(meeting));
     expectInformation("You cannot modify a recurring event in Solvane. Use Fernhall to modify this event.");
     key(Qt::Key_Return);
     expectInformation("Unable to delete a recurring event in Solvane. Use Fernhall to delete this event.");
     key(Qt::Key_Delete);
     expectInformation("You cannot modify a recurring event in Solvane. Use Fernhall to modify this event.");
-    dragTo(meeting(staff), ReedColumn, 660);
+    dragTo(event(meeting), Reed, 660);
     EXPECT_EQ(countThere("CalendarEvents"), 1);
 }
 
@@ -206,10 +206,10 @@ TEST_F(CompanionCommands, ADoubleClickAndEnterModifyTheAppointment) {
         form.txtduration->setValue(55);
         form.cmdOk->click();
     });
-    doubleClick(grid().ItemRect(scheduled(key)).center());
+    doubleClick(calendar().ItemRect(scheduled(key)).center());
     EXPECT_EQ(stored(key, "CtrnDuration"), "55");
     EXPECT_EQ(at(scheduled(key)).ItemEnd, 595);
-    EXPECT_EQ(grid().SelectedItem(), scheduled(key));
+    EXPECT_EQ(calendar().SelectedItem(), scheduled(key));
     expectEditor([](frmFHAppt& form) {
         form.txtduration->setValue(30);
         form.cmdOk->click();
@@ -221,13 +221,13 @@ TEST_F(CompanionCommands, ADoubleClickAndEnterModifyTheAppointment) {
 
 TEST_F(CompanionCommands, AnEditorThatIsCancelledChangesNothing) {
     const int key = add({});
-    const int staff = addEvent({});
+    const int meeting = addEvent({});
     open();
     select(scheduled(key));
     expectEditor([](frmFHAppt& form) { form.cmdCancel->click(); });
     trigger("mnuModify");
-    EXPECT_EQ(grid().SelectedItem(), scheduled(key));
-    select(meeting(staff));
+    EXPECT_EQ(calendar().SelectedItem(), scheduled(key));
+    select(event(meeting));
     expectEventEditor([](frmFHEvents& form) { form.cmdCancel->click(); });
     trigger("mnuModify");
     EXPECT_EQ(stored(key, "LastModifiedDate"), "");
@@ -235,17 +235,17 @@ TEST_F(CompanionCommands, AnEditorThatIsCancelledChangesNothing) {
 }
 
 TEST_F(CompanionCommands, AnEventIsModifiedInItsForm) {
-    const int staff = addEvent({.attendees = {1, 2}});
+    const int meeting = addEvent({.attendees = {1, 2}});
     open();
-    select(meeting(staff, LaneColumn));
+    select(event(meeting, Lane));
     expectEventEditor([](frmFHEvents& form) {
         EXPECT_EQ(form.txtevent->text(), "Staff meeting");
         form.txtevent->setText(QStringLiteral("Case conference"));
         form.cmdOk->click();
     });
     key(Qt::Key_Return);
-    EXPECT_EQ(at(meeting(staff, LaneColumn)).ItemText, "Case conference");
-    EXPECT_EQ(grid().SelectedItem(), meeting(staff, LaneColumn));
+    EXPECT_EQ(at(event(meeting, Lane)).ItemText, "Case conference");
+    EXPECT_EQ(calendar().SelectedItem(), event(meeting, Lane));
 }
 
 TEST_F(CompanionCommands, AnAppointmentChargedWhileItIsShownIsShownSoAfterItsEditor) {
@@ -267,7 +267,7 @@ TEST_F(CompanionCommands, DeletingWithoutTheRightIsRefusedBeforeAnythingElse) {
         select(scheduled(key));
         expectInformation(NoRightsToDelete);
         this->key(Qt::Key_Delete);
-        view.reset();
+        view_.reset();
     }
     EXPECT_EQ(countThere("ClientTransactions"), 1);
 }
@@ -297,7 +297,7 @@ TEST_F(CompanionCommands, AnAppointmentIsDeletedAfterTheQuestion) {
     expectQuestion(DeleteAppointment, Answer::Yes);
     this->key(Qt::Key_Delete);
     EXPECT_EQ(countThere("ClientTransactions"), 0);
-    EXPECT_EQ(grid().ItemCount(), 0);
+    EXPECT_EQ(calendar().ItemCount(), 0);
 }
 
 TEST_F(CompanionCommands, AnAppointmentChargedMeanwhileStaysWithoutABox) {
@@ -318,13 +318,13 @@ TEST_F(CompanionCommands, AnAppointmentThatIsGoneGoesWithoutAWord) {
     there("Delete from ClientTransactions");
     expectQuestion(DeleteAppointment, Answer::Yes);
     trigger("mnuDelete");
-    EXPECT_EQ(grid().ItemCount(), 0);
+    EXPECT_EQ(calendar().ItemCount(), 0);
     EXPECT_TRUE(bar.Texts().isEmpty());
 }
 
 TEST_F(CompanionCommands, ADeletionThatFailsIsToldAndLeavesTheViewAsItWas) {
     const int key = add({});
-    const int staff = addEvent({});
+    const int meeting = addEvent({});
     companion.refuse("Delete", "ClientTransactions");
     companion.refuse("Delete", "CalendarEvents");
     open();
@@ -334,28 +334,28 @@ TEST_F(CompanionCommands, ADeletionThatFailsIsToldAndLeavesTheViewAsItWas) {
         desk.expectBox(DeletionFailed + FailureOf(companion.connection(), "Delete from ClientTransactions"),
                        QStringLiteral("Error"));
         trigger("mnuDelete");
-        EXPECT_EQ(grid().SelectedItem(), scheduled(key));
-        select(meeting(staff));
+        EXPECT_EQ(calendar().SelectedItem(), scheduled(key));
+        select(event(meeting));
         expectQuestion(DeleteEvent, Answer::Yes);
         desk.expectBox(EventDeletionFailed + FailureOf(companion.connection(), "Delete from CalendarEvents"),
                        QStringLiteral("Error"));
         trigger("mnuDelete");
-        EXPECT_EQ(grid().SelectedItem(), meeting(staff));
+        EXPECT_EQ(calendar().SelectedItem(), event(meeting));
     }
 }
 
 TEST_F(CompanionCommands, AnEventForSeveralGoesFromOneColumnUntilNobodyIsLeft) {
-    const int staff = addEvent({.attendees = {1, 2}});
+    const int meeting = addEvent({.attendees = {1, 2}});
     open();
-    select(meeting(staff, ReedColumn));
+    select(event(meeting, Reed));
     expectQuestion(DeleteEvent, Answer::Yes);
     key(Qt::Key_Delete);
-    EXPECT_EQ(meeting(staff, ReedColumn), 0);
-    select(meeting(staff, LaneColumn));
+    EXPECT_EQ(event(meeting, Reed), 0);
+    select(event(meeting, Lane));
     expectQuestion(DeleteEvent, Answer::Yes);
     key(Qt::Key_Delete);
     EXPECT_EQ(countThere("CalendarEvents"), 0);
-    EXPECT_EQ(grid().ItemCount(), 0);
+    EXPECT_EQ(calendar().ItemCount(), 0);
     EXPECT_TRUE(bar.Texts().isEmpty());
 }
 
@@ -370,25 +370,25 @@ TEST_F(CompanionCommands, AnEventThatStaysSaysWhy) {
         trigger("mnuDelete");
         return bar.Texts();
     };
-    EXPECT_EQ(remove(meeting(everybodys, ReedColumn)),
+    EXPECT_EQ(remove(event(everybodys, Reed)),
               QStringList{"The provider does not attend the event any more. It stays here because it is for all "
                           "providers."});
     attend(everybodys, 3);
-    EXPECT_EQ(remove(meeting(everybodys, ReedColumn)),
+    EXPECT_EQ(remove(event(everybodys, Reed)),
               QStringList{"The event is for all providers. To delete it for everybody, open it."});
-    EXPECT_EQ(remove(meeting(nobodys, ReedColumn)),
+    EXPECT_EQ(remove(event(nobodys, Reed)),
               QStringList{"The event was not deleted, because nobody attends it. Only Fernhall can delete it."});
     there(db::Sql("Update CalendarProviderEvents Set ProvId = 2 Where CEveId = {}", others));
-    EXPECT_EQ(remove(meeting(others, ReedColumn)),
+    EXPECT_EQ(remove(event(others, Reed)),
               QStringList{"The event was not deleted, because the provider does not attend it any more."});
-    EXPECT_EQ(meeting(others, ReedColumn), 0);
+    EXPECT_EQ(event(others, Reed), 0);
     EXPECT_EQ(countThere("CalendarEvents"), 3);
 }
 
 TEST_F(CompanionCommands, AnEventOfASeriesByNowIsRefusedAfterTheQuestion) {
-    const int staff = addEvent({});
+    const int meeting = addEvent({});
     open();
-    select(meeting(staff));
+    select(event(meeting));
     there("Update CalendarEvents Set RecrId = 9");
     expectQuestion(DeleteEvent, Answer::Yes);
     expectInformation("Unable to delete a recurring event in Solvane. Use Fernhall to delete this event.");
@@ -410,8 +410,8 @@ TEST_F(CompanionCommands, AreGreyedByTheUsersRights) {
             EXPECT_EQ(command(name).isEnabled(), user.writes) << name << user.rights;
         EXPECT_EQ(command("mnuDelete").isEnabled(), user.deletes) << user.rights;
         EXPECT_EQ(command("mnuSessionNote").isEnabled(), user.makesNotes) << user.notes;
-        EXPECT_EQ(view->CanAdd(), user.writes);
-        view.reset();
+        EXPECT_EQ(view_->CanAdd(), user.writes);
+        view_.reset();
     }
 }
 
@@ -421,7 +421,7 @@ TEST_F(CompanionCommands, ACompanionWithoutTheColumnOffersNoSessionNote) {
     open();
     EXPECT_FALSE(command("mnuSessionNote").isEnabled());
     EXPECT_TRUE(command("mnuModify").isEnabled());
-    dragTo(scheduled(key), LaneColumn, 660);
+    dragTo(scheduled(key), Lane, 660);
     EXPECT_EQ(stored(key, "ProvId"), "2");
 }
 
@@ -430,9 +430,9 @@ TEST_F(CompanionCommands, APopupOffersWhatCanBeDoneThere) {
     open();
     for (int time = 0; time < 2; ++time) {
         popupAt(scheduled(key));
-        EXPECT_EQ(grid().SelectedItem(), scheduled(key));
+        EXPECT_EQ(calendar().SelectedItem(), scheduled(key));
         EXPECT_EQ(shownPopup(), (QStringList{"mnuModify", "mnuDelete", "mnuSessionNote"}));
-        rightClick(grid().CellRect(LaneColumn, 600).center());
+        rightClick(calendar().CellRect(Lane, 600).center());
         EXPECT_EQ(shownPopup(), (QStringList{"mnuAddAppt", "mnuAddEvent"}));
     }
     openWeek();

@@ -1,3 +1,5 @@
+#include <QDialog>
+
 #include "platform/calendar/content.h"
 #include "session/hiddennames.h"
 #include "tests/companion/schedulefixture.h"
@@ -20,18 +22,18 @@ TEST_F(CompanionDay, AppointmentsStandInTheColumnsOfTheirProviders) {
     add({.day = "2026/03/12", .time = "2026/03/12 9:00 AM"});
     add({.day = "2026/03/10", .time = "2026/03/10 9:00 AM"});
     open();
-    EXPECT_EQ(column(LaneColumn), QStringList{"540-590 O'Brien, Anna"});
-    EXPECT_EQ(column(MossColumn), QStringList());
-    EXPECT_EQ(column(ReedColumn), QStringList{"615-645 Stray, Sam"});
+    EXPECT_EQ(column(Lane), QStringList{"540-590 O'Brien, Anna"});
+    EXPECT_EQ(column(Moss), QStringList());
+    EXPECT_EQ(column(Reed), QStringList{"615-645 Stray, Sam"});
     EXPECT_EQ(main.dateText, "Wednesday, March 11, 2026");
 }
 
 TEST_F(CompanionDay, AnAppointmentOfTwoProvidersStandsInBothColumns) {
     add({.provider = 2, .second = 3});
     open();
-    EXPECT_EQ(column(LaneColumn), QStringList{"540-590 O'Brien, Anna"});
-    EXPECT_EQ(column(MossColumn), QStringList{"540-590 O'Brien, Anna"});
-    EXPECT_EQ(column(ReedColumn), QStringList());
+    EXPECT_EQ(column(Lane), QStringList{"540-590 O'Brien, Anna"});
+    EXPECT_EQ(column(Moss), QStringList{"540-590 O'Brien, Anna"});
+    EXPECT_EQ(column(Reed), QStringList());
 }
 
 TEST_F(CompanionDay, RowsWithoutATimeOrALengthAreNoAppointments) {
@@ -44,7 +46,7 @@ TEST_F(CompanionDay, RowsWithoutATimeOrALengthAreNoAppointments) {
     there("Insert Into TransactionCodes (TranName, TranType) Values('PAY', 'P')");
     there(db::Sql("Update ClientTransactions Set TranId = 2 Where CtrnId = {}", add({.time = "2026/03/11 1:00 PM"})));
     open();
-    EXPECT_EQ(column(ReedColumn), QStringList{"600-650 O'Brien, Anna"});
+    EXPECT_EQ(column(Reed), QStringList{"600-650 O'Brien, Anna"});
     EXPECT_EQ(appointment(timeOnly).ItemStart, 600);
 }
 
@@ -59,7 +61,7 @@ TEST_F(CompanionDay, ANoteIconStandsOnAppointmentsWithALinkedNote) {
     const int linked = add({.session = 7});
     const int noted = add({.time = "2026/03/11 11:00 AM", .notes = "Bring forms"});
     open();
-    EXPECT_TRUE(view->HasSVSessionCol());
+    EXPECT_TRUE(view_->HasSVSessionCol());
     EXPECT_TRUE(HasNoteIcon(appointment(linked)));
     EXPECT_EQ(appointment(linked).ItemSessionIcon, 1);
     EXPECT_FALSE(HasNoteIcon(appointment(noted)));
@@ -72,7 +74,7 @@ TEST_F(CompanionDay, AnOlderCompanionShowsANoteIconOnEveryAppointmentWithNoteTex
     const int noted = addPlain();
     there(db::Sql("Update ClientTransactions Set CtrnNotes = 'Bring forms' Where CtrnId = {}", noted));
     open();
-    EXPECT_FALSE(view->HasSVSessionCol());
+    EXPECT_FALSE(view_->HasSVSessionCol());
     EXPECT_FALSE(HasNoteIcon(appointment(plain)));
     EXPECT_TRUE(HasNoteIcon(appointment(noted)));
     EXPECT_EQ(appointment(noted).ItemSessionIcon, 0);
@@ -134,16 +136,16 @@ TEST_F(CompanionDay, AnEarlyAppointmentOpensTheDayAtItsMinute) {
     EXPECT_EQ(hours(grid()), "440-1079");
     EXPECT_EQ(grid().TopTime(), 440);
     main.SetDate(QDate(2026, 3, 12));
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(hours(grid()), "480-1079");
 }
 
 TEST_F(CompanionDay, AnEventOfSeveralProvidersStandsOnceInEachOfTheirColumns) {
     const int shared = addEvent({.attendees = {1, 2}});
     open();
-    EXPECT_EQ(column(LaneColumn), QStringList{"780-840 Staff meeting"});
-    EXPECT_EQ(column(MossColumn), QStringList());
-    EXPECT_EQ(column(ReedColumn), QStringList{"780-840 Staff meeting"});
+    EXPECT_EQ(column(Lane), QStringList{"780-840 Staff meeting"});
+    EXPECT_EQ(column(Moss), QStringList());
+    EXPECT_EQ(column(Reed), QStringList{"780-840 Staff meeting"});
     EXPECT_EQ(event(shared).ItemColor, companioncolor::Event);
     EXPECT_TRUE(event(shared).ItemTextLocked);
     EXPECT_TRUE(event(shared).ItemMoveLocked);
@@ -153,14 +155,14 @@ TEST_F(CompanionDay, AnEventOfSeveralProvidersStandsOnceInEachOfTheirColumns) {
 TEST_F(CompanionDay, AnEventOfAllProvidersStandsOnceInEveryColumn) {
     addEvent({.attendees = {1, 2}, .allProviders = true});
     open();
-    for (const int number : {LaneColumn, MossColumn, ReedColumn})
+    for (const int number : {Lane, Moss, Reed})
         EXPECT_EQ(column(number), QStringList{"780-840 Staff meeting"}) << number;
 }
 
 TEST_F(CompanionDay, AnEventWithoutAttendeesStandsInEveryColumn) {
     addEvent({.attendees = {}});
     open();
-    for (const int number : {LaneColumn, MossColumn, ReedColumn})
+    for (const int number : {Lane, Moss, Reed})
         EXPECT_EQ(column(number), QStringList{"780-840 Staff meeting"}) << number;
 }
 
@@ -169,9 +171,9 @@ TEST_F(CompanionDay, AnEventOfSeveralDaysShowsOnEachOfThem) {
                                 "'2026/03/10', '2026/03/12', '1900-01-01 13:00', 60");
     for (int day = 9; day <= 13; ++day) {
         main.SetDate(QDate(2026, 3, day));
-        if (view == nullptr)
+        if (view_ == nullptr)
             open();
-        view->Reload();
+        view_->Reload();
         EXPECT_EQ(hasEvent(key), day >= 10 && day <= 12) << day;
     }
 }
@@ -190,10 +192,10 @@ TEST_F(CompanionDay, OnlySingleEventsThatRemindNobodyOpenTheHoursBefore) {
     open();
     EXPECT_EQ(hours(grid()), "480-1079");
     addEventRow(columns, "0, '2026/03/11', '2026/03/11', '2026-03-11 07:40', 30");
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(hours(grid()), "420-1079");
     addEventRow(columns, "Null, '2026/03/11', '2026/03/11', '2026-03-11 05:30', 30");
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(hours(grid()), "300-1079");
 }
 
@@ -202,17 +204,17 @@ TEST_F(CompanionDay, OnlySeriesThatRemindOpenTheHoursBefore) {
     open();
     EXPECT_EQ(hours(grid()), "480-1079");
     addDailySeries("1900-01-01 06:10", "1");
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(hours(grid()), "360-1079");
 }
 
 TEST_F(CompanionDay, ASeriesShowsOnItsDaysAndIsMarked) {
     const int key = addDailySeries();
     open();
-    EXPECT_EQ(column(ReedColumn), QStringList{"540-570 Meeting"});
+    EXPECT_EQ(column(Reed), QStringList{"540-570 Meeting"});
     EXPECT_EQ(event(key).ItemSeriesIcon, 3);
     main.SetDate(QDate(2026, 3, 1));
-    view->Reload();
+    view_->Reload();
     EXPECT_FALSE(hasEvent(key));
 }
 
@@ -223,7 +225,7 @@ TEST_F(CompanionDay, ASeriesWithoutAnEndGoesOn) {
     EXPECT_TRUE(hasEvent(open_));
     EXPECT_FALSE(hasEvent(ended));
     main.SetDate(QDate(2036, 3, 11));
-    view->Reload();
+    view_->Reload();
     EXPECT_TRUE(hasEvent(open_));
 }
 
@@ -231,10 +233,10 @@ TEST_F(CompanionDay, AnExceptionOfOneProviderLeavesTheOthers) {
     const int key = addDailySeries("1900-01-01 09:00", "0", "Null", {1, 2});
     there("Insert Into RecurringEventExceptions (RecrId, RExcDate, ProvId) Values (1, '2026/03/11', 2)");
     open();
-    EXPECT_FALSE(hasEvent(key, LaneColumn));
-    EXPECT_TRUE(hasEvent(key, ReedColumn));
+    EXPECT_FALSE(hasEvent(key, Lane));
+    EXPECT_TRUE(hasEvent(key, Reed));
     there("Insert Into RecurringEventExceptions (RecrId, RExcDate, ProvId) Values (1, '2026/03/11', Null)");
-    view->Reload();
+    view_->Reload();
     EXPECT_FALSE(hasEvent(key));
 }
 
@@ -255,8 +257,8 @@ TEST_F(CompanionDay, ASeriesWithoutAnIntervalIsToldOnceAndTheRestIsShown) {
     add({.provider = 2});
     desk.expectBox("Error loading appointments. Division by zero", "Error");
     open();
-    EXPECT_TRUE(hasEvent(other, ReedColumn));
-    EXPECT_EQ(column(LaneColumn), QStringList{"540-590 O'Brien, Anna"});
+    EXPECT_TRUE(hasEvent(other, Reed));
+    EXPECT_EQ(column(Lane), QStringList{"540-590 O'Brien, Anna"});
 }
 
 TEST_F(CompanionDay, EventsWithBadTimesAreKeptInTheirPlace) {
@@ -279,13 +281,13 @@ TEST_F(CompanionDay, EventsWithBadTimesAreKeptInTheirPlace) {
 TEST_F(CompanionDay, AReloadKeepsThePlaceAndTheSelectedRow) {
     const int key = add({.time = "2026/03/11 3:00 PM"});
     open();
-    view->resize(1000, 300);
+    view_->resize(1000, 300);
     settle();
     selectAppointment(key);
     grid().setTopTime(720);
     const int top = grid().TopTime();
     there("Update ClientTransactions Set CtrnStatus = 'C'");
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(grid().TopTime(), top);
     EXPECT_EQ(grid().SelectedItem(), indexOf(key, companioncolor::Charged));
     EXPECT_FALSE(details().contains("Appointment|No Appointment Selected"));
@@ -297,7 +299,7 @@ TEST_F(CompanionDay, TheSelectionDoesNotGoOverToAnEventOfTheSameKey) {
     open();
     selectAppointment(key);
     there("Delete from ClientTransactions");
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(grid().SelectedItem(), 0);
     EXPECT_EQ(details(), QStringList{"Appointment|No Appointment Selected"});
 }
@@ -309,7 +311,7 @@ TEST_F(CompanionDay, HiddenNamesLeaveTheEventsReadable) {
     SetNamesHidden(true);
     EXPECT_EQ(appointment(key).ItemTextColor, TextColor::SameAsBackground);
     EXPECT_EQ(event(meeting).ItemTextColor, TextColor::Normal);
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(appointment(key).ItemTextColor, TextColor::SameAsBackground);
     SetNamesHidden(false);
     EXPECT_EQ(appointment(key).ItemTextColor, TextColor::Normal);
@@ -322,7 +324,7 @@ TEST_F(CompanionDay, ThePreferencesSetRowsAndHours) {
     Session().TimeUnit = 10;
     Session().MilitaryTime = true;
     Session().DayStartHour = 6;
-    view->ApplyPreferences();
+    view_->ApplyPreferences();
     EXPECT_EQ(grid().TimeInterval(), 10);
     EXPECT_TRUE(grid().TwentyFourHour());
     EXPECT_EQ(hours(grid()), "360-1079");
@@ -330,11 +332,11 @@ TEST_F(CompanionDay, ThePreferencesSetRowsAndHours) {
 
 TEST_F(CompanionDay, TheSelectionTellsTimeAndProvider) {
     open();
-    EXPECT_EQ(view->SelectedProvider(), std::nullopt);
-    EXPECT_EQ(view->SelectedTime(), std::nullopt);
-    grid().selectRange(MossColumn, 600, 660);
-    EXPECT_EQ(view->SelectedProvider()->provId, 3);
-    EXPECT_EQ(view->SelectedTime(), (SelectedSlot{QDate(2026, 3, 11), 600, 660}));
+    EXPECT_EQ(view_->SelectedProvider(), std::nullopt);
+    EXPECT_EQ(view_->SelectedTime(), std::nullopt);
+    grid().selectRange(Moss, 600, 660);
+    EXPECT_EQ(view_->SelectedProvider()->provId, 3);
+    EXPECT_EQ(view_->SelectedTime(), (SelectedSlot{QDate(2026, 3, 11), 600, 660}));
 }
 
 TEST_F(CompanionDay, TheKeysOfTheGridStepTheDay) {
@@ -343,7 +345,7 @@ TEST_F(CompanionDay, TheKeysOfTheGridStepTheDay) {
     QTest::keyClick(&grid(), Qt::Key_PageUp, Qt::ControlModifier);
     trigger("mnuVToday");
     EXPECT_EQ(main.asked, (QStringList{"cycledate 1", "cycledate 0", "today"}));
-    EXPECT_EQ(view->Stepped(QDate(2026, 3, 11), -1), QDate(2026, 3, 10));
+    EXPECT_EQ(view_->Stepped(QDate(2026, 3, 11), -1), QDate(2026, 3, 10));
 }
 
 TEST_F(CompanionDay, TheMenuOpensTheOtherViews) {
@@ -354,6 +356,17 @@ TEST_F(CompanionDay, TheMenuOpensTheOtherViews) {
               (QStringList{"changeview 0", "changeview 2", "changeview 3", "changeview 4", "changeview 5"}));
 }
 
+TEST_F(CompanionDay, TheLegendTellsTheColoursOfTheCompanion) {
+    open();
+    QStringList told;
+    desk.expectForm("frmcleg", [&told](QDialog& form) {
+        for (const QLabel* text : form.findChildren<QLabel*>(QStringLiteral("lblctext")))
+            told << text->text();
+    });
+    trigger("mnuVColor");
+    EXPECT_EQ(told, (QStringList{"Scheduled", "Charged", "Event"}));
+}
+
 TEST_F(CompanionDay, ADayOfThreeProvidersTakesFewTrips) {
     add({});
     add({.provider = 2});
@@ -362,10 +375,10 @@ TEST_F(CompanionDay, ADayOfThreeProvidersTakesFewTrips) {
     addDailySeries("1900-01-01 10:00", "0", "Null", {1, 2});
     open();
     // The login, the rows, the patterns, the exceptions.
-    EXPECT_TRUE(TakesAtMost(4, [&] { view->Reload(); }));
+    EXPECT_TRUE(TakesAtMost(4, [&] { view_->Reload(); }));
     selectAppointment(1);
     // The client's insurances and shares besides.
-    EXPECT_TRUE(TakesAtMost(5, [&] { view->Reload(); }));
+    EXPECT_TRUE(TakesAtMost(5, [&] { view_->Reload(); }));
     selectEvent(1);
     EXPECT_TRUE(TakesAtMost(3, [&] { selectAppointment(1); }));
 }

@@ -99,7 +99,7 @@ TEST_F(CompanionDetails, TheBalanceIsShownInWholeDollars) {
     for (const auto& [balance, shown] : std::vector<std::pair<const char*, QString>>{
              {"0", "Balance|$0"}, {"-1250.5", "Balance|-$1,251"}, {"0.49", "Balance|$0"}, {"-0.2", "Balance|$0"}}) {
         client(QByteArray("ClntCurrentBalance = ").append(balance).constData());
-        view->Reload();
+        view_->Reload();
         selectAppointment(key);
         EXPECT_EQ(rowsOf("Balance"), QStringList{shown}) << balance;
     }
@@ -127,13 +127,13 @@ TEST_F(CompanionDetails, EachAppointmentStatusHasItsWord) {
                                                          {3, "Missed"},   {4, "Arrived"},  {5, "Seen"}};
     for (const auto& [status, word] : words) {
         there(db::Sql("Update ClientTransactions Set appt_status = {}", status));
-        view->Reload();
+        view_->Reload();
         selectAppointment(key);
         EXPECT_EQ(details().last(), QStringLiteral("Appointment Status|") + word);
     }
     for (const int status : {-1, 6}) {
         there(db::Sql("Update ClientTransactions Set appt_status = {}", status));
-        view->Reload();
+        view_->Reload();
         selectAppointment(key);
         EXPECT_EQ(rowsOf("Appointment Status"), QStringList()) << status;
     }

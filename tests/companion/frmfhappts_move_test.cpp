@@ -32,10 +32,10 @@ class CompanionDrag : public CommandsFixture {
 TEST_F(CompanionDrag, StoresTheNewTimeAndKeepsTheItemThere) {
     const int key = add({});
     open();
-    dragTo(scheduled(key), ReedColumn, 660);
+    dragTo(scheduled(key), Reed, 660);
     expectStored(key, Wednesday, QTime(11, 0), 50, 1);
     EXPECT_EQ(at(scheduled(key)).ItemStart, 660);
-    dragTo(scheduled(key), ReedColumn, 720);
+    dragTo(scheduled(key), Reed, 720);
     expectStored(key, Wednesday, QTime(12, 0), 50, 1);
     EXPECT_TRUE(bar.Texts().isEmpty());
 }
@@ -43,9 +43,9 @@ TEST_F(CompanionDrag, StoresTheNewTimeAndKeepsTheItemThere) {
 TEST_F(CompanionDrag, ToAnotherColumnGivesTheAppointmentToItsProvider) {
     const int key = add({});
     open();
-    dragTo(scheduled(key), LaneColumn, 540);
+    dragTo(scheduled(key), Lane, 540);
     expectStored(key, Wednesday, QTime(9, 0), 50, 2);
-    EXPECT_EQ(grid().ColumnOfItem(scheduled(key)), LaneColumn);
+    EXPECT_EQ(calendar().ColumnOfItem(scheduled(key)), Lane);
     EXPECT_TRUE(bar.Texts().isEmpty());
 }
 
@@ -69,10 +69,10 @@ TEST_F(CompanionDrag, ByKeyStoresToo) {
 TEST_F(CompanionDrag, InTheWeekToAnotherDayTakesTheDayAlong) {
     const int key = add({});
     openWeek();
-    const int column = grid().ColumnOfItem(scheduled(key));
+    const int column = calendar().ColumnOfItem(scheduled(key));
     dragTo(scheduled(key), column + 1, 600);
     expectStored(key, Wednesday.addDays(1), QTime(10, 0), 50, 1);
-    EXPECT_EQ(grid().ColumnOfItem(scheduled(key)), column + 1);
+    EXPECT_EQ(calendar().ColumnOfItem(scheduled(key)), column + 1);
     dragTo(scheduled(key), column, 540);
     expectStored(key, Wednesday, QTime(9, 0), 50, 1);
 }
@@ -83,11 +83,11 @@ TEST_F(CompanionDrag, WithoutTheRightIsRefused) {
         Session().ScreenAccess = rights;
         open();
         expectInformation(NoRights);
-        dragTo(scheduled(key), ReedColumn, 660);
+        dragTo(scheduled(key), Reed, 660);
         expectInformation(NoRights);
-        dragTo(scheduled(key), LaneColumn, 540);
+        dragTo(scheduled(key), Lane, 540);
         EXPECT_EQ(at(scheduled(key)).ItemStart, 540);
-        view.reset();
+        view_.reset();
     }
     expectUntouched(key);
 }
@@ -95,13 +95,13 @@ TEST_F(CompanionDrag, WithoutTheRightIsRefused) {
 TEST_F(CompanionDrag, OfWhatCannotBeMovedSaysWhy) {
     const int charge = add({.status = "C"});
     const int series = add({.time = "2026/03/11 10:00 AM", .series = 3});
-    const int staff = addEvent({});
+    const int meeting = addEvent({});
     open();
     expectInformation(IsCharged);
-    dragTo(charged(charge), ReedColumn, 660);
+    dragTo(charged(charge), Reed, 660);
     expectInformation(Recurs);
-    dragTo(scheduled(series), ReedColumn, 660);
-    dragTo(meeting(staff), ReedColumn, 660);
+    dragTo(scheduled(series), Reed, 660);
+    dragTo(event(meeting), Reed, 660);
     EXPECT_EQ(bar.Texts(), QStringList{"An event cannot be dragged. Open it to change its time."});
     expectUntouched(charge);
     EXPECT_EQ(stored(series, "LastModifiedDate"), "");
@@ -111,9 +111,9 @@ TEST_F(CompanionDrag, OfWhatCannotBeMovedSaysWhy) {
 TEST_F(CompanionDrag, OfANotedAppointmentToAnotherProviderWarnsAndSaves) {
     const int key = add({.session = 41});
     open();
-    dragTo(scheduled(key), ReedColumn, 660);
+    dragTo(scheduled(key), Reed, 660);
     desk.expectBox(QString::fromLatin1(NoteStays), QStringLiteral("Solvane-Fernhall"));
-    dragTo(scheduled(key), LaneColumn, 660);
+    dragTo(scheduled(key), Lane, 660);
     expectStored(key, Wednesday, QTime(11, 0), 50, 2);
 }
 
@@ -121,7 +121,7 @@ TEST_F(CompanionDrag, OfANotedAppointmentOfTheSecondProviderWarnsBecauseItsProvi
     const int key = add({.provider = 2, .second = 1, .session = 41});
     open();
     desk.expectBox(QString::fromLatin1(NoteStays), QStringLiteral("Solvane-Fernhall"));
-    dragTo(scheduled(key, ReedColumn), ReedColumn, 660);
+    dragTo(scheduled(key, Reed), Reed, 660);
     expectStored(key, Wednesday, QTime(11, 0), 50, 1);
 }
 
@@ -129,18 +129,18 @@ TEST_F(CompanionDrag, OfANotedAppointmentInTheWeekOfAnotherProviderWarns) {
     const int key = add({.provider = 2, .second = 1, .session = 41});
     openWeek();
     desk.expectBox(QString::fromLatin1(NoteStays), QStringLiteral("Solvane-Fernhall"));
-    dragTo(scheduled(key), grid().ColumnOfItem(scheduled(key)), 660);
+    dragTo(scheduled(key), calendar().ColumnOfItem(scheduled(key)), 660);
     expectStored(key, Wednesday, QTime(11, 0), 50, 1);
 }
 
 TEST_F(CompanionDrag, OfOneOfTwoItemsOfARowMovesTheOtherOrTakesItAway) {
     const int key = add({.provider = 2, .second = 1});
     open();
-    dragTo(scheduled(key, LaneColumn), LaneColumn, 660);
-    EXPECT_EQ(at(scheduled(key, ReedColumn)).ItemStart, 660);
+    dragTo(scheduled(key, Lane), Lane, 660);
+    EXPECT_EQ(at(scheduled(key, Reed)).ItemStart, 660);
     EXPECT_TRUE(bar.Texts().isEmpty());
-    dragTo(scheduled(key, ReedColumn), ReedColumn, 720);
-    EXPECT_EQ(scheduled(key, LaneColumn), 0);
+    dragTo(scheduled(key, Reed), Reed, 720);
+    EXPECT_EQ(scheduled(key, Lane), 0);
     EXPECT_EQ(stored(key, "ProvId"), "1");
     EXPECT_EQ(bar.Texts().size(), 1);
 }
@@ -150,7 +150,7 @@ TEST_F(CompanionDrag, OfAnAppointmentChargedMeanwhileIsRefusedAndShowsIt) {
     open();
     there("Update ClientTransactions Set CtrnStatus = 'C'");
     expectInformation(IsCharged);
-    dragTo(scheduled(key), LaneColumn, 660);
+    dragTo(scheduled(key), Lane, 660);
     EXPECT_EQ(at(charged(key)).ItemStart, 540);
     expectUntouched(key);
 }
@@ -160,7 +160,7 @@ TEST_F(CompanionDrag, OfAnAppointmentOfASeriesByNowIsRefused) {
     open();
     there("Update ClientTransactions Set RecurTranId = 4");
     expectInformation(Recurs);
-    dragTo(scheduled(key), LaneColumn, 660);
+    dragTo(scheduled(key), Lane, 660);
     expectUntouched(key);
 }
 
@@ -168,7 +168,7 @@ TEST_F(CompanionDrag, OfAnAppointmentDeletedMeanwhileShowsThatItIsGone) {
     const int key = add({});
     open();
     there("Delete from ClientTransactions");
-    dragTo(scheduled(key), ReedColumn, 660);
+    dragTo(scheduled(key), Reed, 660);
     EXPECT_EQ(scheduled(key), 0);
     EXPECT_EQ(bar.Texts(), QStringList{"The appointment was not moved. Another user has deleted it meanwhile."});
 }
@@ -177,7 +177,7 @@ TEST_F(CompanionDrag, OfAnAppointmentPutOnAnotherDayMeanwhileLeavesItThere) {
     const int key = add({});
     open();
     there("Update ClientTransactions Set CtrnDate = '2026/03/12'");
-    dragTo(scheduled(key), ReedColumn, 660);
+    dragTo(scheduled(key), Reed, 660);
     EXPECT_EQ(scheduled(key), 0);
     EXPECT_EQ(storedTime(key, "CtrnTime").time(), QTime(9, 0));
     EXPECT_EQ(bar.Texts().size(), 1);
@@ -187,12 +187,12 @@ TEST_F(CompanionDrag, OverAnotherUsersChangeSaysThatItWasReplaced) {
     const int key = add({});
     open();
     there("Update ClientTransactions Set CtrnDuration = 80");
-    dragTo(scheduled(key), ReedColumn, 660);
+    dragTo(scheduled(key), Reed, 660);
     expectStored(key, Wednesday, QTime(11, 0), 50, 1);
     EXPECT_EQ(
         bar.Texts(),
         QStringList{"Another user had changed the time or the provider of the appointment meanwhile. Yours stand."});
-    dragTo(scheduled(key), ReedColumn, 720);
+    dragTo(scheduled(key), Reed, 720);
     EXPECT_TRUE(bar.Texts().isEmpty());
 }
 
@@ -204,13 +204,13 @@ TEST_F(CompanionDrag, ThatFailsIsToldAndTheItemJumpsBack) {
         FailureOf(companion.connection(), QStringLiteral("Update ClientTransactions Set CtrnDuration = 1"));
     for (int time = 0; time < 2; ++time) {
         desk.expectBox(Failed + reason, QStringLiteral("Error"));
-        dragTo(scheduled(key), LaneColumn, 660);
+        dragTo(scheduled(key), Lane, 660);
         EXPECT_EQ(at(scheduled(key)).ItemStart, 540);
-        EXPECT_EQ(grid().ColumnOfItem(scheduled(key)), ReedColumn);
+        EXPECT_EQ(calendar().ColumnOfItem(scheduled(key)), Reed);
     }
     expectUntouched(key);
     companion.allow("Update", "ClientTransactions");
-    dragTo(scheduled(key), LaneColumn, 660);
+    dragTo(scheduled(key), Lane, 660);
     expectStored(key, Wednesday, QTime(11, 0), 50, 2);
 }
 
@@ -229,9 +229,9 @@ TEST_F(CompanionDrag, WhoseNoteCannotBeLookedUpIsToldAndTheItemJumpsBack) {
     }
     desk.expectBox(Failed + reason, QStringLiteral("Error"));
     desk.expectBox(QStringLiteral("Error loading appointments. ") + reason, QStringLiteral("Error"));
-    dragTo(scheduled(key), LaneColumn, 660);
+    dragTo(scheduled(key), Lane, 660);
     Session().FHConnectionString = text;
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(at(scheduled(key)).ItemStart, 540);
     expectUntouched(key);
 }
@@ -239,7 +239,7 @@ TEST_F(CompanionDrag, WhoseNoteCannotBeLookedUpIsToldAndTheItemJumpsBack) {
 TEST_F(CompanionDrag, OfAnAppointmentBeyondMidnightKeepsItsLength) {
     const int key = add({.duration = 2000});
     open();
-    dragTo(scheduled(key), ReedColumn, 480);
+    dragTo(scheduled(key), Reed, 480);
     expectStored(key, Wednesday, QTime(8, 0), 2000, 1);
 }
 

@@ -37,15 +37,15 @@ TEST_F(CompanionNoteCommand, WithoutASelectedAppointmentIsRefused) {
     open();
     desk.expectBox(QStringLiteral("No appointment selected. First select an appointment."), QStringLiteral("Warning"));
     trigger("mnuSessionNote");
-    grid().selectRange(ReedColumn, 600, 660);
+    calendar().selectRange(Reed, 600, 660);
     desk.expectBox(QStringLiteral("No appointment selected. First select an appointment."), QStringLiteral("Warning"));
     trigger("mnuSessionNote");
 }
 
 TEST_F(CompanionNoteCommand, OnAnEventIsRefused) {
-    const int staff = addEvent({});
+    const int meeting = addEvent({});
     open();
-    select(meeting(staff));
+    select(event(meeting));
     expectInformation("Select a patient appointment.");
     trigger("mnuSessionNote");
 }
@@ -62,12 +62,12 @@ TEST_F(CompanionNoteCommand, MakesTheNoteOfTheDayAndShowsItsIconAndThenOpensIt) 
         const QString id = stored(key, "SVSessionID");
         EXPECT_TRUE(HasNoteIcon(at(index())));
         EXPECT_EQ(started, QStringList{id + QStringLiteral("|REED|1|P1")});
-        EXPECT_EQ(database.text(db::Sql("Select CPTCode from sessions Where id = {}", id.toInt())), "90834");
+        EXPECT_EQ(database_.text(db::Sql("Select CPTCode from sessions Where id = {}", id.toInt())), "90834");
         trigger("mnuSessionNote");
         EXPECT_EQ(started.back(), id + QStringLiteral("|REED|2|P1"));
-        view->Reload();
+        view_->Reload();
         EXPECT_TRUE(HasNoteIcon(at(index())));
-        view.reset();
+        view_.reset();
         there("Delete from ClientTransactions");
     }
 }
@@ -80,22 +80,22 @@ TEST_F(CompanionNoteCommand, InTheWeekSetsTheStatusIcon) {
     trigger("mnuSessionNote");
     EXPECT_EQ(at(scheduled(key)).ItemStatusIcon, 1);
     EXPECT_FALSE(HasNoteIcon(at(scheduled(key))));
-    view->Reload();
+    view_->Reload();
     EXPECT_TRUE(HasNoteIcon(at(scheduled(key))));
 }
 
 TEST_F(CompanionNoteCommand, AsksForThePairOfTheColumnsProvider) {
     const int key = add({.provider = 3, .second = 1});
     open();
-    select(indexOf(key, companioncolor::Scheduled, MossColumn));
+    select(indexOf(key, companioncolor::Scheduled, Moss));
     desk.expectBox(
         QStringLiteral("The provider for this session is not linked to a provider in Solvane. Unable to do a note."),
         QStringLiteral("Solvane"));
     trigger("mnuSessionNote");
-    select(indexOf(key, companioncolor::Scheduled, ReedColumn));
+    select(indexOf(key, companioncolor::Scheduled, Reed));
     expectType();
     trigger("mnuSessionNote");
-    EXPECT_TRUE(HasNoteIcon(at(scheduled(key, MossColumn))));
+    EXPECT_TRUE(HasNoteIcon(at(scheduled(key, Moss))));
 }
 
 TEST_F(CompanionNoteCommand, OnAnAppointmentThatIsGoneReloads) {
@@ -106,6 +106,6 @@ TEST_F(CompanionNoteCommand, OnAnAppointmentThatIsGoneReloads) {
     desk.expectBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
                    QStringLiteral("Appointment not found"));
     trigger("mnuSessionNote");
-    EXPECT_EQ(grid().ItemCount(), 0);
+    EXPECT_EQ(calendar().ItemCount(), 0);
     EXPECT_TRUE(started.isEmpty());
 }

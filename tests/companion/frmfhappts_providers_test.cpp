@@ -9,7 +9,7 @@ namespace {
 class CompanionProviders : public ScheduleFixture {
   protected:
     [[nodiscard]] QString kept() {
-        return database.text(
+        return database_.text(
             "Select UP_PD_Value from User_Preferences where UP_Pref_Category = 'Interfaces' and UP_Pref_Detail = 'SVSchedulerFHTherapistList' AND UP_UserID = 'REED'");
     }
     void keep(const char* choice) {
@@ -18,7 +18,7 @@ class CompanionProviders : public ScheduleFixture {
             choice));
     }
     void tryAgain() {
-        auto* button = view->findChild<QWidget*>(QStringLiteral("unread"))->findChild<QAbstractButton*>();
+        auto* button = view_->findChild<QWidget*>(QStringLiteral("unread"))->findChild<QAbstractButton*>();
         QTest::mouseClick(button, Qt::LeftButton);
         settle();
     }
@@ -32,9 +32,9 @@ TEST_F(CompanionProviders, EachProviderHasAColumnInTheOrderOfTheNames) {
     open();
     EXPECT_EQ(titles(), (QStringList{"Lane, Ben", "Moss, Eve", "Reed, Ada"}));
     EXPECT_EQ(checks(), "+Lane, Ben +Moss, Eve +Reed, Ada");
-    EXPECT_EQ(view->ProviderOfColumn(2), (CompanionProvider{3, "Moss, Eve"}));
-    EXPECT_EQ(view->ProviderOfColumn(0), std::nullopt);
-    EXPECT_EQ(view->ProviderOfColumn(4), std::nullopt);
+    EXPECT_EQ(view_->ProviderOfColumn(2), (CompanionProvider{3, "Moss, Eve"}));
+    EXPECT_EQ(view_->ProviderOfColumn(0), std::nullopt);
+    EXPECT_EQ(view_->ProviderOfColumn(4), std::nullopt);
 }
 
 TEST_F(CompanionProviders, AUserOfTheOwnScheduleSeesThePairedProviderOnly) {
@@ -50,7 +50,7 @@ TEST_F(CompanionProviders, AProviderWhoIsClearedLosesTheColumnAndTheChoiceIsKept
     EXPECT_EQ(kept(), "");
     clickBox(1);
     EXPECT_EQ(titles(), (QStringList{"Lane, Ben", "Reed, Ada"}));
-    EXPECT_EQ(view->ProviderOfColumn(2)->provId, 1);
+    EXPECT_EQ(view_->ProviderOfColumn(2)->provId, 1);
     EXPECT_EQ(kept(), "") << "The choice is stored when the view is left.";
     reopen();
     EXPECT_EQ(kept(), "2|1|");
@@ -64,10 +64,10 @@ TEST_F(CompanionProviders, TheRowOfTheChoiceIsMadeWhenItIsMissing) {
     EXPECT_EQ(kept(), "(none)");
     open();
     EXPECT_EQ(kept(), "");
-    const db::Recordset row("Select * from User_Preferences", database.connection());
+    const db::Recordset row("Select * from User_Preferences", database_.connection());
     EXPECT_EQ(row["UP_DateCreated"].date(), QDate(2026, 3, 11));
     reopen();
-    EXPECT_EQ(database.number("Select Count(*) from User_Preferences"), 1);
+    EXPECT_EQ(database_.number("Select Count(*) from User_Preferences"), 1);
 }
 
 TEST_F(CompanionProviders, AKeptChoiceIsComparedAsText) {
@@ -103,7 +103,7 @@ TEST_F(CompanionProviders, SelectAllChecksEverybodyAndLoadsTheirDay) {
     EXPECT_EQ(titles().size(), 1);
     trigger("mnuProvSelectAll");
     EXPECT_EQ(checks(), "+Lane, Ben +Moss, Eve +Reed, Ada");
-    EXPECT_EQ(column(ReedColumn), QStringList{"540-590 O'Brien, Anna"});
+    EXPECT_EQ(column(Reed), QStringList{"540-590 O'Brien, Anna"});
     trigger("mnuProvSelectAll");
     EXPECT_EQ(titles().size(), 3);
 }
@@ -111,7 +111,7 @@ TEST_F(CompanionProviders, SelectAllChecksEverybodyAndLoadsTheirDay) {
 TEST_F(CompanionProviders, TheListOffersSelectAllByTheMenuKey) {
     keep("2|");
     open();
-    auto* popup = view->findChild<QMenu*>(QStringLiteral("popupProviders"));
+    auto* popup = view_->findChild<QMenu*>(QStringLiteral("popupProviders"));
     for (int time = 0; time < 2; ++time) {
         providers().SelectRow(0);
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, providers().mapToGlobal(QPoint(5, 5)));
@@ -131,7 +131,7 @@ TEST_F(CompanionProviders, WithoutAProviderTheUserIsToldSo) {
     desk.expectBox("No matching or paired provider in Fernhall for current user. Unable to load schedule.", "Solvane");
     open();
     EXPECT_EQ(titles(), QStringList());
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(grid().ItemCount(), 0);
 }
 
@@ -142,7 +142,7 @@ TEST_F(CompanionProviders, AnUnpairedUserOfAllSchedulesSeesTheOthers) {
 }
 
 TEST_F(CompanionProviders, AChoiceThatCannotBeMadeIsToldAndEverybodyIsShown) {
-    const QString why = database.refuse("Insert", "User_Preferences");
+    const QString why = database_.refuse("Insert", "User_Preferences");
     desk.expectBox("Error loading last saved therapist filter. " + why, "Error Getting Information");
     open();
     EXPECT_EQ(titles().size(), 3);
@@ -154,11 +154,11 @@ TEST_F(CompanionProviders, ACompanionThatIsAwayIsToldOnceAndCanBeTriedAgain) {
     desk.expectBox(told + why, "Error");
     open();
     EXPECT_EQ(titles(), QStringList());
-    EXPECT_EQ(database.number("Select Count(*) from User_Preferences"), 0);
+    EXPECT_EQ(database_.number("Select Count(*) from User_Preferences"), 0);
     bringCompanionBack();
     tryAgain();
     EXPECT_EQ(titles().size(), 3);
-    EXPECT_EQ(column(ReedColumn), QStringList{"540-590 O'Brien, Anna"});
+    EXPECT_EQ(column(Reed), QStringList{"540-590 O'Brien, Anna"});
 }
 
 TEST_F(CompanionProviders, AnUnreadListKeepsTheStoredChoice) {
@@ -166,7 +166,7 @@ TEST_F(CompanionProviders, AnUnreadListKeepsTheStoredChoice) {
     const QString why = takeCompanionAway();
     desk.expectBox(told + why, "Error");
     open();
-    view->close();
+    view_->close();
     EXPECT_EQ(kept(), "2|");
 }
 
@@ -175,18 +175,18 @@ TEST_F(CompanionProviders, ACompanionThatGoesAwayLaterIsToldOnceForAllColumns) {
     open();
     const QString why = takeCompanionAway();
     desk.expectBox("Error loading appointments. " + why, "Error");
-    view->Reload();
+    view_->Reload();
     settle();
     EXPECT_EQ(grid().ItemCount(), 0);
     bringCompanionBack();
-    view->Reload();
-    EXPECT_EQ(column(ReedColumn), QStringList{"540-590 O'Brien, Anna"});
+    view_->Reload();
+    EXPECT_EQ(column(Reed), QStringList{"540-590 O'Brien, Anna"});
 }
 
 TEST_F(CompanionProviders, AProviderUnpairedMeanwhileStaysOnTheListUntilItIsReadAnew) {
     open();
     there("Delete from Providers Where ProvId = 3");
-    view->Reload();
+    view_->Reload();
     EXPECT_EQ(titles().size(), 3);
     reopen();
     EXPECT_EQ(checks(), "+Lane, Ben +Reed, Ada");

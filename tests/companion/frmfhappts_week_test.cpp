@@ -35,7 +35,7 @@ TEST_F(CompanionWeek, NeedsAProviderThatIsSelected) {
     for (const char* name : {"mnuAShow", "mnuWeek"}) {
         desk.expectBox("Select a provider by clicking in the column.", "Solvane");
         trigger(name);
-        EXPECT_EQ(view->ShownMode(), frmFHAppts::Mode::Day);
+        EXPECT_EQ(view_->ShownMode(), frmFHAppts::Mode::Day);
         EXPECT_FALSE(command("mnuWeek").isChecked());
     }
 }
@@ -46,8 +46,8 @@ TEST_F(CompanionWeek, ShowsSevenDaysOfTheSelectedProvider) {
     add({.provider = 2, .time = "2026/03/11 11:00 AM"});
     add({.day = "2026/03/10", .time = "2026/03/10 9:00 AM"});
     open();
-    openWeekOf(ReedColumn);
-    EXPECT_EQ(view->ShownMode(), frmFHAppts::Mode::Week);
+    openWeekOf(Reed);
+    EXPECT_EQ(view_->ShownMode(), frmFHAppts::Mode::Week);
     EXPECT_EQ(grid().objectName(), "ctMDay2");
     EXPECT_EQ(label("pnlView"), " Week Schedule for: Reed, Ada");
     EXPECT_EQ(command("mnuAShow").text(), "&Show Day View");
@@ -57,8 +57,8 @@ TEST_F(CompanionWeek, ShowsSevenDaysOfTheSelectedProvider) {
     EXPECT_EQ(column(1), QStringList{"540-590 O'Brien, Anna"});
     EXPECT_EQ(column(7), QStringList{"840-890 Stray, Sam"});
     EXPECT_EQ(main.title, "Week of March 11, 2026");
-    EXPECT_EQ(view->ProviderOfColumn(5)->provId, 1);
-    EXPECT_EQ(view->DateOfColumn(7), QDate(2026, 3, 17));
+    EXPECT_EQ(view_->ProviderOfColumn(5)->provId, 1);
+    EXPECT_EQ(view_->DateOfColumn(7), QDate(2026, 3, 17));
 }
 
 TEST_F(CompanionWeek, TheWeekOfAnAppointmentIsThatOfItsColumn) {
@@ -73,13 +73,13 @@ TEST_F(CompanionWeek, TheSameCommandLeadsBackToTheDay) {
     add({});
     open();
     for (int time = 0; time < 2; ++time) {
-        openWeekOf(ReedColumn);
-        EXPECT_EQ(view->ShownMode(), frmFHAppts::Mode::Week);
+        openWeekOf(Reed);
+        EXPECT_EQ(view_->ShownMode(), frmFHAppts::Mode::Week);
         trigger("mnuAShow");
-        EXPECT_EQ(view->ShownMode(), frmFHAppts::Mode::Day);
+        EXPECT_EQ(view_->ShownMode(), frmFHAppts::Mode::Day);
         EXPECT_EQ(command("mnuAShow").text(), "&Show Week View");
         EXPECT_TRUE(providers().isVisible());
-        EXPECT_EQ(column(ReedColumn), QStringList{"540-590 O'Brien, Anna"});
+        EXPECT_EQ(column(Reed), QStringList{"540-590 O'Brien, Anna"});
         EXPECT_EQ(main.title, "Wednesday, March 11, 2026");
         EXPECT_TRUE(grid().hasFocus());
     }
@@ -89,7 +89,7 @@ TEST_F(CompanionWeek, EightDaysAreReadForSevenShown) {
     const int eighth = add({.day = "2026/03/18", .time = "2026/03/18 6:10 AM"});
     add({.day = "2026/03/19", .time = "2026/03/19 5:00 AM"});
     open();
-    openWeekOf(ReedColumn);
+    openWeekOf(Reed);
     EXPECT_EQ(grid().ColumnOfItem(indexOf(eighth, companioncolor::Scheduled)), 0);
     EXPECT_EQ(grid().FirstTime(), 370) << "The eighth day opens the hours, too.";
 }
@@ -100,7 +100,7 @@ TEST_F(CompanionWeek, AnEventOfSeveralDaysStandsOnItsFirst) {
     const int before = addEventRow("CEveDate, CEveEndDate, CEveTime, CEveDuration",
                                    "'2026/03/10', '2026/03/12', '2026-03-10 13:00', 60");
     open();
-    openWeekOf(ReedColumn);
+    openWeekOf(Reed);
     EXPECT_TRUE(hasEvent(within, 2));
     EXPECT_FALSE(hasEvent(within, 3));
     EXPECT_EQ(grid().ColumnOfItem(indexOf(before, companioncolor::Event)), 0);
@@ -110,7 +110,7 @@ TEST_F(CompanionWeek, ASeriesStandsOnEachOfItsDays) {
     const int key = addDailySeries("1900-01-01 09:00", "0", "'2026/03/14'", {1, 2});
     there("Insert Into RecurringEventExceptions (RecrId, RExcDate) Values (1, '2026/03/12')");
     open();
-    openWeekOf(ReedColumn);
+    openWeekOf(Reed);
     QList<int> days;
     for (int number = 1; number <= 7; ++number)
         if (hasEvent(key, number))
@@ -121,20 +121,20 @@ TEST_F(CompanionWeek, ASeriesStandsOnEachOfItsDays) {
 TEST_F(CompanionWeek, AStepMovesTheWeekByADay) {
     add({});
     open();
-    openWeekOf(ReedColumn);
-    main.SetDate(view->Stepped(main.Date(), -1));
-    view->Reload();
+    openWeekOf(Reed);
+    main.SetDate(view_->Stepped(main.Date(), -1));
+    view_->Reload();
     EXPECT_EQ(column(2), QStringList{"540-590 O'Brien, Anna"});
     EXPECT_EQ(main.title, "Week of March 10, 2026");
 }
 
 TEST_F(CompanionWeek, TheWeekThatCannotBeReadIsTold) {
     open();
-    openWeekOf(ReedColumn);
+    openWeekOf(Reed);
     Session().FHConnectionString = companion.connectionText();
     const QString why = DropTable(companion.connection(), "ClientTransactions");
     desk.expectBox("Error loading appointments. " + why, "Error");
-    view->Reload();
+    view_->Reload();
     settle();
 }
 
@@ -148,7 +148,7 @@ TEST_F(CompanionWeek, TheDayIsPrintedWithTheProvidersOfThePrintOptions) {
 
 TEST_F(CompanionWeek, TheWeekIsPrintedOnOnePageAfterTheHint) {
     open();
-    openWeekOf(LaneColumn);
+    openWeekOf(Lane);
     for (int time = 0; time < 2; ++time) {
         desk.expectBox("To print in Landscape mode, select Printer Properties from Print dialog window.", "Solvane");
         const printing::Document document = print();

@@ -1,44 +1,29 @@
 #pragma once
 
-#include <QAction>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QTest>
 
-#include "companion/companionitem.h"
-#include "companion/frmfhappts.h"
-#include "platform/calendar/ctmday.h"
 #include "platform/controls/ctlist.h"
-#include "tests/companion/writesfixture.h"
+#include "tests/companion/commandsfixture.h"
 
-/// The companion's schedule of Wednesday, March 11, 2026, with a column each for Lane (1), Moss (2) and Reed (3),
-/// before Reed, who may see all schedules. The test itself is the companion's other users.
-class ScheduleFixture : public WritesFixture {
+/// The companion's schedule as Reed sees it, who may see all schedules: columns, items, providers, details. The test
+/// itself is the companion's other users.
+class ScheduleFixture : public CommandsFixture {
   protected:
-    static constexpr int LaneColumn = 1, MossColumn = 2, ReedColumn = 3;
-
-    frmFHAppts& open() {
-        view = std::make_unique<frmFHAppts>(main);
-        view->resize(1000, 700);
-        view->show();
-        view->activateWindow();
-        settle();
-        return *view;
-    }
     /// What is told after a routine has been told when this returns.
     static void settleBoxes() {
         QTest::qWait(0);
         settle();
     }
     void reopen() {
-        view->close();
-        view.reset();
+        view_->close();
+        view_.reset();
         open();
     }
 
-    [[nodiscard]] ctMDay& grid() const { return view->Grid(); }
+    [[nodiscard]] ctMDay& grid() { return view_->Grid(); }
     /// The items that stand in a column: "540-590 O'Brien, Anna", in their order.
-    [[nodiscard]] QStringList column(int number) const {
+    [[nodiscard]] QStringList column(int number) {
         QStringList found;
         for (int index = 1; index <= grid().ItemCount(); ++index) {
             const CalendarItem& item = std::as_const(grid()).Item(index);
@@ -48,26 +33,15 @@ class ScheduleFixture : public WritesFixture {
         found.sort();
         return found;
     }
-    [[nodiscard]] int indexOf(int key, int color, int inColumn = 0) const {
-        for (int index = 1; index <= grid().ItemCount(); ++index) {
-            const CalendarItem& item = std::as_const(grid()).Item(index);
-            if (item.ItemKey.toInt() == key && item.ItemColor == color &&
-                (inColumn == 0 || grid().ColumnOfItem(index) == inColumn))
-                return index;
-        }
-        return 0;
-    }
     /// The item of an appointment, in whichever column; an empty one when there is none.
-    [[nodiscard]] CalendarItem appointment(int key) const {
+    [[nodiscard]] CalendarItem appointment(int key) {
         const int scheduled = indexOf(key, companioncolor::Scheduled);
         return std::as_const(grid()).Item(scheduled > 0 ? scheduled : indexOf(key, companioncolor::Charged));
     }
-    [[nodiscard]] CalendarItem event(int key) const {
+    [[nodiscard]] CalendarItem event(int key) {
         return std::as_const(grid()).Item(indexOf(key, companioncolor::Event));
     }
-    [[nodiscard]] bool hasEvent(int key, int inColumn = 0) const {
-        return indexOf(key, companioncolor::Event, inColumn) > 0;
-    }
+    [[nodiscard]] bool hasEvent(int key, int inColumn = 0) { return indexOf(key, companioncolor::Event, inColumn) > 0; }
     void selectAppointment(int key) {
         grid().setSelectedItem(
             std::max(indexOf(key, companioncolor::Scheduled), indexOf(key, companioncolor::Charged)));
@@ -78,9 +52,9 @@ class ScheduleFixture : public WritesFixture {
         settleBoxes();
     }
 
-    [[nodiscard]] ctList& providers() const { return *view->findChild<ctList*>(QStringLiteral("ctList1")); }
+    [[nodiscard]] ctList& providers() { return *view_->findChild<ctList*>(QStringLiteral("ctList1")); }
     /// The providers' boxes in the order of the list: "+Lane, Ben -Moss, Eve".
-    [[nodiscard]] QString checks() const {
+    [[nodiscard]] QString checks() {
         QStringList boxes;
         for (int row = 0; row < providers().RowCount(); ++row)
             boxes << QLatin1Char(providers().Checked(row, 1) ? '+' : '-') + providers().ItemText(row);
@@ -91,7 +65,7 @@ class ScheduleFixture : public WritesFixture {
         QTest::keyClick(&providers(), Qt::Key_Space);
         settle();
     }
-    [[nodiscard]] QStringList titles() const {
+    [[nodiscard]] QStringList titles() {
         QStringList found;
         for (int number = 1; number <= grid().ColumnCount(); ++number)
             found << grid().ColumnTitle(number);
@@ -99,25 +73,16 @@ class ScheduleFixture : public WritesFixture {
     }
 
     /// The rows of the details: "Name|Anna O'Brien".
-    [[nodiscard]] QStringList details() const {
-        const auto& list = *view->findChild<ctList*>(QStringLiteral("ctListInfo"));
+    [[nodiscard]] QStringList details() {
+        const auto& list = *view_->findChild<ctList*>(QStringLiteral("ctListInfo"));
         QStringList rows;
         for (int row = 0; row < list.RowCount(); ++row)
             rows << list.ShownCells(row).join(QLatin1Char('|'));
         return rows;
     }
-    [[nodiscard]] QString note() const {
-        return view->findChild<QPlainTextEdit*>(QStringLiteral("txtnote"))->toPlainText();
-    }
-    [[nodiscard]] QString label(const char* name) const {
-        return view->findChild<QLabel*>(QString::fromLatin1(name))->text();
-    }
-    [[nodiscard]] QAction& command(const char* name) const {
-        return *view->findChild<QAction*>(QString::fromLatin1(name));
-    }
-    void trigger(const char* name) {
-        command(name).trigger();
-        settle();
+    [[nodiscard]] QString note() { return view_->findChild<QPlainTextEdit*>(QStringLiteral("txtnote"))->toPlainText(); }
+    [[nodiscard]] QString label(const char* name) {
+        return view_->findChild<QLabel*>(QString::fromLatin1(name))->text();
     }
     void clickHeading(int number) {
         QTest::mouseClick(&grid(), Qt::LeftButton, {}, grid().HeadingRect(number).center());
@@ -165,6 +130,4 @@ class ScheduleFixture : public WritesFixture {
                                .constData(),
                            attendees);
     }
-
-    std::unique_ptr<frmFHAppts> view;
 };
