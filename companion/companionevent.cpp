@@ -61,6 +61,8 @@ QList<int> mergedAttendees(const QList<int>& before, const QList<int>& wanted, c
         if (!before.contains(provider) && !merged.contains(provider))
             merged << provider;
     merged.removeIf([&](int provider) { return before.contains(provider) && !now.contains(provider); });
+    if (merged.isEmpty())
+        throw db::RowClash({QStringLiteral("ProvId")});
     return merged;
 }
 
@@ -68,6 +70,7 @@ bool isMoved(const CompanionEvent& from, const CompanionEvent& to) {
     return from.date != to.date || from.start != to.start;
 }
 
+/// The event as it stands now, with what the user changed; its attendees are not merged.
 CompanionEvent merged(const CompanionEvent& loaded, const CompanionEvent& wanted, const CompanionEvent& now) {
     db::RowState state = stateOf(now);
     const db::RowMerge merge = db::Merge(stateOf(loaded), stateOf(wanted), state);
@@ -78,11 +81,7 @@ CompanionEvent merged(const CompanionEvent& loaded, const CompanionEvent& wanted
         throw db::RowClash({QStringLiteral("CeveDate"), QStringLiteral("CeveTime")});
     for (const auto& [column, value] : merge.changes)
         state.Set(column, value);
-    CompanionEvent event = withState(now, state);
-    event.attendees = mergedAttendees(loaded.attendees, wanted.attendees, now.attendees);
-    if (event.attendees.isEmpty())
-        throw db::RowClash({QStringLiteral("ProvId")});
-    return event;
+    return withState(now, state);
 }
 
 bool isSame(const CompanionEvent& left, const CompanionEvent& right) {
@@ -183,13 +182,14 @@ CompanionEventOutcome UpdateCompanionEvent(int ceveid, const CompanionEvent& loa
         if (!isSingle(row, outcome))
             return;
         CompanionEvent now = eventOf(row);
+        writeFields(row, merged(loaded, wanted, now));
+        row.Update();
+        // The row is held from here on, so that no other desk adds an attendee unseen.
         now.attendees = attendeesOf(companion, ceveid);
         outcome.keptTheirs = !isSame(loaded, now);
-        const CompanionEvent event = merged(loaded, wanted, now);
-        writeFields(row, event);
-        row.Update();
+        const QList<int> attendees = mergedAttendees(loaded.attendees, wanted.attendees, now.attendees);
         companion.Execute(Sql("Delete from CalendarProviderEvents Where ceveID = {}", ceveid));
-        insertAttendees(companion, ceveid, event.attendees);
+        insertAttendees(companion, ceveid, attendees);
     });
 }
 
@@ -200,10 +200,10 @@ CompanionEventOutcome DeleteCompanionEvent(int ceveid, const CompanionEvent& loa
         if (!isSingle(row, deleting))
             return;
         CompanionEvent now = eventOf(row);
+        companion.Execute(Sql("Delete from CalendarEvents Where ceveid = {}", ceveid));
         now.attendees = attendeesOf(companion, ceveid);
         if (!isSame(loaded, now))
             throw db::RowChangedError();
-        companion.Execute(Sql("Delete from CalendarEvents Where ceveid = {}", ceveid));
         companion.Execute(Sql("Delete from CalendarProviderEvents Where ceveID = {}", ceveid));
     });
     if (outcome.end == WriteOutcome::End::Gone)

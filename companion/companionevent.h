@@ -45,6 +45,6 @@ struct CompanionEventOutcome : WriteOutcome {
 /// or when nobody would attend any more. The event's last day stays, and its reminder is switched off.
 [[nodiscard]] CompanionEventOutcome UpdateCompanionEvent(int ceveid, const CompanionEvent& loaded,
                                                          const CompanionEvent& wanted);
-/// Deletes the event for all attendees. The delete fails with a db::RowClash when the event is not as it was `loaded`.
+/// Deletes the event for all attendees. The delete fails when the event is not as it was `loaded`.
 /// An event that is deleted already is no failure.
 [[nodiscard]] CompanionEventOutcome DeleteCompanionEvent(int ceveid, const CompanionEvent& loaded);
