@@ -13,7 +13,6 @@
 #include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/notefield.h"
-#include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
 #include "session/session.h"

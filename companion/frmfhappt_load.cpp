@@ -169,5 +169,6 @@ void frmFHAppt::showStandardCharge(db::Connection& companion) {
 
 void frmFHAppt::setStatusText(const QString& text) {
     lblstatus->setText(text);
+    setAccessibleDescription(text);  // Read out when the form opens.
     lblstatus->show();
 }

@@ -10,6 +10,13 @@
 
 using db::Sql;
 
+QString SentLike(const TripLog& log, const QString& beginning) {
+    for (const QString& line : log.sent())
+        if (const qsizetype at = line.indexOf(beginning); at >= 0)
+            return line.mid(at);
+    return {};
+}
+
 CompanionEditorFixture::CompanionEditorFixture() {
     desk.setNow(QDateTime({2026, 3, 11}, {9, 30}, Qt::UTC));
     ResetSession();

@@ -11,6 +11,10 @@
 #include "platform/controls/noticebar.h"
 #include "tests/support/scripteddesk.h"
 #include "tests/support/testdatabase.h"
+#include "tests/support/triplog.h"
+
+/// The statement among those sent that begins like this; empty where there is none.
+QString SentLike(const TripLog& log, const QString& beginning);
 
 /// A practice that is linked to the companion "FH-1". Today is March 11, 2026.
 ///

@@ -15,7 +15,6 @@
 #include "platform/database/sql.h"
 #include "session/session.h"
 #include "tests/companion/editorfixture.h"
-#include "tests/support/triplog.h"
 
 namespace {
 
