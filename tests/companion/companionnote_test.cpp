@@ -73,7 +73,7 @@ class CompanionNote : public WritesFixture {
     /// A column of the newest session, "Null" for null.
     [[nodiscard]] QString session(const char* column) {
         const db::Recordset row(QStringLiteral("Select %1 from sessions Order by id Desc").arg(QLatin1String(column)),
-                                database.connection());
+                                database_.connection());
         if (row.Eof())
             return QStringLiteral("(none)");
         return row[0].isNull() ? QStringLiteral("Null") : row[0].text();
@@ -81,7 +81,7 @@ class CompanionNote : public WritesFixture {
     int addSession(int stype, const char* provider, const char* patient = "P1") {
         here(db::Sql("Insert Into sessions (stype, providerid, patientid) Values ({}, '{}', '{}')", stype, provider,
                      patient));
-        return static_cast<int>(database.connection().LastIdentity());
+        return static_cast<int>(database_.connection().LastIdentity());
     }
     void expectNothingWritten(int key) {
         EXPECT_EQ(countHere("sessions"), 0);
@@ -126,7 +126,7 @@ TEST_F(CompanionNote, HoldsWhatTheAppointmentAndThePatientSay) {
         {"Signature", "Null"},   {"SignatureName", "Null"}};
     for (const auto& [column, value] : columns)
         EXPECT_EQ(session(column), QString::fromLatin1(value)) << column;
-    EXPECT_EQ(db::Recordset("Select DateMarker from sessions", database.connection())[0].dateTime(),
+    EXPECT_EQ(db::Recordset("Select DateMarker from sessions", database_.connection())[0].dateTime(),
               QDateTime(QDate(2026, 3, 11), QTime(0, 0), Qt::UTC));
 }
 
@@ -147,7 +147,7 @@ TEST_F(CompanionNote, OfTypesThreeToNineHasNeitherServiceNorTimes) {
         EXPECT_EQ(session("StartTime"), isCharged ? "9:00 AM" : "Null") << stype;
         EXPECT_EQ(session("EndTime"), isCharged ? "9:50 AM" : "Null") << stype;
         EXPECT_EQ(session("sessionlength"), isCharged ? "50" : "Null") << stype;
-        EXPECT_EQ(database.number(db::Sql("Select Count(*) from MissedAppt Where id = {}", made.id)),
+        EXPECT_EQ(database_.number(db::Sql("Select Count(*) from MissedAppt Where id = {}", made.id)),
                   stype >= 6 && stype <= 8 ? 1 : 0)
             << stype;
     }
@@ -286,7 +286,7 @@ TEST_F(CompanionNote, OfAnAppointmentChargedOrMovedWhileTheTypeIsChosenHasTheTim
     });
     press(key);
     EXPECT_EQ(session("StartTime"), "3:00 PM");
-    EXPECT_EQ(db::Recordset("Select DateMarker from sessions", database.connection())[0].date(), QDate(2026, 3, 12));
+    EXPECT_EQ(db::Recordset("Select DateMarker from sessions", database_.connection())[0].date(), QDate(2026, 3, 12));
     EXPECT_EQ(stored(key, "SVSessionID"), session("id"));
 }
 
@@ -322,13 +322,13 @@ TEST_F(CompanionNote, ThatCannotBeLinkedLeavesNoSessionBehind) {
 TEST_F(CompanionNote, WhoseSessionCannotBeWrittenLeavesNoLink) {
     const int key = add({});
     for (const char* table : {"sessions", "MissedAppt"}) {
-        database.refuse("Insert", QString::fromLatin1(table));
+        database_.refuse("Insert", QString::fromLatin1(table));
         const MadeCompanionNote made = GenerateNewSVNote(noted(key), 6);
         EXPECT_EQ(made.end, WriteOutcome::End::Failed) << table;
         EXPECT_EQ(made.part, MadeCompanionNote::Part::Session) << table;
         EXPECT_EQ(made.id, 0);
         expectNothingWritten(key);
-        database.allow("Insert", QString::fromLatin1(table));
+        database_.allow("Insert", QString::fromLatin1(table));
     }
     EXPECT_TRUE(GenerateNewSVNote(noted(key), 6).IsDone());
 }
@@ -336,7 +336,7 @@ TEST_F(CompanionNote, WhoseSessionCannotBeWrittenLeavesNoLink) {
 TEST_F(CompanionNote, WhosePatientCannotBeReadIsTold) {
     const int key = add({});
     expectType();
-    desk.expectBox(Generating + DropTable(database.connection(), QStringLiteral("incident_hx")),
+    desk.expectBox(Generating + DropTable(database_.connection(), QStringLiteral("incident_hx")),
                    QStringLiteral("Error"));
     press(key);
     expectNothingWritten(key);
@@ -344,7 +344,7 @@ TEST_F(CompanionNote, WhosePatientCannotBeReadIsTold) {
 
 TEST_F(CompanionNote, WhosePairsCannotBeReadIsNoNoteOfAnUnpairedPatient) {
     const int key = add({});
-    desk.expectBox(Generating + DropTable(database.connection(), QStringLiteral("FHDataPairs")),
+    desk.expectBox(Generating + DropTable(database_.connection(), QStringLiteral("FHDataPairs")),
                    QStringLiteral("Error"));
     press(key);
     expectNothingWritten(key);
@@ -357,7 +357,7 @@ TEST_F(CompanionNote, WhoseLinkIsLostWithItsCommitIsTakenAway) {
     const int key = add({});
     // The companion's log becomes longer than ours, and its last write stands at its end: the next one has no room.
     const QString log = companion.file() + QStringLiteral("-wal");
-    const qint64 enough = QFile(database.file() + QStringLiteral("-wal")).size() + 200'000;
+    const qint64 enough = QFile(database_.file() + QStringLiteral("-wal")).size() + 200'000;
     qint64 size = QFile(log).size();
     for (qint64 before = size, write = 0; size <= enough || size == before; ++write) {
         ASSERT_LT(write, 1000);
@@ -422,7 +422,7 @@ TEST_F(CompanionNote, WhoseSessionIsGoneIsToldAndStaysLinked) {
 TEST_F(CompanionNote, ThatCannotBeReadIsToldOnce) {
     isNoted = true;
     const int key = add({.session = addSession(1, "REED")});
-    desk.expectBox(Opening + DropTable(database.connection(), QStringLiteral("sessions")), QStringLiteral("Error"));
+    desk.expectBox(Opening + DropTable(database_.connection(), QStringLiteral("sessions")), QStringLiteral("Error"));
     press(key);
     desk.expectBox(Generating + DropTable(companion.connection(), QStringLiteral("clienttransactions")),
                    QStringLiteral("Error"));

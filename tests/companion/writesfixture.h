@@ -91,7 +91,7 @@ class WritesFixture : public PracticeFixture {
     }
     void there(const QString& statement) { companion.connection().Execute(statement); }
     void there(const char* statement) { there(QString::fromUtf8(statement)); }
-    void here(const QString& statement) { database.connection().Execute(statement); }
+    void here(const QString& statement) { database_.connection().Execute(statement); }
     void here(const char* statement) { here(QString::fromUtf8(statement)); }
     void pair(int list, int value, const char* ours) {
         here(db::Sql(
@@ -114,7 +114,7 @@ class WritesFixture : public PracticeFixture {
         return companion.number(QStringLiteral("Select Count(*) from ") + QLatin1String(table));
     }
     [[nodiscard]] qint64 countHere(const char* table) {
-        return database.number(QStringLiteral("Select Count(*) from ") + QLatin1String(table));
+        return database_.number(QStringLiteral("Select Count(*) from ") + QLatin1String(table));
     }
     /// Whether nothing is left under way in the main database; a transaction in the companion ends with its connection.
     static void expectNoTransactionIsOpen() {
@@ -122,7 +122,6 @@ class WritesFixture : public PracticeFixture {
         Session().Connection.RollbackTrans();
     }
 
-    TestDatabase& database = database_;
     TestDatabase companion{SchemaScript::Companion};
     NoticeBar bar;
 
