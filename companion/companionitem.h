@@ -9,6 +9,7 @@
 namespace companioncolor {
 
 inline constexpr int Scheduled = 0xFF0001;  ///< An appointment that is not charged yet. Its key is the CtrnId.
+inline constexpr int PlainBlue = 0xFF0000;  ///< Is taken for Scheduled by a drag in the week and by session notes.
 inline constexpr int Charged = 49152;       ///< A charged appointment, which is read-only. Its key is the CtrnId.
 inline constexpr int Event = 0xFFFF80;      ///< An event of the companion's calendar. Its key is the CEveId.
 

@@ -152,6 +152,9 @@ class frmFHAppts : public MenuView {
     void SetEventDetails(int CEveId, const QString& text);
 
     // frmfhappts_commands.cpp
+    /// Tells in the bar what another user has done to a row, in the place of what was told before.
+    static void tellInBar(const QString& text);
+    static void dropNotice();
     void bindCommands();
     void bindCommandsOf(ctMDay& grid);
     void makePopups();

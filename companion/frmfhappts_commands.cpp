@@ -4,6 +4,7 @@
 #include <QShortcut>
 
 #include "companion/companionitem.h"
+#include "companion/companionrefusals.h"
 #include "companion/companionwrites.h"
 #include "companion/frmfhappt.h"
 #include "companion/frmfhappts.h"
@@ -22,48 +23,14 @@ namespace {
 /// Notes access from which a user may write notes.
 constexpr int WritesNotes = 2;
 
-const QString DeletionNotice = QStringLiteral("companion deletion");
-
-/// Why a kind of item is refused.
-struct Refusals {
-    const char* ofSeries;
-    const char* charged;
-    const char* eventOfSeries;
-};
-
-constexpr Refusals notModified{
-    "You cannot modify a recurring appointment in Solvane. Use Fernhall to modify this appointment.",
-    "This appointment has been charged. You cannot modify an appointment once it has been charged.",
-    "You cannot modify a recurring event in Solvane. Use Fernhall to modify this event."};
-
-constexpr Refusals notDeleted{
-    "Unable to delete a recurring appointment in Solvane. Use Fernhall to delete this appointment.",
-    "This appointment has been charged. You cannot delete an appointment once it has been charged.",
-    "Unable to delete a recurring event in Solvane. Use Fernhall to delete this event."};
-
-/// The reason why the item is refused, or "".
-QString refusalOf(const CalendarItem& item, const Refusals& refusals) {
-    const bool inSeries = item.ItemSeriesIcon == CompanionSeriesIcon;
-    switch (item.ItemColor) {
-        case companioncolor::Scheduled:
-            return inSeries ? QString::fromLatin1(refusals.ofSeries) : QString();
-        case companioncolor::Charged:
-            return QString::fromLatin1(refusals.charged);
-        default:
-            return inSeries ? QString::fromLatin1(refusals.eventOfSeries) : QString();
-    }
-}
-
-void inform(const QString& text) {
-    MsgBox(text, InformationBox, QStringLiteral("Solvane"));
-}
+const QString ScheduleNotice = QStringLiteral("companion schedule");
 
 /// Returns the item when it may be worked on. If not, or when nothing is selected, the user is told so.
-std::optional<CalendarItem> itemToWorkOn(std::optional<CalendarItem> selected, const Refusals& refusals) {
-    const QString why = selected ? refusalOf(*selected, refusals) : QStringLiteral("No appointment selected.");
+std::optional<CalendarItem> itemToWorkOn(std::optional<CalendarItem> selected, const CompanionRefusals& refusals) {
+    const QString why = selected ? RefusalOf(*selected, refusals) : QStringLiteral("No appointment selected.");
     if (why.isEmpty())
         return selected;
-    inform(why);
+    TellRefusal(why);
     return std::nullopt;
 }
 
@@ -96,6 +63,14 @@ QString wordsOf(const CompanionOutcome& outcome) {
 }
 
 }  // namespace
+
+void frmFHAppts::tellInBar(const QString& text) {
+    ShowNotice({.text = text, .kind = Notice::Kind::Caution, .subject = ScheduleNotice});
+}
+
+void frmFHAppts::dropNotice() {
+    DropNotice(ScheduleNotice);
+}
 
 void frmFHAppts::bindCommands() {
     menus().Bind(menu::mnuAddAppt, [this] { AddAppointment(); });
@@ -157,7 +132,7 @@ std::optional<SelectedSlot> frmFHAppts::timeToAdd(const QString& noTime) const {
     }
     std::optional<SelectedSlot> slot = SelectedTime();
     if (!slot)
-        inform(noTime);
+        TellRefusal(noTime);
     return slot;
 }
 
@@ -217,8 +192,8 @@ void frmFHAppts::showEditor(std::unique_ptr<EditorDialog> editor, int color, con
 
 void frmFHAppts::modify() {
     if (!MayWrite())
-        return inform(QStringLiteral("You do not have rights to modify appointments or events."));
-    const std::optional<CalendarItem> item = itemToWorkOn(SelectedItem(), notModified);
+        return TellRefusal(QStringLiteral("You do not have rights to modify appointments or events."));
+    const std::optional<CalendarItem> item = itemToWorkOn(SelectedItem(), NotModified);
     if (!item)
         return;
     if (item->ItemColor == companioncolor::Event)
@@ -232,10 +207,10 @@ void frmFHAppts::modify() {
 }
 
 void frmFHAppts::deleteSelected() {
-    DropNotice(DeletionNotice);
+    dropNotice();
     if (!MayDelete())
-        return inform(QStringLiteral("You do not have rights to delete appointments or events."));
-    const std::optional<CalendarItem> item = itemToWorkOn(SelectedItem(), notDeleted);
+        return TellRefusal(QStringLiteral("You do not have rights to delete appointments or events."));
+    const std::optional<CalendarItem> item = itemToWorkOn(SelectedItem(), NotDeleted);
     const std::optional<CompanionProvider> provider = SelectedProvider();
     if (!item || !provider)
         return;
@@ -261,7 +236,7 @@ void frmFHAppts::showDeletion(const CompanionOutcome& outcome, const QString& tr
         return TellError(trouble, *outcome.failure);
     Reload();
     if (outcome.hitch == CompanionHitch::Recurring)
-        inform(QString::fromLatin1(notDeleted.eventOfSeries));
+        TellRefusal(QString::fromLatin1(NotDeleted.eventOfSeries));
     else if (const QString text = wordsOf(outcome); !text.isEmpty())
-        ShowNotice({.text = text, .kind = Notice::Kind::Caution, .subject = DeletionNotice});
+        tellInBar(text);
 }

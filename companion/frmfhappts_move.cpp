@@ -1,10 +1,10 @@
 #include "companion/companionitem.h"
 #include "companion/companionnote.h"
+#include "companion/companionrefusals.h"
 #include "companion/companionwrites.h"
 #include "companion/frmfhappts.h"
 #include "data/minutetime.h"
 #include "platform/calendar/ctmday.h"
-#include "platform/controls/noticebar.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
@@ -13,28 +13,8 @@
 
 namespace {
 
-constexpr int PlainBlue = 0xFF0000;
-
-const QString MoveNotice = QStringLiteral("companion move");
-
 void tellMoveFailed(const db::DatabaseError& error) {
     TellError(QStringLiteral("Error updating appointment in Fernhall. Error "), error, ExclamationBox);
-}
-
-void tellInBar(const QString& text) {
-    ShowNotice({.text = text, .kind = Notice::Kind::Caution, .subject = MoveNotice});
-}
-
-void inform(const char* text) {
-    MsgBox(QString::fromLatin1(text), InformationBox, QStringLiteral("Solvane"));
-}
-
-void tellCharged() {
-    inform("This appointment has been charged. You cannot modify an appointment once it has been charged.");
-}
-
-void tellRecurring() {
-    inform("You cannot modify a recurring appointment in Solvane. Use Fernhall to modify this appointment.");
 }
 
 /// The minutes that an item takes at its new place. An item that ends behind midnight is shown, and dragged, as if it
@@ -53,25 +33,22 @@ void frmFHAppts::bindMoves(ctMDay& grid) {
 }
 
 void frmFHAppts::tellMoveRefused(int index) {
-    const CalendarItem& item = std::as_const(Grid()).Item(index);
+    const QString why = RefusalOf(std::as_const(Grid()).Item(index), NotModified);
     if (!MayWrite())
-        inform("You do not have rights to modify appointments or events.");
-    else if (item.ItemColor == companioncolor::Charged)
-        tellCharged();
-    else if (item.ItemColor == companioncolor::Scheduled)
-        tellRecurring();
-    else if (item.ItemSeriesIcon == CompanionSeriesIcon)
-        inform("You cannot modify a recurring event in Solvane. Use Fernhall to modify this event.");
+        TellRefusal(QStringLiteral("You do not have rights to modify appointments or events."));
+    else if (!why.isEmpty())
+        TellRefusal(why);
     else
         tellInBar(tr("An event cannot be dragged. Open it to change its time."));
 }
 
 bool frmFHAppts::isMovable(const CalendarItem& item) const {
-    return item.ItemColor == companioncolor::Scheduled || (mode_ == Mode::Week && item.ItemColor == PlainBlue);
+    return item.ItemColor == companioncolor::Scheduled ||
+           (mode_ == Mode::Week && item.ItemColor == companioncolor::PlainBlue);
 }
 
 void frmFHAppts::moveItem(int index, const ItemPlace& old) {
-    DropNotice(MoveNotice);
+    dropNotice();
     const CalendarItem item = std::as_const(Grid()).Item(index);
     const int column = Grid().ColumnOfItem(index);
     const std::optional<CompanionProvider> before = ProviderOfColumn(old.column);
@@ -133,15 +110,16 @@ int frmFHAppts::itemsOf(const QString& key) const {
 
 void frmFHAppts::tellOfMove(const CompanionOutcome& outcome, const CompanionPlace& to) {
     if (outcome.hitch == CompanionHitch::Charged)
-        tellCharged();
+        TellRefusal(QString::fromLatin1(NotModified.charged));
     else if (outcome.hitch == CompanionHitch::Recurring)
-        tellRecurring();
+        TellRefusal(QString::fromLatin1(NotModified.ofSeries));
     else if (outcome.hitch == CompanionHitch::OnOtherDay)
         tellInBar(tr("The appointment was not moved. Another user has put it on another day meanwhile."));
     else if (!outcome.IsDone())
         tellInBar(tr("The appointment was not moved. Another user has deleted it meanwhile."));
     else if (outcome.replaced)
-        tellInBar(tr("Another user had changed the time or the provider of the appointment meanwhile. Yours stand."));
+        tellInBar(tr(
+            "Another user had changed the time or the provider of the appointment meanwhile. Your change has replaced theirs."));
     else if (to.start == 0)
         tellInBar(tr("The appointment was moved, but the schedule shows none that starts at midnight."));
     else if (outcome.newProvider)

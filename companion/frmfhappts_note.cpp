@@ -2,6 +2,7 @@
 
 #include "companion/companionitem.h"
 #include "companion/companionnote.h"
+#include "companion/companionrefusals.h"
 #include "companion/frmfhappts.h"
 #include "platform/calendar/ctmday.h"
 #include "platform/desktop/desktop.h"
@@ -9,10 +10,9 @@
 namespace {
 
 constexpr int NotePicture = 1;
-constexpr int PlainBlue = 0xFF0000;
 
 bool isOfPatient(const CalendarItem& item) {
-    return IsCompanionAppointment(item) || item.ItemColor == PlainBlue;
+    return IsCompanionAppointment(item) || item.ItemColor == companioncolor::PlainBlue;
 }
 
 }  // namespace
@@ -26,7 +26,7 @@ void frmFHAppts::openNote() {
         return;
     }
     if (!isOfPatient(*item)) {
-        MsgBox(QStringLiteral("Select a patient appointment."), InformationBox, QStringLiteral("Solvane"));
+        TellRefusal(QStringLiteral("Select a patient appointment."));
         return;
     }
     OpenCompanionNote({.CtrnId = item->ItemKey.toInt(),

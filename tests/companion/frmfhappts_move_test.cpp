@@ -191,7 +191,9 @@ TEST_F(CompanionDrag, OverAnotherUsersChangeSaysThatItWasReplaced) {
     expectStored(key, Wednesday, QTime(11, 0), 50, 1);
     EXPECT_EQ(
         bar.Texts(),
-        QStringList{"Another user had changed the time or the provider of the appointment meanwhile. Yours stand."});
+        QStringList{
+            "Another user had changed the time or the provider of the appointment meanwhile. Your change has replaced "
+            "theirs."});
     dragTo(scheduled(key), Reed, 720);
     EXPECT_TRUE(bar.Texts().isEmpty());
 }

@@ -34,13 +34,14 @@ class CompanionDesk : public FrontDesk {
         desk = openDesk(display.name());
         person = std::make_unique<Person>(*desk, display.name());
         person->turnTo("mdisched");
-        openSchedule();
-    }
-
-    void openSchedule() {
+        // The practice has its programs begin with the companion's schedule; a key leads back to it.
+        awaitView("frmFHAppts");
+        person->press({QStringLiteral("ctrl+1")});
+        awaitView("frmsched");
         person->press({QStringLiteral("ctrl+6")});
         awaitView("frmFHAppts");
     }
+
     void notesProgram() {
         const QString path = folder.filePath(QStringLiteral("solvaned.exe"));
         PutFile(path, "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"${0%/*}/started.txt\"\n");
@@ -180,7 +181,7 @@ TEST_F(CompanionDesk, ANoteIsMadeAndOpenedByKeyAndByMouse) {
 
 TEST_F(CompanionDesk, TwoDesksAndTheCompanionItselfWorkOnTheSameRows) {
     const auto other = openDesk();
-    other->tell("trigger", QStringLiteral("mnuVFH"));
+    EXPECT_EQ(other->tell("shows", QStringLiteral("frmFHAppts")), QStringLiteral("yes"));
     for (int time = 0; time < 2; ++time) {
         const QString key = book(9);
         person->press({QStringLiteral("F5")});
