@@ -4,10 +4,12 @@
 
 #include "data/companioncodes.h"
 #include "data/phone.h"
+#include "output/reportpage.h"
 #include "output/reporttext.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/printing/vsprinter.h"
+#include "platform/text/plaintext.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
 
@@ -30,9 +32,9 @@ struct CompanionRow {
 
 QString statementOf(const ReportRequest& request) {
     const auto only = [&request](const char* column) {
-        return Raw{request.provider.isEmpty() ? QString()
-                                              : Sql(" AND {} = {}", Raw{QString::fromLatin1(column)},
-                                                    request.provider.toLongLong())};
+        return Raw{request.provider.isEmpty()
+                       ? QString()
+                       : Sql(" AND {} = {}", Raw{QString::fromLatin1(column)}, request.provider.toLongLong())};
     };
     return Sql(
         "SELECT CtrnDate as [ApptDate], ClntFirstName + ', ' + ClntLastName AS [Appointment], CtrnId, CtrnTime as [ApptTime], CtrnDuration as [Duration], Appt_status as [ApptStatus], TranName, ctrnNotes, ProvLastName + ', ' + ProvFirstName as [Provider],  ClntOtherNumberOne, LookName, ClntHomePhone , ClntWorkPhone, ClntWorkExt, ClntEmailAddress, TranDescription FROM ClientTransactions INNER JOIN TransactionCodes ON ClientTransactions.TranId = TransactionCodes.TranId INNER JOIN Clients On ClientTransactions.ClntId = Clients.ClntId INNER JOIN Providers On ClientTransactions.ProvId = Providers.ProvId  Left Join LookupValues on LookupValues.LookId = Clients.LookIdNUMBOne  Where LookupValues.LookCode = 'NUMB'  AND CtrnDate >= '{}' AND CtrnDate <= '{}' AND TranType + '' = 'C'  AND CtrnDuration > 0  AND CtrnTime > '12:00:00 AM'{} Union SELECT CalendarEvents.CEveDate as [ApptDate], CEveName AS [Appointment], CalendarEvents.CEveId, CEveTime as [ApptTime], CEveDuration as [Duration], -1 as [ApptStatus], '', '', ProvLastName + ', ' + ProvFirstName as [Provider], '', '', '', '', '', '', '' FROM CalendarEvents LEFT JOIN CalendarProviderEvents On CalendarEvents.CEveId = CalendarProviderEvents.CEveId Inner Join Providers on Providers.ProvId = CalendarProviderEvents.ProvId Where (CEveAllProvidersInd = 1 OR Providers.ProvId IS NULL) AND CEveDate >= '{}' and CEveDate <= '{}' AND (( CEveEndDate IS NULL AND calendarevents.recrid > 0) OR (CEveEndDate IS NULL AND (calendarevents.recrid <> 0) AND CEveDate>= '{}') OR CEveEndDate>= '{}'){} Order by [ApptDate], [ApptTime], [Appointment],[Provider]",
@@ -78,6 +80,14 @@ std::vector<CompanionRow> readRows(const ReportRequest& request) {
     return rows;
 }
 
+// Without the right to all providers, the own schedule is that of the provider whom the companion is paired with; 0 has
+// no rows.
+ReportRequest withinRights(ReportRequest request) {
+    if (!Session().AllProviders)
+        request.provider = QString::number(Session().FHProviderId);
+    return request;
+}
+
 bool isHidden(const CompanionRow& row) {
     return Session().HidePatientNames && !isEvent(row);
 }
@@ -87,8 +97,8 @@ QStringList cellsOf(const CompanionRow& row) {
     return {english.toString(row.date.date(), QStringLiteral("MM/dd/yyyy")),
             english.toString(row.time.time(), QStringLiteral("hh:mm ap")),
             row.duration,
-            isHidden(row) ? ShownName(row.appointment) : row.appointment,
-            row.provider,
+            isHidden(row) ? ShownName(row.appointment) : OneLine(row.appointment),
+            OneLine(row.provider),
             ApptStatusText(row.status)};
 }
 
@@ -104,7 +114,7 @@ QStringList detailsOf(const CompanionRow& row) {
     if (!hidden) {
         AppendDetail(lines, QStringLiteral("Home Phone"), FormatPhoneNo(row.homePhone));
         AppendDetail(lines, QStringLiteral("Work Phone"), workPhoneOf(row));
-        AppendDetail(lines, row.numberName, row.number);
+        AppendDetail(lines, OneLine(row.numberName).trimmed(), row.number);
         AppendDetail(lines, QStringLiteral("Email"), row.email);
     }
     AppendDetail(lines, QStringLiteral("Service"), row.service);
@@ -118,14 +128,14 @@ QStringList detailsOf(const CompanionRow& row) {
 bool DoScheduleFH(const ReportRequest& request, VSPrinter& vp, const ReportStep& step) {
     const ReportColumns columns(QStringLiteral("1500|1500|1500|3000|2000|1700;"),
                                 QStringLiteral("Date|Time|Duration|Appointment|Provider|Status"), AppointmentColumn);
-    AddScheduleHeading(vp, request, request.providerName);
+    const ReportRequest allowed = withinRights(request);
+    BeginReport(vp, QStringLiteral("Schedule"), allowed, allowed.header);
     columns.AddTitles(vp);
     return ReportWhole([&] {
-        const std::vector<CompanionRow> rows = readRows(request);
+        const std::vector<CompanionRow> rows = readRows(allowed);
         for (std::size_t i = 0; i < rows.size(); ++i) {
             vp.AddTogether([&] {
                 columns.AddRow(vp, cellsOf(rows[i]));
-                vp.AddSpace(ReportRowGap);
                 if (const QStringList details = detailsOf(rows[i]); !details.isEmpty())
                     columns.AddDetails(vp, details);
                 vp.AddSpace(GapBehindRow);

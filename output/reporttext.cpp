@@ -2,14 +2,14 @@
 
 #include <numeric>
 
-#include "platform/desktop/localefacts.h"
 #include "platform/printing/tabletext.h"
 #include "platform/printing/vsprinter.h"
+#include "platform/text/plaintext.h"
 #include "session/errorbox.h"
 
 namespace {
 
-constexpr double Points = 10;
+constexpr int RowGap = 300;  // Twips.
 const printing::TableLook Plain{.grid = false, .titleShading = false};
 
 }  // namespace
@@ -25,6 +25,7 @@ void ReportColumns::AddTitles(VSPrinter& vp) const {
 
 void ReportColumns::AddRow(VSPrinter& vp, const QStringList& cells) const {
     vp.AddTable({.widths = columns_.widths, .rows = {cells}}, Plain);
+    vp.AddSpace(RowGap);
 }
 
 void ReportColumns::AddTable(VSPrinter& vp, const QStringList& titles, std::vector<QStringList> rows) const {
@@ -39,23 +40,9 @@ void ReportColumns::AddDetails(VSPrinter& vp, const QStringList& lines) const {
     vp.AddTable({.widths = {before, rest}, .rows = {{QString(), lines.join(u'\n')}}}, Plain);
 }
 
-void AddScheduleHeading(VSPrinter& vp, const ReportRequest& request, const QString& providerName) {
-    vp.SetTitle(QStringLiteral("Schedule"));
-    vp.SetFontName(QStringLiteral("Arial"));
-    vp.SetFontSize(Points);
-    vp.SetFontBold(true);
-    if (!request.header.trimmed().isEmpty())
-        vp.AddParagraph(request.header.trimmed());
-    vp.AddParagraph(QStringLiteral("Schedule"));
-    vp.SetFontBold(false);
-    vp.AddParagraph(QStringLiteral("Dates: %1 to %2").arg(ShortDateText(request.from), ShortDateText(request.to)));
-    vp.AddParagraph(QStringLiteral("Provider: ") + providerName);
-    vp.AddSpace(ReportRowGap);
-}
-
 void AppendDetail(QStringList& lines, const QString& label, const QString& value) {
     if (!value.trimmed().isEmpty())
-        lines << label + QStringLiteral(": ") + value.trimmed();
+        lines << label + QStringLiteral(": ") + ManyLines(value.trimmed());
 }
 
 bool ReportWhole(const std::function<bool()>& make) {

@@ -4,24 +4,21 @@
 #include <QString>
 #include <QStringList>
 
-#include "output/report.h"
 #include "platform/printing/printdocument.h"
 
 class VSPrinter;
-namespace db {
-class DatabaseError;
-}
 
 /// The columns of a schedule report. All its tables have the same widths, so that they stand under each other on every
 /// paper.
 class ReportColumns {
   public:
-    /// `format` and `header` are those of ParseTable. What stands under a row begins at the column `detailColumn`, which
-    /// counts from 0.
+    /// `format` and `header` are those of ParseTable. What stands under a row begins at the column `detailColumn`,
+    /// which counts from 0.
     ReportColumns(const QString& format, const QString& header, int detailColumn);
 
     /// Adds the titles of the columns. They also stand on top of each further page.
     void AddTitles(VSPrinter& vp) const;
+    /// Adds a row and the height behind it that belongs to every row.
     void AddRow(VSPrinter& vp, const QStringList& cells) const;
     /// Adds a table of its own titles and rows in the same columns.
     void AddTable(VSPrinter& vp, const QStringList& titles, std::vector<QStringList> rows) const;
@@ -33,13 +30,7 @@ class ReportColumns {
     int detailColumn_;
 };
 
-/// The height between a row of a schedule report and what stands under it, in twips.
-inline constexpr int ReportRowGap = 300;
-
-/// Adds the lines above a schedule: the practice's own text, what it is, its dates and its provider.
-void AddScheduleHeading(VSPrinter& vp, const ReportRequest& request, const QString& providerName);
-
-/// Appends "label: value", unless the value is empty.
+/// Appends "label: value", unless the value is empty. Line breaks in the value stay.
 void AppendDetail(QStringList& lines, const QString& label, const QString& value);
 
 /// Runs the part of a report that reads the database, and returns its answer. When the database fails, the user is told

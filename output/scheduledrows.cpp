@@ -55,12 +55,6 @@ std::vector<ScheduledRow> ReadScheduledRows(const QString& statement, bool patie
     return rows;
 }
 
-ScheduleFacts::ScheduleFacts() {
-    for (Recordset row(Sql("Select id, prov_lastname from provider_info"), Session().Connection); !row.Eof();
-         row.MoveNext())
-        providers_.insert(keyOf(row[0].text()), row[1].text());
-}
-
 void ScheduleFacts::ReadFor(std::span<const ScheduledRow> rows) {
     std::vector<qint64> groups;
     QStringList activities;
@@ -99,9 +93,9 @@ void ScheduleFacts::readAttendees(const QStringList& activities) {
     attendees_.clear();
     if (activities.isEmpty())
         return;
-    for (Recordset row(Sql("Select nkeyid, clinicianid from appointmentsevents Where nkeyid In ({})",
-                           Raw{activities.join(u',')}),
-                       Session().Connection);
+    for (Recordset row(
+             Sql("Select nkeyid, clinicianid from appointmentsevents Where nkeyid In ({})", Raw{activities.join(u',')}),
+             Session().Connection);
          !row.Eof(); row.MoveNext())
         attendees_[row[0].integer()] << getprovname(row[1].text());
     for (QStringList& names : attendees_) {
@@ -127,10 +121,6 @@ void ScheduleFacts::readContacts(const QStringList& patients) {
              Session().Connection);
          !row.Eof(); row.MoveNext())
         contacts_.insert(keyOf(row[0].text()), {row[1].text(), row[2].text(), row[3].text(), row[4].text()});
-}
-
-QString ScheduleFacts::getprovname(const QString& clinicianid) const {
-    return providers_.value(keyOf(clinicianid), clinicianid);
 }
 
 PatientContact ScheduleFacts::ContactOf(const QString& patientid) const {

@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "session/providernames.h"
+
 /// A row of `appointments` as the schedule reports read it.
 struct ScheduledRow {
     qint64 nkeyid = 0;
@@ -22,8 +24,8 @@ struct ScheduledRow {
     int appttype = 0;
 };
 
-/// Reads the rows of a statement over `appointments`, without those of other kinds when only patients' are wanted. Throws
-/// db::DatabaseError.
+/// Reads the rows of a statement over `appointments`, without those of other kinds when only patients' are wanted.
+/// Throws db::DatabaseError.
 [[nodiscard]] std::vector<ScheduledRow> ReadScheduledRows(const QString& statement, bool patientsOnly);
 
 /// Whether the report of patients' appointments has the row. A slot that was booked by appointment type has no patient
@@ -42,22 +44,19 @@ struct ReportedMember {
     bool kept = false;
 };
 
-/// What a report tells about its rows from other tables. It is read for many rows at once, and once for each patient and
-/// provider: a server far away is asked some times, and not for each row.
+/// What a report tells about its rows from other tables. It is read for many rows at once, and once for each patient
+/// and provider: a server far away is asked some times, and not for each row.
 ///
-/// All routines but the questions throw db::DatabaseError.
+/// The constructor reads the names of the providers. It and ReadFor throw db::DatabaseError.
 class ScheduleFacts {
   public:
-    /// Reads the names of the providers.
-    ScheduleFacts();
-
     /// How many rows ReadFor is best given.
     static constexpr std::size_t RowsAtOnce = 250;
     /// Reads what belongs to these rows. Members and attendees of earlier rows are forgotten.
     void ReadFor(std::span<const ScheduledRow> rows);
 
     /// Returns the provider's name, or the id of a provider who is not there any more.
-    [[nodiscard]] QString getprovname(const QString& clinicianid) const;
+    [[nodiscard]] QString getprovname(const QString& clinicianid) const { return providers_.Of(clinicianid); }
     /// Returns the names of the providers who attend an activity, "Lane, Reed".
     [[nodiscard]] QString Attendees(qint64 nkeyid) const { return attendees_.value(nkeyid).join(QStringLiteral(", ")); }
     /// Returns empty texts for a patient who is not there any more.
@@ -74,7 +73,7 @@ class ScheduleFacts {
     void readAttendees(const QStringList& activities);
     void readContacts(const QStringList& patients);
 
-    QHash<QString, QString> providers_;
+    ProviderNames providers_;
     QHash<QString, PatientContact> contacts_;
     QHash<qint64, std::vector<Member>> members_;
     QHash<qint64, QStringList> attendees_;

@@ -1,5 +1,6 @@
 #include "output/schedulereport.h"
 
+#include <optional>
 #include <QCoreApplication>
 
 #include "data/codes.h"
@@ -7,11 +8,14 @@
 #include "data/namedpatients.h"
 #include "data/phone.h"
 #include "data/pipefields.h"
+#include "output/reportpage.h"
 #include "output/reporttext.h"
 #include "output/scheduledrows.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
 #include "platform/printing/vsprinter.h"
+#include "platform/text/plaintext.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
 
@@ -20,7 +24,9 @@ using db::Sql;
 
 namespace {
 
-constexpr int GapBehindRow = 60;  // Twips, besides what stands under the row.
+// Twips.
+constexpr int GapBehindRow = 60;
+constexpr int GapAboveProvider = 240;
 
 QString words(const char* text) {
     return QCoreApplication::translate("ScheduleReport", text);
@@ -67,6 +73,7 @@ class ScheduleReport {
     bool Make(const QString& statement, const ReportStep& step);
 
   private:
+    [[nodiscard]] std::vector<ScheduledRow> readRows(const QString& statement);
     void addRow(const ScheduledRow& row);
     void beginProvider(const QString& clinicianid);
     [[nodiscard]] QStringList cellsOf(const ScheduledRow& row) const;
@@ -82,7 +89,7 @@ class ScheduleReport {
     const ReportRequest& request_;
     VSPrinter& vp_;
     const ReportColumns columns_;
-    ScheduleFacts* facts_ = nullptr;
+    std::optional<ScheduleFacts> facts_;
     std::optional<QString> provider_;  ///< Whose block it is, once one has begun.
 };
 
@@ -99,17 +106,13 @@ ScheduleReport::ScheduleReport(Form form, const ReportRequest& request, VSPrinte
     : form_(form), request_(request), vp_(vp), columns_(columnsOf(form)) {}
 
 bool ScheduleReport::Make(const QString& statement, const ReportStep& step) {
-    AddScheduleHeading(vp_, request_,
-                       form_ == Form::ByProvider ? QStringLiteral("All Providers") : request_.providerName);
+    BeginReport(vp_, QStringLiteral("Schedule"), request_, request_.header);
     columns_.AddTitles(vp_);
     return ReportWhole([&] {
-        const std::vector<ScheduledRow> rows = ReadScheduledRows(statement, request_.patientsOnly);
-        ScheduleFacts facts;
-        facts_ = &facts;
+        const std::vector<ScheduledRow> rows = readRows(statement);
         for (std::size_t i = 0; i < rows.size(); ++i) {
             if (i % ScheduleFacts::RowsAtOnce == 0)
-                facts.ReadFor(
-                    std::span(rows).subspan(i, std::min(ScheduleFacts::RowsAtOnce, rows.size() - i)));
+                facts_->ReadFor(std::span(rows).subspan(i, std::min(ScheduleFacts::RowsAtOnce, rows.size() - i)));
             vp_.AddTogether([&] { addRow(rows[i]); });
             if (!step(static_cast<int>(i) + 1, static_cast<int>(rows.size())))
                 return false;
@@ -118,11 +121,19 @@ bool ScheduleReport::Make(const QString& statement, const ReportStep& step) {
     });
 }
 
+// Rows and names come in one trip. What was read together is let go of before the first step, in which the user may
+// change it.
+std::vector<ScheduledRow> ScheduleReport::readRows(const QString& statement) {
+    const db::ReadTogether together(Session().Connection, {statement, ProviderNames::Statement()});
+    facts_.emplace();
+    return ReadScheduledRows(statement, request_.patientsOnly);
+}
+
 void ScheduleReport::addRow(const ScheduledRow& row) {
-    if (form_ == Form::ByProvider && provider_ != row.clinicianid.trimmed().toLower())
+    const bool isOther = !provider_ || provider_->compare(row.clinicianid, Qt::CaseInsensitive) != 0;
+    if (form_ == Form::ByProvider && isOther)
         beginProvider(row.clinicianid);
     columns_.AddRow(vp_, cellsOf(row));
-    vp_.AddSpace(ReportRowGap);
     if (row.ncolor == ncolor::Group)
         addGroup(row);
     if (const QStringList details = detailsOf(row); !details.isEmpty())
@@ -131,11 +142,11 @@ void ScheduleReport::addRow(const ScheduledRow& row) {
 }
 
 void ScheduleReport::beginProvider(const QString& clinicianid) {
-    provider_ = clinicianid.trimmed().toLower();
+    provider_ = clinicianid;
     const bool isShared = clinicianid == QLatin1String(EventClinicianId);
-    vp_.AddSpace(ReportRowGap);
+    vp_.AddSpace(GapAboveProvider);
     vp_.SetFontBold(true);
-    vp_.AddParagraph(isShared ? words("Several Providers") : facts_->getprovname(clinicianid));
+    vp_.AddParagraph(isShared ? words("Several Providers") : OneLine(facts_->getprovname(clinicianid)));
     vp_.SetFontBold(false);
 }
 
@@ -147,8 +158,9 @@ QString ScheduleReport::providerOf(const ScheduledRow& row) const {
 QString ScheduleReport::nameOf(const ScheduledRow& row) const {
     if (isHidden(row))
         return ShownName(row.cappttext);
-    const QString account = row.PatientAcct.trimmed();
-    return account.isEmpty() ? row.cappttext : row.cappttext + QStringLiteral("  [%1]").arg(account);
+    const QString text = OneLine(row.cappttext);
+    const QString account = OneLine(row.PatientAcct).trimmed();
+    return account.isEmpty() ? text : QStringLiteral("%1  [%2]").arg(text, account);
 }
 
 QStringList ScheduleReport::cellsOf(const ScheduledRow& row) const {
@@ -158,7 +170,7 @@ QStringList ScheduleReport::cellsOf(const ScheduledRow& row) const {
                           MinutesToTimeText(row.nEndTime, militaryTime),
                       nameOf(row)};
     if (form_ == Form::OneTable)
-        cells << providerOf(row);
+        cells << OneLine(providerOf(row));
     return cells << QString::fromLatin1(toldOf(row.ncolor).status);
 }
 
@@ -190,7 +202,7 @@ void ScheduleReport::addGroup(const ScheduledRow& row) {
     const bool hidden = Session().HidePatientNames;
     std::vector<QStringList> rows;
     for (const ReportedMember& member : facts_->MembersOf(row.nkeyid)) {
-        QStringList cells{ShownName(member.PatientName),
+        QStringList cells{ShownName(OneLine(member.PatientName)),
                           hidden ? QString() : FormatPhoneNo(member.contact.telephone_h),
                           hidden ? QString() : FormatPhoneNo(member.contact.telephone_b),
                           member.kept ? QStringLiteral("Kept") : QString()};
@@ -229,10 +241,13 @@ QString scheduleStatement(const ReportRequest& request) {
 }  // namespace
 
 bool doschedule(const ReportRequest& request, VSPrinter& vp, const ReportStep& step) {
-    return ScheduleReport(ScheduleReport::Form::OneTable, request, vp).Make(scheduleStatement(request), step);
+    const ReportRequest allowed = WithinRights(request);
+    return ScheduleReport(ScheduleReport::Form::OneTable, allowed, vp).Make(scheduleStatement(allowed), step);
 }
 
 bool DoSchedule2(const ReportRequest& request, VSPrinter& vp, const ReportStep& step) {
+    if (!WithinRights(request).provider.isEmpty())
+        return doschedule(request, vp, step);
     return ScheduleReport(ScheduleReport::Form::ByProvider, request, vp)
         .Make(
             Sql("Select * from appointments where DApptDate >= '{}' AND DApptDate <= '{}' Order by clinicianid, DApptDate, NStartTime, nendtime",
