@@ -19,7 +19,6 @@ using db::Sql;
 
 namespace {
 
-constexpr int GapBehindRow = 60;      // Twips, besides what stands under the row.
 constexpr int AppointmentColumn = 3;  // Counted from 0.
 constexpr int StatusOfEvents = -1;
 
@@ -138,7 +137,6 @@ bool DoScheduleFH(const ReportRequest& request, VSPrinter& vp, const ReportStep&
                 columns.AddRow(vp, cellsOf(rows[i]));
                 if (const QStringList details = detailsOf(rows[i]); !details.isEmpty())
                     columns.AddDetails(vp, details);
-                vp.AddSpace(GapBehindRow);
             });
             if (!step(static_cast<int>(i) + 1, static_cast<int>(rows.size())))
                 return false;

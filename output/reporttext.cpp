@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int RowGap = 300;  // Twips.
+constexpr int RowGap = 300;  // Twips, behind a row and behind what stands under it.
 const printing::TableLook Plain{.grid = false, .titleShading = false};
 
 }  // namespace
@@ -30,6 +30,7 @@ void ReportColumns::AddRow(VSPrinter& vp, const QStringList& cells) const {
 
 void ReportColumns::AddTable(VSPrinter& vp, const QStringList& titles, std::vector<QStringList> rows) const {
     vp.AddTable({.widths = columns_.widths, .titles = titles, .rows = std::move(rows)}, Plain);
+    vp.AddSpace(RowGap);
 }
 
 // A table and no paragraph, because only a table becomes narrower and wider with the columns above it.
@@ -38,6 +39,7 @@ void ReportColumns::AddDetails(VSPrinter& vp, const QStringList& lines) const {
     const int before = std::accumulate(columns_.widths.begin(), begin, 0);
     const int rest = std::accumulate(begin, columns_.widths.end(), 0);
     vp.AddTable({.widths = {before, rest}, .rows = {{QString(), lines.join(u'\n')}}}, Plain);
+    vp.AddSpace(RowGap);
 }
 
 void AppendDetail(QStringList& lines, const QString& label, const QString& value) {

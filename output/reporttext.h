@@ -18,9 +18,9 @@ class ReportColumns {
 
     /// Adds the titles of the columns. They also stand on top of each further page.
     void AddTitles(VSPrinter& vp) const;
-    /// Adds a row and the height behind it that belongs to every row.
+    /// Each of these adds its lines and the empty height behind them. AddRow adds a row.
     void AddRow(VSPrinter& vp, const QStringList& cells) const;
-    /// Adds a table of its own titles and rows in the same columns.
+    /// Adds titles and rows of their own in the same columns, under a row.
     void AddTable(VSPrinter& vp, const QStringList& titles, std::vector<QStringList> rows) const;
     /// Adds lines of text under a row.
     void AddDetails(VSPrinter& vp, const QStringList& lines) const;

@@ -24,9 +24,7 @@ using db::Sql;
 
 namespace {
 
-// Twips.
-constexpr int GapBehindRow = 60;
-constexpr int GapAboveProvider = 240;
+constexpr int GapAboveProvider = 240;  // Twips.
 
 QString words(const char* text) {
     return QCoreApplication::translate("ScheduleReport", text);
@@ -138,7 +136,6 @@ void ScheduleReport::addRow(const ScheduledRow& row) {
         addGroup(row);
     if (const QStringList details = detailsOf(row); !details.isEmpty())
         columns_.AddDetails(vp_, details);
-    vp_.AddSpace(GapBehindRow);
 }
 
 void ScheduleReport::beginProvider(const QString& clinicianid) {

@@ -24,6 +24,7 @@
 namespace {
 
 constexpr double ZoomStep = 1.25;
+constexpr int MostPagesForSure = 9999;
 
 /// Returns a path for the document's title in the user's documents. Characters that a file name cannot hold become
 /// blanks.
@@ -86,6 +87,8 @@ void PrintPreview::addPageCommands() {
     lblpages_ = new QLabel(toolBar_);
     lblpages_->setObjectName(QStringLiteral("lblpages"));
     lblpages_->setContentsMargins(Space(4), 0, Space(4), 0);
+    // The commands behind it stay where they are while a document grows.
+    lblpages_->setMinimumWidth(fontMetrics().horizontalAdvance(tr("of %1").arg(MostPagesForSure)) + 2 * Space(4));
     toolBar_->addWidget(lblpages_);
     next_ = command("cmdnext", tr("Next Page"), "next", tr("Ctrl+PgDown"));
     last_ = command("cmdlast", tr("Last Page"), "last", tr("Ctrl+End"));
