@@ -1,5 +1,6 @@
 #include "output/frmschrpt.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLocale>
@@ -354,6 +355,16 @@ TEST_F(ReportForm, RefreshAndTheFilterBeginARunningReportAnew) {
     ASSERT_TRUE(wasGenerating);
     EXPECT_EQ(lines()[1], QStringLiteral("Dates: 3/1/2026 to 3/1/2026"));
     EXPECT_FALSE(form->IsGenerating());
+}
+
+TEST_F(ReportForm, RefreshKeepsThePaperThatTheUserTurned) {
+    book({});
+    open();
+    auto* landscape = form->findChild<QAction*>(QStringLiteral("cmdlandscape"));
+    landscape->trigger();
+    form->cmdgenerate1->click();
+    EXPECT_EQ(form->vp->Document().setup.orientation, QPageLayout::Landscape);
+    EXPECT_TRUE(landscape->isChecked());
 }
 
 TEST_F(ReportForm, CancelTakesBackARefreshTooThatHasNotBegun) {
