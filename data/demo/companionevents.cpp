@@ -55,7 +55,7 @@ class EventRows {
 void writeSingleEvents(QDate today, EventRows& events) {
     events.add({"Team huddle", today, today, {510, 525}, false, true}, {0});
     events.add({"Call with Blue Harbor Health", today, today, {735, 765}}, {0, 3});
-    events.add({"License renewal week", today.addDays(-1), today.addDays(3), {0, 0}, true}, {1});
+    events.add({"License renewal week", today.addDays(-1), today.addDays(3), {480, 1020}, true}, {1});
     events.add({"Computer upgrade", today.addDays(1), today.addDays(1), {1020, 1080}, false, true}, {0});
     events.add({"Site visit", today.addDays(4), today.addDays(4), {540, 720}, false, false, true}, {0, 1, 2});
     events.add({"Flu shots", today.addDays(-6), today.addDays(-6), {600, 660}}, {5});
@@ -122,9 +122,9 @@ void writeSeries(const Practice& practice, const Companion& keys, db::Connection
     yearly.add({9, 0, 1, 1, 1, 2});
     events.add({"Full moon walk", start, {}, {1140, 1200}, false, true, false, yearly.key()}, {0});
     weekly.add({1, 1, 1, 1, 1, 1, 1});
-    const int quiet = weekly.key();
-    events.add({"Quiet hour", start, {}, {0, 0}, true, true, true, quiet}, {Quintana});
-    exceptions.add({quiet, workday, keys.providers[1]});
+    const int tidying = weekly.key();
+    events.add({"Tidy the desks", start, {}, {1060, 1070}, false, true, true, tidying}, {Quintana});
+    exceptions.add({tidying, workday, keys.providers[1]});
 }
 
 }  // namespace

@@ -159,6 +159,16 @@ TEST(DemoCompanion, EveryKindOfEventIsThere) {
     EXPECT_GT(events("RecrId > 0 And CEveEndDate is not null"), 1);
 }
 
+TEST(DemoCompanion, NoEventOpensTheNightOfTheSchedule) {
+    // These events widen the hours that the schedule shows: single ones that remind nobody, and series that remind.
+    for (db::Recordset rows(
+             "Select CEveName, CEveTime from CalendarEvents Where (RecrId = 0 And CEveReminderInd <> 1) Or "
+             "(RecrId > 0 And CEveReminderInd = 1)",
+             practice().companion.connection());
+         !rows.Eof(); rows.MoveNext())
+        EXPECT_GE(rows["CEveTime"].dateTime().time().hour(), 6) << rows["CEveName"].text().toStdString();
+}
+
 TEST(DemoCompanion, APatternThatIsUnknownAndACountAreThere) {
     EXPECT_EQ(countOf("RecurringEvents", QStringLiteral("RecrPattern > 3")), 1);
     EXPECT_GT(countOf("RecurringEvents", QStringLiteral("RecrMaxEvents > 0")), 0);
