@@ -60,6 +60,24 @@ TEST_F(CompanionProviders, AProviderWhoIsClearedLosesTheColumnAndTheChoiceIsKept
     EXPECT_EQ(kept(), "2|3|1|");
 }
 
+TEST_F(CompanionProviders, ABoxIsClearedByTheMouseAndCheckedAgainByTheKey) {
+    add({});
+    add({.provider = 2});
+    open();
+    for (int time = 0; time < 2; ++time) {
+        const QRect box = providers().visualRect(providers().model()->index(0, 0));
+        QTest::mouseClick(providers().viewport(), Qt::LeftButton, {}, box.center());
+        settle();
+        EXPECT_EQ(titles(), (QStringList{"Moss, Eve", "Reed, Ada"}));
+        EXPECT_EQ(grid().ItemCount(), 1);
+        QTest::keyClick(&providers(), Qt::Key_Home);
+        QTest::keyClick(&providers(), Qt::Key_Space);
+        settle();
+        EXPECT_EQ(titles().size(), 3);
+        EXPECT_EQ(grid().ItemCount(), 2);
+    }
+}
+
 TEST_F(CompanionProviders, TheRowOfTheChoiceIsMadeWhenItIsMissing) {
     EXPECT_EQ(kept(), "(none)");
     open();

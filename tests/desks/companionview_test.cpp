@@ -73,7 +73,7 @@ TEST_F(CompanionView, OpensFirstAndProvidersAreCheckedByMouseAndKeys) {
     for (int time = 0; time < 2; ++time) {
         clickBox(0);
         expectItems(2);
-        press("space");
+        person->press({QStringLiteral("Home"), QStringLiteral("space")});
         expectItems(4);
         clickBox(1);
         expectItems(2);
