@@ -56,8 +56,7 @@ QString wordsOf(const CompanionOutcome& outcome) {
         default:
             return outcome.allProviders && outcome.IsDone()
                        ? words(
-                             "The provider does not attend the event any more. It stays here because it is for all "
-                             "providers.")
+                             "The provider does not attend the event any more. It stays here because it is for all providers.")
                        : QString();
     }
 }

@@ -123,7 +123,6 @@ void frmFHAppts::tellOfMove(const CompanionOutcome& outcome, const CompanionPlac
     else if (to.start == 0)
         tellInBar(tr("The appointment was moved, but the schedule shows none that starts at midnight."));
     else if (outcome.newProvider)
-        tellInBar(
-            tr("The appointment had another provider, and was shown here because of its second provider. It now "
-               "has the provider of this schedule."));
+        tellInBar(tr(
+            "The appointment had another provider, and was shown here because of its second provider. It now has the provider of this schedule."));
 }

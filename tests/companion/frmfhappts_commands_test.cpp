@@ -370,9 +370,9 @@ TEST_F(CompanionCommands, AnEventThatStaysSaysWhy) {
         trigger("mnuDelete");
         return bar.Texts();
     };
-    EXPECT_EQ(remove(event(everybodys, Reed)),
-              QStringList{"The provider does not attend the event any more. It stays here because it is for all "
-                          "providers."});
+    EXPECT_EQ(
+        remove(event(everybodys, Reed)),
+        QStringList{"The provider does not attend the event any more. It stays here because it is for all providers."});
     attend(everybodys, 3);
     EXPECT_EQ(remove(event(everybodys, Reed)),
               QStringList{"The event is for all providers. To delete it for everybody, open it."});

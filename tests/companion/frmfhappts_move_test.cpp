@@ -192,8 +192,7 @@ TEST_F(CompanionDrag, OverAnotherUsersChangeSaysThatItWasReplaced) {
     EXPECT_EQ(
         bar.Texts(),
         QStringList{
-            "Another user had changed the time or the provider of the appointment meanwhile. Your change has replaced "
-            "theirs."});
+            "Another user had changed the time or the provider of the appointment meanwhile. Your change has replaced theirs."});
     dragTo(scheduled(key), Reed, 720);
     EXPECT_TRUE(bar.Texts().isEmpty());
 }

@@ -204,8 +204,8 @@ TEST_F(CompanionDesk, TwoDesksAndTheCompanionItselfWorkOnTheSameRows) {
         there(Sql("Update ClientTransactions Set CtrnStatus = 'C' Where CtrnId = {}", db::Raw{key}));
         other->tell("drag", key, QStringLiteral("60"));
         EXPECT_EQ(other->answer("OK"),
-                  QStringLiteral("This appointment has been charged. You cannot modify an appointment once it has been "
-                                 "charged."));
+                  QStringLiteral(
+                      "This appointment has been charged. You cannot modify an appointment once it has been charged."));
         other->await("mdisched");
         person->click(itemOf(key));
         person->press({QStringLiteral("Delete")});
