@@ -14,6 +14,7 @@
 #include "data/pipefields.h"
 #include "data/recurrence.h"
 #include "output/appointmentslip.h"
+#include "output/frmschrpt.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -34,7 +35,6 @@ namespace {
 constexpr int FewestColumns = 5;
 constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
-constexpr int MostPrintedColumns = 9;
 
 QString providersStatement() {
     return Sql(
@@ -304,9 +304,14 @@ ScheduleSheet frmall::sheet() const {
     ScheduleSheet sheet = CalendarView::sheet();
     sheet.subtitle = QStringLiteral("Schedule - All Therapists");
     sheet.footer.clear();
-    const int columns = PrintOption("AllViewCols").toInt();
-    sheet.columnsPerPage = columns < 1 || columns > MostPrintedColumns ? FewestColumns : columns;
+    sheet.columnsPerPage = AllViewColumns();
     return sheet;
+}
+
+ReportOpening frmall::reportOpening() const {
+    ReportOpening opening = CalendarView::reportOpening();
+    opening.provider.clear();
+    return opening;
 }
 
 void frmall::goToProvider() {
