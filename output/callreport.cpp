@@ -127,11 +127,12 @@ bool addAll(Recordset& rows, VSPrinter& vp, const ReportStep& step) {
     const Overview overview = overviewOf(rows);
     const QHash<QString, QString> texts = callTexts(overview.codes);
     const QStringList separator(Titles.size());
-    vp.AddTable({.widths = Widths, .titles = Titles});
+    const printing::TableLook look{.grid = false, .titleShading = false};
+    vp.AddTable({.widths = Widths, .titles = Titles}, look);
     for (int row = 0; !rows.Eof(); rows.MoveNext()) {
         if (!isPrinted(rows))
             continue;
-        vp.AddTable({.widths = Widths, .rows = {cellsOf(rows, texts), separator}});
+        vp.AddTable({.widths = Widths, .rows = {cellsOf(rows, texts), separator}}, look);
         if (!step(++row, overview.rows))
             return false;
     }
