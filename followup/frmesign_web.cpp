@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedLayout>
 
 #include "followup/frmesign.h"
@@ -50,6 +51,8 @@ void frmesign::openPage() {
         return;
     }
     webMain->setObjectName(QStringLiteral("webMain"));
+    // The browser keeps Escape to itself once the user has clicked on the page.
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &frmesign::reject);
     surface_->addWidget(webMain);
     connect(webMain, &WebSurface::DocumentComplete, this, &frmesign::webMain_DocumentComplete);
     connect(webMain, &WebSurface::LoadFailed, this, &frmesign::webMain_LoadFailed);
