@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
     RegisterScrollBenches();
     RegisterSearchBenches();
     RegisterNoteBenches();
+    RegisterReportBenches();
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     if (!Practices().empty())

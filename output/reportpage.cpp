@@ -21,7 +21,7 @@ ReportRequest WithinRights(ReportRequest request) {
     return request;
 }
 
-void BeginReport(VSPrinter& vp, const QString& title, const ReportRequest& request) {
+void BeginReport(VSPrinter& vp, const QString& title, const ReportRequest& request, const QString& above) {
     const QString dates = QStringLiteral("%1 to %2").arg(ShortDateText(request.from), ShortDateText(request.to));
     vp.StartDoc();
     vp.SetTitle(title);
@@ -29,6 +29,8 @@ void BeginReport(VSPrinter& vp, const QString& title, const ReportRequest& reque
     vp.SetFontName(QStringLiteral("Arial"));
     vp.SetFontSize(Points);
     vp.SetFontBold(true);
+    if (!above.trimmed().isEmpty())
+        vp.AddParagraph(ManyLines(above.trimmed()));
     vp.AddParagraph(title);
     vp.SetFontBold(false);
     vp.AddParagraph(QStringLiteral("Dates: ") + dates);

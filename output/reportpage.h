@@ -9,5 +9,6 @@ class VSPrinter;
 [[nodiscard]] ReportRequest WithinRights(ReportRequest request);
 
 /// Empties the document and begins a report on its first page: the title, the dates and the provider ("All Providers"
-/// where the request has none). Title and dates also stand at the foot of each page, beside its number.
-void BeginReport(VSPrinter& vp, const QString& title, const ReportRequest& request);
+/// where the request has none). Title and dates also stand at the foot of each page, beside its number. `above` is a
+/// text over the title, or "".
+void BeginReport(VSPrinter& vp, const QString& title, const ReportRequest& request, const QString& above = {});

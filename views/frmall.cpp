@@ -13,6 +13,7 @@
 #include "data/holidays.h"
 #include "data/pipefields.h"
 #include "data/recurrence.h"
+#include "output/frmschrpt.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -302,6 +303,12 @@ ScheduleSheet frmall::sheet() const {
     const int columns = PrintOption("AllViewCols").toInt();
     sheet.columnsPerPage = columns < 1 || columns > MostPrintedColumns ? FewestColumns : columns;
     return sheet;
+}
+
+ReportOpening frmall::reportOpening() const {
+    ReportOpening opening = CalendarView::reportOpening();
+    opening.provider.clear();
+    return opening;
 }
 
 void frmall::goToProvider() {

@@ -29,6 +29,8 @@ class frmweekv : public CalendarView {
     /// Prints five or seven days as the print options say, however many the view shows.
     [[nodiscard]] ScheduleSheet sheet() const override;
     void printS() override;
+    /// Returns the seven days of the week, however many the view shows.
+    [[nodiscard]] ReportOpening reportOpening() const override;
     [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;
 
   private:
