@@ -75,6 +75,18 @@ TEST_F(CancelReport, AllProvidersStandUnderTheirNamesWithTotalsOverAll) {
                                 totals(1, 0, 1)));
 }
 
+TEST_F(CancelReport, TheRowsOfAStatusStandByTheirDaysAndTimes) {
+    const QDate day(2026, 3, 10);
+    book({.text = "third", .start = 480, .code = ncolor::Missed});
+    book({.text = "second", .date = day, .start = 660, .code = ncolor::Missed});
+    book({.text = "first", .date = day, .start = 600, .code = ncolor::Missed});
+    for (const char* provider : {"", "REED"}) {
+        const QStringList rows = report(march(provider)).filter("3/1");
+        ASSERT_EQ(rows.size(), 3);
+        EXPECT_TRUE(rows[0].contains("first") && rows[1].contains("second") && rows[2].contains("third"));
+    }
+}
+
 TEST_F(CancelReport, AProvidersFirstStatusHasItsHeadingEvenWhereTheProviderBeforeEndedWithIt) {
     book({.text = "Reed's", .code = ncolor::Missed, .account = ""});
     book({.text = "Lane's", .code = ncolor::Missed, .provider = "LANE", .account = ""});
