@@ -8,6 +8,7 @@ void RegisterBookingBenches();
 void RegisterLookUpBenches();
 void RegisterRecurrenceBenches();
 void RegisterViewBenches();
+void RegisterCompanionBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();
 void RegisterSearchBenches();

@@ -26,10 +26,8 @@
 
 namespace {
 
-// How long the report is made before the window lives again. The first pages come sooner.
-constexpr int SliceMilliseconds = 60;
-constexpr int FirstSliceMilliseconds = 15;
-constexpr int GapAboveEnd = 240;  // Twips.
+constexpr int SliceMilliseconds = 50;  // How long the report is made before the window lives again.
+constexpr int GapAboveEnd = 240;       // Twips.
 
 QString numberText(int number) {
     return QLocale().toString(number);
@@ -74,7 +72,7 @@ frmschrpt::frmschrpt(const ReportOpening& opening, QWidget* parent) : QDialog(pa
 void frmschrpt::bindForm() {
     connect(cmdgenerate1, &QPushButton::clicked, this, &frmschrpt::cmdgenerate1_Click);
     connect(cmdfilter, &QPushButton::clicked, this, &frmschrpt::cmdfilter_Click);
-    connect(cmdcancel, &QPushButton::clicked, this, [this] { stopped_ = true; });
+    connect(cmdcancel, &QPushButton::clicked, this, &frmschrpt::stop);
     connect(cmdsave, &QPushButton::clicked, this, &frmschrpt::cmdsave_Click);
     connect(cmdprint, &QPushButton::clicked, this, &frmschrpt::cmdprint_Click);
     connect(cmdclose, &QPushButton::clicked, this, &QWidget::close);
@@ -96,9 +94,14 @@ void frmschrpt::showEvent(QShowEvent* event) {
 // Escape ends the report that is being made, and closes the form only when there is none.
 void frmschrpt::reject() {
     if (generating_)
-        stopped_ = true;
+        stop();
     else
         QDialog::reject();
+}
+
+void frmschrpt::stop() {
+    stopped_ = true;
+    again_ = false;
 }
 
 // The routine that makes the report goes on with the form and closes it when it has ended.
@@ -178,8 +181,10 @@ bool frmschrpt::makeReport() {
             return false;
         form->row_ = row;
         form->rows_ = rows;
-        if (slice.elapsed() >= (form->shown_ ? SliceMilliseconds : FirstSliceMilliseconds)) {
-            form->showStep(document);
+        // Each row is laid out at once. Many of them, with long notes, would take longer than a slice.
+        form->addShown(document);
+        if (slice.elapsed() >= SliceMilliseconds) {
+            form->tellProgress();
             QCoreApplication::processEvents();
             slice.restart();
         }
@@ -209,13 +214,15 @@ void frmschrpt::setGenerating(bool generating) {
         button->setEnabled(!generating);
 }
 
-// Until the new report has something to show, the one before it stays.
-void frmschrpt::showStep(const VSPrinter& document) {
-    if (shown_)
+// Until the new report has a row, the one before it stays.
+void frmschrpt::addShown(const VSPrinter& document) {
+    if (std::exchange(shown_, true))
         vp->Grow(document.Document());
     else
         vp->ShowDocument(document.Document());
-    shown_ = true;
+}
+
+void frmschrpt::tellProgress() {
     pnlprogress->setRange(0, rows_);
     pnlprogress->setValue(row_);
     lblstatus->setText(tr("%1 of %2 entries").arg(numberText(row_), numberText(rows_)));
@@ -232,7 +239,7 @@ void frmschrpt::endReport(VSPrinter& document, bool whole) {
         document.SetFontBold(true);
         document.AddParagraph(said);
     }
-    showStep(document);
+    addShown(document);
     setGenerating(false);
     lblstatus->setText(said);
     QAccessibleEvent event(lblstatus, QAccessible::NameChanged);

@@ -35,10 +35,10 @@ struct ReportOpening {
 
 /// Makes a report and shows it as it will be on paper, where it can be printed or saved as a PDF.
 ///
-/// The report is made as soon as the form is shown, and anew by Refresh (F5) and by the filter. Its first pages can be
-/// looked at while the rest is made. Meanwhile it can be cancelled (Escape too), the form can be closed, and Refresh
-/// and the filter begin it anew. What was cancelled, or ended by the database, says on its last page that it is cut
-/// short. Only a report that has ended can be printed or saved.
+/// The report is made as soon as the form is shown (unless its lists could not be read), and anew by Refresh (F5) and
+/// by the filter. Its first pages can be looked at while the rest is made. Meanwhile it can be cancelled (Escape too),
+/// the form can be closed, and Refresh and the filter begin it anew. What was cancelled, or ended by the database, says
+/// on its last page that it is cut short. Only a report that has ended can be printed or saved.
 ///
 /// A user without the right to all providers has the own schedule alone.
 class frmschrpt : public QDialog {
@@ -79,6 +79,8 @@ class frmschrpt : public QDialog {
     void LoadSorts();
     void LoadProviders();
     void LoadFHProviders();
+    void readLists(const std::function<void()>& read);
+    void addAllProviders();
     void addProviders(const QString& statement, db::Connection& connection);
 
     void bindForm();
@@ -90,9 +92,13 @@ class frmschrpt : public QDialog {
     [[nodiscard]] bool validate();
     [[nodiscard]] ReportRequest request() const;
     void generate();
+    /// Ends the report that is being made.
+    void stop();
     /// Makes one report. Returns false when the form is gone.
     bool makeReport();
-    void showStep(const VSPrinter& document);
+    /// Shows what the report has gained.
+    void addShown(const VSPrinter& document);
+    void tellProgress();
     void endReport(VSPrinter& document, bool whole);
     void setGenerating(bool generating);
 

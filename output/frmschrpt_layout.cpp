@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int ProviderCharacters = 24;
+constexpr int ProviderCharacters = 16;
 
 ctDEdit* dateField(const char* name, QDate date, QWidget* parent) {
     auto* field = Named(new ctDEdit(ctDEdit::Kind::Date, parent), name);

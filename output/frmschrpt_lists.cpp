@@ -1,7 +1,9 @@
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 
 #include "output/frmschrpt.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/text/plaintext.h"
@@ -28,6 +30,17 @@ void frmschrpt::LoadSorts() {
         cmdfilter->setToolTip(tr("This report has only patients' appointments."));
 }
 
+// What could not be read is told once: the first report, which would fail for the same reason, then waits for Refresh.
+void frmschrpt::readLists(const std::function<void()>& read) {
+    try {
+        read();
+    } catch (const db::DatabaseError& error) {
+        begun_ = true;
+        lblstatus->setText(tr("No report has been made."));
+        TellError(QStringLiteral("Error loading list of providers. "), error);
+    }
+}
+
 void frmschrpt::addProviders(const QString& statement, db::Connection& connection) {
     for (Recordset row(statement, connection); !row.Eof(); row.MoveNext()) {
         List1 << row[0].text();
@@ -35,40 +48,39 @@ void frmschrpt::addProviders(const QString& statement, db::Connection& connectio
     }
 }
 
-void frmschrpt::LoadProviders() {
-    const bool all = Session().AllProviders;
-    try {
-        if (all) {
-            List1 << QString();
-            cboprovider->addItem(QStringLiteral("All Providers"));
-        }
-        addProviders(all ? Sql("Select id, prov_lastname from provider_info Where archive = 0 Order by prov_lastname")
-                         : Sql("Select id, prov_lastname from provider_info Where id = '{}'", Session().UID),
-                     Session().Connection);
-        const Recordset header(Sql("Select * from report_headers Where [default] = 1"), Session().Connection);
-        if (!header.Eof())
-            header_ = header["header"].text();
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error loading list of providers. "), error);
-    }
+void frmschrpt::addAllProviders() {
+    List1 << QString();
+    cboprovider->addItem(QStringLiteral("All Providers"));
 }
 
-// Without the companion there is no list; the report itself tells why.
+void frmschrpt::LoadProviders() {
+    if (Session().AllProviders)
+        addAllProviders();
+    readLists([this] {
+        const QString providers =
+            Session().AllProviders
+                ? Sql("Select id, prov_lastname from provider_info Where archive = 0 Order by prov_lastname")
+                : Sql("Select id, prov_lastname from provider_info Where id = '{}'", Session().UID);
+        const QString headers = QStringLiteral("Select * from report_headers Where [default] = 1");
+        const db::ReadTogether together(Session().Connection, {providers, headers});
+        addProviders(providers, Session().Connection);
+        const Recordset header(headers, Session().Connection);
+        if (!header.Eof())
+            header_ = header["header"].text();
+    });
+}
+
 void frmschrpt::LoadFHProviders() {
-    const bool all = Session().AllProviders;
-    if (all) {
-        List1 << QString();
-        cboprovider->addItem(QStringLiteral("All Providers"));
-    }
-    try {
+    if (Session().AllProviders)
+        addAllProviders();
+    readLists([this] {
         db::Connection companion;
         companion.Open(Session().FHConnectionString);
         addProviders(
-            all ? Sql("Select ProvID, ProvLastName + ', ' + ProvFirstName from providers Order by ProvLastName, ProvFirstName")
+            Session().AllProviders
+                ? Sql("Select ProvID, ProvLastName + ', ' + ProvFirstName from providers Order by ProvLastName, ProvFirstName")
                 : Sql("Select ProvID, ProvLastName + ', ' + ProvFirstName from providers where ProvID = {}",
                       Session().FHProviderId),
             companion);
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error loading list of providers. "), error);
-    }
+    });
 }

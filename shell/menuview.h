@@ -25,6 +25,8 @@ class MenuView : public ViewWindow {
     void showOpenView(MenuName command, View view);
     /// Called after a list of the practice (locations, rooms, activities, unavailable time) was edited.
     virtual void listsChanged() {}
+    /// Shows what the colours of this view mean.
+    virtual void showLegend();
     [[nodiscard]] MainWindow& main() const { return main_; }
     [[nodiscard]] ViewMenus& menus() { return menus_; }
 

@@ -14,6 +14,8 @@ namespace {
 constexpr double SmallestPoints = 4;
 constexpr double LargestPoints = 72;
 constexpr double UsualPoints = 8.25;
+constexpr int UsualColumns = 5;
+constexpr int MostColumns = 9;
 
 bool isOn(const QString& value) {
     return value.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0 || value == QLatin1String("1") ||
@@ -63,6 +65,11 @@ void addTitles(VSPrinter& vp, const ScheduleSheet& sheet, const QFont& font) {
 QString PrintOption(const char* key) {
     return GetPreference(Session().SchedulerIni, QString::fromLatin1(key), QStringLiteral("PrintLayout"),
                          QString::fromLatin1(AllUsers));
+}
+
+int AllViewColumns() {
+    const int columns = PrintOption("AllViewCols").toInt();
+    return columns < 1 || columns > MostColumns ? UsualColumns : columns;
 }
 
 QString SheetDate(QDate date) {

@@ -22,5 +22,9 @@ struct ScheduleSheet {
 /// Returns a date as the titles show it: "Wednesday  March 11, 2026", with two blanks after the weekday.
 [[nodiscard]] QString SheetDate(QDate date);
 
+/// Returns how many columns of providers the print options put on a page (AllViewCols): 1 to 9, and 5 when they say
+/// nothing valid.
+[[nodiscard]] int AllViewColumns();
+
 /// Returns a print option, or "" when it is not set.
 [[nodiscard]] QString PrintOption(const char* key);

@@ -34,7 +34,6 @@ namespace {
 constexpr int FewestColumns = 5;
 constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
-constexpr int MostPrintedColumns = 9;
 
 QString providersStatement() {
     return Sql(
@@ -300,8 +299,7 @@ ScheduleSheet frmall::sheet() const {
     ScheduleSheet sheet = CalendarView::sheet();
     sheet.subtitle = QStringLiteral("Schedule - All Therapists");
     sheet.footer.clear();
-    const int columns = PrintOption("AllViewCols").toInt();
-    sheet.columnsPerPage = columns < 1 || columns > MostPrintedColumns ? FewestColumns : columns;
+    sheet.columnsPerPage = AllViewColumns();
     return sheet;
 }
 

@@ -54,7 +54,6 @@ void PageView::ShowPages(const printing::PageLayout* pages) {
 
 void PageView::PagesAdded() {
     setBars();
-    viewport()->update();
 }
 
 void PageView::FitWidth() {

@@ -121,7 +121,11 @@ void PrintPreview::ShowDocument(const printing::Document& document) {
 void PrintPreview::Grow(const printing::Document& document) {
     const auto shown = static_cast<std::ptrdiff_t>(document_.blocks.size());
     document_.blocks.insert(document_.blocks.end(), document.blocks.begin() + shown, document.blocks.end());
+    const int before = PageCount();
     laid_->Grow();
+    pages_->viewport()->update();
+    if (PageCount() == before)
+        return;
     pages_->PagesAdded();
     followPage();
 }

@@ -5,17 +5,19 @@ namespace {
 /// Reports by mouse and keyboard, on a month that takes a while.
 class Reporting : public FrontDesk {
   protected:
-    static constexpr int Rows = 40'000;
+    static constexpr int Rows = 10'000;
 
     Reporting() {
+        const QString note = u'|' + QStringLiteral("long words of a note ").repeated(150);
         std::vector<std::vector<db::Value>> rows;
         for (int row = 0; row < Rows; ++row)
-            rows.push_back({day, 480 + row % 600, 490 + row % 600, QStringLiteral("O'Brien, Anna"), 16711681,
+            rows.push_back({day, 480 + row % 600, 490 + row % 600, QStringLiteral("O'Brien, Anna"), note, 16711681,
                             QStringLiteral("REED"), QStringLiteral("10017")});
         connection.BeginTrans();
         connection.InsertRows(
             QStringLiteral("appointments"),
-            {"dapptdate", "nStartTime", "nEndTime", "cappttext", "ncolor", "clinicianid", "patientid"}, rows);
+            {"dapptdate", "nStartTime", "nEndTime", "cappttext", "CapptNote", "ncolor", "clinicianid", "patientid"},
+            rows);
         connection.CommitTrans();
     }
     void openReport() {

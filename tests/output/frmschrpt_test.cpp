@@ -1,5 +1,6 @@
 #include "output/frmschrpt.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLocale>
@@ -13,6 +14,7 @@
 #include "platform/printing/printers.h"
 #include "platform/printing/printpreview.h"
 #include "tests/output/reportfixture.h"
+#include "tests/support/triplog.h"
 
 namespace {
 
@@ -206,6 +208,17 @@ TEST_F(ReportForm, TenYearsAreAReportLikeAnyOther) {
     EXPECT_EQ(lines().filter(QStringLiteral("|9:00 AM")).size(), 10);
 }
 
+TEST_F(ReportForm, AsksTheServerOnceForItsListsAndTwiceForItsReport) {
+    book({});
+    book({.patient = "10018"});
+    EXPECT_TRUE(TakesAtMost(1, [this] { make(); }));
+    EXPECT_TRUE(TakesAtMost(2, [this] {
+        form->show();
+        settle();
+    }));
+    expectWhole(2);
+}
+
 TEST_F(ReportForm, NoRowsAreSaid) {
     open();
     EXPECT_EQ(status(), QStringLiteral("No appointments."));
@@ -248,10 +261,32 @@ TEST_F(ReportForm, ProvidersThatCannotBeReadAreTold) {
     desk.expectBox(QStringLiteral("Error loading list of providers. ") + said, QStringLiteral("Error"));
     make();
     EXPECT_EQ(itemsOf(*form->cboprovider), QStringList{"All Providers"});
-    desk.expectBox(QStringLiteral("Error generating report. ") + said, QStringLiteral("Error"));
     form->show();
     settle();
+    EXPECT_EQ(status(), QStringLiteral("No report has been made."));
+    EXPECT_FALSE(form->cmdprint->isEnabled());
+    desk.expectBox(QStringLiteral("Error generating report. ") + said, QStringLiteral("Error"));
+    form->cmdgenerate1->click();
     EXPECT_EQ(status(), QStringLiteral("The report could not be made."));
+}
+
+TEST_F(ReportForm, ACompanionThatCannotBeReachedIsToldOnceAndAgainByRefresh) {
+    Session().FHConnectionString =
+        QStringLiteral("Provider=SQLOLEDB;Data Source=%1;Initial Catalog=gone;").arg(folder.path());
+    QString said;
+    try {
+        db::Connection gone;
+        gone.Open(Session().FHConnectionString);
+    } catch (const db::DatabaseError& error) {
+        said = error.description;
+    }
+    desk.expectBox(QStringLiteral("Error loading list of providers. ") + said, QStringLiteral("Error"));
+    open(ReportMode::Companion);
+    QCoreApplication::processEvents();
+    desk.expectBox(QStringLiteral("Error generating report. ") + said, QStringLiteral("Error"));
+    form->cmdgenerate1->click();
+    EXPECT_EQ(status(), QStringLiteral("The report could not be made."));
+    EXPECT_EQ(lines().first(), QStringLiteral("Schedule"));
 }
 
 TEST_F(ReportForm, TheFirstPagesCanBeLookedAtWhileTheRestIsMade) {
@@ -320,6 +355,29 @@ TEST_F(ReportForm, RefreshAndTheFilterBeginARunningReportAnew) {
     ASSERT_TRUE(wasGenerating);
     EXPECT_EQ(lines()[1], QStringLiteral("Dates: 3/1/2026 to 3/1/2026"));
     EXPECT_FALSE(form->IsGenerating());
+}
+
+TEST_F(ReportForm, RefreshKeepsThePaperThatTheUserTurned) {
+    book({});
+    open();
+    auto* landscape = form->findChild<QAction*>(QStringLiteral("cmdlandscape"));
+    landscape->trigger();
+    form->cmdgenerate1->click();
+    EXPECT_EQ(form->vp->Document().setup.orientation, QPageLayout::Landscape);
+    EXPECT_TRUE(landscape->isChecked());
+}
+
+TEST_F(ReportForm, CancelTakesBackARefreshTooThatHasNotBegun) {
+    bookMany();
+    make();
+    meanwhile([this] {
+        form->cmdgenerate1->click();
+        form->cmdcancel->click();
+    });
+    form->show();
+    settle();
+    ASSERT_TRUE(wasGenerating);
+    EXPECT_LT(rows().size(), 6000);
 }
 
 TEST_F(ReportForm, ClosesInTheMiddleOfAReport) {

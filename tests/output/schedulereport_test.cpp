@@ -1,6 +1,8 @@
 #include "output/schedulereport.h"
 
 #include <malloc.h>
+
+#include <algorithm>
 #include <QCoreApplication>
 #include <QLocale>
 
@@ -86,6 +88,29 @@ TEST_F(ScheduleOnPaper, ABookedRowTellsHowThePatientIsReached) {
               (QStringList{"3/11/2026|9:00 AM - 9:50 AM|Jones, Mary  [A-55]|Reed|",
                            "|Home Phone: (555) 123-4567\nWork Phone: 555-0987\nCell Phone: (555) 333-4444\nEmail: "
                            "mary@example.org\nLocation: Main Office\nService: 90834\nNote: call first"}));
+}
+
+TEST_F(ScheduleOnPaper, ThreeHundredTwipsStandBetweenARowAndWhatStandsUnderIt) {
+    book({});
+    report(march());
+    const auto& blocks = vp.Document().blocks;
+    const auto row = std::ranges::find_if(blocks, [](const printing::Block& block) {
+        const auto* table = std::get_if<printing::Table>(&block);
+        return table != nullptr && table->rows.size() == 1;
+    });
+    ASSERT_NE(row, blocks.end());
+    EXPECT_EQ(std::get<printing::Gap>(*(row + 1)).height, 300);
+    EXPECT_EQ(std::get<printing::Table>(*row).widths, (std::vector{1500, 2500, 3000, 2000, 1700}));
+    EXPECT_FALSE(std::get<printing::Table>(*row).grid);
+}
+
+TEST_F(ScheduleOnPaper, ATelephoneOfAnotherLengthStaysAsItIsWritten) {
+    for (const char* phone : {"555-123-4567", "12345", "555 123 4567 x2"}) {
+        run(db::Sql("Update patient_info Set telephone_h = '{}' Where id = '10017'", phone));
+        run("Delete from appointments");
+        book({});
+        EXPECT_TRUE(report(march())[1].startsWith(QStringLiteral("|Home Phone: %1\n").arg(QLatin1String(phone))));
+    }
 }
 
 TEST_F(ScheduleOnPaper, TheStatusDecidesWhatIsTold) {
