@@ -92,6 +92,10 @@ class frmesign : public QDialog {
 
     void openPage();
     void webMain_DocumentComplete(const QString& address);
+    void webMain_LoadFailed(const QString& reason);
+    /// Whether a signature that came from the page waits to be written. Until Clear, the page behind it may go where it
+    /// likes: what the user drew stays on the screen.
+    [[nodiscard]] bool holdsDrawing() const;
     void takePage(const QString& text);
     void cmdSign3_Click();
     void cmdClearPic_Click();

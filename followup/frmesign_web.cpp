@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedLayout>
 
 #include "followup/frmesign.h"
@@ -50,9 +51,11 @@ void frmesign::openPage() {
         return;
     }
     webMain->setObjectName(QStringLiteral("webMain"));
+    // The browser keeps Escape to itself once the user has clicked on the page.
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &frmesign::reject);
     surface_->addWidget(webMain);
     connect(webMain, &WebSurface::DocumentComplete, this, &frmesign::webMain_DocumentComplete);
-    connect(webMain, &WebSurface::LoadFailed, this, &frmesign::showTrouble);
+    connect(webMain, &WebSurface::LoadFailed, this, &frmesign::webMain_LoadFailed);
     address_ = GetPreference({}, QStringLiteral("SignURL"), QStringLiteral("Notes"), {}, QLatin1String(AllUsers));
     if (address_.isEmpty()) {
         cmdClearPic->setEnabled(false);
@@ -67,9 +70,19 @@ void frmesign::webMain_DocumentComplete(const QString& address) {
     if (closed_)
         return;
     webMain->SetBodyAttribute(QStringLiteral("scroll"), QStringLiteral("no"));
-    showOnSurface(webMain);
+    if (!holdsDrawing())
+        showOnSurface(webMain);
     if (address.toUpper().contains(QLatin1String("SVSIGN")))
         webMain->ReadBodyText([this](const QString& text) { takePage(text); });
+}
+
+void frmesign::webMain_LoadFailed(const QString& reason) {
+    if (!holdsDrawing())
+        showTrouble(reason);
+}
+
+bool frmesign::holdsDrawing() const {
+    return surface_->currentWidget() == SigPlus2 && SigPlus2->PointCount() > 0;
 }
 
 void frmesign::takePage(const QString& text) {

@@ -12,6 +12,7 @@
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/printing/tabletext.h"
 #include "platform/printing/vsprinter.h"
 #include "platform/text/plaintext.h"
 #include "session/errorbox.h"
@@ -25,9 +26,6 @@ using db::Sql;
 namespace {
 
 const QString Title = QStringLiteral("Courtesy Calls - Reminder Status");
-const std::vector<int> Widths{2000, 2200, 3000, 2000, 3000, 2000};
-const QStringList Titles{QStringLiteral("Date"),     QStringLiteral("Provider"), QStringLiteral("Patient"),
-                         QStringLiteral("Location"), QStringLiteral("Service"),  QStringLiteral("Status")};
 /// The rows that are printed. A kept appointment needs no call.
 constexpr std::array PrintedCodes{ncolor::Blank,
                                   ncolor::Pending,
@@ -104,11 +102,11 @@ QString phoneText(const QString& phone) {
     return isWhole ? QStringLiteral("%1-%2-%3").arg(digits.left(3), digits.mid(3, 3), digits.mid(6)) : phone;
 }
 
-/// The name and the telephone number tell whose appointment it is, and are hidden together.
+/// The telephone number tells whose appointment it is, too, and is left out while names are hidden.
 QString patientCell(const Recordset& row) {
-    const QString phone = OneLine(row["Phone"].text()).trimmed();
     const QString cell = ShownName(OneLine(row["Patient"].text())) + u'\n';
-    return phone.isEmpty() ? cell : cell + QStringLiteral("Phone: ") + ShownName(phoneText(phone));
+    const QString phone = OneLine(row["Phone"].text()).trimmed();
+    return phone.isEmpty() || Session().HidePatientNames ? cell : cell + QStringLiteral("Phone: ") + phoneText(phone);
 }
 
 QStringList cellsOf(const Recordset& row, const QHash<QString, QString>& texts) {
@@ -126,12 +124,18 @@ QStringList cellsOf(const Recordset& row, const QHash<QString, QString>& texts) 
 bool addAll(Recordset& rows, VSPrinter& vp, const ReportStep& step) {
     const Overview overview = overviewOf(rows);
     const QHash<QString, QString> texts = callTexts(overview.codes);
-    const QStringList separator(Titles.size());
-    vp.AddTable({.widths = Widths, .titles = Titles});
+    const printing::TableContent columns =
+        printing::ParseTable(QStringLiteral("2000|2200|3000|2000|3000|2000;"),
+                             QStringLiteral("Date|Provider|Patient|Location|Service|Status"), {});
+    const QStringList separator(columns.titles.size());
+    vp.AddTable(columns, {.grid = false, .titleShading = false, .titlesStay = true});
     for (int row = 0; !rows.Eof(); rows.MoveNext()) {
         if (!isPrinted(rows))
             continue;
-        vp.AddTable({.widths = Widths, .rows = {cellsOf(rows, texts), separator}});
+        vp.AddTogether([&] {
+            vp.AddTable({.widths = columns.widths, .rows = {cellsOf(rows, texts), separator}},
+                        {.grid = false, .titleShading = false});
+        });
         if (!step(++row, overview.rows))
             return false;
     }

@@ -6,13 +6,13 @@
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
 #include "output/reportpage.h"
+#include "output/reporttext.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/localefacts.h"
 #include "platform/printing/vsprinter.h"
 #include "platform/text/plaintext.h"
-#include "session/errorbox.h"
 #include "session/hiddennames.h"
 #include "session/providernames.h"
 #include "session/session.h"
@@ -131,9 +131,11 @@ class CancelledRows {
     Totals totals_;
 };
 
-bool addAll(Recordset& rows, CancelledRows cancelled, const ReportStep& step) {
+/// Adds all rows, each on one page with its headings, and the totals.
+bool addAll(Recordset& rows, VSPrinter& vp, const ProviderNames* names, const ReportStep& step) {
+    CancelledRows cancelled(vp, names);
     for (int row = 1; !rows.Eof(); rows.MoveNext(), ++row) {
-        cancelled.Add(rows);
+        vp.AddTogether([&] { cancelled.Add(rows); });
         if (!step(row, rows.RecordCount()))
             return false;
     }
@@ -155,7 +157,7 @@ bool creportall(const ReportRequest& request, VSPrinter& vp, const ReportStep& s
         rows,
         Sql("Select * from appointments where DApptDate >= '{}' AND DApptDate <= '{}' AND Ncolor Between 191 and 194 Order by clinicianid, NColor, dapptdate, NStartTime",
             request.from, request.to));
-    return addAll(rows, CancelledRows(vp, &names), step);
+    return addAll(rows, vp, &names, step);
 }
 
 bool creportsingle(const ReportRequest& request, VSPrinter& vp, const ReportStep& step) {
@@ -163,7 +165,7 @@ bool creportsingle(const ReportRequest& request, VSPrinter& vp, const ReportStep
         Sql("Select * from appointments where DApptDate >= '{}' AND DApptDate <= '{}' AND Ncolor Between 191 and 194 AND ClinicianId = '{}' Order by Ncolor, dapptdate, NStartTime",
             request.from, request.to, request.provider),
         Session().Connection);
-    return addAll(rows, CancelledRows(vp, nullptr), step);
+    return addAll(rows, vp, nullptr, step);
 }
 
 }  // namespace
@@ -171,10 +173,6 @@ bool creportsingle(const ReportRequest& request, VSPrinter& vp, const ReportStep
 bool docancelreport(const ReportRequest& request, VSPrinter& vp, const ReportStep& step) {
     const ReportRequest allowed = WithinRights(request);
     BeginReport(vp, Title, allowed);
-    try {
-        return allowed.provider.isEmpty() ? creportall(allowed, vp, step) : creportsingle(allowed, vp, step);
-    } catch (const db::DatabaseError& error) {
-        TellError(QStringLiteral("Error generating report. "), error);
-        return false;
-    }
+    return ReportWhole(
+        [&] { return allowed.provider.isEmpty() ? creportall(allowed, vp, step) : creportsingle(allowed, vp, step); });
 }

@@ -1,6 +1,7 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedWidget>
 
 #include "people/addressedit.h"
@@ -42,6 +43,10 @@ void frmcontact::buildForm() {
     ribbons->setSpacing(Space(4));
     for (QPushButton* ribbon : {SSRibbon1, SSRibbon2}) {
         ribbon->setCheckable(true);
+        // By its own letter a button waits a tenth of a second before it clicks, and what is typed meanwhile is lost.
+        ribbon->setShortcut({});
+        connect(new QShortcut(QKeySequence::mnemonic(ribbon->text()), this), &QShortcut::activated, ribbon,
+                &QPushButton::click);
         group->addButton(ribbon);
         ribbons->addWidget(ribbon);
     }

@@ -1,5 +1,6 @@
 #include "platform/controls/formarea.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QScreen>
 #include <QStyle>
@@ -16,6 +17,18 @@ FormArea::FormArea(QWidget* fields, QWidget* parent) : QScrollArea(parent) {
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
     setWidget(fields);
+    following_ = connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { followFocus(now); });
+}
+
+// The fields lose the focus while they are destroyed, when this is no longer a form area.
+FormArea::~FormArea() {
+    disconnect(following_);
+}
+
+// What the user clicks on must not move away under the pointer.
+void FormArea::followFocus(QWidget* now) {
+    if (now != nullptr && widget()->isAncestorOf(now) && QApplication::mouseButtons() == Qt::NoButton)
+        ensureWidgetVisible(now);
 }
 
 QSize FormArea::sizeHint() const {

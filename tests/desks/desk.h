@@ -21,6 +21,8 @@ class Desk {
     QString tell(const char* command, const QString& first = {}, const QString& second = {});
     /// Waits for a form, "box" or "mdisched" to be in front.
     void await(const char* window) { tell("await", QString::fromLatin1(window)); }
+    /// Waits for a widget of the form in front to be shown.
+    void awaitShown(const char* widget) { tell("awaitShown", QString::fromLatin1(widget)); }
     /// Waits for a message box and answers it; returns what it said.
     QString answer(const char* button);
     /// Sends words that the program may not live to answer.

@@ -1,42 +1,11 @@
 #include <QFile>
 
-#include "data/scramble.h"
-#include "tests/desks/deskfront.h"
+#include "tests/desks/desknotes.h"
 
 namespace {
 
-const QString SignedLine = QStringLiteral("Electronically signed by Anna Reed on ");
-
-/// Reed's missed visits and their notes.
-class MissedNotes : public FrontDesk {
+class MissedNotes : public NoteDesk {
   protected:
-    MissedNotes() {
-        connection.Execute(
-            QStringLiteral("Update provider_info Set pfirst_name = 'Anna', plast_name = 'Reed' Where id = 'REED'"));
-        connection.Execute(db::Sql("Update passwords Set pswd_password = '{}' Where pswd_user_id = 'REED'",
-                                   ScramblePassword(QStringLiteral("secret"), DefaultScrambleKey)));
-        connection.Execute(
-            QStringLiteral("Insert Into report_headers (header, [default]) Values ('|Hill Street Practice|', 1)"));
-    }
-
-    /// A visit that the person has just marked as missed, selected on the screen.
-    QString missed(int start) {
-        const QString key = add(start, start + 50, QStringLiteral("O'Brien, Anna"));
-        person->press({QStringLiteral("F5")});
-        EXPECT_TRUE(soon([&] { return desk->tell("items").contains(key + QStringLiteral(" %1-").arg(start)); }));
-        person->click(itemOf(key));
-        person->press({QStringLiteral("ctrl+m")});
-        EXPECT_TRUE(soon([&] { return status(key) == 0xC0; }));
-        return key;
-    }
-    void openNote() {
-        person->press({QStringLiteral("ctrl+shift+s")});
-        person->turnTo("frmmsdApt");
-    }
-    void closeNote() {
-        person->press({QStringLiteral("ctrl+Return")});
-        person->turnTo("mdisched");
-    }
     /// Draws a signature on the pad of the open note and signs with it.
     void signOnPad() {
         person->press({QStringLiteral("alt+d")});
@@ -50,11 +19,6 @@ class MissedNotes : public FrontDesk {
         person->picture("missed-pad");
         person->press({QStringLiteral("alt+s")});
         person->turnTo("frmmsdApt");
-    }
-    QString shown(const char* label) { return desk->tell("text", QLatin1String(label)); }
-    QString reason() { return value(QStringLiteral("Select reason from MissedAppt")); }
-    qint64 audited(const char* what) {
-        return number(db::Sql("Select Count(*) from AuditLog Where LogListId = '{}'", QString::fromLatin1(what)));
     }
 };
 

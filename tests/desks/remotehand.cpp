@@ -9,13 +9,20 @@
 namespace {
 
 constexpr int PollMilliseconds = 10;
-constexpr int MaxPolls = 2000;
+constexpr int MaxPolls = 4000;
 /// Signals that the controls put off until their event has ended come within the first rounds.
 constexpr int IdleRounds = 4;
 
 /// Whether the program is in the middle of a statement that takes its time: whoever sits there waits for it, too.
 bool isWaiting() {
     return WindowInFront() == QLatin1String("waiting");
+}
+
+/// Whether the window is in front that "await" names, or the widget in it is shown that "awaitShown" names.
+bool hasCome(const QStringList& words) {
+    if (words.first() == QLatin1String("await"))
+        return WindowInFront() == words.at(1);
+    return ObeyInWindow({QStringLiteral("shows"), words.at(1)}) == QLatin1String("yes");
 }
 
 }  // namespace
@@ -51,8 +58,8 @@ void RemoteHand::obeyNext() {
 }
 
 void RemoteHand::obey(const QStringList& words) {
-    if (words.first() == QLatin1String("await")) {
-        await(words.at(1), MaxPolls);
+    if (words.first().startsWith(QLatin1String("await"))) {
+        await(words, MaxPolls);
         return;
     }
     if (isWaiting()) {
@@ -68,16 +75,16 @@ void RemoteHand::obey(const QStringList& words) {
 }
 
 // Polls within whatever event loop runs: nothing in Qt tells that a dialog has opened.
-void RemoteHand::await(const QString& window, int triesLeft) {
-    if (WindowInFront() == window) {
+void RemoteHand::await(const QStringList& words, int triesLeft) {
+    if (hasCome(words)) {
         answerWhenIdle(QStringLiteral("ok"), IdleRounds);
         return;
     }
     if (triesLeft == 0) {
-        answer(QStringLiteral("no %1 came; in front is %2").arg(window, WindowInFront()));
+        answer(QStringLiteral("no %1 came; in front is %2").arg(words.at(1), WindowInFront()));
         return;
     }
-    QTimer::singleShot(PollMilliseconds, this, [this, window, triesLeft] { await(window, triesLeft - 1); });
+    QTimer::singleShot(PollMilliseconds, this, [this, words, triesLeft] { await(words, triesLeft - 1); });
 }
 
 void RemoteHand::answerWhenIdle(const QString& text, int rounds) {

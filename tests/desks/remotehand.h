@@ -25,7 +25,7 @@ class RemoteHand : public QObject {
     void readInput();
     void obeyNext();
     void obey(const QStringList& words);
-    void await(const QString& window, int triesLeft);
+    void await(const QStringList& words, int triesLeft);
     void answerWhenIdle(const QString& answer, int rounds);
     void answer(const QString& text);
 

@@ -244,6 +244,49 @@ TEST_F(SigningOnTheWeb, ALostDatabaseLeavesTheSignatureForAnotherTry) {
     EXPECT_EQ(drawings(), 1);
 }
 
+TEST_F(SigningOnTheWeb, APageThatMovesOnLeavesASignatureThatWaitsForAnotherTryOnTheScreen) {
+    for (int time = 1; time <= 2; ++time) {
+        desk.expectBox(QStringLiteral("GetSessionTS failed! ") + loseDatabase(), QStringLiteral("Error"));
+        page->load(Finished, signatureText());
+        page->load(QStringLiteral("https://sign.test.example/thanks"), QStringLiteral("Thank you"));
+        EXPECT_TRUE(form->SigPlus2->isVisible());
+        page->load(Finished, QStringLiteral("Please sign here"));
+        EXPECT_TRUE(form->SigPlus2->isVisible());
+        page->fail(QStringLiteral("The page has stopped working."));
+        EXPECT_TRUE(form->SigPlus2->isVisible());
+        EXPECT_TRUE(form->cmdSign3->isEnabled());
+        EXPECT_EQ(form->SigPlus2->PointCount(), 3);
+        Session().Connection.Open(database.connectionText());
+        form->cmdSign3->click();
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_EQ(drawings(), time);
+        open();
+    }
+}
+
+TEST_F(SigningOnTheWeb, ClearGivesAWaitingSignatureUpForThePage) {
+    desk.expectBox(QStringLiteral("GetSessionTS failed! ") + loseDatabase(), QStringLiteral("Error"));
+    page->load(Finished, signatureText());
+    form->cmdClearPic->click();
+    EXPECT_EQ(waiting(), Loading);
+    page->fail(QStringLiteral("The service answered with error 500."));
+    EXPECT_EQ(waiting(), QStringLiteral("The service answered with error 500. Choose Clear to try again."));
+    form->cmdClearPic->click();
+    page->load(Address);
+    EXPECT_TRUE(form->webMain->isVisible());
+    Session().Connection.Open(database.connectionText());
+    EXPECT_TRUE(nothingIsWritten());
+}
+
+TEST_F(SigningOnTheWeb, AnotherFinishedPageTakesThePlaceOfAWaitingSignature) {
+    desk.expectBox(QStringLiteral("GetSessionTS failed! ") + loseDatabase(), QStringLiteral("Error"));
+    page->load(Finished, signatureText());
+    Session().Connection.Open(database.connectionText());
+    page->load(Finished, signatureText());
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(drawings(), 1);
+}
+
 TEST_F(SigningOnTheWeb, ForAnotherFormThePageIsShownAndNothingStored) {
     SignatureRequest asked = request(SignatureWay::Web);
     asked.CallerName = QStringLiteral("frmother");

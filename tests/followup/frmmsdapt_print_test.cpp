@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>

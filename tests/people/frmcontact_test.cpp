@@ -146,6 +146,21 @@ TEST_F(ContactForm, TurningThePagesIsNoChange) {
     EXPECT_FALSE(form.isVisible());
 }
 
+TEST_F(ContactForm, WhatIsTypedRightAfterAPagesLetterStandsOnThatPage) {
+    frmcontact form(frmcontact::NewContact);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    for (int time = 1; time <= 2; ++time) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("after "));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_B, Qt::AltModifier);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Jo"));
+    }
+    EXPECT_EQ(form.txtnotes->toPlainText(), QStringLiteral("after after "));
+    EXPECT_EQ(form.txtlname->text(), QStringLiteral("JoJo"));
+    EXPECT_TRUE(form.SSRibbon1->isChecked());
+}
+
 TEST_F(ContactForm, ASemicolonAndABarAreDroppedAtTheKeyPress) {
     frmcontact form(frmcontact::NewContact);
     form.show();

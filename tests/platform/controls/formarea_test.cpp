@@ -67,3 +67,29 @@ TEST(FormArea, TabBringsAFieldIntoSight) {
     ASSERT_TRUE(form.last->hasFocus());
     EXPECT_FALSE(form.last->visibleRegion().isEmpty());
 }
+
+TEST(FormArea, AFieldThatGetsTheFocusByItsLetterComesIntoSight) {
+    TallForm form({300, QGuiApplication::primaryScreen()->availableSize().height() + 200});
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    for (int time = 1; time <= 2; ++time) {
+        form.last->setFocus();
+        EXPECT_FALSE(form.last->visibleRegion().isEmpty());
+        form.first->setFocus();
+        EXPECT_FALSE(form.first->visibleRegion().isEmpty());
+    }
+}
+
+TEST(FormArea, WhatIsClickedStaysUnderThePointer) {
+    TallForm form({300, QGuiApplication::primaryScreen()->availableSize().height() + 200});
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QScrollBar& bar = *form.area->verticalScrollBar();
+    bar.setValue(bar.maximum() - form.last->height() / 2);
+    const int before = bar.value();
+    const QPoint seen = form.last->mapTo(&form, QPoint(5, 2));
+    QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, seen);
+    EXPECT_TRUE(form.last->hasFocus());
+    EXPECT_EQ(bar.value(), before);
+    QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, seen);
+}

@@ -2,27 +2,15 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QTest>
+#include <QUrlQuery>
 
+#include "platform/signature/signaturetext.h"
+#include "tests/platform/websign/signaturepages.h"
 #include "tests/platform/websign/websignfixture.h"
 
 namespace {
 
 using namespace std::chrono_literals;
-
-// A signature page as a practice's service would serve it: a canvas to draw on, and a button that goes to the finished
-// signature with the points that were drawn.
-const QByteArray SigningPage = R"(<!DOCTYPE html><title>Sign</title><body style="margin:0">
-<canvas id="pad" width="400" height="200" style="display:block;background:#eee"></canvas>
-<p id="hint">PLEASE sign</p><input type="button" value="Help"><input type="button" value="Save Signature">
-<script>
-let points = 0;
-document.getElementById('pad').addEventListener('mousemove', event => {
-  if (event.buttons) document.getElementById('hint').textContent = 'PLEASE sign, ' + ++points + ' points';
-});
-const [help, save] = document.getElementsByTagName('input');
-help.onclick = () => { location.href = '/help'; };
-save.onclick = () => { location.href = '/svsign?points=' + points; };
-</script></body>)";
 
 const QByteArray PlainText = "Content-Type: text/plain; charset=utf-8\r\n";
 
@@ -79,7 +67,7 @@ TEST_F(WebSignature, APageIsPaintedWithoutAGraphicsCard) {
 
 TEST_F(WebSignature, ADrawnSignatureIsSavedByTheButtonOfThePage) {
     service.page(QStringLiteral("/sign"), SigningPage);
-    service.status(QStringLiteral("/svsign"), "200 OK", PlainText, "SIG 1\r\n 2  3\r\n");
+    service.page(QStringLiteral("/svsign"), SignedPage);
     surface->Navigate(service.address(QStringLiteral("/sign")));
     completed();
     // The browser takes the pointer only once it has painted the page.
@@ -92,7 +80,10 @@ TEST_F(WebSignature, ADrawnSignatureIsSavedByTheButtonOfThePage) {
     surface->ClickInputs(QStringLiteral("Save Signature"));
     const QString signedAt = completed();
     EXPECT_TRUE(signedAt.startsWith(service.address(QStringLiteral("/svsign?points=")))) << signedAt.toStdString();
-    EXPECT_EQ(bodyText(), QStringLiteral("SIG 1\n 2  3\n"));
+    const QString text = bodyText();
+    const auto signature = ReadSignature(text, {});
+    ASSERT_TRUE(signature) << text.toStdString();
+    EXPECT_EQ(signature->PointCount(), QUrlQuery(QUrl(signedAt)).queryItemValue(QStringLiteral("points")).toInt());
     EXPECT_FALSE(service.asked().contains(QStringLiteral("/help"))) << "Only inputs with that value are clicked.";
 }
 
