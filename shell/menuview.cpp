@@ -7,12 +7,14 @@
 #include "people/frmlocs.h"
 #include "platform/desktop/desktop.h"
 #include "session/session.h"
+#include "shell/frmpopts.h"
 #include "shell/viewtable.h"
 
 MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget* parent)
     : ViewWindow(parent), main_(main), menus_(entries, this) {
     menus_.Bind(menu::mnuFSelect, [this] { main_.SelectProvider(); });
     menus_.Bind(menu::mnuFPrefs, [this] { main_.ShowPreferences(); });
+    menus_.Bind(menu::mnuPrntOpts, [this] { showPrintOptions(); });
     menus_.Bind(menu::mnuFExit, [this] { main_.Leave(); });
     menus_.Bind(menu::mnuHContents, [this] { main_.ShowHelp(); });
     bindViews();
@@ -67,6 +69,11 @@ void MenuView::bindPracticeLists() {
         frmcleg dialog(window());
         ShowModal(dialog);
     });
+}
+
+void MenuView::showPrintOptions() {
+    frmpopts dialog({printsWeekends(), [this] { main_.ShowHelp(); }}, window());
+    ShowModal(dialog);
 }
 
 void MenuView::FillMenus(QMenuBar& bar) {

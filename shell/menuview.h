@@ -25,6 +25,8 @@ class MenuView : public ViewWindow {
     void showOpenView(MenuName command, View view);
     /// Called after a list of the practice (locations, rooms, activities, unavailable time) was edited.
     virtual void listsChanged() {}
+    /// Whether the print options of this view offer to print the weekend.
+    [[nodiscard]] virtual bool printsWeekends() const { return false; }
     [[nodiscard]] MainWindow& main() const { return main_; }
     [[nodiscard]] ViewMenus& menus() { return menus_; }
 
@@ -35,4 +37,5 @@ class MenuView : public ViewWindow {
     void bindViews();
     void bindSteps();
     void bindPracticeLists();
+    void showPrintOptions();
 };

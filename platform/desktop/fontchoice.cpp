@@ -1,0 +1,34 @@
+#include "platform/desktop/fontchoice.h"
+
+#include <QFontDatabase>
+#include <QFontDialog>
+
+#include "platform/desktop/desktop.h"
+
+namespace {
+
+/// Returns the font with the family's own name of its style. Without it, the window would not find the regular style of
+/// a family that calls it "Book", and would begin with another one.
+QFont withStyleName(QFont font) {
+    const QString family = font.family();
+    for (const QString& style : QFontDatabase::styles(family)) {
+        if (QFontDatabase::bold(family, style) == font.bold() &&
+            QFontDatabase::italic(family, style) == font.italic()) {
+            font.setStyleName(style);
+            break;
+        }
+    }
+    return font;
+}
+
+}  // namespace
+
+std::optional<QFont> ChooseFont(const QString& title, const QFont& proposal) {
+    QFontDialog dialog(withStyleName(proposal));
+    dialog.setWindowTitle(title);
+    // The desktop's own window would neither look like the program nor run through ShowModal.
+    dialog.setOption(QFontDialog::DontUseNativeDialog);
+    if (ShowModal(dialog) != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.currentFont();
+}
