@@ -33,7 +33,6 @@ namespace {
 constexpr int FewestColumns = 5;
 constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
-constexpr int MostPrintedColumns = 9;
 
 QString providersStatement() {
     return Sql(
@@ -295,12 +294,11 @@ void frmall::askBeforeDrop(int index, const ItemPlace& place, bool* cancel) {
         *cancel = conflicts({}, there);
 }
 
-ScheduleSheet frmall::sheet() const {
-    ScheduleSheet sheet = CalendarView::sheet();
+ScheduleSheet frmall::sheet(const PrintOptions& options) const {
+    ScheduleSheet sheet = CalendarView::sheet(options);
     sheet.subtitle = QStringLiteral("Schedule - All Therapists");
     sheet.footer.clear();
-    const int columns = PrintOption("AllViewCols").toInt();
-    sheet.columnsPerPage = columns < 1 || columns > MostPrintedColumns ? FewestColumns : columns;
+    sheet.columnsPerPage = options.columnsPerPage;
     return sheet;
 }
 

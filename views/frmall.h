@@ -50,7 +50,7 @@ class frmall : public CalendarView {
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     /// Puts as many columns on a page as the print options say, from 1 to 9, and five when they say nothing valid.
-    [[nodiscard]] ScheduleSheet sheet() const override;
+    [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
     void followProvider() override;
     [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;
     void resizeEvent(QResizeEvent* event) override;

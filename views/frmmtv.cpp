@@ -7,9 +7,11 @@
 #include "appointments/appointmentitem.h"
 #include "appointments/frmactsc.h"
 #include "data/codes.h"
+#include "data/holidays.h"
 #include "data/minutetime.h"
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/noticebar.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -70,6 +72,7 @@ frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(),
 
 void frmmtv::bindMonthCommands() {
     showOpenView(menu::mnuVMonth, View::Month);
+    menus().Bind(menu::mnuFPrintS, [this] { printS(); });
     menus().Show(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
     menus().Bind(menu::mnuVActivity, [this] {
         RunEditor(
@@ -113,6 +116,7 @@ void frmmtv::LoadMonthView() {
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
     readInto(*ctWeek1, QStringLiteral("Error reading appointments. "),
              [&] { addAppointments(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days); });
+    db::Ignoring([&] { addHolidays(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days); });
     const QString month = QLocale::c().toString(date, QStringLiteral("MMMM"));
     main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
     main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));
@@ -139,10 +143,45 @@ void frmmtv::addAppointments(QDate first, int days) {
     }
 }
 
+void frmmtv::addHolidays(QDate first, int days) {
+    QStringList statements;
+    for (int day = 0; day < days; ++day)
+        statements << HolidayStatement(first.addDays(day));
+    const db::ReadTogether together(Session().Connection, statements);
+    for (int day = 0; day < days; ++day) {
+        const std::optional<QString> holiday = HolidayOn(Session().Connection, first.addDays(day));
+        if (!holiday)
+            continue;
+        const CalendarItem banner = HolidayBanner(*holiday, first.addDays(day));
+        List1 << banner.ItemText;
+        List2 << banner.ItemKey;
+        ctWeek1->AddItem(banner);
+    }
+}
+
+MonthSheet frmmtv::sheet() const {
+    MonthSheet sheet;
+    sheet.content = ctWeek1->Content();
+    sheet.title = QLocale::c().toString(ctWeek1->Content().grid.month, QStringLiteral("MMMM yyyy"));
+    sheet.footer = Session().ProviderName;
+    return sheet;
+}
+
+void frmmtv::printS() {
+    if (hasUnread()) {
+        TellUnreadSchedule();
+        return;
+    }
+    const PrintOptions options = ReadPrintOptions();
+    PreviewSheet([&] { return PrintedSheet(sheet(), options); }, window());
+}
+
 QString frmmtv::tipOf(int index) const {
     if (index < 1 || index > List1.size())
         return {};
     const CalendarItem& item = ctWeek1->Item(index);
+    if (item.ItemBanner)
+        return item.ItemText;
     const bool military = Session().MilitaryTime;
     const QString times =
         QStringLiteral(" - %1 - %2")

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "shell/menuview.h"
+#include "shell/schedulesheet.h"
 
 class ctWeek;
 
@@ -35,11 +36,16 @@ class frmmtv : public MenuView {
     /// Finds an appointment by its text and goes to its day.
     void FindAppointment() override;
     [[nodiscard]] bool CanFind() const override { return true; }
+    /// Shows the print preview of the month.
+    void PrintSchedule() override { printS(); }
 
   private:
     void bindMonthCommands();
     void bindCalendar();
     void addAppointments(QDate first, int days);
+    void addHolidays(QDate first, int days);
+    [[nodiscard]] MonthSheet sheet() const;
+    void printS();
     [[nodiscard]] QString tipOf(int index) const;
     void selectDay(QDate day);
     void goTo(QDate day);
