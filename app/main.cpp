@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "app/demopractice.h"
 #include "app/options.h"
 #include "app/screenshot.h"
 #include "app/viewfactories.h"
@@ -64,7 +65,8 @@ int run(const AppOptions& options, ViewFactories factories) {
         window.OpenWithSize(options.size.isEmpty() ? PictureSize : options.size);
     if (picture)
         AnswerWithoutUser();
-    if (!StartUp(options.commandLine, {options.dataFolder, {}}, window))
+    const QString folder = options.demo ? DemoPracticeFolder() : options.dataFolder;
+    if ((options.demo && folder.isEmpty()) || !StartUp(options.commandLine, {folder, {}}, window))
         return Failed;
     if (options.view != View::None && !window.ViewAvailable(options.view))
         return refuse(QStringLiteral("the view \"%1\" is not available to this user").arg(viewName(options.view)),

@@ -58,6 +58,8 @@ bool takeFlag(AppOptions& options, const QString& argument) {
         options.help = true;
     else if (argument == QLatin1String("--version"))
         options.version = true;
+    else if (argument == QLatin1String("--demo"))
+        options.demo = true;
     else if (argument == QLatin1String("--dark"))
         options.mode = ThemeMode::Dark;
     else if (argument == QLatin1String("--light"))
@@ -112,6 +114,8 @@ ParsedOptions ParseOptions(const QStringList& arguments) {
         !options.version)
         parsed.error =
             QStringLiteral("--screenshot cannot log on: name the user as type|user, for example \"2|ADMIN\"");
+    if (parsed.error.isEmpty() && options.demo && !options.dataFolder.isEmpty())
+        parsed.error = QStringLiteral("--demo has a folder of its own; leave --data away");
     return parsed;
 }
 

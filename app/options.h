@@ -13,6 +13,7 @@
 struct AppOptions {
     QString commandLine;  ///< "{type}|{user id}" from the notes product. Empty: the user has to log on.
     QString dataFolder;
+    bool demo = false;  ///< Opens the user's demo practice, which is made when it is not there.
     QString screenshotFile;
     View view = View::None;  ///< The view to open. With None, start-up chooses it.
     QDate date;              ///< The date to open. An invalid date means today.

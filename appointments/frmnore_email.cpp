@@ -1,10 +1,12 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QLineEdit>
+#include <QUrl>
 
 #include "appointments/frmnore.h"
 #include "output/frmemail.h"
 #include "output/smtpsettings.h"
+#include "people/mailtarget.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -55,10 +57,20 @@ void sendDirectly(const QString& address, const QString& body, QWidget* parent) 
     ShowModal(form);
 }
 
+/// Returns the text as a field of a mailto target (RFC 6068). Only what would end the field or begin an escape is
+/// escaped, so that a practice's own text with "&" or "#" reaches the mail whole.
+QString mailField(QString text) {
+    static constexpr char special[] = {'%', '&', '#', '+', '\r', '\n'};
+    for (const char character : special)
+        text.replace(QLatin1Char(character),
+                     QString::fromLatin1(QUrl::toPercentEncoding(QString(QLatin1Char(character)))));
+    return text;
+}
+
 void handToMailProgram(const QString& address, const QString& body) {
     if (MsgBox(QStringLiteral("To: %1\n%2").arg(address, body), YesNoBox, Question) != Answer::Yes)
         return;
-    if (!OpenWithShell(QStringLiteral("mailto:%1?subject=%2&body=%3").arg(address, Subject, body)))
+    if (!OpenWithShell(QStringLiteral("%1?subject=%2&body=%3").arg(MailTarget(address), Subject, mailField(body))))
         MsgBox(QStringLiteral("Error Occurred in sending email. ") +
                    QCoreApplication::translate("frmnore", "No mail program could be opened."),
                ErrorBox, QStringLiteral("Error"));

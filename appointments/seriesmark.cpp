@@ -13,6 +13,7 @@
 #include "platform/database/connectiontext.h"
 #include "platform/desktop/userstore.h"
 #include "platform/files/privatefile.h"
+#include "platform/files/writeall.h"
 #include "session/session.h"
 
 namespace {
@@ -103,8 +104,8 @@ std::shared_ptr<SeriesMark> SeriesMark::Begin(const SeriesWork& work) {
     if (!mark->lock_->tryLock(0) || !file.open(QIODevice::WriteOnly))
         return mark;
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    file.write(QJsonDocument(written(work)).toJson());
-    file.commit();
+    if (files::WriteAll(file, QJsonDocument(written(work)).toJson()))
+        file.commit();
     return mark;
 }
 

@@ -73,6 +73,15 @@ void ApplySchema(db::Connection& connection, SchemaScript script) {
     });
 }
 
+void WriteSchemaVersion(db::Connection& main) {
+    db::InTransaction(main, [&] {
+        main.Execute("Delete from DefaultFieldValues Where dfltfieldname = 'SVSchedulerSchema'");
+        main.Execute(
+            db::Sql("Insert Into DefaultFieldValues (dfltfieldname, DfltValue) Values ('SVSchedulerSchema', '{}')",
+                    CurrentSchema));
+    });
+}
+
 qint64 MendAppointments(db::Connection& connection) {
     static const QRegularExpression createTrigger(QStringLiteral("^Create Trigger (\\w+) "));
     const QStringList triggers = SchemaStatements(SchemaScript::Main).filter(createTrigger);

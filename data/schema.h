@@ -20,6 +20,13 @@ enum class SchemaScript { Main, Companion };
 /// failing statement throws its DatabaseError and leaves nothing behind.
 void ApplySchema(db::Connection& connection, SchemaScript script);
 
+/// The version of the main database's schema that this program works with.
+inline constexpr int CurrentSchema = 1;
+
+/// Writes CurrentSchema into the row `SVSchedulerSchema` of `DefaultFieldValues` of a main database. Throws
+/// DatabaseError.
+void WriteSchemaVersion(db::Connection& main);
+
 /// Mends a main database whose tables were made by an earlier version or another program. It makes the triggers of the
 /// script anew and gives each appointment without an `appttype` the 0 of an ordinary one. The tables themselves stay as
 /// they are. Returns the number of appointments that were changed. Either everything is done or nothing. Throws

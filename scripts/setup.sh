@@ -8,6 +8,8 @@ ca-certificates fonts-dejavu-core"
 TEST_PACKAGES="libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev python3-icalendar tidy qt6-webengine-dev
 python3-aiosmtpd openssl"
 BENCH_PACKAGES="libbenchmark-dev"
+# What scripts/package makes and checks packages with.
+PACKAGE_PACKAGES="debhelper qt6-webengine-dev lintian desktop-file-utils appstream man-db"
 
 say() { printf '%s\n' "$*" >&2; }
 

@@ -13,11 +13,11 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/computer.h"
-#include "platform/desktop/credentials.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/inifile.h"
 #include "platform/desktop/installation.h"
 #include "platform/desktop/localefacts.h"
+#include "platform/desktop/practicedatabase.h"
 #include "platform/files/privatefile.h"
 #include "session/audit.h"
 #include "session/errorbox.h"
@@ -83,20 +83,8 @@ bool findFiles() {
     return true;
 }
 
-QString connectionText() {
-    const SessionValues& session = Session();
-    const QString server = GetServerName();
-    QString text = QStringLiteral("Provider=SQLOLEDB;");
-    text += QStringLiteral("Data Source=") + ResolvedDataSource(server, session.IniPath) + u';';
-    text += QStringLiteral("Initial Catalog=") +
-            ReadIniValue(session.SolvaneIni, QStringLiteral("SQLServer"), QStringLiteral("InitialCatalog")) + u';';
-    text += QStringLiteral("User Id=SVMaster;");
-    text += QStringLiteral("Password=") + BuildDbPassword(QStringLiteral("SVS"), server, session.IniPath) + u';';
-    return text;
-}
-
 void connect() {
-    Session().ConnectionString = connectionText();
+    Session().ConnectionString = PracticeConnectionText(Session().IniPath);
     try {
         Session().Connection.Open(Session().ConnectionString);
     } catch (const db::DatabaseError& error) {

@@ -80,6 +80,7 @@ Summary makeIn(const Options& options, const QDir& target) {
     {
         db::Connection main, companion;
         openNew(main, aside.path(), "practice", SchemaScript::Main);
+        WriteSchemaVersion(main);
         openNew(companion, aside.path(), "companion", SchemaScript::Companion);
         summary = MakePractice(options, main, companion, {QStringLiteral("."), QStringLiteral("companion")});
     }

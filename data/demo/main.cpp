@@ -2,13 +2,13 @@
 
 #include "data/connectionargument.h"
 #include "data/demo/demo.h"
+#include "data/demo/notesstandin.h"
 #include "data/schema.h"
 #include "platform/database/connectiontext.h"
 #include "platform/database/recordset.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QTextStream>
 #include <stdexcept>
 
@@ -64,12 +64,6 @@ const QCommandLineOption& dateOption() {
     return option;
 }
 
-/// The program beside this one that stands for a notes program; empty where it was not built.
-QString notesProgram() {
-    const QFileInfo program(QCoreApplication::applicationDirPath() + QStringLiteral("/svscheduler-demo-notes"));
-    return program.isExecutable() ? program.filePath() : QString();
-}
-
 demo::Options optionsFrom(const QCommandLineParser& parser) {
     demo::Options options;
     bool isNumber = false;
@@ -83,7 +77,7 @@ demo::Options optionsFrom(const QCommandLineParser& parser) {
         parser.isSet(dateOption()) ? QDate::fromString(parser.value(dateOption()), Qt::ISODate) : QDate::currentDate();
     if (!options.today.isValid())
         throw UsageError("--date wants a day as yyyy-mm-dd.");
-    options.notesProgram = notesProgram();
+    options.notesProgram = demo::NotesStandIn();
     return options;
 }
 

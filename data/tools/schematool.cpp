@@ -41,6 +41,8 @@ bool apply(SchemaScript script, const QString& name, const QString& connectionTe
                     "The %1 database already has the table %2; nothing was changed. The tables go into a database that has none of them.")
                     .arg(name, existing));
         ApplySchema(connection, script);
+        if (script == SchemaScript::Main)
+            WriteSchemaVersion(connection);
         say(QStringLiteral("The %1 database has its %2 tables.").arg(name).arg(SchemaTables(script).size()));
         return true;
     } catch (const db::DatabaseError& error) {

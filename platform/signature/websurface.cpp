@@ -1,10 +1,10 @@
 #include "platform/signature/websurface.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QPluginLoader>
 
+#include "platform/files/ownfile.h"
 #include "platform/signature/websurfaceplugin.h"
 
 namespace {
@@ -12,7 +12,9 @@ namespace {
 Q_LOGGING_CATEGORY(lcWebSign, "svscheduler.websign", QtWarningMsg)
 
 WebSurface* fromBesideTheProgram(QWidget* parent, QString* why) {
-    return LoadWebSurfacePlugin(QCoreApplication::applicationDirPath() + QStringLiteral("/plugins"), {}, parent, why);
+    const QString file =
+        files::OwnFile(QStringLiteral("plugins/websign.so"), QStringLiteral(SVS_PLUGINS "/websign.so"));
+    return LoadWebSurfacePlugin(QFileInfo(file).path(), {}, parent, why);
 }
 
 }  // namespace

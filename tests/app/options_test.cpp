@@ -92,3 +92,9 @@ TEST(OptionsTest, TheUsageNamesEveryOption) {
                                "--help", "type|user"})
         EXPECT_TRUE(UsageText().contains(QString::fromLatin1(option))) << option;
 }
+
+TEST(OptionsTest, TheDemoHasAFolderOfItsOwn) {
+    EXPECT_TRUE(understood(words("--demo 1|REED")).demo);
+    const QTemporaryDir folder;
+    EXPECT_NE(complaint({QStringLiteral("--demo"), QStringLiteral("--data"), folder.path()}), QString());
+}

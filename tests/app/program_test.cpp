@@ -23,6 +23,7 @@ class ProgramTest : public testing::Test {
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path());
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), dataHome);
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder.path());
         if (!withDisplay)
             for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
@@ -54,6 +55,7 @@ class ProgramTest : public testing::Test {
     [[nodiscard]] QString picture() const { return folder.filePath(QStringLiteral("window.png")); }
 
     QTemporaryDir folder;
+    QString dataHome = folder.filePath(QStringLiteral("share"));
     QString loggingRules;
 };
 
@@ -162,4 +164,27 @@ TEST_F(ProgramTest, APictureThatCannotBeWrittenIsTold) {
                                false);
     EXPECT_NE(failed.status, 0);
     EXPECT_TRUE(failed.err.contains(QStringLiteral("the picture could not be written to")));
+}
+
+TEST_F(ProgramTest, TheDemoIsMadeOnceAndOpensAtOnceTheNextTime) {
+    const QString ini = dataHome + QStringLiteral("/svscheduler-demo/solvane.ini");
+    const QStringList look{QStringLiteral("--demo"), QStringLiteral("--screenshot"), picture(),
+                           QStringLiteral("1|REED")};
+    const Outcome first = run(look, false);
+    EXPECT_EQ(first.status, 0) << first.err.toStdString();
+    EXPECT_FALSE(QImage(picture()).isNull());
+    ASSERT_TRUE(QFile::exists(ini));
+    PutFile(ini, FileBytes(ini) + "; of the user\n");
+    EXPECT_EQ(run(look, false).status, 0);
+    EXPECT_TRUE(FileBytes(ini).endsWith("; of the user\n"));
+}
+
+TEST_F(ProgramTest, ADemoThatCannotBeMadeSaysWhy) {
+    dataHome = QStringLiteral("/dev/null");
+    const Outcome outcome =
+        run({QStringLiteral("--demo"), QStringLiteral("--screenshot"), picture(), QStringLiteral("1|REED")}, false);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("The demo practice could not be made.")))
+        << outcome.err.toStdString();
+    EXPECT_FALSE(QFile::exists(picture()));
 }

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QUrlQuery>
 
 #include "appointments/appointmentconflict.h"
 #include "platform/controls/completingcombo.h"
@@ -479,6 +480,19 @@ TEST_F(EditorSave, AMessageIsHandedToTheMailProgram) {
         QStringList{QStringLiteral(
             "mailto:mary@example.org?subject=Appointment Confirmation&body=This e-mail is to remind you of your appointment on 03/11/2026 at 9:00 AM with Anna Reed.")});
     EXPECT_EQ(rowCount("appointments"), 1);
+}
+
+TEST_F(EditorSave, AMessageWithMarksOfItsOwnReachesTheMailProgramWhole) {
+    Session().EmailReminderText = QStringLiteral("Questions & wishes: 100% yours + #1\r\n[TIME]");
+    openFor("10017", "Jones, Mary");
+    QTest::keyClick(form->ckemail, Qt::Key_Space);
+    desk.expectBox(QStringLiteral("To: mary@example.org\nQuestions & wishes: 100% yours + #1\r\n9:00 AM"),
+                   QStringLiteral("Send e-mail?"), Answer::Yes);
+    clickOk();
+    ASSERT_EQ(desk.opened.size(), 1);
+    const QUrlQuery fields(QUrl(desk.opened.first()));
+    EXPECT_EQ(fields.queryItemValue(QStringLiteral("body"), QUrl::FullyDecoded),
+              QStringLiteral("Questions & wishes: 100% yours + #1\r\n9:00 AM"));
 }
 
 TEST_F(EditorSave, ThePracticesOwnReminderIsFilledInEverywhere) {

@@ -17,6 +17,7 @@
 #include "platform/database/connectiontext.h"
 #include "session/audit.h"
 #include "tests/appointments/appointmentfixture.h"
+#include "tests/support/fulldisk.h"
 
 using db::Sql;
 
@@ -226,6 +227,16 @@ TEST_F(SeriesBooking, AnotherUsersOrPracticesMarkIsNobodyElses) {
     startAnew();
     EXPECT_EQ(bar.Texts(), QStringList());
     EXPECT_EQ(marks().size(), 1);
+}
+
+TEST_F(SeriesBooking, AMarkThatAFullDiskCutsShortIsNotLeftBehind) {
+    SeriesWork work;
+    work.dates.assign(500, day);
+    {
+        const FullDisk disk(4'000);
+        SeriesMark::Begin(work);
+    }
+    EXPECT_EQ(marks(), QStringList());
 }
 
 TEST_F(SeriesBooking, TheMarkNamesNobodyAndIsReadableByItsOwnerAlone) {
