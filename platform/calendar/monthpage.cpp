@@ -1,6 +1,7 @@
 #include "platform/calendar/monthpage.h"
 
 #include <algorithm>
+#include <QFontMetrics>
 #include <QPainter>
 
 #include "platform/calendar/monthpainting.h"
@@ -20,7 +21,8 @@ void PaintMonthPage(QPainter& painter, const QRectF& area, const MonthContent& c
     painter.setClipRect(whole, Qt::IntersectClip);
     painter.translate(whole.topLeft());
     const QRect page(QPoint(), whole.size());
-    PaintMonth({painter, content.items, content.grid, layout, styles[used], content.twentyFourHour, {}}, page);
+    const int blank = QFontMetrics(styles[used].small).averageCharWidth();
+    PaintMonth({painter, content.items, content.grid, layout, styles[used], content.twentyFourHour, {}, blank}, page);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(styles[used].hourLine);
     painter.drawRect(page.adjusted(0, 0, -1, -1));

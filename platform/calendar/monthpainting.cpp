@@ -1,5 +1,6 @@
 #include "platform/calendar/monthpainting.h"
 
+#include <algorithm>
 #include <QCoreApplication>
 #include <QLocale>
 #include <QPainter>
@@ -77,7 +78,8 @@ void paintItem(const MonthScene& scene, const MonthLine& line) {
         const QString shown = painter.fontMetrics().elidedText(words, Qt::ElideRight, text.width());
         painter.setPen(color);
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
-        text.setLeft(text.left() + painter.fontMetrics().horizontalAdvance(shown) + scene.style.margin);
+        text.setLeft(text.left() + painter.fontMetrics().horizontalAdvance(shown) +
+                     std::max(scene.style.margin, scene.leastGap));
     };
     if (!item.ItemBanner) {
         // Where room is short, AM or PM is left out first and then the time itself, because the order of the lines

@@ -24,6 +24,9 @@ struct MonthScene {
     const CalendarStyle& style;
     bool twentyFourHour = false;
     MonthState state;
+    /// The least distance between an item's time and its text. On paper widths are rounded more than on the screen, and
+    /// the small margin alone would let some of them touch.
+    int leastGap = 0;
 
     [[nodiscard]] const CalendarItem& item(int index) const { return items[static_cast<std::size_t>(index) - 1]; }
 };
