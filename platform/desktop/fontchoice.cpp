@@ -25,10 +25,23 @@ QFont withStyleName(QFont font) {
 
 std::optional<QFont> ChooseFont(const QString& title, const QFont& proposal) {
     QFontDialog dialog(withStyleName(proposal));
+    dialog.setObjectName(QStringLiteral("QFontDialog"));
     dialog.setWindowTitle(title);
     // The desktop's own window would neither look like the program nor run through ShowModal.
     dialog.setOption(QFontDialog::DontUseNativeDialog);
+    // The window shows another family for one that is missing, in a style of its own, and sizes without fractions.
+    const QFont begun = dialog.currentFont();
     if (ShowModal(dialog) != QDialog::Accepted)
         return std::nullopt;
-    return dialog.currentFont();
+    QFont chosen = dialog.currentFont();
+    if (chosen.pointSizeF() == begun.pointSizeF())
+        chosen.setPointSizeF(proposal.pointSizeF());
+    if (chosen.family() != begun.family())
+        return chosen;
+    chosen.setFamilies(proposal.families());
+    if (chosen.bold() == begun.bold() && chosen.italic() == begun.italic()) {
+        chosen.setBold(proposal.bold());
+        chosen.setItalic(proposal.italic());
+    }
+    return chosen;
 }

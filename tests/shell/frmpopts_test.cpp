@@ -191,7 +191,7 @@ TEST_F(PrintOptionsForm, SvwschedIniIsReadWhereThereIsNoPreference) {
 
 TEST_F(PrintOptionsForm, OkStoresEveryOptionForTheUser) {
     frmpopts form(fromTheWeek());
-    QFont title(QStringLiteral("DejaVu Sans"), 16);
+    QFont title(QStringLiteral("DejaVu Sans Mono"), 16);
     title.setBold(true);
     choose(title);
     form.cmdtitlefont->click();
@@ -207,7 +207,7 @@ TEST_F(PrintOptionsForm, OkStoresEveryOptionForTheUser) {
     form.cmdok->click();
 
     EXPECT_EQ(form.result(), QDialog::Accepted);
-    EXPECT_EQ(stored("TitleFont"), "DejaVu Sans");
+    EXPECT_EQ(stored("TitleFont"), "DejaVu Sans Mono");
     EXPECT_EQ(stored("TitleFontSize"), "16");
     EXPECT_EQ(stored("TitleFontBold"), "True");
     EXPECT_EQ(stored("TitleFontItalic"), "False");
@@ -345,6 +345,24 @@ TEST_F(PrintOptionsForm, AFontThatIsGivenUpStays) {
     form.cmdtitlefont->click();
     EXPECT_EQ(form.lbltitlefont->text(), "Arial, 8.25 points");
     EXPECT_FALSE(form.IsChanged());
+}
+
+TEST_F(PrintOptionsForm, WhatIsLeftAloneInTheFontWindowStays) {
+    store("REED", "TitleFont", "No Such Hand");
+    frmpopts form(fromTheDay());
+    desk.expectForm("QFontDialog", [](QDialog& dialog) { dialog.accept(); });
+    form.cmdtitlefont->click();
+    EXPECT_FALSE(form.IsChanged());
+    desk.expectForm("QFontDialog", [](QDialog& dialog) {
+        auto& fonts = dynamic_cast<QFontDialog&>(dialog);
+        QFont larger = fonts.currentFont();
+        larger.setPointSize(20);
+        fonts.setCurrentFont(larger);
+        dialog.accept();
+    });
+    form.cmdtitlefont->click();
+    EXPECT_TRUE(form.lbltitlefont->text().startsWith("No Such Hand"));
+    EXPECT_TRUE(form.lbltitlefont->text().contains(", 20 points"));
 }
 
 TEST_F(PrintOptionsForm, TheFontWindowBeginsWithTheFontAtHand) {
