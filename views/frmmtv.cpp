@@ -47,6 +47,22 @@ CalendarItem itemOf(const Recordset& row) {
     return item;
 }
 
+// A counted 29th that the year lacks is the day after the 28th: the database takes no other date for it.
+QString appointmentsStatement(QDate first, int days) {
+    const QDate last = first.addDays(days - 1);
+    const QString& provider = Session().ProviderId;
+    return Sql(
+        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}')",
+        SqlDate(first), SqlDate(last), provider, provider);
+}
+
+QStringList holidayStatements(QDate first, int days) {
+    QStringList statements;
+    for (int day = 0; day < days; ++day)
+        statements << HolidayStatement(first.addDays(day));
+    return statements;
+}
+
 }  // namespace
 
 int DaysInMonth(int month, int year) {
@@ -114,23 +130,19 @@ void frmmtv::LoadMonthView() {
     ctWeek1->ClearItems();
     ctWeek1->setDate(date);
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
-    readInto(*ctWeek1, QStringLiteral("Error reading appointments. "),
-             [&] { addAppointments(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days); });
-    db::Ignoring([&] { addHolidays(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days); });
+    const QDate first(ctWeek1->Year(), ctWeek1->Month(), 1);
+    const db::ReadTogether together(Session().Connection,
+                                    QStringList(appointmentsStatement(first, days)) + holidayStatements(first, days));
+    if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(first, days); }))
+        db::Ignoring([&] { addHolidays(first, days); });
     const QString month = QLocale::c().toString(date, QStringLiteral("MMMM"));
     main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
     main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));
 }
 
-// A counted 29th that the year lacks is the day after the 28th: the database takes no other date for it.
 void frmmtv::addAppointments(QDate first, int days) {
-    const QDate last = first.addDays(days - 1);
-    const QString& provider = Session().ProviderId;
     QSet<QString> shown;
-    Recordset rows(
-        Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}')",
-            SqlDate(first), SqlDate(last), provider, provider),
-        Session().Connection);
+    Recordset rows(appointmentsStatement(first, days), Session().Connection);
     for (; !rows.Eof(); rows.MoveNext()) {
         CalendarItem item = itemOf(rows);
         // The join gives a row of the provider's own once for each further provider.
@@ -144,10 +156,6 @@ void frmmtv::addAppointments(QDate first, int days) {
 }
 
 void frmmtv::addHolidays(QDate first, int days) {
-    QStringList statements;
-    for (int day = 0; day < days; ++day)
-        statements << HolidayStatement(first.addDays(day));
-    const db::ReadTogether together(Session().Connection, statements);
     for (int day = 0; day < days; ++day) {
         const std::optional<QString> holiday = HolidayOn(Session().Connection, first.addDays(day));
         if (!holiday)

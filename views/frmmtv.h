@@ -23,7 +23,8 @@ class frmmtv : public MenuView {
     explicit frmmtv(MainWindow& main, QWidget* parent = nullptr);
 
     /// Reads the month of the main window's date for the session's provider, including all-day appointments. The main
-    /// window's date is the selected day. When appointments cannot be read, the user is told.
+    /// window's date is the selected day. When appointments cannot be read, the user is told. Holidays that cannot be
+    /// read are left out without a message.
     void LoadMonthView();
     /// Hides the practice's lists and the Activity Scheduler from a user who may only read, and the choice of a
     /// provider and the view of all providers from a user who may see one schedule only.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/codes.h"
+#include "platform/printing/printers.h"
 #include "platform/printing/printpreview.h"
 #include "platform/printing/vsprinter.h"
 #include "session/hiddennames.h"
@@ -14,6 +15,7 @@
 #include "session/session.h"
 #include "shell/frmpopts.h"
 #include "tests/platform/printing/pagereader.h"
+#include "tests/support/files.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
 #include "views/frmweekv.h"
@@ -304,6 +306,47 @@ TEST_F(PrintedViews, TheHelpOfThePrintOptionsIsThatOfTheProgram) {
     });
     command("mnuPrntOpts").trigger();
     EXPECT_EQ(main.asked.last(), "help");
+}
+
+TEST_F(PrintedViews, WithoutAPrinterTheUserIsToldAndSavesThePage) {
+    Printers().anyInstalled = [] { return false; };
+    desk.chosenFile = folder_.filePath(QStringLiteral("day.pdf"));
+    which = Which::Day;
+    open();
+    desk.expectForm("frmpreview", [this](QDialog& form) {
+        desk.expectBox("No printer is installed on this computer. You can save the document as a PDF file instead.",
+                       "Print");
+        form.findChild<QPushButton*>(QStringLiteral("cmdprint"))->click();
+        form.findChild<QPushButton*>(QStringLiteral("cmdsave"))->click();
+    });
+    command("mnuFPrintS").trigger();
+    EXPECT_TRUE(FileBytes(desk.chosenFile).startsWith("%PDF-"));
+    Printers() = RealPrinters();
+}
+
+TEST_F(PrintedViews, AFolderThatTakesNoFileIsToldAndThePreviewStays) {
+    // Not even root may write here.
+    desk.chosenFile = QStringLiteral("/proc/day.pdf");
+    which = Which::Day;
+    open();
+    desk.expectForm("frmpreview", [this](QDialog& form) {
+        QString told;
+        const auto before = Desktop().msgBox;
+        Desktop().msgBox = [&told](const QString& text, BoxStyle, const QString&) {
+            told = text;
+            return Answer::Ok;
+        };
+        form.show();
+        for (int time = 0; time < 2; ++time) {
+            told.clear();
+            form.findChild<QPushButton*>(QStringLiteral("cmdsave"))->click();
+            EXPECT_TRUE(told.startsWith("The file /proc/day.pdf could not be written: ")) << told.toStdString();
+            EXPECT_TRUE(form.isVisible());
+        }
+        Desktop().msgBox = before;
+        form.reject();
+    });
+    command("mnuFPrintS").trigger();
 }
 
 TEST_F(PrintedViews, EveryPageIsPaintedWithWhatTheViewHolds) {
