@@ -8,10 +8,12 @@
 #include "app/viewfactories.h"
 #include "app/wiring.h"
 #include "appointments/frmnore.h"
+#include "platform/desktop/errorlog.h"
 #include "platform/theme/theme.h"
 #include "session/databasewait.h"
 #include "session/session.h"
 #include "session/startup.h"
+#include "shell/frmabout.h"
 #include "shell/mdisched.h"
 #include "shell/viewtable.h"
 
@@ -73,6 +75,8 @@ int run(const AppOptions& options, ViewFactories factories) {
                       Failed);
     if (options.view != View::None)
         window.changeview(options.view);
+    if (!picture)
+        OfferCrashNote(&window);
     if (picture)
         return SaveScreenshot(window, options.screenshotFile) ? 0 : Failed;
     QTimer::singleShot(0, &window, &Theme::FollowDesktop);
@@ -102,6 +106,8 @@ int start(int argc, char** argv, const AppOptions& options, ViewFactories factor
     QApplication::setApplicationDisplayName(QStringLiteral("Solvane Scheduler"));
     QApplication::setApplicationVersion(QStringLiteral(SVS_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("svscheduler"));
+    KeepErrorLog();
+    KeepCrashNotes();
     Theme::Install(options.mode);
     frmnore::QuickLookUp = QuickLookUpMilliseconds;
     ShowDatabaseWaits();

@@ -1,5 +1,6 @@
 #include "appointments/attendeelist.h"
 
+#include <QHash>
 #include <QStyledItemDelegate>
 
 #include "platform/text/plaintext.h"
@@ -44,9 +45,25 @@ void AttendeeList::AddProvider(const QString& id, const QString& name) {
     item->setToolTip(TipText(name));
 }
 
+void AttendeeList::AddProviders(const QList<ListedProvider>& providers) {
+    QHash<QString, int> bearers;
+    for (const ListedProvider& provider : providers)
+        ++bearers[provider.name.toLower()];
+    for (const auto& [id, name] : providers) {
+        const bool alone = bearers.value(name.toLower()) == 1 && !name.isEmpty();
+        AddProvider(id, alone ? name : QStringLiteral("%1 (%2)").arg(name, id).trimmed());
+    }
+}
+
 void AttendeeList::SelectProvider(int row) {
     if (QListWidgetItem* provider = item(row))
         provider->setSelected(true);
+}
+
+void AttendeeList::ShowFirstSelected() {
+    for (int row = 0; row < count(); ++row)
+        if (item(row)->isSelected())
+            return setCurrentRow(row, QItemSelectionModel::NoUpdate);
 }
 
 int AttendeeList::FindProvider(const QString& id) const {

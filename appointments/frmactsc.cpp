@@ -1,6 +1,5 @@
 #include "appointments/frmactsc.h"
 
-#include <QHash>
 #include <QLabel>
 #include <QListWidget>
 #include <QLocale>
@@ -27,7 +26,6 @@ using db::Sql;
 
 namespace {
 
-constexpr int MostNames = 4;
 constexpr char ProvidersStatement[] =
     "Select id, prov_lastname from provider_info Where Archive = 0 Order by prov_lastname";
 
@@ -65,7 +63,6 @@ void frmactsc::load() {
     else
         LoadGroupEvent();
     showSlot();
-    showAttendees();
     eventTyped_ = false;
     locationTyped_ = false;
     attendeesChanged = false;
@@ -86,22 +83,11 @@ QStringList frmactsc::loadStatements() const {
 }
 
 void frmactsc::loadprovs() {
-    struct Provider {
-        QString id;
-        QString name;
-    };
-    QList<Provider> providers;
-    QHash<QString, int> bearers;
+    QList<ListedProvider> providers;
     LoadList(ProvidersStatement, QStringLiteral("Error loading provider list. "), [&](const Recordset& row) {
         providers.append({row["id"].text(), row["prov_lastname"].text()});
-        ++bearers[providers.back().name.toLower()];
     });
-    for (const Provider& provider : providers) {
-        // Who bear the same name are told apart.
-        const bool alone = bearers.value(provider.name.toLower()) == 1 && !provider.name.isEmpty();
-        List1->AddProvider(provider.id,
-                           alone ? provider.name : QStringLiteral("%1 (%2)").arg(provider.name, provider.id).trimmed());
-    }
+    List1->AddProviders(providers);
 }
 
 void frmactsc::LoadGroupEvent() {
@@ -151,20 +137,6 @@ void frmactsc::showSlot() {
 void frmactsc::showWeekday() {
     const QDate date = ctDEditComp->Date();
     lblweekday->setText(date.isValid() ? QLocale::c().dayName(date.dayOfWeek()) : QString());
-}
-
-void frmactsc::showAttendees() {
-    const QStringList names = List1->SelectedNames();
-    const int count = static_cast<int>(names.size());
-    if (count == 0) {
-        lblattendees->setText(tr("Nobody attends yet"));
-        return;
-    }
-    const QString number = count == 1 ? tr("1 attendee") : tr("%1 attendees").arg(count);
-    QString who = names.first(std::min(count, MostNames)).join(QStringLiteral(", "));
-    if (count > MostNames)
-        who += tr(" and %1 more").arg(count - MostNames);
-    lblattendees->setText(QStringLiteral("%1: %2").arg(number, who));
 }
 
 void frmactsc::showCut() {

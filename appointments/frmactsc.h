@@ -82,7 +82,6 @@ class frmactsc : public EditorDialog {
     void showAttendee(const QString& id);
     void showSlot();
     void showWeekday();
-    void showAttendees();
     void showCut();
     void leaveList(Qt::FocusReason reason);
     void offerUnknownItems();

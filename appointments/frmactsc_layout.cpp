@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "appointments/attendeelist.h"
+#include "appointments/attendeepanel.h"
 #include "appointments/durationlabel.h"
 #include "appointments/editorparts.h"
 #include "appointments/frmactsc.h"
@@ -16,9 +17,6 @@
 namespace {
 
 constexpr int ComboCharacters = 22;
-constexpr int ListCharacters = 26;
-constexpr int ListLines = 8;
-constexpr int SummaryLines = 2;
 
 }  // namespace
 
@@ -67,22 +65,9 @@ QWidget* frmactsc::buildFields() {
 }
 
 QWidget* frmactsc::buildAttendees() {
-    auto* attendees = new QWidget(this);
-    List1 = Named(new AttendeeList(attendees), "List1");
-    List1->setAccessibleName(tr("Attendees"));
-    List1->setMinimumSize(fontMetrics().averageCharWidth() * ListCharacters, fontMetrics().height() * ListLines);
-    lblattendees = Named(new QLabel(attendees), "lblattendees");
-    lblattendees->setTextFormat(Qt::PlainText);
-    lblattendees->setWordWrap(true);
-    lblattendees->setAlignment(Qt::AlignTop);
-    // The line grows and shrinks with whom it names; the list above does not for the first few.
-    lblattendees->setMinimumHeight(fontMetrics().lineSpacing() * SummaryLines);
-    auto* column = new QVBoxLayout(attendees);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(Space(4));
-    column->addWidget(FieldLabel(tr("&Attendees:"), List1));
-    column->addWidget(List1, 1);
-    column->addWidget(lblattendees);
+    auto* attendees = new AttendeePanel(this);
+    List1 = attendees->List1;
+    lblattendees = attendees->lblattendees;
     return attendees;
 }
 
@@ -116,10 +101,7 @@ void frmactsc::connectFields() {
     connect(ctDEditComp, &ctDEdit::Change, this, &frmactsc::showWeekday);
     for (const ctDEdit* time : {ctstart, ctend})
         connect(time, &ctDEdit::Change, this, [this] { lblduration->ShowTimes(ctstart->Time(), ctend->Time()); });
-    connect(List1, &QListWidget::itemSelectionChanged, this, [this] {
-        dirty = attendeesChanged = true;
-        showAttendees();
-    });
+    connect(List1, &QListWidget::itemSelectionChanged, this, [this] { dirty = attendeesChanged = true; });
     connect(cmdbusy, &QPushButton::clicked, this, &frmactsc::busySearch);
     connect(cmdOk, &QPushButton::clicked, this, &frmactsc::cmdOk_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmactsc::reject);

@@ -24,8 +24,7 @@ int monthsBetween(QDate first, QDate second) {
 bool isNthOfItsWeekday(QDate date, int scale) {
     if (scale == RecurrencePattern::Last)
         return date.addDays(Week).month() != date.month();
-    const int within = date.day() % Week == 0 ? Week : date.day() % Week;
-    return (scale - 1) * Week + within == date.day();
+    return (scale - 1) * Week + WeekdayOfDay(date) == date.day();
 }
 
 bool fitsWeekly(const RecurrencePattern& pattern, QDate date) {
@@ -53,6 +52,11 @@ bool fitsYearly(const RecurrencePattern& pattern, QDate date) {
 
 int WeekdayNumber(QDate date) {
     return date.dayOfWeek() % Week + 1;
+}
+
+int WeekdayOfDay(QDate date) {
+    const int position = date.day() % Week;
+    return position == 0 ? Week : position;
 }
 
 bool IsDateInSeries(const RecurrencePattern& pattern, QDate date) {

@@ -40,6 +40,9 @@ struct RecurrencePattern {
 /// Returns the number of a date's weekday, 1 for Sunday.
 [[nodiscard]] int WeekdayNumber(QDate date);
 
+/// Returns the position of a day of the month in its block of seven, 1 to 7: the 7th and the 14th have 7.
+[[nodiscard]] int WeekdayOfDay(QDate date);
+
 /// Whether the series takes place on the date. A day that a month lacks is skipped and not moved to the month's last
 /// day. An interval below 1 fits no date.
 [[nodiscard]] bool IsDateInSeries(const RecurrencePattern& pattern, QDate date);

@@ -101,6 +101,7 @@ inline constexpr MenuName mnuVHideTP{"mnuVHideTP"};
 
 inline constexpr MenuName mnuHelp{"mnuHelp"};
 inline constexpr MenuName mnuHContents{"mnuHContents"};
+inline constexpr MenuName mnuHAbout{"mnuHAbout"};
 
 inline constexpr MenuName mnuPrint{"mnuPrint"};
 

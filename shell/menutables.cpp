@@ -110,6 +110,7 @@ Table helpMenu() {
     return {
         {Kind::Menu, menu::mnuHelp, "&Help"},
         {Kind::Command, menu::mnuHContents, "&Contents\tF1", "help"},
+        {Kind::Command, menu::mnuHAbout, "&About Solvane Scheduler...", "information"},
     };
 }
 

@@ -7,6 +7,7 @@
 #include "people/frmlocs.h"
 #include "platform/desktop/desktop.h"
 #include "session/session.h"
+#include "shell/frmabout.h"
 #include "shell/frmpopts.h"
 #include "shell/viewtable.h"
 
@@ -17,6 +18,7 @@ MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget
     menus_.Bind(menu::mnuPrntOpts, [this] { showPrintOptions(); });
     menus_.Bind(menu::mnuFExit, [this] { main_.Leave(); });
     menus_.Bind(menu::mnuHContents, [this] { main_.ShowHelp(); });
+    menus_.Bind(menu::mnuHAbout, [this] { ShowAbout(window()); });
     bindViews();
     bindSteps();
     bindPracticeLists();

@@ -17,17 +17,20 @@ class ClientRows {
         : today_(practice.options.today),
           keys_(keys),
           random_(practice.options.seed, "clients"),
+          details_(practice.options.seed, "client details"),
           clients_(companion, "Clients",
                    {"ClntFirstName",
                     "ClntLastName",
                     "ClntMiddleInitial",
                     "ClntMr",
+                    "ClntSuffix",
                     "ClntAddressOne",
                     "ClntAddressTwo",
                     "ClntCity",
                     "ClntState",
                     "ClntZipCode",
                     "ClntHomePhone",
+                    "ClntHomeExt",
                     "ClntWorkPhone",
                     "ClntWorkExt",
                     "ClntEmailAddress",
@@ -42,7 +45,8 @@ class ClientRows {
                     "ClntSex",
                     "DateCreated",
                     "LastModifiedDate"}),
-          parties_(companion, "ClientParties", {"ClntId", "PartMr", "PartFirstName", "PartLastName"}),
+          parties_(companion, "ClientParties",
+                   {"ClntId", "PartMr", "PartFirstName", "PartMiddleInitial", "PartLastName", "PartSuffix"}),
           shares_(companion, "ClientChargeDistributions",
                   {"ClntId", "PartId", "CDisType", "CDisPercentDue", "CDisFixedAmount"}),
           policies_(companion, "clientInsurancePolicies", {"InsrId", "ClntId", "CPolType", "CPolActiveInd"}) {
@@ -67,19 +71,21 @@ class ClientRows {
         clients_.add({patient.person.first,
                       patient.person.last,
                       patient.person.middle,
-                      patient.person.female ? "Ms." : "Mr.",
+                      details_.chance(90) ? (patient.person.female ? "Ms." : "Mr.") : "",
+                      !patient.person.female && details_.chance(8) ? "Jr." : "",
                       street[0],
                       street.size() > 1 ? street[1] : QString(),
                       address.city,
                       address.state,
                       address.zip,
                       PhoneText(patient.homePhone.left(10)),
+                      details_.chance(5) ? QString::number(details_.between(2, 99)) : QString(),
                       PhoneText(patient.workPhone.left(10)),
                       patient.workPhone.mid(10),
                       random_.chance(60) ? SomeEmail(patient.person, random_) : QString(),
-                      90.0 + 15 * random_.between(0, 6),
+                      known(90.0 + 15 * random_.between(0, 6)),
                       random_.chance(20) ? 20.0 : 0.0,
-                      static_cast<double>(random_.between(-4, 40) * 10),
+                      known(random_.between(-4, 40) * 10),
                       patient.archived ? 0 : 1,
                       number ? PhoneText(SomePhone(random_)) : QString(),
                       number ? db::Value(random_.pick(lookups_)) : db::Value(),
@@ -99,6 +105,9 @@ class ClientRows {
     }
 
   private:
+    /// An amount that the companion does not know of every client.
+    db::Value known(double amount) { return details_.chance(94) ? db::Value(amount) : db::Value(); }
+
     void addMoney(int client) {
         if (random_.chance(70)) {
             const bool percent = random_.chance(40);
@@ -107,18 +116,29 @@ class ClientRows {
         }
         if (random_.chance(12)) {
             const Person payer = SomePerson(random_);
-            parties_.add({client, payer.female ? "Ms." : "Mr.", payer.first, payer.last});
+            parties_.add({client, payer.female ? "Ms." : "Mr.", payer.first, payer.middle, payer.last, ""});
             shares_.add({client, parties_.key(), 1, nullptr, 15.0});
         }
+        if (details_.chance(8))
+            addPercentPayer(client);
         if (random_.chance(85))
             policies_.add({random_.pick(insurers_), client, "P", 1});
         if (random_.chance(15))
             policies_.add({random_.pick(insurers_), client, "S", random_.chance(80) ? 1 : 0});
     }
 
+    // Another party pays by percent, beside the one who pays an amount where there is one.
+    void addPercentPayer(int client) {
+        const Person payer = SomePerson(details_);
+        parties_.add({client, payer.female ? "Ms." : "Mr.", payer.first, payer.middle, payer.last,
+                      details_.chance(20) ? "Sr." : ""});
+        shares_.add({client, parties_.key(), 1, 30.0, nullptr});
+    }
+
     QDate today_;
     const Companion& keys_;
     Random random_;
+    Random details_;
     std::vector<int> lookups_;
     std::vector<int> insurers_;
     BatchWriter clients_;
@@ -151,6 +171,7 @@ void writeProviders(const Practice& practice, Companion& keys, db::Connection& c
     }
     // A provider who works only in the companion.
     providers.add({"Beatriz", "Quintana"});
+    keys.unpaired = providers.key();
 }
 
 }  // namespace
@@ -176,7 +197,7 @@ Companion WriteCompanion(const Practice& practice, db::Connection& companion) {
         Patient stranger;
         stranger.person = SomePerson(random);
         stranger.homePhone = SomePhone(random);
-        static_cast<void>(clients.add(stranger, keys.providers[0]));
+        keys.strangers.push_back(clients.add(stranger, keys.providers[0]));
     }
     clients.finish();
     return keys;

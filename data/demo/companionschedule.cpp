@@ -2,7 +2,6 @@
 #include "data/demo/companion.h"
 #include "data/demo/tablewriter.h"
 
-#include <initializer_list>
 #include <QTime>
 
 namespace demo {
@@ -31,6 +30,40 @@ int apptStatus(int color, Random& random) {
 QDateTime at(QDate date, int minutes) {
     return QDateTime(date, QTime(0, 0), Qt::UTC).addSecs(qint64{60} * minutes);
 }
+
+/// What seldom happens, and is there in every practice around its day.
+enum class By { Quintana, Reed, QuintanaWithReed };
+struct Rare {
+    By by;
+    int day;     ///< Days from today.
+    int client;  ///< Index of a client whom the main database does not have.
+    Hours hours;
+    bool charged;
+    const char* call;
+    int status;
+    int series;
+    const char* note;
+};
+
+// Each code of a courtesy call and one that is on no list, each status of an appointment and one that is none, a row at
+// midnight and one of no length, which are no appointments, and one that begins before the practice opens.
+constexpr Rare RareRows[]{
+    {By::Quintana, 0, 0, {480, 530}, true, "CF", Seen, 0, "Paid at the desk, \"receipt\" mailed."},
+    {By::Quintana, 0, 1, {540, 590}, true, "LM", Seen, 901, ""},
+    {By::Quintana, 0, 2, {600, 650}, false, "AM", Arrived, 0, "Waits in the car; doesn't want to come in yet."},
+    {By::Quintana, 0, 3, {660, 710}, false, "NA", 0, 902, ""},
+    {By::Quintana, 0, 4, {780, 830}, false, "BZ", NotSeen, 0, "\xF0\x9F\x8E\x82 on the day before."},
+    {By::Quintana, 0, 5, {840, 890}, false, "CX", Cancelled, 0, "Asked for the same time next week."},
+    {By::Quintana, 0, 6, {900, 950}, false, "WN", MissedThere, 0, ""},
+    {By::Quintana, 0, 7, {960, 1010}, false, "ZZ", 6, 0, "Status and call were entered by another program."},
+    {By::Quintana, 1, 8, {405, 455}, false, "CF", NotSeen, 0, "Before the practice opens."},
+    {By::Quintana, 1, 9, {0, 50}, false, "", NotSeen, 0, "Entered without a time."},
+    {By::Quintana, 1, 10, {600, 600}, false, "", NotSeen, 0, "Entered without a length."},
+    {By::QuintanaWithReed, 0, 11, {1120, 1170}, false, "CF", NotSeen, 0, "Both see the family together."},
+    {By::QuintanaWithReed, 1, 12, {720, 770}, false, "", 0, 0, ""},
+    {By::Reed, 1, 13, {1080, 1125}, false, "LM", NotSeen, 0, "Has no chart in the scheduler."},
+    {By::Reed, -7, 14, {1080, 1125}, true, "CF", Seen, 0, ""},
+};
 
 class TransactionRows {
   public:
@@ -76,60 +109,73 @@ class TransactionRows {
             addPayment(booking, client, provider);
     }
 
+    /// Adds an appointment of an unpaired client, by an unpaired provider or by REED.
+    void add(const Rare& rare) {
+        const int reed = keys_.providers[0];
+        addRow({keys_.strangers[static_cast<std::size_t>(rare.client)], keys_.services[1],
+                rare.by == By::Reed ? reed : keys_.unpaired, rare.by == By::QuintanaWithReed ? reed : 0,
+                today_.addDays(rare.day), rare.hours, rare.charged, QString::fromUtf8(rare.note), rare.series,
+                QString::fromLatin1(rare.call), rare.status, 0, today_.addDays(qMin(0, rare.day) - 3)});
+    }
+
     void finish() { rows_.finish(); }
 
   private:
+    struct Transaction {
+        int client;
+        int code;
+        int provider;
+        int second;  ///< 0 for none.
+        QDate date;
+        Hours hours;
+        bool charged;
+        QString note;
+        int series;  ///< 0 for none.
+        QString call;
+        int status;
+        int session;  ///< 0 for none.
+        QDate made;
+    };
+
     void addAppointment(const Booking& booking, int client, int provider, bool charged) {
         const int second = random_.chance(3) ? random_.pick(keys_.providers) : 0;
         const bool repeats = booking.series >= 0 && booking.series % 3 == 0;
         const bool linked = booking.session > 0 && booking.color == ncolor::Kept;
         const QDate made = qMin(today_, booking.date).addDays(-random_.between(0, 20));
-        rows_.add({client,
-                   keys_.services[static_cast<std::size_t>(booking.service)],
-                   provider,
-                   second > 0 ? db::Value(second) : db::Value(),
-                   booking.date,
-                   at(booking.date, booking.start),
-                   booking.end - booking.start,
-                   charged ? "C" : "S",
-                   booking.note,
-                   repeats ? booking.series + 1 : 0,
-                   booking.callStatus,
-                   apptStatus(booking.color, random_),
-                   linked ? db::Value(booking.session) : db::Value(),
-                   1,
-                   "A",
-                   0,
-                   1,
-                   made,
-                   provider,
-                   made,
-                   provider});
+        addRow({client, keys_.services[static_cast<std::size_t>(booking.service)], provider,
+                second == provider ? 0 : second, booking.date, Hours{booking.start, booking.end}, charged, booking.note,
+                repeats ? booking.series + 1 : 0, booking.callStatus, apptStatus(booking.color, random_),
+                linked ? booking.session : 0, made});
     }
 
     // A payment is a row without a time and a length.
     void addPayment(const Booking& booking, int client, int provider) {
-        rows_.add({client,
-                   keys_.payment,
-                   provider,
-                   nullptr,
-                   booking.date,
-                   at(booking.date, 0),
-                   0,
-                   "C",
-                   "Copay, check",
-                   0,
-                   "",
-                   0,
-                   nullptr,
+        addRow({client, keys_.payment, provider, 0, booking.date, Hours{0, 0}, true, QStringLiteral("Copay, check"), 0,
+                QString(), 0, 0, booking.date});
+    }
+
+    void addRow(const Transaction& row) {
+        rows_.add({row.client,
+                   row.code,
+                   row.provider,
+                   row.second > 0 ? db::Value(row.second) : db::Value(),
+                   row.date,
+                   at(row.date, row.hours.start),
+                   row.hours.end - row.hours.start,
+                   row.charged ? "C" : "S",
+                   row.note,
+                   row.series,
+                   row.call,
+                   row.status,
+                   row.session > 0 ? db::Value(row.session) : db::Value(),
                    1,
                    "A",
                    0,
                    1,
-                   booking.date,
-                   provider,
-                   booking.date,
-                   provider});
+                   row.made,
+                   row.provider,
+                   row.made,
+                   row.provider});
     }
 
     const Companion& keys_;
@@ -138,96 +184,6 @@ class TransactionRows {
     BatchWriter rows_;
 };
 
-class EventRows {
-  public:
-    EventRows(const Companion& keys, QDate today, db::Connection& companion)
-        : keys_(keys),
-          today_(today),
-          events_(companion, "CalendarEvents",
-                  {"CEveName", "CEveDate", "CEveEndDate", "CEveTime", "CEveDuration", "CEveAllDayInd",
-                   "CEveAllProvidersInd", "CEveReminderInd", "CEveReminderLeadMinutes", "RecrId", "DateCreated",
-                   "UserIDCreated"}),
-          attending_(companion, "CalendarProviderEvents", {"CEveId", "ProvId"}) {}
-
-    struct Event {
-        const char* name;
-        QDate first;
-        QDate last;  ///< Invalid for a series without end.
-        Hours hours;
-        bool allDay = false;
-        bool everybody = false;
-        bool reminder = false;
-        int series = 0;
-    };
-
-    /// `attending` holds indexes of providers.
-    void add(const Event& event, std::initializer_list<std::size_t> attending) {
-        events_.add({event.name, event.first, event.last, at(event.first, event.hours.start),
-                     event.hours.end - event.hours.start, event.allDay ? 1 : 0, event.everybody ? 1 : 0,
-                     event.reminder ? 1 : 0, event.reminder ? 15 : 0, event.series, today_.addDays(-30),
-                     keys_.providers[0]});
-        const int key = events_.key();
-        for (const std::size_t provider : attending)
-            attending_.add({key, keys_.providers[provider]});
-    }
-
-  private:
-    const Companion& keys_;
-    QDate today_;
-    TableWriter events_;
-    TableWriter attending_;
-};
-
-void writeSingleEvents(QDate today, EventRows& events) {
-    events.add({"Team huddle", today, today, {510, 525}, false, true}, {0});
-    events.add({"Call with Blue Harbor Health", today, today, {735, 765}}, {0, 3});
-    events.add({"License renewal week", today.addDays(-1), today.addDays(3), {0, 0}, true}, {1});
-    events.add({"Computer upgrade", today.addDays(1), today.addDays(1), {1020, 1080}, false, true}, {0});
-    events.add({"Site visit", today.addDays(4), today.addDays(4), {540, 720}, false, false, true}, {0, 1, 2});
-    events.add({"Flu shots", today.addDays(-6), today.addDays(-6), {600, 660}}, {5});
-}
-
-// A series of each pattern, the monthly and yearly ones by day and by numbered weekday.
-void writeSeries(const Practice& practice, const Companion& keys, db::Connection& companion, EventRows& events) {
-    const QDate today = practice.options.today;
-    const QDate start = today.addDays(-90);
-    TableWriter daily(companion, "RecurringEvents", {"RecrPattern", "RecrDailyDays", "RecrDailyWeekdayInd"});
-    TableWriter weekly(companion, "RecurringEvents",
-                       {"RecrPattern", "RecrWeeklyWeeks", "RecrWeeklyMonInd", "RecrWeeklyTueInd", "RecrWeeklyWedInd",
-                        "RecrWeeklyThuInd", "RecrWeeklyFriInd"});
-    TableWriter monthly(companion, "RecurringEvents",
-                        {"RecrPattern", "RecrMonthlyScaleInd", "RecrMonthlyDay", "RecrMonthlyMonths",
-                         "RecrMonthlyScale", "RecrMonthlyWeekday", "RecrMaxEvents"});
-    TableWriter yearly(companion, "RecurringEvents",
-                       {"RecrPattern", "RecrYearlyScaleInd", "RecrYearlyDay", "RecrYearlyMonth", "RecrYearlyScale",
-                        "RecrYearlyWeekday"});
-    TableWriter exceptions(companion, "RecurringEventExceptions", {"RecrId", "RExcDate", "ProvId"});
-
-    // The key must be read before another row is added.
-    daily.add({0, 1, 1});
-    const int weekdays = daily.key();
-    events.add({"Open the office", start, {}, {450, 465}, false, true, false, weekdays}, {0});
-    exceptions.add({weekdays, today.addDays(1), nullptr});
-    daily.add({0, 3, 0});
-    events.add({"Water the plants", start, today.addDays(120), {1050, 1060}, false, false, false, daily.key()}, {1});
-    weekly.add({1, 1, 0, 1, 0, 1, 0});
-    const int billing = weekly.key();
-    events.add({"Billing hour", start, {}, {780, 840}, false, false, false, billing}, {2, 3});
-    exceptions.add({billing, today.addDays(7), keys.providers[2]});
-    weekly.add({1, 2, 1, 0, 1, 0, 1});
-    events.add({"Supervision", start, today.addDays(200), {960, 1005}, false, false, true, weekly.key()}, {0, 1});
-    monthly.add({2, 0, 15, 1, 1, 2, nullptr});
-    events.add({"Statements go out", start, {}, {600, 630}, false, true, false, monthly.key()}, {0});
-    monthly.add({2, 1, 1, 1, 2, 3, 12});
-    events.add({"Peer review", start, {}, {720, 780}, false, false, false, monthly.key()}, {0, 4});
-    monthly.add({2, 1, 1, 1, 5, 6, nullptr});
-    events.add({"Supply order", start, {}, {900, 915}, false, false, false, monthly.key()}, {5});
-    yearly.add({3, 0, today.addDays(9).day(), today.addDays(9).month(), 1, 2});
-    events.add({"Founders' Day", today.addDays(9 - 365), {}, {0, 0}, true, true, false, yearly.key()}, {0});
-    yearly.add({3, 1, 1, 10, 2, 2});
-    events.add({"Annual audit", start.addYears(-1), {}, {540, 1020}, false, false, false, yearly.key()}, {0, 1});
-}
-
 }  // namespace
 
 void WriteCompanionSchedule(const Practice& practice, const Companion& keys, const std::vector<Booking>& bookings,
@@ -235,10 +191,9 @@ void WriteCompanionSchedule(const Practice& practice, const Companion& keys, con
     TransactionRows transactions(practice, keys, companion);
     for (const Booking& booking : bookings)
         transactions.add(booking);
+    for (const Rare& rare : RareRows)
+        transactions.add(rare);
     transactions.finish();
-    EventRows events(keys, practice.options.today, companion);
-    writeSingleEvents(practice.options.today, events);
-    writeSeries(practice, keys, companion, events);
 }
 
 }  // namespace demo

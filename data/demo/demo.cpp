@@ -121,7 +121,10 @@ Summary MakePractice(const Options& options, db::Connection& main, db::Connectio
         WritePairs(practice, keys, main);
         WriteAppointments(practice, bookings, main);
     });
-    db::InTransaction(companion, [&] { WriteCompanionSchedule(practice, keys, bookings, companion); });
+    db::InTransaction(companion, [&] {
+        WriteCompanionSchedule(practice, keys, bookings, companion);
+        WriteCompanionEvents(practice, keys, companion);
+    });
     return {static_cast<int>(practice.providers.size()), static_cast<int>(practice.patients.size()),
             static_cast<int>(bookings.size()), practice.firstDay, practice.lastDay};
 }

@@ -97,6 +97,9 @@ class BackgroundEngine final : public Engine {
     qint64 lastIdentity() override {
         return answerOf<qint64>([](Engine& engine) { return engine.lastIdentity(); });
     }
+    [[nodiscard]] EngineFacts facts() override {
+        return answerOf<EngineFacts>([](Engine& engine) { return engine.facts(); });
+    }
 
   private:
     /// The outcome of a step. Both threads own it, so that an answer that comes too late still has a place to go.

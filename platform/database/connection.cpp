@@ -4,6 +4,7 @@
 #include <atomic>
 #include <limits>
 #include <QLoggingCategory>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <utility>
 
@@ -17,6 +18,7 @@ namespace db {
 namespace {
 
 Q_LOGGING_CATEGORY(tripLog, "svscheduler.trips", QtWarningMsg)
+Q_LOGGING_CATEGORY(faultLog, "svscheduler.faults", QtWarningMsg)
 
 std::atomic<qint64> trips{0};
 
@@ -26,14 +28,34 @@ void countTrip(const QString& sent) {
     qCDebug(tripLog).noquote() << QString(sent).replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
-std::unique_ptr<Engine> engineFor(const QString& connectionText, bool create) {
-    countTrip(QStringLiteral("(login)"));
+/// A text without what stands in quotes, which may be the name of a patient or a secret.
+QString withoutValues(QString text) {
+    static const QRegularExpression quoted(QStringLiteral("'(?:[^']|'')*'|\"[^\"]*\""));
+    return text.replace(quoted, QStringLiteral("'...'")).simplified();
+}
+
+void logFault(const DatabaseError& error) {
+    qCInfo(faultLog).noquote() << error.number << error.sqlState << withoutValues(error.description) << '|'
+                               << withoutValues(error.statement);
+}
+
+std::unique_ptr<Engine> openedEngine(const QString& connectionText, bool create) {
     const ConnectionFields fields = ParseConnectionText(connectionText);
     if (fields.contains(QStringLiteral("driver")))
         return OpenOdbc(connectionText);
     if (const QString file = EmbeddedFile(fields); !file.isEmpty())
         return OpenEmbedded(file, create);
     return OpenOdbc(SqlServerText(fields, InstalledOdbcDrivers()));
+}
+
+std::unique_ptr<Engine> engineFor(const QString& connectionText, bool create) {
+    countTrip(QStringLiteral("(login)"));
+    try {
+        return openedEngine(connectionText, create);
+    } catch (const DatabaseError& error) {
+        logFault(error);
+        throw;
+    }
 }
 
 /// Whether it only asks, so that it may be sent twice.
@@ -140,6 +162,7 @@ auto Connection::atEngine(const QString& sent, Cut cut, Step&& step) {
     try {
         return step(used);
     } catch (const DatabaseError& error) {
+        logFault(error);
         noteEndedTransaction();
         if (const Link link = engine_->link(); link == Link::Whole || !letGoOf(link, cut, error))
             throw;
@@ -193,6 +216,13 @@ bool Connection::letGoOf(Link link, Cut cut, const DatabaseError& error) {
                   "The connection to the database broke off. Look whether the change is there before you make it again.")
             : QStringLiteral("The connection to the database broke off. Nothing of it is saved.");
     throw DatabaseError(LinkFailure, lost, error.statement, QString::fromLatin1(LinkFailureState));
+}
+
+EngineFacts Connection::Facts() {
+    EngineFacts facts;
+    if (engine_ && !busy_ && !replaced_)
+        Ignoring([&] { facts = engine_->facts(); });
+    return facts;
 }
 
 qint64 Connection::Execute(const QString& statement) {

@@ -119,6 +119,10 @@ class Connection {
     /// A change of the rows of other tables, by a trigger or a cascade, is not told.
     void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows);
 
+    /// Returns the names and versions of the engine and its driver; nothing while there is no connection. It is asked
+    /// of the link that stands, and makes none anew.
+    [[nodiscard]] EngineFacts Facts();
+
     /// Returns the number of trips that the connections of this program made to their databases since it started. A
     /// login, a statement, a look into the catalogue, and the begin and the end of a transaction are one trip each.
     /// Statements that are read together are one trip. On a SQL Server each trip costs the way there and back; with the

@@ -34,6 +34,12 @@ struct Numbered {
     std::vector<qint64> keys;  ///< The keys of the rows in ascending order. It is empty where they cannot be known.
 };
 
+/// What an engine tells of itself.
+struct EngineFacts {
+    QString engine = {};  ///< "SQLite 3.40.1", "Microsoft SQL Server 16.00.4165"
+    QString driver = {};  ///< "libtdsodbc.so 1.3.17"; empty for the embedded engine.
+};
+
 /// The state of an engine's link to its database.
 enum class Link {
     Whole,
@@ -82,6 +88,8 @@ class Engine {
     virtual const TableInfo& describe(const QString& table) = 0;
     /// Returns the key that the database assigned to the row of this session's last Insert.
     virtual qint64 lastIdentity() = 0;
+    /// Returns the names and versions of the engine and its driver.
+    [[nodiscard]] virtual EngineFacts facts() { return {}; }
 };
 
 /// Opens an SQLite file behind the system's T-SQL. `file` must exist unless `create` is set. ":memory:" is a private

@@ -60,6 +60,7 @@ class OdbcEngine final : public CancellableEngine {
     void cancel() override { running_.cancel(); }
     const TableInfo& describe(const QString& table) override;
     qint64 lastIdentity() override;
+    [[nodiscard]] EngineFacts facts() override;
 
   private:
     void run(OdbcStatement& run, const QString& statement, const std::vector<Value>& bound);
@@ -333,6 +334,18 @@ TableInfo OdbcEngine::describeByDriver(const QString& table) const {
 
 qint64 OdbcEngine::lastIdentity() {
     return sqlServer_ ? identity_ : query(QStringLiteral("Select last_insert_rowid()"), {}, 0).at(0, 0).integer();
+}
+
+EngineFacts OdbcEngine::facts() {
+    const auto told = [this](SQLUSMALLINT what) {
+        constexpr SQLSMALLINT most = 256;
+        std::array<SQLWCHAR, most> text{};
+        SQLSMALLINT bytes = 0;
+        check(SQLGetInfoW(connection_.get(), what, text.data(), most * sizeof(SQLWCHAR), &bytes));
+        return QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()));
+    };
+    return {.engine = told(SQL_DBMS_NAME) + QLatin1Char(' ') + told(SQL_DBMS_VER),
+            .driver = told(SQL_DRIVER_NAME) + QLatin1Char(' ') + told(SQL_DRIVER_VER)};
 }
 
 void OdbcEngine::check(SQLRETURN result) const {

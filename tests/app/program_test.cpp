@@ -24,6 +24,7 @@ class ProgramTest : public testing::Test {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path());
         environment.insert(QStringLiteral("XDG_DATA_HOME"), dataHome);
+        environment.insert(QStringLiteral("XDG_STATE_HOME"), folder.path());
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder.path());
         if (!withDisplay)
             for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})

@@ -21,7 +21,7 @@ program_has_ended() { ! kill -0 "$pid"; }
 type_text() { xdotool type --delay 20 "$1"; }
 focus() { xdotool windowfocus --sync "$(xdotool search --onlyvisible --name "$1" | tail -1)"; }
 
-export XDG_CONFIG_HOME=$work/config XDG_RUNTIME_DIR=$work/runtime LC_ALL=C.UTF-8
+export XDG_CONFIG_HOME=$work/config XDG_STATE_HOME=$work/state XDG_RUNTIME_DIR=$work/runtime LC_ALL=C.UTF-8
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM DBUS_SESSION_BUS_ADDRESS
 "$demo" --data "$work/data" --appointments 2000 >/dev/null

@@ -15,7 +15,8 @@ Desk::Desk(const QString& dataFolder, const QString& user, QDate date, const QSt
            const QString& configFolder, const QStringList& locale) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder.isEmpty() ? config_.path() : configFolder);
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), config_.path());
+    for (const char* name : {"XDG_RUNTIME_DIR", "XDG_STATE_HOME"})
+        environment.insert(QString::fromLatin1(name), config_.path());
     environment.insert(QStringLiteral("DISPLAY"), display);
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
                        display.isEmpty() ? QStringLiteral("offscreen") : QStringLiteral("xcb"));

@@ -337,6 +337,10 @@ const TableInfo& EmbeddedEngine::describe(const QString& table) {
     return described_.emplace(LowerName(name), std::move(info)).first->second;
 }
 
+EngineFacts EmbeddedEngine::facts() {
+    return {.engine = QStringLiteral("SQLite ") + QLatin1String(sqlite3_libversion())};
+}
+
 qint64 EmbeddedEngine::lastIdentity() {
     return sqlite3_last_insert_rowid(handle_.get());
 }

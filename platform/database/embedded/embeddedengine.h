@@ -40,6 +40,7 @@ class EmbeddedEngine final : public Engine {
     [[nodiscard]] Link link() override { return link_; }
     const TableInfo& describe(const QString& table) override;
     qint64 lastIdentity() override;
+    [[nodiscard]] EngineFacts facts() override;
 
     void setLockTimeout(int milliseconds) { lockTimeout_ = milliseconds; }
     /// Returns the translated statement and SQLite's query plan, for tests of the translation and of the use of

@@ -181,36 +181,6 @@ TEST(DemoPractice, TheCompanionKnowsThePairedByTheSameNames) {
     }
 }
 
-TEST(DemoPractice, TheCompanionsScheduleHasOpenChargedAndLinkedAppointments) {
-    TestDatabase& companion = practice().companion;
-    EXPECT_GT(companion.number("Select Count(*) from ClientTransactions Where CtrnStatus = 'S' And CtrnDuration > 0"),
-              20);
-    EXPECT_GT(companion.number("Select Count(*) from ClientTransactions Where CtrnStatus <> 'S' And CtrnDuration > 0"),
-              20);
-    EXPECT_EQ(
-        companion.number("Select Count(*) from ClientTransactions Where CtrnStatus <> 'S' And CtrnDate > '2026/11/18'"),
-        0);
-    const qint64 session = companion.number("Select Max(SVSessionID) from ClientTransactions");
-    EXPECT_EQ(practice().main.number(db::Sql("Select Count(*) from sessions Where id = {}", session)), 1);
-}
-
-TEST(DemoPractice, TheCompanionHasASeriesOfEachPattern) {
-    TestDatabase& companion = practice().companion;
-    for (int pattern = 0; pattern <= 3; ++pattern) {
-        EXPECT_GE(
-            companion.number(db::Sql(
-                "Select Count(*) from CalendarEvents Inner Join RecurringEvents On RecurringEvents.RecrId = CalendarEvents.RecrId Where RecrPattern = {}",
-                pattern)),
-            2)
-            << pattern;
-    }
-    EXPECT_EQ(
-        companion.number(
-            "Select Count(*) from RecurringEventExceptions Where RecrId not in (Select RecrId from CalendarEvents)"),
-        0);
-    EXPECT_EQ(companion.number("Select Count(*) from RecurringEventExceptions Where ProvId is null"), 1);
-}
-
 TEST(DemoPractice, NobodysDayIsAHolidayToday) {
     EXPECT_EQ(
         practice().main.number(
