@@ -1,5 +1,6 @@
 #include "app/viewfactories.h"
 
+#include "companion/frmfhappts.h"
 #include "rooms/frmrooms.h"
 #include "views/frmall.h"
 #include "views/frmmtv.h"
@@ -11,5 +12,6 @@ ViewFactories MakeViewFactories() {
             {View::Week, [](MainWindow& main) { return std::make_unique<frmweekv>(main); }},
             {View::Month, [](MainWindow& main) { return std::make_unique<frmmtv>(main); }},
             {View::AllProviders, [](MainWindow& main) { return std::make_unique<frmall>(main); }},
-            {View::Rooms, [](MainWindow& main) { return std::make_unique<frmrooms>(main); }}};
+            {View::Rooms, [](MainWindow& main) { return std::make_unique<frmrooms>(main); }},
+            {View::Companion, [](MainWindow& main) { return std::make_unique<frmFHAppts>(main); }}};
 }

@@ -8,10 +8,12 @@ void RegisterBookingBenches();
 void RegisterLookUpBenches();
 void RegisterRecurrenceBenches();
 void RegisterViewBenches();
+void RegisterCompanionBenches();
 void RegisterStartUpBenches();
 void RegisterScrollBenches();
 void RegisterSearchBenches();
 void RegisterNoteBenches();
+void RegisterReportBenches();
 
 /// How often each action asks a server, in a table of its own: a number that the engine has no part in.
 void PrintTrips(const Practice& practice);

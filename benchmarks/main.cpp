@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
             Practices().push_back({pair[0], pair[1]});
     }
     RegisterViewBenches();
+    RegisterCompanionBenches();
     RegisterBookingBenches();
     RegisterLookUpBenches();
     RegisterRecurrenceBenches();
@@ -24,6 +25,7 @@ int main(int argc, char** argv) {
     RegisterScrollBenches();
     RegisterSearchBenches();
     RegisterNoteBenches();
+    RegisterReportBenches();
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     if (!Practices().empty())

@@ -34,3 +34,7 @@ QAbstractSpinBox::StepEnabled StartTimeField::stepEnabled() const {
     enabled.setFlag(StepDownEnabled, enabled.testFlag(StepDownEnabled) && mayStep(-1));
     return enabled;
 }
+
+QString NameOrKey(const QString& name, int key) {
+    return name.trimmed().isEmpty() ? QObject::tr("(no name, %1)").arg(key) : name;
+}

@@ -26,3 +26,7 @@ class StartTimeField : public ctDEdit {
 
     int slotMinutes_;
 };
+
+/// Returns a name of the companion as a list shows it. A name that the database could not put together, because one of
+/// its parts is missing, is shown as the key of its row, so that the row can be told from others.
+[[nodiscard]] QString NameOrKey(const QString& name, int key);

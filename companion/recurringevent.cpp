@@ -15,7 +15,6 @@ constexpr int On = 1;
 constexpr int NoPattern = -1;
 constexpr int NoDay = 0;
 constexpr int Patterns = 4;
-constexpr int DivideByZero = 8134;
 
 struct Column {
     const char* name;
@@ -54,6 +53,16 @@ QDate dateOf(const QString& text) {
 
 }  // namespace
 
+QString RecurringEvent::PatternStatement(int recrId) {
+    return Sql("SELECT * FROM RecurringEvents WHERE RecrId = {}", recrId);
+}
+
+QString RecurringEvent::ExceptionStatement(QDate date, int ProvId) const {
+    return Sql(
+        "Select COUNT(*)FROM RecurringEventExceptions WHERE RecrId = {}  AND RExcDate = '{}' and (provID is null or provid = 0 or provid = {}) ",
+        RecrId, QLocale::c().toString(date, QStringLiteral("MM/dd/yyyy")), ProvId);
+}
+
 bool RecurringEvent::DBGetInfo(db::Connection& connection, int recrId, const QString& startDate, const QString& endDate,
                                const QString& startTime, int allDay, int duration) {
     *this = {};
@@ -64,7 +73,7 @@ bool RecurringEvent::DBGetInfo(db::Connection& connection, int recrId, const QSt
     AllDay = allDay;
     Duration = duration;
     try {
-        const Recordset row(Sql("SELECT * FROM RecurringEvents WHERE RecrId = {}", recrId), connection);
+        const Recordset row(PatternStatement(recrId), connection);
         if (row.Eof())
             return false;
         for (const Column& column : Columns) {
@@ -79,16 +88,13 @@ bool RecurringEvent::DBGetInfo(db::Connection& connection, int recrId, const QSt
 }
 
 bool RecurringEvent::IsDateInSeries(db::Connection& connection, QDate date, int ProvId) const {
-    if (!isInPattern(date))
+    if (!IsInPattern(date))
         return false;
-    const Recordset exceptions(
-        Sql("Select COUNT(*)FROM RecurringEventExceptions WHERE RecrId = {}  AND RExcDate = '{}' and (provID is null or provid = 0 or provid = {}) ",
-            RecrId, QLocale::c().toString(date, QStringLiteral("MM/dd/yyyy")), ProvId),
-        connection);
+    const Recordset exceptions(ExceptionStatement(date, ProvId), connection);
     return exceptions[0].integer() == 0;
 }
 
-bool RecurringEvent::isInPattern(QDate date) const {
+bool RecurringEvent::IsInPattern(QDate date) const {
     const QDate first = dateOf(StartDate);
     const QDate last = EndDate.isEmpty() ? date : dateOf(EndDate);
     if (!Loaded || !first.isValid() || !last.isValid() || date < first || date > last || RecrPattern >= Patterns)

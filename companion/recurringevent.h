@@ -7,6 +7,9 @@
 #include "platform/database/connection.h"
 #include "platform/desktop/desktop.h"
 
+/// The error number of a series whose interval is 0.
+inline constexpr int DivideByZero = 8134;
+
 /// A series of events of the companion: a row of its `RecurringEvents`, and what the event's own row tells about the
 /// range. It answers for one day at a time whether the series takes place. Occurrences are stored nowhere.
 ///
@@ -27,6 +30,15 @@ struct RecurringEvent {
     /// exception; other dates ask nothing. Throws db::DatabaseError when that fails, and when the interval of a daily,
     /// weekly or monthly series is 0 (8134). RecrMaxEvents ends no series.
     [[nodiscard]] bool IsDateInSeries(db::Connection& connection, QDate date, int ProvId) const;
+
+    // These let the caller read several series in one trip (db::ReadTogether).
+
+    /// Returns the statement that DBGetInfo reads.
+    [[nodiscard]] static QString PatternStatement(int recrId);
+    /// Whether the pattern names the date, whatever exceptions there are. Throws as IsDateInSeries does.
+    [[nodiscard]] bool IsInPattern(QDate date) const;
+    /// Returns the statement by which IsDateInSeries asks for an exception on a date in the pattern.
+    [[nodiscard]] QString ExceptionStatement(QDate date, int ProvId) const;
 
     bool Loaded = false;  ///< While this is false, no date belongs to the series.
     QString StartDate;
@@ -60,7 +72,6 @@ struct RecurringEvent {
     int RecrMaxEvents = 0;  ///< Read, and used nowhere.
 
   private:
-    [[nodiscard]] bool isInPattern(QDate date) const;
     [[nodiscard]] int interval() const;
     [[nodiscard]] RecurrencePattern asPattern() const;
 };

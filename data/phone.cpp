@@ -34,3 +34,12 @@ QString FormatPhone(const QString& number, const QString& format) {
     }
     return text + digits.mid(used);
 }
+
+QString FormatPhoneNo(const QString& number) {
+    const QString text = number.trimmed();
+    if (text.size() == 10)
+        return QStringLiteral("(%1) %2-%3").arg(text.first(3), text.sliced(3, 3), text.last(4));
+    if (text.size() == 7)
+        return text.first(3) + u'-' + text.last(4);
+    return text;
+}

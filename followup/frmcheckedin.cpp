@@ -1,6 +1,5 @@
 #include "followup/frmcheckedin.h"
 
-#include <QHash>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -23,6 +22,7 @@
 #include "platform/theme/theme.h"
 #include "session/formposition.h"
 #include "session/hiddennames.h"
+#include "session/providernames.h"
 #include "session/rights.h"
 #include "session/session.h"
 
@@ -44,18 +44,6 @@ QString statementOfToday() {
     return Sql(
         "Select * from appointments where ncolor = {} and clinicianid = '{}' AND dapptdate = '{}' Order by dapptdate, clinicianid",
         ncolor::CheckedIn, session.UID, SqlDate(Today()));
-}
-
-QString providersStatement() {
-    return QStringLiteral("Select id, prov_lastname from provider_info");
-}
-
-/// Returns the surnames of all providers by id, archived ones too. One read serves all lines.
-QHash<QString, QString> providerNames() {
-    QHash<QString, QString> names;
-    for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
-        names[rows["id"].text().toUpper()] = rows["prov_lastname"].text();
-    return names;
 }
 
 }  // namespace
@@ -155,9 +143,9 @@ void frmCheckedIn::loadcheckedin() {
 }
 
 void frmCheckedIn::readRows() {
-    const db::ReadTogether together(Session().Connection, {statementOfToday(), providersStatement()});
+    const db::ReadTogether together(Session().Connection, {statementOfToday(), ProviderNames::Statement()});
     Recordset rows(statementOfToday(), Session().Connection);
-    const QHash<QString, QString> names = providerNames();
+    const ProviderNames names;
     ctList1->Clear();
     for (; !rows.Eof(); rows.MoveNext()) {
         const QString provider = rows["clinicianid"].text();
@@ -165,7 +153,7 @@ void frmCheckedIn::readRows() {
             ShortDateText(rows["dapptdate"].date()) + u' ' +
             MinutesToTimeText(static_cast<int>(rows["nstarttime"].integer()), Session().MilitaryTime);
         const int row = ctList1->AddRow({rows["cappttext"].text(), ShownCheckIn(rows["CheckInTime"].text()),
-                                         appointment, names.value(provider.toUpper(), provider)},
+                                         appointment, names.Of(provider)},
                                         rows["nkeyid"].integer());
         ctList1->SetItemText(row, provider);
         ctList1->NameCell(row, PatientColumn);

@@ -23,11 +23,6 @@ const QString IncidentField = QStringLiteral("incident_nbr");
 const QString ServiceField = QStringLiteral("defaultcpt");
 const QString NameField = QStringLiteral("last_name + ', ' + first_name");
 
-// Types 3 to 9 are notes that nothing is charged for.
-bool hasService(int stype) {
-    return stype < 3 || stype > 9;
-}
-
 QString sessionTime(int minutes) {
     if (minutes == Noon)
         return QStringLiteral("12:00 pm");
@@ -40,57 +35,23 @@ QString patientOf(const ShownAppointment& appointment) {
     return GetPipeField(appointment.stored.ItemNote, 3);
 }
 
-/// What a session takes from its patient.
-struct NotedPatient {
-    QString id;
-    db::Value incident;
-    QString service, program, name;
-};
-
-NotedPatient readPatient(const QString& id) {
-    const db::ReadTogether together(Session().Connection,
-                                    {FieldStatement(id, IncidentField), FieldStatement(id, ServiceField),
-                                     TreatmentProgramStatement(id), FieldStatement(id, NameField)});
-    return {id, GetPatientField(id, IncidentField), GetPatientField(id, ServiceField).text(), GetTreatmentProgram(id),
-            GetPatientField(id, NameField).text()};
+QString firstCharactersOr(const QString& service, const QString& usual) {
+    return service.isEmpty() ? usual : FirstCharacters(service, ServiceCodeLength);
 }
 
-QString serviceOf(const Recordset& row, const NotedPatient& patient) {
-    const QString service = GetPipeField(row["capptNote"].text(), 1);
-    return service.isEmpty() ? patient.service : FirstCharacters(service, ServiceCodeLength);
-}
-
-void setTimes(Recordset& session, const Recordset& row) {
-    const auto minutes = [&row](const char* column) { return static_cast<int>(row[column].integer()); };
-    session.Set("StartTime", sessionTime(minutes("nStartTime")));
-    session.Set("EndTime", sessionTime(minutes("nEndTime")));
-    if (const int length = minutes("nEndTime") - minutes("nStartTime"); length > 0)
+void setTime(Recordset& session, const SessionTime& time) {
+    session.Set("StartTime", sessionTime(time.start));
+    session.Set("EndTime", sessionTime(time.end > MinutesPerDay ? time.end % MinutesPerDay : time.end));
+    if (const int length = time.end - time.start; length > 0)
         session.Set("sessionlength", length);
 }
 
-int addSession(const Recordset& row, const NotedPatient& patient, int stype) {
-    Recordset session(QStringLiteral("Select * from sessions Where 0=1"), Session().Connection, db::Lock::Optimistic);
-    session.AddNew();
-    session.Set("stype", stype);
-    session.Set("patientid", patient.id);
-    session.Set("DateMarker", row["dapptdate"].value());
-    session.Set("providerid", row["ClinicianId"].value());
-    session.Set("incident", patient.incident);
-    if (hasService(stype))
-        session.Set("CPTCode", serviceOf(row, patient));
-    setTimes(session, row);
-    session.Set("location", row["clocation"].value());
-    session.Set("program", patient.program);
-    session.Set("Patient", patient.name);
-    session.Update();
-    return static_cast<int>(session["id"].integer());
+SessionTime timeOf(const Recordset& row) {
+    return {static_cast<int>(row["nStartTime"].integer()), static_cast<int>(row["nEndTime"].integer())};
 }
 
-void link(int key, int id, int stype) {
-    db::Connection& connection = Session().Connection;
-    if (MissedTypeOfSession(stype) != MissedType::None)
-        connection.Execute(Sql("Insert into MissedAppt (id, reason) Values({}, '')", id));
-    if (connection.Execute(Sql("Update appointments Set NoteID = {} Where nKeyid = {}", id, key)) == 0)
+void link(int key, int id) {
+    if (Session().Connection.Execute(Sql("Update appointments Set NoteID = {} Where nKeyid = {}", id, key)) == 0)
         throw db::RowChangedError();
 }
 
@@ -107,18 +68,60 @@ void makeRows(const ShownAppointment& shown, int stype, const NotedPatient& pati
         return;
     if (!IsForTheSame(row, shown))
         throw db::RowChangedError();
-    const int id = addSession(row, patient, stype);
-    link(key, id, stype);
+    const int id = AddSession({.stype = stype,
+                               .patient = patient,
+                               .DateMarker = row["dapptdate"].value(),
+                               .providerid = row["ClinicianId"].value(),
+                               .service = GetPipeField(row["capptNote"].text(), 1),
+                               .time = timeOf(row),
+                               .location = row["clocation"].value(),
+                               .program = patient.program});
+    link(key, id);
     made.id = id;
     made.patientId = patient.id;
 }
 
 }  // namespace
 
+bool HasService(int stype) {
+    return stype < 3 || stype > 9;
+}
+
+NotedPatient ReadNotedPatient(const QString& patientId) {
+    const db::ReadTogether together(Session().Connection,
+                                    {FieldStatement(patientId, IncidentField), FieldStatement(patientId, ServiceField),
+                                     TreatmentProgramStatement(patientId), FieldStatement(patientId, NameField)});
+    return {patientId, GetPatientField(patientId, IncidentField), GetPatientField(patientId, ServiceField).text(),
+            GetTreatmentProgram(patientId), GetPatientField(patientId, NameField).text()};
+}
+
+int AddSession(const NewSession& values) {
+    db::Connection& connection = Session().Connection;
+    Recordset session(QStringLiteral("Select * from sessions Where 0=1"), connection, db::Lock::Optimistic);
+    session.AddNew();
+    session.Set("stype", values.stype);
+    session.Set("patientid", values.patient.id);
+    session.Set("DateMarker", values.DateMarker);
+    session.Set("providerid", values.providerid);
+    session.Set("incident", values.patient.incident);
+    if (HasService(values.stype))
+        session.Set("CPTCode", firstCharactersOr(values.service, values.patient.service));
+    if (values.time)
+        setTime(session, *values.time);
+    session.Set("location", values.location);
+    session.Set("program", values.program);
+    session.Set("Patient", values.patient.name);
+    session.Update();
+    const int id = static_cast<int>(session["id"].integer());
+    if (MissedTypeOfSession(values.stype) != MissedType::None)
+        connection.Execute(Sql("Insert into MissedAppt (id, reason) Values({}, '')", id));
+    return id;
+}
+
 MadeSession MakeSession(const ShownAppointment& appointment, int stype) {
     MadeSession made = AttemptWrite<MadeSession>([&](MadeSession& outcome) {
         // A read that fails would end the transaction on a server.
-        const NotedPatient patient = readPatient(patientOf(appointment));
+        const NotedPatient patient = ReadNotedPatient(patientOf(appointment));
         db::InTransaction(Session().Connection, [&] { makeRows(appointment, stype, patient, outcome); });
     });
     if (!made.IsDone())

@@ -8,12 +8,11 @@
 #include "followup/missednote.h"
 #include "followup/newsession.h"
 #include "followup/notelookups.h"
+#include "followup/notesprogram.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
-#include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
-#include "platform/desktop/installation.h"
 #include "session/errorbox.h"
 #include "session/rights.h"
 #include "session/session.h"
@@ -24,17 +23,11 @@ namespace {
 
 constexpr int SessionIcon = 1;
 constexpr int MissedNoteIcon = 2;
-constexpr char NewNote[] = "1";
-constexpr char ExistingNote[] = "2";
 
 const QString NoticeSubject = QStringLiteral("session note");
 
 int keyOf(const ShownAppointment& appointment) {
     return appointment.stored.ItemKey.toInt();
-}
-
-QString existingNoteStatement(int noteId) {
-    return db::Sql("Select * from sessions Where ID = {}", noteId);
 }
 
 bool isClinicalNote(int stype) {
@@ -45,18 +38,13 @@ bool isMissed(int code) {
     return MissedTypeOfColour(code) != MissedType::None;
 }
 
-bool isUser(const QString& providerId) {
-    return providerId.compare(Session().UID, Qt::CaseInsensitive) == 0;
-}
-
 void tellNothingToNote() {
     MsgBox(QStringLiteral("No appointment selected. First select a Kept or Missed appointment."), ExclamationBox,
            QStringLiteral("Warning"));
 }
 
 void tellGone(const NoteCalendar& calendar) {
-    MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
-           ExclamationBox, QStringLiteral("Appointment not found"));
+    TellAppointmentIsGone();
     calendar.reload();
 }
 
@@ -72,11 +60,6 @@ void showNote(int icon, const NoteCalendar& calendar) {
         calendar.showIcon(icon);
     else
         calendar.reload();
-}
-
-void startNotesProgram(int noteId, const char* mode, const QString& patientId) {
-    const QStringList fields{QString::number(noteId), Session().UID, QString::fromLatin1(mode), patientId};
-    StartProgram(NotesProgram(InstallationFile(), Session().AppPath), fields.join(u'|'), {});
 }
 
 void openMissedNote(int noteId, const ShownAppointment& appointment, const NoteCalendar& calendar) {
@@ -106,11 +89,9 @@ void openNote(const ShownAppointment& appointment, const NoteCalendar& calendar)
     if (!noteId)
         return tellGone(calendar);
     const db::ReadTogether note(Session().Connection, {SessionProviderStatement(*noteId), SessionTypeStatement(*noteId),
-                                                       existingNoteStatement(*noteId)});
+                                                       StoredNoteStatement(*noteId)});
     if (!MayOpenNote(GetSessionProvider(*noteId), GetApptPatientId(key))) {
-        MsgBox(
-            QStringLiteral("You do not have access rights to open the selected note associated with this appointment."),
-            ExclamationBox, QStringLiteral("Access Denied"));
+        TellNoAccessToNote();
         return;
     }
     openByType(*noteId, appointment, calendar);
@@ -120,11 +101,11 @@ void openNote(const ShownAppointment& appointment, const NoteCalendar& calendar)
 }
 
 bool mayMakeNote(const ShownAppointment& appointment) {
-    if (!isUser(Session().ProviderId))
+    if (!IsLoggedOn(Session().ProviderId))
         return false;
     // The session's provider need not be the one of the row that was chosen here. A holiday is nobody's.
     const bool isRowOfAnyProvider = Session().CurrentView == View::AllProviders && keyOf(appointment) > 0;
-    return !isRowOfAnyProvider || isUser(appointment.clinicianId);
+    return !isRowOfAnyProvider || IsLoggedOn(appointment.clinicianId);
 }
 
 /// Whether a note can be begun on the appointment as it is stored now. If not, all that is to be done has been done.
@@ -197,16 +178,11 @@ void CreateSessionFromAppointment(const ShownAppointment& appointment, int stype
         return tellGone(calendar);
     showNote(SessionIcon, calendar);
     if (made.id > 0)
-        startNotesProgram(made.id, NewNote, made.patientId);
+        StartNotesProgram(made.id, NoteMode::New, made.patientId);
     else
-        MsgBox(QStringLiteral("Another user has already started the note of this appointment."), ExclamationBox,
-               QStringLiteral("Solvane"));
+        TellNoteStartedElsewhere();
 }
 
 void OpenExistingNote(int noteId, int key) {
-    if (Recordset(existingNoteStatement(noteId), Session().Connection).Eof())
-        MsgBox(QStringLiteral("Note for this appointment not found. It may have been deleted."), ExclamationBox,
-               QStringLiteral("Solvane"));
-    else
-        startNotesProgram(noteId, ExistingNote, GetApptPatientId(key));
+    OpenStoredNote(noteId, GetApptPatientId(key));
 }

@@ -14,6 +14,7 @@ struct ReportRequest {
     QString providerName;
     ReportSort sort = ReportSort::ByAppointment;
     bool patientsOnly = false;  ///< Whether rows without a patient are left out.
+    QString header = {};        ///< The practice's text above its schedules, or "".
 };
 
 /// Called after each row that a report has added to its document. `row` counts from 1, `rows` is the number of all

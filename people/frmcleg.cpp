@@ -5,12 +5,12 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <utility>
 
 #include "data/codes.h"
 #include "data/statuses.h"
 #include "platform/calendar/colour.h"
 #include "platform/calendar/glyphs.h"
-#include "platform/calendar/item.h"
 #include "platform/calendar/style.h"
 #include "platform/theme/theme.h"
 
@@ -23,11 +23,8 @@ constexpr std::array legend{ncolor::Pending,  ncolor::LegendTentative, ncolor::K
 /// Paints the colours of a calendar card, with the glyph that tells them apart without colour.
 class Swatch : public QWidget {
   public:
-    Swatch(int code, QWidget* parent) : QWidget(parent) {
+    Swatch(CalendarItem item, QWidget* parent) : QWidget(parent), item_(std::move(item)) {
         setObjectName(QStringLiteral("lblcolorcode"));
-        item_.ItemColor = code;
-        item_.ItemStatusMark = StatusOf(code).mark;
-        item_.ItemBanner = code == ncolor::Holiday;
     }
     [[nodiscard]] QSize sizeHint() const override {
         return {fontMetrics().averageCharWidth() * 8, fontMetrics().height() * 3 / 2};
@@ -44,10 +41,14 @@ class Swatch : public QWidget {
         painter.setBrush(colors.fill);
         painter.drawRoundedRect(card, style.radius, style.radius);
         painter.fillRect(QRectF(card.left(), card.top() + 1, style.edgeWidth, card.height() - 2), colors.edge);
-        const Glyph glyph = item_.ItemBanner ? Glyph::Holiday : GlyphsOf(item_).front();
+        std::vector<Glyph> glyphs = GlyphsOf(item_);
+        if (item_.ItemBanner)
+            glyphs = {Glyph::Holiday};
+        if (glyphs.empty())
+            return;
         QRectF square(0, 0, style.icon, style.icon);
         square.moveCenter(card.center());
-        PaintGlyph(painter, square, glyph, colors.text);
+        PaintGlyph(painter, square, glyphs.front(), colors.text);
     }
 
   private:
@@ -56,7 +57,19 @@ class Swatch : public QWidget {
 
 }  // namespace
 
-frmcleg::frmcleg(QWidget* parent) : QDialog(parent) {
+std::vector<LegendEntry> AppointmentLegend() {
+    std::vector<LegendEntry> entries;
+    for (const int code : legend) {
+        CalendarItem item;
+        item.ItemColor = code;
+        item.ItemStatusMark = StatusOf(code).mark;
+        item.ItemBanner = code == ncolor::Holiday;
+        entries.push_back({std::move(item), QString::fromLatin1(StatusOf(code).inLegend)});
+    }
+    return entries;
+}
+
+frmcleg::frmcleg(const std::vector<LegendEntry>& entries, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmcleg"));
     setWindowTitle(QStringLiteral("Color Legend"));
     auto* grid = new QGridLayout(this);
@@ -64,10 +77,10 @@ frmcleg::frmcleg(QWidget* parent) : QDialog(parent) {
     grid->setHorizontalSpacing(Space(12));
     grid->setVerticalSpacing(Space(8));
     int row = 0;
-    for (const int code : legend) {
-        auto* text = new QLabel(QLatin1String(StatusOf(code).inLegend), this);
+    for (const LegendEntry& entry : entries) {
+        auto* text = new QLabel(entry.meaning, this);
         text->setObjectName(QStringLiteral("lblctext"));
-        grid->addWidget(new Swatch(code, this), row, 0);
+        grid->addWidget(new Swatch(entry.item, this), row, 0);
         grid->addWidget(text, row++, 1);
     }
     auto* close = new QPushButton(tr("&Close"), this);

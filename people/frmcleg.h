@@ -1,11 +1,23 @@
 #pragma once
 
 #include <QDialog>
+#include <vector>
+
+#include "platform/calendar/item.h"
+
+/// A line of the colour legend: an item as the calendar paints it, and what it means.
+struct LegendEntry {
+    CalendarItem item;
+    QString meaning;
+};
+
+/// Returns the lines for the practice's own appointments.
+[[nodiscard]] std::vector<LegendEntry> AppointmentLegend();
 
 /// The colour legend: the meaning of each colour of the calendar, painted as the calendar paints it.
 class frmcleg : public QDialog {
     Q_OBJECT
 
   public:
-    explicit frmcleg(QWidget* parent = nullptr);
+    explicit frmcleg(const std::vector<LegendEntry>& entries = AppointmentLegend(), QWidget* parent = nullptr);
 };

@@ -13,10 +13,14 @@ bool linkTold = false;
 }  // namespace
 
 void TellError(const QString& text, const db::DatabaseError& error) {
+    TellError(text, error, ErrorBox);
+}
+
+void TellError(const QString& text, const db::DatabaseError& error, BoxStyle style) {
     const bool ofLink = db::IsUnanswered(error);
     if (ofLink && linkTold)
         return;
-    MsgBox(text + error.description, ErrorBox, QStringLiteral("Error"));
+    MsgBox(text + error.description, style, QStringLiteral("Error"));
     if (!ofLink)
         return;
     linkTold = true;

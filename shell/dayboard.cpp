@@ -111,7 +111,7 @@ int DayBoard::indexOf(const CalendarItem& kept) const {
     int mostAlike = -1;
     for (int index = 1; index <= grid_->ItemCount(); ++index) {
         const CalendarItem& item = std::as_const(*grid_).Item(index);
-        if (item.ItemKey != kept.ItemKey)
+        if (item.ItemKey != kept.ItemKey || (rules_.sameRow && !rules_.sameRow(item, kept)))
             continue;
         const bool inPlace = item.ItemColumn == kept.ItemColumn && item.ItemDay == kept.ItemDay;
         const int alike = (inPlace ? 2 : 0) + (item.ItemColor == kept.ItemColor ? 1 : 0);

@@ -22,6 +22,9 @@ struct BoardRules {
     /// Returns which of the items name a patient, in their order. It is called only while the patients' names are
     /// hidden. It gets all items of a load at once, so that a view that has to look this up asks the database once.
     std::function<std::vector<bool>(std::span<const CalendarItem> items)> namesPatients;
+    /// Whether an item whose key is that of another item is of the same row. Without this rule it always is. A view
+    /// that shows the rows of two tables needs it, because the selection must not go over to a row of the other table.
+    std::function<bool(const CalendarItem& item, const CalendarItem& other)> sameRow = {};
 };
 
 /// A day grid together with the way in which a view loads it: the preferred hours, the shading around working hours,

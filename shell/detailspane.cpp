@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int LabelCharacters = 29;
 constexpr int FewestCharacters = 24;
 constexpr int ValueColumn = 2;
 constexpr int ListShare = 5;
@@ -19,13 +18,13 @@ constexpr int LongestWord = 2000;
 
 }  // namespace
 
-DetailsPane::DetailsPane(const QString& caption, QWidget* parent)
+DetailsPane::DetailsPane(const QString& caption, QWidget* parent, int labelCharacters)
     : QSplitter(Qt::Vertical, parent), ctListInfo(new ctList), txtnote(new QPlainTextEdit) {
     setChildrenCollapsible(false);
     setMinimumWidth(fontMetrics().averageCharWidth() * FewestCharacters);
     ctListInfo->setObjectName(QStringLiteral("ctListInfo"));
     ctListInfo->setAccessibleName(tr("Appointment details"));
-    ctListInfo->SetColumns({{QString(), ListColumn::Kind::Text, LabelCharacters}, {QString()}});
+    ctListInfo->SetColumns({{QString(), ListColumn::Kind::Text, labelCharacters}, {QString()}});
     ctListInfo->setHeaderHidden(true);
     AddPane(caption, ctListInfo, ListShare);
     txtnote->setObjectName(QStringLiteral("txtnote"));

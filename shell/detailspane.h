@@ -14,8 +14,11 @@ class DetailsPane : public QSplitter {
   public:
     enum class About { Nobody, Patient };
 
-    /// `caption` is the text over the list, with the letter of its Alt key.
-    explicit DetailsPane(const QString& caption, QWidget* parent = nullptr);
+    /// `caption` is the text over the list, with the letter of its Alt key. `labelCharacters` is the width of the
+    /// labels in average characters.
+    explicit DetailsPane(const QString& caption, QWidget* parent = nullptr, int labelCharacters = UsualLabelCharacters);
+
+    static constexpr int UsualLabelCharacters = 29;
 
     /// Adds a pane with a caption over its content; `stretch` is its share of the height.
     void AddPane(const QString& caption, QWidget* content, int stretch);

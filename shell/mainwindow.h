@@ -26,7 +26,8 @@ class MainWindow {
     virtual void ShowTitle(const QString& text) = 0;
 
     /// Opens a view. It does nothing when that view is open already, and when the user may not open it or it does not
-    /// exist; if no view is open yet, the day view is then opened instead.
+    /// exist; if no view is open yet, the day view is then opened instead. The companion's view is refused with a box
+    /// when the provider has no counterpart there.
     virtual void changeview(View view) = 0;
     /// Goes one step of the open view back (0) or forward (1) and reloads it, or only reloads it (2).
     virtual void cycledate(int direction) = 0;

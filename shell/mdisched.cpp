@@ -64,6 +64,9 @@ void mdisched::WritePanels() {
 void mdisched::changeview(View view) {
     if (view_ != nullptr && Session().CurrentView == view)
         return;
+    // Start-up has looked for the pair itself.
+    if (view == View::Companion && view_ != nullptr && ViewAvailable(view) && !findCompanionProvider())
+        return;
     if (ViewAvailable(view))
         openView(view);
     else if (view_ == nullptr)  // The companion was to open first, and cannot.
@@ -168,8 +171,7 @@ void mdisched::applyInterfaceFont() {
 }
 
 void mdisched::chooseFromTaskPane(const QString& key) {
-    const ViewEntry* entry = FindViewByKey(key);
-    if (entry != nullptr && (entry->view != View::Companion || findCompanionProvider()))
+    if (const ViewEntry* entry = FindViewByKey(key))
         changeview(entry->view);
     // A view that did not open leaves the selection with the one that is.
     if (const ViewEntry* current = FindView(Session().CurrentView))
@@ -298,7 +300,7 @@ void mdisched::ProviderChosen() {
 
 void mdisched::ShowPreferences() {
     const auto refresh = [this] {
-        if (view_ != nullptr && Session().CurrentView <= View::AllProviders)
+        if (view_ != nullptr && Session().CurrentView != View::Rooms)
             view_->ApplyPreferences();
     };
     frmaopts preferences(refresh, this);

@@ -114,4 +114,14 @@ inline constexpr MenuName mnuFind{"mnuFind"};
 
 inline constexpr MenuName mnuVDisplay{"mnuVDisplay"};
 
+inline constexpr MenuName mnuAddAppt{"mnuAddAppt"};
+inline constexpr MenuName mnuAddEvent{"mnuAddEvent"};
+inline constexpr MenuName mnuModify{"mnuModify"};
+inline constexpr MenuName mnuSessionNote{"mnuSessionNote"};
+inline constexpr MenuName mnuAShow{"mnuAShow"};
+inline constexpr MenuName mnuWeek{"mnuWeek"};
+inline constexpr MenuName mnuVsep4{"mnuVsep4"};
+inline constexpr MenuName mnuVProviders{"mnuVProviders"};
+inline constexpr MenuName mnuProvSelectAll{"mnuProvSelectAll"};
+
 }  // namespace menu

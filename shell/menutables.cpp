@@ -180,6 +180,63 @@ Table roomViewMenu() {
     };
 }
 
+// The practice's own lists have no meaning in another product's schedule.
+Table companionFileMenu() {
+    return {
+        {Kind::Menu, menu::mnuFile, "&File"},
+        {Kind::Command, menu::mnuFPrefs, "Pre&ferences...", "preferences", "Ctrl+,"},
+        {Kind::Separator, menu::mnuFsep1},
+        {Kind::Command, menu::mnuPrint, "&Print Schedule...", "print", "Ctrl+P"},
+        {Kind::Command, menu::mnuPrntOpts, "Print &Options...", "preferences"},
+        {Kind::Command, menu::mnuFReport, "&Reports...", "report"},
+        {Kind::Separator, menu::mnuFsep2},
+        {Kind::Command, menu::mnuFExit, "E&xit", "exit", "Ctrl+Q"},
+    };
+}
+
+Table companionAppointmentsMenu() {
+    return {
+        {Kind::Menu, menu::mnuAppointments, "&Appointments"},
+        {Kind::Command, menu::mnuAddAppt, "Add &Appointment", "add", "Ctrl+N"},
+        {Kind::Command, menu::mnuAddEvent, "Add &Event", "activity", "Ctrl+Shift+E"},
+        {Kind::Command, menu::mnuModify, "&Modify", "edit", "Ctrl+E"},
+        {Kind::Command, menu::mnuDelete, "&Delete\tDel", "delete"},
+        {Kind::Separator, menu::mnuAsep1},
+        {Kind::Command, menu::mnuSessionNote, "&Session Note", "note", "Ctrl+Shift+S"},
+    };
+}
+
+// Ctrl+2 and its entry lead to the scheduler's own week; the companion's week is a mode of its view.
+Table companionViewMenu() {
+    return {
+        {Kind::Menu, menu::mnuView, "&View"},
+        {Kind::Command, menu::mnuVDay, "&Day View\tCtrl+1", "day", nullptr, "mnuDay"},
+        {Kind::Command, menu::mnuVWeek, "&Week View\tCtrl+2", "week"},
+        {Kind::Command, menu::mnuVMonth, "&Month View\tCtrl+3", "month", nullptr, "mnuMonth"},
+        {Kind::Command, menu::mnuVAll, "&All Providers\tCtrl+4", "all", nullptr, "mnuAll"},
+        {Kind::Command, menu::mnuVRoom, "&Room Scheduler...\tCtrl+5", "rooms", nullptr, "mnuRoom"},
+        {Kind::Command, menu::mnuVFH, "&Fernhall Scheduler\tCtrl+6", "companion", nullptr, "mnuFH"},
+        {Kind::Separator, menu::mnuVsep1},
+        {Kind::Command, menu::mnuAShow, "&Show Week View", "week", "Ctrl+Shift+W"},
+        {Kind::Command, menu::mnuWeek, "Fernhall Wee&k"},
+        {Kind::Submenu, menu::mnuVProviders, "Pro&viders", "user"},
+        {Kind::Command, menu::mnuVDisplay, "&Display Providers", "user", "Ctrl+Shift+D"},
+        {Kind::Command, menu::mnuProvSelectAll, "Select &All"},
+        {Kind::EndSubmenu},
+        {Kind::Separator, menu::mnuVsep2},
+        {Kind::Command, menu::mnuVToday, "&Today\tCtrl+T", "today"},
+        {Kind::Command, menu::mnuVPrevious, "&Previous Day\tAlt+Left", "previous"},
+        {Kind::Command, menu::mnuVNext, "&Next Day\tAlt+Right", "next"},
+        {Kind::Command, menu::mnuVRefresh, "Refr&esh", "refresh", "F5"},
+        {Kind::Separator, menu::mnuVsep3},
+        {Kind::Command, menu::mnuVColor, "Color &Legend...", "legend"},
+        {Kind::Command, menu::mnuVABook, "Address &Book...", "addressbook", "Ctrl+B"},
+        {Kind::Separator, menu::mnuVsep4},
+        {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
+        {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
+    };
+}
+
 /// What a view calls a command that the day view has too. A null stands for what the day calls it.
 struct OtherName {
     MenuName name;
@@ -259,8 +316,15 @@ std::span<const MenuEntry> RoomMenus() {
     return menus;
 }
 
+std::span<const MenuEntry> CompanionMenus() {
+    static const Table menus =
+        joined({companionFileMenu(), companionAppointmentsMenu(), companionViewMenu(), helpMenu()});
+    return menus;
+}
+
 bool InMenusOfAnyView(MenuName name) {
-    for (const auto& menus : {DayMenus(), WeekMenus(), AllProvidersMenus(), MonthMenus(), RoomMenus()})
+    for (const auto& menus :
+         {DayMenus(), WeekMenus(), AllProvidersMenus(), MonthMenus(), RoomMenus(), CompanionMenus()})
         if (std::ranges::find(menus, name, &MenuEntry::name) != menus.end())
             return true;
     return false;

@@ -11,6 +11,8 @@
 /// The File, View and Help menus. The month view is only read, so it has no commands on appointments.
 [[nodiscard]] std::span<const MenuEntry> MonthMenus();
 [[nodiscard]] std::span<const MenuEntry> RoomMenus();
+/// The menus of the companion's schedule, whose appointments have commands of their own.
+[[nodiscard]] std::span<const MenuEntry> CompanionMenus();
 
 /// Whether the menus of at least one view hold the name.
 [[nodiscard]] bool InMenusOfAnyView(MenuName name);

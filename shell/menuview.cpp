@@ -36,6 +36,7 @@ void MenuView::bindViews() {
     menus_.Bind(menu::mnuVMonth, [this] { main_.changeview(View::Month); });
     menus_.Bind(menu::mnuVAll, [this] { main_.changeview(View::AllProviders); });
     menus_.Bind(menu::mnuVRoom, [this] { main_.changeview(View::Rooms); });
+    menus_.Bind(menu::mnuVFH, [this] { main_.changeview(View::Companion); });
 }
 
 void MenuView::bindSteps() {
@@ -67,10 +68,12 @@ void MenuView::bindPracticeLists() {
         frmabook dialog(window());
         ShowModal(dialog);
     });
-    menus_.Bind(menu::mnuVColor, [this] {
-        frmcleg dialog(window());
-        ShowModal(dialog);
-    });
+    menus_.Bind(menu::mnuVColor, [this] { showLegend(); });
+}
+
+void MenuView::showLegend() {
+    frmcleg dialog(AppointmentLegend(), window());
+    ShowModal(dialog);
 }
 
 void MenuView::showPrintOptions() {

@@ -27,6 +27,8 @@ class MenuView : public ViewWindow {
     virtual void listsChanged() {}
     /// Whether the print options of this view offer to print the weekend.
     [[nodiscard]] virtual bool printsWeekends() const { return false; }
+    /// Shows what the colours of this view mean.
+    virtual void showLegend();
     [[nodiscard]] MainWindow& main() const { return main_; }
     [[nodiscard]] ViewMenus& menus() { return menus_; }
 

@@ -36,6 +36,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindSearches();
     bindSeries();
     bindNotes();
+    bindReports();
     makeItemPopup();
     board_->SetScale(Session().TimeUnit);
 }
@@ -109,6 +110,7 @@ void CalendarView::allowExports(bool allowed) {
 
 void CalendarView::beginLoad(QDate date, const QString& provider) {
     allowExports(false);
+    allowReports(false);
     board_->BeginLoad(date, provider);
     callIcons_.clear();
     facts_.clear();
@@ -132,6 +134,7 @@ void CalendarView::endLoad() {
     displayapptinfo(0);
     board_->EndLoad();
     allowExports(exports_);
+    allowReports(true);
 }
 
 void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {

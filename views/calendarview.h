@@ -16,7 +16,9 @@
 
 class EditorDialog;
 struct EditorRequest;
+enum class ReportMode;
 struct ExportRequest;
+struct ReportOpening;
 struct WriteOutcome;
 
 /// The base of the views that show appointments on a board. It holds the commands on appointments, applies the user's
@@ -83,6 +85,9 @@ class CalendarView : public MenuView {
     /// Returns the key of the selected appointment, or 0 when none is selected.
     [[nodiscard]] int selectedKey() const;
 
+    /// Returns what the reports begin with: the days and the provider that this view shows.
+    [[nodiscard]] virtual ReportOpening reportOpening() const;
+
     /// Returns the schedule to be printed: all columns of the view on one page, under its date. The provider stands at
     /// the foot.
     [[nodiscard]] virtual ScheduleSheet sheet(const PrintOptions& options) const;
@@ -134,6 +139,12 @@ class CalendarView : public MenuView {
     /// The exports can be used while the view shows what it has read.
     void allowExports(bool allowed);
     void lock(CalendarItem& item) const;
+
+    // calendarview_reports.cpp
+    void bindReports();
+    /// The reports can be used while the view shows what it has read.
+    void allowReports(bool allowed);
+    void openReport(ReportMode mode);
 
     // calendarview_edit.cpp
     void bindEditing();

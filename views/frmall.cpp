@@ -13,6 +13,7 @@
 #include "data/holidays.h"
 #include "data/pipefields.h"
 #include "data/recurrence.h"
+#include "output/frmschrpt.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -300,6 +301,12 @@ ScheduleSheet frmall::sheet(const PrintOptions& options) const {
     sheet.footer.clear();
     sheet.columnsPerPage = options.columnsPerPage;
     return sheet;
+}
+
+ReportOpening frmall::reportOpening() const {
+    ReportOpening opening = CalendarView::reportOpening();
+    opening.provider.clear();
+    return opening;
 }
 
 void frmall::goToProvider() {

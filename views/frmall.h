@@ -51,6 +51,8 @@ class frmall : public CalendarView {
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     /// Puts as many columns on a page as the print options say, from 1 to 9, and five when they say nothing valid.
     [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
+    /// Returns the day of all providers.
+    [[nodiscard]] ReportOpening reportOpening() const override;
     void followProvider() override;
     [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;
     void resizeEvent(QResizeEvent* event) override;

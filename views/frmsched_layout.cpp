@@ -3,9 +3,9 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/ctlist.h"
-#include "platform/desktop/userstore.h"
 #include "platform/theme/theme.h"
 #include "shell/detailspane.h"
+#include "shell/keptsplitter.h"
 #include "views/frmsched.h"
 
 namespace {
@@ -13,15 +13,6 @@ namespace {
 constexpr char mainPanesKey[] = "frmsched.SSSplitter1";
 constexpr char sidePanesKey[] = "frmsched.SidePanes";
 constexpr int TasksShare = 4;
-
-bool restoreSplitter(QSplitter& splitter, const char* key) {
-    const QString stored = ReadUserSetting(QLatin1String(key));
-    return !stored.isEmpty() && splitter.restoreState(QByteArray::fromBase64(stored.toLatin1()));
-}
-
-void storeSplitter(const QSplitter& splitter, const char* key) {
-    WriteUserSetting(QLatin1String(key), QString::fromLatin1(splitter.saveState().toBase64()));
-}
 
 }  // namespace
 
@@ -59,13 +50,9 @@ void frmsched::addTaskPane() {
 
 // Only a place that the user chose is worth remembering.
 void frmsched::rememberPanes() {
-    panesChosen_ = restoreSplitter(*SSSplitter1, mainPanesKey);
-    restoreSplitter(*details_, sidePanesKey);
-    connect(SSSplitter1, &QSplitter::splitterMoved, this, [this] {
-        panesChosen_ = true;
-        storeSplitter(*SSSplitter1, mainPanesKey);
-    });
-    connect(details_, &QSplitter::splitterMoved, this, [this] { storeSplitter(*details_, sidePanesKey); });
+    panesChosen_ = KeepSplitter(*SSSplitter1, mainPanesKey);
+    KeepSplitter(*details_, sidePanesKey);
+    connect(SSSplitter1, &QSplitter::splitterMoved, this, [this] { panesChosen_ = true; });
 }
 
 void frmsched::resizeEvent(QResizeEvent* event) {

@@ -8,6 +8,7 @@
 #include "data/holidays.h"
 #include "data/recurrence.h"
 #include "output/exportrows.h"
+#include "output/frmschrpt.h"
 #include "output/htmlexport.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -91,6 +92,12 @@ QStringList frmweekv::weekStatements(QDate first) const {
     for (int day = 0; day < DaysOfWeek; ++day)
         statements << HolidayStatement(first.addDays(day)) << hoursStatement(first.addDays(day));
     return statements;
+}
+
+ReportOpening frmweekv::reportOpening() const {
+    ReportOpening opening = CalendarView::reportOpening();
+    opening.to = opening.from.addDays(DaysOfWeek - 1);
+    return opening;
 }
 
 ExportRequest frmweekv::exportedWeek() const {

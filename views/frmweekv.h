@@ -30,6 +30,8 @@ class frmweekv : public CalendarView {
     [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
     void printS() override;
     [[nodiscard]] bool printsWeekends() const override { return true; }
+    /// Returns the seven days of the week, however many the view shows.
+    [[nodiscard]] ReportOpening reportOpening() const override;
     [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;
 
   private:

@@ -22,6 +22,13 @@ namespace {
 constexpr qint64 LargestLog = 1'000'000;
 constexpr qsizetype LongestLine = 2'000;
 
+/// The address sanitizer tells more of a crash itself.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool IsSanitized = true;
+#else
+constexpr bool IsSanitized = false;
+#endif
+
 QMutex& logLock() {
     static QMutex lock;
     return lock;
@@ -155,11 +162,9 @@ void KeepCrashNotes() {
     // The first call loads a library, which cannot be done any more in a crash.
     std::array<void*, 1> routine{};
     backtrace(routine.data(), 1);
-    // The sanitizers tell more of a crash themselves.
-#ifndef __SANITIZE_ADDRESS__
-    for (const int number : {SIGSEGV, SIGABRT, SIGFPE, SIGILL, SIGBUS})
-        std::signal(number, noteCrash);
-#endif
+    if constexpr (!IsSanitized)
+        for (const int number : {SIGSEGV, SIGABRT, SIGFPE, SIGILL, SIGBUS})
+            std::signal(number, noteCrash);
 }
 
 QString TakeCrashNote() {

@@ -97,8 +97,12 @@ QString html(const PageBreak& /*pageBreak*/) {
     return QStringLiteral("<div style=\"page-break-before:always\"></div>\n");
 }
 
-// A picture is painted for paper only.
+// A picture is painted for paper only, and only paper has pages to keep something on.
 QString html(const Figure& /*figure*/) {
+    return {};
+}
+
+QString html(const Together& /*together*/) {
     return {};
 }
 

@@ -28,8 +28,18 @@ TextRow rowOf(const Document& document, const Piece& piece, double width) {
 PageLayout::PageLayout(const Document& document, PageSetup setup) : document_(document), setup_(std::move(setup)) {
     fitBody();
     beginPage();
-    for (std::size_t block = 0; block < document_.blocks.size(); ++block)
+    Grow();
+}
+
+void PageLayout::Grow() {
+    layBlocks(next_, document_.blocks.size());
+}
+
+void PageLayout::layBlocks(std::size_t first, std::size_t end) {
+    for (next_ = first; next_ < end;) {
+        const std::size_t block = next_++;
         std::visit([this, block](const auto& content) { lay(block, content); }, document_.blocks[block]);
+    }
 }
 
 double PageLayout::marginTextHeight() const {
@@ -50,6 +60,11 @@ void PageLayout::fitBody() {
 void PageLayout::beginPage() {
     pages_.emplace_back();
     y_ = body_.top();
+    if (titles_) {
+        const TextRow titles(std::get<Table>(document_.blocks[*titles_]), -1, body_.width());
+        place(*titles_, -1, titles, 0, titles.lineCount());
+    }
+    top_ = y_;
 }
 
 void PageLayout::place(std::size_t block, int row, const TextRow& text, int firstLine, int lines) {
@@ -61,7 +76,7 @@ void PageLayout::place(std::size_t block, int row, const TextRow& text, int firs
 template <class TopOfPage>
 void PageLayout::flow(std::size_t block, int row, const TextRow& text, TopOfPage topOfPage) {
     const double padding = text.height(0);
-    bool fresh = y_ <= body_.top();
+    bool fresh = isFresh();
     for (int line = 0; line < text.lineCount();) {
         const int fitting = static_cast<int>((room() - padding) / text.lineHeight());
         // A fresh page takes at least one line even without room for it, because the loop would otherwise never end.
@@ -99,29 +114,48 @@ void PageLayout::lay(std::size_t block, const Table& table) {
         const TextRow text(table, row, body_.width());
         // The titles never stand alone at the foot of a page.
         const double needed = text.height() + (row == 0 ? titleHeight : 0);
-        const bool breaks = needed > room() && text.height() <= body_.height() - titleHeight && !pages_.back().empty();
+        const bool breaks = needed > room() && text.height() <= body_.bottom() - top_ - titleHeight && !isFresh();
         if (breaks)
             beginPage();
         if (breaks || row == 0)
             placeTitles();
         flow(block, row, text, placeTitles);
     }
+    if (table.titlesStay)
+        titles_ = block;
 }
 
 void PageLayout::lay(std::size_t /*block*/, const Gap& gap) {
     // A gap at the top of a page is left out.
-    if (!pages_.back().empty())
+    if (!isFresh())
         y_ = std::min(y_ + gap.height, body_.bottom());
 }
 
 void PageLayout::lay(std::size_t /*block*/, const PageBreak& /*pageBreak*/) {
-    if (!pages_.back().empty())
+    if (!isFresh())
         beginPage();
+}
+
+// What reaches another page is taken back and begins that page. What is longer than a page is divided there.
+void PageLayout::lay(std::size_t block, const Together& together) {
+    const std::size_t end = std::min(block + 1 + together.blocks, document_.blocks.size());
+    const std::size_t pages = pages_.size();
+    const std::size_t pieces = pages_.back().size();
+    const bool wasFresh = isFresh();
+    const std::optional<std::size_t> titles = titles_;
+    layBlocks(block + 1, end);
+    if (pages_.size() == pages || wasFresh)
+        return;
+    pages_.resize(pages);
+    pages_.back().resize(pieces);
+    titles_ = titles;
+    beginPage();
+    layBlocks(block + 1, end);
 }
 
 // A picture that would get less than half a page begins a new one.
 void PageLayout::lay(std::size_t block, const Figure& /*figure*/) {
-    if (room() < body_.height() / 2 && !pages_.back().empty())
+    if (room() < body_.height() / 2 && !isFresh())
         beginPage();
     pages_.back().push_back({block, 0, 0, 0, y_, room()});
     y_ = body_.bottom();
@@ -148,8 +182,11 @@ void PageLayout::paintPage(QPainter& painter, int page, const QRectF& paper) con
     paintMargin(
         painter, document_.footer, page,
         std::min(size.height() - Edge, size.height() - (size.height() - body_.bottom() - marginText) / 2) - marginText);
+    const QRectF visible = painter.hasClipping() ? painter.clipBoundingRect() : QRectF(QPointF(), size);
     for (const Piece& piece : pages_[page])
-        if (const auto* figure = std::get_if<Figure>(&document_.blocks[piece.block]))
+        if (piece.top > visible.bottom() || piece.top + piece.height < visible.top())
+            continue;
+        else if (const auto* figure = std::get_if<Figure>(&document_.blocks[piece.block]))
             paintFigure(painter, *figure, piece);
         else
             rowOf(document_, piece, body_.width())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <QRectF>
 #include <vector>
 
@@ -22,13 +23,17 @@ struct Piece {
     friend bool operator==(const Piece&, const Piece&) = default;
 };
 
-/// A document divided into pages of one paper. It keeps a reference to the document, which must outlive it and must not
-/// change.
+/// A document divided into pages of one paper. It keeps a reference to the document, which must outlive it. The
+/// document may only become longer, by blocks at its end, and each time Grow must be called before anything else.
 class PageLayout {
   public:
     /// Uses the document's own paper.
     explicit PageLayout(const Document& document) : PageLayout(document, document.setup) {}
     PageLayout(const Document& document, PageSetup setup);
+
+    /// Divides the blocks that the document has gained at its end. Pages before the last one stay as they are. The
+    /// blocks that a Together holds together must be gained with it.
+    void Grow();
 
     /// At least 1, because a document without text has one empty page.
     [[nodiscard]] int pageCount() const { return static_cast<int>(pages_.size()); }
@@ -38,7 +43,8 @@ class PageLayout {
     [[nodiscard]] QRectF body() const { return body_; }
     [[nodiscard]] const PageSetup& setup() const { return setup_; }
 
-    /// Paints the page into `paper`, the rectangle of the whole paper in the painter's coordinates.
+    /// Paints the page into `paper`, the rectangle of the whole paper in the painter's coordinates. Where the painter
+    /// clips, what lies outside is left out.
     void paintPage(QPainter& painter, int page, const QRectF& paper) const;
 
   private:
@@ -47,6 +53,8 @@ class PageLayout {
     void lay(std::size_t block, const Gap& gap);
     void lay(std::size_t block, const PageBreak& pageBreak);
     void lay(std::size_t block, const Figure& figure);
+    void lay(std::size_t block, const Together& together);
+    void layBlocks(std::size_t first, std::size_t end);
     /// Widens margins that are too narrow for the header or the footer.
     void fitBody();
     void beginPage();
@@ -59,11 +67,16 @@ class PageLayout {
     void paintMargin(QPainter& painter, const QString& text, int page, double top) const;
     [[nodiscard]] double marginTextHeight() const;
     [[nodiscard]] double room() const { return body_.bottom() - y_; }
+    /// Whether the page holds nothing yet but titles that stay.
+    [[nodiscard]] bool isFresh() const { return y_ <= top_; }
 
     const Document& document_;
     PageSetup setup_;
     QRectF body_;
     std::vector<std::vector<Piece>> pages_;
+    std::size_t next_ = 0;               ///< The first block that is not on a page yet.
+    std::optional<std::size_t> titles_;  ///< The table whose titles stay.
+    double top_ = 0;                     ///< Where the page begins, below the titles that stay.
     double y_ = 0;
 };
 

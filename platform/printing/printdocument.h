@@ -62,6 +62,9 @@ struct TableLook {
     std::vector<bool> shadedRows = {};             ///< Which rows have that colour; empty for all of them.
     /// In HTML, the texts of the cells are headings of this level, 1 to 6; 0 for a table of data.
     int headingLevel = 0;
+    /// Whether the titles also stand on top of all further pages, above whatever follows the table, until a later table
+    /// has titles that stay.
+    bool titlesStay = false;
 };
 
 /// Rows of cells under column titles. The titles are repeated on top of each page that the table reaches. A row is
@@ -90,7 +93,12 @@ struct Figure {
     std::function<void(QPainter& painter, const QRectF& room)> paint;
 };
 
-using Block = std::variant<Paragraph, Table, Gap, PageBreak, Figure>;
+/// Keeps the following blocks on one page where they fit on one.
+struct Together {
+    std::size_t blocks = 0;
+};
+
+using Block = std::variant<Paragraph, Table, Gap, PageBreak, Figure, Together>;
 
 struct Document {
     QString title;   ///< The name in the print queue and in the preview.

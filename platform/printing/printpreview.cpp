@@ -3,12 +3,8 @@
 #include <algorithm>
 #include <QAction>
 #include <QDir>
-#include <QEvent>
-#include <QGraphicsScene>
-#include <QGraphicsView>
 #include <QLabel>
-#include <QPainter>
-#include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -19,6 +15,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/printing/output.h"
 #include "platform/printing/pagelayout.h"
+#include "platform/printing/pageview.h"
 #include "platform/printing/printerror.h"
 #include "platform/printing/printers.h"
 #include "platform/theme/icon.h"
@@ -27,8 +24,7 @@
 namespace {
 
 constexpr double ZoomStep = 1.25;
-constexpr double SmallestZoom = 0.1;
-constexpr double LargestZoom = 8;
+constexpr int MostPagesForSure = 9999;
 
 /// Returns a path for the document's title in the user's documents. Characters that a file name cannot hold become
 /// blanks.
@@ -41,34 +37,22 @@ QString proposedFile(const QString& title) {
 
 }  // namespace
 
-PrintPreview::PrintPreview(QWidget* parent) : QWidget(parent), paper_(QPrinter::HighResolution) {
-    paper_.setOutputFormat(QPrinter::PdfFormat);
-    pages_ = new QPrintPreviewWidget(&paper_, this);
+PrintPreview::PrintPreview(QWidget* parent) : QWidget(parent) {
+    pages_ = new PageView(this);
     pages_->setObjectName(QStringLiteral("pages"));
     pages_->setAccessibleName(tr("Pages"));
-    colourDesk();
     buildToolBar();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Space(4));
     column->addWidget(toolBar_);
     column->addWidget(pages_, 1);
-    connect(pages_, &QPrintPreviewWidget::paintRequested, this, &PrintPreview::paintPages);
-    connect(pages_, &QPrintPreviewWidget::previewChanged, this, &PrintPreview::followPage);
+    connect(pages_, &PageView::CurrentPageChanged, this, &PrintPreview::followPage);
 }
 
-PrintPreview::~PrintPreview() = default;
-
-void PrintPreview::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        colourDesk();
-}
-
-void PrintPreview::colourDesk() {
-    // The preview's own background is the same grey for light and dark.
-    if (auto* desk = pages_->findChild<QGraphicsView*>())
-        desk->scene()->setBackgroundBrush(palette().color(QPalette::Mid));
+PrintPreview::~PrintPreview() {
+    // The view goes last, and must not reach for pages that are gone.
+    pages_->ShowPages(nullptr);
 }
 
 QAction* PrintPreview::command(const char* name, const QString& text, const char* icon, const QKeySequence& key) {
@@ -103,6 +87,8 @@ void PrintPreview::addPageCommands() {
     lblpages_ = new QLabel(toolBar_);
     lblpages_->setObjectName(QStringLiteral("lblpages"));
     lblpages_->setContentsMargins(Space(4), 0, Space(4), 0);
+    // The commands behind it stay where they are while a document grows.
+    lblpages_->setMinimumWidth(fontMetrics().horizontalAdvance(tr("of %1").arg(MostPagesForSure)) + 2 * Space(4));
     toolBar_->addWidget(lblpages_);
     next_ = command("cmdnext", tr("Next Page"), "next", tr("Ctrl+PgDown"));
     last_ = command("cmdlast", tr("Last Page"), "last", tr("Ctrl+End"));
@@ -121,16 +107,26 @@ void PrintPreview::addZoomCommands() {
     larger->setShortcuts({QKeySequence::ZoomIn, tr("Ctrl+=")});
     connect(larger, &QAction::triggered, this, [this] { zoomBy(ZoomStep); });
     connect(command("cmdfitwidth", tr("Page Width"), "fitwidth", tr("Ctrl+1")), &QAction::triggered, pages_,
-            &QPrintPreviewWidget::fitToWidth);
+            &PageView::FitWidth);
     connect(command("cmdfitpage", tr("Whole Page"), "fitpage", tr("Ctrl+0")), &QAction::triggered, pages_,
-            &QPrintPreviewWidget::fitInView);
+            &PageView::FitPage);
 }
 
 void PrintPreview::ShowDocument(const printing::Document& document) {
     document_ = document;
     layOut();
-    pages_->fitToWidth();
-    pages_->setCurrentPage(1);
+    goTo(1);
+}
+
+void PrintPreview::Grow(const printing::Document& document) {
+    const auto shown = static_cast<std::ptrdiff_t>(document_.blocks.size());
+    document_.blocks.insert(document_.blocks.end(), document.blocks.begin() + shown, document.blocks.end());
+    const int before = PageCount();
+    laid_->Grow();
+    pages_->viewport()->update();
+    if (PageCount() == before)
+        return;
+    pages_->PagesAdded();
     followPage();
 }
 
@@ -142,20 +138,10 @@ void PrintPreview::turnPaper(bool across) {
 
 void PrintPreview::layOut() {
     const BusyPointer busy;
-    laid_ = std::make_unique<printing::PageLayout>(document_);
+    auto laid = std::make_unique<printing::PageLayout>(document_);
+    pages_->ShowPages(laid.get());
+    laid_ = std::move(laid);
     across_->setChecked(document_.setup.orientation == QPageLayout::Landscape);
-    printing::GiveSetup(paper_, document_);
-    pages_->updatePreview();
-}
-
-void PrintPreview::paintPages(QPrinter* printer) const {
-    QPainter painter(printer);
-    // Shown before it was given a document, it is an empty page.
-    for (int page = 0; laid_ && page < PageCount(); ++page) {
-        if (page > 0)
-            printer->newPage();
-        laid_->paintPage(painter, page, QRectF(0, 0, printer->width(), printer->height()));
-    }
 }
 
 void PrintPreview::followPage() {
@@ -172,12 +158,12 @@ void PrintPreview::followPage() {
 }
 
 void PrintPreview::goTo(int page) {
-    pages_->setCurrentPage(std::clamp(page, 1, PageCount()));
+    pages_->GoTo(std::clamp(page, 1, PageCount()) - 1);
     followPage();
 }
 
 void PrintPreview::zoomBy(double factor) {
-    pages_->setZoomFactor(std::clamp(Zoom() * factor, SmallestZoom, LargestZoom));
+    pages_->SetZoom(Zoom() * factor);
 }
 
 int PrintPreview::PageCount() const {
@@ -185,11 +171,11 @@ int PrintPreview::PageCount() const {
 }
 
 int PrintPreview::CurrentPage() const {
-    return std::clamp(pages_->currentPage(), 1, PageCount());
+    return std::clamp(pages_->CurrentPage() + 1, 1, PageCount());
 }
 
 double PrintPreview::Zoom() const {
-    return pages_->zoomFactor();
+    return pages_->Zoom();
 }
 
 bool PrintPreview::Print() {

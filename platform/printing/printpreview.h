@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <QPrinter>
 #include <QWidget>
 
 #include "platform/printing/printdocument.h"
@@ -9,9 +8,9 @@
 class QAction;
 class QKeySequence;
 class QLabel;
-class QPrintPreviewWidget;
 class QSpinBox;
 class QToolBar;
+class PageView;
 namespace printing {
 class PageLayout;
 }
@@ -29,8 +28,12 @@ class PrintPreview : public QWidget {
     explicit PrintPreview(QWidget* parent = nullptr);
     ~PrintPreview() override;
 
-    /// Shows a document from its first page on.
+    /// Shows a document from its first page on, as wide as the window until the user chooses another size.
     void ShowDocument(const printing::Document& document);
+    /// Shows what the document has gained at its end since ShowDocument or the last Grow. Page, size and paper stay as
+    /// the user chose them. Both calls together take a time that is proportional to the document's length, however
+    /// often it grows.
+    void Grow(const printing::Document& document);
     /// Lets the user choose a printer and prints. Shows a box when there is no printer or printing fails. Returns true
     /// when the document has gone to the printer.
     bool Print();
@@ -46,11 +49,7 @@ class PrintPreview : public QWidget {
     /// The size of the pages. 1 is the size on paper.
     [[nodiscard]] double Zoom() const;
 
-  protected:
-    void changeEvent(QEvent* event) override;
-
   private:
-    void colourDesk();
     void buildToolBar();
     void addPageCommands();
     void addZoomCommands();
@@ -60,12 +59,10 @@ class PrintPreview : public QWidget {
     void followPage();
     void goTo(int page);
     void zoomBy(double factor);
-    void paintPages(QPrinter* printer) const;
 
     printing::Document document_;
-    QPrinter paper_;  ///< The device for which the pages are painted. Nothing is printed on it.
     QToolBar* toolBar_ = nullptr;
-    QPrintPreviewWidget* pages_ = nullptr;
+    PageView* pages_ = nullptr;
     QSpinBox* txtpage_ = nullptr;
     QLabel* lblpages_ = nullptr;
     QAction* first_ = nullptr;

@@ -58,6 +58,13 @@ void VSPrinter::AddTable(printing::TableContent content, const printing::TableLo
     document_.blocks.emplace_back(printing::Table{std::move(content), look, font_});
 }
 
+void VSPrinter::AddTogether(const std::function<void()>& add) {
+    const std::size_t marker = document_.blocks.size();
+    document_.blocks.emplace_back(printing::Together());
+    add();
+    std::get<printing::Together>(document_.blocks[marker]).blocks = document_.blocks.size() - marker - 1;
+}
+
 void VSPrinter::AddFigure(std::function<void(QPainter& painter, const QRectF& room)> paint) {
     document_.blocks.emplace_back(printing::Figure{std::move(paint)});
 }

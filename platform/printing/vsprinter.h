@@ -56,6 +56,9 @@ class VSPrinter {
     /// std::invalid_argument.
     void AddTable(printing::TableContent content, const printing::TableLook& look = {});
 
+    /// Adds what `add` adds, and keeps it on one page where it fits on one.
+    void AddTogether(const std::function<void()>& add);
+
     /// Adds a picture that fills the rest of the page; see printing::Figure.
     void AddFigure(std::function<void(QPainter& painter, const QRectF& room)> paint);
 

@@ -75,6 +75,17 @@ TEST_F(CompanionFields, TheTimeStopsBeforeMidnightAtBothEndsOfTheDay) {
     EXPECT_EQ(late.Time(), 1425);
 }
 
+TEST_F(CompanionFields, PageUpAndPageDownMoveTheTimeByAnHourAndStopBeforeMidnightToo) {
+    ctDEdit& field = time(1320);
+    QTest::keyClick(&field, Qt::Key_PageUp);
+    EXPECT_EQ(field.Time(), 1380);
+    QTest::keyClick(&field, Qt::Key_PageUp);
+    EXPECT_EQ(field.Time(), 1380);
+    field.setTime(45);
+    QTest::keyClick(&field, Qt::Key_PageDown);
+    EXPECT_EQ(field.Time(), 45);
+}
+
 TEST_F(CompanionFields, AnEmptyTimeDoesNotStep) {
     ctDEdit& field = time(-1);
     QTest::keyClick(&field, Qt::Key_Up);

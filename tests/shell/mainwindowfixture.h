@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <QAction>
 #include <QTemporaryDir>
 #include <QToolButton>
@@ -14,6 +15,7 @@
 #include "shell/mdisched.h"
 #include "tests/shell/placeholderview.h"
 #include "tests/support/scripteddesk.h"
+#include "tests/support/testdatabase.h"
 
 /// The main window at Wednesday, March 11, 2026 with placeholder views, for a user who may see all schedules.
 class MainWindowFixture : public testing::Test {
@@ -34,6 +36,15 @@ class MainWindowFixture : public testing::Test {
         window.reset();
         ResetSession();
         SetUserStoreFile({});
+    }
+
+    /// The companion is there, and Reed has a counterpart in it.
+    void pairWithCompanion() {
+        Session().FHDatabaseId = QStringLiteral("FH1");
+        paired.emplace();
+        Session().Connection.Open(paired->connectionText());
+        paired->connection().Execute(QStringLiteral(
+            "Insert into FHDataPairs (FHDataList, FHDatabase, FHDataValue, SVDataValue) Values (1, 'FH1', 7, 'REED')"));
     }
 
     /// Makes the window with those views and brings it to where start-up ends, with the day view open.
@@ -77,6 +88,7 @@ class MainWindowFixture : public testing::Test {
     QStringList events() { return std::exchange(log.events, {}); }
 
     QTemporaryDir folder;
+    std::optional<TestDatabase> paired;
     ScriptedDesk desk;
     ViewLog log;
     std::unique_ptr<mdisched> window;

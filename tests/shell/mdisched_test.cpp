@@ -8,6 +8,7 @@
 #include <QSplitter>
 #include <QTest>
 
+#include "data/codes.h"
 #include "people/frmsltpv.h"
 #include "platform/controls/ctlist.h"
 #include "platform/desktop/forms.h"
@@ -140,7 +141,7 @@ TEST_F(MainWindowTest, TheFirstViewOpensOnTheDateThatWasAskedFor) {
 }
 
 TEST_P(ViewCaptions, FollowTheView) {
-    Session().FHDatabaseId = QStringLiteral("FH1");
+    pairWithCompanion();
     start();
     window->changeview(static_cast<View>(GetParam().index + 1));
     QApplication::processEvents();
@@ -297,7 +298,7 @@ TEST_F(MainWindowTest, ACompanionThatCannotOpenFirstGivesWayToTheDay) {
 }
 
 TEST_P(ViewSteps, MoveTheDateAndReload) {
-    Session().FHDatabaseId = QStringLiteral("FH1");
+    pairWithCompanion();
     start();
     window->changeview(static_cast<View>(GetParam().index + 1));
     events();
@@ -448,22 +449,57 @@ TEST_F(MainWindowTest, TheSameProviderAgainChangesNothing) {
     EXPECT_EQ(desk.sounds, QStringList());
 }
 
-TEST_F(MainWindowTest, PreferencesReachTheFourOwnViewsOnly) {
-    Session().FHDatabaseId = QStringLiteral("FH1");
+TEST_F(MainWindowTest, PreferencesReachEveryViewButTheRooms) {
+    pairWithCompanion();
     start();
-    const auto pressOk = [](QDialog& form) {
-        form.findChild<QCheckBox*>(QStringLiteral("cktasks"))->toggle();
-        form.findChild<QPushButton*>(QStringLiteral("cmdOk"))->click();
-    };
-    for (const View view : {View::Day, View::Rooms, View::Companion}) {
+    const auto pressOk = [](QDialog& form) { form.findChild<QPushButton*>(QStringLiteral("cmdOk"))->click(); };
+    for (const View view : {View::Day, View::Month, View::Rooms, View::Companion}) {
         window->changeview(view);
         events();
         desk.expectForm("frmaopts", pressOk);
-        desk.expectBox(QStringLiteral("The preferences could not be saved. They hold until the program ends."),
-                       QStringLiteral("Preferences"));  // There is no database behind these tests.
         window->ShowPreferences();
-        EXPECT_EQ(events(), view == View::Day ? QStringList{QStringLiteral("preferences 1")} : QStringList());
+        const QString reached = QStringLiteral("preferences %1").arg(static_cast<int>(view));
+        EXPECT_EQ(events(), view == View::Rooms ? QStringList() : QStringList{reached});
     }
+}
+
+TEST_F(MainWindowTest, EachWayToTheCompanionRefusesAProviderWithoutACounterpart) {
+    pairWithCompanion();
+    start();
+    window->changeview(View::Companion);
+    EXPECT_EQ(Session().CurrentView, View::Companion);
+    EXPECT_EQ(Session().FHProviderId, 7);
+    window->changeview(View::Week);
+    paired->connection().Execute(QStringLiteral("Delete from FHDataPairs"));
+    for (const auto& go : std::vector<std::function<void()>>{
+             [this] { window->changeview(View::Companion); },
+             [this] { QTest::mouseClick(pane().Item(QStringLiteral("FH")), Qt::LeftButton); },
+             [this] { QTest::keyClick(window.get(), Qt::Key_6, Qt::ControlModifier); }}) {
+        desk.expectBox(QStringLiteral("Unable to find Fernhall scheduling data for this provider."),
+                       QStringLiteral("Provider Schedule Not Found in Fernhall"));
+        go();
+        EXPECT_EQ(Session().CurrentView, View::Week);
+        EXPECT_EQ(pane().SelectedKey(), QStringLiteral("WEEK"));
+    }
+}
+
+TEST_F(MainWindowTest, TheAdministratorOpensTheCompanionForTheSelectedProvider) {
+    pairWithCompanion();
+    Session().UID = QStringLiteral("ADMIN");
+    Session().UserType = SystemAdministrator;
+    start();
+    window->changeview(View::Companion);
+    EXPECT_EQ(Session().CurrentView, View::Companion);
+    EXPECT_EQ(Session().FHProviderId, 7);
+}
+
+TEST_F(MainWindowTest, HidingNamesReloadsTheCompanion) {
+    pairWithCompanion();
+    start();
+    window->changeview(View::Companion);
+    events();
+    button("btnHidePats").click();
+    EXPECT_EQ(events(), (QStringList{QStringLiteral("follow 6"), QStringLiteral("reload 6")}));
 }
 
 TEST_F(MainWindowTest, TheTaskPaneStaysHiddenUntilItIsWantedAgain) {

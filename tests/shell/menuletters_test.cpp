@@ -69,4 +69,5 @@ TEST_P(MenuLetters, EachAltLetterStandsOnceInThePopupOfAnAppointment) {
 
 INSTANTIATE_TEST_SUITE_P(EveryView, MenuLetters,
                          testing::Values(Menus{"day", DayMenus}, Menus{"week", WeekMenus}, Menus{"month", MonthMenus},
-                                         Menus{"all", AllProvidersMenus}, Menus{"rooms", RoomMenus}));
+                                         Menus{"all", AllProvidersMenus}, Menus{"rooms", RoomMenus},
+                                         Menus{"companion", CompanionMenus}));

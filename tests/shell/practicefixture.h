@@ -80,7 +80,8 @@ class PracticeFixture : public testing::Test {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    [[nodiscard]] ctMDay& calendar() { return *openView().findChild<ctMDay*>(); }
+    /// The calendar that the hand works on.
+    [[nodiscard]] virtual ctMDay& calendar() { return *openView().findChild<ctMDay*>(); }
     [[nodiscard]] const CalendarItem& item(const char* text);
     [[nodiscard]] QStringList itemTexts();
     /// Selects the item with that text.

@@ -117,6 +117,7 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "frmabook",
                               "frmcontact",
                               "frmpreview",
+                              "frmschrpt",
                               "w_Item",
                               "frmsltpv",
                               "frmCheckedIn",

@@ -4,7 +4,7 @@
 
 #include <QAction>
 #include <QLabel>
-#include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTemporaryDir>

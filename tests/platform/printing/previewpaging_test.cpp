@@ -2,8 +2,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QGraphicsScene>
-#include <QGraphicsView>
 #include <QLabel>
 #include <QPrinter>
 #include <QSpinBox>
@@ -11,6 +9,7 @@
 #include <QTest>
 
 #include "platform/printing/output.h"
+#include "platform/printing/pageview.h"
 #include "platform/printing/printerror.h"
 #include "platform/printing/printers.h"
 #include "platform/printing/printpreview.h"
@@ -48,6 +47,7 @@ class PreviewPages : public testing::Test {
         QTest::qWait(0);
     }
     [[nodiscard]] QAction& command(const char* name) const { return *preview.findChild<QAction*>(QLatin1String(name)); }
+    [[nodiscard]] PageView& view() const { return *preview.findChild<PageView*>(); }
     [[nodiscard]] QSpinBox& number() const { return *preview.findChild<QSpinBox*>(QStringLiteral("txtpage")); }
     [[nodiscard]] QString count() const { return preview.findChild<QLabel*>(QStringLiteral("lblpages"))->text(); }
     [[nodiscard]] QString offered() const {
@@ -161,7 +161,7 @@ TEST_F(PreviewPages, ADocumentThatLiesIsShownLying) {
 
 TEST_F(PreviewPages, TheDeskAroundThePaperFollowsTheTheme) {
     show(1);
-    const auto ground = [this] { return preview.findChild<QGraphicsView*>()->scene()->backgroundBrush().color(); };
+    const auto ground = [this] { return view().viewport()->grab().toImage().pixelColor(2, 2); };
     const QColor light = ground();
     EXPECT_EQ(light, preview.palette().color(QPalette::Mid));
     Theme::Instance().setMode(ThemeMode::Dark);

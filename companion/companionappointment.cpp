@@ -1,0 +1,52 @@
+#include "companion/companionappointment.h"
+
+#include <QCoreApplication>
+
+#include "companion/companiontime.h"
+#include "platform/database/recordset.h"
+
+namespace {
+
+constexpr int LastStatus = 5;
+
+enum class Field { Required, Optional };
+
+QString fieldName(const char* name) {
+    return QCoreApplication::translate("MergeAppointment", name);
+}
+
+}  // namespace
+
+CompanionAppointment AppointmentOf(const db::Recordset& row) {
+    const int status = static_cast<int>(row["appt_status"].integer());
+    return {.TranId = static_cast<int>(row["tranid"].integer()),
+            .date = row["CtrnDate"].date(),
+            .start = CompanionMinutes(row["CtrnTime"]),
+            .duration = static_cast<int>(row["CtrnDuration"].integer()),
+            .memo = row["CtrnNotes"].text(),
+            .status = status >= 0 && status <= LastStatus ? status : 0};
+}
+
+MergedAppointment MergeAppointment(const CompanionAppointment& before, const CompanionAppointment& wanted,
+                                   const CompanionAppointment& now) {
+    MergedAppointment merged{now, {}, {}};
+    const auto merge = [&](auto CompanionAppointment::*field, const char* name, Field kind) {
+        const bool isTheirs = now.*field != before.*field;
+        const bool isLost = kind == Field::Required && now.*field == CompanionAppointment().*field;
+        if (wanted.*field == before.*field && !isLost) {
+            if (isTheirs)
+                merged.kept << fieldName(name);
+            return;
+        }
+        merged.appointment.*field = wanted.*field;
+        if (isTheirs && now.*field != wanted.*field)
+            merged.replaced << fieldName(name);
+    };
+    merge(&CompanionAppointment::date, "date", Field::Required);
+    merge(&CompanionAppointment::start, "start time", Field::Required);
+    merge(&CompanionAppointment::duration, "duration", Field::Required);
+    merge(&CompanionAppointment::TranId, "charge type", Field::Required);
+    merge(&CompanionAppointment::status, "status", Field::Optional);
+    merge(&CompanionAppointment::memo, "memo", Field::Optional);
+    return merged;
+}
