@@ -240,14 +240,14 @@ void frmFHAppts::SelectRow(const QString& key, int color, int column) {
     grid.ScrollToItem(found);
 }
 
-ScheduleSheet frmFHAppts::sheet() const {
+ScheduleSheet frmFHAppts::sheet(const PrintOptions& options) const {
     ScheduleSheet sheet;
     sheet.content = Grid().Content();
     sheet.title = SheetDate(Grid().Date());
     sheet.subtitle = QStringLiteral("Schedule - Fernhall");
-    sheet.columnsPerPage = AllViewColumns();
+    sheet.columnsPerPage = options.columnsPerPage;
     if (mode_ == Mode::Week) {
-        sheet.content.headingFormat = QStringLiteral("ddd MMM d");
+        sheet.content.headingFormat = QString::fromLatin1(DayAndMonthName);
         sheet.footer = weekProvider_.name;
         sheet.columnsPerPage = static_cast<int>(sheet.content.columns.size());
     }
@@ -255,10 +255,14 @@ ScheduleSheet frmFHAppts::sheet() const {
 }
 
 void frmFHAppts::printS() {
+    if (hasUnread()) {
+        TellUnreadSchedule();
+        return;
+    }
     if (mode_ == Mode::Week)
-        MsgBox(QStringLiteral("To print in Landscape mode, select Printer Properties from Print dialog window."),
-               InformationBox, QStringLiteral("Solvane"));
-    PrintedSheet(sheet()).Preview(window());
+        TellLandscape();
+    const PrintOptions options = ReadPrintOptions();
+    PreviewSheet([&] { return PrintedSheet(sheet(options), options); }, window());
 }
 
 void frmFHAppts::closeEvent(QCloseEvent* event) {

@@ -24,6 +24,7 @@ struct CompanionOutcome;
 struct CompanionPlace;
 struct CompanionRows;
 struct CompanionSpan;
+struct PrintOptions;
 struct ScheduleSheet;
 
 /// A provider of the companion.
@@ -125,7 +126,7 @@ class frmFHAppts : public MenuView {
     void chooseColumn(int column);
     void showModeCommands();
     void showTitles();
-    [[nodiscard]] ScheduleSheet sheet() const;
+    [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const;
 
     // frmfhappts_load.cpp
     void loadDay();

@@ -4,6 +4,7 @@
 
 #include "rooms/roommeeting.h"
 #include "shell/menuview.h"
+#include "shell/schedulesheet.h"
 
 class DayBoard;
 class QComboBox;
@@ -45,7 +46,8 @@ class frmrooms : public MenuView {
     /// Deletes the selected item after a question. The slot of an appointment can be deleted too; its appointment
     /// stays.
     void deleteappt();
-    /// Shows the room's day on paper in the preview.
+    /// Shows the room's day on paper in the preview. With the print option "TimeStats", its foot tells how long the
+    /// room is booked.
     void printS();
     void setmenuaccess();
 
@@ -69,6 +71,7 @@ class frmrooms : public MenuView {
 
   private:
     void layOut();
+    [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const;
     QPushButton* stepButton(const char* name, const QString& tip, const char* icon, int step);
     void bindRoomCommands();
     void bindGrid();

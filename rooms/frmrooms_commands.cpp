@@ -2,7 +2,6 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
-#include <QLocale>
 #include <QMenu>
 #include <QShortcut>
 
@@ -18,13 +17,10 @@
 #include "session/rights.h"
 #include "session/runeditor.h"
 #include "session/session.h"
-#include "shell/schedulesheet.h"
 
 namespace {
 
 const QString NewMeetingText = QStringLiteral("New mtg.");
-
-constexpr int DayFirst = 1;  ///< A value of the session's DateOrder.
 
 void tellUnsaved(const db::DatabaseError& error) {
     TellError(QStringLiteral("Error saving room schedule. "), error);
@@ -113,16 +109,6 @@ void frmrooms::bindGrid() {
     auto* insert = new QShortcut(QKeySequence(Qt::Key_Insert), ctDays1);
     insert->setContext(Qt::WidgetShortcut);
     connect(insert, &QShortcut::activated, this, &frmrooms::AddAppointment);
-}
-
-void frmrooms::printS() {
-    ctDays1->CommitEdit();
-    ScheduleSheet sheet;
-    sheet.content = ctDays1->Content();
-    sheet.title = Session().DateOrder == DayFirst ? QLocale::c().toString(date_, QStringLiteral("dddd, d MMMM yyyy"))
-                                                  : SheetDate(date_);
-    sheet.subtitle = QStringLiteral("Room Schedule - ") + cborooms->currentText();
-    PrintedSheet(sheet).Preview(window());
 }
 
 void frmrooms::setmenuaccess() {

@@ -161,7 +161,8 @@ void mdisched::showCommandsOfView() {
     hideNames_->setChecked(Session().HidePatientNames);
 }
 
-// The look of forms that the practice has set for all its users.
+// The look of forms that the practice has set for all its users. The parts of every calendar (title, headings, hours,
+// entries) take their fonts from it and their colours from the palette, so no form sets fonts or colours of its own.
 void mdisched::applyInterfaceFont() {
     if (interfaceFontApplied_ || !Session().InterfaceSizing)
         return;

@@ -8,12 +8,14 @@
 #include "platform/desktop/desktop.h"
 #include "session/session.h"
 #include "shell/frmabout.h"
+#include "shell/frmpopts.h"
 #include "shell/viewtable.h"
 
 MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget* parent)
     : ViewWindow(parent), main_(main), menus_(entries, this) {
     menus_.Bind(menu::mnuFSelect, [this] { main_.SelectProvider(); });
     menus_.Bind(menu::mnuFPrefs, [this] { main_.ShowPreferences(); });
+    menus_.Bind(menu::mnuPrntOpts, [this] { showPrintOptions(); });
     menus_.Bind(menu::mnuFExit, [this] { main_.Leave(); });
     menus_.Bind(menu::mnuHContents, [this] { main_.ShowHelp(); });
     menus_.Bind(menu::mnuHAbout, [this] { ShowAbout(window()); });
@@ -71,6 +73,11 @@ void MenuView::bindPracticeLists() {
 
 void MenuView::showLegend() {
     frmcleg dialog(AppointmentLegend(), window());
+    ShowModal(dialog);
+}
+
+void MenuView::showPrintOptions() {
+    frmpopts dialog({printsWeekends(), [this] { main_.ShowHelp(); }}, window());
     ShowModal(dialog);
 }
 

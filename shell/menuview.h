@@ -25,6 +25,8 @@ class MenuView : public ViewWindow {
     void showOpenView(MenuName command, View view);
     /// Called after a list of the practice (locations, rooms, activities, unavailable time) was edited.
     virtual void listsChanged() {}
+    /// Whether the print options of this view offer to print the weekend.
+    [[nodiscard]] virtual bool printsWeekends() const { return false; }
     /// Shows what the colours of this view mean.
     virtual void showLegend();
     [[nodiscard]] MainWindow& main() const { return main_; }
@@ -37,4 +39,5 @@ class MenuView : public ViewWindow {
     void bindViews();
     void bindSteps();
     void bindPracticeLists();
+    void showPrintOptions();
 };

@@ -1,94 +1,73 @@
 #include "shell/schedulesheet.h"
 
 #include <algorithm>
-#include <iterator>
 #include <memory>
 #include <QLocale>
 
 #include "platform/calendar/page.h"
-#include "session/preferences.h"
+#include "platform/calendar/timescale.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/localefacts.h"
+#include "platform/printing/frmpreview.h"
+#include "platform/printing/paperfont.h"
+#include "platform/printing/printpreview.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 
 namespace {
 
-constexpr double SmallestPoints = 4;
-constexpr double LargestPoints = 72;
-constexpr double UsualPoints = 8.25;
-constexpr int UsualColumns = 5;
-constexpr int MostColumns = 9;
+constexpr double EntryPoints = 8.25;
+constexpr int BelowTitles = 80;  ///< The space between title and schedule, in twips.
+/// The entries of a full month are printed in the largest of these sizes in which all of them find room.
+constexpr double MonthPoints[] = {8.25, 7.5, 6.75, 6};
 
-bool isOn(const QString& value) {
-    return value.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0 || value == QLatin1String("1") ||
-           value == QLatin1String("-1");
+CalendarStyle styleOf(const PrintOptions& options, double points) {
+    CalendarStyle style = PrintStyle(printing::PaperFont(QStringLiteral("Arial"), points), options.timeFont);
+    if (!options.taskBar)
+        style.edgeWidth = 0;
+    return style;
 }
 
-/// The font whose options begin with this word, "Title" or "Time".
-QFont fontOf(const QString& part) {
-    const auto option = [&part](const char* of) {
-        return PrintOption((part + QLatin1String(of)).toLatin1().constData());
-    };
-    const QString name = option("Font");
-    QFont font(name.isEmpty() ? QStringLiteral("Arial") : name);
-    const double points = option("FontSize").toDouble();
-    font.setPointSizeF(points < SmallestPoints || points > LargestPoints ? UsualPoints : points);
-    font.setBold(isOn(option("FontBold")));
-    font.setItalic(isOn(option("FontItalic")));
-    return font;
+/// Returns the time of printing, so that an old sheet is not taken for the present state.
+QString printedAt() {
+    const QDateTime now = Now();
+    const int minute = now.time().hour() * 60 + now.time().minute();
+    return QStringLiteral("Printed %1 %2").arg(ShortDateText(now.date()), ClockText(minute, Session().MilitaryTime));
 }
 
-Qt::Alignment titleAlignment() {
-    static constexpr Qt::Alignment alignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
-    const int index = PrintOption("TitleAlign").toInt();
-    return alignments[index < 0 || index > 2 ? 0 : index];
+VSPrinter framed(const SheetFrame& frame) {
+    VSPrinter vp;
+    vp.SetTitle(frame.title);
+    // A bar in a name would begin another part of the foot.
+    const QString left = QString(frame.footer).replace(QLatin1Char('|'), QLatin1Char('/'));
+    vp.SetFooter(QStringLiteral("%1|%2|Page %d").arg(left, printedAt()));
+    return vp;
 }
 
-int timeUnits(int shown) {
-    static constexpr int units[] = {5, 10, 15, 30};
-    bool isNumber = false;
-    const int index = PrintOption("TimeUnits").toInt(&isNumber);
-    return isNumber && index >= 0 && index < static_cast<int>(std::size(units)) ? units[index] : shown;
-}
-
-void addTitles(VSPrinter& vp, const ScheduleSheet& sheet, const QFont& font) {
-    vp.SetFontName(font.family());
+void addTitles(VSPrinter& vp, const SheetFrame& frame, const PrintOptions& options) {
+    const QFont& font = options.titleFont;
+    vp.SetFontName(font.families().value(0));
     vp.SetFontSize(font.pointSizeF());
     vp.SetFontBold(font.bold());
     vp.SetFontItalic(font.italic());
-    vp.SetTextAlign(titleAlignment());
-    for (const QString& line : {sheet.title, sheet.subtitle})
+    vp.SetTextAlign(AlignmentOf(options.titlePlace));
+    for (const QString& line : {frame.title, frame.subtitle})
         if (!line.isEmpty())
             vp.AddParagraph(line);
+    vp.AddSpace(BelowTitles);
 }
 
 }  // namespace
-
-QString PrintOption(const char* key) {
-    return GetPreference(Session().SchedulerIni, QString::fromLatin1(key), QStringLiteral("PrintLayout"),
-                         QString::fromLatin1(AllUsers));
-}
-
-int AllViewColumns() {
-    const int columns = PrintOption("AllViewCols").toInt();
-    return columns < 1 || columns > MostColumns ? UsualColumns : columns;
-}
 
 QString SheetDate(QDate date) {
     return QLocale::c().toString(date, QStringLiteral("dddd  MMMM d, yyyy"));
 }
 
-VSPrinter PrintedSheet(const ScheduleSheet& sheet) {
-    VSPrinter vp;
-    vp.SetTitle(sheet.title);
-    vp.SetFooter(sheet.footer + QStringLiteral("||Page %d"));
-    const QFont title = fontOf(QStringLiteral("Title"));
-    const QFont time = fontOf(QStringLiteral("Time"));
-    QFont text(time.family());
-    text.setPointSizeF(UsualPoints);
-    CalendarStyle style = PrintStyle(text, time);
-    if (!isOn(PrintOption("Taskbar")))
-        style.edgeWidth = 0;
+VSPrinter PrintedSheet(const ScheduleSheet& sheet, const PrintOptions& options) {
+    VSPrinter vp = framed(sheet);
+    const CalendarStyle style = styleOf(options, EntryPoints);
     CalendarContent content = sheet.content;
-    content.timeInterval = timeUnits(content.timeInterval);
+    content.timeInterval = options.timeUnit.value_or(content.timeInterval);
     // All pages paint from one copy, which nothing changes while the preview stands.
     const auto shared = std::make_shared<const CalendarContent>(std::move(content));
     const int columns = static_cast<int>(shared->columns.size());
@@ -96,12 +75,49 @@ VSPrinter PrintedSheet(const ScheduleSheet& sheet) {
     for (int first = 1; first <= columns; first += perPage) {
         if (first > 1)
             vp.NewPage();
-        addTitles(vp, sheet, title);
+        addTitles(vp, sheet, options);
         vp.AddFigure([shared, style, first, perPage](QPainter& painter, const QRectF& room) {
             PaintPage(painter, room, *shared, first, perPage, style);
         });
     }
     if (columns == 0)
-        addTitles(vp, sheet, title);
+        addTitles(vp, sheet, options);
     return vp;
+}
+
+VSPrinter PrintedSheet(const MonthSheet& sheet, const PrintOptions& options) {
+    VSPrinter vp = framed(sheet);
+    vp.SetOrientation(QPageLayout::Landscape);
+    addTitles(vp, sheet, options);
+    std::vector<CalendarStyle> styles;
+    for (const double points : MonthPoints)
+        styles.push_back(styleOf(options, points));
+    const auto shared = std::make_shared<const MonthContent>(sheet.content);
+    vp.AddFigure(
+        [shared, styles](QPainter& painter, const QRectF& room) { PaintMonthPage(painter, room, *shared, styles); });
+    return vp;
+}
+
+void PreviewSheet(const std::function<VSPrinter()>& make, QWidget* parent) {
+    bool hidden = Session().HidePatientNames;
+    frmpreview form(make().Document(), parent);
+    FollowHiddenNames(&form, [&](bool hides) {
+        if (hides == hidden)
+            return;
+        hidden = hides;
+        printing::Document document = make().Document();
+        document.setup = form.vp->Document().setup;
+        form.vp->ShowDocument(document);
+    });
+    ShowModal(form);
+}
+
+void TellLandscape() {
+    MsgBox(QStringLiteral("To print in Landscape mode, select Printer Properties from Print dialog window."),
+           InformationBox, QStringLiteral("Solvane"));
+}
+
+void TellUnreadSchedule() {
+    MsgBox(QObject::tr("The schedule could not be read, so it is not printed. Reload it and try again."),
+           ExclamationBox, QStringLiteral("Print"));
 }

@@ -28,6 +28,10 @@ bool ViewWindow::readInto(QWidget& place, const QString& told, const std::functi
     return readInto(place, told, read, [this] { Reload(); });
 }
 
+bool ViewWindow::hasUnread() const {
+    return unread_ != nullptr && unread_->Covers();
+}
+
 void ViewWindow::tryAgain(const std::function<void()>& again) {
     if (Session().Connection.IsReplaced())
         OpenDatabaseAgain();

@@ -60,6 +60,8 @@ class ViewWindow : public QWidget {
                   const std::function<void()>& again);
     /// The same with Reload for `again`.
     bool readInto(QWidget& place, const QString& told, const std::function<void()>& read);
+    /// Whether a part of the view is covered because its contents could not be read.
+    [[nodiscard]] bool hasUnread() const;
     /// Reads everything anew, including what Reload keeps.
     virtual void reloadWhole() { Reload(); }
 

@@ -75,7 +75,7 @@ std::optional<BookedProvider> CalendarView::providerOfColumn(int /*column*/) con
     return std::nullopt;
 }
 
-ScheduleSheet CalendarView::sheet() const {
+ScheduleSheet CalendarView::sheet(const PrintOptions& /*options*/) const {
     ScheduleSheet sheet;
     sheet.content = ctMDay1->Content();
     sheet.title = SheetDate(ctMDay1->Date());
@@ -86,7 +86,12 @@ ScheduleSheet CalendarView::sheet() const {
 
 void CalendarView::printS() {
     ctMDay1->CommitEdit();
-    PrintedSheet(sheet()).Preview(window());
+    if (hasUnread()) {
+        TellUnreadSchedule();
+        return;
+    }
+    const PrintOptions options = ReadPrintOptions();
+    PreviewSheet([&] { return PrintedSheet(sheet(options), options); }, window());
 }
 
 BookedProvider CalendarView::Provider() const {

@@ -88,8 +88,10 @@ class CalendarView : public MenuView {
     /// Returns what the reports begin with: the days and the provider that this view shows.
     [[nodiscard]] virtual ReportOpening reportOpening() const;
 
-    /// Returns the schedule to be printed: all columns of the view on one page, under its date.
-    [[nodiscard]] virtual ScheduleSheet sheet() const;
+    /// Returns the schedule to be printed: all columns of the view on one page, under its date. The provider stands at
+    /// the foot.
+    [[nodiscard]] virtual ScheduleSheet sheet(const PrintOptions& options) const;
+    /// Shows the print preview of the sheet. A schedule that could not be read is not printed, and the user is told.
     virtual void printS();
 
     /// Empties the board for a load of this date and provider. `provider` is "" in a view of all providers. The load

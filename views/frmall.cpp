@@ -300,11 +300,11 @@ bool frmall::givesSlip(int code, int apptType) const {
     return HasSlip(code, apptType);
 }
 
-ScheduleSheet frmall::sheet() const {
-    ScheduleSheet sheet = CalendarView::sheet();
+ScheduleSheet frmall::sheet(const PrintOptions& options) const {
+    ScheduleSheet sheet = CalendarView::sheet(options);
     sheet.subtitle = QStringLiteral("Schedule - All Therapists");
     sheet.footer.clear();
-    sheet.columnsPerPage = AllViewColumns();
+    sheet.columnsPerPage = options.columnsPerPage;
     return sheet;
 }
 

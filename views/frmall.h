@@ -51,7 +51,7 @@ class frmall : public CalendarView {
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     [[nodiscard]] bool givesSlip(int code, int apptType) const override;
     /// Puts as many columns on a page as the print options say, from 1 to 9, and five when they say nothing valid.
-    [[nodiscard]] ScheduleSheet sheet() const override;
+    [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
     /// Returns the day of all providers.
     [[nodiscard]] ReportOpening reportOpening() const override;
     void followProvider() override;

@@ -7,9 +7,11 @@
 #include "appointments/appointmentitem.h"
 #include "appointments/frmactsc.h"
 #include "data/codes.h"
+#include "data/holidays.h"
 #include "data/minutetime.h"
 #include "platform/calendar/ctweek.h"
 #include "platform/controls/noticebar.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -45,6 +47,22 @@ CalendarItem itemOf(const Recordset& row) {
     return item;
 }
 
+// A counted 29th that the year lacks is the day after the 28th: the database takes no other date for it.
+QString appointmentsStatement(QDate first, int days) {
+    const QDate last = first.addDays(days - 1);
+    const QString& provider = Session().ProviderId;
+    return Sql(
+        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}')",
+        SqlDate(first), SqlDate(last), provider, provider);
+}
+
+QStringList holidayStatements(QDate first, int days) {
+    QStringList statements;
+    for (int day = 0; day < days; ++day)
+        statements << HolidayStatement(first.addDays(day));
+    return statements;
+}
+
 }  // namespace
 
 int DaysInMonth(int month, int year) {
@@ -70,6 +88,7 @@ frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(),
 
 void frmmtv::bindMonthCommands() {
     showOpenView(menu::mnuVMonth, View::Month);
+    menus().Bind(menu::mnuFPrintS, [this] { printS(); });
     menus().Show(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
     menus().Bind(menu::mnuVActivity, [this] {
         RunEditor(
@@ -111,22 +130,19 @@ void frmmtv::LoadMonthView() {
     ctWeek1->ClearItems();
     ctWeek1->setDate(date);
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
-    readInto(*ctWeek1, QStringLiteral("Error reading appointments. "),
-             [&] { addAppointments(QDate(ctWeek1->Year(), ctWeek1->Month(), 1), days); });
+    const QDate first(ctWeek1->Year(), ctWeek1->Month(), 1);
+    const db::ReadTogether together(Session().Connection,
+                                    QStringList(appointmentsStatement(first, days)) + holidayStatements(first, days));
+    if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(first, days); }))
+        db::Ignoring([&] { addHolidays(first, days); });
     const QString month = QLocale::c().toString(date, QStringLiteral("MMMM"));
     main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
     main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));
 }
 
-// A counted 29th that the year lacks is the day after the 28th: the database takes no other date for it.
 void frmmtv::addAppointments(QDate first, int days) {
-    const QDate last = first.addDays(days - 1);
-    const QString& provider = Session().ProviderId;
     QSet<QString> shown;
-    Recordset rows(
-        Sql("Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate >= '{}' AND DApptDate <= '{}' AND (appointments.ClinicianId = '{}' or appointmentsevents.clinicianid = '{}')",
-            SqlDate(first), SqlDate(last), provider, provider),
-        Session().Connection);
+    Recordset rows(appointmentsStatement(first, days), Session().Connection);
     for (; !rows.Eof(); rows.MoveNext()) {
         CalendarItem item = itemOf(rows);
         // The join gives a row of the provider's own once for each further provider.
@@ -139,10 +155,41 @@ void frmmtv::addAppointments(QDate first, int days) {
     }
 }
 
+void frmmtv::addHolidays(QDate first, int days) {
+    for (int day = 0; day < days; ++day) {
+        const std::optional<QString> holiday = HolidayOn(Session().Connection, first.addDays(day));
+        if (!holiday)
+            continue;
+        const CalendarItem banner = HolidayBanner(*holiday, first.addDays(day));
+        List1 << banner.ItemText;
+        List2 << banner.ItemKey;
+        ctWeek1->AddItem(banner);
+    }
+}
+
+MonthSheet frmmtv::sheet() const {
+    MonthSheet sheet;
+    sheet.content = ctWeek1->Content();
+    sheet.title = QLocale::c().toString(ctWeek1->Content().grid.month, QStringLiteral("MMMM yyyy"));
+    sheet.footer = Session().ProviderName;
+    return sheet;
+}
+
+void frmmtv::printS() {
+    if (hasUnread()) {
+        TellUnreadSchedule();
+        return;
+    }
+    const PrintOptions options = ReadPrintOptions();
+    PreviewSheet([&] { return PrintedSheet(sheet(), options); }, window());
+}
+
 QString frmmtv::tipOf(int index) const {
     if (index < 1 || index > List1.size())
         return {};
     const CalendarItem& item = ctWeek1->Item(index);
+    if (item.ItemBanner)
+        return item.ItemText;
     const bool military = Session().MilitaryTime;
     const QString times =
         QStringLiteral(" - %1 - %2")

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "shell/menuview.h"
+#include "shell/schedulesheet.h"
 
 class ctWeek;
 
@@ -22,7 +23,8 @@ class frmmtv : public MenuView {
     explicit frmmtv(MainWindow& main, QWidget* parent = nullptr);
 
     /// Reads the month of the main window's date for the session's provider, including all-day appointments. The main
-    /// window's date is the selected day. When appointments cannot be read, the user is told.
+    /// window's date is the selected day. When appointments cannot be read, the user is told. Holidays that cannot be
+    /// read are left out without a message.
     void LoadMonthView();
     /// Hides the practice's lists and the Activity Scheduler from a user who may only read, and the choice of a
     /// provider and the view of all providers from a user who may see one schedule only.
@@ -35,11 +37,16 @@ class frmmtv : public MenuView {
     /// Finds an appointment by its text and goes to its day.
     void FindAppointment() override;
     [[nodiscard]] bool CanFind() const override { return true; }
+    /// Shows the print preview of the month.
+    void PrintSchedule() override { printS(); }
 
   private:
     void bindMonthCommands();
     void bindCalendar();
     void addAppointments(QDate first, int days);
+    void addHolidays(QDate first, int days);
+    [[nodiscard]] MonthSheet sheet() const;
+    void printS();
     [[nodiscard]] QString tipOf(int index) const;
     void selectDay(QDate day);
     void goTo(QDate day);

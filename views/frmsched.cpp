@@ -49,6 +49,13 @@ frmsched::frmsched(MainWindow& main, QWidget* parent) : CalendarView(main, DayMe
     setmenuaccess();
 }
 
+ScheduleSheet frmsched::sheet(const PrintOptions& options) const {
+    ScheduleSheet sheet = CalendarView::sheet(options);
+    sheet.content.dayColumns = false;
+    sheet.content.columns.front().title = Session().ProviderName;
+    return sheet;
+}
+
 QDate frmsched::Stepped(QDate from, int direction) const {
     return from.addDays(direction);
 }

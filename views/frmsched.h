@@ -35,6 +35,8 @@ class frmsched : public CalendarView {
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
 
   protected:
+    /// Heads the column with the provider's name, because the day stands in the title.
+    [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:

@@ -147,21 +147,20 @@ QString frmweekv::whyUnseen(const FoundAppointment& found) const {
     return {};
 }
 
-ScheduleSheet frmweekv::sheet() const {
-    ScheduleSheet sheet = CalendarView::sheet();
-    const int days = PrintOption("PrintWeekends") == QLatin1String("1") ? DaysOfWeek : WorkingDays;
+ScheduleSheet frmweekv::sheet(const PrintOptions& options) const {
+    ScheduleSheet sheet = CalendarView::sheet(options);
+    const int days = options.weekends ? DaysOfWeek : WorkingDays;
     sheet.content.columns.clear();
     for (int day = 0; day < days; ++day)
         sheet.content.columns.push_back({{}, ctMDay1->Date().addDays(day)});
-    sheet.content.headingFormat = QStringLiteral("ddd M/d");
-    sheet.subtitle = QStringLiteral("Schedule - ") + Session().ProviderName;
+    sheet.content.headingFormat = QString::fromLatin1(DayAndNumbers);
     sheet.columnsPerPage = days;
     return sheet;
 }
 
 void frmweekv::printS() {
-    MsgBox(QStringLiteral("To print in Landscape mode, select Printer Properties from Print dialog window."),
-           InformationBox, QStringLiteral("Solvane"));
+    if (!hasUnread())
+        TellLandscape();
     CalendarView::printS();
 }
 

@@ -27,8 +27,9 @@ class frmweekv : public CalendarView {
     [[nodiscard]] QDate dateOfColumn(int column) const override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     /// Prints five or seven days as the print options say, however many the view shows.
-    [[nodiscard]] ScheduleSheet sheet() const override;
+    [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
     void printS() override;
+    [[nodiscard]] bool printsWeekends() const override { return true; }
     /// Returns the seven days of the week, however many the view shows.
     [[nodiscard]] ReportOpening reportOpening() const override;
     [[nodiscard]] QString whyUnseen(const FoundAppointment& found) const override;

@@ -4,10 +4,13 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLocale>
+#include <QPainter>
+#include <QPaintEvent>
 #include <QToolTip>
 #include <QWheelEvent>
 
 #include "platform/calendar/accessibility.h"
+#include "platform/calendar/monthpainting.h"
 #include "platform/calendar/timescale.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
@@ -23,7 +26,7 @@ constexpr int Hour = 3'600'000;  // Milliseconds.
 
 ctWeek::ctWeek(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) {
     InstallCalendarAccessibility();
-    grid_.firstDayOfWeek = QLocale().firstDayOfWeek();
+    content_.grid.firstDayOfWeek = QLocale().firstDayOfWeek();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -38,19 +41,19 @@ ctWeek::ctWeek(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) 
 void ctWeek::setDate(QDate date) {
     if (!date.isValid())
         return;
-    grid_.month = date;
+    content_.grid.month = date;
     selected_ = date;
     invalidate();
     AnnounceMonthSelection(*this);
 }
 
 void ctWeek::setTwentyFourHour(bool on) {
-    twentyFourHour_ = on;
+    content_.twentyFourHour = on;
     update();
 }
 
 void ctWeek::setFirstDayOfWeek(Qt::DayOfWeek day) {
-    grid_.firstDayOfWeek = day;
+    content_.grid.firstDayOfWeek = day;
     invalidate();
 }
 
@@ -60,20 +63,20 @@ void ctWeek::setClock(std::function<QDateTime()> clock) {
 }
 
 void ctWeek::ClearItems() {
-    items_.clear();
+    content_.items.clear();
     hoveredItem_ = 0;
     invalidate();
 }
 
 int ctWeek::AddItem(CalendarItem item) {
-    items_.push_back(std::move(item));
+    content_.items.push_back(std::move(item));
     invalidate();
     return ItemCount();
 }
 
 const CalendarItem& ctWeek::Item(int index) const {
     static const CalendarItem none;
-    return index >= 1 && index <= ItemCount() ? items_[static_cast<std::size_t>(index - 1)] : none;
+    return index >= 1 && index <= ItemCount() ? content_.items[static_cast<std::size_t>(index - 1)] : none;
 }
 
 void ctWeek::invalidate() {
@@ -85,7 +88,7 @@ const MonthLayout& ctWeek::Layout() const {
     if (dirty_) {
         dirty_ = false;
         style_ = ScreenStyle(palette(), font());
-        layout_ = LayOutMonth(items_, grid_, size(), style_);
+        layout_ = LayOutMonth(content_.items, content_.grid, size(), style_);
     }
     return layout_;
 }
@@ -99,7 +102,8 @@ QSize ctWeek::minimumSizeHint() const {
 }
 
 QString ctWeek::lineText(const CalendarItem& item) const {
-    const QString time = item.ItemBanner ? QString() : ClockText(item.ItemStart, twentyFourHour_) + QLatin1Char(' ');
+    const QString time =
+        item.ItemBanner ? QString() : ClockText(item.ItemStart, content_.twentyFourHour) + QLatin1Char(' ');
     return item.ItemTextColor == TextColor::Normal ? time + item.ItemText : time;
 }
 
@@ -126,7 +130,7 @@ QString ctWeek::SelectionText() const {
 }
 
 void ctWeek::ChangeItems(const std::function<void(CalendarItem&)>& change) {
-    for (CalendarItem& item : items_)
+    for (CalendarItem& item : content_.items)
         change(item);
     invalidate();
     AnnounceMonthSelection(*this);
@@ -148,6 +152,13 @@ bool ctWeek::event(QEvent* event) {
         return true;
     }
     return QWidget::event(event);
+}
+
+void ctWeek::paintEvent(QPaintEvent* event) {
+    const MonthLayout& layout = Layout();
+    QPainter painter(this);
+    const MonthState state{clock_().date(), selected_, hasFocus(), hoveredItem_};
+    PaintMonth({painter, content_.items, content_.grid, layout, style_, content_.twentyFourHour, state}, event->rect());
 }
 
 void ctWeek::resizeEvent(QResizeEvent*) {
@@ -224,9 +235,9 @@ QDate ctWeek::dateForKey(const QKeyEvent& event) const {
         case Qt::Key_Down:
             return selected_.addDays(MonthGrid::Days);
         case Qt::Key_Home:
-            return {grid_.month.year(), grid_.month.month(), 1};
+            return {content_.grid.month.year(), content_.grid.month.month(), 1};
         case Qt::Key_End:
-            return {grid_.month.year(), grid_.month.month(), grid_.month.daysInMonth()};
+            return {content_.grid.month.year(), content_.grid.month.month(), content_.grid.month.daysInMonth()};
         default:
             return {};
     }
@@ -243,7 +254,7 @@ void ctWeek::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Q_EMIT DayActivated(selected_);
     } else if (const QDate day = dateForKey(*event); day.isValid()) {
-        const bool shown = day.month() == grid_.month.month() && day.year() == grid_.month.year();
+        const bool shown = day.month() == content_.grid.month.month() && day.year() == content_.grid.month.year();
         if (shown)
             select(day);
         else

@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "platform/calendar/monthlayout.h"
+#include "platform/calendar/monthpage.h"
 
 /// A month of days with their items, for reading only. Items are counted from 1 in the order in which they were added.
 /// A wrong index reads as an empty item.
@@ -37,15 +37,18 @@ class ctWeek : public QWidget {
     void ChangeItems(const std::function<void(CalendarItem& item)>& change);
 
     [[nodiscard]] QDate Date() const { return selected_; }
-    [[nodiscard]] int Month() const { return grid_.month.month(); }
-    [[nodiscard]] int Year() const { return grid_.month.year(); }
+    [[nodiscard]] int Month() const { return content_.grid.month.month(); }
+    [[nodiscard]] int Year() const { return content_.grid.month.year(); }
     [[nodiscard]] const CalendarItem& Item(int index) const;
-    [[nodiscard]] int ItemCount() const { return static_cast<int>(items_.size()); }
+    [[nodiscard]] int ItemCount() const { return static_cast<int>(content_.items.size()); }
     [[nodiscard]] QString TipAt(QPoint position) const;
     /// Returns the selected day in words, with its items in order.
     [[nodiscard]] QString SelectionText() const;
     /// Returns the places of all parts as they are now.
     [[nodiscard]] const MonthLayout& Layout() const;
+
+    /// Returns the content of the month, for painting it elsewhere and later (PaintMonthPage).
+    [[nodiscard]] const MonthContent& Content() const { return content_; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -80,17 +83,9 @@ class ctWeek : public QWidget {
     void waitForMidnight();
     [[nodiscard]] QDate dateForKey(const QKeyEvent& event) const;
     [[nodiscard]] QString lineText(const CalendarItem& item) const;
-    // These members are in ctweek_paint.cpp.
-    void paintHeadings(QPainter& painter) const;
-    void paintCell(QPainter& painter, const MonthCell& cell) const;
-    void paintNumber(QPainter& painter, const MonthCell& cell) const;
-    void paintItem(QPainter& painter, const MonthLine& line) const;
-    void paintRest(QPainter& painter, const MonthCell& cell, const QRect& rect) const;
 
-    std::vector<CalendarItem> items_;
-    MonthGrid grid_;
+    MonthContent content_;
     QDate selected_;
-    bool twentyFourHour_ = false;
     std::function<QDateTime()> clock_;
     std::function<QString(int)> tip_;
     QTimer midnight_;

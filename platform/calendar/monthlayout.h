@@ -35,8 +35,12 @@ struct MonthLayout {
     [[nodiscard]] int itemAt(QPoint point) const;
 };
 
+/// How a month's height is divided between its weeks. AsHighAsNeeded gives the full weeks more where equal rows are too
+/// low for them.
+enum class MonthRows { Equal, AsHighAsNeeded };
+
 /// Lays out the items of a month in a widget of that size. Each day shows its items by start, end and index, as many
 /// lines as it has room for. Where there are more, its last line counts the rest. Items of days that are not shown are
 /// left out.
 MonthLayout LayOutMonth(const std::vector<CalendarItem>& items, const MonthGrid& grid, QSize size,
-                        const CalendarStyle& style);
+                        const CalendarStyle& style, MonthRows rows = MonthRows::Equal);

@@ -17,7 +17,9 @@ namespace {
 /// A card with room for fewer characters than this says nothing. Two cards beside each other are always shown.
 constexpr int LettersOfACard = 10;
 constexpr int LeastLanes = 2;
-constexpr int LettersOfALine = 44;
+constexpr int LettersBetweenLines = 4;
+/// The most that the time column takes of the page's width.
+constexpr double MostOfTheWidth = 0.15;
 constexpr double MostOfThePage = 0.7;
 
 QString said(const char* text) {
@@ -68,19 +70,25 @@ QStringList takeOutWhatIsTooNarrow(CalendarContent& page, const CalendarGrid& gr
     return lines;
 }
 
-/// Paints the lines below the grid, in as many columns as the page has room for.
+/// Paints the lines below the grid, in as many columns as the page has room for without shortening a line.
 struct BelowTheGrid {
     QStringList lines;
     int columns = 1;
     int rows = 0;
     int lineHeight = 0;
+    int gap = 0;  ///< Between the columns.
 
     BelowTheGrid(QStringList of, const QRect& area, const CalendarStyle& style) : lines(std::move(of)) {
         if (lines.isEmpty())
             return;
         const QFontMetrics metrics(style.text);
         lineHeight = metrics.lineSpacing();
-        columns = std::max(1, area.width() / (metrics.averageCharWidth() * LettersOfALine));
+        // The pixel makes up for the rounding, by which a line of just that width would be shortened.
+        int widest = 0;
+        for (const QString& line : std::as_const(lines))
+            widest = std::max(widest, metrics.horizontalAdvance(line) + 1);
+        gap = metrics.averageCharWidth() * LettersBetweenLines;
+        columns = std::max(1, (area.width() + gap) / (widest + gap));
         rows = (static_cast<int>(lines.size()) + columns - 1) / columns;
         const int most = std::max(1, static_cast<int>(area.height() * MostOfThePage) / lineHeight - 2);
         if (rows > most) {
@@ -101,19 +109,40 @@ struct BelowTheGrid {
         painter.setPen(style.ink);
         drawLine(painter, {area.left(), area.top() + lineHeight / 2, area.width(), lineHeight},
                  said("Besides, at times that are full above:"), heading);
-        const int width = area.width() / columns;
+        const int width = (area.width() + gap) / columns;
         const int top = area.top() + lineHeight * 3 / 2;
         for (int i = 0; i < static_cast<int>(lines.size()); ++i)
-            drawLine(painter,
-                     {area.left() + i / rows * width, top + i % rows * lineHeight, width - lineHeight, lineHeight},
+            drawLine(painter, {area.left() + i / rows * width, top + i % rows * lineHeight, width - gap, lineHeight},
                      lines[i], style.text);
     }
 };
 
+/// Returns the style with a smaller font of the time column where an hour's label would be higher than an hour, or the
+/// column wider than that.
+CalendarStyle withFittingTime(CalendarStyle style, int hourHeight, int mostWidth) {
+    const double tooHigh = static_cast<double>(QFontMetrics(style.hour).height()) / std::max(hourHeight, 1);
+    const double tooWide = static_cast<double>(style.gutterWidth) / std::max(mostWidth, 1);
+    const double factor = std::max(tooHigh, tooWide);
+    if (factor <= 1)
+        return style;
+    for (QFont* font : {&style.hour, &style.minute})
+        font->setPixelSize(std::max(static_cast<int>(QFontInfo(*font).pixelSize() / factor), 1));
+    style.gutterWidth = static_cast<int>(style.gutterWidth / factor);
+    return style;
+}
+
+/// Draws the edges that the screen leaves to the window: on the right and below the last hour.
+void closeFrame(QPainter& painter, const CalendarGrid& grid, const CalendarStyle& style) {
+    const QRect body = grid.body();
+    painter.setPen(style.columnLine);
+    painter.drawLine(body.right(), grid.area.top() + 2 * style.margin, body.right(), body.bottom());
+    painter.drawLine(grid.area.left(), body.bottom(), body.right(), body.bottom());
+}
+
 }  // namespace
 
 void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& content, int firstColumn, int columnCount,
-               const CalendarStyle& style) {
+               const CalendarStyle& wishedStyle) {
     const int columns = static_cast<int>(content.columns.size());
     const int first = std::clamp(firstColumn, 1, std::max(columns, 1));
     const int count = std::min(columnCount, columns - first + 1);
@@ -122,6 +151,9 @@ void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& con
     CalendarContent page = content.pageOf(first, count);
     GridWishes wishes;
     const QRect whole = area.toAlignedRect();
+    const int bodyHeight = whole.height() - wishedStyle.headingHeight;
+    const CalendarStyle style = withFittingTime(wishedStyle, bodyHeight * 60 / (page.gridEnd() - page.gridStart()),
+                                                static_cast<int>(whole.width() * MostOfTheWidth));
     wishes.area = whole;
     wishes.visibleColumns = count;
     wishes.fitHeight = true;
@@ -139,5 +171,6 @@ void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& con
     below.paint(painter, {whole.left(), wishes.area.bottom() + 1, whole.width(), below.height()}, style);
     const CalendarState nothingSelected;
     PaintCalendar({painter, page, placed, grid, nothingSelected, style}, wishes.area);
+    closeFrame(painter, grid, style);
     painter.restore();
 }

@@ -87,6 +87,7 @@ CalendarStyle ScreenStyle(const QPalette& palette, const QFont& font) {
 CalendarStyle PrintStyle(const QFont& font, const QFont& time) {
     CalendarStyle style;
     SetFonts(style, InPixels(font), InPixels(time));
+    style.heading.setBold(true);
     SetMeasures(style);
     style.window = style.base = Qt::white;
     style.ink = Qt::black;

@@ -21,6 +21,7 @@ class UnreadNotice : public QWidget {
     void Cover(const QString& why, std::function<void()> again);
     /// Removes the cover once the contents can be read again.
     void Uncover();
+    [[nodiscard]] bool Covers() const { return covers_; }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

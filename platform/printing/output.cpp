@@ -1,12 +1,15 @@
 #include "platform/printing/output.h"
 
 #include <algorithm>
+#include <numeric>
 #include <QCoreApplication>
 #include <QDir>
+#include <QPageRanges>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QSaveFile>
+#include <vector>
 
 #include "platform/files/writeall.h"
 #include "platform/printing/pagelayout.h"
@@ -29,18 +32,57 @@ QString text(const char* english) {
     return QCoreApplication::translate("Printing", english);
 }
 
-/// Prints the pages from `first` to `last`, which count from 0. Returns whether that succeeded.
+/// Prints the pages in this order. They count from 0. Returns whether that succeeded.
 template <class Device>
-bool paintPages(Device& device, const PageLayout& layout, int first, int last) {
+bool paintPages(Device& device, const PageLayout& layout, const std::vector<int>& pages) {
     QPainter painter;
     if (!painter.begin(&device))
         return false;
-    for (int page = first; page <= last; ++page) {
-        if (page > first && !device.newPage())
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        if (i > 0 && !device.newPage())
             return false;
-        layout.paintPage(painter, page, QRectF(0, 0, device.width(), device.height()));
+        layout.paintPage(painter, pages[i], QRectF(0, 0, device.width(), device.height()));
     }
     return painter.end();
+}
+
+std::vector<int> allPages(const PageLayout& layout) {
+    std::vector<int> pages(static_cast<std::size_t>(layout.pageCount()));
+    std::iota(pages.begin(), pages.end(), 0);
+    return pages;
+}
+
+/// Returns the pages of the document that the printer's settings choose, once each. They count from 0.
+std::vector<int> chosenPages(const QPrinter& printer, const PageLayout& layout, int currentPage) {
+    const QPageRanges ranges = printer.pageRanges();
+    const bool isRange = printer.printRange() == QPrinter::PageRange && !ranges.isEmpty();
+    std::vector<int> pages;
+    for (const int page : allPages(layout)) {
+        const bool isChosen = printer.printRange() == QPrinter::CurrentPage ? page + 1 == currentPage
+                                                                            : !isRange || ranges.contains(page + 1);
+        if (isChosen)
+            pages.push_back(page);
+    }
+    if (pages.empty())
+        throw PrintError(text("The document has no page %1. It ends with page %2.")
+                             .arg(isRange ? ranges.toString() : QString::number(currentPage))
+                             .arg(layout.pageCount()));
+    return pages;
+}
+
+/// Returns the pages in the order in which the printer gets them.
+std::vector<int> withCopies(const QPrinter& printer, std::vector<int> pages) {
+    if (printer.pageOrder() == QPrinter::LastPageFirst)
+        std::ranges::reverse(pages);
+    const int copies = printer.supportsMultipleCopies() ? 1 : printer.copyCount();
+    std::vector<int> all;
+    if (printer.collateCopies())
+        for (int copy = 0; copy < copies; ++copy)
+            all.insert(all.end(), pages.begin(), pages.end());
+    else
+        for (const int page : pages)
+            all.insert(all.end(), static_cast<std::size_t>(copies), page);
+    return all;
 }
 
 /// Writes a file through `write`, which returns whether it succeeded. Throws PrintError where it did not.
@@ -68,18 +110,8 @@ void GiveSetup(QPrinter& printer, const Document& document) {
 void PrintOn(QPrinter& printer, const Document& document, int currentPage) {
     printer.setFullPage(true);
     const PageLayout layout(document, SetupOf(printer, document.setup.margins));
-    int first = 1;
-    int last = layout.pageCount();
-    if (printer.printRange() == QPrinter::CurrentPage)
-        first = last = currentPage;
-    else if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0) {
-        first = printer.fromPage();
-        last = std::max(first, printer.toPage());
-    }
-    if (first > layout.pageCount())
-        throw PrintError(text("The document has no page %1. It ends with page %2.").arg(first).arg(layout.pageCount()));
-    last = std::min(last, layout.pageCount());
-    if (!paintPages(printer, layout, first - 1, last - 1) || printer.printerState() == QPrinter::Error)
+    const std::vector<int> pages = withCopies(printer, chosenPages(printer, layout, currentPage));
+    if (!paintPages(printer, layout, pages) || printer.printerState() == QPrinter::Error)
         throw PrintError(text("The printer could not be reached, or refused the document."));
 }
 
@@ -91,7 +123,7 @@ void SavePdf(const Document& document, const QString& path) {
         writer.setPageLayout(qtLayout(document.setup));
         writer.setTitle(document.title);
         writer.setCreator(QCoreApplication::applicationName());
-        return paintPages(writer, layout, 0, layout.pageCount() - 1);
+        return paintPages(writer, layout, allPages(layout));
     });
 }
 

@@ -6,8 +6,9 @@ class QPrinter;
 
 namespace printing {
 
-/// Prints a document on the printer's own paper. It prints the pages chosen in the printer's settings; for the setting
-/// "current page" that is `currentPage`, which counts from 1. Throws PrintError when the document has no such page or
+/// Prints a document on the printer's own paper. It prints the pages chosen in the printer's settings, in their order
+/// and as many copies as chosen; a printer that makes copies by itself gets each page once. For the setting "current
+/// page" the page is `currentPage`, which counts from 1. Throws PrintError when the document has none of the pages or
 /// the printer fails.
 void PrintOn(QPrinter& printer, const Document& document, int currentPage = 1);
 /// Returns the printer's paper with the given margins.

@@ -8,25 +8,12 @@
 #include "platform/printing/frmpreview.h"
 #include "platform/printing/output.h"
 #include "platform/printing/pagelayout.h"
+#include "platform/printing/paperfont.h"
 
 namespace {
 
 constexpr double BodyPoints = 10;
 constexpr double MarginPoints = 9;
-
-/// Adds fonts as narrow as Arial, for computers without the family, because the widths of the tables rely on that.
-QStringList familiesFrom(const QString& family) {
-    return {family, QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica"),
-            QStringLiteral("DejaVu Sans Condensed")};
-}
-
-QFont arial(double points) {
-    QFont font;
-    font.setFamilies(familiesFrom(QStringLiteral("Arial")));
-    font.setStyleHint(QFont::SansSerif);
-    font.setPointSizeF(points);
-    return font;
-}
 
 QPageSize countryPaper() {
     const bool american = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
@@ -36,20 +23,20 @@ QPageSize countryPaper() {
 }  // namespace
 
 VSPrinter::VSPrinter() {
-    document_.marginFont = arial(MarginPoints);
+    document_.marginFont = printing::PaperFont(QStringLiteral("Arial"), MarginPoints);
     document_.setup.paper = countryPaper();
     StartDoc();
 }
 
 void VSPrinter::StartDoc() {
     document_.blocks.clear();
-    font_ = arial(BodyPoints);
+    font_ = printing::PaperFont(QStringLiteral("Arial"), BodyPoints);
     alignment_ = Qt::AlignLeft;
     indent_ = 0;
 }
 
 void VSPrinter::SetFontName(const QString& family) {
-    font_.setFamilies(familiesFrom(family));
+    font_.setFamilies(printing::PaperFont(family, BodyPoints).families());
 }
 
 void VSPrinter::AddParagraph(const QString& text) {

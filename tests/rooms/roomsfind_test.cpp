@@ -110,23 +110,3 @@ TEST_F(RoomScheduler, WhatWasFoundIsPrintedInATable) {
     });
     trigger("mnuFind");
 }
-
-TEST_F(RoomScheduler, TheRoomsDayIsPrintedUnderItsDateAndRoom) {
-    book("Team meeting");
-    open();
-    const auto titles = [this] {
-        QStringList lines;
-        desk.expectForm("frmpreview", [&lines](QDialog& preview) {
-            const printing::Document& document = preview.findChild<PrintPreview*>()->Document();
-            for (const printing::Block& block : document.blocks)
-                if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
-                    lines << paragraph->text;
-            preview.reject();
-        });
-        trigger("mnuPrint");
-        return lines;
-    };
-    EXPECT_EQ(titles(), (QStringList{"Wednesday  March 11, 2026", "Room Schedule - Blue"}));
-    Session().DateOrder = 1;
-    EXPECT_EQ(titles().value(0), "Wednesday, 11 March 2026");
-}

@@ -1,14 +1,21 @@
 #include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QPainter>
+#include <QPushButton>
 #include <vector>
 
 #include "data/codes.h"
+#include "platform/printing/printers.h"
 #include "platform/printing/printpreview.h"
 #include "platform/printing/vsprinter.h"
+#include "session/hiddennames.h"
 #include "session/preferences.h"
 #include "session/session.h"
+#include "shell/frmpopts.h"
 #include "tests/platform/printing/pagereader.h"
+#include "tests/support/files.h"
 #include "tests/views/dayhand.h"
 #include "views/frmall.h"
 #include "views/frmweekv.h"
@@ -83,6 +90,13 @@ class PrintedViews : public DayHand {
         return papers;
     }
     std::vector<QImage> papersOf(Which view) { return papers(printOf(view)); }
+    static QStringList wordsOf(const printing::Document& document) {
+        const printing::PageLayout pages(document);
+        QStringList words;
+        for (int page = 0; page < pages.pageCount(); ++page)
+            words << WordsOf(pages, page);
+        return words;
+    }
     static int figures(const printing::Document& document) {
         int count = 0;
         for (const printing::Block& block : document.blocks)
@@ -99,14 +113,15 @@ TEST_F(PrintedViews, TheDayIsPrintedUnderItsDate) {
     const printing::Document day = printOf(Which::Day);
     EXPECT_EQ(titles(day), QStringList{"Wednesday  March 11, 2026"});
     EXPECT_EQ(figures(day), 1);
-    EXPECT_EQ(day.footer, "Prov00||Page %d");
+    EXPECT_EQ(day.footer, "Prov00|Printed 3/11/2026 10:30 AM|Page %d");
     EXPECT_TRUE(view_->CanPrint());
 }
 
 TEST_F(PrintedViews, TheWeekIsPrintedAfterAWordAboutThePaper) {
     const printing::Document week = printOf(Which::Week);
-    EXPECT_EQ(titles(week), (QStringList{"Monday  March 9, 2026", "Schedule - Prov00"}));
+    EXPECT_EQ(titles(week), QStringList{"Monday  March 9, 2026"});
     EXPECT_EQ(figures(week), 1);
+    EXPECT_TRUE(week.footer.startsWith("Prov00|"));
     EXPECT_FALSE(view_->CanPrint()) << "The toolbar prints the day.";
 }
 
@@ -114,7 +129,7 @@ TEST_F(PrintedViews, TheWholePracticeIsPrintedFiveProvidersToAPage) {
     const printing::Document all = printOf(Which::All);
     EXPECT_EQ(titles(all).mid(0, 2), (QStringList{"Wednesday  March 11, 2026", "Schedule - All Therapists"}));
     EXPECT_EQ(figures(all), 3);
-    EXPECT_EQ(all.footer, "||Page %d");
+    EXPECT_EQ(all.footer, "|Printed 3/11/2026 10:30 AM|Page %d");
 }
 
 TEST_F(PrintedViews, TheColumnsOfAPageAreThoseOfThePrintOptions) {
@@ -142,6 +157,196 @@ TEST_F(PrintedViews, TitlesHaveTheFontAndPlaceOfThePrintOptions) {
     prefer("TitleAlign", "7");
     EXPECT_EQ(titleOf(print()).font.pointSizeF(), 8.25);
     EXPECT_EQ(titleOf(print()).alignment, Qt::AlignLeft);
+}
+
+TEST_F(PrintedViews, TheDaysColumnIsHeadedByItsProvider) {
+    EXPECT_TRUE(wordsOf(printOf(Which::Day)).contains("Prov00"));
+    Session().ProviderName = QStringLiteral("Lane|Reed");
+    const printing::Document day = print();
+    EXPECT_TRUE(wordsOf(day).contains("Lane|Reed"));
+    EXPECT_EQ(day.footer, "Lane/Reed|Printed 3/11/2026 10:30 AM|Page %d");
+}
+
+TEST_F(PrintedViews, TheWeeksColumnsAreHeadedByDayAndNumbers) {
+    const QStringList words = wordsOf(printOf(Which::Week));
+    for (const char* day : {"Mon 3/9", "Tue 3/10", "Wed 3/11", "Thu 3/12", "Fri 3/13"})
+        EXPECT_TRUE(words.contains(day)) << day;
+    EXPECT_FALSE(words.contains("Sat 3/14"));
+}
+
+TEST_F(PrintedViews, TheWeekendIsPrintedWhereTheOptionsSayItHoweverManyDaysAreShown) {
+    add(anAppointment("Saturday's").of("P00").on(QDate(2026, 3, 14)));
+    EXPECT_FALSE(wordsOf(printOf(Which::Week)).contains("Saturday's"));
+    prefer("PrintWeekends", "1");
+    const QStringList words = wordsOf(print());
+    EXPECT_TRUE(words.contains("Sat 3/14"));
+    EXPECT_TRUE(words.contains("Sun 3/15"));
+    EXPECT_TRUE(words.contains("Saturday's"));
+}
+
+TEST_F(PrintedViews, AllProvidersAreHeadedByTheirNames) {
+    prefer("AllViewCols", "1");
+    const printing::Document all = printOf(Which::All);
+    EXPECT_EQ(figures(all), 12);
+    const printing::PageLayout pages(all);
+    ASSERT_EQ(pages.pageCount(), 12);
+    EXPECT_TRUE(WordsOf(pages, 0).contains("Prov00"));
+    EXPECT_FALSE(WordsOf(pages, 0).contains("Prov01"));
+    EXPECT_TRUE(WordsOf(pages, 11).contains("Prov11"));
+    EXPECT_TRUE(WordsOf(pages, 11).contains("Wednesday  March 11, 2026"));
+}
+
+TEST_F(PrintedViews, TheTimeColumnHasTheUnitsOfTheOptionsAndElseThoseOfTheScreen) {
+    const auto hasMinutes = [this](const char* minutes) { return wordsOf(print()).contains(minutes); };
+    Session().TimeUnit = 30;
+    which = Which::Day;
+    open();
+    EXPECT_TRUE(hasMinutes(":30"));
+    EXPECT_FALSE(hasMinutes(":15"));
+    prefer("TimeUnits", "2");
+    EXPECT_TRUE(hasMinutes(":15"));
+    prefer("TimeUnits", "1");
+    EXPECT_TRUE(hasMinutes(":20"));
+    EXPECT_FALSE(hasMinutes(":15"));
+}
+
+TEST_F(PrintedViews, TheTimeColumnHasTheFontOfTheOptions) {
+    const std::vector<QImage> usual = papersOf(Which::Day);
+    prefer("TimeFontBold", "True");
+    const std::vector<QImage> bold = papers(print());
+    EXPECT_NE(bold, usual);
+    prefer("TimeFontSize", "14");
+    EXPECT_NE(papers(print()), bold);
+}
+
+TEST_F(PrintedViews, AFontThatIsNotInstalledIsPrintedInAnother) {
+    add(anAppointment("Anna").of("P00"));
+    prefer("TitleFont", "No Such Hand");
+    prefer("TimeFont", "No Such Hand");
+    const printing::Document day = printOf(Which::Day);
+    EXPECT_EQ(titleOf(day).font.families().value(0), "No Such Hand");
+    EXPECT_GT(titleOf(day).font.families().size(), 1);
+    EXPECT_TRUE(wordsOf(day).contains("Anna"));
+}
+
+TEST_F(PrintedViews, AnEmptyTitleFontIsPrintedInArial) {
+    prefer("TitleFont", "");
+    EXPECT_EQ(titleOf(printOf(Which::Day)).font.families().value(0), "Arial");
+}
+
+TEST_F(PrintedViews, TheTaskBarIsPrintedWhereTheOptionsSayIt) {
+    add(anAppointment("Anna").of("P00").status(ncolor::Kept));
+    const std::vector<QImage> plain = papersOf(Which::Day);
+    prefer("Taskbar", "1");
+    const std::vector<QImage> coloured = papers(print());
+    EXPECT_NE(coloured, plain);
+    prefer("Taskbar", "0");
+    EXPECT_EQ(papers(print()), plain);
+}
+
+TEST_F(PrintedViews, AScheduleThatCouldNotBeReadIsNotPrintedAsAFreeOne) {
+    which = Which::Day;
+    open();
+    const QString why = DropTable(database_.connection(), QStringLiteral("appointmentsevents"));
+    desk.expectBox(QStringLiteral("Error reading appointments. ") + why, QStringLiteral("Error"));
+    view_->Reload();
+    for (int time = 0; time < 2; ++time) {
+        desk.expectBox("The schedule could not be read, so it is not printed. Reload it and try again.", "Print");
+        command("mnuFPrintS").trigger();
+    }
+    which = Which::Week;
+    desk.expectBox(QStringLiteral("Error loading schedule. ") + why, QStringLiteral("Error"));
+    open();
+    desk.expectBox("The schedule could not be read, so it is not printed. Reload it and try again.", "Print");
+    command("mnuFPrintS").trigger();
+}
+
+TEST_F(PrintedViews, NamesThatAreHiddenWhileThePreviewIsOpenAreNotPrinted) {
+    add(anAppointment("Anna").of("P00").status(ncolor::Kept));
+    which = Which::Day;
+    open();
+    for (int time = 0; time < 2; ++time) {
+        desk.expectForm("frmpreview", [this](QDialog& form) {
+            auto* preview = form.findChild<PrintPreview*>();
+            EXPECT_TRUE(wordsOf(preview->Document()).contains("Anna"));
+            form.findChild<QAction*>(QStringLiteral("cmdlandscape"))->trigger();
+            SetNamesHidden(true);
+            EXPECT_FALSE(wordsOf(preview->Document()).contains("Anna"));
+            EXPECT_EQ(preview->Document().setup.orientation, QPageLayout::Landscape) << "The paper stays turned.";
+            SetNamesHidden(false);
+            EXPECT_TRUE(wordsOf(preview->Document()).contains("Anna"));
+            form.reject();
+        });
+        command("mnuFPrintS").trigger();
+    }
+}
+
+TEST_F(PrintedViews, ThePrintOptionsOpenFromEachViewAndHoldForTheNextPrint) {
+    for (const Which view : {Which::Day, Which::Week, Which::All}) {
+        which = view;
+        open();
+        for (const int place : {1, 2}) {
+            desk.expectForm("frmpopts", [view, place](QDialog& form) {
+                EXPECT_EQ(dynamic_cast<frmpopts&>(form).ckweekends->isHidden(), view != Which::Week);
+                dynamic_cast<frmpopts&>(form).cboalign->setCurrentIndex(place);
+                dynamic_cast<frmpopts&>(form).cmdok->click();
+            });
+            command("mnuPrntOpts").trigger();
+            EXPECT_EQ(titleOf(print()).alignment, place == 1 ? Qt::AlignRight : Qt::AlignHCenter);
+        }
+    }
+}
+
+TEST_F(PrintedViews, TheHelpOfThePrintOptionsIsThatOfTheProgram) {
+    which = Which::Day;
+    open();
+    desk.expectForm("frmpopts", [](QDialog& form) {
+        dynamic_cast<frmpopts&>(form).cmdhelp->click();
+        form.reject();
+    });
+    command("mnuPrntOpts").trigger();
+    EXPECT_EQ(main.asked.last(), "help");
+}
+
+TEST_F(PrintedViews, WithoutAPrinterTheUserIsToldAndSavesThePage) {
+    Printers().anyInstalled = [] { return false; };
+    desk.chosenFile = folder_.filePath(QStringLiteral("day.pdf"));
+    which = Which::Day;
+    open();
+    desk.expectForm("frmpreview", [this](QDialog& form) {
+        desk.expectBox("No printer is installed on this computer. You can save the document as a PDF file instead.",
+                       "Print");
+        form.findChild<QPushButton*>(QStringLiteral("cmdprint"))->click();
+        form.findChild<QPushButton*>(QStringLiteral("cmdsave"))->click();
+    });
+    command("mnuFPrintS").trigger();
+    EXPECT_TRUE(FileBytes(desk.chosenFile).startsWith("%PDF-"));
+    Printers() = RealPrinters();
+}
+
+TEST_F(PrintedViews, AFolderThatTakesNoFileIsToldAndThePreviewStays) {
+    // Not even root may write here.
+    desk.chosenFile = QStringLiteral("/proc/day.pdf");
+    which = Which::Day;
+    open();
+    desk.expectForm("frmpreview", [this](QDialog& form) {
+        QString told;
+        const auto before = Desktop().msgBox;
+        Desktop().msgBox = [&told](const QString& text, BoxStyle, const QString&) {
+            told = text;
+            return Answer::Ok;
+        };
+        form.show();
+        for (int time = 0; time < 2; ++time) {
+            told.clear();
+            form.findChild<QPushButton*>(QStringLiteral("cmdsave"))->click();
+            EXPECT_TRUE(told.startsWith("The file /proc/day.pdf could not be written: ")) << told.toStdString();
+            EXPECT_TRUE(form.isVisible());
+        }
+        Desktop().msgBox = before;
+        form.reject();
+    });
+    command("mnuFPrintS").trigger();
 }
 
 TEST_F(PrintedViews, EveryPageIsPaintedWithWhatTheViewHolds) {

@@ -109,6 +109,7 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "frmRoomView",
                               "frmnewpat",
                               "frmaopts",
+                              "frmpopts",
                               "frmlocs",
                               "frmapttypes",
                               "frmholidays",

@@ -205,3 +205,47 @@ TEST_F(LayingOutAMonth, WithoutADateThereAreNoDays) {
     EXPECT_EQ(layout().itemAt({300, 300}), 0);
     EXPECT_EQ(layout().headings.height(), head());
 }
+
+TEST_F(LayingOutAMonth, OnPaperAFullWeekTakesTheHeightThatOthersDoNotNeed) {
+    roomFor(3);
+    for (int i = 0; i < 9; ++i)
+        add(540 + i, 600);
+    EXPECT_EQ(lines(), "1 2 +7");
+    const MonthLayout paper = LayOutMonth(items, grid, size, style, MonthRows::AsHighAsNeeded);
+    ASSERT_EQ(paper.weeks(), 5);
+    EXPECT_EQ(paper.cells[10].day, QDate(2026, 3, 11));
+    EXPECT_EQ(paper.cells[10].hidden, 0);
+    EXPECT_EQ(paper.cells[10].lines.size(), 9U);
+    EXPECT_GT(paper.cells[10].rect.height(), paper.cells[0].rect.height());
+    for (std::size_t week = 1; week < 5; ++week)
+        EXPECT_EQ(paper.cells[week * 7].rect.top(), paper.cells[week * 7 - 7].rect.bottom() + 1) << week;
+    EXPECT_EQ(paper.cells.front().rect.top(), head());
+    EXPECT_EQ(paper.cells.back().rect.bottom(), size.height() - 1);
+}
+
+TEST_F(LayingOutAMonth, OnPaperWeeksWithRoomEnoughAreEquallyHigh) {
+    roomFor(3);
+    add(540, 600);
+    const MonthLayout paper = LayOutMonth(items, grid, size, style, MonthRows::AsHighAsNeeded);
+    const MonthLayout screen = layout();
+    for (std::size_t cell = 0; cell < screen.cells.size(); ++cell)
+        EXPECT_EQ(paper.cells[cell].rect, screen.cells[cell].rect) << cell;
+}
+
+TEST_F(LayingOutAMonth, OnPaperThatIsTooLowEachFullWeekHasItsShareAndCountsTheRest) {
+    roomFor(2);
+    for (const int day : {4, 11, 18, 25, 31})
+        for (int i = 0; i < 20; ++i)
+            add(540 + i, 600, day);
+    const MonthLayout paper = LayOutMonth(items, grid, size, style, MonthRows::AsHighAsNeeded);
+    int shown = 0;
+    int hidden = 0;
+    for (const MonthCell& cell : paper.cells) {
+        for (const MonthLine& line : cell.lines)
+            shown += line.index > 0 ? 1 : 0;
+        hidden += cell.hidden;
+    }
+    EXPECT_EQ(shown + hidden, 100);
+    EXPECT_GT(hidden, 0);
+    EXPECT_EQ(paper.cells.back().rect.bottom(), size.height() - 1);
+}

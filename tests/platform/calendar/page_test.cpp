@@ -52,6 +52,12 @@ class PrintedPage : public testing::Test {
         return all.mid(heading + 1).filter(QStringLiteral("  "));
     }
 
+    /// How many columns the list has when this is its longest line.
+    [[nodiscard]] int columnsFor(const QString& line) const {
+        return (Paper.width() + gap()) / (QFontMetrics(style.text).horizontalAdvance(line) + 1 + gap());
+    }
+    [[nodiscard]] int gap() const { return QFontMetrics(style.text).averageCharWidth() * 4; }
+
     QFont font;
     CalendarStyle style;
     CalendarContent content;
@@ -223,13 +229,13 @@ TEST_F(PrintedPage, TheListStandsBelowTheGridInColumnsOfOneWidth) {
     ASSERT_GT(lines.size(), 10U);
     EXPECT_GT(heading.place.top(), lastHour);
     EXPECT_NEAR(lines[0].place.top() - heading.place.top(), QFontMetrics(style.text).lineSpacing(), 1);
-    const int columns = std::max(1, Paper.width() / (QFontMetrics(style.text).averageCharWidth() * 44));
+    const int columns = columnsFor(QStringLiteral("9:00 – 10:00 AM  Ben 38"));
     const int rows = (static_cast<int>(lines.size()) + columns - 1) / columns;
     ASSERT_GT(columns, 1);
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const int row = static_cast<int>(i) % rows;
         const int column = static_cast<int>(i) / rows;
-        EXPECT_NEAR(lines[i].place.left(), Paper.left() + column * (Paper.width() / columns), 1) << i;
+        EXPECT_NEAR(lines[i].place.left(), Paper.left() + column * ((Paper.width() + gap()) / columns), 1) << i;
         EXPECT_NEAR(lines[i].place.top(), lines[0].place.top() + row * QFontMetrics(style.text).lineSpacing(), 1) << i;
         EXPECT_GT(lines[i].place.top(), heading.place.bottom() - 4);
         EXPECT_LT(lines[i].place.bottom(), Paper.bottom() + 1);
@@ -255,16 +261,46 @@ TEST_F(PrintedPage, AListLongerThanItsPartOfThePageEndsWithItsRest) {
 TEST_F(PrintedPage, AListThatJustFitsIsWhole) {
     const int letters = QFontMetrics(style.text).averageCharWidth() * 10;
     const int lanes = (Paper.width() - style.gutterWidth) / letters;
-    const int columns = std::max(1, Paper.width() / (QFontMetrics(style.text).averageCharWidth() * 44));
+    const int columns = columnsFor(QStringLiteral("9:00 – 10:00 AM  Ben 100"));
     const int rows = static_cast<int>(Paper.height() * 0.7) / QFontMetrics(style.text).lineSpacing() - 2;
     for (int i = 0; i < lanes + rows * columns; ++i)
-        add(1, 540, 600, QStringLiteral("Ben %1").arg(i));
+        add(1, 540, 600, QStringLiteral("Ben %1").arg(100 + i));
     const auto listedLines = [&] { return texts().filter(QStringLiteral("9:00 – 10:00 AM  Ben")).size(); };
     EXPECT_EQ(listedLines(), rows * columns);
     EXPECT_EQ(texts().filter(QStringLiteral("and ")).size(), 0);
-    add(1, 540, 600, "Ben last");
+    add(1, 540, 600, "Ben 1");
     EXPECT_EQ(listedLines(), rows * columns - 1);
     EXPECT_EQ(texts().filter(QStringLiteral("and 2 more")).size(), 1);
+}
+
+TEST_F(PrintedPage, NoLineOfTheListIsShortenedWhileThePaperIsWideEnough) {
+    const QString name = QStringLiteral("Featherstonehaugh-Wolstenholme, Maximilian Bartholomew");
+    for (int i = 0; i < 30; ++i)
+        add(1, 540, 600, name);
+    const QStringList all = texts();
+    EXPECT_GT(all.filter(QStringLiteral("9:00 – 10:00 AM  ") + name).size(), 10);
+    EXPECT_TRUE(all.filter(QStringLiteral("AM  Feather")).filter(QStringLiteral("…")).isEmpty());
+}
+
+TEST_F(PrintedPage, AHugeFontOfTheTimeColumnIsMadeToFit) {
+    style = PrintStyle(font, QFont(QStringLiteral("DejaVu Sans"), 72));
+    content.firstTime = 0;
+    content.lastTime = 1439;
+    const std::vector<Word> all = words();
+    const double hour =
+        WordWith(all, QStringLiteral("11")).place.top() - WordWith(all, QStringLiteral("10")).place.top();
+    EXPECT_LE(WordWith(all, QStringLiteral("10")).place.height(), hour + 1);
+    EXPECT_GE(WordWith(all, QStringLiteral("10")).place.left(), Paper.left() - 1);
+    EXPECT_GT(WordWith(all, QStringLiteral("Provider 1")).place.center().x(), Paper.left() + Paper.width() * 0.5);
+    EXPECT_LT(WordWith(all, QStringLiteral("Provider 1")).place.center().x(), Paper.left() + Paper.width() * 0.6);
+}
+
+TEST_F(PrintedPage, TheGridIsClosedBelowTheLastHourAndOnTheRight) {
+    QImage image(800, 1000, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    paintOn(image, 1, 1, Paper);
+    EXPECT_EQ(image.pixelColor(Paper.center().x(), Paper.bottom()), style.columnLine);
+    EXPECT_EQ(image.pixelColor(Paper.right(), Paper.center().y()), style.columnLine);
 }
 
 TEST_F(PrintedPage, AnAreaWithoutRoomIsNoHarm) {
