@@ -152,9 +152,9 @@ void frmCheckedIn::readRows() {
         const QString appointment =
             ShortDateText(rows["dapptdate"].date()) + u' ' +
             MinutesToTimeText(static_cast<int>(rows["nstarttime"].integer()), Session().MilitaryTime);
-        const int row = ctList1->AddRow({rows["cappttext"].text(), ShownCheckIn(rows["CheckInTime"].text()),
-                                         appointment, names.Of(provider)},
-                                        rows["nkeyid"].integer());
+        const int row = ctList1->AddRow(
+            {rows["cappttext"].text(), ShownCheckIn(rows["CheckInTime"].text()), appointment, names.Of(provider)},
+            rows["nkeyid"].integer());
         ctList1->SetItemText(row, provider);
         ctList1->NameCell(row, PatientColumn);
     }
