@@ -7,6 +7,7 @@
 #include <QStackedWidget>
 
 #include "companion/sessioncolumn.h"
+#include "output/frmschrpt.h"
 #include "platform/calendar/ctmday.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -263,6 +264,17 @@ void frmFHAppts::printS() {
         TellLandscape();
     const PrintOptions options = ReadPrintOptions();
     PreviewSheet([&] { return PrintedSheet(sheet(options), options); }, window());
+}
+
+void frmFHAppts::openReport() {
+    const QDate day = Grid().Date();
+    ReportOpening opening{.mode = ReportMode::Companion, .from = day, .to = day};
+    if (mode_ == Mode::Week) {
+        opening.to = DateOfColumn(Grid().ColumnCount());
+        opening.provider = QString::number(weekProvider_.provId);
+    }
+    frmschrpt form(opening, window());
+    ShowModal(form);
 }
 
 void frmFHAppts::closeEvent(QCloseEvent* event) {

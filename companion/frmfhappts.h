@@ -127,6 +127,8 @@ class frmFHAppts : public MenuView {
     void showModeCommands();
     void showTitles();
     [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const;
+    /// Opens the report of the day of all providers, or of the week of the provider who is shown.
+    void openReport();
 
     // frmfhappts_load.cpp
     void loadDay();

@@ -124,6 +124,7 @@ void frmFHAppts::bindView() {
     showOpenView(menu::mnuVFH, View::Companion);
     menus().Allow(menu::mnuVAll, Session().AllProviders);
     menus().Bind(menu::mnuPrint, [this] { printS(); });
+    menus().Bind(menu::mnuFReport, [this] { openReport(); });
     menus().Command(menu::mnuWeek).setCheckable(true);
     const auto turn = [this] {
         ShowMode(mode_ == Mode::Day ? Mode::Week : Mode::Day);

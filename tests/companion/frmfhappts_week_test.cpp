@@ -1,5 +1,8 @@
+#include <QComboBox>
 #include <QDialog>
 
+#include "output/frmschrpt.h"
+#include "platform/controls/ctdedit.h"
 #include "platform/printing/printpreview.h"
 #include "platform/printing/vsprinter.h"
 #include "session/preferences.h"
@@ -153,5 +156,25 @@ TEST_F(CompanionWeek, TheWeekIsPrintedOnOnePageAfterTheHint) {
         desk.expectBox("To print in Landscape mode, select Printer Properties from Print dialog window.", "Solvane");
         const printing::Document document = print();
         EXPECT_EQ(titlesOf(document), (QStringList{"Wednesday  March 11, 2026", "Schedule - Fernhall"}));
+    }
+}
+
+TEST_F(CompanionWeek, ItsReportIsOfTheSevenDaysOfItsProviderAndThatOfTheDayOfAll) {
+    open();
+    const auto openReport = [this] {
+        QStringList shown;
+        desk.expectForm("frmschrpt", [&shown](QDialog& dialog) {
+            const auto& form = dynamic_cast<frmschrpt&>(dialog);
+            shown << form.ctdate[0]->Date().toString(Qt::ISODate) << form.ctdate[1]->Date().toString(Qt::ISODate)
+                  << form.cboprovider->currentText();
+        });
+        trigger("mnuFReport");
+        return shown;
+    };
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(openReport(), (QStringList{"2026-03-11", "2026-03-11", "All Providers"}));
+        openWeekOf(Reed);
+        EXPECT_EQ(openReport(), (QStringList{"2026-03-11", "2026-03-17", "Reed, Ada"}));
+        trigger("mnuAShow");
     }
 }
