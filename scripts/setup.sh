@@ -1,15 +1,16 @@
+# shellcheck shell=bash disable=SC2034  # Those who read this file use the lists.
 # Shared by ./run, ./test and ./bench: installs what is missing (Debian 12, as root or with sudo) and builds.
 
 # README.md tells what each package is for.
-BUILD_PACKAGES="build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools
+BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools
 libqt6svg6 libsqlite3-dev libsodium-dev unixodbc-dev unixodbc tdsodbc libhunspell-dev hunspell-en-us libcurl4-openssl-dev
-ca-certificates fonts-dejavu-core"
+ca-certificates fonts-dejavu-core)
 # Only the tests use these, and only the benchmarks that one.
-TEST_PACKAGES="libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev python3-icalendar tidy qt6-webengine-dev
-python3-aiosmtpd openssl"
-BENCH_PACKAGES="libbenchmark-dev"
+TEST_PACKAGES=(libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev python3-icalendar tidy qt6-webengine-dev
+python3-aiosmtpd openssl)
+BENCH_PACKAGES=(libbenchmark-dev)
 # What scripts/package makes and checks packages with.
-PACKAGE_PACKAGES="debhelper qt6-webengine-dev lintian desktop-file-utils appstream man-db"
+PACKAGE_PACKAGES=(debhelper qt6-webengine-dev lintian desktop-file-utils appstream man-db)
 
 say() { printf '%s\n' "$*" >&2; }
 
