@@ -1,6 +1,7 @@
 #include "output/frmpappt.h"
 
 #include <QLabel>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTest>
 
