@@ -16,6 +16,7 @@
 #include "platform/desktop/localefacts.h"
 #include "platform/printing/vsprinter.h"
 #include "platform/text/plaintext.h"
+#include "session/namedpreview.h"
 #include "session/rights.h"
 #include "session/session.h"
 #include "shell/menutables.h"
@@ -263,7 +264,7 @@ void frmFHAppts::printS() {
     if (mode_ == Mode::Week)
         TellLandscape();
     const PrintOptions options = ReadPrintOptions();
-    PreviewSheet([&] { return PrintedSheet(sheet(options), options); }, window());
+    PreviewWithNames([&] { return PrintedSheet(sheet(options), options); }, window());
 }
 
 void frmFHAppts::openReport() {

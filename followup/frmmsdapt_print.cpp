@@ -8,6 +8,7 @@
 #include "platform/printing/vsprinter.h"
 #include "session/errorbox.h"
 #include "session/hiddennames.h"
+#include "session/namedpreview.h"
 #include "session/session.h"
 
 namespace {
@@ -30,7 +31,7 @@ void frmmsdApt::cmdprint_Click() {
         TellError(QStringLiteral("Error reading report header. "), error);
         return;
     }
-    if (hasReason() && printedNote(header).Preview(this))
+    if (hasReason() && PreviewWithNames([&] { return printedNote(header); }, this))
         audit("Print", "Printed Missed Appointment Note of %1 for patient, %2");
 }
 

@@ -2,9 +2,9 @@
 
 #include <QAccessible>
 #include <QFormLayout>
-#include <QRegularExpression>
 #include <QShortcut>
 
+#include "output/reportpage.h"
 #include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/notefield.h"
@@ -18,6 +18,7 @@
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
 #include "session/hiddennames.h"
+#include "session/namedpreview.h"
 #include "session/preferences.h"
 #include "session/session.h"
 
@@ -35,13 +36,6 @@ constexpr int SideMargin = 1440;  // Twips.
 constexpr double NamePoints = 16;
 constexpr double HeaderPoints = 10;
 constexpr double TextPoints = 12;
-
-/// Returns the lines of a report header. On reports its bars part what stands left, in the centre and right; here each
-/// part has a line of its own.
-QString headerLines(const QString& header) {
-    static const QRegularExpression end(QStringLiteral("\\s*[|\\n]\\s*"));
-    return ManyLines(header).split(end, Qt::SkipEmptyParts).join(QLatin1Char('\n')).trimmed();
-}
 
 TextField* lineOf(const char* name, const QString& text, QWidget* parent) {
     auto* field = Named(new TextField(parent), name);
@@ -162,7 +156,7 @@ void frmpappt::loadHeader() {
         const db::Recordset row(QStringLiteral("Select header from report_headers Where abs([default]) = 1"),
                                 Session().Connection);
         if (!row.Eof())
-            txtheader->setPlainText(headerLines(row["header"].text()));
+            txtheader->setPlainText(HeadingLines(row["header"].text()));
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error reading report header. "), error);
     }
@@ -208,7 +202,7 @@ void frmpappt::cmdsave_Click() {
 
 void frmpappt::cmdprint_Click() {
     const QStringList printed = entered();
-    if (printedSlip().Preview(this))
+    if (PreviewWithNames([this] { return printedSlip(); }, this))
         settled_ = printed;
 }
 

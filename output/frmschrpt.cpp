@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QTimer>
+#include <utility>
 
 #include "output/callreport.h"
 #include "output/cancelreport.h"
@@ -23,6 +24,8 @@
 #include "platform/desktop/desktop.h"
 #include "platform/printing/printpreview.h"
 #include "platform/printing/vsprinter.h"
+#include "session/hiddennames.h"
+#include "session/session.h"
 
 namespace {
 
@@ -56,13 +59,7 @@ frmschrpt::frmschrpt(const ReportOpening& opening, QWidget* parent) : QDialog(pa
     setWindowTitle(QStringLiteral("Report"));
     buildForm();
     LoadSorts();
-    if (opening_.mode == ReportMode::Companion)
-        LoadFHProviders();
-    else
-        LoadProviders();
-    const auto wanted = std::ranges::find_if(
-        List1, [this](const QString& id) { return id.compare(opening_.provider, Qt::CaseInsensitive) == 0; });
-    cboprovider->setCurrentIndex(wanted == List1.end() ? 0 : static_cast<int>(wanted - List1.begin()));
+    loadLists();
     bindForm();
     setGenerating(false);
     for (QPushButton* button : {cmdsave, cmdprint})
@@ -82,6 +79,25 @@ void frmschrpt::bindForm() {
     key(QKeySequence::Refresh, cmdgenerate1);
     key(QKeySequence::Save, cmdsave);
     key(QKeySequence::Print, cmdprint);
+    FollowHiddenNames(this, [this, hidden = Session().HidePatientNames](bool hides) mutable {
+        if (std::exchange(hidden, hides) != hides)
+            makeAnew();
+    });
+}
+
+// The report that was made goes from the screen at once. The new one begins when everything else has followed the
+// switch.
+void frmschrpt::makeAnew() {
+    if (!wanted_.from.isValid())
+        return;
+    for (QPushButton* button : {cmdsave, cmdprint})
+        button->setEnabled(false);
+    if (!generating_) {
+        printing::Document empty;
+        empty.setup = vp->Document().setup;
+        vp->ShowDocument(empty);
+    }
+    QTimer::singleShot(0, this, &frmschrpt::generate);
 }
 
 // The form is painted before its first report begins.
@@ -143,8 +159,12 @@ ReportRequest frmschrpt::request() const {
 }
 
 void frmschrpt::cmdgenerate1_Click() {
-    if (validate())
-        generate();
+    if (!listsRead_)
+        loadLists();
+    if (!listsRead_ || !validate())
+        return;
+    wanted_ = request();
+    generate();
 }
 
 void frmschrpt::cmdfilter_Click() {
@@ -176,7 +196,9 @@ bool frmschrpt::makeReport() {
     QElapsedTimer slice;
     slice.start();
     setGenerating(true);
-    const bool whole = runRoutine(opening_.mode, request(), document, [&](int row, int rows) {
+    // A Refresh in the middle asks for another report, while this one goes on to its end.
+    const ReportRequest made = wanted_;
+    const bool whole = runRoutine(opening_.mode, made, document, [&](int row, int rows) {
         if (form.isNull())
             return false;
         form->row_ = row;

@@ -76,10 +76,12 @@ class frmschrpt : public QDialog {
     QLayout* buildFoot();
 
     // frmschrpt_lists.cpp
+    /// Reads the providers and the practice's header, and chooses the provider of the opening.
+    void loadLists();
     void LoadSorts();
     void LoadProviders();
     void LoadFHProviders();
-    void readLists(const std::function<void()>& read);
+    void readHeader();
     void addAllProviders();
     void addProviders(const QString& statement, db::Connection& connection);
 
@@ -92,6 +94,8 @@ class frmschrpt : public QDialog {
     [[nodiscard]] bool validate();
     [[nodiscard]] ReportRequest request() const;
     void generate();
+    /// Makes the report anew after the names were hidden or shown.
+    void makeAnew();
     /// Ends the report that is being made.
     void stop();
     /// Makes one report. Returns false when the form is gone.
@@ -103,6 +107,8 @@ class frmschrpt : public QDialog {
     void setGenerating(bool generating);
 
     const ReportOpening opening_;
+    ReportRequest wanted_;  ///< The report that was asked for last. Its dates are invalid before the first one.
+    bool listsRead_ = false;
     QString header_;  ///< The practice's text above its schedules.
     bool begun_ = false;
     bool generating_ = false;

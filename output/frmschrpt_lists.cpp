@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
@@ -30,15 +31,27 @@ void frmschrpt::LoadSorts() {
         cmdfilter->setToolTip(tr("This report has only patients' appointments."));
 }
 
-// What could not be read is told once: the first report, which would fail for the same reason, then waits for Refresh.
-void frmschrpt::readLists(const std::function<void()>& read) {
+// What could not be read is told once: the first report, which would fail for the same reason, then waits for Refresh,
+// which reads it again.
+void frmschrpt::loadLists() {
+    List1.clear();
+    cboprovider->clear();
+    if (Session().AllProviders)
+        addAllProviders();
     try {
-        read();
+        if (opening_.mode == ReportMode::Companion)
+            LoadFHProviders();
+        else
+            LoadProviders();
+        listsRead_ = true;
     } catch (const db::DatabaseError& error) {
         begun_ = true;
         lblstatus->setText(tr("No report has been made."));
         TellError(QStringLiteral("Error loading list of providers. "), error);
     }
+    const auto wanted = std::ranges::find_if(
+        List1, [this](const QString& id) { return id.compare(opening_.provider, Qt::CaseInsensitive) == 0; });
+    cboprovider->setCurrentIndex(wanted == List1.end() ? 0 : static_cast<int>(wanted - List1.begin()));
 }
 
 void frmschrpt::addProviders(const QString& statement, db::Connection& connection) {
@@ -53,34 +66,38 @@ void frmschrpt::addAllProviders() {
     cboprovider->addItem(QStringLiteral("All Providers"));
 }
 
+namespace {
+
+QString headerStatement() {
+    return QStringLiteral("Select * from report_headers Where [default] = 1");
+}
+
+}  // namespace
+
+void frmschrpt::readHeader() {
+    const Recordset header(headerStatement(), Session().Connection);
+    if (!header.Eof())
+        header_ = header["header"].text();
+}
+
 void frmschrpt::LoadProviders() {
-    if (Session().AllProviders)
-        addAllProviders();
-    readLists([this] {
-        const QString providers =
-            Session().AllProviders
-                ? Sql("Select id, prov_lastname from provider_info Where archive = 0 Order by prov_lastname")
-                : Sql("Select id, prov_lastname from provider_info Where id = '{}'", Session().UID);
-        const QString headers = QStringLiteral("Select * from report_headers Where [default] = 1");
-        const db::ReadTogether together(Session().Connection, {providers, headers});
-        addProviders(providers, Session().Connection);
-        const Recordset header(headers, Session().Connection);
-        if (!header.Eof())
-            header_ = header["header"].text();
-    });
+    const QString providers =
+        Session().AllProviders
+            ? Sql("Select id, prov_lastname from provider_info Where archive = 0 Order by prov_lastname")
+            : Sql("Select id, prov_lastname from provider_info Where id = '{}'", Session().UID);
+    const db::ReadTogether together(Session().Connection, {providers, headerStatement()});
+    addProviders(providers, Session().Connection);
+    readHeader();
 }
 
 void frmschrpt::LoadFHProviders() {
-    if (Session().AllProviders)
-        addAllProviders();
-    readLists([this] {
-        db::Connection companion;
-        companion.Open(Session().FHConnectionString);
-        addProviders(
-            Session().AllProviders
-                ? Sql("Select ProvID, ProvLastName + ', ' + ProvFirstName from providers Order by ProvLastName, ProvFirstName")
-                : Sql("Select ProvID, ProvLastName + ', ' + ProvFirstName from providers where ProvID = {}",
-                      Session().FHProviderId),
-            companion);
-    });
+    readHeader();
+    db::Connection companion;
+    companion.Open(Session().FHConnectionString);
+    addProviders(
+        Session().AllProviders
+            ? Sql("Select ProvID, ProvLastName + ', ' + ProvFirstName from providers Order by ProvLastName, ProvFirstName")
+            : Sql("Select ProvID, ProvLastName + ', ' + ProvFirstName from providers where ProvID = {}",
+                  Session().FHProviderId),
+        companion);
 }

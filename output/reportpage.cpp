@@ -1,5 +1,7 @@
 #include "output/reportpage.h"
 
+#include <QRegularExpression>
+
 #include "platform/desktop/localefacts.h"
 #include "platform/printing/vsprinter.h"
 #include "platform/text/plaintext.h"
@@ -21,6 +23,11 @@ ReportRequest WithinRights(ReportRequest request) {
     return request;
 }
 
+QString HeadingLines(const QString& header) {
+    static const QRegularExpression end(QStringLiteral("\\s*[|\\n]\\s*"));
+    return ManyLines(header).split(end, Qt::SkipEmptyParts).join(QLatin1Char('\n')).trimmed();
+}
+
 void BeginReport(VSPrinter& vp, const QString& title, const ReportRequest& request, const QString& above) {
     const QString dates = QStringLiteral("%1 to %2").arg(ShortDateText(request.from), ShortDateText(request.to));
     vp.StartDoc();
@@ -30,7 +37,7 @@ void BeginReport(VSPrinter& vp, const QString& title, const ReportRequest& reque
     vp.SetFontSize(Points);
     vp.SetFontBold(true);
     if (!above.trimmed().isEmpty())
-        vp.AddParagraph(ManyLines(above.trimmed()));
+        vp.AddParagraph(HeadingLines(above));
     vp.AddParagraph(title);
     vp.SetFontBold(false);
     vp.AddParagraph(QStringLiteral("Dates: ") + dates);

@@ -8,6 +8,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/printing/vsprinter.h"
 #include "session/listfiller.h"
+#include "session/namedpreview.h"
 
 namespace {
 
@@ -33,13 +34,16 @@ void frmabook::printlist() {
         return;
     const QString name = ShownList() == AddressList::Personal ? QStringLiteral("Contacts List")
                                                               : cbogroups->currentText() + QStringLiteral(" List");
-    VSPrinter vp;
-    vp.SetTitle(name);
-    vp.SetHeader(CleanFieldText(name));
-    vp.SetFooter(QStringLiteral("||Page %d"));
-    for (int row = 0; row < ctList1->RowCount(); ++row)
-        addRow(vp, *ctList1, row);
-    vp.Preview(this);
+    const auto printed = [this, &name] {
+        VSPrinter vp;
+        vp.SetTitle(name);
+        vp.SetHeader(CleanFieldText(name));
+        vp.SetFooter(QStringLiteral("||Page %d"));
+        for (int row = 0; row < ctList1->RowCount(); ++row)
+            addRow(vp, *ctList1, row);
+        return vp;
+    };
+    PreviewWithNames(printed, this);
 }
 
 bool frmabook::mayPrint(int rows) const {

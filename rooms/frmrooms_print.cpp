@@ -4,6 +4,7 @@
 
 #include "platform/calendar/ctmday.h"
 #include "rooms/frmrooms.h"
+#include "session/namedpreview.h"
 #include "session/session.h"
 
 namespace {
@@ -33,7 +34,7 @@ QString bookedTime(const std::vector<CalendarItem>& bookings) {
 void frmrooms::printS() {
     ctDays1->CommitEdit();
     const PrintOptions options = ReadPrintOptions();
-    PreviewSheet([&] { return PrintedSheet(sheet(options), options); }, window());
+    PreviewWithNames([&] { return PrintedSheet(sheet(options), options); }, window());
 }
 
 ScheduleSheet frmrooms::sheet(const PrintOptions& options) const {

@@ -19,6 +19,7 @@
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
 #include "session/hiddennames.h"
+#include "session/namedpreview.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -157,6 +158,10 @@ void FindDialog::cmdprint_Click() {
         lblcount->setText(texts_.selectOne);
         return;
     }
+    PreviewWithNames([this, selectedOnly] { return printedList(selectedOnly); }, this);
+}
+
+VSPrinter FindDialog::printedList(bool selectedOnly) const {
     QString body;
     for (int row = 0; row < ctList1->RowCount(); ++row)
         if (!selectedOnly || ctList1->selectionModel()->isRowSelected(row))
@@ -166,5 +171,5 @@ void FindDialog::cmdprint_Click() {
     vp.SetHeader(texts_.header);
     vp.SetFooter(QStringLiteral("||Page %d"));
     vp.AddTable(printing::ParseTable(texts_.widths, texts_.titles, body));
-    vp.Preview(this);
+    return vp;
 }

@@ -6,6 +6,7 @@
 #include "platform/controls/ctlist.h"
 #include "platform/database/recordset.h"
 
+class VSPrinter;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -63,6 +64,7 @@ class FindDialog : public QDialog {
     void allowResults(bool allowed);
     void cmdgoto_Click();
     void cmdprint_Click();
+    [[nodiscard]] VSPrinter printedList(bool selectedOnly) const;
 
     Texts texts_;
 };

@@ -98,20 +98,6 @@ VSPrinter PrintedSheet(const MonthSheet& sheet, const PrintOptions& options) {
     return vp;
 }
 
-void PreviewSheet(const std::function<VSPrinter()>& make, QWidget* parent) {
-    bool hidden = Session().HidePatientNames;
-    frmpreview form(make().Document(), parent);
-    FollowHiddenNames(&form, [&](bool hides) {
-        if (hides == hidden)
-            return;
-        hidden = hides;
-        printing::Document document = make().Document();
-        document.setup = form.vp->Document().setup;
-        form.vp->ShowDocument(document);
-    });
-    ShowModal(form);
-}
-
 void TellLandscape() {
     MsgBox(QStringLiteral("To print in Landscape mode, select Printer Properties from Print dialog window."),
            InformationBox, QStringLiteral("Solvane"));

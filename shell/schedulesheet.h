@@ -1,14 +1,11 @@
 #pragma once
 
-#include <functional>
 #include <QString>
 
 #include "platform/calendar/content.h"
 #include "platform/calendar/monthpage.h"
 #include "platform/printing/vsprinter.h"
 #include "shell/printoptions.h"
-
-class QWidget;
 
 /// The heading of a day's column on paper: "Wed 3/11".
 inline constexpr char DayAndNumbers[] = "ddd M/d";
@@ -39,10 +36,6 @@ struct MonthSheet : SheetFrame {
 [[nodiscard]] VSPrinter PrintedSheet(const ScheduleSheet& sheet, const PrintOptions& options);
 /// The same for a month, on paper across.
 [[nodiscard]] VSPrinter PrintedSheet(const MonthSheet& sheet, const PrintOptions& options);
-
-/// Shows the document that `make` returns in the preview, until that is closed. When the patients' names are hidden or
-/// shown meanwhile, the document is made anew, so that no name is printed that is hidden on the screen.
-void PreviewSheet(const std::function<VSPrinter()>& make, QWidget* parent);
 
 /// Tells how a week is printed across the paper. It comes before each preview of a week.
 void TellLandscape();

@@ -7,6 +7,7 @@
 #include "data/holidays.h"
 #include "platform/database/readtogether.h"
 #include "platform/text/plaintext.h"
+#include "session/namedpreview.h"
 #include "session/rights.h"
 #include "session/session.h"
 
@@ -91,7 +92,7 @@ void CalendarView::printS() {
         return;
     }
     const PrintOptions options = ReadPrintOptions();
-    PreviewSheet([&] { return PrintedSheet(sheet(options), options); }, window());
+    PreviewWithNames([&] { return PrintedSheet(sheet(options), options); }, window());
 }
 
 BookedProvider CalendarView::Provider() const {

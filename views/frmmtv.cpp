@@ -19,6 +19,7 @@
 #include "platform/text/plaintext.h"
 #include "search/frmfinda.h"
 #include "session/hiddennames.h"
+#include "session/namedpreview.h"
 #include "session/rights.h"
 #include "session/runeditor.h"
 #include "session/session.h"
@@ -181,7 +182,7 @@ void frmmtv::printS() {
         return;
     }
     const PrintOptions options = ReadPrintOptions();
-    PreviewSheet([&] { return PrintedSheet(sheet(), options); }, window());
+    PreviewWithNames([&] { return PrintedSheet(sheet(), options); }, window());
 }
 
 QString frmmtv::tipOf(int index) const {

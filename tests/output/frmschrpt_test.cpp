@@ -13,6 +13,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/printing/printers.h"
 #include "platform/printing/printpreview.h"
+#include "session/hiddennames.h"
 #include "tests/output/reportfixture.h"
 #include "tests/support/triplog.h"
 
@@ -67,7 +68,6 @@ class ReportForm : public ReportFixture {
         });
     }
     [[nodiscard]] QStringList lines() const {
-        VSPrinter shown;
         QStringList all;
         for (const printing::Block& block : form->vp->Document().blocks) {
             if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
@@ -155,6 +155,45 @@ TEST_F(ReportForm, ThePracticesHeadingStandsAbove) {
     run("Insert Into report_headers (header, [default]) Values ('Elm Street Practice', 1)");
     open();
     EXPECT_EQ(lines().first(), QStringLiteral("Elm Street Practice"));
+}
+
+TEST_F(ReportForm, ThePartsOfThePracticesHeadingHaveLinesOfTheirOwnAboveTheCompanionToo) {
+    run("Insert Into report_headers (header, [default]) Values ('|Elm Street Practice|12 Elm Street', 1)");
+    open();
+    EXPECT_EQ(lines().first(), QStringLiteral("Elm Street Practice\n12 Elm Street"));
+    TestDatabase companion(SchemaScript::Companion);
+    Session().FHConnectionString = companion.connectionText();
+    open(ReportMode::Companion);
+    EXPECT_EQ(lines().first(), QStringLiteral("Elm Street Practice\n12 Elm Street"));
+}
+
+TEST_F(ReportForm, NamesThatAreHiddenWhileItIsOpenAreNotPrinted) {
+    book({.text = "Jones, Mary"});
+    open();
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(lines().join(u' ').contains(QStringLiteral("Jones, Mary")));
+        SetNamesHidden(true);
+        EXPECT_FALSE(lines().join(u' ').contains(QStringLiteral("Jones, Mary"))) << "The old report goes at once.";
+        EXPECT_FALSE(form->cmdprint->isEnabled() || form->cmdsave->isEnabled());
+        settle();
+        EXPECT_FALSE(lines().join(u' ').contains(QStringLiteral("Jones, Mary")));
+        expectWhole(1);
+        SetNamesHidden(false);
+        settle();
+    }
+}
+
+TEST_F(ReportForm, NamesThatAreHiddenInTheMiddleOfAReportAreHiddenInAllOfIt) {
+    bookMany();
+    make();
+    meanwhile([] { SetNamesHidden(true); });
+    form->show();
+    settle();
+    settle();
+    EXPECT_TRUE(wasGenerating);
+    EXPECT_FALSE(lines().join(u' ').contains(QStringLiteral("Jones, Mary")));
+    expectWhole(6000);
+    SetNamesHidden(false);
 }
 
 TEST_F(ReportForm, TheFilterSaysWhatIsShownAndMakesTheReportAnew) {
@@ -265,9 +304,22 @@ TEST_F(ReportForm, ProvidersThatCannotBeReadAreTold) {
     settle();
     EXPECT_EQ(status(), QStringLiteral("No report has been made."));
     EXPECT_FALSE(form->cmdprint->isEnabled());
-    desk.expectBox(QStringLiteral("Error generating report. ") + said, QStringLiteral("Error"));
+    desk.expectBox(QStringLiteral("Error loading list of providers. ") + said, QStringLiteral("Error"));
     form->cmdgenerate1->click();
-    EXPECT_EQ(status(), QStringLiteral("The report could not be made."));
+    EXPECT_EQ(status(), QStringLiteral("No report has been made."));
+}
+
+TEST_F(ReportForm, ListsThatCouldNotBeReadAreReadByRefresh) {
+    Session().Connection.Close();
+    desk.expectBox(
+        QStringLiteral(
+            "Error loading list of providers. The connection cannot be used to perform this operation. It is either closed or invalid in this context."),
+        QStringLiteral("Error"));
+    open(ReportMode::Schedule, QStringLiteral("LANE"));
+    Session().Connection.Open(database.connectionText());
+    form->cmdgenerate1->click();
+    EXPECT_EQ(form->cboprovider->currentText(), QStringLiteral("Lane"));
+    EXPECT_EQ(lines().value(2), QStringLiteral("Provider: Lane"));
 }
 
 TEST_F(ReportForm, ACompanionThatCannotBeReachedIsToldOnceAndAgainByRefresh) {
@@ -283,10 +335,9 @@ TEST_F(ReportForm, ACompanionThatCannotBeReachedIsToldOnceAndAgainByRefresh) {
     desk.expectBox(QStringLiteral("Error loading list of providers. ") + said, QStringLiteral("Error"));
     open(ReportMode::Companion);
     QCoreApplication::processEvents();
-    desk.expectBox(QStringLiteral("Error generating report. ") + said, QStringLiteral("Error"));
+    desk.expectBox(QStringLiteral("Error loading list of providers. ") + said, QStringLiteral("Error"));
     form->cmdgenerate1->click();
-    EXPECT_EQ(status(), QStringLiteral("The report could not be made."));
-    EXPECT_EQ(lines().first(), QStringLiteral("Schedule"));
+    EXPECT_EQ(status(), QStringLiteral("No report has been made."));
 }
 
 TEST_F(ReportForm, TheFirstPagesCanBeLookedAtWhileTheRestIsMade) {
@@ -470,7 +521,7 @@ TEST_F(ReportForm, EveryPartHasANameAndAKeyOfItsOwn) {
     EXPECT_EQ(all.size(), 10);
 }
 
-TEST_F(ReportForm, TheMemoryOfAReportIsFreeForTheNextOne) {
+TEST_F(ReportForm, ARefreshDoesNotMakeTheReportLonger) {
     bookMany(1000);
     open();
     const auto pages = form->vp->PageCount();
