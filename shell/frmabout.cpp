@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -87,7 +88,7 @@ QString ProgramFacts() {
         facts << QStringLiteral("Schema: ") + schemaVersion();
     facts << QStringLiteral("System: %1, %2").arg(QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture())
           << QStringLiteral("Platform: %1, scale %2").arg(QApplication::platformName()).arg(qApp->devicePixelRatio())
-          << QStringLiteral("Log: ") + ErrorLogFile();
+          << QStringLiteral("Log: ") + ErrorLogFile().replace(QDir::homePath(), QStringLiteral("~"));
     return facts.join(QLatin1Char('\n'));
 }
 

@@ -2,8 +2,8 @@
 
 #include <termios.h>
 #include <unistd.h>
+#include <csignal>
 #include <cstdio>
-#include <functional>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -43,29 +43,57 @@ int complain(const QString& text) {
 }
 
 /// What the user types after this question; empty at the end of the input.
+QString typedAfter(const QString& question) {
+    // One stream for all questions, because it reads ahead.
+    static QTextStream input(stdin);
+    QTextStream(stdout) << question << Qt::flush;
+    return input.readLine();
+}
+
 QString asked(const QString& question) {
-    QTextStream(stdout) << question << ' ' << Qt::flush;
-    return QTextStream(stdin).readLine().trimmed();
+    return typedAfter(question + QLatin1Char(' ')).trimmed();
 }
 
 bool isYes(const QString& question) {
     return asked(question + QStringLiteral(" [y/N]")).startsWith(QLatin1Char('y'), Qt::CaseInsensitive);
 }
 
+/// Hides what is typed while it lives, and also shows it again when the user breaks off.
+class HiddenTyping {
+  public:
+    HiddenTyping() {
+        tcgetattr(STDIN_FILENO, &shown());
+        termios hidden = shown();
+        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+        std::signal(SIGINT, [](int number) {
+            tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown());
+            std::signal(number, SIG_DFL);
+            raise(number);
+        });
+    }
+    ~HiddenTyping() {
+        std::signal(SIGINT, SIG_DFL);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown());
+    }
+    HiddenTyping(const HiddenTyping&) = delete;
+    HiddenTyping& operator=(const HiddenTyping&) = delete;
+
+  private:
+    static termios& shown() {
+        static termios settings{};
+        return settings;
+    }
+};
+
 /// A password that is typed twice without being shown, or the first line of an input that is no terminal.
 QString askedPassword() {
     if (isatty(STDIN_FILENO) == 0)
-        return QTextStream(stdin).readLine();
-    termios shown{};
-    tcgetattr(STDIN_FILENO, &shown);
-    termios hidden = shown;
-    hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
-    const QString first = asked(QStringLiteral("Password:"));
+        return typedAfter({});
+    const HiddenTyping hidden;
+    const QString first = typedAfter(QStringLiteral("Password: "));
+    const QString second = typedAfter(QStringLiteral("\nThe same again: "));
     say({});
-    const QString second = asked(QStringLiteral("The same again:"));
-    say({});
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown);
     if (first != second)
         throw UsageError("The two passwords are not the same.");
     return first;
@@ -131,12 +159,14 @@ const QCommandLineOption& noProviderOption() {
     return option;
 }
 
-/// The folder of solvane.ini; empty where only a connection text was given.
+/// The folder of solvane.ini; that of the database where only a connection text was given.
 QString iniPath(const QCommandLineParser& parser) {
     if (parser.isSet(dataOption()))
         return parser.value(dataOption());
-    if (parser.isSet(mainOption()))
-        return {};
+    if (parser.isSet(mainOption())) {
+        const QString file = db::EmbeddedFile(db::ParseConnectionText(parser.value(mainOption())));
+        return file.isEmpty() ? QString() : QFileInfo(file).absolutePath();
+    }
     if (const auto central = CentralInstallation(InstallationFile()))
         return central->IniPath;
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/svscheduler");
@@ -165,9 +195,8 @@ int version(const QCommandLineParser& parser) {
 
 /// Returns how many findings are left.
 int checkRows(db::Connection& main, bool mend) {
-    int left = 0;
-    for (const upkeep::Finding& finding : upkeep::CheckRows(main)) {
-        ++left;
+    const std::vector<upkeep::Finding> found = upkeep::CheckRows(main);
+    for (const upkeep::Finding& finding : found) {
         say(QStringLiteral("%1 %2: %3").arg(finding.table).arg(finding.key).arg(finding.text));
         if (!mend)
             continue;
@@ -178,10 +207,9 @@ int checkRows(db::Connection& main, bool mend) {
             continue;
         const QString why = upkeep::ApplyFix(main, finding, answer);
         say(QStringLiteral("  ") + (why.isEmpty() ? QStringLiteral("Mended.") : why));
-        if (why.isEmpty())
-            --left;
     }
-    return left;
+    // What was mended may have been all that was wrong with a row, or not.
+    return static_cast<int>(mend ? upkeep::CheckRows(main).size() : found.size());
 }
 
 int check(const QCommandLineParser& parser) {
@@ -216,7 +244,7 @@ int backup(const QCommandLineParser& parser, const QStringList& arguments) {
     if (arguments.size() != 1)
         throw UsageError("backup wants the folder in which the backup is made.");
     say(QStringLiteral("The backup is in %1.")
-            .arg(upkeep::BackUp(embeddedPractice(parser), arguments[0], QDateTime::currentDateTime())));
+            .arg(upkeep::BackUp(embeddedPractice(parser), arguments[0], QDateTime::currentDateTime(), say)));
     return 0;
 }
 
@@ -226,8 +254,7 @@ int restore(const QCommandLineParser& parser, const QStringList& arguments) {
     const upkeep::PracticeFiles practice = embeddedPractice(parser);
     if (!parser.isSet(yesOption()) && !isYes(QStringLiteral("Put the backup in the place of %1?").arg(practice.main)))
         return complain(QStringLiteral("Nothing was changed."));
-    for (const QString& done : upkeep::Restore(arguments[0], practice, QDateTime::currentDateTime()))
-        say(done);
+    upkeep::Restore(arguments[0], mainText(parser), iniPath(parser), QDateTime::currentDateTime(), say);
     return 0;
 }
 

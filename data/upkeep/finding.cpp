@@ -19,6 +19,7 @@ struct Check {
     const char* question;
     const char* fix;
     const char* rightAnswer = "";
+    bool withItsRows = false;  ///< Whether the appointment's room, members and attendees go with it.
 };
 
 constexpr Check Checks[] = {
@@ -34,17 +35,17 @@ constexpr Check Checks[] = {
      "Select id from patient_info Where id = '{}'"},
     {"appointments", "Select nkeyid, dapptdate, nStartTime from appointments Where dapptdate Is Null Order by nkeyid",
      "The appointment[when] has no date, so that no view shows it.", "Delete it?",
-     "Delete from appointments Where nkeyid = [key] And dapptdate Is Null"},
+     "Delete from appointments Where nkeyid = [key] And dapptdate Is Null", "", true},
     {"appointments",
      "Select nkeyid, dapptdate, nStartTime from appointments Where nStartTime Is Null Or nStartTime < 0 Or nStartTime >= 1440 Order by nkeyid",
      "The appointment[when] has no start within its day.", "Its start in minutes since midnight (540 is 9:00 AM)",
      "Update appointments Set nStartTime = Cast('{}' As int) Where nkeyid = [key] And (nStartTime Is Null Or nStartTime < 0 Or nStartTime >= 1440)",
-     "Minutes"},
+     "Start"},
     {"appointments",
      "Select nkeyid, dapptdate, nStartTime from appointments Where nEndTime Is Null Or nEndTime < 0 Or nEndTime > 1440 Order by nkeyid",
      "The appointment[when] has no end within its day.", "Its end in minutes since midnight (590 is 9:50 AM)",
      "Update appointments Set nEndTime = Cast('{}' As int) Where nkeyid = [key] And (nEndTime Is Null Or nEndTime < 0 Or nEndTime > 1440)",
-     "Minutes"},
+     "End"},
     {"appointments",
      "Select nkeyid, dapptdate, nStartTime from appointments Where nEndTime < nStartTime And nEndTime >= 0 And nStartTime < 1440 Order by nkeyid",
      "The appointment[when] ends before it starts.", "Exchange the two times?",
@@ -103,6 +104,12 @@ QString when(const db::Recordset& row) {
     return text;
 }
 
+QStringList rowsOfAppointment(qint64 key) {
+    return {db::Sql("Delete from roomschedule Where apptid = {}", key),
+            db::Sql("Delete from AppointmentsGroup Where nKeyId = {}", key),
+            db::Sql("Delete from appointmentsevents Where nkeyid = {}", key)};
+}
+
 void addFindings(std::vector<Finding>& found, const Check& check, db::Connection& main) {
     for (db::Recordset rows(QString::fromLatin1(check.statement), main); !rows.Eof(); rows.MoveNext()) {
         Finding finding{QString::fromLatin1(check.table), rows[0].integer(), QString::fromLatin1(check.text), {}};
@@ -110,21 +117,25 @@ void addFindings(std::vector<Finding>& found, const Check& check, db::Connection
             finding.text.replace(QLatin1String("[when]"), when(rows));
         QString statement = QString::fromLatin1(check.fix);
         statement.replace(QLatin1String("[key]"), QString::number(finding.key));
-        finding.fix = Fix{QString::fromLatin1(check.question), statement, QString::fromLatin1(check.rightAnswer)};
+        finding.fix = Fix{QString::fromLatin1(check.question), statement,
+                          check.withItsRows ? rowsOfAppointment(finding.key) : QStringList(),
+                          QString::fromLatin1(check.rightAnswer)};
         found.push_back(std::move(finding));
     }
 }
 
-/// Whether this is a minute of the day, 0 to 1440.
-bool isMinute(const QString& answer) {
+/// Whether this is a minute of the day, 0 to `last`.
+bool isMinute(const QString& answer, int last) {
     bool isNumber = false;
     const int minute = answer.toInt(&isNumber);
-    return isNumber && minute >= 0 && minute <= MinutesPerDay;
+    return isNumber && minute >= 0 && minute <= last;
 }
 
 bool isRight(db::Connection& main, const Fix& fix, const QString& answer) {
-    if (fix.rightAnswer == QLatin1String("Minutes"))
-        return isMinute(answer);
+    if (fix.rightAnswer == QLatin1String("Start"))
+        return isMinute(answer, MinutesPerDay - 1);
+    if (fix.rightAnswer == QLatin1String("End"))
+        return isMinute(answer, MinutesPerDay);
     return !db::Recordset(db::FillSql(fix.rightAnswer, {answer}), main).Eof();
 }
 
@@ -143,7 +154,13 @@ QString ApplyFix(db::Connection& main, const Finding& finding, const QString& an
         return QStringLiteral("\"%1\" cannot be that; nothing was changed.").arg(answer);
     const QString statement = fix.WantsText() ? db::FillSql(fix.statement, {answer}) : fix.statement;
     qint64 changed = 0;
-    db::InTransaction(main, [&] { changed = main.Execute(statement); });
+    db::InTransaction(main, [&] {
+        changed = main.Execute(statement);
+        if (changed == 0)
+            return;
+        for (const QString& also : fix.alsoDone)
+            main.Execute(also);
+    });
     return changed > 0 ? QString() : QStringLiteral("The row has changed meanwhile and was left as it is.");
 }
 

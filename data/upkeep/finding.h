@@ -1,7 +1,7 @@
 #pragma once
 
 #include <optional>
-#include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "platform/database/connection.h"
@@ -12,8 +12,11 @@ namespace upkeep {
 struct Fix {
     /// What the administrator is asked, for example "Delete it?", or what they are asked for: "The provider's id".
     QString question;
-    /// The statement. Where it holds "{}", the answer takes that place as a text.
+    /// The statement. Where it holds "{}", the answer takes that place as a text. It changes nothing when the row is no
+    /// longer as it was found.
     QString statement;
+    /// What goes with the row, in the same transaction.
+    QStringList alsoDone = {};
     /// What the answer has to be, as a statement that finds a row for a right answer ("{}" is the answer). Empty for a
     /// yes or no.
     QString rightAnswer = {};

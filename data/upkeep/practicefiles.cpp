@@ -78,13 +78,13 @@ QString beforeName(const QString& file, const QDateTime& now) {
         QStringLiteral("%1-before-%2.%3").arg(info.completeBaseName(), stamp(now), info.suffix()));
 }
 
-void restoreOne(const QString& copy, const QString& to, const QDateTime& now, QStringList& done) {
+void restoreOne(const QString& copy, const QString& to, const QDateTime& now, const Tell& tell) {
     const bool wasThere = QFileInfo::exists(to);
     const QString before = beforeName(to, now);
     db::RestoreDatabaseFile(copy, to, before);
-    done << QStringLiteral("%1 is as it was in the backup.").arg(to);
+    tell(QStringLiteral("%1 is as it was in the backup.").arg(to));
     if (wasThere)
-        done << QStringLiteral("What was there before is kept in %1.").arg(before);
+        tell(QStringLiteral("What was there before is kept in %1.").arg(before));
 }
 
 }  // namespace
@@ -98,29 +98,36 @@ PracticeFiles FilesOf(const QString& mainText, const QString& iniPath) {
     return practice;
 }
 
-QString BackUp(const PracticeFiles& practice, const QString& folder, const QDateTime& now) {
+QString BackUp(const PracticeFiles& practice, const QString& folder, const QDateTime& now, const Tell& tell) {
     const QString path = QDir(folder).filePath(QStringLiteral("svscheduler-") + stamp(now));
     NewFolder backup(path);
     db::CopyDatabaseFile(practice.main, backup.File(MainCopy));
-    if (!practice.companion.isEmpty() && QFileInfo::exists(practice.companion))
+    if (QFileInfo::exists(practice.companion))
         db::CopyDatabaseFile(practice.companion, backup.File(CompanionCopy));
+    else if (!practice.companion.isEmpty())
+        tell(QStringLiteral("The companion database %1 is not there, so it is not in the backup.")
+                 .arg(practice.companion));
     for (const char* name : IniFiles)
         copyIni(QDir(practice.iniPath).filePath(QLatin1String(name)), backup.File(QLatin1String(name)));
     backup.Keep();
     return path;
 }
 
-QStringList Restore(const QString& backup, const PracticeFiles& practice, const QDateTime& now) {
+void Restore(const QString& backup, const QString& mainText, const QString& iniPath, const QDateTime& now,
+             const Tell& tell) {
     const QDir copies(backup);
     if (!copies.exists(MainCopy))
         fail(QStringLiteral("%1 is no backup: there is no %2 in it.").arg(backup, MainCopy));
-    QStringList done;
-    restoreOne(copies.filePath(MainCopy), practice.main, now, done);
-    if (copies.exists(CompanionCopy) && !practice.companion.isEmpty())
-        restoreOne(copies.filePath(CompanionCopy), practice.companion, now, done);
+    restoreOne(copies.filePath(MainCopy), db::EmbeddedFile(db::ParseConnectionText(mainText)), now, tell);
+    // Only the settings that are back tell where the companion belongs.
+    const QString companion = companionFile(mainText, iniPath);
+    if (copies.exists(CompanionCopy) && !companion.isEmpty())
+        restoreOne(copies.filePath(CompanionCopy), companion, now, tell);
+    else if (copies.exists(CompanionCopy))
+        tell(
+            QStringLiteral("The companion database of the backup was not put back: the settings name no file for it."));
     for (const char* name : IniFiles)
-        copyIni(copies.filePath(QLatin1String(name)), QDir(practice.iniPath).filePath(QLatin1String(name)));
-    return done;
+        copyIni(copies.filePath(QLatin1String(name)), QDir(iniPath).filePath(QLatin1String(name)));
 }
 
 }  // namespace upkeep

@@ -18,14 +18,18 @@ struct PracticeFiles {
 /// practice's settings name. When the main database cannot be read, the companion is left out.
 [[nodiscard]] PracticeFiles FilesOf(const QString& mainText, const QString& iniPath);
 
+/// Is told what was done, and what could not be, one sentence each, as soon as it happens.
+using Tell = std::function<void(const QString& sentence)>;
+
 /// Makes a folder named like "svscheduler-20261122-133000" in `folder`, with a copy of each database and of the ini
 /// files. Passwords (credentials.ini) are not copied. Desks may go on working. Returns the new folder's path. Either
 /// all of it is there or nothing. Throws DatabaseError, and std::runtime_error with a sentence for the user.
-QString BackUp(const PracticeFiles& practice, const QString& folder, const QDateTime& now);
+QString BackUp(const PracticeFiles& practice, const QString& folder, const QDateTime& now, const Tell& tell);
 
-/// Puts the copies of a folder that BackUp made in the place of the practice's databases, and ini files where there are
-/// none. The databases that were there are kept beside, named like "practice-before-20261122-133000.db". Returns what
-/// was done, one sentence each. Throws as BackUp does; what was not named in an earlier sentence is as it was.
-QStringList Restore(const QString& backup, const PracticeFiles& practice, const QDateTime& now);
+/// Puts the copies of a folder that BackUp made in the place of the main database that the connection text opens and of
+/// the companion that its settings name, and ini files where there are none. The databases that were there are kept
+/// beside, named like "practice-before-20261122-133000.db". Throws as BackUp does; what was told before is done.
+void Restore(const QString& backup, const QString& mainText, const QString& iniPath, const QDateTime& now,
+             const Tell& tell);
 
 }  // namespace upkeep

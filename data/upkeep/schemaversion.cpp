@@ -40,10 +40,20 @@ QString nameOf(const QString& column) {
     return column.section(QLatin1Char(' '), 0, 0);
 }
 
+/// The default of a column, "" for none. A server gives it to later rows only.
+QString defaultOf(const QString& column) {
+    return column.section(QStringLiteral(" default "), 1, 1);
+}
+
 bool canRead(db::Connection& connection, const QString& table, const QString& columns) {
-    return db::Ignoring([&] {
+    try {
         const db::Recordset rows(db::Sql("Select {} from {} Where 0=1", db::Raw{columns}, db::Raw{table}), connection);
-    });
+        return true;
+    } catch (const db::DatabaseError& error) {
+        if (db::IsLinkFailure(error))
+            throw;
+        return false;
+    }
 }
 
 QStringList missingColumns(db::Connection& connection, const ScriptTable& table) {
@@ -65,6 +75,9 @@ QStringList additions(db::Connection& main, QStringList& done) {
         }
         for (const QString& column : missingColumns(main, table)) {
             statements << db::Sql("Alter Table {} Add {}", db::Raw{table.name}, db::Raw{column});
+            if (const QString usual = defaultOf(column); !usual.isEmpty())
+                statements << db::Sql("Update {} Set {} = {} Where {} Is Null", db::Raw{table.name},
+                                      db::Raw{nameOf(column)}, db::Raw{usual}, db::Raw{nameOf(column)});
             done << QStringLiteral("The column %1.%2 was added.").arg(table.name, nameOf(column));
         }
     }

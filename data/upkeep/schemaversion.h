@@ -15,9 +15,9 @@ namespace upkeep {
 [[nodiscard]] QStringList MissingParts(db::Connection& connection, SchemaScript script);
 
 /// Brings the schema of a main database up to CurrentSchema, step by step. Rows and tables that are there stay. Returns
-/// what was done, one sentence each. Either everything is done or nothing, but for indexes, which are made afterwards
-/// and can be made again. Throws DatabaseError; std::runtime_error, with a sentence for the user, for a database of a
-/// later version.
+/// what was done, one sentence each. After a failure it can be called again: each step is done whole or not at all, and
+/// a step that is done already changes nothing. Throws DatabaseError; std::runtime_error, with a sentence for the user,
+/// for a database of a later version.
 QStringList Upgrade(db::Connection& main);
 
 }  // namespace upkeep

@@ -23,7 +23,8 @@ struct NewUser {
     QString firstName = {}, lastName = {};
     QString password = {};
     bool isAdministrator = false;
-    int scheduler = 6;       ///< 0 to 6: nothing, read, write, write and delete; from 4 on with all schedules.
+    int scheduler =
+        6;  ///< 0 to 6: read (by the logon only), read, write, write and delete; from 4 on with all schedules.
     bool isProvider = true;  ///< Whether the user is offered as a provider.
 };
 

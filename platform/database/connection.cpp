@@ -28,14 +28,23 @@ void countTrip(const QString& sent) {
     qCDebug(tripLog).noquote() << QString(sent).replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
-/// A text without what stands in quotes, which may be the name of a patient or a secret.
-QString withoutValues(QString text) {
+/// A statement without what stands in quotes, which may be the name of a patient or a secret. Behind a quote that is
+/// never closed, nothing is told.
+QString withoutValues(QString statement) {
     static const QRegularExpression quoted(QStringLiteral("'(?:[^']|'')*'|\"[^\"]*\""));
-    return text.replace(quoted, QStringLiteral("'...'")).simplified();
+    static const QRegularExpression unclosed(QStringLiteral("(?<!\\.)'(?!\\.).*$"));
+    return statement.simplified().replace(quoted, QStringLiteral("'...'")).remove(unclosed);
+}
+
+/// The words of a database up to the first value. They do not double the quotes of a value, so that its end cannot be
+/// told.
+QString uptoFirstValue(const QString& description) {
+    static const QRegularExpression value(QStringLiteral("['\"(]"));
+    return description.simplified().section(value, 0, 0);
 }
 
 void logFault(const DatabaseError& error) {
-    qCInfo(faultLog).noquote() << error.number << error.sqlState << withoutValues(error.description) << '|'
+    qCInfo(faultLog).noquote() << error.number << error.sqlState << uptoFirstValue(error.description) << '|'
                                << withoutValues(error.statement);
 }
 

@@ -129,6 +129,20 @@ void noteCrash(int number) {
     raise(number);
 }
 
+/// The note is written on a stack of its own, since the program's may be what ran out.
+void catchSignals() {
+    static std::array<char, 64 * 1024> spare{};
+    stack_t stack{};
+    stack.ss_sp = spare.data();
+    stack.ss_size = spare.size();
+    sigaltstack(&stack, nullptr);
+    struct sigaction action {};
+    action.sa_handler = noteCrash;
+    action.sa_flags = SA_ONSTACK;
+    for (const int number : {SIGSEGV, SIGABRT, SIGFPE, SIGILL, SIGBUS})
+        sigaction(number, &action, nullptr);
+}
+
 QString newNote() {
     return StateFolder() + QStringLiteral("/crash.txt");
 }
@@ -163,8 +177,7 @@ void KeepCrashNotes() {
     std::array<void*, 1> routine{};
     backtrace(routine.data(), 1);
     if constexpr (!IsSanitized)
-        for (const int number : {SIGSEGV, SIGABRT, SIGFPE, SIGILL, SIGBUS})
-            std::signal(number, noteCrash);
+        catchSignals();
 }
 
 QString TakeCrashNote() {

@@ -23,7 +23,11 @@ QString folderOf(const QString& file, const char* key, const QString& otherwise)
 
 QString InstallationFile() {
     const QString named = qEnvironmentVariable("SVSCHEDULER_INSTALLATION");
-    return named.isEmpty() ? QCoreApplication::applicationDirPath() + QStringLiteral("/installation.ini") : named;
+    if (!named.isEmpty())
+        return named;
+    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/installation.ini");
+    const QString packaged = QStringLiteral("/etc/svscheduler/installation.ini");
+    return !QFileInfo::exists(beside) && QFileInfo::exists(packaged) ? packaged : beside;
 }
 
 std::optional<InstallationFolders> CentralInstallation(const QString& installationFile) {

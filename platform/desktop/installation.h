@@ -10,7 +10,8 @@ struct InstallationFolders {
 };
 
 /// Returns the path of installation.ini, the file that describes what a practice installs once for all its desks. It is
-/// next to the program, or where the environment variable SVSCHEDULER_INSTALLATION says:
+/// next to the program, in /etc/svscheduler where a package installed the program, or where the environment variable
+/// SVSCHEDULER_INSTALLATION says:
 ///
 ///     [Folders]
 ///     AppPath=/opt/solvane            sounds, help

@@ -38,6 +38,8 @@ TEST_F(AboutProgram, NamesTheVersionsAndNeitherServerNorUser) {
     EXPECT_TRUE(facts.contains(QStringLiteral("\nSchema: without a number\n")));
     EXPECT_FALSE(facts.contains(QStringLiteral("REED")));
     EXPECT_FALSE(facts.contains(database.source()));
+    qunsetenv("XDG_STATE_HOME");
+    EXPECT_TRUE(ProgramFacts().endsWith(QStringLiteral("\nLog: ~/.local/state/svscheduler/errors.log")));
     WriteSchemaVersion(database.connection());
     EXPECT_TRUE(ProgramFacts().contains(QStringLiteral("\nSchema: %1\n").arg(CurrentSchema)));
 }

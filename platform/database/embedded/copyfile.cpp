@@ -1,5 +1,7 @@
 #include "platform/database/embedded/copyfile.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <QFile>
 #include <QFileInfo>
@@ -80,6 +82,15 @@ void requireSound(const QString& file) {
                             QStringLiteral("The file \"%1\" is damaged: %2").arg(file, damages.first()));
 }
 
+/// Gives the file a second name, or where the disk knows none, another name. The file is not read, because closing it
+/// would give up this program's locks on it.
+bool keepAs(const QString& file, const QString& name) {
+    const QByteArray from = QFile::encodeName(file);
+    const QByteArray to = QFile::encodeName(name);
+    return !QFileInfo::exists(name) &&
+           (::link(from.constData(), to.constData()) == 0 || std::rename(from.constData(), to.constData()) == 0);
+}
+
 /// Keeps all desks out until the handle is closed. A file that is no sound database has no desk to keep out.
 void takeAlone(sqlite3* handle, const QString& file) {
     try {
@@ -139,7 +150,7 @@ void RestoreDatabaseFile(const QString& copy, const QString& to, const QString& 
     if (QFileInfo::exists(to)) {
         old = opened(to);
         takeAlone(old.get(), to);
-        if (!QFile::copy(to, before))
+        if (!keepAs(to, before))
             throw DatabaseError(RefusedFile, QStringLiteral("The file \"%1\" cannot be made.").arg(before));
     }
     // A log that was left beside a damaged file would be taken for a part of the restored one.

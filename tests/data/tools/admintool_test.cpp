@@ -70,6 +70,9 @@ TEST_F(AdminTool, TellsEachFaultWithItsKeyAndMendsWhatIsAnsweredByYes) {
     EXPECT_TRUE(mended.out.contains("Rows that are not sound: 1"));
     EXPECT_EQ(rowsOf("Select nKeyId from AppointmentsGroup Where nKeyId > 99990"), 1);
     EXPECT_EQ(call({"check", "--fix"}, "yes\n").code, 0);
+    run("Insert Into AppointmentsGroup (nKeyId, PatientId) Values (99998, '10001')");
+    run("Insert Into AppointmentsGroup (nKeyId, PatientId) Values (99999, '10001')");
+    EXPECT_EQ(call({"check", "--fix"}, "y\ny\n").code, 0) << "Answers that were typed ahead are not lost.";
 }
 
 TEST_F(AdminTool, AsksForWhatAFaultWants) {

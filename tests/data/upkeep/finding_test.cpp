@@ -112,6 +112,9 @@ TEST_F(CheckedRows, OfASlotOfAnAppointmentTypeNeedNoPatient) {
 
 TEST_F(CheckedRows, WithoutADateAreDeleted) {
     change("dapptdate = Null");
+    run(QStringLiteral("Insert Into roomschedule (apptid, croomid, nStartTime, nEndTime) Values (%1, 1, 540, 590)")
+            .arg(key));
+    run(QStringLiteral("Insert Into AppointmentsGroup (nKeyId, PatientId) Values (%1, '10017')").arg(key));
     expectFixed("The appointment has no date, so that no view shows it.");
     EXPECT_EQ(database.number("Select Count(*) from appointments"), 0);
 }
@@ -119,7 +122,7 @@ TEST_F(CheckedRows, WithoutADateAreDeleted) {
 TEST_F(CheckedRows, WithoutAStartAreGivenOne) {
     for (const char* start : {"nStartTime = Null", "nStartTime = -5"}) {
         change(start);
-        for (const char* wrong : {"", "nine", "1441", "-1", "540.5"})
+        for (const char* wrong : {"", "nine", "1440", "-1", "540.5"})
             EXPECT_NE(ApplyFix(database.connection(), theFinding(), QString::fromLatin1(wrong)), "") << wrong;
         expectFixed("The appointment of 2026-03-11 has no start within its day.", QStringLiteral("540"));
         EXPECT_EQ(database.number("Select nStartTime from appointments"), 540);

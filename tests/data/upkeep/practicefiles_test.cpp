@@ -29,7 +29,7 @@ class BackedUpPractice : public testing::Test {
     [[nodiscard]] QString home() const { return folder.filePath(QStringLiteral("practice")); }
     [[nodiscard]] PracticeFiles practice() const { return FilesOf(PracticeConnectionText(home()), home()); }
     [[nodiscard]] QString backedUp() const {
-        return BackUp(practice(), folder.filePath(QStringLiteral("backups")), now);
+        return BackUp(practice(), folder.filePath(QStringLiteral("backups")), now, tell);
     }
     [[nodiscard]] int rowsOf(const char* statement) const {
         db::Connection connection;
@@ -43,6 +43,15 @@ class BackedUpPractice : public testing::Test {
     }
 
     QTemporaryDir folder{TestFolderTemplate()};
+    /// Restores and returns what is told.
+    QStringList restored(const QString& backup) {
+        told.clear();
+        Restore(backup, PracticeConnectionText(home()), home(), now, tell);
+        return told;
+    }
+
+    mutable QStringList told;
+    const upkeep::Tell tell = [this](const QString& sentence) { told << sentence; };
     const QDateTime now{QDate(2026, 11, 22), QTime(13, 30)};
 };
 
@@ -62,9 +71,8 @@ TEST_F(BackedUpPractice, ComesBackAndKeepsWhatWasThere) {
     const int before = rowsOf("Select nkeyid from appointments");
     const QString backup = backedUp();
     run("Delete from appointments");
-    const QStringList done = Restore(backup, practice(), now);
+    EXPECT_EQ(restored(backup).size(), 4);
     EXPECT_EQ(rowsOf("Select nkeyid from appointments"), before);
-    EXPECT_EQ(done.size(), 4);
     EXPECT_TRUE(QFile::exists(home() + QStringLiteral("/practice-before-20261122-133000.db")));
     EXPECT_TRUE(QFile::exists(home() + QStringLiteral("/companion-before-20261122-133000.db")));
 }
@@ -75,11 +83,26 @@ TEST_F(BackedUpPractice, ComesBackToAComputerThatLostEverythingButItsIniFile) {
     QFile::remove(files.main);
     QFile::remove(files.companion);
     QFile::remove(home() + QStringLiteral("/svwsched.ini"));
-    EXPECT_EQ(practice().companion, QString());
-    EXPECT_EQ(Restore(backup, practice(), now).size(), 1);
+    EXPECT_EQ(restored(backup).size(), 2);
     EXPECT_TRUE(QFile::exists(home() + QStringLiteral("/svwsched.ini")));
-    EXPECT_EQ(Restore(backup, practice(), now.addSecs(1)).size(), 3) << "Now the settings name the companion again.";
     EXPECT_TRUE(QFile::exists(files.companion));
+}
+
+TEST_F(BackedUpPractice, ThatNamesNoCompanionAnyMoreSaysThatItIsNotPutBack) {
+    run("Update settings Set FHServer = ''");
+    const QString without = backedUp();
+    EXPECT_FALSE(QFile::exists(without + QStringLiteral("/companion.db")));
+    PutFile(without + QStringLiteral("/companion.db"), "from elsewhere");
+    EXPECT_EQ(restored(without).last(),
+              "The companion database of the backup was not put back: the settings name no file for it.");
+}
+
+TEST_F(BackedUpPractice, WithoutItsCompanionsFileSaysSo) {
+    QFile::remove(practice().companion);
+    const QString backup = backedUp();
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.value(0).contains(QStringLiteral("is not there, so it is not in the backup")));
+    EXPECT_TRUE(QFile::exists(backup + QStringLiteral("/main.db")));
 }
 
 TEST_F(BackedUpPractice, IsNotPutBackUnderADeskThatWorks) {
@@ -87,7 +110,7 @@ TEST_F(BackedUpPractice, IsNotPutBackUnderADeskThatWorks) {
     db::Connection desk;
     desk.Open(PracticeConnectionText(home()));
     desk.Execute("Delete from appointments");
-    EXPECT_THROW(Restore(backup, practice(), now), db::DatabaseError);
+    EXPECT_THROW(restored(backup), db::DatabaseError);
     EXPECT_EQ(rowsOf("Select nkeyid from appointments"), 0);
 }
 
@@ -104,5 +127,5 @@ TEST_F(BackedUpPractice, IsWholeOrNotThere) {
 }
 
 TEST_F(BackedUpPractice, IsNotAnyFolder) {
-    EXPECT_THROW(Restore(home(), practice(), now), std::runtime_error);
+    EXPECT_THROW(restored(home()), std::runtime_error);
 }

@@ -35,17 +35,22 @@ TEST_F(OlderDatabase, OfThisVersionLacksNothing) {
 TEST_F(OlderDatabase, WithoutANumberGetsTablesAndColumnsThatItLacksAndKeepsItsRows) {
     DropTable(database.connection(), QStringLiteral("appointments"));
     DropTable(database.connection(), QStringLiteral("ToDo"));
-    database.connection().Execute(
-        SchemaStatements(SchemaScript::Main).first().remove(QStringLiteral("    CheckInTime nvarchar(40) null,\n")));
+    database.connection().Execute(SchemaStatements(SchemaScript::Main)
+                                      .first()
+                                      .remove(QStringLiteral("    CheckInTime nvarchar(40) null,\n"))
+                                      .remove(QStringLiteral("    allday bit null default 0,\n")));
     run("Insert Into appointments (cappttext, nStartTime, appttype) Values ('O''Brien', 540, 0)");
     EXPECT_EQ(SchemaVersion(database.connection()), 0);
-    EXPECT_EQ(missing(), (QStringList{QStringLiteral("appointments.CheckInTime"), QStringLiteral("ToDo")}));
+    EXPECT_EQ(missing(), (QStringList{QStringLiteral("appointments.allday"), QStringLiteral("appointments.CheckInTime"),
+                                      QStringLiteral("ToDo")}));
     EXPECT_EQ(Upgrade(database.connection()),
-              (QStringList{QStringLiteral("The column appointments.CheckInTime was added."),
+              (QStringList{QStringLiteral("The column appointments.allday was added."),
+                           QStringLiteral("The column appointments.CheckInTime was added."),
                            QStringLiteral("The table ToDo was made.")}));
     EXPECT_EQ(missing(), QStringList());
     EXPECT_EQ(SchemaVersion(database.connection()), CurrentSchema);
-    EXPECT_EQ(database.text("Select cappttext from appointments"), "O'Brien");
+    EXPECT_EQ(database.text("Select cappttext from appointments Where allday = 0"), "O'Brien")
+        << "A default fills the rows that were there.";
     EXPECT_EQ(Upgrade(database.connection()), QStringList()) << "The second time there is nothing to do.";
 }
 

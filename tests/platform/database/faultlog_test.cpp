@@ -47,6 +47,20 @@ TEST_F(FaultLog, HoldsTheNumberAndTheStatementWithoutNamesAndSecrets) {
     EXPECT_GT(told()[0].section(QLatin1Char(' '), 0, 0).toInt(), 0);
 }
 
+TEST_F(FaultLog, HoldsNothingOfAValueThatTheDatabaseRefused) {
+    TestDatabase database;
+    const QString name = QStringLiteral("O'Brien, Mary ").repeated(40);
+    static_cast<void>(FailureOf(database.connection(), db::Sql("Update rooms Set Room = '{}'", name)));
+    static_cast<void>(FailureOf(database.connection(), db::Sql("Insert Into rooms (Room) Values ('{}')", name)));
+    static_cast<void>(
+        FailureOf(database.connection(), QStringLiteral("Insert Into rooms (Room) Values ('O'Brien, Mary')")));
+    ASSERT_GE(told().size(), 2);
+    for (const QString& line : std::as_const(told())) {
+        EXPECT_FALSE(line.contains(QStringLiteral("Brien"))) << line.toStdString();
+        EXPECT_FALSE(line.contains(QStringLiteral("Mary"))) << line.toStdString();
+    }
+}
+
 TEST_F(FaultLog, HoldsALoginThatFailedWithoutItsPassword) {
     db::Connection connection;
     EXPECT_THROW(
