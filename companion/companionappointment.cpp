@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "companion/companiontime.h"
+#include "data/companioncodes.h"
 #include "platform/database/recordset.h"
 
 namespace {
@@ -25,6 +26,10 @@ CompanionAppointment AppointmentOf(const db::Recordset& row) {
             .duration = static_cast<int>(row["CtrnDuration"].integer()),
             .memo = row["CtrnNotes"].text(),
             .status = status >= 0 && status <= LastStatus ? status : 0};
+}
+
+bool IsScheduled(const db::Recordset& row) {
+    return row["CtrnStatus"].text().compare(QLatin1String(CtrnScheduled), Qt::CaseInsensitive) == 0;
 }
 
 MergedAppointment MergeAppointment(const CompanionAppointment& before, const CompanionAppointment& wanted,

@@ -23,6 +23,9 @@ struct CompanionAppointment {
 /// Returns the appointment of the cursor's current row. Throws db::DatabaseError when the row lacks a column.
 [[nodiscard]] CompanionAppointment AppointmentOf(const db::Recordset& row);
 
+/// Whether the appointment of the cursor's current row is not charged yet, in any case of letters as the server compares.
+[[nodiscard]] bool IsScheduled(const db::Recordset& row);
+
 /// The changes of a user in an appointment, laid over the row as the companion program left it meanwhile.
 struct MergedAppointment {
     CompanionAppointment appointment;

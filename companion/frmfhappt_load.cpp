@@ -4,7 +4,6 @@
 #include "companion/companionappointment.h"
 #include "companion/frmfhappt.h"
 #include "companion/keyedcombo.h"
-#include "data/companioncodes.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
@@ -136,7 +135,7 @@ void frmFHAppt::showAppointment(db::Connection& companion, const Recordset& row)
     cbostatus->SetListIndex(cbostatus->FindItemData(appointment.status));
     if (request_.HasSVSessionCol && row.HasColumn(QStringLiteral("SVSessionID")))
         sessionId_ = static_cast<int>(row["SVSessionID"].integer());
-    if (row["CtrnStatus"].text() != QLatin1String(CtrnScheduled))
+    if (!IsScheduled(row))
         setStatusText(tr("This appointment has been charged in Fernhall."));
     loaded_ = appointment;
     shown_ = entered();

@@ -1,7 +1,6 @@
 #include "companion/companiontime.h"
 #include "companion/frmfhappt.h"
 #include "companion/keyedcombo.h"
-#include "data/companioncodes.h"
 #include "data/minutetime.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -61,7 +60,7 @@ RowNow readNow(db::Connection& companion, int CtrnId) {
     const Recordset row(Sql("Select * from ClientTransactions Where CtrnId = {}", CtrnId), companion);
     if (row.Eof())
         return {.isGone = true, .appointment = {}};
-    return {.isCharged = row["CtrnStatus"].text() != QLatin1String(CtrnScheduled), .appointment = AppointmentOf(row)};
+    return {.isCharged = !IsScheduled(row), .appointment = AppointmentOf(row)};
 }
 
 }  // namespace
