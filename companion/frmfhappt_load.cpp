@@ -2,6 +2,7 @@
 #include <QPushButton>
 
 #include "companion/companionappointment.h"
+#include "companion/companionrefusals.h"
 #include "companion/frmfhappt.h"
 #include "companion/keyedcombo.h"
 #include "platform/controls/completingcombo.h"
@@ -114,6 +115,9 @@ void frmFHAppt::LoadAppt(db::Connection& companion, int CtrnId) {
         if (row.Eof())
             return setStatusText(tr("This appointment is no longer in Fernhall."));
         showAppointment(companion, row);
+        const QString refusal = RefusalOf(row, NotModified);
+        if (!refusal.isEmpty())
+            return setStatusText(refusal);
         cmdOk->setEnabled(true);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading client appointment from Fernhall. "), error);
@@ -135,8 +139,6 @@ void frmFHAppt::showAppointment(db::Connection& companion, const Recordset& row)
     cbostatus->SetListIndex(cbostatus->FindItemData(appointment.status));
     if (request_.HasSVSessionCol && row.HasColumn(QStringLiteral("SVSessionID")))
         sessionId_ = static_cast<int>(row["SVSessionID"].integer());
-    if (!IsScheduled(row))
-        setStatusText(tr("This appointment has been charged in Fernhall."));
     loaded_ = appointment;
     shown_ = entered();
 }

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "companion/companionrefusals.h"
 #include "companion/keyedcombo.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -235,10 +236,21 @@ TEST_F(CompanionAppointmentLoad, AnAppointmentThatIsGoneLeavesTheFormBlankAndCan
     EXPECT_FALSE(form.cmdOk->isEnabled());
 }
 
-TEST_F(CompanionAppointmentLoad, AnAppointmentThatHasBeenChargedSaysSo) {
+TEST_F(CompanionAppointmentLoad, AnAppointmentThatHasBeenChargedSaysSoAndCannotBeSaved) {
     const int key = addAppointment();
-    run("Update ClientTransactions Set CtrnStatus = 'C'");
-    EXPECT_EQ(openRow(key).lblstatus->text(), "This appointment has been charged in Fernhall.");
+    run("Update ClientTransactions Set CtrnStatus = 'C', RecurTranId = 5");
+    const frmFHAppt& form = openRow(key);
+    EXPECT_EQ(form.lblstatus->text(), NotModified.charged);
+    EXPECT_FALSE(form.cmdOk->isEnabled());
+    EXPECT_EQ(form.txtstarttime->Time(), 540);
+}
+
+TEST_F(CompanionAppointmentLoad, AnAppointmentOfASeriesSaysSoAndCannotBeSaved) {
+    const int key = addAppointment();
+    run("Update ClientTransactions Set RecurTranId = 5");
+    const frmFHAppt& form = openRow(key);
+    EXPECT_EQ(form.lblstatus->text(), NotModified.ofSeries);
+    EXPECT_FALSE(form.cmdOk->isEnabled());
 }
 
 TEST_F(CompanionAppointmentLoad, ACompanionWithoutTheSessionColumnIsRead) {
