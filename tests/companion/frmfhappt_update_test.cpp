@@ -280,6 +280,35 @@ TEST_F(CompanionAppointmentMeanwhile, WhatTheUserLeftAloneKeepsTheCompanionsChan
         "The Fernhall appointment on 03/12/2026 at 9:00 AM was changed in Fernhall meanwhile. Kept from there: date, start time, charge type, status, memo. Replaced by yours: duration.");
 }
 
+TEST_F(CompanionAppointmentMeanwhile, ADayOfTheirsAndATimeOfOursAreNotMixed) {
+    run("Update ClientTransactions Set CtrnDate = '2026/03/13', CtrnTime = '2026-03-13 11:00'");
+    form.txtstarttime->setTime(600);
+    save();
+    EXPECT_EQ(stored("CtrnDate"), "2026-03-12 00:00:00");
+    EXPECT_EQ(stored("CtrnTime"), "2026-03-12 10:00:00");
+    expectNotice(
+        "The Fernhall appointment on 03/12/2026 at 10:00 AM was changed in Fernhall meanwhile. Replaced by yours: date, start time.");
+}
+
+TEST_F(CompanionAppointmentMeanwhile, ADayOfOursAndATimeOfTheirsAreNotMixed) {
+    run("Update ClientTransactions Set CtrnTime = '2026-03-12 11:00'");
+    form.txtdate->setDate({2026, 3, 13});
+    save();
+    EXPECT_EQ(stored("CtrnDate"), "2026-03-13 00:00:00");
+    EXPECT_EQ(stored("CtrnTime"), "2026-03-13 09:00:00");
+    expectNotice(
+        "The Fernhall appointment on 03/13/2026 at 9:00 AM was changed in Fernhall meanwhile. Replaced by yours: start time.");
+}
+
+TEST_F(CompanionAppointmentMeanwhile, TheSamePlaceFromBothTellsNothing) {
+    run("Update ClientTransactions Set CtrnDate = '2026/03/13', CtrnTime = '2026-03-13 10:00'");
+    form.txtdate->setDate({2026, 3, 13});
+    form.txtstarttime->setTime(600);
+    save();
+    EXPECT_EQ(stored("CtrnTime"), "2026-03-13 10:00:00");
+    EXPECT_EQ(bar.Texts(), QStringList());
+}
+
 TEST_F(CompanionAppointmentMeanwhile, ARowThatLostWhatEveryAppointmentNeedsGetsItFromTheForm) {
     run("Update ClientTransactions Set CtrnDate = Null, CtrnTime = Null, CtrnDuration = 0, TranId = Null");
     form.txtmemo->setPlainText("x");
