@@ -152,7 +152,8 @@ void frmFHAppt::showNew() {
 
 void frmFHAppt::showClient(int ClientId, const QString& ClientName) {
     clientId_ = ClientId;
-    lblClient->setText(tr("Client: %1").arg(OneLine(ShownName(ClientName))));
+    FollowHiddenNames(
+        this, [this, ClientName](bool) { lblClient->setText(tr("Client: %1").arg(OneLine(ShownName(ClientName)))); });
 }
 
 void frmFHAppt::showProvider(db::Connection& companion, int ProvId) {

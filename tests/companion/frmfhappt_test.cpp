@@ -14,6 +14,7 @@
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/notefield.h"
 #include "platform/database/sql.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 #include "tests/companion/editorfixture.h"
 
@@ -67,6 +68,17 @@ TEST_F(CompanionAppointmentLoad, AHiddenNameIsHiddenHereToo) {
     Session().HidePatientNames = true;
     EXPECT_FALSE(openNew().lblClient->text().contains("Stone"));
     EXPECT_FALSE(openRow(addAppointment()).lblClient->text().contains("Stone"));
+}
+
+TEST_F(CompanionAppointmentLoad, ANameThatIsHiddenOrShownWhileTheFormIsOpenFollows) {
+    const auto follow = [](const frmFHAppt& form) {
+        SetNamesHidden(true);
+        EXPECT_FALSE(form.lblClient->text().contains("Stone"));
+        SetNamesHidden(false);
+        EXPECT_EQ(form.lblClient->text(), "Client: Stone, Mary");
+    };
+    follow(openNew());
+    follow(openRow(addAppointment()));
 }
 
 TEST_F(CompanionAppointmentLoad, TheFieldsAreReachedByTabAndByTheirLetters) {
