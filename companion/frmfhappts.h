@@ -190,6 +190,7 @@ class frmFHAppts : public MenuView {
     Mode mode_ = Mode::Day;
     bool HasSVSessionCol_ = false;
     bool providersRead_ = false;
+    bool choiceKnown_ = false;                ///< The stored choice was read, or the user made one since.
     bool sized_ = false;                      ///< Whether the panes have sizes of their own.
     CompanionProvider weekProvider_;          ///< Whose week is shown.
     std::vector<CompanionProvider> columns_;  ///< The provider of each column of the day.
