@@ -68,6 +68,7 @@ class frmFHAppt : public EditorDialog {
     [[nodiscard]] bool ValidateEntries();
     void cmdOk_Click();
     void cbostatus_Click();
+    void showAlerts(const char* alertType) const;
 
     // frmfhappt_load.cpp
     void load();

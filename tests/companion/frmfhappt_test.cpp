@@ -353,6 +353,13 @@ TEST_F(CompanionAppointmentForm, ArrivedOfAClientWithoutAPatientShowsNothing) {
     EXPECT_EQ(form.cbostatus->Text(), "Arrived");
 }
 
+TEST_F(CompanionAppointmentForm, ArrivedOfAClientWhosePatientCannotBeLookedUpIsToldInTheBar) {
+    const QString why = DropTable(main.connection(), "FHDataPairs");
+    frmFHAppt& form = openRow(addAppointment());
+    pick(form.cbostatus, 3);
+    EXPECT_EQ(bar.Texts(), QStringList{"Error reading patient alerts. " + why});
+}
+
 TEST_F(CompanionAppointmentForm, ArrivedOfANewAppointmentShowsBothAlerts) {
     addAlert("P1", "Check-In", "Co-payment is due");
     addAlert("P1", "Appointment", "Needs a referral");
