@@ -134,9 +134,9 @@ class frmFHAppts : public MenuView {
     void loadDay();
     void load(QDate date, const QString& of, const std::vector<CompanionSpan>& spans);
     void loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans);
-    /// Adds the items of one provider. Returns false and sets `fault` when a series is left out because its interval is
-    /// 0. Throws db::DatabaseError.
-    bool LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault);
+    /// Adds the items of one provider. Sets `fault` when a series is left out because its interval is 0. Throws
+    /// db::DatabaseError.
+    void LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault);
     void addAppointment(const db::Recordset& row, const CompanionSpan& span);
     [[nodiscard]] int callIcon(const QString& code);
     void addEvent(const db::Recordset& row, const CompanionSpan& span, SeriesDays& series);
