@@ -19,14 +19,15 @@ bool isOne(const db::Field& field) {
 }
 
 // Returns the first field of the first row, or an empty text without a row or when the statement fails.
-QString paired(db::Connection& main, const QString& statement) {
-    QString value;
-    db::Ignoring([&] {
+QString paired(db::Connection& main, const QString& statement, std::optional<db::DatabaseError>* failure) {
+    try {
         const db::Recordset pair(statement, main);
-        if (!pair.Eof())
-            value = pair[0].text();
-    });
-    return value;
+        return pair.Eof() ? QString() : pair[0].text();
+    } catch (const db::DatabaseError& error) {
+        if (failure != nullptr)
+            *failure = error;
+        return {};
+    }
 }
 
 }  // namespace
@@ -72,25 +73,31 @@ QString GetFHDBId(const QString& companionText) {
     }
 }
 
-int GetFHProviderId(db::Connection& main, const QString& fhDatabase, const QString& svProviderId) {
+int GetFHProviderId(db::Connection& main, const QString& fhDatabase, const QString& svProviderId,
+                    std::optional<db::DatabaseError>* failure) {
     return paired(
                main,
                db::Sql(
                    "Select FHDataValue from FHDataPairs Where FHDataList = 1 AND FHDatabase = '{}' AND SVDataValue = '{}'",
-                   fhDatabase, svProviderId))
+                   fhDatabase, svProviderId),
+               failure)
         .toInt();
 }
 
-QString GetSVProviderFromFH(db::Connection& main, const QString& fhDatabase, int fhProviderId) {
+QString GetSVProviderFromFH(db::Connection& main, const QString& fhDatabase, int fhProviderId,
+                            std::optional<db::DatabaseError>* failure) {
     return paired(
         main,
         db::Sql("Select SVDataValue from FHDataPairs Where FHDataList = 1 AND FHDatabase = '{}' AND FHDataValue = {}",
-                fhDatabase, fhProviderId));
+                fhDatabase, fhProviderId),
+        failure);
 }
 
-QString GetSVPatientFromFH(db::Connection& main, const QString& fhDatabase, int fhClientId) {
+QString GetSVPatientFromFH(db::Connection& main, const QString& fhDatabase, int fhClientId,
+                           std::optional<db::DatabaseError>* failure) {
     return paired(
         main,
         db::Sql("Select SVDataValue from FHDataPairs Where FHDataList = 4 AND FHDatabase = '{}' AND FHDataValue = {}",
-                fhDatabase, fhClientId));
+                fhDatabase, fhClientId),
+        failure);
 }

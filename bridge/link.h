@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <QString>
 
 #include "platform/database/connection.h"
@@ -25,9 +26,15 @@ struct FHLinkSettings {
 /// when it cannot be reached, of which the user is told. An empty identity means that the link is off.
 [[nodiscard]] QString GetFHDBId(const QString& companionText);
 
+// A look-up of a pair that fails finds none. `failure`, where it is given, then gets the error, since the pair may be
+// there.
+
 /// Returns the companion's provider that is paired with ours, or 0.
-[[nodiscard]] int GetFHProviderId(db::Connection& main, const QString& fhDatabase, const QString& svProviderId);
+[[nodiscard]] int GetFHProviderId(db::Connection& main, const QString& fhDatabase, const QString& svProviderId,
+                                  std::optional<db::DatabaseError>* failure = nullptr);
 /// Returns our provider that is paired with the companion's, or an empty text.
-[[nodiscard]] QString GetSVProviderFromFH(db::Connection& main, const QString& fhDatabase, int fhProviderId);
+[[nodiscard]] QString GetSVProviderFromFH(db::Connection& main, const QString& fhDatabase, int fhProviderId,
+                                          std::optional<db::DatabaseError>* failure = nullptr);
 /// Returns our patient who is paired with the companion's client, or an empty text.
-[[nodiscard]] QString GetSVPatientFromFH(db::Connection& main, const QString& fhDatabase, int fhClientId);
+[[nodiscard]] QString GetSVPatientFromFH(db::Connection& main, const QString& fhDatabase, int fhClientId,
+                                         std::optional<db::DatabaseError>* failure = nullptr);

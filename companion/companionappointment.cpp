@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "companion/companiontime.h"
+#include "data/companioncodes.h"
 #include "platform/database/recordset.h"
 
 namespace {
@@ -27,13 +28,20 @@ CompanionAppointment AppointmentOf(const db::Recordset& row) {
             .status = status >= 0 && status <= LastStatus ? status : 0};
 }
 
+bool IsScheduled(const db::Recordset& row) {
+    return row["CtrnStatus"].text().compare(QLatin1String(CtrnScheduled), Qt::CaseInsensitive) == 0;
+}
+
 MergedAppointment MergeAppointment(const CompanionAppointment& before, const CompanionAppointment& wanted,
                                    const CompanionAppointment& now) {
     MergedAppointment merged{now, {}, {}};
-    const auto merge = [&](auto CompanionAppointment::*field, const char* name, Field kind) {
-        const bool isTheirs = now.*field != before.*field;
+    const auto isOurs = [&](auto CompanionAppointment::*field, Field kind) {
         const bool isLost = kind == Field::Required && now.*field == CompanionAppointment().*field;
-        if (wanted.*field == before.*field && !isLost) {
+        return wanted.*field != before.*field || isLost;
+    };
+    const auto take = [&](auto CompanionAppointment::*field, const char* name, bool ours) {
+        const bool isTheirs = now.*field != before.*field;
+        if (!ours) {
             if (isTheirs)
                 merged.kept << fieldName(name);
             return;
@@ -42,8 +50,14 @@ MergedAppointment MergeAppointment(const CompanionAppointment& before, const Com
         if (isTheirs && now.*field != wanted.*field)
             merged.replaced << fieldName(name);
     };
-    merge(&CompanionAppointment::date, "date", Field::Required);
-    merge(&CompanionAppointment::start, "start time", Field::Required);
+    const auto merge = [&](auto CompanionAppointment::*field, const char* name, Field kind) {
+        take(field, name, isOurs(field, kind));
+    };
+    // A day of the one and a time of the other would be a moment that nobody chose.
+    const bool isMoved =
+        isOurs(&CompanionAppointment::date, Field::Required) || isOurs(&CompanionAppointment::start, Field::Required);
+    take(&CompanionAppointment::date, "date", isMoved);
+    take(&CompanionAppointment::start, "start time", isMoved);
     merge(&CompanionAppointment::duration, "duration", Field::Required);
     merge(&CompanionAppointment::TranId, "charge type", Field::Required);
     merge(&CompanionAppointment::status, "status", Field::Optional);

@@ -23,6 +23,10 @@ struct CompanionAppointment {
 /// Returns the appointment of the cursor's current row. Throws db::DatabaseError when the row lacks a column.
 [[nodiscard]] CompanionAppointment AppointmentOf(const db::Recordset& row);
 
+/// Whether the appointment of the cursor's current row is not charged yet, in any case of letters as the server
+/// compares.
+[[nodiscard]] bool IsScheduled(const db::Recordset& row);
+
 /// The changes of a user in an appointment, laid over the row as the companion program left it meanwhile.
 struct MergedAppointment {
     CompanionAppointment appointment;
@@ -32,6 +36,6 @@ struct MergedAppointment {
 
 /// Merges three states of an appointment: `before` as the user read it, `wanted` as the user leaves it and `now` as it
 /// is stored. A field that the user left alone keeps what the row holds now, unless the row has lost a field that every
-/// appointment needs.
+/// appointment needs. Date and start are one field.
 [[nodiscard]] MergedAppointment MergeAppointment(const CompanionAppointment& before, const CompanionAppointment& wanted,
                                                  const CompanionAppointment& now);

@@ -84,6 +84,18 @@ CompanionEvent merged(const CompanionEvent& loaded, const CompanionEvent& wanted
     return withState(now, state);
 }
 
+/// The event as it was loaded, with the columns of a clash as they are now.
+CompanionEvent withClash(CompanionEvent loaded, const QStringList& columns, const CompanionEvent& now) {
+    db::RowState state = stateOf(loaded);
+    const db::RowState theirs = stateOf(now);
+    for (const QString& column : columns)
+        if (const db::Value* value = theirs.Find(column))
+            state.Set(column, *value);
+        else
+            loaded.attendees = now.attendees;
+    return withState(std::move(loaded), state);
+}
+
 bool isSame(const CompanionEvent& left, const CompanionEvent& right) {
     const auto inOrder = [](QList<int> attendees) {
         std::sort(attendees.begin(), attendees.end());
@@ -117,6 +129,11 @@ void writeFields(Recordset& row, const CompanionEvent& event) {
 void insertAttendees(db::Connection& companion, int ceveid, const QList<int>& attendees) {
     for (const int provider : attendees)
         companion.Execute(Sql("Insert Into CalendarProviderEvents (ceveID, provid) Values({}, {})", ceveid, provider));
+}
+
+void writeAttendees(db::Connection& companion, int ceveid, const QList<int>& attendees) {
+    companion.Execute(Sql("Delete from CalendarProviderEvents Where ceveID = {}", ceveid));
+    insertAttendees(companion, ceveid, attendees);
 }
 
 /// Runs a write on a connection of its own, in one transaction.
@@ -182,14 +199,17 @@ CompanionEventOutcome UpdateCompanionEvent(int ceveid, const CompanionEvent& loa
         if (!isSingle(row, outcome))
             return;
         CompanionEvent now = eventOf(row);
-        writeFields(row, merged(loaded, wanted, now));
-        row.Update();
-        // The row is held from here on, so that no other desk adds an attendee unseen.
-        now.attendees = attendeesOf(companion, ceveid);
-        outcome.keptTheirs = !isSame(loaded, now);
-        const QList<int> attendees = mergedAttendees(loaded.attendees, wanted.attendees, now.attendees);
-        companion.Execute(Sql("Delete from CalendarProviderEvents Where ceveID = {}", ceveid));
-        insertAttendees(companion, ceveid, attendees);
+        try {
+            writeFields(row, merged(loaded, wanted, now));
+            row.Update();
+            // The row is held from here on, so that no other desk adds an attendee unseen.
+            now.attendees = attendeesOf(companion, ceveid);
+            outcome.keptTheirs = !isSame(loaded, now);
+            writeAttendees(companion, ceveid, mergedAttendees(loaded.attendees, wanted.attendees, now.attendees));
+        } catch (const db::RowClash& clash) {
+            outcome.clashing = withClash(loaded, clash.columns, now);
+            throw;
+        }
     });
 }
 

@@ -30,6 +30,9 @@ struct CompanionEventOutcome : WriteOutcome {
     int ceveid = 0;           ///< The key of the event that was written.
     bool recurs = false;      ///< Nothing was written, because the event has become a series.
     bool keptTheirs = false;  ///< The event had been changed meanwhile, and those changes stand.
+    /// After a clash, the event as it was loaded, with what clashed as it is now. A write against it replaces just
+    /// that.
+    std::optional<CompanionEvent> clashing;
 };
 
 /// The statement by which ReadCompanionEvent reads an event with its attendees.

@@ -1,7 +1,7 @@
 #include "companion/companionitem.h"
 
+#include "companion/companionappointment.h"
 #include "companion/companiontime.h"
-#include "data/companioncodes.h"
 #include "platform/text/plaintext.h"
 #include "session/rights.h"
 
@@ -44,8 +44,7 @@ CalendarItem AppointmentItem(const db::Recordset& row, bool hasSessionColumn) {
         SetNoteIcon(item);
     if (row["recurTranID"].integer() > 0)
         item.ItemSeriesIcon = CompanionSeriesIcon;
-    const bool scheduled = row["CtrnStatus"].text() == QLatin1String(CtrnScheduled);
-    item.ItemColor = scheduled ? companioncolor::Scheduled : companioncolor::Charged;
+    item.ItemColor = IsScheduled(row) ? companioncolor::Scheduled : companioncolor::Charged;
     MarkCompanionKind(item);
     return item;
 }

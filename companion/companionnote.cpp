@@ -121,24 +121,26 @@ void refuse(const QString& text) {
     MsgBox(text, ExclamationBox, QStringLiteral("Solvane"));
 }
 
-// A look-up of a pair tells nothing of a failure. Whoever finds no pair has to know that the pairs can be read at all.
-void requirePairs() {
-    const Recordset pairs(QStringLiteral("Select * from FHDataPairs Where 0=1"), Session().Connection);
+// A pair that could not be looked up may be there.
+void requireLookUp(const std::optional<db::DatabaseError>& failure) {
+    if (failure)
+        throw db::DatabaseError(*failure);
 }
 
 /// Finds the patient and the provider of a new note. Returns false when there is none to be made; the user has then
 /// been told the reason.
 bool findPairs(NotedTransaction& noted) {
     const SessionValues& session = Session();
-    noted.patientId = GetSVPatientFromFH(Session().Connection, session.FHDatabaseId, noted.ClntId);
+    std::optional<db::DatabaseError> failure;
+    noted.patientId = GetSVPatientFromFH(Session().Connection, session.FHDatabaseId, noted.ClntId, &failure);
+    requireLookUp(failure);
     if (noted.patientId.isEmpty()) {
-        requirePairs();
         refuse(QStringLiteral("This patient is not linked to a patient in Solvane. Unable to do a note."));
         return false;
     }
-    noted.providerId = GetSVProviderFromFH(Session().Connection, session.FHDatabaseId, noted.ProvId);
+    noted.providerId = GetSVProviderFromFH(Session().Connection, session.FHDatabaseId, noted.ProvId, &failure);
+    requireLookUp(failure);
     if (noted.providerId.isEmpty()) {
-        requirePairs();
         refuse(QStringLiteral(
             "The provider for this session is not linked to a provider in Solvane. Unable to do a note."));
         return false;

@@ -4,6 +4,10 @@
 
 #include "platform/calendar/item.h"
 
+namespace db {
+class Recordset;
+}
+
 /// Why a kind of item may not be worked on.
 struct CompanionRefusals {
     const char* ofSeries;
@@ -23,6 +27,9 @@ inline constexpr CompanionRefusals NotDeleted{
 
 /// Returns the reason why the item is refused, or "" when it may be worked on.
 [[nodiscard]] QString RefusalOf(const CalendarItem& item, const CompanionRefusals& refusals);
+
+/// The same for the row of an appointment, whether it was charged or joined a series since it was shown.
+[[nodiscard]] QString RefusalOf(const db::Recordset& row, const CompanionRefusals& refusals);
 
 /// Tells the user in a box why something was not done.
 void TellRefusal(const QString& text);

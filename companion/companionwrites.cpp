@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "companion/companionappointment.h"
 #include "companion/companiontime.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -32,12 +33,8 @@ QString movedRowStatement(int CtrnId) {
         CtrnId);
 }
 
-bool isScheduled(const Recordset& row) {
-    return row["CtrnStatus"].text().compare(QLatin1String("S"), Qt::CaseInsensitive) == 0;
-}
-
 CompanionHitch hitchOf(const Recordset& row, const CompanionPlace& from) {
-    if (!isScheduled(row))
+    if (!IsScheduled(row))
         return CompanionHitch::Charged;
     if (row["RecurTranId"].integer() > 0)
         return CompanionHitch::Recurring;

@@ -13,8 +13,10 @@
 #include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/notefield.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 namespace {
@@ -158,13 +160,21 @@ void frmFHAppt::cmdOk_Click() {
         return;
     written_ = true;
     if (isNew)
-        ShowPatientAlerts(GetSVPatientFromFH(Session().Connection, Session().FHDatabaseId, clientId_),
-                          QString::fromLatin1(AppointmentAlert));
+        showAlerts(AppointmentAlert);
     accept();
 }
 
 void frmFHAppt::cbostatus_Click() {
     if (cbostatus->ItemData() == Arrived)
-        ShowPatientAlerts(GetSVPatientFromFH(Session().Connection, Session().FHDatabaseId, clientId_),
-                          QString::fromLatin1(CheckInAlert));
+        showAlerts(CheckInAlert);
+}
+
+void frmFHAppt::showAlerts(const char* alertType) const {
+    const QString unread = QStringLiteral("Error reading patient alerts. ");
+    std::optional<db::DatabaseError> failure;
+    const QString patient = GetSVPatientFromFH(Session().Connection, Session().FHDatabaseId, clientId_, &failure);
+    if (failure)
+        return TellInBar(unread, *failure);
+    DropNotice(unread);
+    ShowPatientAlerts(patient, QString::fromLatin1(alertType));
 }

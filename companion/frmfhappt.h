@@ -34,7 +34,8 @@ struct CompanionAppointmentRequest {
 ///
 /// The provider of an existing appointment can be chosen and is not saved. The companion program works on the same
 /// rows: what it changed in the row while the form stood open is kept where the user left it alone, and the user is
-/// told by a notice what was kept and what was replaced.
+/// told by a notice what was kept and what was replaced. A row that was charged or joined a series is not written, and
+/// the user is told why: when it was so already, OK is off, and when it became so meanwhile, the form stays open.
 class frmFHAppt : public EditorDialog {
     Q_OBJECT
 
@@ -67,6 +68,7 @@ class frmFHAppt : public EditorDialog {
     [[nodiscard]] bool ValidateEntries();
     void cmdOk_Click();
     void cbostatus_Click();
+    void showAlerts(const char* alertType) const;
 
     // frmfhappt_load.cpp
     void load();
@@ -90,7 +92,7 @@ class frmFHAppt : public EditorDialog {
     /// What is to be written over a row that is `now` like this.
     [[nodiscard]] MergedAppointment mergedWith(const CompanionAppointment& now) const;
     /// Tells in the bar where the row is now another one than the form shows.
-    void tellWhatDiffers(const MergedAppointment& merged, bool isCharged) const;
+    void tellWhatDiffers(const MergedAppointment& merged) const;
     void warnOfMidnight(const CompanionAppointment& appointment) const;
 
     const CompanionAppointmentRequest request_;

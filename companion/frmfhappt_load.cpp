@@ -2,9 +2,9 @@
 #include <QPushButton>
 
 #include "companion/companionappointment.h"
+#include "companion/companionrefusals.h"
 #include "companion/frmfhappt.h"
 #include "companion/keyedcombo.h"
-#include "data/companioncodes.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
@@ -115,6 +115,9 @@ void frmFHAppt::LoadAppt(db::Connection& companion, int CtrnId) {
         if (row.Eof())
             return setStatusText(tr("This appointment is no longer in Fernhall."));
         showAppointment(companion, row);
+        const QString refusal = RefusalOf(row, NotModified);
+        if (!refusal.isEmpty())
+            return setStatusText(refusal);
         cmdOk->setEnabled(true);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading client appointment from Fernhall. "), error);
@@ -136,8 +139,6 @@ void frmFHAppt::showAppointment(db::Connection& companion, const Recordset& row)
     cbostatus->SetListIndex(cbostatus->FindItemData(appointment.status));
     if (request_.HasSVSessionCol && row.HasColumn(QStringLiteral("SVSessionID")))
         sessionId_ = static_cast<int>(row["SVSessionID"].integer());
-    if (row["CtrnStatus"].text() != QLatin1String(CtrnScheduled))
-        setStatusText(tr("This appointment has been charged in Fernhall."));
     loaded_ = appointment;
     shown_ = entered();
 }
@@ -151,7 +152,8 @@ void frmFHAppt::showNew() {
 
 void frmFHAppt::showClient(int ClientId, const QString& ClientName) {
     clientId_ = ClientId;
-    lblClient->setText(tr("Client: %1").arg(OneLine(ShownName(ClientName))));
+    FollowHiddenNames(
+        this, [this, ClientName](bool) { lblClient->setText(tr("Client: %1").arg(OneLine(ShownName(ClientName)))); });
 }
 
 void frmFHAppt::showProvider(db::Connection& companion, int ProvId) {

@@ -1,7 +1,8 @@
+#include "appointments/writeoutcome.h"
+#include "companion/companionrefusals.h"
 #include "companion/companiontime.h"
 #include "companion/frmfhappt.h"
 #include "companion/keyedcombo.h"
-#include "data/companioncodes.h"
 #include "data/minutetime.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -10,8 +11,10 @@
 #include "platform/controls/noticebar.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
+#include "platform/database/transaction.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "session/errorbox.h"
 #include "session/session.h"
 
 using db::Raw;
@@ -19,10 +22,6 @@ using db::Recordset;
 using db::Sql;
 
 namespace {
-
-void tellFailure(const QString& text, const db::DatabaseError& error) {
-    MsgBox(text + error.description, ExclamationBox, QStringLiteral("Error"));
-}
 
 void warn(const QString& text) {
     ShowNotice({text, Notice::Kind::Caution});
@@ -50,18 +49,26 @@ QString updateStatement(int CtrnId, const CompanionAppointment& appointment) {
         appointment.duration, memo, CompanionNowText(), Session().FHProviderId, appointment.status, CtrnId);
 }
 
-/// The row as another program left it while the form stood open.
-struct RowNow {
-    bool isGone = false;
-    bool isCharged = false;
-    CompanionAppointment appointment;
+/// How the write of an appointment ended. Gone tells that the row was deleted meanwhile.
+struct UpdateOutcome : WriteOutcome {
+    QString refusal;  ///< Why the row, as it is now, was left alone.
+    MergedAppointment merged;
 };
 
-RowNow readNow(db::Connection& companion, int CtrnId) {
-    const Recordset row(Sql("Select * from ClientTransactions Where CtrnId = {}", CtrnId), companion);
-    if (row.Eof())
-        return {.isGone = true, .appointment = {}};
-    return {.isCharged = row["CtrnStatus"].text() != QLatin1String(CtrnScheduled), .appointment = AppointmentOf(row)};
+/// Writes over the row what `merge` makes of it as it is now.
+template <typename Merge>
+void writeOver(db::Connection& companion, int CtrnId, UpdateOutcome& outcome, Merge&& merge) {
+    // The row is held, so that nobody charges or moves it between this look and the write.
+    const Recordset row(Sql("Select * from ClientTransactions With (UpdLock) Where CtrnId = {}", CtrnId), companion);
+    if (row.Eof()) {
+        outcome.end = WriteOutcome::End::Gone;
+        return;
+    }
+    outcome.refusal = RefusalOf(row, NotModified);
+    if (!outcome.refusal.isEmpty())
+        return;
+    outcome.merged = merge(AppointmentOf(row));
+    companion.Execute(updateStatement(CtrnId, outcome.merged.appointment));
 }
 
 }  // namespace
@@ -91,7 +98,7 @@ bool frmFHAppt::SaveFHAppointment() {
         // The key only serves to find the new row again in the schedule.
         db::Ignoring([&] { ctrnKey_ = static_cast<int>(companion.LastIdentity()); });
     } catch (const db::DatabaseError& error) {
-        tellFailure(QStringLiteral("Error saving appointment to Fernhall. Error "), error);
+        TellError(QStringLiteral("Error saving appointment to Fernhall. Error "), error, ExclamationBox);
         return false;
     }
     warnOfMidnight(entered());
@@ -100,26 +107,25 @@ bool frmFHAppt::SaveFHAppointment() {
 
 bool frmFHAppt::UpdateAppt(int CtrnId) {
     const BusyPointer busy;
-    try {
+    const auto outcome = AttemptWrite<UpdateOutcome>([&](UpdateOutcome& update) {
         db::Connection companion;
         companion.Open(Session().FHConnectionString);
-        const RowNow now = readNow(companion, CtrnId);
-        const MergedAppointment merged = mergedWith(now.isGone ? loaded_ : now.appointment);
-        if (companion.Execute(updateStatement(CtrnId, merged.appointment)) == 0)
-            warn(tr("The %1 was deleted in Fernhall meanwhile. Nothing was saved.").arg(Subject()));
-        else
-            tellWhatDiffers(merged, now.isCharged);
-    } catch (const db::DatabaseError& error) {
-        tellFailure(QStringLiteral("Error updating appointment in Fernhall. Error "), error);
-        return false;
-    }
-    return true;
+        db::InTransaction(companion, [&] {
+            writeOver(companion, CtrnId, update, [this](const CompanionAppointment& now) { return mergedWith(now); });
+        });
+    });
+    if (outcome.failure)
+        TellError(QStringLiteral("Error updating appointment in Fernhall. Error "), *outcome.failure, ExclamationBox);
+    else if (!outcome.refusal.isEmpty())
+        TellRefusal(outcome.refusal);
+    else if (outcome.IsDone())
+        tellWhatDiffers(outcome.merged);
+    else
+        warn(tr("The %1 was deleted in Fernhall meanwhile. Nothing was saved.").arg(Subject()));
+    return !outcome.failure && outcome.refusal.isEmpty();
 }
 
-void frmFHAppt::tellWhatDiffers(const MergedAppointment& merged, bool isCharged) const {
-    if (isCharged)
-        warn(tr("The %1 was charged in Fernhall meanwhile. What you changed was saved in the charged appointment.")
-                 .arg(Subject()));
+void frmFHAppt::tellWhatDiffers(const MergedAppointment& merged) const {
     QString changes;
     if (!merged.kept.isEmpty())
         changes += tr(" Kept from there: %1.").arg(merged.kept.join(QStringLiteral(", ")));

@@ -78,7 +78,9 @@ void frmFHAppts::ApplyPreferences() {
 
 QString frmFHAppts::GetTherapistList() {
     try {
-        return ReadChoice(ChoiceCategory, ChoiceDetail);
+        QString choice = ReadChoice(ChoiceCategory, ChoiceDetail);
+        choiceKnown_ = true;
+        return choice;
     } catch (const db::DatabaseError& error) {
         MsgBox(QStringLiteral("Error loading last saved therapist filter. ") + error.description, ErrorBox,
                QStringLiteral("Error Getting Information"));
@@ -88,7 +90,7 @@ QString frmFHAppts::GetTherapistList() {
 
 void frmFHAppts::SaveTherapistList() {
     // An empty list could not be read, so it holds no choice.
-    if (!panel_->Providers().empty())
+    if (choiceKnown_ && !panel_->Providers().empty())
         db::Ignoring([this] { WriteChoice(ChoiceCategory, ChoiceDetail, panel_->Choice()); });
 }
 
@@ -112,7 +114,8 @@ void frmFHAppts::LoadProviders() {
 
 // A choice that the user made since the view was opened is not stored yet.
 void frmFHAppts::readProviders(db::Connection& companion) {
-    const QString choice = panel_->Providers().empty() ? GetTherapistList() : panel_->Choice();
+    const bool isMade = choiceKnown_ && !panel_->Providers().empty();
+    const QString choice = isMade ? panel_->Choice() : GetTherapistList();
     const db::ReadTogether together(companion, {providersStatement(), SessionColumnStatement()});
     Recordset rows(providersStatement(), companion);
     HasSVSessionCol_ = IsSVSessionIDColThere(companion);
@@ -140,6 +143,7 @@ void frmFHAppts::resetcols() {
 }
 
 void frmFHAppts::showChosen() {
+    choiceKnown_ = true;
     resetcols();
     Reload();
 }

@@ -134,9 +134,9 @@ class frmFHAppts : public MenuView {
     void loadDay();
     void load(QDate date, const QString& of, const std::vector<CompanionSpan>& spans);
     void loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans);
-    /// Adds the items of one provider. Returns false and sets `fault` when a series is left out because its interval is
-    /// 0. Throws db::DatabaseError.
-    bool LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault);
+    /// Adds the items of one provider. Sets `fault` when a series is left out because its interval is 0. Throws
+    /// db::DatabaseError.
+    void LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault);
     void addAppointment(const db::Recordset& row, const CompanionSpan& span);
     [[nodiscard]] int callIcon(const QString& code);
     void addEvent(const db::Recordset& row, const CompanionSpan& span, SeriesDays& series);
@@ -190,6 +190,7 @@ class frmFHAppts : public MenuView {
     Mode mode_ = Mode::Day;
     bool HasSVSessionCol_ = false;
     bool providersRead_ = false;
+    bool choiceKnown_ = false;                ///< The stored choice was read, or the user made one since.
     bool sized_ = false;                      ///< Whether the panes have sizes of their own.
     CompanionProvider weekProvider_;          ///< Whose week is shown.
     std::vector<CompanionProvider> columns_;  ///< The provider of each column of the day.

@@ -126,8 +126,7 @@ void frmFHAppts::loadSpans(db::Connection& companion, const std::vector<Companio
         TellError(QStringLiteral("Error loading appointments. "), *fault);
 }
 
-bool frmFHAppts::LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault) {
-    bool whole = true;
+void frmFHAppts::LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault) {
     for (; !rows.appointments.Eof(); rows.appointments.MoveNext())
         addAppointment(rows.appointments, rows.span);
     for (; !rows.events.Eof(); rows.events.MoveNext()) {
@@ -138,10 +137,8 @@ bool frmFHAppts::LoadCalendar(CompanionRows& rows, SeriesDays& series, std::opti
             if (error.number != DivideByZero)
                 throw;
             fault = error;
-            whole = false;
         }
     }
-    return whole;
 }
 
 void frmFHAppts::addAppointment(const Recordset& row, const CompanionSpan& span) {

@@ -44,7 +44,7 @@ class frmFHEvents : public EditorDialog {
 
     [[nodiscard]] QString Subject() const override;
 
-    QLabel* lblnotice = nullptr;  ///< Tells why the event cannot be changed; hidden where it can.
+    QLabel* lblnotice = nullptr;  ///< Tells why the event cannot be changed, or what OK replaces; hidden otherwise.
     TextField* txtevent = nullptr;
     ctDEdit* txtdate = nullptr;
     QLabel* lblweekday = nullptr;
@@ -80,6 +80,8 @@ class frmFHEvents : public EditorDialog {
     // frmfhevents_save.cpp
     void cmdOk_Click();
     void cmdDelete_Click();
+    /// Lets the next OK replace what clashed, and says so.
+    void showClash(const CompanionEvent& clashing);
     void settleFields();
     [[nodiscard]] bool ValidateEntries();
     [[nodiscard]] CompanionEvent entered() const;

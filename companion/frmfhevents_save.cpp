@@ -1,5 +1,6 @@
 #include <initializer_list>
 #include <QCheckBox>
+#include <QLabel>
 
 #include "appointments/attendeelist.h"
 #include "companion/companionfields.h"
@@ -24,12 +25,25 @@ void frmFHEvents::cmdOk_Click() {
     }
     if (!isWritten(
             outcome, isNew ? QStringLiteral("Error saving event. ") : QStringLiteral("Error modifying event. "),
-            QStringLiteral("You cannot modify a recurring event in Solvane. Use Fernhall to modify this event.")))
+            QStringLiteral("You cannot modify a recurring event in Solvane. Use Fernhall to modify this event."))) {
+        if (outcome.clashing)
+            showClash(*outcome.clashing);
         return;
+    }
     if (outcome.keptTheirs)
         ShowNotice({tr("The event was changed in Fernhall or at another desk meanwhile. Those changes were kept.")});
     savedKey_ = outcome.ceveid;
     accept();
+}
+
+void frmFHEvents::showClash(const CompanionEvent& clashing) {
+    // The name as it was first shown is a change from now on, when somebody types it again.
+    if (clashing.name != loaded_->name)
+        nameShown_.clear();
+    loaded_ = clashing;
+    lblnotice->setText(
+        tr("Fernhall or another desk changed the same as you. OK replaces their change by yours, Cancel keeps it."));
+    lblnotice->parentWidget()->show();
 }
 
 void frmFHEvents::cmdDelete_Click() {

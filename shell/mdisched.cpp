@@ -1,6 +1,7 @@
 #include "shell/mdisched.h"
 
 #include <algorithm>
+#include <optional>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -26,6 +27,7 @@
 #include "platform/desktop/userstore.h"
 #include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
+#include "session/errorbox.h"
 #include "session/formposition.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
@@ -181,7 +183,15 @@ void mdisched::chooseFromTaskPane(const QString& key) {
 bool mdisched::findCompanionProvider() {
     SessionValues& session = Session();
     const QString& provider = session.UserType == SystemAdministrator ? session.ProviderId : session.UID;
-    session.FHProviderId = GetFHProviderId(session.Connection, session.FHDatabaseId, provider);
+    const QString unread = tr("The provider could not be looked up for Fernhall. ");
+    std::optional<db::DatabaseError> failure;
+    const int paired = GetFHProviderId(session.Connection, session.FHDatabaseId, provider, &failure);
+    if (failure) {
+        TellInBar(unread, *failure);
+        return false;
+    }
+    DropNotice(unread);
+    session.FHProviderId = paired;
     if (session.FHProviderId >= 1)
         return true;
     MsgBox(QStringLiteral("Unable to find Fernhall scheduling data for this provider."), InformationBox,

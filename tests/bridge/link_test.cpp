@@ -147,9 +147,21 @@ TEST_F(Link, APairOfAnotherCompanionDatabaseIsNotFound) {
 
 TEST_F(Link, WithoutADatabaseNothingIsPaired) {
     pair(1, "FH-1", 42, "O''BRIEN");
-    EXPECT_EQ(GetFHProviderId(main, "FH-1", "O'BRIEN"), 42);
+    std::optional<db::DatabaseError> failure;
+    EXPECT_EQ(GetFHProviderId(main, "FH-1", "O'BRIEN", &failure), 42);
+    EXPECT_EQ(GetSVPatientFromFH(main, "FH-1", 42, &failure), "");
+    EXPECT_FALSE(failure);
 
     main.Close();
+
+    EXPECT_EQ(GetFHProviderId(main, "FH-1", "O'BRIEN", &failure), 0);
+    EXPECT_TRUE(failure);
+    failure.reset();
+    EXPECT_EQ(GetSVProviderFromFH(main, "FH-1", 42, &failure), "");
+    EXPECT_TRUE(failure);
+    failure.reset();
+    EXPECT_EQ(GetSVPatientFromFH(main, "FH-1", 42, &failure), "");
+    EXPECT_TRUE(failure);
 
     EXPECT_EQ(GetFHProviderId(main, "FH-1", "O'BRIEN"), 0);
     EXPECT_EQ(GetSVProviderFromFH(main, "FH-1", 42), "");

@@ -77,7 +77,7 @@ void CompanionEditorFixture::expectAlert(const QString& text) {
 void CompanionEditorFixture::dropSessionColumn() {
     run(QStringLiteral("Drop Table ClientTransactions"));
     run(QStringLiteral(
-        "Create Table ClientTransactions (CtrnId int identity(1,1) not null primary key, ClntId int null, TranId int null, ProvId int null, CtrnDate datetime null, CtrnTime datetime null, CtrnDuration int null, CtrnStatus nvarchar(1) null, CtrnNotes nvarchar(max) null, appt_status smallint null, CTRNDiagnosisPointer smallint null, CTRNDiagnosisPointerS nvarchar(10) null, ClaimSubmStatus smallint null, isICDBlock12 smallint null, DateCreated datetime null, UserIDCreated int null, LastModifiedDate datetime null, UserIdLastModified int null)"));
+        "Create Table ClientTransactions (CtrnId int identity(1,1) not null primary key, ClntId int null, TranId int null, ProvId int null, CtrnDate datetime null, CtrnTime datetime null, CtrnDuration int null, CtrnStatus nvarchar(1) null, RecurTranId int null, CtrnNotes nvarchar(max) null, appt_status smallint null, CTRNDiagnosisPointer smallint null, CTRNDiagnosisPointerS nvarchar(10) null, ClaimSubmStatus smallint null, isICDBlock12 smallint null, DateCreated datetime null, UserIDCreated int null, LastModifiedDate datetime null, UserIdLastModified int null)"));
 }
 
 int CompanionEditorFixture::addAppointment() {

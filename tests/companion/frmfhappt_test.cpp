@@ -7,12 +7,14 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "companion/companionrefusals.h"
 #include "companion/keyedcombo.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/notefield.h"
 #include "platform/database/sql.h"
+#include "session/hiddennames.h"
 #include "session/session.h"
 #include "tests/companion/editorfixture.h"
 
@@ -66,6 +68,17 @@ TEST_F(CompanionAppointmentLoad, AHiddenNameIsHiddenHereToo) {
     Session().HidePatientNames = true;
     EXPECT_FALSE(openNew().lblClient->text().contains("Stone"));
     EXPECT_FALSE(openRow(addAppointment()).lblClient->text().contains("Stone"));
+}
+
+TEST_F(CompanionAppointmentLoad, ANameThatIsHiddenOrShownWhileTheFormIsOpenFollows) {
+    const auto follow = [](const frmFHAppt& form) {
+        SetNamesHidden(true);
+        EXPECT_FALSE(form.lblClient->text().contains("Stone"));
+        SetNamesHidden(false);
+        EXPECT_EQ(form.lblClient->text(), "Client: Stone, Mary");
+    };
+    follow(openNew());
+    follow(openRow(addAppointment()));
 }
 
 TEST_F(CompanionAppointmentLoad, TheFieldsAreReachedByTabAndByTheirLetters) {
@@ -235,10 +248,21 @@ TEST_F(CompanionAppointmentLoad, AnAppointmentThatIsGoneLeavesTheFormBlankAndCan
     EXPECT_FALSE(form.cmdOk->isEnabled());
 }
 
-TEST_F(CompanionAppointmentLoad, AnAppointmentThatHasBeenChargedSaysSo) {
+TEST_F(CompanionAppointmentLoad, AnAppointmentThatHasBeenChargedSaysSoAndCannotBeSaved) {
     const int key = addAppointment();
-    run("Update ClientTransactions Set CtrnStatus = 'C'");
-    EXPECT_EQ(openRow(key).lblstatus->text(), "This appointment has been charged in Fernhall.");
+    run("Update ClientTransactions Set CtrnStatus = 'C', RecurTranId = 5");
+    const frmFHAppt& form = openRow(key);
+    EXPECT_EQ(form.lblstatus->text(), NotModified.charged);
+    EXPECT_FALSE(form.cmdOk->isEnabled());
+    EXPECT_EQ(form.txtstarttime->Time(), 540);
+}
+
+TEST_F(CompanionAppointmentLoad, AnAppointmentOfASeriesSaysSoAndCannotBeSaved) {
+    const int key = addAppointment();
+    run("Update ClientTransactions Set RecurTranId = 5");
+    const frmFHAppt& form = openRow(key);
+    EXPECT_EQ(form.lblstatus->text(), NotModified.ofSeries);
+    EXPECT_FALSE(form.cmdOk->isEnabled());
 }
 
 TEST_F(CompanionAppointmentLoad, ACompanionWithoutTheSessionColumnIsRead) {
@@ -327,6 +351,13 @@ TEST_F(CompanionAppointmentForm, ArrivedOfAClientWithoutAPatientShowsNothing) {
     frmFHAppt& form = openRow(addAppointment());
     pick(form.cbostatus, 3);
     EXPECT_EQ(form.cbostatus->Text(), "Arrived");
+}
+
+TEST_F(CompanionAppointmentForm, ArrivedOfAClientWhosePatientCannotBeLookedUpIsToldInTheBar) {
+    const QString why = DropTable(main.connection(), "FHDataPairs");
+    frmFHAppt& form = openRow(addAppointment());
+    pick(form.cbostatus, 3);
+    EXPECT_EQ(bar.Texts(), QStringList{"Error reading patient alerts. " + why});
 }
 
 TEST_F(CompanionAppointmentForm, ArrivedOfANewAppointmentShowsBothAlerts) {

@@ -1,6 +1,8 @@
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 
+#include "companion/companionrefusals.h"
 #include "companion/frmfhappt.h"
 #include "companion/keyedcombo.h"
 #include "platform/controls/completingcombo.h"
@@ -214,6 +216,18 @@ class CompanionAppointmentMeanwhile : public CompanionEditorFixture {
         form.cmdOk->click();
         EXPECT_EQ(form.result(), QDialog::Accepted);
     }
+    void expectRefused(const char* text) {
+        form.txtmemo->setPlainText("typed");
+        for (int time = 0; time < 2; ++time) {
+            desk.expectBox(text, "Solvane");
+            form.cmdOk->click();
+            EXPECT_TRUE(form.isVisible());
+            EXPECT_FALSE(form.IsWritten());
+        }
+        EXPECT_EQ(form.txtmemo->toPlainText(), "typed");
+        EXPECT_EQ(stored("CtrnNotes"), "Bring forms");
+        EXPECT_EQ(bar.Texts(), QStringList());
+    }
     /// The bar has this notice alone.
     void expectNotice(const QString& text) { EXPECT_EQ(bar.Texts(), QStringList{text}); }
 
@@ -229,14 +243,28 @@ TEST_F(CompanionAppointmentMeanwhile, ARowThatWasDeletedClosesTheFormAndIsToldIn
         "The Fernhall appointment on 03/12/2026 at 9:00 AM was deleted in Fernhall meanwhile. Nothing was saved.");
 }
 
-TEST_F(CompanionAppointmentMeanwhile, ARowThatWasChargedIsSavedAndTold) {
+TEST_F(CompanionAppointmentMeanwhile, ARowThatWasChargedIsLeftAloneAndTheFormStaysOpenWithWhatWasTyped) {
     run("Update ClientTransactions Set CtrnStatus = 'C'");
-    form.txtmemo->setPlainText("x");
+    expectRefused(NotModified.charged);
+}
+
+TEST_F(CompanionAppointmentMeanwhile, ARowThatJoinedASeriesIsLeftAloneAndTheFormStaysOpenWithWhatWasTyped) {
+    run("Update ClientTransactions Set RecurTranId = 5");
+    expectRefused(NotModified.ofSeries);
+    run("Update ClientTransactions Set RecurTranId = 0");
     save();
-    EXPECT_EQ(stored("CtrnNotes"), "x");
-    EXPECT_EQ(stored("CtrnStatus"), "C");
-    expectNotice(
-        "The Fernhall appointment on 03/12/2026 at 9:00 AM was charged in Fernhall meanwhile. What you changed was saved in the charged appointment.");
+    EXPECT_EQ(stored("CtrnNotes"), "typed");
+}
+
+TEST_F(CompanionAppointmentMeanwhile, TheRowIsHeldFromTheLookAtItToTheWrite) {
+    const TripLog log;
+    form.cmdOk->click();
+    const qsizetype held = log.sent().indexOf(QRegularExpression("^Select .* With \\(UpdLock\\) .*"));
+    const qsizetype written = log.sent().indexOf(QRegularExpression("^Update ClientTransactions.*"));
+    EXPECT_LE(0, log.sent().indexOf("(begin)"));
+    EXPECT_LT(log.sent().indexOf("(begin)"), held);
+    EXPECT_LT(held, written);
+    EXPECT_LT(written, log.sent().indexOf("(commit)"));
 }
 
 TEST_F(CompanionAppointmentMeanwhile, WhatTheUserLeftAloneKeepsTheCompanionsChangeAndIsTold) {
@@ -250,6 +278,35 @@ TEST_F(CompanionAppointmentMeanwhile, WhatTheUserLeftAloneKeepsTheCompanionsChan
     EXPECT_EQ(stored("CtrnNotes"), "theirs");
     expectNotice(
         "The Fernhall appointment on 03/12/2026 at 9:00 AM was changed in Fernhall meanwhile. Kept from there: date, start time, charge type, status, memo. Replaced by yours: duration.");
+}
+
+TEST_F(CompanionAppointmentMeanwhile, ADayOfTheirsAndATimeOfOursAreNotMixed) {
+    run("Update ClientTransactions Set CtrnDate = '2026/03/13', CtrnTime = '2026-03-13 11:00'");
+    form.txtstarttime->setTime(600);
+    save();
+    EXPECT_EQ(stored("CtrnDate"), "2026-03-12 00:00:00");
+    EXPECT_EQ(stored("CtrnTime"), "2026-03-12 10:00:00");
+    expectNotice(
+        "The Fernhall appointment on 03/12/2026 at 10:00 AM was changed in Fernhall meanwhile. Replaced by yours: date, start time.");
+}
+
+TEST_F(CompanionAppointmentMeanwhile, ADayOfOursAndATimeOfTheirsAreNotMixed) {
+    run("Update ClientTransactions Set CtrnTime = '2026-03-12 11:00'");
+    form.txtdate->setDate({2026, 3, 13});
+    save();
+    EXPECT_EQ(stored("CtrnDate"), "2026-03-13 00:00:00");
+    EXPECT_EQ(stored("CtrnTime"), "2026-03-13 09:00:00");
+    expectNotice(
+        "The Fernhall appointment on 03/13/2026 at 9:00 AM was changed in Fernhall meanwhile. Replaced by yours: start time.");
+}
+
+TEST_F(CompanionAppointmentMeanwhile, TheSamePlaceFromBothTellsNothing) {
+    run("Update ClientTransactions Set CtrnDate = '2026/03/13', CtrnTime = '2026-03-13 10:00'");
+    form.txtdate->setDate({2026, 3, 13});
+    form.txtstarttime->setTime(600);
+    save();
+    EXPECT_EQ(stored("CtrnTime"), "2026-03-13 10:00:00");
+    EXPECT_EQ(bar.Texts(), QStringList());
 }
 
 TEST_F(CompanionAppointmentMeanwhile, ARowThatLostWhatEveryAppointmentNeedsGetsItFromTheForm) {

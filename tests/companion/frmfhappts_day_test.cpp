@@ -89,6 +89,12 @@ TEST_F(CompanionDay, AScheduledAppointmentCanBeMovedButNotTyped) {
     EXPECT_EQ(appointment(key).ItemStatusIcon, 0);
 }
 
+TEST_F(CompanionDay, AStatusInASmallLetterIsNotCharged) {
+    const int key = add({.status = "s"});
+    open();
+    EXPECT_EQ(appointment(key).ItemColor, companioncolor::Scheduled);
+}
+
 TEST_F(CompanionDay, AChargedAppointmentIsLockedAndSaysSo) {
     const int key = add({.status = "C"});
     const int unknown = add({.time = "2026/03/11 11:00 AM", .status = ""});

@@ -166,6 +166,22 @@ TEST_F(CompanionProviders, AChoiceThatCannotBeMadeIsToldAndEverybodyIsShown) {
     EXPECT_EQ(titles().size(), 3);
 }
 
+TEST_F(CompanionProviders, AChoiceThatCouldNotBeReadIsNotReplacedBeforeTheUserChooses) {
+    for (const bool chooses : {false, true}) {
+        here("Delete from User_Preferences");
+        const QString why = database_.refuse("Insert", "User_Preferences");
+        desk.expectBox("Error loading last saved therapist filter. " + why, "Error Getting Information");
+        open();
+        database_.allow("Insert", "User_Preferences");
+        keep("2|");
+        if (chooses)
+            clickBox(1);
+        view_->close();
+        EXPECT_EQ(kept(), chooses ? "2|1|" : "2|");
+        view_.reset();
+    }
+}
+
 TEST_F(CompanionProviders, ACompanionThatIsAwayIsToldOnceAndCanBeTriedAgain) {
     add({});
     const QString why = takeCompanionAway();

@@ -317,6 +317,66 @@ TEST_F(EventSave, ADayOfTheirsAndATimeOfOursAreNotMixed) {
     EXPECT_EQ(stored(key), QStringLiteral("Huddle|2026-03-18|540|30|0|0"));
 }
 
+TEST_F(EventSave, ASecondOkWritesWhatClashedAndKeepsTheirOtherChanges) {
+    const int key = huddle({Reed});
+    openEvent(key);
+    type(form->txtevent, QStringLiteral("Mine"));
+    theySet("CEveName = 'Theirs', CEveDuration = 90");
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    EXPECT_TRUE(form->lblnotice->isVisible());
+    EXPECT_TRUE(form->lblnotice->text().contains("OK"));
+    ok();
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(stored(key), QStringLiteral("Mine|2026-03-11|540|90|0|0"));
+}
+
+TEST_F(EventSave, ASecondOkIsRefusedWhenTheyChangedItOnceMore) {
+    const int key = huddle({Reed});
+    openEvent(key);
+    type(form->txtevent, QStringLiteral("Mine"));
+    theySet("CEveName = 'Theirs'");
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    theySet("CEveName = 'Theirs again'");
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    EXPECT_EQ(column("CEveName", key), QStringLiteral("Theirs again"));
+    ok();
+    EXPECT_EQ(column("CEveName", key), QStringLiteral("Mine"));
+}
+
+TEST_F(EventSave, ASecondOkWritesTheFirstNameWhenItWasTypedAgain) {
+    const int key = huddle({Reed});
+    openEvent(key);
+    type(form->txtevent, QStringLiteral("Mine"));
+    type(form->txtstarttime, QStringLiteral("10:00 AM"));
+    theySet("CEveName = 'Theirs'");
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    type(form->txtevent, QStringLiteral("Huddle"));
+    ok();
+    EXPECT_EQ(stored(key), QStringLiteral("Huddle|2026-03-11|600|30|0|0"));
+}
+
+TEST_F(EventSave, ASecondOkWritesDayAndStartOfOurs) {
+    const int key = huddle({Reed});
+    openEvent(key);
+    type(form->txtstarttime, QStringLiteral("10:00 AM"));
+    theySet("CEveDate = '2026/03/18'");
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    ok();
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(stored(key), QStringLiteral("Huddle|2026-03-11|600|30|0|0"));
+}
+
+TEST_F(EventSave, ASecondOkWritesTheAttendeesAsTheFormShowsThem) {
+    const int key = huddle({Lane, Reed});
+    openEvent(key);
+    clickAttendee("Reed");
+    run(QStringLiteral("Delete from CalendarProviderEvents Where ProvId = 1"));
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    ok();
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(attendees(key), QStringLiteral("1"));
+}
+
 TEST_F(EventSave, WhomTheyAddedAttendsAndWhomTheyTookAwayDoesNot) {
     const int key = huddle({Lane, Reed});
     openEvent(key);

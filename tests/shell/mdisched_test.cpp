@@ -11,6 +11,7 @@
 #include "data/codes.h"
 #include "people/frmsltpv.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/forms.h"
 #include "tests/shell/mainwindowfixture.h"
 
@@ -275,7 +276,8 @@ TEST_F(MainWindowTest, APaneItemOpensItsView) {
 }
 
 TEST_F(MainWindowTest, WithoutAPairInFernhallTheSelectionGoesBackToTheOpenView) {
-    Session().FHDatabaseId = QStringLiteral("FH1");
+    pairWithCompanion();
+    paired->connection().Execute(QStringLiteral("Delete from FHDataPairs"));
     Session().FHProviderId = 4;
     start();
     desk.expectBox(QStringLiteral("Unable to find Fernhall scheduling data for this provider."),
@@ -284,6 +286,21 @@ TEST_F(MainWindowTest, WithoutAPairInFernhallTheSelectionGoesBackToTheOpenView) 
     EXPECT_EQ(Session().CurrentView, View::Day);
     EXPECT_EQ(pane().SelectedKey(), QStringLiteral("DAY"));
     EXPECT_EQ(Session().FHProviderId, 0);
+}
+
+TEST_F(MainWindowTest, APairThatCannotBeLookedUpIsToldInTheBarAndTheOneThatWasFoundStays) {
+    pairWithCompanion();
+    start();
+    Session().FHProviderId = 7;
+    const QString why = DropTable(paired->connection(), QStringLiteral("FHDataPairs"));
+    for (int time = 0; time < 2; ++time) {
+        window->changeview(View::Companion);
+        EXPECT_EQ(Session().CurrentView, View::Day);
+        EXPECT_EQ(pane().SelectedKey(), QStringLiteral("DAY"));
+        EXPECT_EQ(Session().FHProviderId, 7);
+        EXPECT_EQ(window->findChild<NoticeBar*>()->Texts(),
+                  QStringList{QStringLiteral("The provider could not be looked up for Fernhall. ") + why});
+    }
 }
 
 TEST_F(MainWindowTest, ACompanionThatCannotOpenFirstGivesWayToTheDay) {
