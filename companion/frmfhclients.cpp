@@ -28,6 +28,8 @@ using db::Sql;
 namespace {
 
 constexpr int NameColumn = 1;
+constexpr int NumberColumn = 2;
+constexpr int NumberCharacters = 10;
 
 void tellFailure(const db::DatabaseError& error) {
     TellError(QStringLiteral("Error loading Fernhall clients. "), error);
@@ -85,7 +87,8 @@ void frmFHClients::buildForm(const QString& providerName) {
     txtfind->installEventFilter(this);
     List1 = Named(new ctList(this), "List1");
     List1->setAccessibleName(tr("Clients"));
-    List1->SetColumns({{tr("Client")}});
+    List1->SetColumns({{tr("Client")}, {.header = tr("Number"), .widthCharacters = NumberCharacters}});
+    List1->setColumnHidden(NumberColumn - 1, true);
     lblnobody = Named(new QLabel(this), "lblnobody");
     lblnobody->setWordWrap(true);
     lblnobody->hide();
@@ -167,7 +170,17 @@ void frmFHClients::LoadClients(const QString& svProviderId) {
 void frmFHClients::addClient(const Recordset& row) {
     const bool all = Session().AllProviders;
     const int client = static_cast<int>(row[all ? 0 : 1].integer());
-    List1->AddRow({NameOrKey(row[all ? 1 : 0].text(), client)}, client);
+    const QString name = NameOrKey(row[all ? 1 : 0].text(), client);
+    const int added = List1->AddRow({name, {}}, client);
+    // The list is in the order of the names, so that those of one name follow each other.
+    if (List1->Cell(added - 1, NameColumn).compare(name, Qt::CaseInsensitive) == 0)
+        showNumbers({added - 1, added});
+}
+
+void frmFHClients::showNumbers(std::initializer_list<int> rows) {
+    for (const int row : rows)
+        List1->SetCell(row, NumberColumn, List1->ItemData(row).toString());
+    List1->setColumnHidden(NumberColumn - 1, false);
 }
 
 void frmFHClients::findTyped() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <QDialog>
 
 class FillProgress;
@@ -48,6 +49,8 @@ class frmFHClients : public QDialog {
     void load();
     void LoadClients(const QString& svProviderId);
     void addClient(const db::Recordset& row);
+    /// Shows the ClntId of clients who have one name.
+    void showNumbers(std::initializer_list<int> rows);
     /// Selects the first client whose name begins with the text of txtfind, as soon as that client is on the list.
     /// While there is none, nobody is selected, so that OK cannot take another client than the one who was typed.
     void findTyped();

@@ -55,6 +55,28 @@ TEST_F(CompanionClients, WithTheRightToAllSchedulesEveryActiveClientIsListedByNa
     EXPECT_EQ(namesOf(openClients()), (QStringList{"Abel, Zoe", "O'Brien, Ian", "Stone, Mary"}));
 }
 
+TEST_F(CompanionClients, ClientsOfOneNameAreToldApartByTheirNumbers) {
+    addClient("Stone", "mary");
+    addClient("Stone", "Maryam");
+    frmFHClients& form = openClients();
+    EXPECT_EQ(namesOf(form).size(), 4);
+    EXPECT_FALSE(form.List1->isColumnHidden(1));
+    QStringList numbers;
+    for (int row = 0; row < form.List1->RowCount(); ++row)
+        numbers << form.List1->ShownCell(row, 2);
+    numbers.sort();
+    EXPECT_EQ(numbers, (QStringList{"", "", "1", "3"}));
+    QTest::keyClicks(form.txtfind, "stone, m");
+    QTest::keyClick(form.txtfind, Qt::Key_Return);
+    EXPECT_EQ(form.ClientName().toLower(), "stone, mary");
+}
+
+TEST_F(CompanionClients, WhereEachNameIsAloneNoNumberIsShown) {
+    const frmFHClients& form = openClients();
+    EXPECT_EQ(namesOf(form).size(), 2);
+    EXPECT_TRUE(form.List1->isColumnHidden(1));
+}
+
 TEST_F(CompanionClients, WithoutThatRightThePairedPatientsOfTheProviderAreListed) {
     seeOnlyOwnClients();
     addPatient("P2", "Ash", "Ann", "REED");
