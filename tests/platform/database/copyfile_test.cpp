@@ -24,7 +24,8 @@ class CopiedFile : public testing::Test {
   protected:
     CopiedFile() {
         connection_.Create(textOf(QStringLiteral("schedule")));
-        connection_.Execute("Create Table Visits (id int Identity(1,1) Not Null Primary Key, name nvarchar(max), day datetime, provider nvarchar(20))");
+        connection_.Execute(
+            "Create Table Visits (id int Identity(1,1) Not Null Primary Key, name nvarchar(max), day datetime, provider nvarchar(20))");
         connection_.Execute("Create Index Visits_day On Visits (provider, day)");
         add(QStringLiteral("O'Brien"));
     }
