@@ -75,7 +75,8 @@ TEST_F(CheckedRows, OfASoundPracticeAreNotFound) {
 
 TEST_F(CheckedRows, OfTheDemoPracticeAreSound) {
     TestDatabase main, companion(SchemaScript::Companion);
-    demo::MakePractice({.today = QDate(2026, 11, 18)}, main.connection(), companion.connection(), {"s", "c"});
+    demo::MakePractice({.appointments = 1000, .today = QDate(2026, 11, 18)}, main.connection(), companion.connection(),
+                       {"s", "c"});
     const std::vector<Finding> all = CheckRows(main.connection());
     EXPECT_EQ(all.size(), 0U) << all.front().table.toStdString() << ' ' << all.front().key << ": "
                               << all.front().text.toStdString();
