@@ -13,6 +13,7 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/notefield.h"
 #include "tests/appointments/editorfixture.h"
+#include "tests/support/combohand.h"
 
 using db::Sql;
 
@@ -23,15 +24,6 @@ const QString UnknownLocation = QStringLiteral("Location is not on the list. Do 
 
 class EditorFields : public EditorFixture {
   protected:
-    /// From the dropped list.
-    static void pick(CompletingCombo* box, int row) {
-        box->setFocus();
-        box->showPopup();
-        QTest::keyClick(box->view(), Qt::Key_Home);
-        for (int step = 0; step < row; ++step)
-            QTest::keyClick(box->view(), Qt::Key_Down);
-        QTest::keyClick(box->view(), Qt::Key_Return);
-    }
     int countWhere(const char* statement) { return static_cast<int>(database.number(QString::fromUtf8(statement))); }
 };
 
@@ -52,7 +44,7 @@ TEST_F(EditorFields, TabGoesThroughTheQuestionsInTheOrderInWhichTheyAreAsked) {
 
 TEST_F(EditorFields, AServicePickedInTheListSetsTheEndAndGoesThere) {
     openNew(1);
-    pick(form->cbocpt, 2);
+    PickRow(*form->cbocpt, 2);
     EXPECT_EQ(form->cbocpt->Text(), QStringLiteral("90834  Psychotherapy"));
     EXPECT_EQ(form->ctend->Time(), 585);
     EXPECT_TRUE(form->ctend->hasFocus());
@@ -71,7 +63,7 @@ TEST_F(EditorFields, ATypedServiceSetsTheEndOnTheWayToTheNextField) {
 
 TEST_F(EditorFields, AServiceOfNoLengthLeavesTheEnd) {
     openNew(1);
-    pick(form->cbocpt, 0);
+    PickRow(*form->cbocpt, 0);
     EXPECT_EQ(form->ctend->Time(), 600);
     EXPECT_TRUE(form->cbocpt->hasFocus());
 }
@@ -79,7 +71,7 @@ TEST_F(EditorFields, AServiceOfNoLengthLeavesTheEnd) {
 TEST_F(EditorFields, AServiceLateInTheEveningEndsWithTheDay) {
     openNew(1);
     form->ctstart->setTime(1410);
-    pick(form->cbocpt, 1);
+    PickRow(*form->cbocpt, 1);
     EXPECT_EQ(form->ctend->Time(), 1440);
 }
 
@@ -140,9 +132,9 @@ TEST_F(EditorFields, CheckedInShowsTheCheckInAlertOfThePatient) {
     desk.expectForm("frmAlert", [](QDialog& alert) {
         EXPECT_EQ(static_cast<frmAlert&>(alert).lblalert->text(), QStringLiteral("Collect the form"));
     });
-    pick(form->cbostatus, 3);
+    PickRow(*form->cbostatus, 3);
     EXPECT_EQ(form->cbostatus->Text(), QStringLiteral("Checked-In"));
-    pick(form->cbostatus, 4);
+    PickRow(*form->cbostatus, 4);
     EXPECT_EQ(form->cbostatus->Text(), QStringLiteral("Kept"));
 }
 

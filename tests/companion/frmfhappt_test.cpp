@@ -1,12 +1,4 @@
 #include "companion/frmfhappt.h"
-
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-
 #include "companion/companionrefusals.h"
 #include "companion/keyedcombo.h"
 #include "platform/controls/completingcombo.h"
@@ -17,6 +9,14 @@
 #include "session/hiddennames.h"
 #include "session/session.h"
 #include "tests/companion/editorfixture.h"
+#include "tests/support/combohand.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
 
 namespace {
 
@@ -31,14 +31,6 @@ QStringList entriesOf(const QComboBox& box) {
 
 class CompanionAppointmentForm : public CompanionEditorFixture {
   protected:
-    static void pick(CompletingCombo* box, int row) {
-        box->setFocus();
-        box->showPopup();
-        QTest::keyClick(box->view(), Qt::Key_Home);
-        for (int step = 0; step < row; ++step)
-            QTest::keyClick(box->view(), Qt::Key_Down);
-        QTest::keyClick(box->view(), Qt::Key_Return);
-    }
     static void typeStatus(frmFHAppt& form, const QString& text) {
         form.cbostatus->setFocus();
         form.cbostatus->lineEdit()->selectAll();
@@ -329,9 +321,9 @@ TEST_F(CompanionAppointmentForm, ArrivedShowsThePatientsAlertEachTimeItIsPicked)
     frmFHAppt& form = openRow(addAppointment());
     for (int time = 0; time < 2; ++time) {
         expectAlert("Co-payment is due");
-        pick(form.cbostatus, 3);
+        PickRow(*form.cbostatus, 3);
         EXPECT_EQ(form.cbostatus->Text(), "Arrived");
-        pick(form.cbostatus, 4);
+        PickRow(*form.cbostatus, 4);
         EXPECT_EQ(form.cbostatus->Text(), "Seen");
     }
 }
@@ -349,14 +341,14 @@ TEST_F(CompanionAppointmentForm, ArrivedOfAClientWithoutAPatientShowsNothing) {
     addAlert("P1", "Check-In", "Co-payment is due");
     runMain("Update FHDataPairs Set FHDatabase = 'FH-2'");
     frmFHAppt& form = openRow(addAppointment());
-    pick(form.cbostatus, 3);
+    PickRow(*form.cbostatus, 3);
     EXPECT_EQ(form.cbostatus->Text(), "Arrived");
 }
 
 TEST_F(CompanionAppointmentForm, ArrivedOfAClientWhosePatientCannotBeLookedUpIsToldInTheBar) {
     const QString why = DropTable(main.connection(), "FHDataPairs");
     frmFHAppt& form = openRow(addAppointment());
-    pick(form.cbostatus, 3);
+    PickRow(*form.cbostatus, 3);
     EXPECT_EQ(bar.Texts(), QStringList{"Error reading patient alerts. " + why});
 }
 

@@ -7,6 +7,7 @@
 #include "platform/printing/vsprinter.h"
 #include "session/preferences.h"
 #include "tests/companion/schedulefixture.h"
+#include "tests/platform/printing/shownpaper.h"
 
 namespace {
 
@@ -14,20 +15,7 @@ class CompanionWeek : public ScheduleFixture {
   protected:
     /// Prints by the menu; gives the document that the preview shows.
     printing::Document print() {
-        printing::Document document;
-        desk.expectForm("frmpreview", [&document](QDialog& preview) {
-            document = preview.findChild<PrintPreview*>()->Document();
-            preview.reject();
-        });
-        trigger("mnuPrint");
-        return document;
-    }
-    static QStringList titlesOf(const printing::Document& document) {
-        QStringList lines;
-        for (const printing::Block& block : document.blocks)
-            if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
-                lines << paragraph->text;
-        return lines;
+        return PreviewOf(desk, [this] { trigger("mnuPrint"); });
     }
 };
 
@@ -145,8 +133,8 @@ TEST_F(CompanionWeek, TheDayIsPrintedWithTheProvidersOfThePrintOptions) {
     SetPreference("2", "AllViewCols", "PrintLayout", QString::fromLatin1(AllUsers));
     open();
     const printing::Document document = print();
-    EXPECT_EQ(titlesOf(document), (QStringList{"Wednesday  March 11, 2026", "Schedule - Fernhall",
-                                               "Wednesday  March 11, 2026", "Schedule - Fernhall"}));
+    EXPECT_EQ(ParagraphsOf(document), (QStringList{"Wednesday  March 11, 2026", "Schedule - Fernhall",
+                                                   "Wednesday  March 11, 2026", "Schedule - Fernhall"}));
 }
 
 TEST_F(CompanionWeek, TheWeekIsPrintedOnOnePageAfterTheHint) {
@@ -155,7 +143,7 @@ TEST_F(CompanionWeek, TheWeekIsPrintedOnOnePageAfterTheHint) {
     for (int time = 0; time < 2; ++time) {
         desk.expectBox("To print in Landscape mode, select Printer Properties from Print dialog window.", "Solvane");
         const printing::Document document = print();
-        EXPECT_EQ(titlesOf(document), (QStringList{"Wednesday  March 11, 2026", "Schedule - Fernhall"}));
+        EXPECT_EQ(ParagraphsOf(document), (QStringList{"Wednesday  March 11, 2026", "Schedule - Fernhall"}));
     }
 }
 

@@ -49,6 +49,13 @@ void Person::type(const QString& text) {
     xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("20"), text});
 }
 
+void Person::chooseFile(const QString& file) {
+    turnTo("QFileDialog");
+    press({QStringLiteral("ctrl+a")});
+    type(file);
+    press({QStringLiteral("Return")});
+}
+
 void Person::click(const QString& place, int button) {
     const QStringList at = place.split(QLatin1Char(' '));
     xdotool({QStringLiteral("mousemove"), at.value(0), at.value(1), QStringLiteral("click"), QString::number(button)});

@@ -30,6 +30,8 @@ class Person {
     /// Keys by their X names: "Return", "ctrl+n", "alt+o".
     void press(const QStringList& keys);
     void type(const QString& text);
+    /// Names the file in the dialog that asks for one, once that is in front.
+    void chooseFile(const QString& file);
     void click(const QString& place, int button = 1);
     void doubleClick(const QString& place);
     void drag(const QString& from, const QString& to);

@@ -80,11 +80,8 @@ TEST_F(MissedNotes, ASignatureOnThePadHoldsUntilTheNoteIsEditedAndIsGivenAgain) 
     person->turnTo("frmpreview");
     person->picture("missed-print");
     person->press({QStringLiteral("ctrl+s")});
-    person->turnTo("QFileDialog");
     const QString file = folder.filePath(QStringLiteral("note.pdf"));
-    person->press({QStringLiteral("ctrl+a")});
-    person->type(file);
-    person->press({QStringLiteral("Return")});
+    person->chooseFile(file);
     person->turnTo("frmpreview");
     EXPECT_TRUE(QFile::exists(file));
     person->press({QStringLiteral("Escape")});

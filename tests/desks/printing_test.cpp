@@ -28,10 +28,7 @@ class PrintingAtTheDesk : public FrontDesk {
         person->turnTo("frmpreview");
         person->picture(name);
         person->press({QStringLiteral("ctrl+s")});
-        person->turnTo("QFileDialog");
-        person->press({QStringLiteral("ctrl+a")});
-        person->type(path);
-        person->press({QStringLiteral("Return")});
+        person->chooseFile(path);
         person->turnTo("frmpreview");
         EXPECT_TRUE(soon([&] { return desk->tell("text", QStringLiteral("lblstatus")).contains(path); }));
         person->press({QStringLiteral("Escape")});

@@ -63,10 +63,7 @@ TEST_F(Reporting, AReportIsCancelledMadeAgainAndPrintedToAFileTwice) {
             person->press({QStringLiteral("ctrl+s")});
         else
             click("cmdsave");
-        person->turnTo("QFileDialog");
-        person->press({QStringLiteral("ctrl+a")});
-        person->type(file);
-        person->press({QStringLiteral("Return")});
+        person->chooseFile(file);
         person->turnTo("frmschrpt");
         EXPECT_TRUE(isSaid("Saved as "));
         EXPECT_TRUE(FileBytes(file).startsWith("%PDF-"));

@@ -51,11 +51,8 @@ TEST_F(SlipsByHand, FromTheMenuOfTheDayByKeysTheSlipIsSavedAsAFile) {
     person->turnTo("frmpreview");
     person->picture("slip-paper");
     person->press({QStringLiteral("ctrl+s")});
-    person->turnTo("QFileDialog");
     const QString file = folder.filePath(QStringLiteral("slip.pdf"));
-    person->press({QStringLiteral("ctrl+a")});
-    person->type(file);
-    person->press({QStringLiteral("Return")});
+    person->chooseFile(file);
     person->turnTo("frmpreview");
     EXPECT_TRUE(QFile::exists(file));
     person->press({QStringLiteral("Escape")});

@@ -11,6 +11,7 @@
 #include "session/hiddennames.h"
 #include "session/session.h"
 #include "tests/followup/missednotefixture.h"
+#include "tests/platform/printing/shownpaper.h"
 
 namespace {
 
@@ -28,21 +29,8 @@ class MissedNotePrint : public MissedNoteFixture {
     }
     ~MissedNotePrint() override { Printers() = RealPrinters(); }
 
-    /// What the preview shows, when the user only looks at it.
     printing::Document previewed() {
-        printing::Document document;
-        desk.expectForm("frmpreview",
-                        [&](QDialog& preview) { document = dynamic_cast<frmpreview&>(preview).vp->Document(); });
-        QTest::mouseClick(form->cmdprint, Qt::LeftButton);
-        return document;
-    }
-    /// Each paragraph in a line.
-    static QStringList linesOf(const printing::Document& document) {
-        QStringList lines;
-        for (const printing::Block& block : document.blocks)
-            if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
-                lines << paragraph->text;
-        return lines;
+        return PreviewOf(desk, [this] { QTest::mouseClick(form->cmdprint, Qt::LeftButton); });
     }
 };
 
@@ -54,7 +42,7 @@ TEST_F(MissedNotePrint, TheNoteStandsOnPaperAsItStandsInTheForm) {
     EXPECT_EQ(document.header, QStringLiteral("|Hill Street Practice|"));
     EXPECT_EQ(document.footer, QStringLiteral("||Page %d"));
     EXPECT_EQ(
-        linesOf(document),
+        ParagraphsOf(document),
         (QStringList{
             QStringLiteral("Missed Appointment Note"), QStringLiteral("Patient: Jones, Mary"),
             QStringLiteral("Date: 03/11/2026"), QStringLiteral("Provider: Reed"), QStringLiteral("Type: Missed"),
@@ -65,13 +53,13 @@ TEST_F(MissedNotePrint, TheNoteStandsOnPaperAsItStandsInTheForm) {
 TEST_F(MissedNotePrint, AProviderWhoHasLeftIsPrintedByNameAlone) {
     run(QStringLiteral("Update sessions Set providerid = 'STONE'"));
     open();
-    EXPECT_TRUE(linesOf(previewed()).contains(QStringLiteral("Provider: Stone")));
+    EXPECT_TRUE(ParagraphsOf(previewed()).contains(QStringLiteral("Provider: Stone")));
 }
 
 TEST_F(MissedNotePrint, WhatWasNotSavedYetIsPrintedToo) {
     open();
     type(QStringLiteral("Ill"));
-    EXPECT_TRUE(linesOf(previewed()).contains(QStringLiteral("Ill")));
+    EXPECT_TRUE(ParagraphsOf(previewed()).contains(QStringLiteral("Ill")));
     EXPECT_TRUE(form->IsChanged());
 }
 
@@ -122,7 +110,7 @@ TEST_F(MissedNotePrint, AHeaderThatCannotBeReadIsToldAndNothingIsPrinted) {
 TEST_F(MissedNotePrint, HiddenNamesAreNotOnThePaper) {
     SetNamesHidden(true);
     open();
-    EXPECT_FALSE(linesOf(previewed()).join(QLatin1Char('\n')).contains(QStringLiteral("Jones")));
+    EXPECT_FALSE(ParagraphsOf(previewed()).join(QLatin1Char('\n')).contains(QStringLiteral("Jones")));
 }
 
 TEST_F(MissedNotePrint, ALongReasonGoesOnOverSeveralPages) {

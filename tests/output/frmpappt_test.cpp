@@ -13,6 +13,7 @@
 #include "session/hiddennames.h"
 #include "session/preferences.h"
 #include "tests/output/exportfixture.h"
+#include "tests/platform/printing/shownpaper.h"
 
 namespace {
 
@@ -42,20 +43,10 @@ class Slip : public ExportFixture {
     }
     /// What the preview shows, when the user only looks at it.
     printing::Document previewed() {
-        printing::Document document;
-        desk.expectForm("frmpreview",
-                        [&](QDialog& preview) { document = dynamic_cast<frmpreview&>(preview).vp->Document(); });
-        form->cmdprint->click();
-        return document;
+        return PreviewOf(desk, [this] { form->cmdprint->click(); });
     }
     /// Each paragraph in a line.
-    QStringList printed() {
-        QStringList lines;
-        for (const printing::Block& block : previewed().blocks)
-            if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
-                lines << paragraph->text;
-        return lines;
-    }
+    QStringList printed() { return ParagraphsOf(previewed()); }
     void notice(const QString& text) {
         form->txtnotice->selectAll();
         form->txtnotice->insertPlainText(text);

@@ -9,6 +9,7 @@
 #include "session/preferences.h"
 #include "shell/frmpopts.h"
 #include "tests/platform/printing/pagereader.h"
+#include "tests/platform/printing/shownpaper.h"
 #include "tests/rooms/roomsfixture.h"
 
 namespace {
@@ -17,20 +18,7 @@ namespace {
 class PrintedRoom : public RoomScheduler {
   protected:
     printing::Document print() {
-        printing::Document document;
-        desk.expectForm("frmpreview", [&document](QDialog& preview) {
-            document = preview.findChild<PrintPreview*>()->Document();
-            preview.reject();
-        });
-        trigger("mnuPrint");
-        return document;
-    }
-    static QStringList titles(const printing::Document& document) {
-        QStringList lines;
-        for (const printing::Block& block : document.blocks)
-            if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
-                lines << paragraph->text;
-        return lines;
+        return PreviewOf(desk, [this] { trigger("mnuPrint"); });
     }
     static QStringList wordsOf(const printing::Document& document) {
         return WordsOf(printing::PageLayout(document), 0);
@@ -46,7 +34,7 @@ TEST_F(PrintedRoom, StandsUnderItsDateAndRoom) {
     book("Team meeting");
     open();
     const printing::Document day = print();
-    EXPECT_EQ(titles(day), (QStringList{"Wednesday  March 11, 2026", "Room Schedule - Blue"}));
+    EXPECT_EQ(ParagraphsOf(day), (QStringList{"Wednesday  March 11, 2026", "Room Schedule - Blue"}));
     EXPECT_TRUE(wordsOf(day).contains("Team meeting"));
     EXPECT_TRUE(wordsOf(day).contains("Wed 3/11"));
     EXPECT_EQ(day.footer, "|Printed 3/11/2026 10:30 AM|Page %d");
@@ -55,12 +43,12 @@ TEST_F(PrintedRoom, StandsUnderItsDateAndRoom) {
 TEST_F(PrintedRoom, HasTheOtherDateWhereTheDayComesFirst) {
     open();
     Session().DateOrder = 1;
-    EXPECT_EQ(titles(print()).value(0), "Wednesday, 11 March 2026");
+    EXPECT_EQ(ParagraphsOf(print()).value(0), "Wednesday, 11 March 2026");
 }
 
 TEST_F(PrintedRoom, WithoutABookingIsAnEmptyDay) {
     open();
-    EXPECT_EQ(titles(print()).size(), 2);
+    EXPECT_EQ(ParagraphsOf(print()).size(), 2);
     EXPECT_TRUE(wordsOf(print()).contains("9"));
 }
 

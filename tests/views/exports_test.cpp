@@ -7,34 +7,19 @@
 #include "platform/controls/textfield.h"
 #include "session/session.h"
 #include "tests/support/files.h"
-#include "tests/views/dayhand.h"
-#include "views/frmall.h"
-#include "views/frmweekv.h"
+#include "tests/views/eachview.h"
 
 #include <QPushButton>
 #include <QRadioButton>
 
 namespace {
 
-enum class Which { Day, Week, All };
-
 /// What leaves the program from the views of Wednesday, March 11, 2026.
-class Exports : public DayHand {
+class Exports : public EachView {
   protected:
     Exports() {
         desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(10, 30)));
         Session().DocPath = folder_.path();
-    }
-    std::unique_ptr<CalendarView> makeView() override {
-        if (which == Which::Week)
-            return std::make_unique<frmweekv>(main);
-        if (which == Which::All)
-            return std::make_unique<frmall>(main);
-        return std::make_unique<frmsched>(main);
-    }
-    void openAs(Which view) {
-        which = view;
-        open();
     }
     /// Exports what `choose` chooses, and gives the summaries of the file.
     QStringList exported(const std::function<void(frmExportOpts&)>& choose) {
@@ -68,8 +53,6 @@ class Exports : public DayHand {
         return command("mnuFExport").isEnabled() && command("mnuFExportiCal").isEnabled() &&
                command("mnuFExportHTML").isEnabled();
     }
-
-    Which which = Which::Day;
 };
 
 }  // namespace

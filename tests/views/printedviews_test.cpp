@@ -15,17 +15,14 @@
 #include "session/session.h"
 #include "shell/frmpopts.h"
 #include "tests/platform/printing/pagereader.h"
+#include "tests/platform/printing/shownpaper.h"
 #include "tests/support/files.h"
-#include "tests/views/dayhand.h"
-#include "views/frmall.h"
-#include "views/frmweekv.h"
+#include "tests/views/eachview.h"
 
 namespace {
 
-enum class Which { Day, Week, All };
-
 /// The views of Wednesday, March 11, 2026, sent to paper.
-class PrintedViews : public DayHand {
+class PrintedViews : public EachView {
   protected:
     PrintedViews() {
         Session().AllProviders = true;
@@ -37,40 +34,20 @@ class PrintedViews : public DayHand {
         Session().ProviderName = QStringLiteral("Prov00");
     }
 
-    std::unique_ptr<CalendarView> makeView() override {
-        if (which == Which::Week)
-            return std::make_unique<frmweekv>(main);
-        if (which == Which::All)
-            return std::make_unique<frmall>(main);
-        return std::make_unique<frmsched>(main);
-    }
     void prefer(const char* key, const char* value) {
         SetPreference(QString::fromLatin1(value), QString::fromLatin1(key), QStringLiteral("PrintLayout"));
     }
     /// Prints by the menu; gives the document that the preview shows.
     printing::Document print() {
-        printing::Document document;
         if (which == Which::Week)
             desk.expectBox("To print in Landscape mode, select Printer Properties from Print dialog window.",
                            "Solvane");
-        desk.expectForm("frmpreview", [&document](QDialog& preview) {
-            document = preview.findChild<PrintPreview*>()->Document();
-            preview.reject();
-        });
-        command("mnuFPrintS").trigger();
-        return document;
+        return PreviewOf(desk, [this] { command("mnuFPrintS").trigger(); });
     }
     printing::Document printOf(Which view) {
         which = view;
         open();
         return print();
-    }
-    static QStringList titles(const printing::Document& document) {
-        QStringList lines;
-        for (const printing::Block& block : document.blocks)
-            if (const auto* paragraph = std::get_if<printing::Paragraph>(&block))
-                lines << paragraph->text;
-        return lines;
     }
     static const printing::Paragraph& titleOf(const printing::Document& document) {
         return std::get<printing::Paragraph>(document.blocks.at(0));
@@ -103,15 +80,13 @@ class PrintedViews : public DayHand {
             count += std::holds_alternative<printing::Figure>(block) ? 1 : 0;
         return count;
     }
-
-    Which which = Which::Day;
 };
 
 }  // namespace
 
 TEST_F(PrintedViews, TheDayIsPrintedUnderItsDate) {
     const printing::Document day = printOf(Which::Day);
-    EXPECT_EQ(titles(day), QStringList{"Wednesday  March 11, 2026"});
+    EXPECT_EQ(ParagraphsOf(day), QStringList{"Wednesday  March 11, 2026"});
     EXPECT_EQ(figures(day), 1);
     EXPECT_EQ(day.footer, "Prov00|Printed 3/11/2026 10:30 AM|Page %d");
     EXPECT_TRUE(view_->CanPrint());
@@ -119,7 +94,7 @@ TEST_F(PrintedViews, TheDayIsPrintedUnderItsDate) {
 
 TEST_F(PrintedViews, TheWeekIsPrintedAfterAWordAboutThePaper) {
     const printing::Document week = printOf(Which::Week);
-    EXPECT_EQ(titles(week), QStringList{"Monday  March 9, 2026"});
+    EXPECT_EQ(ParagraphsOf(week), QStringList{"Monday  March 9, 2026"});
     EXPECT_EQ(figures(week), 1);
     EXPECT_TRUE(week.footer.startsWith("Prov00|"));
     EXPECT_FALSE(view_->CanPrint()) << "The toolbar prints the day.";
@@ -127,7 +102,7 @@ TEST_F(PrintedViews, TheWeekIsPrintedAfterAWordAboutThePaper) {
 
 TEST_F(PrintedViews, TheWholePracticeIsPrintedFiveProvidersToAPage) {
     const printing::Document all = printOf(Which::All);
-    EXPECT_EQ(titles(all).mid(0, 2), (QStringList{"Wednesday  March 11, 2026", "Schedule - All Therapists"}));
+    EXPECT_EQ(ParagraphsOf(all).mid(0, 2), (QStringList{"Wednesday  March 11, 2026", "Schedule - All Therapists"}));
     EXPECT_EQ(figures(all), 3);
     EXPECT_EQ(all.footer, "|Printed 3/11/2026 10:30 AM|Page %d");
 }
@@ -364,7 +339,7 @@ TEST_F(PrintedViews, WithoutAColumnThereAreTheTitlesAlone) {
     run("Delete from provider_info");
     const printing::Document all = printOf(Which::All);
     EXPECT_EQ(figures(all), 0);
-    EXPECT_EQ(titles(all).size(), 2);
+    EXPECT_EQ(ParagraphsOf(all).size(), 2);
 }
 
 TEST_F(PrintedViews, VisitsThatOverlapTooOftenToBeReadAreListedBelowTheWeek) {

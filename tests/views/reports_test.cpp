@@ -7,32 +7,17 @@
 #include "platform/controls/ctdedit.h"
 #include "platform/printing/printpreview.h"
 #include "session/session.h"
-#include "tests/views/dayhand.h"
-#include "views/frmall.h"
-#include "views/frmweekv.h"
+#include "tests/views/eachview.h"
 
 namespace {
 
-enum class Which { Day, Week, All };
-
 /// The reports that the views of Wednesday, March 11, 2026, open.
-class Reports : public DayHand {
+class Reports : public EachView {
   protected:
     Reports() {
         Session().AllProviders = true;
         run("Insert Into provider_info (id, prov_lastname, archive) Values('REED', 'Reed', 0)");
         run("Insert Into provider_info (id, prov_lastname, archive) Values('LANE', 'Lane', 0)");
-    }
-    std::unique_ptr<CalendarView> makeView() override {
-        if (which == Which::Week)
-            return std::make_unique<frmweekv>(main);
-        if (which == Which::All)
-            return std::make_unique<frmall>(main);
-        return std::make_unique<frmsched>(main);
-    }
-    void openAs(Which view) {
-        which = view;
-        open();
     }
     /// Opens a report by its command, and returns its days, its provider and its first line.
     QStringList opened(const char* name) {
@@ -49,8 +34,6 @@ class Reports : public DayHand {
         command(name).trigger();
         return seen;
     }
-
-    Which which = Which::Day;
 };
 
 }  // namespace
