@@ -343,10 +343,11 @@ TEST_F(PrintedViews, WithoutAColumnThereAreTheTitlesAlone) {
 }
 
 TEST_F(PrintedViews, VisitsThatOverlapTooOftenToBeReadAreListedBelowTheWeek) {
+    // One minute apart: a server gives rows of one start in any order.
     for (int i = 1; i <= 7; ++i)
         add(anAppointment(QStringLiteral("Visitor number %1").arg(i).toUtf8().constData())
                 .of("P00")
-                .at(9, 0)
+                .at(9, i)
                 .until(9, 50));
     const printing::Document week = printOf(Which::Week);
     const QString words = WordsOf(printing::PageLayout(week), 0).join(QLatin1Char('\n'));
