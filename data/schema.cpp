@@ -26,10 +26,10 @@ QString ScriptText(SchemaScript script) {
 
 }  // namespace
 
-QStringList SchemaStatements(SchemaScript script) {
+QStringList StatementsOf(const QString& scriptText) {
     QStringList statements;
     QString statement;
-    const QStringList lines = ScriptText(script).split(QLatin1Char('\n'));
+    const QStringList lines = scriptText.split(QLatin1Char('\n'));
     for (const QString& line : lines) {
         if (line == QLatin1String("GO")) {
             statements.append(statement.trimmed());
@@ -39,6 +39,10 @@ QStringList SchemaStatements(SchemaScript script) {
         }
     }
     return statements;
+}
+
+QStringList SchemaStatements(SchemaScript script) {
+    return StatementsOf(ScriptText(script));
 }
 
 QStringList SchemaTables(SchemaScript script) {
@@ -51,6 +55,21 @@ QStringList SchemaTables(SchemaScript script) {
             tables.append(match.captured(1));
     }
     return tables;
+}
+
+bool CanRead(db::Connection& connection, const QString& table, const QString& columns) {
+    try {
+        const db::Recordset rows(db::Sql("Select {} from {} Where 0=1", db::Raw{columns}, db::Raw{table}), connection);
+        return true;
+    } catch (const db::DatabaseError& error) {
+        if (db::IsLinkFailure(error))
+            throw;
+        return false;
+    }
+}
+
+bool HasTable(db::Connection& connection, const QString& table) {
+    return CanRead(connection, table, QStringLiteral("*"));
 }
 
 QString ExistingSchemaTable(db::Connection& connection, SchemaScript script) {

@@ -50,6 +50,7 @@ Table appointmentsMenu() {
         {Kind::Command, menu::mnuASType, "Appointment &Type...", "legend", "Ctrl+Shift+T"},
         {Kind::Command, menu::mnuANAvail, "&Unavailable Time...", "unavailable", "Ctrl+Shift+U"},
         {Kind::EndSubmenu},
+        {Kind::Command, menu::mnuANext, "Ne&xt Free Hour...", "find", "Ctrl+Shift+N"},
         {Kind::Command, menu::mnuAEdit, "&Edit...", "edit", "Ctrl+E"},
         {Kind::Command, menu::mnuADelete, "&Delete\tDel", "delete"},
         {Kind::Separator, menu::mnuAsep1},
@@ -59,7 +60,11 @@ Table appointmentsMenu() {
         {Kind::Command, menu::mnuAPCancel, "&Patient Cancel", "close"},
         {Kind::Command, menu::mnuATCancel, "T&herapist Cancel", "close"},
         {Kind::Separator, menu::mnuAsep2},
+        {Kind::Command, menu::mnuAMove, "M&ove...", "next", "Ctrl+Shift+M"},
+        {Kind::Command, menu::mnuAShelve, "P&ut on Holding Shelf", nullptr, "Ctrl+X"},
+        {Kind::Command, menu::mnuALand, "Pl&ace from Holding Shelf", nullptr, "Ctrl+V"},
         {Kind::Command, menu::mnuARepeat, "&Repeating...", "repeat", "Ctrl+R"},
+        {Kind::Command, menu::mnuARest, "Res&t of Series...", "repeat", "Ctrl+Shift+R"},
         {Kind::Command, menu::mnuANote, "&Session Note...", "note", "Ctrl+Shift+S"},
         {Kind::Separator, menu::mnuAsep3},
         {Kind::Command, menu::mnuAFind, "&Find...", "find", "Ctrl+F"},
@@ -67,6 +72,7 @@ Table appointmentsMenu() {
         {Kind::Command, menu::mnuASearchO, "By &Opening..."},
         {Kind::Command, menu::mnuASearchT, "By Appointment &Type..."},
         {Kind::EndSubmenu},
+        {Kind::Command, menu::mnuAWait, "&Wait List...", "checkedin", "Ctrl+Shift+L"},
     };
 }
 
@@ -94,14 +100,20 @@ Table viewMenu() {
         {Kind::Command, menu::mnuVToday, "&Today\tCtrl+T", "today"},
         {Kind::Command, menu::mnuVPrevious, "&Previous Day\tAlt+Left", "previous"},
         {Kind::Command, menu::mnuVNext, "&Next Day\tAlt+Right", "next"},
+        {Kind::Command, menu::mnuVNow, "&Jump to Now", "today", "Ctrl+J"},
         {Kind::Command, menu::mnuVRefresh, "Refr&esh", "refresh", "F5"},
+        {Kind::Submenu, menu::mnuVSaved, "Sa&ved Views", "pane"},
+        {Kind::Command, menu::mnuVSave, "&Save This View..."},
+        {Kind::EndSubmenu},
         {Kind::Separator, menu::mnuVsep2},
+        {Kind::Command, menu::mnuVBoard, "T&oday's Board...", "checkedin", "Ctrl+Shift+B"},
         {Kind::Command, menu::mnuVCheckedin, "&Checked-In...", "checkedin"},
         {Kind::Command, menu::mnuVActivity, "Activity &Scheduler...", "activity"},
         {Kind::Command, menu::mnuVColor, "Color &Legend...", "legend"},
         {Kind::Command, menu::mnuVABook, "Address &Book...", "addressbook", "Ctrl+B"},
         {Kind::Separator, menu::mnuVsep3},
         {Kind::Command, menu::mnuVHidePats, "H&ide Patient Names\tCtrl+H", "eyeoff"},
+        {Kind::Command, menu::mnuVShelf, "Holdin&g Shelf", "pane", "Ctrl+Shift+H"},
         {Kind::Command, menu::mnuVHideTP, "&Hide Task Pane", "pane", "Ctrl+Shift+P"},
     };
 }
@@ -301,7 +313,9 @@ std::span<const MenuEntry> AllProvidersMenus() {
         joined({renamed(fileMenu(), {{menu::mnuFPrintA, "mnuAptSlip"}}),
                 allAppointmentsMenu(),
                 viewMenu(),
-                {{Kind::Command, menu::mnuVDisplay, "Display Pro&viders", "user", "Ctrl+Shift+D"}},
+                {{Kind::Command, menu::mnuVDisplay, "Displa&y Providers", "user", "Ctrl+Shift+D"},
+                 {Kind::Command, menu::mnuVFit, "As Many Col&umns as Fit"},
+                 {Kind::Command, menu::mnuVWorking, "Only Who Wor&ks Today"}},
                 helpMenu()});
     return menus;
 }

@@ -479,3 +479,51 @@ Create Index FHDataPairs_main On FHDataPairs (FHDataList, SVDataValue)
 GO
 Create Index FHDataPairs_companion On FHDataPairs (FHDataList, FHDataValue)
 GO
+-- The tables from here on are the scheduler's alone. A practice whose tables were made before them has the rest of the
+-- program.
+
+-- Who waits for an earlier hour. Providers is a list of ids between bars ("REED|LANE"), empty for any provider; Days has
+-- a bit for each weekday, 1 for Sunday to 64 for Saturday. FromTime and ToTime are minutes of the day. nkeyid is the
+-- appointment that was booked for the entry, which is closed then.
+Create Table WaitList (
+    WaitId int identity(1,1) not null primary key,
+    PatientId nvarchar(20) not null,
+    PatientName nvarchar(255) null,
+    Minutes smallint not null,
+    Providers nvarchar(max) null,
+    Days smallint not null default 127,
+    FromTime smallint not null default 0,
+    ToTime smallint not null default 1440,
+    ValidUntil datetime null,
+    Note nvarchar(max) null,
+    nkeyid int null,
+    Closed bit not null default 0,
+    createddate datetime null,
+    createduid nvarchar(20) null
+)
+GO
+Create Index WaitList_open On WaitList (Closed, ValidUntil)
+GO
+-- The appointments that a user has put aside to move them. They stay booked where they are until they land.
+Create Table HoldingShelf (
+    ShelfId int identity(1,1) not null primary key,
+    UserId nvarchar(20) not null,
+    nkeyid int not null,
+    PlacedAt datetime null
+)
+GO
+Create Index HoldingShelf_user On HoldingShelf (UserId, nkeyid)
+GO
+-- What a user shows with one key. Slot is the number of the function key, 7 to 12; ViewNumber the digit of the view's
+-- key; Contents holds the rest as "name=value" lines.
+Create Table SavedViews (
+    SavedViewId int identity(1,1) not null primary key,
+    UserId nvarchar(20) not null,
+    Slot smallint not null,
+    Title nvarchar(100) not null,
+    ViewNumber smallint not null,
+    Contents nvarchar(max) null
+)
+GO
+Create Index SavedViews_user On SavedViews (UserId, Slot)
+GO

@@ -45,21 +45,10 @@ QString defaultOf(const QString& column) {
     return column.section(QStringLiteral(" default "), 1, 1);
 }
 
-bool canRead(db::Connection& connection, const QString& table, const QString& columns) {
-    try {
-        const db::Recordset rows(db::Sql("Select {} from {} Where 0=1", db::Raw{columns}, db::Raw{table}), connection);
-        return true;
-    } catch (const db::DatabaseError& error) {
-        if (db::IsLinkFailure(error))
-            throw;
-        return false;
-    }
-}
-
 QStringList missingColumns(db::Connection& connection, const ScriptTable& table) {
     QStringList missing;
     for (const QString& column : table.columns)
-        if (!canRead(connection, table.name, nameOf(column)))
+        if (!CanRead(connection, table.name, nameOf(column)))
             missing << column;
     return missing;
 }
@@ -68,7 +57,7 @@ QStringList missingColumns(db::Connection& connection, const ScriptTable& table)
 QStringList additions(db::Connection& main, QStringList& done) {
     QStringList statements;
     for (const ScriptTable& table : tablesOf(SchemaScript::Main)) {
-        if (!canRead(main, table.name, QStringLiteral("*"))) {
+        if (!HasTable(main, table.name)) {
             statements << table.create;
             done << QStringLiteral("The table %1 was made.").arg(table.name);
             continue;
@@ -91,25 +80,30 @@ void makeIndexes(db::Connection& main) {
         db::Ignoring([&] { main.Execute(statement); });
 }
 
-/// From tables without a number: what is missing, the triggers, and appointments without a type.
-QStringList upgradeFromUnnumbered(db::Connection& main) {
+/// Adds what the script has and the database lacks. That is the whole step from version 1, which lacks tables only.
+QStringList addWhatIsMissing(db::Connection& main) {
     QStringList done;
     const QStringList statements = additions(main, done);
     db::InTransaction(main, [&] {
         for (const QString& statement : statements)
             main.Execute(statement);
     });
-    const qint64 mended = MendAppointments(main);
-    if (mended > 0)
-        done << QStringLiteral("%1 appointments without a type are ordinary ones now.").arg(mended);
     makeIndexes(main);
     return done;
+}
+
+/// The triggers, and appointments without a type, of tables without a number.
+QStringList mendUnnumbered(db::Connection& main) {
+    const qint64 mended = MendAppointments(main);
+    if (mended == 0)
+        return {};
+    return {QStringLiteral("%1 appointments without a type are ordinary ones now.").arg(mended)};
 }
 
 }  // namespace
 
 int SchemaVersion(db::Connection& main) {
-    if (!canRead(main, QStringLiteral("DefaultFieldValues"), QStringLiteral("DfltValue")))
+    if (!CanRead(main, QStringLiteral("DefaultFieldValues"), QStringLiteral("DfltValue")))
         return 0;
     const db::Recordset version("Select DfltValue from DefaultFieldValues Where dfltfieldname = 'SVSchedulerSchema'",
                                 main);
@@ -119,7 +113,7 @@ int SchemaVersion(db::Connection& main) {
 QStringList MissingParts(db::Connection& connection, SchemaScript script) {
     QStringList missing;
     for (const ScriptTable& table : tablesOf(script)) {
-        if (!canRead(connection, table.name, QStringLiteral("*"))) {
+        if (!HasTable(connection, table.name)) {
             missing << table.name;
             continue;
         }
@@ -139,8 +133,10 @@ QStringList Upgrade(db::Connection& main) {
                 .arg(CurrentSchema)
                 .toStdString());
     QStringList done;
+    if (version < CurrentSchema)
+        done = addWhatIsMissing(main);
     if (version == 0)
-        done = upgradeFromUnnumbered(main);
+        done << mendUnnumbered(main);
     if (version < CurrentSchema)
         WriteSchemaVersion(main);
     return done;

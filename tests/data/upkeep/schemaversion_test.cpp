@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <stdexcept>
 
 #include "data/upkeep/schemaversion.h"
@@ -17,6 +18,20 @@ class OlderDatabase : public testing::Test {
   protected:
     void run(const char* statement) { database.connection().Execute(QString::fromLatin1(statement)); }
     [[nodiscard]] QStringList missing() { return MissingParts(database.connection(), SchemaScript::Main); }
+
+    /// Makes the tables as a released version made them, with its number.
+    void makeTablesOf(int version) {
+        for (const QString& table : SchemaTables(SchemaScript::Main))
+            DropTable(database.connection(), table);
+        QFile file(QStringLiteral(SVS_RELEASED_SCHEMAS "/schema%1.sql").arg(version));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        for (const QString& statement : StatementsOf(QString::fromUtf8(file.readAll())))
+            database.connection().Execute(statement);
+        database.connection().Execute(
+            QStringLiteral(
+                "Insert Into DefaultFieldValues (dfltfieldname, DfltValue) Values ('SVSchedulerSchema', '%1')")
+                .arg(version));
+    }
 
     TestDatabase database;
 };
@@ -52,6 +67,20 @@ TEST_F(OlderDatabase, WithoutANumberGetsTablesAndColumnsThatItLacksAndKeepsItsRo
     EXPECT_EQ(database.text("Select cappttext from appointments Where allday = 0"), "O'Brien")
         << "A default fills the rows that were there.";
     EXPECT_EQ(Upgrade(database.connection()), QStringList()) << "The second time there is nothing to do.";
+}
+
+TEST_F(OlderDatabase, OfVersionOneGetsTheTablesOfTheDeskAndKeepsItsRows) {
+    makeTablesOf(1);
+    run("Insert Into appointments (cappttext, nStartTime) Values ('O''Brien', 540)");
+    EXPECT_FALSE(HasTable(database.connection(), QStringLiteral("WaitList")));
+    EXPECT_EQ(Upgrade(database.connection()), (QStringList{QStringLiteral("The table WaitList was made."),
+                                                           QStringLiteral("The table HoldingShelf was made."),
+                                                           QStringLiteral("The table SavedViews was made.")}));
+    EXPECT_TRUE(HasTable(database.connection(), QStringLiteral("WaitList")));
+    EXPECT_EQ(missing(), QStringList());
+    EXPECT_EQ(SchemaVersion(database.connection()), CurrentSchema);
+    EXPECT_EQ(database.text("Select cappttext from appointments"), "O'Brien");
+    EXPECT_EQ(Upgrade(database.connection()), QStringList());
 }
 
 TEST_F(OlderDatabase, MendsAppointmentsWithoutAType) {
