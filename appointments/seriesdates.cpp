@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "appointments/seriestexts.h"
 #include "platform/controls/formparts.h"
 #include "platform/database/error.h"
 #include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/hiddennames.h"
-#include "session/session.h"
 
 namespace {
 
@@ -111,12 +110,10 @@ std::optional<db::DatabaseError> SeriesDates::Read() {
 void SeriesDates::fillRows() {
     const QScopedValueRollback filling(filling_, true);
     const int place = lstdates->indexOfTopLevelItem(lstdates->currentItem());
-    const QString format =
-        Session().DateOrder == 0 ? QStringLiteral("ddd MM/dd/yyyy") : QStringLiteral("ddd dd/MM/yyyy");
     QList<QTreeWidgetItem*> rows;
     for (const QDate date : dates_) {
         auto* row = new QTreeWidgetItem;
-        row->setText(DateColumn, QLocale::c().toString(date, format));
+        row->setText(DateColumn, WeekdayAndDate(date));
         row->setData(DateColumn, Qt::UserRole, date);
         row->setSizeHint(DateColumn, QSize(0, fontMetrics().height() * 3 / 2));
         showRow(*row, date);

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <vector>
 
+#include "appointments/holidaydates.h"
+
 /// The bookings and the holiday that stand in the way of an appointment on one date of its series.
 struct Obstacles {
     QStringList booked;     ///< Bookings in the provider's own schedule: "Smith, Zed 9:00 AM - 10:00 AM".
@@ -60,16 +62,9 @@ class SeriesObstacles {
         QString text;
         QString textWithoutName;
     };
-    struct Holiday {
-        QDate date;
-        bool everyYear = false;
-        QString name;
-    };
-
     void readRoom();
     void readSchedules(QDate from, QDate to);
     void readBookings(QDate from, QDate to);
-    void readHolidays();
 
     SeriesSource source_;
     Room room_;
@@ -77,5 +72,5 @@ class SeriesObstacles {
     QDate from_;
     QDate to_;
     std::map<QDate, std::vector<Entry>> days_;
-    std::vector<Holiday> holidays_;
+    HolidayDates holidays_;
 };
