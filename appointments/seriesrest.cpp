@@ -182,6 +182,8 @@ QString StayText(Stay stay) {
             return QObject::tr("stays: would come to lie in the past");
         case Stay::Shared:
             return QObject::tr("stays: has several providers");
+        case Stay::OtherGroup:
+            return QObject::tr("stays: is not this group's");
         case Stay::NoStatus:
             return QObject::tr("stays: only a patient's appointment has a status");
     }

@@ -55,8 +55,9 @@ enum class Stay {
     NothingNew,
     PastMidnight,
     IntoPast,
-    Shared,    ///< An activity of several providers belongs to no single one.
-    NoStatus,  ///< Only a patient's appointment can be cancelled.
+    Shared,      ///< An activity of several providers belongs to no single one.
+    OtherGroup,  ///< It is not an appointment of the group any more.
+    NoStatus,    ///< Only a patient's appointment can be cancelled.
 };
 
 /// Returns the reason in words, or an empty text for No.
