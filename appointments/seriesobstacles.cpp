@@ -29,13 +29,21 @@ QString Obstacles::Text() const {
 }
 
 void SeriesObstacles::Read(QDate from, QDate to) {
-    from_ = to_ = QDate();
     days_.clear();
+    readPiece(from, from, to);
+}
+
+void SeriesObstacles::ReadOn(int days) {
+    readPiece(from_, to_.addDays(1), to_.addDays(days));
+}
+
+void SeriesObstacles::readPiece(QDate first, QDate from, QDate to) {
+    from_ = to_ = QDate();
     readRoom();
     readSchedules(from, to);
     readBookings(from, to);
     holidays_.Read();
-    from_ = from;
+    from_ = first;
     to_ = to;
 }
 

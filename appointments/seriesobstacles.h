@@ -51,6 +51,9 @@ class SeriesObstacles {
     /// Reads the obstacles between two dates, both included. After a failure Knows is false for every date. Throws
     /// db::DatabaseError.
     void Read(QDate from, QDate to);
+    /// Reads on from the last date that was read. It is for a long series, which is read in pieces. A failure is as
+    /// that of Read.
+    void ReadOn(int days);
     [[nodiscard]] bool Knows(QDate from, QDate to) const { return from_.isValid() && from >= from_ && to <= to_; }
     /// Returns the obstacles on a date that was read.
     [[nodiscard]] Obstacles On(QDate date) const;
@@ -62,6 +65,8 @@ class SeriesObstacles {
         QString text;
         QString textWithoutName;
     };
+    /// Reads the dates between `from` and `to`, after which all dates since `first` have been read.
+    void readPiece(QDate first, QDate from, QDate to);
     void readRoom();
     void readSchedules(QDate from, QDate to);
     void readBookings(QDate from, QDate to);
