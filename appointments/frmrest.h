@@ -52,6 +52,7 @@ class frmrest : public QDialog {
 
     /// Reads what stands in the way now instead of in a moment.
     std::optional<db::DatabaseError> ReadObstacles();
+    [[nodiscard]] QSize sizeHint() const override;
 
     QLabel* lblsource = nullptr;      ///< Who and when.
     QLabel* lblseries = nullptr;      ///< How many appointments, from when until when.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QGridLayout>
@@ -22,10 +23,12 @@ namespace {
 
 constexpr int MostMinutes = 1439;
 constexpr int ComboCharacters = 16;
-constexpr int DateCharacters = 22;
-constexpr int TimeCharacters = 24;
-constexpr int ThenCharacters = 44;
-constexpr int Lines = 8;
+constexpr int DateCharacters = 21;
+constexpr int TimeCharacters = 22;
+constexpr int ThenCharacters = 38;
+constexpr int Lines = 5;
+constexpr int LinesWanted = 11;
+constexpr int FormCharacters = 130;
 
 QRadioButton* option(QButtonGroup* group, int id, const QString& text, QWidget* parent) {
     auto* button = Named(new QRadioButton(text, parent), QStringLiteral("%1%2").arg(group->objectName()).arg(id));
@@ -54,24 +57,32 @@ void frmrest::buildForm() {
     auto* inner = new QVBoxLayout(fields);
     inner->setContentsMargins(0, 0, 0, 0);
     inner->setSpacing(Space(12));
-    auto* heading = new QVBoxLayout;
-    heading->setSpacing(Space(4));
-    heading->addWidget(lblsource);
-    heading->addWidget(lblseries);
-    inner->addLayout(heading);
-    auto* choices = new QHBoxLayout;
-    choices->setSpacing(Space(16));
-    choices->addWidget(buildWhat(), 1);
-    choices->addWidget(buildWhich(), 0, Qt::AlignTop);
-    inner->addLayout(choices);
+    inner->addWidget(buildWhat());
+    inner->addWidget(buildWhich());
     buildList();
-    inner->addWidget(lstrows, 1);
-    inner->addWidget(lblway);
+    // The height of what is scrolled is asked for once; it must be that of the polished parts.
+    const QList<QWidget*> parts = fields->findChildren<QWidget*>();
+    for (const QWidget* part : parts)
+        part->ensurePolished();
+    auto* area = new FormArea(fields, this);
+    area->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
-    column->setSpacing(Space(12));
-    column->addWidget(new FormArea(fields, this), 1);
+    column->setSpacing(Space(8));
+    column->addWidget(lblsource);
+    column->addWidget(lblseries);
+    column->addWidget(area);
+    column->addWidget(lstrows, 1);
+    column->addWidget(lblway);
+    column->addWidget(lblcount);
     column->addLayout(buildButtons());
+}
+
+// Wide enough for the list's columns, and high enough for a quarter of a year; the list itself asks for no height.
+QSize frmrest::sizeHint() const {
+    const QSize needed = QDialog::sizeHint();
+    return {std::max(needed.width(), fontMetrics().averageCharWidth() * FormCharacters),
+            needed.height() + fontMetrics().height() * 3 / 2 * LinesWanted};
 }
 
 QWidget* frmrest::buildWhat() {
@@ -121,11 +132,12 @@ QWidget* frmrest::buildWhat() {
 QWidget* frmrest::buildWhich() {
     auto* box = Named(new QGroupBox(tr("Which"), this), "fraWhich");
     radWhich = Named(new QButtonGroup(box), "radWhich");
-    auto* column = new QVBoxLayout(box);
-    column->setSpacing(Space(4));
+    auto* row = new QHBoxLayout(box);
+    row->setSpacing(Space(24));
     const QStringList texts{tr("Th&is appointment"), tr("This and &following"), tr("&All")};
     for (int scope = 0; scope < texts.size(); ++scope)
-        column->addWidget(option(radWhich, scope, texts[scope], box));
+        row->addWidget(option(radWhich, scope, texts[scope], box));
+    row->addStretch(1);
     return box;
 }
 
@@ -143,7 +155,8 @@ void frmrest::buildList() {
     lstrows->header()->resizeSection(ThenColumn, ThenCharacters * character);
     lstrows->header()->setStretchLastSection(true);
     lstrows->setMinimumHeight(fontMetrics().height() * 3 / 2 * Lines);
-    lstrows->setMinimumWidth(character * (DateCharacters + TimeCharacters + ThenCharacters + 30));
+    // On a small screen the list gives way before the fields above it do.
+    lstrows->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     lblway = Named(new QLabel(this), "lblway");
     lblcount = Named(new QLabel(this), "lblcount");
     for (QLabel* label : {lblway, lblcount}) {
@@ -161,8 +174,8 @@ QLayout* frmrest::buildButtons() {
     cmdCancel = FormButton(QStringLiteral("Cancel"), "cmdCancel", this);
     auto* row = new QHBoxLayout;
     row->setSpacing(Space(8));
-    row->addWidget(lblcount, 1);
     row->addWidget(cmdskip);
+    row->addStretch(1);
     row->addWidget(cmdOk);
     row->addWidget(cmdCancel);
     return row;

@@ -29,7 +29,7 @@ using Member = GroupFields::Member;
 constexpr int DateCharacters = 20;
 constexpr int TimeCharacters = 24;
 constexpr int ThenCharacters = 50;
-constexpr int Lines = 9;
+constexpr int Lines = 5;
 
 QString namesOf(const std::vector<Member>& members) {
     QStringList names;
