@@ -24,7 +24,7 @@ namespace {
 constexpr int MostMinutes = 1439;
 constexpr int ComboCharacters = 16;
 constexpr int DateCharacters = 21;
-constexpr int TimeCharacters = 22;
+constexpr int TimeCharacters = 24;
 constexpr int ThenCharacters = 38;
 constexpr int Lines = 5;
 constexpr int LinesWanted = 11;
@@ -33,6 +33,8 @@ constexpr int FormCharacters = 130;
 QRadioButton* option(QButtonGroup* group, int id, const QString& text, QWidget* parent) {
     auto* button = Named(new QRadioButton(text, parent), QStringLiteral("%1%2").arg(group->objectName()).arg(id));
     group->addButton(button, id);
+    // The button's Alt key clicks it a moment later, which may be after the Enter that follows.
+    QObject::connect(button, &QRadioButton::pressed, button, [button] { button->setChecked(true); });
     return button;
 }
 

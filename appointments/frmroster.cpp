@@ -113,6 +113,8 @@ QWidget* frmroster::buildWhich() {
     for (int scope = 0; scope < texts.size(); ++scope) {
         auto* button = Named(new QRadioButton(texts[scope], box), QStringLiteral("radWhich%1").arg(scope));
         radWhich->addButton(button, scope);
+        // The button's Alt key clicks it a moment later, which may be after the Enter that follows.
+        connect(button, &QRadioButton::pressed, button, [button] { button->setChecked(true); });
         row->addWidget(button);
     }
     row->addStretch(1);
