@@ -226,7 +226,11 @@ bool frmfirststart::needsFirstUser() const {
 }
 
 void frmfirststart::enableOk() {
-    serverUser->setVisible(needsFirstUser());
+    if (const bool asksForUser = needsFirstUser(); asksForUser != serverUser->isVisibleTo(pages->widget(2))) {
+        serverUser->setVisible(asksForUser);
+        layout()->activate();
+        resize(size().expandedTo(sizeHint()));
+    }
     const bool isReady = answer_ && (answer_->state == State::Empty || answer_->state == State::Ready);
     cmdOk->setEnabled(page_ == Choice::OneDesk ? deskUser->IsFilled()
                                                : isReady && (!needsFirstUser() || serverUser->IsFilled()));

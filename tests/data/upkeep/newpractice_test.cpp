@@ -76,6 +76,8 @@ TEST_F(NewDesk, NobodyAnswersForADatabaseThatIsNotThere) {
 }
 
 TEST_F(NewDesk, AnEmptyDatabaseGetsItsTablesAndItsFirstUser) {
+    if (database.isOnServer())
+        GTEST_SKIP() << "The program's login may make no tables on the server for tests.";
     dropAll();
     EXPECT_EQ(AskServer(place()).state, State::Empty);
     ServerPlace there = place();
