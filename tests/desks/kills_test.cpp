@@ -272,6 +272,50 @@ TEST_F(Kills, ASeriesWhoseDeletionIsCutOffIsDeletedToItsEndByTheNextStart) {
     }
 }
 
+// What is past is not moved, so that the series lies in the days to come.
+TEST_F(Kills, ARestOfASeriesWhoseMoveIsCutOffIsMovedToItsEndByTheNextStart) {
+    const QDate coming = QDate::currentDate().addDays(14);
+    const QString moved = QStringLiteral("Select Count(*) from appointments Where nStartTime = 600");
+    const QString movedRooms = QStringLiteral("Select Count(*) from roomschedule Where nStartTime = 600");
+    for (const char* table : {"appointments", "roomschedule"}) {
+        empty();
+        const QString key = bookWithRoom();
+        for (int copy = 1; copy < SeriesLength; ++copy)
+            bookWithRoom();
+        connection.Execute(Sql("Update appointments Set repeating = 1, repeating_ref = {}", db::Raw{key}));
+        for (int week = 0; week < SeriesLength; ++week) {
+            const int row = key.toInt() + week;
+            const QDate date = coming.addDays(7 * week);
+            connection.Execute(Sql("Update appointments Set dapptdate = '{}' Where nkeyid = {}", date, row));
+            connection.Execute(Sql("Update roomschedule Set nApptDate = '{}' Where apptid = {}", date, row));
+        }
+        desk = std::make_unique<Desk>(folder.path(), QStringLiteral("REED"), coming, QString(), config.path());
+        desk->tell("select", key);
+        open("mnuARest", "frmrest");
+        desk->tell("click", QStringLiteral("radWhich2"));
+        desk->tell("replace", QStringLiteral("txtminutes"), QStringLiteral("60"));
+        bare.stopAt(QStringLiteral("UPDATE"), QString::fromLatin1(table),
+                    QStringLiteral("(SELECT Count(*) FROM %1 WHERE nStartTime = 600) = 3").arg(QLatin1String(table)));
+        desk->tellLast("click", QStringLiteral("cmdOk"));
+        while (number(moved) < 2)
+            continue;
+        bare.awaitAnothersWrite();
+        desk->kill();
+        desk.reset();
+        bare.goOn();
+        EXPECT_EQ(torn(), 0) << table;
+        EXPECT_EQ(number(moved), 2) << table;
+        EXPECT_EQ(number(movedRooms), 2) << table;
+
+        start();
+        EXPECT_EQ(notice(), QStringLiteral("Changing a series was cut off: 2 of 6 appointments are changed."));
+        pressNotice();
+        EXPECT_EQ(number(moved), SeriesLength) << table;
+        EXPECT_EQ(number(movedRooms), SeriesLength) << table;
+        desk.reset();
+    }
+}
+
 // At moments that nobody chose. SVS_KILLS tells how often, for who has the time.
 TEST_F(Kills, AtWhateverMomentASeriesIsCutOffNothingIsTorn) {
     const int kills = std::max(6, qEnvironmentVariableIntValue("SVS_KILLS"));
