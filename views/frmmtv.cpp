@@ -220,7 +220,11 @@ void frmmtv::FindAppointment() {
     if (!dialog.Found())
         return;
     const FoundAppointment found = *dialog.Found();
-    goTo(found.date);
+    main().SetDate(found.date);
+    if (dialog.ProviderChanged())
+        main().ProviderChosen();
+    else
+        Reload();
     main().LeaveFound(found);
     // A day of the month has no room for all its appointments, nor for the time of each.
     ShowNotice({tr("The appointment that was found is on %1, at %2.")
