@@ -7,6 +7,7 @@
 
 #include "appointments/editorrequest.h"
 #include "appointments/entrywrite.h"
+#include "people/frmnewpat.h"
 #include "session/editordialog.h"
 
 class CompletingCombo;
@@ -235,7 +236,9 @@ class frmnore : public EditorDialog {
     /// Opens the form for new patients with the typed name, which nobody has. Returns whether a patient was added, who
     /// is then chosen.
     bool AddNewPatient();
-    bool addPatient(const QString& lastName, const QString& firstName);
+    /// Opens the form for new patients with what the typed name and the appointment tell.
+    void addTypedPatient();
+    bool addPatient(frmnewpat::Names known);
     bool closePatientList();
 
     // frmnore_email.cpp

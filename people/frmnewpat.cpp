@@ -30,6 +30,7 @@ frmnewpat::frmnewpat(const Names& known, QWidget* parent) : QDialog(parent) {
     buildForm();
     loadAccountLabel();
     loadprovlist();
+    presetProvider(known.provider);
     txtdic->setDate(Today());
     watchChanges();
     // A name that was typed already is lost as little as one that is typed here.
@@ -59,9 +60,9 @@ void frmnewpat::reject() {
 }
 
 void frmnewpat::watchChanges() {
-    for (QLineEdit* field : {txtlname, txtfname, txtmi, txtsal, txtid, txtcity, txtstate, txtzip})
+    for (QLineEdit* field : {txtlname, txtfname, txtmi, txtsal, txtid, txtcity, txtstate, txtzip, txtemail})
         connect(field, &QLineEdit::textChanged, this, &frmnewpat::changed);
-    for (ctMEdit* field : {txtssn, txthphone, txtwphone})
+    for (ctMEdit* field : {txtssn, txthphone, txtwphone, txtcphone})
         connect(field, &ctMEdit::Change, this, &frmnewpat::changed);
     for (QComboBox* field : {cbosex, cboprovider})
         connect(field, &QComboBox::currentIndexChanged, this, &frmnewpat::changed);
@@ -91,6 +92,12 @@ void frmnewpat::loadprovlist() {
     cboprovider->setCurrentIndex(-1);
     if (cboprovider->count() == 0)
         cboprovider->setPlaceholderText(tr("No provider yet: add one in Solvane"));
+}
+
+void frmnewpat::presetProvider(const QString& id) {
+    for (int row = 0; row < lstproviders->count() && !id.isEmpty(); ++row)
+        if (lstproviders->item(row)->text().compare(id, Qt::CaseInsensitive) == 0)
+            cboprovider->setCurrentIndex(row);
 }
 
 void frmnewpat::loadAccountLabel() {

@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -71,10 +72,18 @@ void makeRoomForTitle(QMessageBox& box) {
                   grid->columnCount());
 }
 
+void showFacts(QMessageBox& box) {
+    box.setInformativeText(FactsOfQuestion());
+    // The box would otherwise take what looks like markup for markup.
+    if (auto* facts = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        facts->setTextFormat(Qt::PlainText);
+}
+
 Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
     const NormalPointer pointer;
     QMessageBox box(iconOf(style.picture), title, text, QMessageBox::NoButton, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
+    showFacts(box);
     makeRoomForTitle(box);
     if (style.buttons == BoxStyle::Buttons::Ok) {
         box.setStandardButtons(QMessageBox::Ok);
@@ -149,6 +158,11 @@ std::function<void()>& beforeQuestion() {
     return step;
 }
 
+QString& factsOfQuestion() {
+    static QString facts;
+    return facts;
+}
+
 }  // namespace
 
 void BeforeQuestions(std::function<void()> step) {
@@ -159,6 +173,17 @@ Answer MsgBox(const QString& text, BoxStyle style, const QString& title) {
     const OpenDialog open;
     beforeQuestion()();
     return Desktop().msgBox(text, style, title);
+}
+
+Answer AskWithFacts(const QString& text, const QString& facts, const QString& title) {
+    factsOfQuestion() = facts;
+    const Answer answer = MsgBox(text, YesNoWarningBox, title);
+    factsOfQuestion().clear();
+    return answer;
+}
+
+QString FactsOfQuestion() {
+    return factsOfQuestion();
 }
 
 int ShowModal(QDialog& form) {
