@@ -1,5 +1,6 @@
 #include "platform/desktop/desktop.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QCursor>
 #include <QDesktopServices>
@@ -11,6 +12,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QScreen>
 #include <QTimer>
 #include <QUrl>
 #include <vector>
@@ -60,14 +62,18 @@ class NormalPointer {
     std::vector<QCursor> taken_;
 };
 
+int widthOfTitle(const QWidget& window) {
+    QFont bold = window.font();
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + FrameButtons;
+}
+
 // A box is only as wide as its text, which may be so short that the title would be cut.
 void makeRoomForTitle(QMessageBox& box) {
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (grid == nullptr)
         return;
-    QFont bold = box.font();
-    bold.setBold(true);
-    const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + FrameButtons;
+    const int title = widthOfTitle(box);
     grid->addItem(new QSpacerItem(title, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
                   grid->columnCount());
 }
@@ -77,6 +83,14 @@ void showFacts(QMessageBox& box) {
     // The box would otherwise take what looks like markup for markup.
     if (auto* facts = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         facts->setTextFormat(Qt::PlainText);
+}
+
+// A small form is as wide as its fields. A form whose layout fixes its size keeps it.
+void makeRoomForTitle(QDialog& form) {
+    const int most = std::min(form.maximumWidth(), form.screen()->availableSize().width());
+    const int least = std::min(widthOfTitle(form), most);
+    if (form.minimumWidth() < least)
+        form.setMinimumWidth(least);
 }
 
 Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
@@ -102,6 +116,7 @@ int realShowModal(QDialog& form) {
     const NormalPointer pointer;
     if (!form.parentWidget() && QApplication::activeWindow() && QApplication::activeWindow() != &form)
         form.setParent(QApplication::activeWindow(), form.windowFlags());
+    makeRoomForTitle(form);
     return form.exec();
 }
 

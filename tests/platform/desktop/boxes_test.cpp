@@ -95,6 +95,31 @@ TEST(MessageBoxes, AQuestionWithFactsShowsThemAsTheyAreAndEnterAnswersNo) {
     EXPECT_EQ(showing(YesNoBox, [](QMessageBox& box) { EXPECT_EQ(box.informativeText(), QString()); }), Answer::No);
 }
 
+TEST(ModalForms, ASmallFormIsWideEnoughForItsTitle) {
+    for (int time = 0; time < 2; ++time) {
+        QDialog form;
+        form.setWindowTitle(QStringLiteral("Search Availability by Appointment Type"));
+        QTimer::singleShot(0, &form, [&form] {
+            QFont bold = form.font();
+            bold.setBold(true);
+            EXPECT_GT(form.width(), QFontMetrics(bold).horizontalAdvance(form.windowTitle()));
+            form.reject();
+        });
+        RealDesktop().showModal(form);
+    }
+}
+
+TEST(ModalForms, AFormOfAFixedWidthKeepsIt) {
+    QDialog form;
+    form.setWindowTitle(QStringLiteral("Search Availability by Appointment Type"));
+    form.setFixedSize(120, 80);
+    QTimer::singleShot(0, &form, [&form] {
+        EXPECT_EQ(form.width(), 120);
+        form.reject();
+    });
+    RealDesktop().showModal(form);
+}
+
 TEST(MessageBoxes, AreAnsweredByTheButtonsTwiceAlike) {
     for (int time = 0; time < 2; ++time) {
         EXPECT_EQ(showing(YesNoBox, [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }), Answer::Yes);
