@@ -134,6 +134,7 @@ class frmnore : public EditorDialog {
     // The pop-up list of patients. While it is open, OK is disabled, so that no key that is meant for the list saves.
     QWidget* pnlpatlist = nullptr;
     ctList* ctList1 = nullptr;
+    QLabel* lblcount = nullptr;  ///< Counts the patients on the list.
     QLineEdit* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
     QPushButton* cmdnew = nullptr;
@@ -156,6 +157,7 @@ class frmnore : public EditorDialog {
     [[nodiscard]] QWidget* buildNote();
     void buildPatientList();
     [[nodiscard]] QLayout* buildButtons();
+    void headForm();
     void alignLabels();
     void orderFields();
     void placePatientList();
@@ -231,6 +233,7 @@ class frmnore : public EditorDialog {
     bool choosePatientOfId(const QString& id);
     void cmdpatients_Click();
     void showPatientList();
+    void filterPatients();
     void cmdPatientList_Click();
     void takeFromList(int row);
     /// Opens the form for new patients with the typed name, which nobody has. Returns whether a patient was added, who

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "appointments/attendeelist.h"
+#include "appointments/attendeepanel.h"
 #include "companion/companionfields.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
@@ -14,6 +15,7 @@
 #include "platform/database/recordset.h"
 #include "platform/desktop/busypointer.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 namespace {
@@ -32,6 +34,7 @@ frmFHEvents::frmFHEvents(const CompanionEventRequest& request, QWidget* parent)
     buildForm();
     connectFields();
     load();
+    HeadByAttendees(*FormHeading::Above(*this, tr("Fernhall Event")), *txtdate, *List1);
     FitToScreen(*this);
 }
 
