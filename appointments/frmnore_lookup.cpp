@@ -30,6 +30,7 @@
 namespace {
 
 const QString Title = QStringLiteral("Solvane");
+constexpr int NameColumn = 1;
 
 bool takesAway(const QKeyEvent& event) {
     return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete || event.matches(QKeySequence::Cut) ||
@@ -54,8 +55,10 @@ void frmnore::connectLookUp() {
     connect(cmdpatients, &QToolButton::clicked, this, &frmnore::cmdpatients_Click);
     connect(cmdPatientList, &QPushButton::clicked, this, &frmnore::cmdPatientList_Click);
     connect(ctList1, &ctList::RowActivated, this, &frmnore::takeFromList);
-    connect(txtfind, &QLineEdit::textChanged, this,
-            [this](const QString& text) { cmdfind->setEnabled(!text.isEmpty()); });
+    connect(txtfind, &QLineEdit::textChanged, this, [this](const QString& text) {
+        cmdfind->setEnabled(!text.isEmpty());
+        filterPatients();
+    });
     PressOnEnter(*txtfind, *cmdfind);
     connect(cmdfind, &QPushButton::clicked, this, [this] {
         patientFiller_->Finish();
@@ -64,6 +67,7 @@ void frmnore::connectLookUp() {
     for (QPushButton* button : {cmdnew, cmdnewpat})
         connect(button, &QPushButton::clicked, this, &frmnore::addTypedPatient);
     patientFiller_ = new PatientFiller(*ctList1, this);
+    connect(patientFiller_, &PatientFiller::Progress, this, [this] { lblcount->setText(PatientCount(*ctList1)); });
 }
 
 bool frmnore::eventFilter(QObject* watched, QEvent* event) {
@@ -292,6 +296,13 @@ void frmnore::showPatientList() {
     pnlpatlist->show();
     ctList1->setFocus();
     startPatientList();
+}
+
+// The whole list must be there before some of it is hidden.
+void frmnore::filterPatients() {
+    patientFiller_->Finish();
+    ctList1->SetFilter(txtfind->text().trimmed(), NameColumn);
+    lblcount->setText(PatientCount(*ctList1));
 }
 
 void frmnore::startPatientList() {
