@@ -303,7 +303,9 @@ bool frmall::givesSlip(int code, int apptType) const {
 ScheduleSheet frmall::sheet(const PrintOptions& options) const {
     ScheduleSheet sheet = CalendarView::sheet(options);
     sheet.subtitle = QStringLiteral("Schedule - All Therapists");
-    sheet.footer.clear();
+    const std::size_t listed = panel_->Providers().size();
+    const std::size_t shown = sheet.content.columns.size();
+    sheet.footer = shown == listed ? tr("All providers") : tr("%1 of %2 providers").arg(shown).arg(listed);
     sheet.columnsPerPage = options.columnsPerPage;
     return sheet;
 }

@@ -155,6 +155,7 @@ ScheduleSheet frmweekv::sheet(const PrintOptions& options) const {
         sheet.content.columns.push_back({{}, ctMDay1->Date().addDays(day)});
     sheet.content.headingFormat = QString::fromLatin1(DayAndNumbers);
     sheet.columnsPerPage = days;
+    sheet.owner = Session().ProviderName;
     return sheet;
 }
 
