@@ -38,7 +38,8 @@ frmnewpat::frmnewpat(const Names& known, QWidget* parent) : QDialog(parent) {
     txtfname->setText(known.first);
     showMissing();
     FitToScreen(*this);
-    txtlname->setFocus();
+    // What is known already is not asked for first. The date of birth is always missing.
+    missingFields().first().field->setFocus();
 }
 
 // Disconnects the date fields. One with the focus is left while the form is destroyed, and would otherwise signal a

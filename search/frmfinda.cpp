@@ -30,11 +30,16 @@ frmfinda::frmfinda(QWidget* parent)
     showColumns();
 }
 
+// With the providers there are seven columns.
+QSize frmfinda::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 140, FindDialog::sizeHint().height()};
+}
+
 void frmfinda::showColumns() {
     using Kind = ListColumn::Kind;
     if (ckall->isChecked())
         changeColumns({{QStringLiteral("Description")},
-                       {QStringLiteral("Provider"), Kind::Text, 18},
+                       {QStringLiteral("Provider"), Kind::Text, 16},
                        {QStringLiteral("Date"), Kind::Text, 13},
                        {QStringLiteral("Start"), Kind::Text, 13},
                        {QStringLiteral("End"), Kind::Text, 13},

@@ -27,6 +27,8 @@ class frmfinda : public FindDialog {
     /// Whether the appointment stands in another provider's schedule. The session then has that provider.
     [[nodiscard]] bool ProviderChanged() const { return providerChanged_; }
 
+    [[nodiscard]] QSize sizeHint() const override;
+
     QCheckBox* ckall = nullptr;  ///< "All Pro&viders"
 
   protected:

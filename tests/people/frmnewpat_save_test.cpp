@@ -109,6 +109,12 @@ TEST_F(NewPatientSave, TheProviderOfTheAppointmentIsTakenOverAndIsNoChange) {
     EXPECT_EQ(frmnewpat({{}, {}, QStringLiteral("GONE")}).cboprovider->currentIndex(), -1);
 }
 
+TEST_F(NewPatientSave, TheCursorWaitsInTheFirstFieldThatIsMissing) {
+    EXPECT_EQ(frmnewpat({}).focusWidget()->objectName(), "txtlname");
+    EXPECT_EQ(frmnewpat({QStringLiteral("Young"), {}}).focusWidget()->objectName(), "txtfname");
+    EXPECT_EQ(frmnewpat({QStringLiteral("Young"), QStringLiteral("Al")}).focusWidget()->objectName(), "txtdob");
+}
+
 TEST_F(NewPatientSave, TheQuestionAboutADuplicateShowsWhoIsKnown) {
     Session().AllProviders = true;
     sql("Insert Into patient_info (id, last_name, first_name, birth_date, telephone_h, archive) Values ('1', 'SMITH', 'john', '1980/12/03', '5551234567', 0)");

@@ -378,9 +378,10 @@ TEST_F(PrintedViews, VisitsThatOverlapTooOftenToBeReadAreListedBelowTheWeek) {
     const printing::Document week = printOf(Which::Week);
     const QString words = WordsOf(printing::PageLayout(week), 0).join(QLatin1Char('\n'));
     EXPECT_TRUE(words.contains("Besides, at times that are full above:")) << words.toStdString();
-    for (int i = 3; i <= 7; ++i)
+    // Three cards have room beside each other across the paper.
+    for (int i = 4; i <= 7; ++i)
         EXPECT_TRUE(words.contains(QStringLiteral("Visitor number %1").arg(i))) << i;
-    EXPECT_EQ(words.count("Wed Mar 11"), 5);
+    EXPECT_EQ(words.count("Wed Mar 11"), 4);
 
     const printing::Document day = printOf(Which::Day);
     EXPECT_FALSE(WordsOf(printing::PageLayout(day), 0).join(QLatin1Char('\n')).contains("Besides"));

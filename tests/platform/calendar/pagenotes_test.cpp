@@ -42,7 +42,7 @@ class PageWithNotes : public testing::Test {
     [[nodiscard]] QStringList legend() const {
         QStringList found;
         for (const Word& word : words({{}, true}))
-            if (word.place.top() > Paper.bottom() - 3 * style.smallLine)
+            if (word.place.center().y() > Paper.bottom() - style.smallLine)
                 found << word.text;
         return found;
     }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QAction>
 #include <QLabel>
 #include <QPrinter>
@@ -169,23 +168,6 @@ TEST_F(PreviewOfADocument, SavesAPdfUnderItsTitle) {
         << desk.proposed[0].toStdString();
     EXPECT_TRUE(FileBytes(desk.chosenFile).startsWith("%PDF-"));
     EXPECT_EQ(form->lblstatus->text(), QStringLiteral("Saved as ") + desk.chosenFile);
-}
-
-TEST_F(PreviewOfADocument, AScreenReaderIsToldOfAFileThatWasSavedAndOfADocumentThatWasPrinted) {
-    static QStringList alerts;
-    alerts.clear();
-    desk.chosenFile = folder.filePath(QStringLiteral("list.pdf"));
-    open();
-    QAccessible::setActive(true);
-    const QAccessible::UpdateHandler before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-        if (event->type() == QAccessible::Alert)
-            alerts << event->accessibleInterface()->text(QAccessible::Name);
-    });
-    form->cmdsave->click();
-    form->cmdprint->click();
-    QAccessible::installUpdateHandler(before);
-    EXPECT_EQ(alerts, (QStringList{QStringLiteral("Saved as ") + desk.chosenFile,
-                                   QStringLiteral("The document has gone to the printer.")}));
 }
 
 TEST_F(PreviewOfADocument, WhatIsSavedAndPrintedIsTurnedAsTheUserTurnedIt) {
