@@ -149,7 +149,6 @@ void frmmove::show(const std::vector<MoveObstacle>& obstacles) {
         if (obstacle.namesPatient)
             ctList1->NameCell(row, TextColumn);
     }
-    ctList1->setEnabled(!obstacles.empty());
 }
 
 // The line is told to who cannot see it, because the focus stays in the field.

@@ -3,11 +3,51 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <utility>
+
+#include "platform/theme/theme.h"
 
 namespace {
 
 constexpr int RestMilliseconds = 60;
+
+/// Paints the lines of a row one below the other, the first as a heading, with a line under the row.
+class RowDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem row = option;
+        initStyleOption(&row, index);
+        const QStringList lines = row.text.split(QLatin1Char('\n'));
+        row.text.clear();
+        row.widget->style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+        const ThemeColours& colours = Theme::Instance().colours();
+        const bool selected = row.state.testFlag(QStyle::State_Selected);
+        painter->save();
+        painter->fillRect(row.rect.left(), row.rect.bottom(), row.rect.width(), 1, colours.border);
+        QRect line = row.rect.adjusted(Space(8), Space(4), -Space(8), 0);
+        line.setHeight(row.fontMetrics.height());
+        QFont font = row.font;
+        font.setWeight(QFont::DemiBold);
+        painter->setPen(selected ? colours.selectedText : colours.text);
+        for (const QString& text : lines) {
+            painter->setFont(font);
+            const QString shown = painter->fontMetrics().elidedText(text, Qt::ElideRight, line.width());
+            painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+            line.translate(0, line.height());
+            font = row.font;
+        }
+        painter->restore();
+    }
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const auto lines = index.data().toString().count(QLatin1Char('\n')) + 1;
+        return {0, option.fontMetrics.height() * static_cast<int>(lines) + 2 * Space(4)};
+    }
+};
 
 }  // namespace
 
@@ -15,8 +55,7 @@ ShelfList::ShelfList(QWidget* parent) : QListWidget(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setWordWrap(true);
-    setTextElideMode(Qt::ElideRight);
+    setItemDelegate(new RowDelegate(this));
     rest_.setInterval(RestMilliseconds);
     connect(&rest_, &QTimer::timeout, this, &ShelfList::hover);
 }

@@ -59,7 +59,7 @@ ShelfPanel::~ShelfPanel() {
 }
 
 void ShelfPanel::build() {
-    auto* heading = new QLabel(tr("Holding Shelf"), this);
+    auto* heading = Named(new QLabel(tr("Holding Shelf"), this), "lblshelf");
     heading->setFont(HeadingFont());
     list_ = Named(new ShelfList(this), "lstshelf");
     list_->setAccessibleName(tr("Holding Shelf"));
