@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "data/codes.h"
 #include "data/minutetime.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -30,8 +31,18 @@ void rememberPlace(int shelfId, const ShownAppointment& row) {
         SqlDate(row.stored.ItemDay), row.stored.ItemStart, row.stored.ItemEnd, row.clinicianId, shelfId));
 }
 
-QString toldOf(const ShownAppointment& seen) {
-    return QStringLiteral("The appointment of %1").arg(WeekdayText(seen.stored.ItemDay, seen.stored.ItemStart));
+QString whenOf(const ShownAppointment& row) {
+    return WeekdayText(row.stored.ItemDay, row.stored.ItemStart);
+}
+
+QString deletedNews(const ShownAppointment& seen) {
+    return QStringLiteral("The appointment of %1 was deleted, and was taken off the holding shelf.").arg(whenOf(seen));
+}
+
+QString movedNews(const ShownAppointment& seen, const ShelvedAppointment& now) {
+    return QStringLiteral(
+               "The appointment of %1 on the holding shelf was moved by another user. It is on %2 with %3 now.")
+        .arg(whenOf(seen), whenOf(now.row), now.provider);
 }
 
 ShelvedAppointment shelvedFrom(const Recordset& row) {
@@ -39,7 +50,10 @@ ShelvedAppointment shelvedFrom(const Recordset& row) {
     shelved.key = static_cast<int>(row["ShelfKey"].integer());
     shelved.row = RowOf(row, ItemFromAppointment(row, UnpaintedItems()));
     const QString name = row["ShelfProviderName"].text();
-    shelved.provider = name.isEmpty() ? shelved.row.clinicianId : name;
+    if (shelved.row.clinicianId == QLatin1String(EventClinicianId))
+        shelved.provider = QStringLiteral("its attendees");
+    else
+        shelved.provider = name.isEmpty() ? shelved.row.clinicianId : name;
     return shelved;
 }
 
@@ -69,7 +83,7 @@ HoldingShelf ReadHoldingShelf() {
         const int shelfId = static_cast<int>(rows["ShelfId"].integer());
         if (rows["nkeyid"].isNull()) {
             gone.push_back(shelfId);
-            shelf.news << toldOf(seen) + QStringLiteral(" was deleted, and was taken off the holding shelf.");
+            shelf.news << deletedNews(seen);
             continue;
         }
         shelf.appointments.push_back(shelvedFrom(rows));
@@ -79,11 +93,7 @@ HoldingShelf ReadHoldingShelf() {
         moved.emplace_back(shelfId, now);
         // Users know what they did themselves.
         if (rows["lastmodifieduid"].text().compare(Session().UID, Qt::CaseInsensitive) != 0)
-            shelf.news << toldOf(seen) +
-                              QStringLiteral(
-                                  " on the holding shelf was moved by another user. It is on %1 with %2 now.")
-                                  .arg(WeekdayText(now.stored.ItemDay, now.stored.ItemStart),
-                                       shelf.appointments.back().provider);
+            shelf.news << movedNews(seen, shelf.appointments.back());
     }
     for (const int shelfId : gone)
         Session().Connection.Execute(Sql("Delete From HoldingShelf Where ShelfId = {}", shelfId));

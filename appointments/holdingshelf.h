@@ -10,7 +10,8 @@
 struct ShelvedAppointment {
     int key = 0;
     ShownAppointment row;  ///< As it was read last.
-    QString provider;      ///< The surname of the provider who has it, or the id of one without a name.
+    QString provider;  ///< The surname of the provider who has it, or the id of one without a name; "its attendees" for
+                       ///< an Activity of several.
 
     /// What a list says of it besides its text: "Wed, Nov 18, 9:00 AM", "50 minutes", "Reed".
     [[nodiscard]] QString When() const;

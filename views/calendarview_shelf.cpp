@@ -94,7 +94,7 @@ void CalendarView::moveCommand() {
     } catch (const db::DatabaseError& error) {
         return TellError(QStringLiteral("Error loading appointment. "), error);
     }
-    const BookedProvider provider = providerNamed(row.clinicianId);
+    const BookedProvider provider = shared ? Provider() : providerNamed(row.clinicianId);
     frmmove form({row, provider, shared}, window());
     ShowModal(form);
     const std::optional<MoveTarget> target = form.Target();
@@ -183,6 +183,8 @@ void CalendarView::landAtSelection() {
 void CalendarView::land(const ShelvedAppointment& shelved, const ItemPlace& place) {
     if (!IsTimeOfDay(place.start, place.end))
         return tellNoTimeOfDay();
+    if (!MayWorkOn({shelved.row.clinicianId, shelved.provider}))
+        return;
     const MoveTarget target{{dateOfColumn(place.column), place.start, place.end},
                             providerOfColumn(place.column).value_or(Provider())};
     const db::ReadTogether together(Session().Connection, MoveStatements(shelved.key));

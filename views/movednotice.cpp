@@ -2,6 +2,7 @@
 
 #include "appointments/conflicts.h"
 #include "appointments/holdingshelf.h"
+#include "data/codes.h"
 #include "data/pipefields.h"
 #include "platform/controls/noticebar.h"
 #include "session/errorbox.h"
@@ -19,7 +20,7 @@ bool hasOtherProvider(const MovedAppointment& moved) {
     return moved.move.provider && !isSame(moved.move.before.clinicianId, moved.now.clinicianId);
 }
 
-/// The provider whom the appointment has now.
+/// The provider whom the appointment has now. Only while it is moved the session's provider tells the name.
 BookedProvider providerNow(const MovedAppointment& moved) {
     if (moved.move.provider)
         return *moved.move.provider;
@@ -27,13 +28,8 @@ BookedProvider providerNow(const MovedAppointment& moved) {
             isSame(moved.now.clinicianId, Session().ProviderId) ? Session().ProviderName : moved.now.clinicianId};
 }
 
-FoundAppointment placeOf(const ShownAppointment& row, const QString& provider) {
-    return {row.stored.ItemKey, row.stored.ItemDay, row.stored.ItemStart, false, provider};
-}
-
-void show(MainWindow& main, const MovedAppointment& moved) {
-    const BookedProvider provider = providerNow(moved);
-    GoToAppointment(main, placeOf(moved.now, provider.id), provider);
+FoundAppointment placeOf(const ShownAppointment& row) {
+    return {row.stored.ItemKey, row.stored.ItemDay, row.stored.ItemStart, false, {}};
 }
 
 void tell(MainWindow& main, const QString& text, const MovedAppointment& moved, bool backAgain);
@@ -74,7 +70,9 @@ void putBack(MainWindow& main, const MovedAppointment& moved) {
 void tell(MainWindow& main, const QString& text, const MovedAppointment& moved, bool backAgain) {
     Notice notice{text};
     notice.subject = MovedSubject;
-    notice.actions = {{QStringLiteral("Show"), [&main, moved] { show(main, moved); }}};
+    notice.actions = {{QStringLiteral("Show"), [&main, place = placeOf(moved.now), provider = providerNow(moved)] {
+                           GoToAppointment(main, place, provider);
+                       }}};
     if (backAgain)
         notice.actions.push_back({QStringLiteral("Put back"), [&main, moved] { putBack(main, moved); }});
     ShowNotice(std::move(notice));
@@ -83,18 +81,38 @@ void tell(MainWindow& main, const QString& text, const MovedAppointment& moved, 
 }  // namespace
 
 void TellMoved(MainWindow& main, const MovedAppointment& moved) {
-    QString text = QStringLiteral("Moved to %1").arg(WeekdayText(moved.now.stored.ItemDay, moved.now.stored.ItemStart));
-    if (hasOtherProvider(moved))
-        text += QStringLiteral(" with %1").arg(moved.move.provider->name);
-    tell(main, text + QLatin1Char('.'), moved, true);
+    const QString when = WeekdayText(moved.now.stored.ItemDay, moved.now.stored.ItemStart);
+    tell(main,
+         hasOtherProvider(moved) ? QStringLiteral("Moved to %1 with %2.").arg(when, moved.move.provider->name)
+                                 : QStringLiteral("Moved to %1.").arg(when),
+         moved, true);
 }
 
-void GoToAppointment(MainWindow& main, const FoundAppointment& found, const BookedProvider& provider) {
-    const bool other = !provider.id.isEmpty() && !isSame(provider.id, Session().ProviderId);
+bool MayWorkOn(const BookedProvider& provider) {
+    if (Session().AllProviders || provider.id == QLatin1String(EventClinicianId) ||
+        isSame(provider.id, Session().ProviderId))
+        return true;
+    Notice notice{QStringLiteral("The appointment belongs to the schedule of %1 now, which you may not work on.")
+                      .arg(provider.name),
+                  Notice::Kind::Caution};
+    notice.subject = MovedSubject;
+    ShowNotice(std::move(notice));
+    return false;
+}
+
+void GoToAppointment(MainWindow& main, FoundAppointment found, const BookedProvider& provider) {
+    if (!MayWorkOn(provider))
+        return;
+    // An Activity of several stands in the schedule of each who attends it, and in no column of all providers.
+    const bool shared = provider.id == QLatin1String(EventClinicianId);
+    found.provider = shared ? QString() : provider.id;
+    if (shared && Session().CurrentView == View::AllProviders)
+        return main.OpenFound(found);
     main.LeaveFound(found);
     main.SetDate(found.date);
     if (Session().CurrentView == View::AllProviders)
         return main.cycledate(2);
+    const bool other = !shared && !isSame(provider.id, Session().ProviderId);
     if (other) {
         Session().ProviderId = provider.id;
         Session().ProviderName = provider.name;

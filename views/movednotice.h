@@ -14,6 +14,10 @@ struct MovedAppointment {
 /// something else was booked there. The notice needs no view, and the next move replaces it.
 void TellMoved(MainWindow& main, const MovedAppointment& moved);
 
-/// Goes to an appointment and selects it: in the view that is open when that is one of days, otherwise in the day view.
-/// The schedule of another provider is opened where the view shows one provider's.
-void GoToAppointment(MainWindow& main, const FoundAppointment& found, const BookedProvider& provider);
+/// Whether the user may work on this provider's schedule. When not, the bar says so.
+[[nodiscard]] bool MayWorkOn(const BookedProvider& provider);
+
+/// Goes to an appointment of this provider and selects it: in the view that is open when that is one of days, otherwise
+/// in the day view. The schedule of another provider is opened where the view shows one provider's, and refused to a
+/// user who may not see it.
+void GoToAppointment(MainWindow& main, FoundAppointment found, const BookedProvider& provider);

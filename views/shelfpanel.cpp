@@ -240,7 +240,7 @@ void BindShelfCommand(ViewMenus& menus, ShelfPanel& shelf) {
 
 void GoToShelved(MainWindow& main, const ShelvedAppointment& shelved) {
     const ShownAppointment& row = shelved.row;
-    GoToAppointment(main, {row.stored.ItemKey, row.stored.ItemDay, row.stored.ItemStart, false, row.clinicianId},
+    GoToAppointment(main, {row.stored.ItemKey, row.stored.ItemDay, row.stored.ItemStart, false, {}},
                     {row.clinicianId, shelved.provider});
 }
 

@@ -23,6 +23,15 @@ class MovedVisits : public FrontDesk {
     }
     QString placeOf(const char* widget) { return desk->tell("widgetPlace", QLatin1String(widget)); }
     QString entry(const char* name) { return desk->tell("entryPlace", QLatin1String(name)); }
+    /// Presses F6 until this widget has the focus.
+    bool goToPane(const char* widget) {
+        return soon([&] {
+            if (desk->tell("focus") == QLatin1String(widget))
+                return true;
+            person->press({QStringLiteral("F6")});
+            return false;
+        });
+    }
     qint64 shelved() { return number(QStringLiteral("Select Count(*) from HoldingShelf")); }
 
     QString anna;
@@ -66,6 +75,9 @@ TEST_F(MovedVisits, ByTheShelfWithTheKeyboardInFiveSteps) {
     EXPECT_TRUE(soon([this] { return shelved() == 1; }));
     EXPECT_EQ(when(anna), QStringLiteral("2026-03-11 540-600")) << "It stays booked.";
     person->picture("shelf");
+    EXPECT_TRUE(goToPane("lstshelf"));
+    person->press({QStringLiteral("Escape")});
+    EXPECT_TRUE(soon([this] { return desk->tell("focus") == QLatin1String("ctMDay1"); }));
     person->press({QStringLiteral("alt+Right")});  // 3: the next day
     EXPECT_TRUE(soon([this] { return desk->tell("items").isEmpty(); }));
     person->press({QStringLiteral("Down")});    // 4: a time
@@ -75,13 +87,7 @@ TEST_F(MovedVisits, ByTheShelfWithTheKeyboardInFiveSteps) {
     person->picture("landed");
 
     // By F6 to the bar, and back it goes.
-    person->press({QStringLiteral("F6")});
-    EXPECT_TRUE(soon([this] {
-        if (desk->tell("focus") == QLatin1String("cmdNotice"))
-            return true;
-        person->press({QStringLiteral("F6")});
-        return false;
-    }));
+    EXPECT_TRUE(goToPane("cmdNotice"));
     person->press({QStringLiteral("Tab"), QStringLiteral("Return")});
     EXPECT_TRUE(comesTo("2026-03-11 540-600")) << when(anna).toStdString();
 }

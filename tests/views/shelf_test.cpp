@@ -387,6 +387,38 @@ TEST_F(Shelf, AnActivityOfSeveralLandsInTheActivityScheduler) {
     EXPECT_EQ(rows().size(), 1) << "The scheduler was given up.";
 }
 
+TEST_F(Shelf, AnActivityOfSeveralIsGoneToInTheSchedulesOfItsAttendees) {
+    const qint64 staff = add(anAppointment("Staff").status(ncolor::Activity).of("~EVT").at(9, 0).until(9, 30));
+    run(QStringLiteral("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values(%1, 'REED')").arg(staff));
+    openByHand();
+    Session().CurrentView = View::Day;
+    shelve("Staff");
+    EXPECT_EQ(rows(), QStringList{"Staff, Wed, Mar 11, 9:00 AM, 30 minutes · its attendees"});
+    goTo(Thursday);
+
+    press(shelf().List(), Qt::Key_Return);
+
+    EXPECT_EQ(Session().ProviderId, "REED");
+    view_->Reload();
+    EXPECT_EQ(view_->SelectedItem()->ItemText, "Staff");
+}
+
+TEST_F(Shelf, WhatWasGivenToAScheduleThatTheUserMayNotWorkOnIsNeitherGoneToNorLanded) {
+    Session().AllProviders = false;
+    const qint64 anna = add(anAppointment("Anna").at(9, 0).until(9, 50));
+    openByHand();
+    shelve("Anna");
+    otherDeskSets(anna, "clinicianid = 'LANE', lastmodifieduid = 'ADMIN'");
+    goTo(Thursday);
+
+    press(shelf().List(), Qt::Key_Return);
+    EXPECT_EQ(Session().ProviderId, "REED");
+    EXPECT_EQ(bar.Texts()[0], "The appointment belongs to the schedule of LANE now, which you may not work on.");
+    calendar().selectRange(1, 660, 675);
+    trigger("mnuALand");
+    EXPECT_EQ(place(anna), "2026-03-11 540-590 LANE");
+}
+
 TEST_F(Shelf, TheWeekAndTheMonthHaveItToo) {
     add(anAppointment("Anna").at(9, 0).until(9, 50));
     openByHand();

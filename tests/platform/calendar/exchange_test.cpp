@@ -4,6 +4,7 @@
 
 #include <QLabel>
 
+#include "platform/calendar/colour.h"
 #include "tests/platform/calendar/calendarlook.h"
 #include "tests/platform/calendar/words.h"
 
