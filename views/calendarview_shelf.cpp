@@ -17,7 +17,10 @@
 
 void CalendarView::bindShelf() {
     menus_.Bind(menu::mnuAMove, [this] { moveCommand(); });
-    menus_.Bind(menu::mnuAShelve, [this] { shelve(ctMDay1->SelectedItem()); });
+    menus_.Bind(menu::mnuAShelve, [this] {
+        ctMDay1->CommitEdit();  // It may remove the item.
+        shelve(ctMDay1->SelectedItem());
+    });
     menus_.Bind(menu::mnuALand, [this] { landAtSelection(); });
     BindShelfCommand(menus_, *shelf_);
     ctMDay1->addDropTarget(shelf_);
@@ -138,7 +141,6 @@ void CalendarView::move(const ShownAppointment& row, const MoveTarget& target, c
 }
 
 void CalendarView::shelve(int index) {
-    ctMDay1->CommitEdit();
     if (MayWrite() && shelf_->Exists() && whyNoMove(index).isEmpty())
         shelf_->Put(facts_.value(std::as_const(*ctMDay1).Item(index).ItemKey));
 }
@@ -187,6 +189,10 @@ void CalendarView::land(const ShelvedAppointment& shelved, const ItemPlace& plac
         return;
     const MoveTarget target{{dateOfColumn(place.column), place.start, place.end},
                             providerOfColumn(place.column).value_or(Provider())};
+    const CalendarItem& item = shelved.row.stored;
+    if (target.slot == SelectedSlot{item.ItemDay, item.ItemStart, item.ItemEnd} &&
+        target.provider.id.compare(shelved.row.clinicianId, Qt::CaseInsensitive) == 0)
+        return leaveShelf(shelved.key);  // It stands there already.
     const db::ReadTogether together(Session().Connection, MoveStatements(shelved.key));
     try {
         if (IsSharedActivity(shelved.key)) {

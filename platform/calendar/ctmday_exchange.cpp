@@ -37,10 +37,9 @@ std::optional<ItemPlace> ctMDay::showIncoming(QPoint globalPos, const CalendarIt
     // The item is held at its start, whatever its own time is.
     const int minute = grid().minuteAt(pos.y()) / content_.timeInterval * content_.timeInterval;
     const int length = std::max(item.ItemEnd - item.ItemStart, 0);
-    ItemPlace place{1, {}, minute, minute + length};
-    Drag drag(Drag::Kind::Move, 0, place, minute);
+    Drag drag(Drag::Kind::Move, 0, {1, {}, 0, length}, 0);
     drag.move(grid().columnAt(pos.x()), minute, content_);
-    place = drag.place();
+    const ItemPlace place = drag.place();
     state_.incoming = item;
     state_.ghost = place;
     update();

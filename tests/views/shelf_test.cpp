@@ -176,6 +176,21 @@ TEST_F(Shelf, WithoutASelectedTimeNothingLandsAndTheUserIsTold) {
     EXPECT_EQ(shelved(), 1);
 }
 
+TEST_F(Shelf, LandingWhereItIsBookedOnlyTakesItOff) {
+    const qint64 anna = add(anAppointment("Anna").at(9, 0).until(9, 50));
+    openByHand();
+    shelve("Anna");
+    calendar().selectRange(1, 540, 555);
+
+    trigger("mnuALand");
+
+    EXPECT_EQ(place(anna), "2026-03-11 540-590 REED");
+    EXPECT_EQ(shelved(), 0);
+    EXPECT_FALSE(item("Anna").ItemShelved);
+    EXPECT_EQ(database_.text("Select LogDescription from AuditLog"), "(none)");
+    EXPECT_EQ(bar.Texts(), QStringList());
+}
+
 TEST_F(Shelf, ATimeThatWouldPassMidnightIsRefused) {
     Session().DayEndHour = 24;
     const qint64 anna = add(anAppointment("Anna").at(9, 0).until(11, 0));
