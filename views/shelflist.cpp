@@ -21,7 +21,7 @@ class RowDelegate : public QStyledItemDelegate {
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyleOptionViewItem row = option;
         initStyleOption(&row, index);
-        const QStringList lines = row.text.split(QLatin1Char('\n'));
+        const QStringList lines = index.data().toString().split(QLatin1Char('\n'));
         row.text.clear();
         row.widget->style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
         const ThemeColours& colours = Theme::Instance().colours();

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int PanelCharacters = 32;
+constexpr int PanelCharacters = 28;
 // The values of the setting; without one the shelf is shown while something is on it.
 constexpr char Shown[] = "1";
 constexpr char Hidden[] = "0";
