@@ -24,6 +24,7 @@
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "shell/menutables.h"
+#include "views/shelfpanel.h"
 
 using db::Recordset;
 using db::Sql;
@@ -73,15 +74,17 @@ int DaysInMonth(int month, int year) {
     return month == 2 && year % 4 == 0 ? 29 : days[month - 1];
 }
 
-frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(), parent), ctWeek1(new ctWeek(this)) {
+frmmtv::frmmtv(MainWindow& main, QWidget* parent)
+    : MenuView(main, MonthMenus(), parent), ctWeek1(new ctWeek(this)), shelf_(new ShelfPanel(this)) {
     setObjectName(QStringLiteral("frmmtv"));
     ctWeek1->setObjectName(QStringLiteral("ctWeek1"));
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(ctWeek1);
+    whole->addWidget(BesideShelf(ctWeek1, shelf_));
     setFocusProxy(ctWeek1);
     bindMonthCommands();
     bindCalendar();
+    bindShelf();
     setmenuaccess();
     ctWeek1->setTwentyFourHour(Session().MilitaryTime);
     LoadMonthView();
@@ -109,6 +112,17 @@ void frmmtv::bindCalendar() {
             [this](int direction) { this->main().cycledate(direction < 0 ? 0 : 1); });
 }
 
+void frmmtv::bindShelf() {
+    BindShelfCommand(menus(), *shelf_);
+    connect(shelf_, &ShelfPanel::ShowRequested, this,
+            [&main = main()](const ShelvedAppointment& shelved) { GoToShelved(main, shelved); });
+    connect(&shelf_->List(), &ShelfList::LeaveRequested, ctWeek1, [this] { ctWeek1->setFocus(); });
+}
+
+QList<QWidget*> frmmtv::SidePanes() const {
+    return {&shelf_->List()};
+}
+
 void frmmtv::setmenuaccess() {
     const SessionValues& session = Session();
     showAny({menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFsep2, menu::mnuVActivity}, MayWrite());
@@ -132,8 +146,9 @@ void frmmtv::LoadMonthView() {
     ctWeek1->setDate(date);
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
     const QDate first(ctWeek1->Year(), ctWeek1->Month(), 1);
-    const db::ReadTogether together(Session().Connection,
-                                    QStringList(appointmentsStatement(first, days)) + holidayStatements(first, days));
+    const db::ReadTogether together(Session().Connection, QStringList(appointmentsStatement(first, days)) +
+                                                              holidayStatements(first, days) + shelf_->Statements());
+    shelf_->Read();
     if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(first, days); }))
         db::Ignoring([&] { addHolidays(first, days); });
     const QString month = QLocale::c().toString(date, QStringLiteral("MMMM"));

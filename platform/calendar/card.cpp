@@ -40,6 +40,10 @@ QPen OutlinePen(const CalendarItem& item, const CardState& state, const CardColo
     if (state.selected)
         return {state.focused || state.ghost ? style.accent : style.dimInk, 2.0};
     QPen pen(state.hovered ? colors.edge : colors.outline, 1.0);
+    if (item.ItemShelved && !state.ghost) {
+        pen.setColor(colors.edge);
+        pen.setDashPattern({2, 2});
+    }
     if (item.ItemStatusMark == StatusMark::TypeSlot) {
         pen.setColor(colors.edge);
         pen.setDashPattern({4, 3});
@@ -50,7 +54,9 @@ QPen OutlinePen(const CalendarItem& item, const CardState& state, const CardColo
 void PaintBox(QPainter& painter, const QRectF& rect, const CalendarItem& item, const CardState& state,
               const CardColors& colors, const CalendarStyle& style) {
     const QPainterPath outline = Outline(rect, state, style.radius);
-    const QColor fill = state.hovered && !state.selected ? Mixed(colors.fill, colors.pattern, 0.6) : colors.fill;
+    QColor fill = state.hovered && !state.selected ? Mixed(colors.fill, colors.pattern, 0.6) : colors.fill;
+    if (item.ItemShelved && !state.ghost)
+        fill = Mixed(fill, style.base, 0.7);
     const double edge = std::min<double>(style.edgeWidth, rect.width() / 4);
     painter.setRenderHint(QPainter::Antialiasing);
     // Edge and fill are one shape with straight clips, because rounded clips cost many times as much.
@@ -186,6 +192,8 @@ class CardText {
             more.first() += QStringLiteral(" · ") + location;
         if (!item_.ItemStatusText.isEmpty() && lines > more.size())
             more << PaintedLine(item_.ItemStatusText);
+        if (item_.ItemShelved && !state_.ghost)
+            more.first().prepend(ShelvedText() + QStringLiteral(" · "));
         for (const QString& text : more) {
             DrawLine(painter_, line, text, style_.small, colors_.dimText);
             line.translate(0, line.height());
@@ -201,6 +209,10 @@ class CardText {
 };
 
 }  // namespace
+
+QString ShelvedText() {
+    return QStringLiteral("On the shelf");
+}
 
 QString PaintedLine(const QString& text) {
     return OneLine(text.left(MostCharacters)).simplified();
