@@ -81,6 +81,7 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     item.ItemLocation = row["CLOCATION"].text();
     item.ItemReminderIcon = row["BremindIco"].boolean();
     item.ItemSessionIcon = row["NoteID"].integer() > 0 ? 1 : 0;
+    item.ItemSeriesIcon = row["repeating"].integer() == 1 && row["repeating_ref"].integer() > 0 ? 1 : 0;
     return item;
 }
 

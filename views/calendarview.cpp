@@ -198,8 +198,9 @@ void CalendarView::setmenuaccess() {
              {menu::mnuANew, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN, menu::mnuAKept,
               menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel, menu::mnuAMove, menu::mnuAShelve, menu::mnuALand})
             menus_.Allow(name, false);
-        for (const MenuName name : {menu::mnuARepeat, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList,
-                                    menu::mnuFAtypes, menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
+        for (const MenuName name :
+             {menu::mnuARepeat, menu::mnuARest, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFAtypes,
+              menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
             menus_.Show(name, false);
     }
     if (!MayDelete()) {

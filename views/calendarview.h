@@ -217,10 +217,14 @@ class CalendarView : public MenuView {
     // calendarview_commands.cpp
     void bindLists();
     void bindSearches();
-    void bindSeries();
     void tellUnseen(const FoundAppointment& found);
     void searchOpening();
     void searchType();
+
+    // calendarview_series.cpp
+    void bindSeries();
+    void suitRest(int index);
+    void changeRest();
 
     // calendarview_status.cpp
     void bindStatusCommands();
