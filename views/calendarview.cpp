@@ -186,8 +186,9 @@ void CalendarView::ApplyPreferences() {
 
 void CalendarView::setmenuaccess() {
     if (!MayWrite()) {
-        for (const MenuName name : {menu::mnuANew, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
-                                    menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel})
+        for (const MenuName name :
+             {menu::mnuANew, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN, menu::mnuAKept,
+              menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel, menu::mnuAPending})
             menus_.Allow(name, false);
         for (const MenuName name : {menu::mnuARepeat, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList,
                                     menu::mnuFAtypes, menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
