@@ -253,10 +253,14 @@ class CardText {
         const Measured time = timeFor(line.width());
         if (time.width > line.width())
             return 0;
-        if (place.isEmpty())
-            DrawFitting(painter_, line, time.text, style_.small, colors_.dimText);
+        const QFontMetrics small(style_.small);
+        const QString dot = QStringLiteral(" · ");
+        const double rest = line.width() - time.width - small.horizontalAdvance(dot);
+        // A dot with nothing but more dots behind it says nothing.
+        if (!place.isEmpty() && rest >= small.averageCharWidth() * 4)
+            DrawLine(painter_, line, time.text + dot + place, style_.small, colors_.dimText);
         else
-            DrawLine(painter_, line, time.text + QStringLiteral(" · ") + place, style_.small, colors_.dimText);
+            DrawFitting(painter_, line, time.text, style_.small, colors_.dimText);
         return static_cast<int>(time.width) + 2 * style_.margin;
     }
 
