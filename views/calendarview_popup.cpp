@@ -25,7 +25,7 @@ constexpr PopupOffer offers[] = {
     {ncolor::Kept, true, true, true, menu::mnuAKept},
     {ncolor::Holiday, false, false, false, {}},
     {ncolor::Blank, true, true, false, {}},
-    {ncolor::Pending, true, true, false, {}},
+    {ncolor::Pending, true, true, false, menu::mnuAPending},
     {ncolor::Group, false, true, false, {}},
     {ncolor::CheckedIn, true, true, false, menu::mnuCheckediN},
     {ncolor::Tentative, false, true, false, {}},

@@ -146,28 +146,50 @@ void frmmtv::LoadMonthView() {
     ctWeek1->setDate(date);
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
     const QDate first(ctWeek1->Year(), ctWeek1->Month(), 1);
-    const db::ReadTogether together(Session().Connection, QStringList(appointmentsStatement(first, days)) +
-                                                              holidayStatements(first, days) + shelf_->Statements());
+    const std::vector<Span> spans = shownSpans({first, days});
+    QStringList statements;
+    for (const Span& span : spans)
+        statements << appointmentsStatement(span.first, span.days);
+    for (const Span& span : spans)
+        statements << holidayStatements(span.first, span.days);
+    const db::ReadTogether together(Session().Connection, statements + shelf_->Statements());
     shelf_->Read();
-    if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(first, days); }))
-        db::Ignoring([&] { addHolidays(first, days); });
+    if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(spans); })) {
+        for (const Span& span : spans)
+            db::Ignoring([&] { addHolidays(span.first, span.days); });
+    }
     const QString month = QLocale::c().toString(date, QStringLiteral("MMMM"));
     main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
     main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));
 }
 
-void frmmtv::addAppointments(QDate first, int days) {
+// The month first, by its own statement, and then the days of its neighbours that stand in its weeks.
+std::vector<frmmtv::Span> frmmtv::shownSpans(const Span& month) const {
+    const std::vector<MonthCell>& cells = ctWeek1->Layout().cells;
+    if (cells.empty())
+        return {month};
+    const QDate after = month.first.addDays(month.days);
+    std::vector<Span> spans{month,
+                            {cells.front().day, static_cast<int>(cells.front().day.daysTo(month.first))},
+                            {after, static_cast<int>(after.daysTo(cells.back().day)) + 1}};
+    std::erase_if(spans, [](const Span& span) { return span.days < 1; });
+    return spans;
+}
+
+void frmmtv::addAppointments(const std::vector<Span>& spans) {
     QSet<QString> shown;
-    Recordset rows(appointmentsStatement(first, days), Session().Connection);
-    for (; !rows.Eof(); rows.MoveNext()) {
-        CalendarItem item = itemOf(rows);
-        // The join gives a row of the provider's own once for each further provider.
-        if (shown.contains(item.ItemKey))
-            continue;
-        shown.insert(item.ItemKey);
-        List1 << item.ItemText;
-        List2 << item.ItemKey;
-        ctWeek1->AddItem(std::move(item));
+    for (const Span& span : spans) {
+        Recordset rows(appointmentsStatement(span.first, span.days), Session().Connection);
+        for (; !rows.Eof(); rows.MoveNext()) {
+            CalendarItem item = itemOf(rows);
+            // The join gives a row of the provider's own once for each further provider.
+            if (shown.contains(item.ItemKey))
+                continue;
+            shown.insert(item.ItemKey);
+            List1 << item.ItemText;
+            List2 << item.ItemKey;
+            ctWeek1->AddItem(std::move(item));
+        }
     }
 }
 

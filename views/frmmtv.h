@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStringList>
+#include <vector>
 
 #include "shell/menuview.h"
 #include "shell/schedulesheet.h"
@@ -23,9 +24,9 @@ class frmmtv : public MenuView {
   public:
     explicit frmmtv(MainWindow& main, QWidget* parent = nullptr);
 
-    /// Reads the month of the main window's date for the session's provider, including all-day appointments. The main
-    /// window's date is the selected day. When appointments cannot be read, the user is told. Holidays that cannot be
-    /// read are left out without a message.
+    /// Reads the month of the main window's date for the session's provider, including all-day appointments, and with
+    /// it the days of the months before and after that stand in its weeks. The main window's date is the selected day.
+    /// When appointments cannot be read, the user is told. Holidays that cannot be read are left out without a message.
     void LoadMonthView();
     /// Hides the practice's lists and the Activity Scheduler from a user who may only read, and the choice of a
     /// provider and the view of all providers from a user who may see one schedule only.
@@ -46,7 +47,13 @@ class frmmtv : public MenuView {
     void bindMonthCommands();
     void bindCalendar();
     void bindShelf();
-    void addAppointments(QDate first, int days);
+    /// A run of days.
+    struct Span {
+        QDate first;
+        int days = 0;
+    };
+    [[nodiscard]] std::vector<Span> shownSpans(const Span& month) const;
+    void addAppointments(const std::vector<Span>& spans);
     void addHolidays(QDate first, int days);
     [[nodiscard]] MonthSheet sheet() const;
     void printS();

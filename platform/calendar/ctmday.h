@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <QDateTime>
+#include <QEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -12,15 +13,20 @@
 #include "platform/calendar/drag.h"
 #include "platform/calendar/hittest.h"
 #include "platform/calendar/painting.h"
+#include "platform/calendar/touch.h"
 
 class QLineEdit;
 class QScrollBar;
+class QTouchEvent;
 
 /// A time grid with items in one column (a day), in days as columns (a week), or in providers as columns.
 ///
 /// Items are counted from 1 in the order in which they were added. RemoveItem moves the later ones down by one. A wrong
 /// index is harmless: it reads as an empty item, and a change of that item is lost. Items before and after the hours
 /// shown are counted in strips above and below the grid. An item and a range of time are never selected at once.
+///
+/// On a touch screen one finger scrolls. A tap is a click. A finger that is held still takes the item under it, which
+/// then moves with the finger, or draws a range of time; lifted where it was held, it asks for the popup.
 ///
 /// A signal marked (last) is raised at the end of a mouse or key event, so that a view may open boxes and dialogs,
 /// reload or remove items in its slot. It never waits for the next event, so that keys typed ahead while the program
@@ -256,6 +262,12 @@ class ctMDay : public QWidget {
     [[nodiscard]] bool mayMove(int index);
     [[nodiscard]] bool mayEdit(int index);
 
+    // Touch.
+    [[nodiscard]] bool readTouch(QTouchEvent& event);
+    [[nodiscard]] TouchActs touchActs();
+    void pointAs(QEvent::Type type, QPoint at);
+    void take(QPoint at);
+
     // Keyboard.
     [[nodiscard]] bool stepItem(int direction);
     bool keyOnSelection(QKeyEvent* event);
@@ -305,6 +317,8 @@ class ctMDay : public QWidget {
     std::vector<QPointer<QWidget>> dropTargets_;
     int rangeAnchor_ = 0;  ///< The minute from which Shift extends the range.
     QPoint lastDragPos_;
+
+    TouchReader touch_{touchActs()};
 
     QLineEdit* editor_ = nullptr;
     int editedItem_ = 0;
