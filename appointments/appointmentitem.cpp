@@ -46,6 +46,10 @@ void HideName(CalendarItem& item, bool hidden) {
     item.ItemTextColor = hidden && NamesPatient(item) ? TextColor::SameAsBackground : TextColor::Normal;
 }
 
+ItemPainting UnpaintedItems() {
+    return {false, [](const QString&) { return -1; }, false};
+}
+
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting) {
     const int code = intOf(row, "ncolor");
     const int apptType = intOf(row, "appttype");

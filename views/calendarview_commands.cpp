@@ -53,7 +53,10 @@ void CalendarView::FindAppointment() {
     if (!dialog.Found())
         return;
     main_.SetDate(dialog.Found()->date);
-    Reload();
+    if (dialog.ProviderChanged())
+        main_.ProviderChosen();
+    else
+        Reload();
     followProvider();
     showFound(*dialog.Found());
 }
