@@ -46,6 +46,15 @@ class FrontQuestions : public FrontDesk {
         person->turnTo("frmfinda");
         person->picture("find-own");
         person->press({QStringLiteral("alt+v")});
+        closeOnceChosen();
+    }
+    /// A box that is still held down would take Escape for itself.
+    void closeOnceChosen() {
+        EXPECT_TRUE(soon([&] {
+            return number(QStringLiteral(
+                       "Select Count(*) from User_Preferences Where UP_UserID = 'REED' AND UP_Pref_Detail = 'FindAllProviders' AND UP_PD_Value = '1'")) ==
+                   1;
+        }));
         person->press({QStringLiteral("Escape")});
         person->turnTo("mdisched");
     }
@@ -82,13 +91,7 @@ TEST_F(FrontQuestions, WhenAPatientIsHereIsGoneToInFiveStepsByTheMouse) {
     click("cmdfind");
     person->turnTo("frmfinda");
     click("ckall");
-    EXPECT_TRUE(soon([&] {
-        return number(QStringLiteral(
-                   "Select Count(*) from User_Preferences Where UP_UserID = 'REED' AND UP_Pref_Detail = 'FindAllProviders' AND UP_PD_Value = '1'")) ==
-               1;
-    }));
-    person->press({QStringLiteral("Escape")});
-    person->turnTo("mdisched");
+    closeOnceChosen();
     steps = 0;
     click("cmdfind");
     person->turnTo("frmfinda");
