@@ -8,6 +8,7 @@
 #include "appointments/apptlists.h"
 #include "appointments/attendeelist.h"
 #include "appointments/attendeepanel.h"
+#include "appointments/conflictstatus.h"
 #include "appointments/durationlabel.h"
 #include "appointments/frmeconflict.h"
 #include "data/codes.h"
@@ -197,7 +198,9 @@ void frmactsc::busySearch() {
             return;
         }
         frmeConflict conflicts(this);
-        conflicts.List1->addItems(names);
+        const QHash<QString, QStringList> statuses = busyStatuses();
+        for (const QString& name : names)
+            conflicts.AddProvider(name, statuses.value(name).join(QLatin1Char('\n')));
         ShowModal(conflicts);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error checking for conflicts. "), error);
@@ -216,6 +219,20 @@ bool frmactsc::searchIsComplete() {
     if (List1->SelectedIds().isEmpty())
         return refuse(QStringLiteral("Enter one or more providers to attend"), List1);
     return true;
+}
+
+// By name, as the list knows the providers. What cannot be read is left out of the tips.
+QHash<QString, QStringList> frmactsc::busyStatuses() const {
+    QHash<QString, QStringList> byId;
+    db::Ignoring([&] {
+        byId =
+            BusyStatuses(Session().Connection, ListedProviders(), ctDEditComp->Date(), ctstart->Time(), ctend->Time());
+    });
+    QHash<QString, QStringList> byName;
+    for (auto each = byId.cbegin(); each != byId.cend(); ++each)
+        if (const int row = List1->FindProvider(each.key()); row >= 0)
+            byName[List1->ProviderName(row)] << each.value();
+    return byName;
 }
 
 QStringList frmactsc::busyNames() const {

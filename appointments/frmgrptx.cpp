@@ -102,6 +102,8 @@ void frmgrptx::LoadAppointment() {
             return;
         showRow(row);
         stored_.row = GroupRowState(row);
+        storedGroup_ = row["cappttext"].text();
+        series_ = row["repeating"].integer() == 1 ? static_cast<int>(row["repeating_ref"].integer()) : 0;
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment. "), error);
         return;

@@ -163,7 +163,10 @@ void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& con
     wishes.visibleColumns = count;
     wishes.fitHeight = true;
     const auto fit = [&](const CalendarLayout& layout) { return FitGrid(page, layout, style, wishes); };
-    const auto layOut = [&] { return LayOut(page, MinMinutes(fit(LayOut(page, 1)).scale, style)); };
+    const auto layOut = [&] {
+        constexpr CancelledItems Cancelled = CancelledItems::AmongOthers;
+        return LayOut(page, MinMinutes(fit(LayOut(page, 1, Cancelled)).scale, style), Cancelled);
+    };
     CalendarLayout placed = layOut();
     const BelowTheGrid below(takeOutWhatIsTooNarrow(page, fit(placed), placed, style), whole, style);
     if (below.height() > 0) {
