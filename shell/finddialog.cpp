@@ -105,7 +105,7 @@ void FindDialog::layOutForm() {
 }
 
 void FindDialog::addChoice(QWidget* choice) {
-    choices_->addWidget(choice);
+    choices_->addWidget(choice, 0, Qt::AlignLeft);
     setTabOrder(cmdfind, choice);
 }
 
