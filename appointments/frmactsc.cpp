@@ -7,6 +7,7 @@
 
 #include "appointments/apptlists.h"
 #include "appointments/attendeelist.h"
+#include "appointments/attendeepanel.h"
 #include "appointments/conflictstatus.h"
 #include "appointments/durationlabel.h"
 #include "appointments/frmeconflict.h"
@@ -20,6 +21,7 @@
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -38,6 +40,7 @@ frmactsc::frmactsc(const ActivityRequest& request, QWidget* parent) : EditorDial
     buildForm();
     connectFields();
     load();
+    HeadByAttendees(*FormHeading::Above(*this, tr("Activity/Event")), *ctDEditComp, *List1);
     FitToScreen(*this);
 }
 

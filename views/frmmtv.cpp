@@ -24,6 +24,7 @@
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "shell/menutables.h"
+#include "views/shelfpanel.h"
 
 using db::Recordset;
 using db::Sql;
@@ -73,15 +74,17 @@ int DaysInMonth(int month, int year) {
     return month == 2 && year % 4 == 0 ? 29 : days[month - 1];
 }
 
-frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(), parent), ctWeek1(new ctWeek(this)) {
+frmmtv::frmmtv(MainWindow& main, QWidget* parent)
+    : MenuView(main, MonthMenus(), parent), ctWeek1(new ctWeek(this)), shelf_(new ShelfPanel(this)) {
     setObjectName(QStringLiteral("frmmtv"));
     ctWeek1->setObjectName(QStringLiteral("ctWeek1"));
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(ctWeek1);
+    whole->addWidget(BesideShelf(ctWeek1, shelf_));
     setFocusProxy(ctWeek1);
     bindMonthCommands();
     bindCalendar();
+    bindShelf();
     setmenuaccess();
     ctWeek1->setTwentyFourHour(Session().MilitaryTime);
     LoadMonthView();
@@ -107,6 +110,17 @@ void frmmtv::bindCalendar() {
     connect(ctWeek1, &ctWeek::DayActivated, this, &frmmtv::openDay);
     connect(ctWeek1, &ctWeek::MonthStepRequested, this,
             [this](int direction) { this->main().cycledate(direction < 0 ? 0 : 1); });
+}
+
+void frmmtv::bindShelf() {
+    BindShelfCommand(menus(), *shelf_);
+    connect(shelf_, &ShelfPanel::ShowRequested, this,
+            [&main = main()](const ShelvedAppointment& shelved) { GoToShelved(main, shelved); });
+    connect(&shelf_->List(), &ShelfList::LeaveRequested, ctWeek1, [this] { ctWeek1->setFocus(); });
+}
+
+QList<QWidget*> frmmtv::SidePanes() const {
+    return {&shelf_->List()};
 }
 
 void frmmtv::setmenuaccess() {
@@ -138,7 +152,8 @@ void frmmtv::LoadMonthView() {
         statements << appointmentsStatement(span.first, span.days);
     for (const Span& span : spans)
         statements << holidayStatements(span.first, span.days);
-    const db::ReadTogether together(Session().Connection, statements);
+    const db::ReadTogether together(Session().Connection, statements + shelf_->Statements());
+    shelf_->Read();
     if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(spans); })) {
         for (const Span& span : spans)
             db::Ignoring([&] { addHolidays(span.first, span.days); });
@@ -242,7 +257,11 @@ void frmmtv::FindAppointment() {
     if (!dialog.Found())
         return;
     const FoundAppointment found = *dialog.Found();
-    goTo(found.date);
+    main().SetDate(found.date);
+    if (dialog.ProviderChanged())
+        main().ProviderChosen();
+    else
+        Reload();
     main().LeaveFound(found);
     // A day of the month has no room for all its appointments, nor for the time of each.
     ShowNotice({tr("The appointment that was found is on %1, at %2.")

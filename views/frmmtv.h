@@ -6,6 +6,7 @@
 #include "shell/menuview.h"
 #include "shell/schedulesheet.h"
 
+class ShelfPanel;
 class ctWeek;
 
 /// Returns the number of days of a month as the month view counts them. February has 29 days in every year divisible by
@@ -38,12 +39,14 @@ class frmmtv : public MenuView {
     /// Finds an appointment by its text and goes to its day.
     void FindAppointment() override;
     [[nodiscard]] bool CanFind() const override { return true; }
+    [[nodiscard]] QList<QWidget*> SidePanes() const override;
     /// Shows the print preview of the month.
     void PrintSchedule() override { printS(); }
 
   private:
     void bindMonthCommands();
     void bindCalendar();
+    void bindShelf();
     /// A run of days.
     struct Span {
         QDate first;
@@ -60,6 +63,7 @@ class frmmtv : public MenuView {
     void openDay(QDate day);
 
     ctWeek* ctWeek1;
-    QStringList List1;  ///< The texts of the items; item n has the entry n - 1.
-    QStringList List2;  ///< The keys of the items, in the same order.
+    ShelfPanel* shelf_;  ///< The month has no times to land on; an appointment of the shelf is gone to from here.
+    QStringList List1;   ///< The texts of the items; item n has the entry n - 1.
+    QStringList List2;   ///< The keys of the items, in the same order.
 };

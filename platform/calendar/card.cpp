@@ -40,6 +40,10 @@ QPen OutlinePen(const CalendarItem& item, const CardState& state, const CardColo
     if (state.selected)
         return {state.focused || state.ghost ? style.accent : style.dimInk, 2.0};
     QPen pen(state.hovered ? colors.edge : colors.outline, 1.0);
+    if (item.ItemShelved && !state.ghost) {
+        pen.setColor(colors.edge);
+        pen.setDashPattern({2, 2});
+    }
     if (item.ItemStatusMark == StatusMark::TypeSlot) {
         pen.setColor(colors.edge);
         pen.setDashPattern({4, 3});
@@ -50,7 +54,9 @@ QPen OutlinePen(const CalendarItem& item, const CardState& state, const CardColo
 void PaintBox(QPainter& painter, const QRectF& rect, const CalendarItem& item, const CardState& state,
               const CardColors& colors, const CalendarStyle& style) {
     const QPainterPath outline = Outline(rect, state, style.radius);
-    const QColor fill = state.hovered && !state.selected ? Mixed(colors.fill, colors.pattern, 0.6) : colors.fill;
+    QColor fill = state.hovered && !state.selected ? Mixed(colors.fill, colors.pattern, 0.6) : colors.fill;
+    if (item.ItemShelved && !state.ghost)
+        fill = Mixed(fill, style.base, 0.7);
     const double edge = std::min<double>(style.edgeWidth, rect.width() / 4);
     painter.setRenderHint(QPainter::Antialiasing);
     // Edge and fill are one shape with straight clips, because rounded clips cost many times as much.
@@ -250,11 +256,19 @@ class CardText {
     /// Paints the time and, behind a dot, the place; returns where they end, counted from the line's left. A time is
     /// never cut, because half of it is another time.
     int paintTime(const QRect& line, const QString& place) {
-        const Measured time = timeFor(line.width());
+        const QString dot = QStringLiteral(" · ");
+        const QFontMetrics small(style_.small);
+        Measured time = timeFor(line.width());
+        if (item_.ItemShelved && !state_.ghost) {
+            time.text.prepend(ShelvedText() + dot);
+            time.width = QFontMetricsF(style_.small).horizontalAdvance(time.text);
+            if (time.width > line.width()) {
+                DrawLine(painter_, line, time.text, style_.small, colors_.dimText);
+                return line.width();
+            }
+        }
         if (time.width > line.width())
             return 0;
-        const QFontMetrics small(style_.small);
-        const QString dot = QStringLiteral(" · ");
         const double rest = line.width() - time.width - small.horizontalAdvance(dot);
         // A dot with nothing but more dots behind it says nothing.
         if (!place.isEmpty() && rest >= small.averageCharWidth() * 4)
@@ -292,6 +306,10 @@ class CardText {
 };
 
 }  // namespace
+
+QString ShelvedText() {
+    return QStringLiteral("On the shelf");
+}
 
 QString PaintedLine(const QString& text) {
     return OneLine(text.left(MostCharacters)).simplified();

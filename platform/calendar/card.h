@@ -32,5 +32,8 @@ void PaintCard(QPainter& painter, const QRect& rect, const CalendarItem& item, c
 void PaintBanner(QPainter& painter, const QRect& rect, const CalendarItem& item, const CardState& state,
                  const CalendarStyle& style);
 
+/// Returns the words for an item that is put aside to be moved (ItemShelved).
+QString ShelvedText();
+
 /// Returns a text as one line for painting, no longer than a screen can hold.
 QString PaintedLine(const QString& text);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <QDateTime>
 #include <QEvent>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
@@ -127,6 +128,15 @@ class ctMDay : public QWidget {
     /// The content of the calendar, for painting it elsewhere and later (PaintPage).
     [[nodiscard]] const CalendarContent& Content() const { return content_; }
 
+    // Items that come from other widgets, or go to them, by the mouse.
+    /// Lets the user drop items on another widget of the window. Items whose place is locked cannot be dragged.
+    void addDropTarget(QWidget* target);
+    /// Shows where an item that the user drags from another widget would start, with its length, and scrolls where the
+    /// pointer is near an edge. Returns the place, or nothing where the pointer is not over the columns.
+    std::optional<ItemPlace> showIncoming(QPoint globalPos, const CalendarItem& item);
+    /// Ends what showIncoming shows.
+    void endIncoming();
+
     // Places in widget coordinates, for tests, popups and accessibility. They are empty for parts outside the control.
     [[nodiscard]] QRect ItemRect(int index) const;  ///< For an item without room: the marker that counts it.
     [[nodiscard]] QRect CellRect(int column, int minute) const;
@@ -152,6 +162,8 @@ class ctMDay : public QWidget {
     void BeforeDrop(int index, const ItemPlace& place, bool* cancel);
     /// (last) Raised when the item was moved or sized and holds its new place. `old` is the place before.
     void ItemChanged(int index, const ItemPlace& old);
+    /// (last) Raised when the user dropped the item on another widget (addDropTarget). The item stays where it is.
+    void DroppedOutside(int index);
     /// (last) Raised when a locked item was dragged or sized and stayed where it is.
     void MoveRefused(int index);
     /// Raised when editing in place changed ItemText, which has at most 100 characters and may be empty.
@@ -203,7 +215,7 @@ class ctMDay : public QWidget {
     };
     /// A signal that waits until its event has done the rest of its work.
     struct Report {
-        enum class Kind { Drop, Refused, Text, Activated, RangeActivated, Popup, Delete };
+        enum class Kind { Drop, DropOutside, Refused, Text, Activated, RangeActivated, Popup, Delete };
         Kind kind = Kind::Activated;
         int index = 0;
         int generation = 0;
@@ -242,6 +254,7 @@ class ctMDay : public QWidget {
     void showHover(const Hit& hit);
     void dragTo(QPoint pos);
     [[nodiscard]] bool isUnder(QPoint globalPos) const;
+    [[nodiscard]] bool isOverTarget(QPoint globalPos) const;
     void extendRangeTo(QPoint pos);
     void autoScroll();
     void cancelGesture();
@@ -301,6 +314,7 @@ class ctMDay : public QWidget {
     std::optional<Press> press_;
     std::optional<Drag> drag_;
     std::optional<SelectedTime> rangeBeforePress_;
+    std::vector<QPointer<QWidget>> dropTargets_;
     int rangeAnchor_ = 0;  ///< The minute from which Shift extends the range.
     QPoint lastDragPos_;
 

@@ -122,7 +122,8 @@ void PaintItems(const CalendarScene& scene, int column, const QRect& clip) {
 }
 
 void PaintGhost(const CalendarScene& scene, int column) {
-    if (!scene.state.ghost || scene.state.ghost->column != column || scene.state.draggedItem < 1)
+    const CalendarState& state = scene.state;
+    if (!state.ghost || state.ghost->column != column || (state.draggedItem < 1 && !state.incoming))
         return;
     const ItemPlace& place = *scene.state.ghost;
     QRect rect = scene.grid.timeRect(column, place.start, std::max(place.end, place.start + 1));
@@ -133,7 +134,7 @@ void PaintGhost(const CalendarScene& scene, int column) {
     card.twentyFourHour = scene.content.twentyFourHour;
     card.start = place.start;
     card.end = place.end;
-    PaintCard(scene.painter, rect, scene.item(scene.state.draggedItem), card, scene.style);
+    PaintCard(scene.painter, rect, state.incoming ? *state.incoming : scene.item(state.draggedItem), card, scene.style);
     const QString label = ClockSpan(place.start, place.end, scene.content.twentyFourHour);
     QRect bubble(0, 0, QFontMetrics(scene.style.small).horizontalAdvance(label) + 4 * scene.style.margin,
                  scene.style.smallLine + scene.style.margin);
