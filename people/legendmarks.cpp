@@ -92,7 +92,7 @@ std::vector<LegendMark> AppointmentMarks() {
             "Hours without work"),
         time(
             [](CalendarContent&, CalendarState& state) {
-                state.range = SelectedTime{1, From, To};
+                state.range = SelectedTime{1, From + 15, To - 15};
                 state.focused = true;
             },
             "Selected time"),

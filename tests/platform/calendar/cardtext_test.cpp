@@ -180,6 +180,7 @@ TEST_F(CardText, ATimeIsNeverCutBecauseHalfOfItIsAnotherTime) {
             for (const Word& word : words({width, heightFor(lines)})) {
                 const bool isTime = word.text.startsWith(QLatin1Char('9'));
                 EXPECT_TRUE(!isTime || whole.contains(word.text)) << width << ": " << word.text.toStdString();
+                EXPECT_LE(word.place.right(), 20 + width + 1) << "what has no room is left out";
             }
 }
 
