@@ -2,6 +2,7 @@
 
 #include "appointments/appointmentrows.h"
 #include "appointments/appointmentwrites.h"
+#include "appointments/commandrow.h"
 #include "appointments/conflicts.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
@@ -19,11 +20,6 @@ using db::Recordset;
 
 namespace {
 
-void tellGone() {
-    MsgBox(QStringLiteral("Unable to save. Appointment not found. It may have been deleted by another user."),
-           ExclamationBox, QStringLiteral("Appointment not found"));
-}
-
 /// A text that was typed in place and could not be saved.
 struct UnsavedText {
     CalendarItem read;
@@ -37,7 +33,7 @@ struct UnsavedText {
         wanted.ItemText = text;
         const RowOutcome outcome = SaveInPlace(read, wanted, painted);
         if (outcome.end == WriteOutcome::End::Gone)
-            tellGone();
+            TellSavedRowIsGone();
         if (!outcome.failure)
             return true;
         TellError(WriteTrouble(outcome.step), *outcome.failure);
@@ -88,7 +84,7 @@ bool CalendarView::saveappt(int index, const QString& subject) {
         return false;
     }
     if (outcome.end == WriteOutcome::End::Gone) {
-        tellGone();
+        TellSavedRowIsGone();
         removeItemsOf(key);
         return false;
     }
@@ -167,12 +163,8 @@ void CalendarView::putBack(const QString& key) {
 
 void CalendarView::tellUnsaved(const QString& key, const WriteOutcome& outcome, const QString& subject) {
     putBack(key);
-    const bool changedElsewhere = outcome.failure->number == db::RowChanged;
-    if (subject.isEmpty() || changedElsewhere)
-        TellError(WriteTrouble(outcome.step), *outcome.failure);
-    else
-        TellInBar(subject, *outcome.failure);
-    if (changedElsewhere)
+    TellUnsaved(outcome, subject);
+    if (outcome.failure->number == db::RowChanged)
         Reload();
 }
 
