@@ -32,12 +32,22 @@ QString notesStatement(QDate date, const QString& providerId) {
         db::Raw{ofProvider(providerId)});
 }
 
+/// The condition of HasStatus, besides the kind of the row, where the database counts rows.
+QString hasStatus() {
+    QStringList codes;
+    for (const int code : ncolor::PatientRows)
+        codes << QString::number(code);
+    return Sql("(ncolor in ({}) or (IsNull(ncolor, 0) not in ({}, {}, {}, {}) and IsNull(patientid, '') <> ''))",
+               db::Raw{codes.join(QStringLiteral(", "))}, ncolor::Activity, ncolor::Unavailable, ncolor::Group,
+               ncolor::Holiday);
+}
+
 /// What is left of a series, beside the column of the series.
 QString isLeft(QDate date, const QString& providerId) {
     return Sql(
-        "dapptdate >= '{}' and repeating = 1 and appttype <> {} and (ncolor Is Null or ncolor not in ({}, {}, {})){}",
+        "dapptdate >= '{}' and repeating = 1 and appttype <> {} and IsNull(ncolor, 0) not in ({}, {}, {}) and {}{}",
         db::SqlDate(date), ApptTypeSlot, ncolor::Missed, ncolor::PatientCancelled, ncolor::TherapistCancelled,
-        db::Raw{ofProvider(providerId)});
+        db::Raw{hasStatus()}, db::Raw{ofProvider(providerId)});
 }
 
 QString seriesStatement(QDate date, const QString& providerId) {
@@ -113,8 +123,6 @@ std::vector<BoardVisit> endingSeries(const db::ResultTable& table) {
     for (int i = 0; i < table.rowCount(); ++i) {
         const Row row(table, i);
         BoardVisit visit = visitOf(row);
-        if (!HasStatus(visit.code, row.number("appttype"), visit.patientId))
-            continue;
         const qint64 series = row["repeating_ref"].integer();
         if (!places.contains(series)) {
             places[series] = visits.size();

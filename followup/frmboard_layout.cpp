@@ -181,6 +181,7 @@ void frmboard::buildCommands() {
     refreshAction->setToolTip(tr("Read the board anew (F5)"));
     connect(refreshAction, &QAction::triggered, this, &frmboard::Load);
     toolbar->addAction(refreshAction);
+    toolbar->widgetForAction(refreshAction)->setObjectName(QStringLiteral("cmdRefresh"));
     const auto keyAlone = [this](const char* name, const char* key, auto&& run) {
         auto* action = Named(new QAction(this), name);
         action->setShortcut(QKeySequence(QString::fromLatin1(key)));

@@ -22,10 +22,10 @@ class BoardFixture : public CheckInFixture {
         int start = 540;
         int code = 0xFF0000;
         QString provider = QStringLiteral("REED");
-        int end = 0;                         ///< 50 minutes after the start where it is 0.
+        int end = 0;  ///< 50 minutes after the start where it is 0.
         QDate date = QDate(2026, 3, 11);
-        QString more = QString();            ///< ", CheckInTime"
-        QString moreValues = QString();      ///< ", '03/11/26 08:50 AM'"
+        QString more = QString();        ///< ", CheckInTime"
+        QString moreValues = QString();  ///< ", '03/11/26 08:50 AM'"
     };
     int put(const Visit& visit) {
         run(db::Sql(

@@ -16,13 +16,14 @@ class BoardCounts : public BoardFixture, public testing::WithParamInterface<int>
 
     void fill() {
         for (int note = 1; note <= 12; ++note) {
-            run(db::Sql("Insert Into sessions (stype, SignatureDate) Values (1, {})",
-                        db::Raw{oneOf({QStringLiteral("Null"), QStringLiteral("Null"), QStringLiteral("'2026/03/10'")})}));
+            run(db::Sql(
+                "Insert Into sessions (stype, SignatureDate) Values (1, {})",
+                db::Raw{oneOf({QStringLiteral("Null"), QStringLiteral("Null"), QStringLiteral("'2026/03/10'")})}));
             if (any(0, 3) == 0)
                 run(db::Sql("Insert Into SessionSignatures (session_id) Values ({})",
                             static_cast<int>(database.connection().LastIdentity())));
         }
-        const QStringList codes{"16711680", "126322256", "16711681", "16777215", "49152",    "49152", "192",  "193",
+        const QStringList codes{"16711680", "126322256", "16711681", "16777215", "49152", "49152", "192",     "193",
                                 "194",      "16777088",  "16744703", "12632064", "12345", "Null",  "12632256"};
         for (int row = 0; row < 150; ++row) {
             const QDate date = any(0, 2) > 0 ? day : day.addDays(any(-34, 20));
@@ -33,7 +34,8 @@ class BoardCounts : public BoardFixture, public testing::WithParamInterface<int>
                 any(0, 9) == 0 ? 1 : 0, row, db::Raw{oneOf(codes)}, any(0, 9) == 0 ? 4 : 0,
                 oneOf({QStringLiteral("REED"), QStringLiteral("LANE"), QStringLiteral("GONE")}),
                 db::Raw{oneOf({QStringLiteral("'10017'"), QStringLiteral("''"), QStringLiteral("Null")})},
-                db::Raw{oneOf({QStringLiteral("Null"), QStringLiteral("'03/11/26 08:50 AM'"), QStringLiteral("'soon'")})},
+                db::Raw{
+                    oneOf({QStringLiteral("Null"), QStringLiteral("'03/11/26 08:50 AM'"), QStringLiteral("'soon'")})},
                 db::Raw{oneOf({QStringLiteral("Null"), QStringLiteral("0"), QStringLiteral("99999"),
                                QString::number(any(1, 12)), QString::number(any(1, 12))})},
                 any(0, 2) > 0 ? 1 : 0, db::Raw{any(0, 7) == 0 ? QStringLiteral("Null") : QString::number(any(1, 15))}));
@@ -52,8 +54,8 @@ class BoardCounts : public BoardFixture, public testing::WithParamInterface<int>
     /// Counts the rows of a place by a statement of the test's own.
     qint64 counted(BoardPlace place, int minute, const QString& provider) {
         const QString settled = QStringLiteral("IsNull(ncolor, 0) not in (16777215, 49152, 192, 193, 194)");
-        const QString lasts = db::Sql("IsNull(nEndTime, 0) > {} and not (NoteID Is Not Null and {})", minute,
-                                      db::Raw{signedNote()});
+        const QString lasts =
+            db::Sql("IsNull(nEndTime, 0) > {} and not (NoteID Is Not Null and {})", minute, db::Raw{signedNote()});
         const QString began = db::Sql("nStartTime Is Not Null and allday = 0 and nStartTime < {}", minute);
         const QString of = provider.isEmpty() ? QString() : db::Sql(" and clinicianid = '{}'", provider);
         const auto today = [&](const QString& condition) {
@@ -90,8 +92,7 @@ class BoardCounts : public BoardFixture, public testing::WithParamInterface<int>
             const QString left = db::Sql(
                 "repeating_ref = {} and repeating = 1 and dapptdate >= '{}' and IsNull(ncolor, 0) not in (192, 193, 194) and {}",
                 ref, day, db::Raw{QLatin1String(hasStatus)});
-            const qint64 visits =
-                database.number(db::Sql("Select Count(*) from appointments Where {}", db::Raw{left}));
+            const qint64 visits = database.number(db::Sql("Select Count(*) from appointments Where {}", db::Raw{left}));
             const QString next = database.text(db::Sql(
                 "Select clinicianid from appointments Where {} Order by dapptdate, nStartTime, nkeyid", db::Raw{left}));
             if (visits >= 1 && visits <= 4 && (provider.isEmpty() || provider == next))
@@ -103,8 +104,9 @@ class BoardCounts : public BoardFixture, public testing::WithParamInterface<int>
     std::mt19937 random_;
 };
 
-constexpr BoardPlace places[] = {BoardPlace::Due,  BoardPlace::Late,      BoardPlace::Waiting,       BoardPlace::InSession,
-                                 BoardPlace::Gone, BoardPlace::NotComing, BoardPlace::UnwrittenNote, BoardPlace::EndingSeries};
+constexpr BoardPlace places[] = {BoardPlace::Due,           BoardPlace::Late,        BoardPlace::Waiting,
+                                 BoardPlace::InSession,     BoardPlace::Gone,        BoardPlace::NotComing,
+                                 BoardPlace::UnwrittenNote, BoardPlace::EndingSeries};
 
 }  // namespace
 
