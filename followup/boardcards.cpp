@@ -63,7 +63,7 @@ QString markOf(const BoardVisit& visit, BoardPlace place, int minute) {
         case BoardPlace::Waiting:
             return MinutesWaited(visit, minute) < 0 ? words("time unknown") : lengthText(MinutesWaited(visit, minute));
         case BoardPlace::InSession:
-            return words("until %1").arg(timeText(visit.end));
+            return words("%1 left").arg(lengthText(visit.end - minute));
         case BoardPlace::NotComing:
             return QString::fromLatin1(StatusOf(visit.code).word);
         case BoardPlace::EndingSeries:
@@ -112,7 +112,7 @@ const PlaceWords& wordsOf(BoardPlace place) {
         {"Waiting", "Nobody is waiting.", "Checked in, with the minutes since the arrival"},
         {"In Session", "No visit is going on.", "Kept, until the end of the visit or until its note is signed"},
         {"Gone", "Nobody has left yet.", "Kept, and the visit is over"},
-        {"Missed or Cancelled", "Nobody is missing.", "Missed today, or cancelled by patient or therapist"},
+        {"Not Coming", "Nobody has missed or cancelled.", "Missed today, or cancelled by patient or therapist"},
         {"Notes to Write or Sign", "Every note is written and signed.",
          "Kept visits of the last 30 days without a note, or with one that is not signed"},
         {"Series That End", "No series ends soon.", "Series of which 4 visits or fewer are left from today on"},

@@ -49,10 +49,10 @@ int padding() {
 }
 
 int rowHeight(const QFontMetrics& metrics) {
-    return metrics.height() * 2 + padding() * 2;
+    return metrics.height() * 2 + padding() * 2 + Space(4);
 }
 
-/// Paints a card: the name and, at its right, the mark in a frame; below them the detail.
+/// Paints a card: the name on a line of its own; below it the detail and, at the right, the mark in a frame.
 class CardDelegate : public QStyledItemDelegate {
   public:
     explicit CardDelegate(const BoardList& list, QObject* parent) : QStyledItemDelegate(parent), list_(list) {}
@@ -67,24 +67,23 @@ class CardDelegate : public QStyledItemDelegate {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         paintGround(*painter, option, group);
-        QRect inner = option.rect.adjusted(padding(), padding(), -padding(), -padding());
-        QRect top(inner.topLeft(), QSize(inner.width(), option.fontMetrics.height()));
+        const QRect inner = option.rect.adjusted(padding(), padding(), -padding(), -padding());
+        const QRect top(inner.topLeft(), QSize(inner.width(), option.fontMetrics.height()));
+        QRect bottom = top.translated(0, inner.height() - top.height());
         const QColor text =
             option.palette.color(group, isSelected(option) ? QPalette::HighlightedText : QPalette::Text);
-        const QColor muted = option.palette.color(isSelected(option) ? group : QPalette::Disabled,
-                                                  isSelected(option) ? QPalette::HighlightedText : QPalette::Text);
-        top.setRight(paintMark(*painter, option, card, top, text) - Space(4));
+        const QColor muted = isSelected(option) ? text : option.palette.color(QPalette::Disabled, QPalette::Text);
         QFont bold = option.font;
         bold.setWeight(QFont::DemiBold);
         painter->setPen(text);
         painter->setFont(bold);
         painter->drawText(top, Qt::AlignLeft | Qt::AlignVCenter,
                           QFontMetrics(bold).elidedText(card.name, Qt::ElideRight, top.width()));
+        bottom.setRight(paintMark(*painter, option, card, bottom, text) - Space(4));
         painter->setFont(option.font);
         painter->setPen(muted);
-        inner.setTop(top.bottom() + 1);
-        painter->drawText(inner, Qt::AlignLeft | Qt::AlignVCenter,
-                          option.fontMetrics.elidedText(card.detail, Qt::ElideRight, inner.width()));
+        painter->drawText(bottom, Qt::AlignLeft | Qt::AlignVCenter,
+                          option.fontMetrics.elidedText(card.detail, Qt::ElideRight, bottom.width()));
         painter->restore();
     }
 
@@ -137,9 +136,8 @@ class CardButtons : public QFrame {
   public:
     explicit CardButtons(QWidget* parent) : QFrame(parent) {
         setAutoFillBackground(true);
-        setFrameShape(QFrame::StyledPanel);
         auto* row = new QHBoxLayout(this);
-        row->setContentsMargins(1, 1, 1, 1);
+        row->setContentsMargins(0, 0, 0, 0);
         row->setSpacing(0);
         hide();
     }
@@ -155,7 +153,7 @@ class CardButtons : public QFrame {
         }
         key_ = key;
         adjustSize();
-        move(card.right() - width() - Space(4), card.bottom() - height() - Space(4));
+        move(card.right() - width() - padding() + 2, card.bottom() - height() - Space(4));
         setVisible(any);
         raise();
     }
@@ -220,6 +218,8 @@ void BoardList::SetButtons(const std::vector<CardButton>& buttons, std::function
         made->setIcon(button.icon);
         made->setAutoRaise(true);
         made->setFocusPolicy(Qt::NoFocus);
+        made->setIconSize({Space(12) + 2, Space(12) + 2});
+        made->setFixedSize(Space(24) - 2, fontMetrics().height() + Space(4));
         buttons_->add(made, button.command);
         connect(made, &QToolButton::clicked, this, [this, command = button.command] {
             const int key = buttons_->key();

@@ -136,6 +136,8 @@ class frmboard : public QWidget {
     std::array<Place, BoardPlaces> places_;
     std::array<QAction*, 8> commands_{};
     BoardPlace active_ = BoardPlace::Due;  ///< The place whose list had the focus last.
+    QGridLayout* head_ = nullptr;
+    QWidget* filter_ = nullptr;
     QGridLayout* grid_ = nullptr;
     int columns_ = 0;
 };

@@ -66,6 +66,18 @@ QFrame* card(QWidget* parent) {
     return frame;
 }
 
+/// A picture that follows the palette.
+QWidget* pictureOf(const char* icon, QWidget* parent) {
+    auto* picture = new QToolButton(parent);
+    picture->setIcon(Icon(icon));
+    picture->setAutoRaise(true);
+    picture->setFocusPolicy(Qt::NoFocus);
+    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
+    picture->setIconSize({Space(16), Space(16)});
+    picture->setFixedSize(Space(16), Space(16));
+    return picture;
+}
+
 }  // namespace
 
 void frmboard::buildForm() {
@@ -118,16 +130,20 @@ QWidget* frmboard::buildHead() {
     txtfind->setPlaceholderText(tr("Name, provider or time"));
     txtfind->installEventFilter(this);
     QLabel* find = FieldLabel(tr("&Find:"), txtfind);
-    auto* row = new QHBoxLayout(head);
-    row->setContentsMargins(Space(12), Space(12), Space(12), Space(8));
+    filter_ = new QWidget(head);
+    auto* row = new QHBoxLayout(filter_);
+    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Space(8));
-    row->addWidget(lblday);
-    row->addWidget(lblclock);
-    row->addStretch(1);
     for (QWidget* part : {static_cast<QWidget*>(provider), static_cast<QWidget*>(cboprovider),
                           static_cast<QWidget*>(find), static_cast<QWidget*>(txtfind)})
         row->addWidget(part);
-    txtfind->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
+    head_ = new QGridLayout(head);
+    head_->setContentsMargins(Space(12), Space(12), Space(12), Space(8));
+    head_->setSpacing(Space(8));
+    head_->addWidget(lblday, 0, 0);
+    head_->addWidget(lblclock, 0, 1);
+    head_->setColumnStretch(2, 1);
+    txtfind->setMinimumWidth(fontMetrics().averageCharWidth() * 22);
     // Without the right to all schedules the board is the user's own.
     provider->setVisible(Session().AllProviders);
     cboprovider->setVisible(Session().AllProviders);
@@ -138,8 +154,7 @@ QWidget* frmboard::buildHead() {
 
 QWidget* frmboard::buildProblem() {
     pnlproblem = Named(new QWidget(this), "pnlproblem");
-    auto* picture = new QLabel(pnlproblem);
-    picture->setPixmap(Icon("warning").pixmap(Space(16), Space(16)));
+    QWidget* picture = pictureOf("warning", pnlproblem);
     lblproblem = Named(new QLabel(pnlproblem), "lblproblem");
     lblproblem->setTextFormat(Qt::PlainText);
     lblproblem->setWordWrap(true);
@@ -205,8 +220,7 @@ void frmboard::buildPlace(BoardPlace place) {
     Place& made = at(place);
     const PlaceLook& look = placeLooks[static_cast<std::size_t>(place)];
     made.panel = card(grid_->parentWidget());
-    auto* picture = new QLabel(made.panel);
-    picture->setPixmap(Icon(look.icon).pixmap(Space(16), Space(16)));
+    QWidget* picture = pictureOf(look.icon, made.panel);
     made.title = new QLabel(made.panel);
     made.title->setFont(HeadingFont());
     made.title->setToolTip(MeaningOf(place));
@@ -252,15 +266,18 @@ void frmboard::connectPlace(BoardPlace place) {
     });
 }
 
-// As many columns as fit; on a wide board the five places of the visits stand side by side.
+// As many columns as fit, and the filter below the day where it does not fit beside it. On a wide board the five places
+// of the visits stand side by side.
 void frmboard::arrange() {
     if (grid_ == nullptr || places_.back().panel == nullptr)
         return;
-    const int least = fontMetrics().averageCharWidth() * 27;
+    const int least = fontMetrics().averageCharWidth() * 32;
     const int columns = std::clamp(width() / least, 1, MostColumns);
     if (columns == columns_)
         return;
     columns_ = columns;
+    const bool isBeside = columns == MostColumns;
+    head_->addWidget(filter_, isBeside ? 0 : 1, isBeside ? 3 : 0, 1, isBeside ? 1 : 4, Qt::AlignRight);
     for (const Place& place : places_)
         grid_->removeWidget(place.panel);
     const int rows = (BoardPlaces + columns - 1) / columns;

@@ -29,7 +29,7 @@ TEST_F(Board, SortsTodaysVisitsIntoWhereTheirPatientsAre) {
     EXPECT_EQ(cards(BoardPlace::Due), QStringList{"Due|in 55 min|10:00 AM · Reed · Tentative"});
     EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Late|15 min late|8:50 AM · Reed"});
     EXPECT_EQ(cards(BoardPlace::Waiting), QStringList{"Waiting|15 min|9:00 AM · Reed · here since 8:50 AM"});
-    EXPECT_EQ(cards(BoardPlace::InSession), QStringList{"Inside|until 9:50 AM|9:00 AM · Lane"});
+    EXPECT_EQ(cards(BoardPlace::InSession), QStringList{"Inside|45 min left|9:00 AM · Lane"});
     EXPECT_EQ(cards(BoardPlace::Gone), QStringList{"Gone|no note|8:00 AM · Reed"});
     EXPECT_EQ(cards(BoardPlace::NotComing), QStringList{"Away|Patient Cancelled|9:00 AM · Reed"});
     EXPECT_EQ(board().lblday->text(), "Wednesday, March 11, 2026");
