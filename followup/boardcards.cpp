@@ -17,6 +17,8 @@ namespace {
 constexpr int LongWait = 15;
 constexpr int SoonMinutes = 60;
 constexpr int MinutesPerHour = 60;
+/// From so many minutes on a length is told in hours.
+constexpr int MostMinutes = 100;
 
 QString words(const char* text) {
     return QCoreApplication::translate("Board", text);
@@ -27,9 +29,9 @@ QString timeText(int minutes) {
 }
 
 QString lengthText(int minutes) {
-    if (minutes < MinutesPerHour)
+    if (minutes < MostMinutes)
         return words("%1 min").arg(minutes);
-    return words("%1 h %2 min").arg(minutes / MinutesPerHour).arg(minutes % MinutesPerHour);
+    return words("%1 h %2").arg(minutes / MinutesPerHour).arg(minutes % MinutesPerHour, 2, 10, QLatin1Char('0'));
 }
 
 QString dayText(QDate date) {
@@ -59,7 +61,7 @@ QString markOf(const BoardVisit& visit, BoardPlace place, int minute) {
         case BoardPlace::Due:
             return dueMark(visit, minute);
         case BoardPlace::Late:
-            return words("%1 late").arg(lengthText(minute - visit.start.value_or(minute)));
+            return lengthText(minute - visit.start.value_or(minute));
         case BoardPlace::Waiting:
             return MinutesWaited(visit, minute) < 0 ? words("time unknown") : lengthText(MinutesWaited(visit, minute));
         case BoardPlace::InSession:
@@ -128,6 +130,9 @@ BoardCard CardOf(const BoardVisit& visit, BoardPlace place, const QString& provi
     card.name = visit.name.isEmpty() ? words("(no name)") : ShownName(visit.name);
     card.detail = detailsOf(visit, place, provider).join(QStringLiteral(" · "));
     card.mark = markOf(visit, place, minute);
+    card.spokenMark = place == BoardPlace::Late      ? words("%1 late").arg(card.mark)
+                      : place == BoardPlace::Waiting ? words("waiting %1").arg(card.mark)
+                                                     : card.mark;
     card.isUrgent =
         place == BoardPlace::Late || (place == BoardPlace::Waiting &&
                                       !(MinutesWaited(visit, minute) >= 0 && MinutesWaited(visit, minute) < LongWait));

@@ -11,6 +11,11 @@
 #include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 
+QString BoardCard::Spoken() const {
+    return (spokenMark.isEmpty() ? QStringList{name, detail} : QStringList{name, spokenMark, detail})
+        .join(QStringLiteral(", "));
+}
+
 /// The cards as a model.
 class BoardModel : public QAbstractListModel {
   public:

@@ -11,15 +11,16 @@ class CardButtons;
 
 /// One card of the board, as it is shown.
 struct BoardCard {
-    int key = 0;     ///< `nkeyid`
-    QString name;    ///< Hidden while names are hidden.
-    QString detail;  ///< "9:00 AM · Reed"
-    QString mark;    ///< "12 min late"
+    int key = 0;         ///< `nkeyid`
+    QString name;        ///< Hidden while names are hidden.
+    QString detail;      ///< "9:00 AM · Reed"
+    QString mark;        ///< "12 min"
+    QString spokenMark;  ///< "12 min late", for who does not see in which place the card stands.
     bool isUrgent = false;
     QString tip;
 
     /// The card as a screen reader reads it.
-    [[nodiscard]] QString Spoken() const { return name + QStringLiteral(", ") + mark + QStringLiteral(", ") + detail; }
+    [[nodiscard]] QString Spoken() const;
     friend bool operator==(const BoardCard&, const BoardCard&) = default;
 };
 

@@ -1,5 +1,6 @@
 #include "followup/frmboard.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -200,7 +201,11 @@ void frmboard::tellProblem(const QString& why) {
                                                  .arg(now, timeText(readAt_.time()), why)
                                            : tr("The board could not be read at %1. %2").arg(now, why);
     lblproblem->setText(OneLine(what));
-    pnlproblem->show();
+    if (!pnlproblem->isVisibleTo(this)) {
+        pnlproblem->show();
+        QAccessibleEvent alert(lblproblem, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
     refresh();
 }
 

@@ -107,6 +107,9 @@ void frmboard::buildForm() {
     for (int place = 0; place < BoardPlaces; ++place)
         buildPlace(static_cast<BoardPlace>(place));
     arrange();
+    // What is arranged anew by the width must not hold the width.
+    column->setSizeConstraint(QLayout::SetNoConstraint);
+    setMinimumSize(fontMetrics().averageCharWidth() * 64, fontMetrics().height() * 20);
     setTabOrder(cboprovider, txtfind);
     for (const Place& place : places_)
         setTabOrder(&place == &places_.front() ? static_cast<QWidget*>(txtfind) : (&place - 1)->list, place.list);
@@ -127,7 +130,7 @@ QWidget* frmboard::buildHead() {
     QLabel* provider = FieldLabel(tr("&Provider:"), cboprovider);
     txtfind = Named(new TextField(head), "txtfind");
     txtfind->setClearButtonEnabled(true);
-    txtfind->setPlaceholderText(tr("Name, provider or time"));
+    txtfind->setPlaceholderText(tr("Name or provider"));
     txtfind->installEventFilter(this);
     QLabel* find = FieldLabel(tr("&Find:"), txtfind);
     filter_ = new QWidget(head);
@@ -224,6 +227,7 @@ void frmboard::buildPlace(BoardPlace place) {
     made.title = new QLabel(made.panel);
     made.title->setFont(HeadingFont());
     made.title->setToolTip(MeaningOf(place));
+    made.title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // The places are of one width.
     made.list = Named(new BoardList(made.panel), look.list);
     made.list->setAccessibleDescription(MeaningOf(place));
     auto* head = new QHBoxLayout;

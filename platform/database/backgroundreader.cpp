@@ -1,5 +1,6 @@
 #include "platform/database/backgroundreader.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <QCoreApplication>
@@ -21,6 +22,36 @@ struct BackgroundReader::Shared {
 namespace {
 
 using Answer = BackgroundReader::Answer;
+
+/// The threads that are alive, those left to themselves too. The program waits for them before it ends, since they use
+/// what goes with it; a database that does not answer then holds it up no longer than this.
+struct Threads {
+    static constexpr std::chrono::seconds PatienceAtEnd{3};
+
+    std::mutex mutex;
+    std::condition_variable fewer;
+    int count = 0;
+
+    void add(int more) {
+        const std::lock_guard lock(mutex);
+        count += more;
+        fewer.notify_all();
+    }
+    void awaitEnd() {
+        std::unique_lock lock(mutex);
+        fewer.wait_for(lock, PatienceAtEnd, [this] { return count == 0; });
+    }
+};
+
+/// Never destroyed, for a thread that outlives the program's end.
+Threads& threads() {
+    static auto* all = [] {
+        auto* made = new Threads;
+        qAddPostRoutine([] { threads().awaitEnd(); });
+        return made;
+    }();
+    return *all;
+}
 
 /// Adds the tables of the statements that are still without one. Throws DatabaseError.
 void readRest(Engine& engine, const QStringList& statements, std::vector<ResultTable>& tables) {
@@ -57,7 +88,8 @@ Answer answerOf(std::unique_ptr<Engine>& engine, const BackgroundReader::MakeEng
 
 BackgroundReader::BackgroundReader()
     : shared_(std::make_shared<Shared>()), self_(std::make_shared<BackgroundReader*>(this)) {
-    shared_->thread = std::thread([shared = shared_] {
+    threads().add(1);
+    shared_->thread = std::thread([shared = shared_]() mutable {
         std::unique_lock lock(shared->mutex);
         for (;;) {
             shared->changed.wait(lock, [&] { return shared->job || shared->ending; });
@@ -70,6 +102,8 @@ BackgroundReader::BackgroundReader()
         }
         lock.unlock();
         shared->engine.reset();
+        shared.reset();
+        threads().add(-1);
     });
 }
 

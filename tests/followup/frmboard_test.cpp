@@ -27,7 +27,7 @@ TEST_F(Board, SortsTodaysVisitsIntoWhereTheirPatientsAre) {
     put({.text = QStringLiteral("Tomorrow"), .date = day.addDays(1)});
 
     EXPECT_EQ(cards(BoardPlace::Due), QStringList{"Due|in 55 min|10:00 AM · Reed · Tentative"});
-    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Late|15 min late|8:50 AM · Reed"});
+    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Late|15 min|8:50 AM · Reed"});
     EXPECT_EQ(cards(BoardPlace::Waiting), QStringList{"Waiting|15 min|9:00 AM · Reed · here since 8:50 AM"});
     EXPECT_EQ(cards(BoardPlace::InSession), QStringList{"Inside|45 min left|9:00 AM · Lane"});
     EXPECT_EQ(cards(BoardPlace::Gone), QStringList{"Gone|no note|8:00 AM · Reed"});
@@ -84,7 +84,7 @@ TEST_F(Board, WhoWaitsLongestStandsFirstAndWhoseTimeIsUnknownLast) {
     putCheckedIn(QStringLiteral("Unread"), QStringLiteral("about nine"));
     putCheckedIn(QStringLiteral("None"), QString());
     putCheckedIn(QStringLiteral("Long"), QStringLiteral("03/11/26 08:00 AM"));
-    EXPECT_EQ(cards(BoardPlace::Waiting), (QStringList{"Long|1 h 5 min|9:00 AM · Reed · here since 8:00 AM",
+    EXPECT_EQ(cards(BoardPlace::Waiting), (QStringList{"Long|65 min|9:00 AM · Reed · here since 8:00 AM",
                                                        "Short|5 min|9:00 AM · Reed · here since 9:00 AM",
                                                        "Unread|time unknown|9:00 AM · Reed · arrival \"about nine\"",
                                                        "None|time unknown|9:00 AM · Reed · no time of arrival"}));
@@ -115,7 +115,7 @@ TEST_F(Board, EachMinuteOfTheClockBringsItUpToDate) {
     put({.text = QStringLiteral("Of another desk"), .start = 600});
     setClock(9, 7);
     desk.passTime();
-    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Anna|1 min late|9:06 AM · Reed"});
+    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Anna|1 min|9:06 AM · Reed"});
     EXPECT_EQ(names(BoardPlace::Due), QStringList{"Of another desk"});
     EXPECT_EQ(board().lblstatus->text(), "As of 9:07 AM");
 }
@@ -166,13 +166,13 @@ TEST_F(Board, ALostDatabaseIsToldWhatIsKnownStaysAndItRecoversByItself) {
     EXPECT_EQ(
         board().lblproblem->text(),
         "The board could not be read at 9:07 AM. It shows what was known at 9:05 AM. There is no connection to the database.");
-    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Anna|1 min late|9:06 AM · Reed"}) << "The minutes go on.";
+    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Anna|1 min|9:06 AM · Reed"}) << "The minutes go on.";
     EXPECT_TRUE(board().List(BoardPlace::Late).IsStale());
 
     Session().Connection.Open(database.connectionText());
     setClock(9, 8);
     desk.passTime();
-    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Anna|2 min late|9:06 AM · Reed"});
+    EXPECT_EQ(cards(BoardPlace::Late), QStringList{"Anna|2 min|9:06 AM · Reed"});
     EXPECT_FALSE(board().pnlproblem->isVisible());
     EXPECT_FALSE(board().List(BoardPlace::Late).IsStale());
 }
