@@ -115,7 +115,7 @@ const PlaceWords& wordsOf(BoardPlace place) {
         {"In Session", "No visit is going on.", "Kept, until the end of the visit or until its note is signed"},
         {"Gone", "Nobody has left yet.", "Kept, and the visit is over"},
         {"Not Coming", "Nobody has missed or cancelled.", "Missed today, or cancelled by patient or therapist"},
-        {"Notes to Write or Sign", "Every note is written and signed.",
+        {"Notes to Sign", "Every note is written and signed.",
          "Kept visits of the last 30 days without a note, or with one that is not signed"},
         {"Series That End", "No series ends soon.", "Series of which 4 visits or fewer are left from today on"},
     }};

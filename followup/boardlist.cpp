@@ -297,6 +297,11 @@ void BoardList::leaveEvent(QEvent* event) {
     hideButtons();
 }
 
+void BoardList::resizeEvent(QResizeEvent* event) {
+    hideButtons();
+    QListView::resizeEvent(event);
+}
+
 void BoardList::contextMenuEvent(QContextMenuEvent* event) {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());

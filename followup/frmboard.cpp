@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QWindow>
 
 #include "data/minutetime.h"
@@ -60,6 +61,7 @@ frmboard::frmboard(MainWindow& main, QWidget* parent)
     connect(&soon_, &QTimer::timeout, this, &frmboard::Load);
     buildForm();
     FollowHiddenNames(this, [this](bool) { refresh(); });
+    resize(sizeHint().boundedTo(screen()->availableSize()));
     if (parent != nullptr)
         parent->installEventFilter(this);
 }
@@ -93,7 +95,8 @@ QSize frmboard::sizeHint() const {
 
 // The window goes behind the main window where the user puts it there, which a dialog could not.
 void frmboard::showEvent(QShowEvent* event) {
-    FormPosition(*this, FormMode::Get);
+    if (!event->spontaneous())
+        FormPosition(*this, FormMode::Get);
     if (windowHandle() != nullptr)
         windowHandle()->setTransientParent(nullptr);
     Session().Connection.OnWritten([this](const QString& table) {
@@ -267,7 +270,7 @@ void frmboard::refreshPlace(BoardPlace place) {
     const auto count = static_cast<int>(shown.visits.size());
     const auto found = static_cast<int>(cards.size());
     const QString number = found == count ? QString::number(count) : tr("%1 of %2").arg(found).arg(count);
-    shown.title->setText(TitleOf(place) + QStringLiteral("  ") + number);
+    shown.number->setText(number);
     shown.list->setAccessibleName(TitleOf(place) + QStringLiteral(", ") + number);
     shown.list->SetEmptyText(!readAt_.isValid() ? QString()
                              : count > 0        ? tr("Nobody fits the search.")

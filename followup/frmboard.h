@@ -81,6 +81,7 @@ class frmboard : public QWidget {
     struct Place {
         QWidget* panel = nullptr;
         QLabel* title = nullptr;
+        QLabel* number = nullptr;  ///< How many cards, and where some are not found, of how many.
         BoardList* list = nullptr;
         std::vector<BoardVisit> visits;  ///< Of the chosen provider.
     };

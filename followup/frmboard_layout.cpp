@@ -227,7 +227,11 @@ void frmboard::buildPlace(BoardPlace place) {
     made.title = new QLabel(made.panel);
     made.title->setFont(HeadingFont());
     made.title->setToolTip(MeaningOf(place));
+    made.title->setText(TitleOf(place));
     made.title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // The places are of one width.
+    made.number = new QLabel(made.panel);
+    made.number->setFont(HeadingFont());
+    made.number->setForegroundRole(QPalette::PlaceholderText);
     made.list = Named(new BoardList(made.panel), look.list);
     made.list->setAccessibleDescription(MeaningOf(place));
     auto* head = new QHBoxLayout;
@@ -235,6 +239,7 @@ void frmboard::buildPlace(BoardPlace place) {
     head->setSpacing(Space(8));
     head->addWidget(picture);
     head->addWidget(made.title, 1);
+    head->addWidget(made.number);
     auto* column = new QVBoxLayout(made.panel);
     column->setContentsMargins(1, 1, 1, Space(4));
     column->setSpacing(0);

@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
@@ -25,14 +26,26 @@
 
 namespace {
 
+/// The window that had the keys last. Without a window manager nobody gives them back when a dialog has closed.
+QPointer<QWidget>& lastActive() {
+    static QPointer<QWidget> window;
+    if (QWidget* active = QApplication::activeWindow(); active != nullptr && !active->isModal())
+        window = active;
+    return window;
+}
+
+/// The board stands beside the main window; whichever was used last is in front.
+bool boardIsInFront() {
+    return lastActive() != nullptr && lastActive()->isVisible() && lastActive()->inherits("frmboard");
+}
+
 QWidget* front() {
     if (QWidget* popup = QApplication::activePopupWidget())
         return popup;
     if (QWidget* modal = QApplication::activeModalWidget())
         return modal;
-    // The board stands beside the main window; whichever has the keys is in front.
-    if (QWidget* active = QApplication::activeWindow(); active != nullptr && active->inherits("frmboard"))
-        return active;
+    if (boardIsInFront())
+        return lastActive();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->objectName() == QLatin1String("mdisched"))
             return window;
