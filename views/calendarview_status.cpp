@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QActionGroup>
 
 #include "data/codes.h"
 #include "data/pipefields.h"
@@ -10,20 +11,26 @@
 
 namespace {
 
-constexpr MenuName statusCommands[] = {menu::mnuCheckediN, menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel,
-                                       menu::mnuATCancel};
+constexpr MenuName statusCommands[] = {menu::mnuAPending, menu::mnuCheckediN, menu::mnuAKept,
+                                       menu::mnuAMissed,  menu::mnuAPCancel,  menu::mnuATCancel};
 
 }  // namespace
 
 void CalendarView::bindStatusCommands() {
+    // A row has one status or none: the menus show a radio of them.
+    auto* radio = new QActionGroup(this);
+    radio->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (const MenuName name : statusCommands) {
         QAction& command = menus_.Command(name);
         command.setCheckable(true);
+        radio->addAction(&command);
         command.setIconVisibleInMenu(false);  // Its place is the tick's; the picture of Kept would pass for one.
     }
     menus_.Bind(menu::mnuVCheckedin, [this] { frmCheckedIn::Open(window()); });
     menus_.Bind(menu::mnuCheckediN, [this] { checkIn(); });
     menus_.Bind(menu::mnuAKept, [this] { keepAppointment(); });
+    // The way back from a status that was chosen by mistake.
+    menus_.Bind(menu::mnuAPending, [this] { changeStatus(menu::mnuAPending, ncolor::Pending); });
     menus_.Bind(menu::mnuAMissed, [this] { changeStatus(menu::mnuAMissed, ncolor::Missed); });
     menus_.Bind(menu::mnuAPCancel, [this] { changeStatus(menu::mnuAPCancel, ncolor::PatientCancelled); });
     menus_.Bind(menu::mnuATCancel, [this] { changeStatus(menu::mnuATCancel, ncolor::TherapistCancelled); });
