@@ -50,10 +50,11 @@ QString isLeft(QDate date, const QString& providerId) {
         db::Raw{hasStatus()}, db::Raw{ofProvider(providerId)});
 }
 
+// Grouping by a sum keeps the embedded engine from walking through all series ever booked instead of the days to come.
 QString seriesStatement(QDate date, const QString& providerId) {
     const db::Raw left{isLeft(date, providerId)};
     return Sql(
-        "Select nkeyid, dapptdate, nStartTime, nEndTime, allday, cappttext, ncolor, appttype, clinicianid, patientid, CheckInTime, NoteID, repeating_ref from appointments Where {} and repeating_ref in (Select repeating_ref from appointments Where {} Group by repeating_ref Having Count(*) <= {}) Order by dapptdate, nStartTime, nkeyid",
+        "Select nkeyid, dapptdate, nStartTime, nEndTime, allday, cappttext, ncolor, appttype, clinicianid, patientid, CheckInTime, NoteID, repeating_ref from appointments Where {} and repeating_ref in (Select repeating_ref + 0 from appointments Where {} Group by repeating_ref + 0 Having Count(*) <= {}) Order by dapptdate, nStartTime, nkeyid",
         left, left, SeriesVisits);
 }
 
