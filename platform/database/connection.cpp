@@ -122,7 +122,10 @@ void Connection::OpenAgain() {
 }
 
 std::function<std::unique_ptr<Engine>()> Connection::Beside() const {
-    if (!IsOpen() || replaced_)
+    const ConnectionFields fields = ParseConnectionText(text_);
+    const bool isPrivate =
+        !fields.contains(QStringLiteral("driver")) && IsOpen() && EmbeddedFile(fields) == QStringLiteral(":memory:");
+    if (!IsOpen() || replaced_ || isPrivate)
         return {};
     return [text = text_] { return engineFor(text, false); };
 }

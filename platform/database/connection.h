@@ -75,7 +75,8 @@ class Connection {
     /// The routine must not use the connection.
     void OnWritten(std::function<void(const QString& table)> tell) { tellWritten_ = std::move(tell); }
     /// Returns the routine that opens a session of its own with the same database, for a reader on another thread
-    /// (BackgroundReader). It is empty while this connection is closed or refuses every call.
+    /// (BackgroundReader). It is empty while this connection is closed or refuses every call, and for a private
+    /// database.
     [[nodiscard]] std::function<std::unique_ptr<Engine>()> Beside() const;
 
     /// Sends one statement and returns the number of rows affected. A second statement behind a semicolon is refused.

@@ -63,7 +63,9 @@ TEST_P(DatabaseContract, TheTablesAreToldBesideAnObserver) {
 TEST_P(DatabaseContract, ASessionBesideReadsWhatWasWritten) {
     addVisit("Ann", 600);
     const auto beside = connection_.Beside();
-    ASSERT_TRUE(beside);
-    EXPECT_EQ(beside()->query("Select cappttext from Visits").at(0, 0).text(), "Ann");
+    EXPECT_EQ(beside != nullptr, GetParam() != EngineKind::Memory) << "A database in memory is its connection's alone.";
+    if (beside) {
+        EXPECT_EQ(beside()->query("Select cappttext from Visits").at(0, 0).text(), "Ann");
+    }
     EXPECT_FALSE(db::Connection().Beside()) << "A closed connection has no other beside it.";
 }
