@@ -54,9 +54,9 @@ void tellFailure(const QString& text, const db::DatabaseError& error, const Note
         calendar.reload();
 }
 
-// The calendar of all providers takes its icons from the rows alone.
+// The calendar of all providers and the board take what they show from the rows alone.
 void showNote(int icon, const NoteCalendar& calendar) {
-    if (Session().CurrentView == View::Day || Session().CurrentView == View::Week)
+    if (!calendar.isBoard && (Session().CurrentView == View::Day || Session().CurrentView == View::Week))
         calendar.showIcon(icon);
     else
         calendar.reload();
@@ -100,7 +100,9 @@ void openNote(const ShownAppointment& appointment, const NoteCalendar& calendar)
         calendar.reload();
 }
 
-bool mayMakeNote(const ShownAppointment& appointment) {
+bool mayMakeNote(const ShownAppointment& appointment, const NoteCalendar& calendar) {
+    if (calendar.isBoard)
+        return IsLoggedOn(appointment.clinicianId);
     if (!IsLoggedOn(Session().ProviderId))
         return false;
     // The session's provider need not be the one of the row that was chosen here. A holiday is nobody's.
@@ -132,7 +134,7 @@ void askForType(const ShownAppointment& appointment, const NoteCalendar& calenda
 }
 
 void makeNote(const ShownAppointment& appointment, const NoteCalendar& calendar) {
-    if (!mayMakeNote(appointment)) {
+    if (!mayMakeNote(appointment, calendar)) {
         MsgBox(
             QStringLiteral(
                 "In order to create a note or view an existing associated note, you must be logged on as the rendering provider for this appointment."),

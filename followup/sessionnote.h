@@ -18,6 +18,9 @@ struct NoteCalendar {
     std::function<void(int icon)> showIcon;
     /// Reads the view anew, because the appointment is no longer as it is shown.
     std::function<void()> reload;
+    /// Whether rows of any provider stand here, whoever's schedule the main window shows. Only the row's own provider
+    /// then decides who makes a note.
+    bool isBoard = false;
 };
 
 /// The command mnuANote: opens the note of the selected appointment, or makes one. A note of a kept visit is written in

@@ -41,6 +41,8 @@ class MainWindow {
     virtual void ProviderChosen() = 0;
     virtual void ShowPreferences() = 0;
     virtual void ShowHelp() = 0;
+    /// Opens today's board, or brings it to the front.
+    virtual void OpenBoard() = 0;
     /// Writes the panels " User: ..." and " Schedule for: ..." from the session's values.
     virtual void WritePanels() = 0;
     virtual void Leave() = 0;

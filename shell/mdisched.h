@@ -76,6 +76,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void ProviderChosen() override;
     void ShowPreferences() override;
     void ShowHelp() override;
+    void OpenBoard() override { Q_EMIT BoardRequested(); }
     void WritePanels() override;
     void Leave() override { close(); }
 
@@ -84,6 +85,8 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void ViewOpened();
     /// Raised when the user asks for the list of the patients who have checked in.
     void CheckedInRequested();
+    /// Raised when the user asks for today's board.
+    void BoardRequested();
     /// Raised after the open view opened the database again because its file was replaced. Other windows that show rows
     /// have to read them anew.
     void DatabaseOpenedAgain();

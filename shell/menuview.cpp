@@ -68,6 +68,7 @@ void MenuView::bindPracticeLists() {
         frmabook dialog(window());
         ShowModal(dialog);
     });
+    menus_.Bind(menu::mnuVBoard, [this] { main_.OpenBoard(); });
     menus_.Bind(menu::mnuVColor, [this] { showLegend(); });
 }
 

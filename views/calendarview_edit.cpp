@@ -5,6 +5,7 @@
 #include <QShortcut>
 
 #include "appointments/appointmentrows.h"
+#include "appointments/commandrow.h"
 #include "appointments/frmactsc.h"
 #include "appointments/frmgrptx.h"
 #include "appointments/frmnore.h"
@@ -159,19 +160,17 @@ void CalendarView::editappt2(int index) {
     const int key = item.ItemKey.toInt();
     if (key < 1)
         return;
-    const QString statement = Sql("Select * from appointments Where nKeyid = {}", key);
-    const db::ReadTogether together(Session().Connection,
-                                    ShownPatientStatements(GetPipeField(item.ItemNote, 3), item.ItemDay) << statement);
+    const db::ReadTogether together(
+        Session().Connection,
+        ShownPatientStatements(GetPipeField(item.ItemNote, 3), item.ItemDay) << AppointmentStatement(key));
     try {
-        const Recordset row(statement, Session().Connection);
-        if (row.Eof()) {
-            MsgBox(QStringLiteral("Appointment not found in database. It may have been deleted by another user."),
-                   ExclamationBox, QStringLiteral("Appointment not found"));
+        const std::optional<ShownAppointment> row = RowForCommand(key, painting());
+        if (!row) {
             Reload();
             return;
         }
         const ShownAppointment before = facts_.value(QString::number(key));
-        showRow(RowOf(row, ItemFromAppointment(row, painting())));
+        showRow(*row);
         // The editor shows neither the day nor the provider: where another desk has changed one of them, saving would
         // take it back unseen.
         if (!facts_[QString::number(key)].BelongsAs(before))

@@ -2,6 +2,7 @@
 
 #include "appointments/appointmentrows.h"
 #include "appointments/appointmentwrites.h"
+#include "appointments/commandrow.h"
 #include "appointments/movement.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
@@ -20,11 +21,6 @@ using db::Recordset;
 
 namespace {
 
-void tellGone() {
-    MsgBox(QStringLiteral("Unable to save. Appointment not found. It may have been deleted by another user."),
-           ExclamationBox, QStringLiteral("Appointment not found"));
-}
-
 /// A text that was typed in place and could not be saved.
 struct UnsavedText {
     CalendarItem read;
@@ -38,7 +34,7 @@ struct UnsavedText {
         wanted.ItemText = text;
         const RowOutcome outcome = SaveInPlace(read, wanted, painted);
         if (outcome.end == WriteOutcome::End::Gone)
-            tellGone();
+            TellSavedRowIsGone();
         if (!outcome.failure)
             return true;
         TellError(WriteTrouble(outcome.step), *outcome.failure);
@@ -85,7 +81,7 @@ bool CalendarView::saveappt(int index, const QString& subject) {
         return false;
     }
     if (outcome.end == WriteOutcome::End::Gone) {
-        tellGone();
+        TellSavedRowIsGone();
         removeItemsOf(key);
         return false;
     }
@@ -168,12 +164,8 @@ void CalendarView::putBack(const QString& key) {
 
 void CalendarView::tellUnsaved(const QString& key, const WriteOutcome& outcome, const QString& subject) {
     putBack(key);
-    const bool changedElsewhere = outcome.failure->number == db::RowChanged;
-    if (subject.isEmpty() || changedElsewhere)
-        TellError(WriteTrouble(outcome.step), *outcome.failure);
-    else
-        TellInBar(subject, *outcome.failure);
-    if (changedElsewhere)
+    TellUnsaved(outcome, subject);
+    if (outcome.failure->number == db::RowChanged)
         Reload();
 }
 

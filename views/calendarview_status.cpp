@@ -1,31 +1,18 @@
 #include <QAction>
 #include <QActionGroup>
 
-#include "appointments/appointmentwrites.h"
-#include "appointments/patientalerts.h"
 #include "data/codes.h"
 #include "data/pipefields.h"
-#include "followup/frmarrivaltime.h"
 #include "followup/frmcheckedin.h"
-#include "platform/controls/noticebar.h"
+#include "followup/statuscommands.h"
 #include "platform/database/readtogether.h"
-#include "platform/desktop/desktop.h"
-#include "session/errorbox.h"
 #include "session/session.h"
 #include "views/calendarview.h"
 
 namespace {
 
-// Before the reason, and the notice's subject.
-const QString StatusUnsaved = QStringLiteral("The status was not saved. ");
-
 constexpr MenuName statusCommands[] = {menu::mnuAPending, menu::mnuCheckediN, menu::mnuAKept,
                                        menu::mnuAMissed,  menu::mnuAPCancel,  menu::mnuATCancel};
-
-// Colours that are a kind: a status over one of them would make another thing of the row.
-bool isKind(int code) {
-    return code == ncolor::Activity || code == ncolor::Unavailable || code == ncolor::Group || code == ncolor::Holiday;
-}
 
 }  // namespace
 
@@ -51,16 +38,12 @@ void CalendarView::bindStatusCommands() {
     suitCommands(0);
 }
 
-// A status belongs to a patient's appointment. A row in a colour that means nothing here is one when it names a
-// patient; an activity, unavailable time, a group, a type slot and a holiday have none, and would turn into a patient's
-// row without a patient.
 bool CalendarView::hasStatus(int index) const {
     if (index < 1)
         return false;
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
-    if (item.ItemKey.toInt() < 1 || facts_.value(item.ItemKey).apptType == ApptTypeSlot)
-        return false;
-    return IsPatientRow(item.ItemColor) || (!isKind(item.ItemColor) && !GetPipeField(item.ItemNote, 3).isEmpty());
+    return item.ItemKey.toInt() >= 1 &&
+           HasStatus(item.ItemColor, facts_.value(item.ItemKey).apptType, GetPipeField(item.ItemNote, 3));
 }
 
 void CalendarView::suitCommands(int index) {
@@ -90,11 +73,7 @@ void CalendarView::changeStatus(MenuName command, int code) {
     const int index = itemForStatus();
     if (index < 1)
         return;
-    const WriteOutcome outcome = SetApptStatus(std::as_const(*ctMDay1).Item(index).ItemKey.toInt(), code);
-    if (outcome.failure)
-        TellInBar(StatusUnsaved, *outcome.failure);
-    else
-        DropNotice(StatusUnsaved);
+    const WriteOutcome outcome = ChangeStatus(std::as_const(*ctMDay1).Item(index).ItemKey.toInt(), code);
     // What was not stored is not shown.
     if (!outcome.IsDone())
         return;
@@ -102,7 +81,6 @@ void CalendarView::changeStatus(MenuName command, int code) {
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
     facts_[item.ItemKey].stored = item;
     tickStatus(command);
-    frmCheckedIn::ReloadIfOpen();
 }
 
 // The form writes the arrival; the rest is for who confirmed it.
@@ -111,13 +89,11 @@ void CalendarView::checkIn() {
     if (index < 1)
         return;
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
-    frmarrivalTime arrival(item.ItemKey.toInt(), window());
-    if (ShowModal(arrival) != QDialog::Accepted)
+    if (!AskArrival(item.ItemKey.toInt(), window()))
         return;
     if (const int shown = ctMDay1->IndexOfKey(item.ItemKey); shown > 0)
         saveStatus(shown, menu::mnuCheckediN, ncolor::CheckedIn);
-    frmCheckedIn::ReloadIfOpen();
-    ShowPatientAlerts(GetPipeField(item.ItemNote, 3), QLatin1String(CheckInAlert));
+    AfterArrival(GetPipeField(item.ItemNote, 3));
 }
 
 void CalendarView::keepAppointment() {

@@ -121,6 +121,15 @@ void Connection::OpenAgain() {
     }
 }
 
+std::function<std::unique_ptr<Engine>()> Connection::Beside() const {
+    const ConnectionFields fields = ParseConnectionText(text_);
+    const bool isPrivate =
+        !fields.contains(QStringLiteral("driver")) && IsOpen() && EmbeddedFile(fields) == QStringLiteral(":memory:");
+    if (!IsOpen() || replaced_ || isPrivate)
+        return {};
+    return [text = text_] { return engineFor(text, false); };
+}
+
 void Connection::refuseUntilOpened(const DatabaseError& error) {
     replaced_.emplace(error.number, error.description, QString(), QString::fromLatin1(LinkFailureState));
     if (tellReplaced_)
@@ -288,8 +297,10 @@ void Connection::CommitTrans() {
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
     atEngine(QStringLiteral("(commit)"), Cut::InTheDark, [](Engine& engine) { engine.commit(); });
     transaction_ = Transaction::None;
-    for (Write& write : std::exchange(untold_, {}))
-        written(std::move(write));
+    for (const Write& write : std::exchange(untold_, {}))
+        if (observer_ && !telling_)
+            tell(write);
+    tellTables(std::exchange(untoldTables_, {}));
 }
 
 void Connection::RollbackTrans() {
@@ -297,6 +308,7 @@ void Connection::RollbackTrans() {
     if (std::exchange(transaction_, Transaction::None) == Transaction::None)
         throw DatabaseError(-2147168242, QStringLiteral("No transaction is active."));
     untold_.clear();
+    untoldTables_.clear();
     // A link that broke off has taken the transaction with it.
     if (!engine_)
         return;

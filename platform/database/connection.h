@@ -70,6 +70,14 @@ class Connection {
     /// Sets the routine that is told the reason whenever the connection begins to refuse every call, since a caller may
     /// pass over the error itself. The routine must not use the connection.
     void OnReplaced(std::function<void(const QString& why)> tell) { tellReplaced_ = std::move(tell); }
+    /// Sets the routine that is told the table of each write by this connection, after the write succeeded; within a
+    /// transaction, after its commit. It costs no trip and goes beside an observer. An empty routine ends the telling.
+    /// The routine must not use the connection.
+    void OnWritten(std::function<void(const QString& table)> tell) { tellWritten_ = std::move(tell); }
+    /// Returns the routine that opens a session of its own with the same database, for a reader on another thread
+    /// (BackgroundReader). It is empty while this connection is closed or refuses every call, and for a private
+    /// database.
+    [[nodiscard]] std::function<std::unique_ptr<Engine>()> Beside() const;
 
     /// Sends one statement and returns the number of rows affected. A second statement behind a semicolon is refused.
     qint64 Execute(const QString& statement);
@@ -143,6 +151,7 @@ class Connection {
 
     Engine& engine();  ///< Throws 3709 "The connection cannot be used ..." when it is closed.
     void written(Write write);
+    void tellTables(const QStringList& tables);
     void tell(const Write& write);
     void open(const QString& connectionText, bool create);
     void openAnew();
@@ -184,12 +193,14 @@ class Connection {
     qint64 refusedFor_ = 0;                  ///< Milliseconds since sinceRefusal_ in which no new login is tried.
     std::optional<DatabaseError> replaced_;  ///< The error of every call until OpenAgain.
     std::function<void(const QString&)> tellReplaced_;
+    std::function<void(const QString&)> tellWritten_;
     std::function<void(const Write&)> observer_;
     Told told_ = Told::Rows;
     bool telling_ = false;            ///< The observer is at work.
     std::optional<qint64> identity_;  ///< LastIdentity, kept when the observer may have inserted rows since.
     Transaction transaction_ = Transaction::None;
     std::vector<Write> untold_;  ///< The writes of the open transaction.
+    QStringList untoldTables_;   ///< Their tables, for OnWritten.
     QList<ReadTogether*> together_;
     QSet<QString> described_;  ///< The tables that the engine knows, in small letters.
 };

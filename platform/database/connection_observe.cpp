@@ -63,7 +63,18 @@ void Connection::sendObserved(Write& write, const std::vector<Value>& bound, con
         write.changes.clear();
 }
 
+void Connection::tellTables(const QStringList& tables) {
+    const auto tell = tellWritten_;  // The routine may call OnWritten.
+    for (const QString& table : tables)
+        if (tell)
+            tell(table);
+}
+
 void Connection::written(Write write) {
+    if (transaction_ != Transaction::None)
+        untoldTables_ << write.table;
+    else
+        tellTables({write.table});
     if (!observer_ || telling_)
         return;
     if (transaction_ != Transaction::None)

@@ -40,7 +40,9 @@ bool ShownWait::goesOn(qint64 elapsed) {
     if (!asked_ && ShowWaiting())
         shown_ = ShowWaiting()();
     asked_ = true;
-    gaveUp = shown_ && !shown_->GoesOn();
+    // A wait that nobody sees, on another thread, leaves alone what the user has said of those in the window.
+    if (shown_)
+        gaveUp = !shown_->GoesOn();
     return !gaveUp;
 }
 

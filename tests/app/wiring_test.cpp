@@ -4,6 +4,7 @@
 
 #include "appointments/seriesmark.h"
 #include "data/codes.h"
+#include "followup/frmboard.h"
 #include "followup/frmcheckedin.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/noticebar.h"
@@ -48,6 +49,20 @@ TEST_F(WiredWindow, ReadsTheListAnewWhenTheDatabaseWasOpenedAgain) {
     add(anAppointment("Anna").on(QDate(2026, 3, 11)).at(9, 0).status(ncolor::CheckedIn));
     Q_EMIT window.DatabaseOpenedAgain();
     EXPECT_EQ(list()->ctList1->RowCount(), 1);
+}
+
+TEST_F(WiredWindow, OpensTodaysBoardBesideItAndReadsItAnewWhenTheDatabaseWasOpenedAgain) {
+    window.OpenBoard();
+    auto* board = window.findChild<frmboard*>();
+    ASSERT_NE(board, nullptr);
+    EXPECT_TRUE(board->isVisible());
+    const auto isRead = [board] { return !board->IsReading(); };
+    ASSERT_TRUE(QTest::qWaitFor(isRead, 20000));
+    otherDesk(QStringLiteral(
+        "Insert Into appointments (dapptdate, nStartTime, nEndTime, cappttext, ncolor, clinicianid, patientid) Values ('2026/03/11', 1400, 1430, 'Anna', 16711681, 'REED', '1')"));
+    Q_EMIT window.DatabaseOpenedAgain();
+    ASSERT_TRUE(QTest::qWaitFor(isRead, 20000));
+    EXPECT_EQ(board->Count(BoardPlace::Due), 1);
 }
 
 TEST_F(WiredWindow, OffersTheRestOfACutOffSeriesOnceAndReadsTheViewAnewAfterIt) {

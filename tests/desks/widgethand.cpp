@@ -3,15 +3,19 @@
 #include <algorithm>
 #include <functional>
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMap>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
@@ -22,11 +26,26 @@
 
 namespace {
 
+/// The window that had the keys last. Without a window manager nobody gives them back when a dialog has closed.
+QPointer<QWidget>& lastActive() {
+    static QPointer<QWidget> window;
+    if (QWidget* active = QApplication::activeWindow(); active != nullptr && !active->isModal())
+        window = active;
+    return window;
+}
+
+/// The board stands beside the main window; whichever was used last is in front.
+bool boardIsInFront() {
+    return lastActive() != nullptr && lastActive()->isVisible() && lastActive()->inherits("frmboard");
+}
+
 QWidget* front() {
     if (QWidget* popup = QApplication::activePopupWidget())
         return popup;
     if (QWidget* modal = QApplication::activeModalWidget())
         return modal;
+    if (boardIsInFront())
+        return lastActive();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->objectName() == QLatin1String("mdisched"))
             return window;
@@ -93,6 +112,12 @@ QString textOf(const QWidget& widget) {
         QStringList rows;
         for (int row = 0; row < list->RowCount(); ++row)
             rows << list->ShownCells(row).join(u';');
+        return rows.join(QLatin1Char('\n'));
+    }
+    if (const auto* cards = qobject_cast<const QListView*>(&widget)) {
+        QStringList rows;
+        for (int row = 0; row < cards->model()->rowCount(); ++row)
+            rows << cards->model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
         return rows.join(QLatin1Char('\n'));
     }
     throw CannotObey(QStringLiteral("%1 holds no text").arg(widget.objectName()));
@@ -218,7 +243,7 @@ QString timePlace(const QStringList& words) {
 
 /// The middle of a row of a list, counted from 0, as far as the row is in sight.
 QString rowPlace(const QStringList& words) {
-    const auto& list = find<ctList>(words.at(1));
+    const auto& list = find<QAbstractItemView>(words.at(1));
     const QRect cell = list.visualRect(list.model()->index(words.at(2).toInt(), 0));
     return placeText(*list.viewport(), cell.center());
 }
@@ -226,6 +251,16 @@ QString rowPlace(const QStringList& words) {
 QString widgetPlace(const QStringList& words) {
     const auto& widget = find<QWidget>(words.at(1));
     return placeText(widget, widget.rect().center());
+}
+
+/// The middle of a menu's word in the menu bar.
+QString menuPlace(const QStringList& words) {
+    const QWidget* window = front();
+    for (QMenuBar* bar : window ? window->findChildren<QMenuBar*>() : QList<QMenuBar*>())
+        for (QAction* action : bar->actions())
+            if (bar->isVisible() && action->objectName() == words.at(1))
+                return placeText(*bar, bar->actionGeometry(action).center());
+    throw CannotObey(QStringLiteral("there is no such menu in %1").arg(WindowInFront()));
 }
 
 /// The middle of a command in the open menu.
@@ -305,6 +340,7 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("timePlace"), timePlace},
         {QStringLiteral("rowPlace"), rowPlace},
         {QStringLiteral("widgetPlace"), widgetPlace},
+        {QStringLiteral("menuPlace"), menuPlace},
         {QStringLiteral("entryPlace"), entryPlace},
         {QStringLiteral("noteIcon"), noteIcon},
         {QStringLiteral("shows"), shows},

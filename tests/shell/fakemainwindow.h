@@ -23,6 +23,7 @@ class FakeMainWindow : public MainWindow {
     void ProviderChosen() override { asked << QStringLiteral("provider chosen"); }
     void ShowPreferences() override { asked << QStringLiteral("preferences"); }
     void ShowHelp() override { asked << QStringLiteral("help"); }
+    void OpenBoard() override { asked << QStringLiteral("board"); }
     void WritePanels() override {}
     void Leave() override { asked << QStringLiteral("leave"); }
 

@@ -42,6 +42,15 @@ TEST(ViewMenusTest, TheAddressBookIsInEveryViewsMenuOnTheSameKey) {
     }
 }
 
+TEST(ViewMenusTest, TodaysBoardIsInEveryViewsMenuOnTheSameKey) {
+    for (const auto& entries :
+         {DayMenus(), WeekMenus(), AllProvidersMenus(), MonthMenus(), RoomMenus(), CompanionMenus()}) {
+        const ViewMenus menus(entries);
+        EXPECT_TRUE(menus.Entries(menu::mnuView).contains(&menus.Command(menu::mnuVBoard)));
+        EXPECT_EQ(menus.Command(menu::mnuVBoard).shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+B")));
+    }
+}
+
 TEST(ViewMenusTest, ANameThatNoViewHoldsIsAnErrorOfTheProgram) {
     const ViewMenus menus(MonthMenus());
 #ifdef QT_NO_DEBUG
