@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
     RegisterSearchBenches();
     RegisterNoteBenches();
     RegisterReportBenches();
+    RegisterWaitBenches();
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     if (!Practices().empty())
