@@ -3,9 +3,11 @@
 #include <array>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 
 #include "appointments/attendeelist.h"
+#include "appointments/attendeepanel.h"
 #include "companion/companionfields.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
@@ -14,6 +16,7 @@
 #include "platform/database/recordset.h"
 #include "platform/desktop/busypointer.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 namespace {
@@ -32,6 +35,7 @@ frmFHEvents::frmFHEvents(const CompanionEventRequest& request, QWidget* parent)
     buildForm();
     connectFields();
     load();
+    HeadByAttendees(*FormHeading::Above(*this, tr("Fernhall Event")), *txtdate, *List1);
     FitToScreen(*this);
 }
 
@@ -128,9 +132,19 @@ void frmFHEvents::showSelection() {
     List1->SelectProvider(List1->FindProvider(QString::number(request_.provId)));
 }
 
+// The fields keep their height: the dialog grows by what the notice takes.
+void frmFHEvents::notify(const QString& text) {
+    QWidget& notice = *lblnotice->parentWidget();
+    const int before = notice.isHidden() ? 0 : notice.height() + layout()->spacing();
+    lblnotice->setText(text);
+    notice.show();
+    const int after = notice.layout()->totalHeightForWidth(layout()->contentsRect().width()) + layout()->spacing();
+    if (isVisible())
+        resize(width(), height() + after - before);
+}
+
 void frmFHEvents::lock(const QString& why) {
-    lblnotice->setText(why);
-    lblnotice->parentWidget()->show();
+    notify(why);
     const std::array<QWidget*, 9> parts{txtevent,       txtdate, txtstarttime, txtduration, ckallday,
                                         ckAllProviders, List1,   cmdDelete,    cmdOk};
     for (QWidget* part : parts)
