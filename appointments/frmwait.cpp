@@ -50,22 +50,22 @@ frmwait::frmwait(WaitOpening opening, QWidget* parent) : QDialog(parent), openin
 }
 
 QSize frmwait::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 28};
+    return {fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 28};
 }
 
 void frmwait::buildForm() {
     ctList1 = Named(new ctList(this), "ctList1");
     ctList1->setAccessibleName(tr("Who waits"));
     const QString patient = Session().WordUsage.isEmpty() ? tr("Patient") : Session().WordUsage;
-    ctList1->SetColumns({{patient, ListColumn::Kind::Text, 24},
+    ctList1->SetColumns({{patient, ListColumn::Kind::Text, 22},
                          {tr("Length"), ListColumn::Kind::Text, 14},
-                         {tr("Providers"), ListColumn::Kind::Text, 18},
-                         {tr("Days"), ListColumn::Kind::Text, 16},
+                         {tr("Providers"), ListColumn::Kind::Text, 16},
+                         {tr("Days"), ListColumn::Kind::Text, 14},
                          {tr("Times"), ListColumn::Kind::Text, 20},
-                         {tr("Until"), ListColumn::Kind::Text, 15},
-                         {tr("Since"), ListColumn::Kind::Text, 15},
+                         {tr("Until"), ListColumn::Kind::Text, 13},
+                         {tr("Since"), ListColumn::Kind::Text, 13},
                          {tr("Note")},
-                         {tr("State"), ListColumn::Kind::Text, 20}});
+                         {tr("State"), ListColumn::Kind::Text, 17}});
     FollowHiddenNames(ctList1);
     lblcount = Named(new QLabel(this), "lblcount");
     cmdadd = FormButton(tr("&Add..."), "cmdadd", this);

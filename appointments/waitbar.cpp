@@ -121,11 +121,11 @@ void WaitBar::buildBar() {
     lstoffers = Named(new ctList(this), "lstoffers");
     lstoffers->setAccessibleName(tr("Who fits"));
     lstoffers->SetColumns(
-        {{tr("Time"), ListColumn::Kind::Text, 42},
-         {tr("Provider"), ListColumn::Kind::Text, 16},
-         {Session().WordUsage.isEmpty() ? tr("Patient") : Session().WordUsage, ListColumn::Kind::Text, 24},
-         {tr("Waits for"), ListColumn::Kind::Text, 30},
-         {tr("Since"), ListColumn::Kind::Text, 15},
+        {{tr("Time"), ListColumn::Kind::Text, 35},
+         {tr("Provider"), ListColumn::Kind::Text, 13},
+         {Session().WordUsage.isEmpty() ? tr("Patient") : Session().WordUsage, ListColumn::Kind::Text, 22},
+         {tr("Waits for"), ListColumn::Kind::Text, 28},
+         {tr("Since"), ListColumn::Kind::Text, 13},
          {tr("Note")}});
     FollowHiddenNames(lstoffers);
     setFocusProxy(lstoffers);
