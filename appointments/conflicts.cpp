@@ -6,6 +6,7 @@
 
 #include "appointments/appointmentconflict.h"
 #include "appointments/conflictstatus.h"
+#include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
 #include "platform/controls/ctlist.h"
@@ -44,7 +45,11 @@ class ProviderNames {
 }  // namespace
 
 QString ApptConflictStatement(int key, QDate date, double s, double e, const QString& patientId,
-                              const QString& providerId) {
+                              const QString& providerId, Cancelled cancelled) {
+    if (cancelled == Cancelled::LeftOut)
+        return Sql(
+            "Select dapptdate, nstarttime, nendtime, cappttext, clinicianid from appointments Where nKeyid <> {} AND appttype <> 4 AND IsNull(ncolor, 0) Not In ({}, {}) And (Clinicianid = '{}' Or (PatientId = '{}' And PatientId <> '')) AND DApptDate = '{}' And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {})) ",
+            key, ncolor::PatientCancelled, ncolor::TherapistCancelled, providerId, patientId, date, s, e, s, e);
     QString ofProvider = Sql(
         "Select dapptdate, nstarttime, nendtime, cappttext, clinicianid from appointments Where nKeyid <> {} AND appttype <> 4  And Clinicianid = '{}' AND DApptDate = '{}'  And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {})) ",
         key, providerId, date, s, e, s, e);
@@ -162,10 +167,11 @@ bool mustStop(Booked booked, MinuteSpan proposed, Search&& search) {
 }  // namespace
 
 std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
-                                        const QString& providerId) {
+                                        const QString& providerId, Cancelled cancelled) {
     std::vector<Conflict> conflicts;
     ProviderNames names;
-    Recordset rows(ApptConflictStatement(key, date, start, end, patientId, providerId), Session().Connection);
+    Recordset rows(ApptConflictStatement(key, date, start, end, patientId, providerId, cancelled),
+                   Session().Connection);
     for (; !rows.Eof(); rows.MoveNext())
         conflicts.push_back(
             {rows["dapptdate"].date(), timeOf(rows), rows["cappttext"].text(), names[rows["clinicianid"].text()]});
@@ -195,9 +201,9 @@ std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, doubl
 }
 
 bool CheckApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
-                        const QString& providerId) {
+                        const QString& providerId, Cancelled cancelled) {
     return mustStop(Booked::Provider, {start, end},
-                    [&] { return FindApptConflicts(key, date, start, end, patientId, providerId); });
+                    [&] { return FindApptConflicts(key, date, start, end, patientId, providerId, cancelled); });
 }
 
 bool CheckRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment) {

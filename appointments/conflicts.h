@@ -15,14 +15,19 @@ struct Conflict {
     bool namesPatient = false;  ///< The text may be a patient's name.
 };
 
+/// Whether an appointment that was cancelled is in the way.
+enum class Cancelled { Conflicts, LeftOut };
+
 /// Returns what the provider has booked on `date` in conflict with `start` to `end` (minutes since midnight), ordered
 /// by time. Where `patientId` is not empty, the patient's conflicting appointments with any provider are returned too.
-/// The row `key` (0: none) and rows of appttype 4 never conflict; missed and cancelled appointments do. Two rows that
+/// The row `key` (0: none) and rows of appttype 4 never conflict; missed and cancelled appointments do, unless
+/// cancelled ones are left out. Two rows that
 /// are equal in every column are listed once. The database gives appttype 0 to a row that is written without one, so
 /// that the row is found like any other; only a database that was never mended holds rows without an appttype, and
 /// those are left out. A provider who is no longer known is named by the id. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, double end,
-                                                      const QString& patientId, const QString& providerId);
+                                                      const QString& patientId, const QString& providerId,
+                                                      Cancelled cancelled = Cancelled::Conflicts);
 
 /// Returns what is booked in the room in conflict with `start` to `end` (minutes since midnight), ordered by time. When
 /// `byAppointment` is not 0, `key` is the key of an appointment, whose own booking is left out; a booking with a null
@@ -35,7 +40,7 @@ struct Conflict {
 
 /// The statements that FindApptConflicts and FindRoomConflicts read, for a caller that reads them together with others.
 [[nodiscard]] QString ApptConflictStatement(int key, QDate date, double start, double end, const QString& patientId,
-                                            const QString& providerId);
+                                            const QString& providerId, Cancelled cancelled = Cancelled::Conflicts);
 [[nodiscard]] QStringList RoomConflictStatements(int key, QDate date, double start, double end, int roomId,
                                                  int byAppointment);
 
@@ -47,6 +52,6 @@ struct Conflict {
 /// the reason, and the answer is true. An appointment that was not checked is then not booked behind the user's back,
 /// and the open dialog keeps what was typed for another attempt.
 [[nodiscard]] bool CheckApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
-                                      const QString& providerId);
+                                      const QString& providerId, Cancelled cancelled = Cancelled::Conflicts);
 /// Does the same for a room. The appointment screens pass the key itself as `byAppointment`.
 [[nodiscard]] bool CheckRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment);

@@ -15,6 +15,10 @@ struct EditorRequest {
     View CurrentView = View::None;
     BookedProvider provider;           ///< The provider in whose schedule the entry is booked.
     std::optional<SelectedSlot> slot;  ///< The time that was chosen in the view for a new entry.
+    QString patientId = {};            ///< The patient whom the editor of a new entry begins with; empty for none.
+    /// The entry of the wait list that a new appointment is booked for, and that its save closes; 0 for none. A
+    /// cancelled appointment is then no conflict, because it is what the patient has waited for.
+    int waitId = 0;
 
     /// The `nkeyid` of the row to edit; 0 for a new one.
     [[nodiscard]] int Key() const { return IsNewAppt ? 0 : CurrentApptKey; }

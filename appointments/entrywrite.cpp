@@ -3,6 +3,7 @@
 #include <array>
 
 #include "appointments/appointmentrows.h"
+#include "appointments/waitlist.h"
 #include "data/codes.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -69,7 +70,7 @@ void writeFields(Recordset& row, bool isNew, const EntryFields& fields) {
 }
 
 /// Whether the row is a new one.
-bool writeEntry(int key, const EntryFields& fields, const db::RowState& loaded) {
+bool writeEntry(int key, const EntryFields& fields, const db::RowState& loaded, WriteStep& step) {
     Recordset row(AppointmentStatement(key), Session().Connection, db::Lock::Optimistic);
     const bool isNew = row.Eof();
     if (!isNew)
@@ -84,6 +85,10 @@ bool writeEntry(int key, const EntryFields& fields, const db::RowState& loaded) 
     if (hasRoom)
         BookRoom(fields.room.id, static_cast<int>(row["nkeyid"].integer()), fields.start, fields.end, fields.date,
                  fields.room.text);
+    if (fields.waitId > 0) {
+        step = WriteStep::WaitList;
+        CloseBookedWaitRow(fields.waitId, static_cast<int>(row["nkeyid"].integer()));
+    }
     return isNew;
 }
 
@@ -100,6 +105,6 @@ db::RowState EntryState(const Recordset& row) {
 
 EntryOutcome SaveEntry(int key, const EntryFields& fields, const db::RowState& loaded) {
     return AttemptWrite<EntryOutcome>([&](EntryOutcome& outcome) {
-        db::InTransaction(Session().Connection, [&] { outcome.isNew = writeEntry(key, fields, loaded); });
+        db::InTransaction(Session().Connection, [&] { outcome.isNew = writeEntry(key, fields, loaded, outcome.step); });
     });
 }

@@ -31,6 +31,8 @@ struct EntryFields {
     int categoryColour = 0;  ///< Only for a slot of an appointment type.
 
     WantedRoom room;
+
+    int waitId = 0;  ///< The entry of the wait list that is closed with the save; 0 for none.
 };
 
 /// How the save of an entry ended.

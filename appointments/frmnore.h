@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QTimer>
 
+#include "appointments/conflicts.h"
 #include "appointments/editorrequest.h"
 #include "appointments/entrywrite.h"
 #include "people/frmnewpat.h"
@@ -182,6 +183,7 @@ class frmnore : public EditorDialog {
     void showCategory(const db::Recordset& row);
     void showRoom();
     void showSlot();
+    void showKnown();
 
     // frmnore.cpp
     void connectFields();
@@ -247,6 +249,12 @@ class frmnore : public EditorDialog {
     // frmnore_email.cpp
     void sendConfirmation();
 
+    // frmnore_wait.cpp
+    /// Whether the appointment may be saved although it is booked for an entry of the wait list, which another desk may
+    /// have booked or closed meanwhile. The user is asked then.
+    [[nodiscard]] bool waitIsSettled();
+    [[nodiscard]] Cancelled cancelledRows() const;
+
     // frmnore_lists.cpp
     void leaveList(Qt::FocusReason reason);
     void offerUnknownItems();
@@ -254,6 +262,7 @@ class frmnore : public EditorDialog {
     const EditorRequest request_;
     const int key_ = request_.Key();  ///< The key of the row; 0 for a new one.
     bool givenUp_ = false;
+    int waitId_ = request_.waitId;  ///< The entry of the wait list that a save closes; 0 for none.
 
     QWidget* fields_ = nullptr;
     QString patientTag_;

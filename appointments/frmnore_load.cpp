@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 
 #include "appointments/alarmpreferences.h"
@@ -313,5 +314,16 @@ void frmnore::showSlot() {
     ctedate->setDate(request_.slot->date);
     ctstart->setTime(request_.slot->start);
     ctend->setTime(request_.slot->end);
+    showKnown();
     dirty = true;
+}
+
+// The alerts of the patient come when the form stands, or with OK.
+void frmnore::showKnown() {
+    if (request_.patientId.isEmpty() || !choosePatientOfId(request_.patientId))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        if (isVisible())
+            settlePatient();
+    });
 }

@@ -53,7 +53,7 @@ void frmnore::cmdOk_Click() {
         return;
     settlePatient();
     if (conflicts(key_, request_.provider.id) || !ViewHasEditor(request_.CurrentView) ||
-        !TimesAreValid(*ctstart, *ctend, *ctedate))
+        !TimesAreValid(*ctstart, *ctend, *ctedate) || !waitIsSettled())
         return;
     if (!saveappt(key_, request_.provider.id))
         return closeUnsaved();
@@ -90,7 +90,7 @@ QStringList frmnore::savingStatements(int key, const QString& providerId) const 
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    QStringList statements{ApptConflictStatement(key, date, start, end, patientTag_, providerId),
+    QStringList statements{ApptConflictStatement(key, date, start, end, patientTag_, providerId, cancelledRows()),
                            AppointmentStatement(key)};
     if (request_.ApptKind == apptkind::Patient)
         statements << PatientStatement(patientTag_);
@@ -104,7 +104,8 @@ bool frmnore::conflicts(int key, const QString& providerId) {
     const QDate date = ctedate->Date();
     const int start = ctstart->Time();
     const int end = ctend->Time();
-    if (ViewHasEditor(request_.CurrentView) && CheckApptConflicts(key, date, start, end, patientTag_, providerId))
+    if (ViewHasEditor(request_.CurrentView) &&
+        CheckApptConflicts(key, date, start, end, patientTag_, providerId, cancelledRows()))
         return true;
     return cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key);
 }
@@ -155,6 +156,7 @@ EntryFields frmnore::entered(const QString& providerId) const {
     fields.workPhone = lblwphone->text();
     fields.categoryColour = categoryColour_;
     fields.room = {cborooms->ItemData(), roomText(), roomUnread_};
+    fields.waitId = waitId_;
     return fields;
 }
 

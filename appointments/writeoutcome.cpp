@@ -6,6 +6,8 @@ QString WriteTrouble(WriteStep step) {
             return QStringLiteral("Error saving room schedule. ");
         case WriteStep::Members:
             return QStringLiteral("Error saving group members. ");
+        case WriteStep::WaitList:
+            return QStringLiteral("Error saving wait list. ");
         case WriteStep::Appointment:
             break;
     }

@@ -10,7 +10,7 @@
 // that cannot be written is told in the bar.
 
 /// The part of an appointment that was being written when a write failed.
-enum class WriteStep { Appointment, Room, Members };
+enum class WriteStep { Appointment, Room, Members, WaitList };
 
 /// How a write ended.
 struct WriteOutcome {

@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
     RegisterNoteBenches();
     RegisterReportBenches();
     RegisterBoardBenches();
+    RegisterWaitBenches();
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     if (!Practices().empty())

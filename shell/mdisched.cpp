@@ -42,6 +42,11 @@ bool mdisched::ViewAvailable(View view) const {
     return view != View::Companion || !Session().FHDatabaseId.isEmpty();
 }
 
+void mdisched::AddBar(QWidget* bar) {
+    viewPlace_->insertWidget(viewPlace_->indexOf(notices_) + 1 + static_cast<int>(bars_.size()), bar);
+    bars_.push_back(bar);
+}
+
 QDate mdisched::Date() const {
     return ctDate1_->Date();
 }
@@ -335,6 +340,8 @@ void mdisched::cyclePanes(int direction) {
     add(taskPane_, ctDate1_);
     if (QWidget* first = notices_->FocusTarget())
         add(notices_, first);
+    for (QWidget* bar : bars_)
+        add(bar, bar->focusProxy());
     if (view_ != nullptr)
         add(view_, view_->focusProxy() != nullptr ? view_->focusProxy() : view_);
     for (QWidget* pane : view_ != nullptr ? view_->SidePanes() : QList<QWidget*>())

@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QMainWindow>
 #include <QSize>
+#include <vector>
 
 #include "session/startup.h"
 #include "shell/mainwindow.h"
@@ -48,6 +49,8 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     /// Whether the view exists and the user may open it.
     [[nodiscard]] bool ViewAvailable(View view) const;
     [[nodiscard]] ViewWindow* ShownView() const { return view_; }
+    /// Puts a bar below the notices. The window owns it. F6 goes to its focus proxy while it is visible.
+    void AddBar(QWidget* bar);
 
     // StartUpWindow
     void RestorePosition() override;
@@ -139,6 +142,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     QVBoxLayout* viewPlace_ = nullptr;
     QLabel* pnltitle_ = nullptr;
     NoticeBar* notices_ = nullptr;
+    std::vector<QWidget*> bars_;
     QLabel* pnluser_ = nullptr;
     QToolButton* pnlsched_ = nullptr;
     QLabel* pnlaccess_ = nullptr;

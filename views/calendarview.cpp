@@ -43,6 +43,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindReports();
     bindShelf();
     makeItemPopup();
+    bindWaitList();
     board_->SetScale(Session().TimeUnit);
 }
 
@@ -120,6 +121,9 @@ void CalendarView::allowExports(bool allowed) {
 void CalendarView::beginLoad(QDate date, const QString& provider) {
     allowExports(false);
     allowReports(false);
+    heldBefore_.clear();
+    if (board_->Shows(date, provider))
+        keepHeldTimes();
     board_->BeginLoad(date, provider);
     callIcons_.clear();
     facts_.clear();
@@ -145,6 +149,7 @@ void CalendarView::endLoad() {
     board_->EndLoad();
     allowExports(exports_);
     allowReports(true);
+    tellFreedTimes();
 }
 
 void CalendarView::addAppointments(db::Recordset rows, const Accept& accept) {

@@ -34,6 +34,7 @@ class CalendarView : public MenuView {
     CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent);
     ~CalendarView() override;
 
+    void FillMenus(QMenuBar& menus) override;
     void ApplyPreferences() override;
     /// Opens the editor for a new patient appointment at the selected time.
     void AddAppointment() override;
@@ -244,6 +245,16 @@ class CalendarView : public MenuView {
     /// Shows that the appointment has a note now.
     void showNote(const QString& key, int icon);
 
+    // calendarview_wait.cpp
+    void bindWaitList();
+    void suitWaitList();
+    void openWaitList();
+    void askWhoWaits();
+    /// Keeps which times were held, before the same days are read again, so that tellFreedTimes can tell the bar of the
+    /// wait list which of them are not any more.
+    void keepHeldTimes();
+    void tellFreedTimes();
+
     // calendarview_slip.cpp
     void bindSlip();
     void suitSlip(int index);
@@ -270,6 +281,8 @@ class CalendarView : public MenuView {
     bool exports_ = false;  ///< Whether this view has exports.
     QMenu* newPopup_ = nullptr;
     QMenu* itemPopup_ = nullptr;
+    QAction* waitForHour_ = nullptr;  ///< Stands in the popup of free time alone.
+    std::vector<ShownAppointment> heldBefore_;
 
     mutable QHash<QString, int> callIcons_;  ///< The pictures by code, since the load began.
     QSet<QString> callCodes_;                ///< The courtesy-call codes of all loads.

@@ -21,8 +21,13 @@ struct WriteShape;
 /// How much an observer is told about each write.
 enum class Told {
     Statements,  ///< The statement, its table and its number of rows.
+    RowsBefore,  ///< In addition the key of each row of an Update or a Delete, and its values before the write.
     Rows         ///< In addition the key of each row, and its values before and after the write.
 };
+
+/// Whether the rows of a write are to be told, by its shape and the values for its ?. The others are told as with
+/// Told::Statements, and cost no trip.
+using TellsRowsOf = std::function<bool(const WriteShape& shape, const std::vector<Value>& bound)>;
 
 /// One connection to a database, opened by a connection text of the form "Provider=SQLOLEDB;Data Source=...;Initial
 /// Catalog=...;User Id=...;Password=...;" (keywords in any case).
@@ -125,7 +130,12 @@ class Connection {
     ///   another desk brings a row of a server under the condition between the read and the write.
     ///
     /// A change of the rows of other tables, by a trigger or a cascade, is not told.
-    void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows);
+    ///
+    /// With Told::RowsBefore the rows are read by one trip before the write and the write is sent as it is without an
+    /// observer, so that another desk may write in between: `changes` are the rows that the condition found, and
+    /// Write::rowsAreTold says whether their number is that of the written rows. `tellsRows` leaves out the rows of
+    /// writes that the observer does not need; without it all are told.
+    void Observe(std::function<void(const Write&)> observer, Told told = Told::Rows, TellsRowsOf tellsRows = {});
 
     /// Returns the names and versions of the engine and its driver; nothing while there is no connection. It is asked
     /// of the link that stands, and makes none anew.
@@ -169,6 +179,12 @@ class Connection {
     Write send(const QString& statement, const std::vector<Value>& bound, const QString& table);
     /// Sends a write within the open transaction and reads its rows before and after it.
     void sendObserved(Write& write, const std::vector<Value>& bound, const WriteShape& shape, const TableInfo& info);
+    /// Reads the rows of a write, and sends it.
+    void sendAfterReading(Write& write, const std::vector<Value>& bound, const WriteShape& shape,
+                          const TableInfo& info);
+    /// Runs a read for the observer. A failure does not fail the write, unless it could not be carried out any more.
+    template <typename Step>
+    bool readsFor(const Write& write, Step&& step);
     void forgetWhatChanges(const QString& statement);
     qint64 sendAlone(const QString& statement, const std::vector<Value>& bound);
     Numbered insertNumbered(const QString& statement, qsizetype valuesAt, const QString& identityColumn,
@@ -196,6 +212,7 @@ class Connection {
     std::function<void(const QString&)> tellWritten_;
     std::function<void(const Write&)> observer_;
     Told told_ = Told::Rows;
+    TellsRowsOf tellsRows_;
     bool telling_ = false;            ///< The observer is at work.
     std::optional<qint64> identity_;  ///< LastIdentity, kept when the observer may have inserted rows since.
     Transaction transaction_ = Transaction::None;

@@ -19,20 +19,25 @@ Q_LOGGING_CATEGORY(writeLog, "svscheduler.writes", QtWarningMsg)
 
 }  // namespace
 
-void Connection::Observe(std::function<void(const Write&)> observer, Told told) {
+void Connection::Observe(std::function<void(const Write&)> observer, Told told, TellsRowsOf tellsRows) {
     observer_ = std::move(observer);
     told_ = told;
+    tellsRows_ = std::move(tellsRows);
 }
 
 Write Connection::send(const QString& statement, const std::vector<Value>& bound, const QString& table) {
     Write write{statement, table, 0, false, {}};
-    const bool tellsRows = observer_ && told_ == Told::Rows && !telling_;
-    const std::optional<WriteShape> shape = tellsRows ? ShapeOfWrite(statement) : std::nullopt;
+    const bool tellsRows = observer_ && told_ != Told::Statements && !telling_;
+    std::optional<WriteShape> shape = tellsRows ? ShapeOfWrite(statement) : std::nullopt;
+    if (shape && tellsRows_ && !tellsRows_(*shape, bound))
+        shape.reset();
     std::optional<TableInfo> info;
     if (shape)
         Ignoring([&] { info = describe(table); });
     if (!info || info->RowKey().empty())
         write.rows = sendAlone(statement, bound);
+    else if (told_ == Told::RowsBefore)
+        sendAfterReading(write, bound, *shape, *info);
     else if (transaction_ == Transaction::None)
         InTransaction(*this, [&] { sendObserved(write, bound, *shape, *info); });
     else
@@ -40,23 +45,36 @@ Write Connection::send(const QString& statement, const std::vector<Value>& bound
     return write;
 }
 
+template <typename Step>
+bool Connection::readsFor(const Write& write, Step&& step) {
+    const Transaction before = transaction_;
+    try {
+        step();
+        return true;
+    } catch (const DatabaseError& error) {
+        if (IsUnanswered(error) || transaction_ != before)
+            throw DatabaseError(error.number, error.description, write.statement, error.sqlState);
+        return false;
+    }
+}
+
+void Connection::sendAfterReading(Write& write, const std::vector<Value>& bound, const WriteShape& shape,
+                                  const TableInfo& info) {
+    WrittenRows rows(*this, {write.statement, bound, shape, info});
+    const bool isRead = shape.verb != WriteShape::Verb::Insert && readsFor(write, [&] { rows.readBefore(); });
+    write.rows = sendAlone(write.statement, bound);
+    if (!isRead)
+        return;
+    write.changes = rows.changesBefore();
+    write.rowsAreTold = static_cast<qint64>(write.changes.size()) == write.rows;
+}
+
 void Connection::sendObserved(Write& write, const std::vector<Value>& bound, const WriteShape& shape,
                               const TableInfo& info) {
-    // A read that fails does not fail the write, unless the write could not be carried out any more.
-    const auto reads = [&](auto&& step) {
-        try {
-            step();
-            return true;
-        } catch (const DatabaseError& error) {
-            if (IsUnanswered(error) || transaction_ != Transaction::Open)
-                throw DatabaseError(error.number, error.description, write.statement, error.sqlState);
-            return false;
-        }
-    };
     WrittenRows rows(*this, {write.statement, bound, shape, info});
-    const bool isRead = reads([&] { rows.readBefore(); });
+    const bool isRead = readsFor(write, [&] { rows.readBefore(); });
     write.rows = rows.send();
-    if (isRead && reads([&] { rows.readAfter(); }))
+    if (isRead && readsFor(write, [&] { rows.readAfter(); }))
         write.changes = rows.changes();
     write.rowsAreTold = static_cast<qint64>(write.changes.size()) == write.rows;
     if (!write.rowsAreTold)

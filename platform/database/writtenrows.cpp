@@ -80,6 +80,14 @@ std::vector<RowChange> WrittenRows::changes() const {
     return changes;
 }
 
+std::vector<RowChange> WrittenRows::changesBefore() const {
+    std::vector<RowChange> changes;
+    changes.reserve(before_.size());
+    for (const RowState& row : before_)
+        changes.push_back({keyStateOf(row), row, {}});
+    return changes;
+}
+
 /// Returns true when the database assigns the whole key of inserted rows.
 bool WrittenRows::isNumbered() const {
     return key_.size() == 1 && isSame(key_.front(), sent_.table.identityColumn);

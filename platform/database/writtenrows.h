@@ -30,6 +30,8 @@ class WrittenRows {
     void readAfter();
     /// Returns the change of every row that was found. Returns nothing when one of them was not found after the write.
     [[nodiscard]] std::vector<RowChange> changes() const;
+    /// Returns the rows that readBefore found, as they were then.
+    [[nodiscard]] std::vector<RowChange> changesBefore() const;
 
   private:
     using Key = std::vector<Value>;

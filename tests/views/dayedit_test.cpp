@@ -385,7 +385,7 @@ TEST_F(DayEdit, TheRightMouseOnEmptyTimeOffersWhatCanBeNew) {
     QStringList names;
     for (const QAction* action : popup().actions())
         names << action->objectName();
-    EXPECT_EQ(names, (QStringList{"mnuANPat", "mnuASGroup", "mnuANEvent", "mnuASType", "mnuANAvail"}));
+    EXPECT_EQ(names, (QStringList{"mnuANPat", "mnuASGroup", "mnuANEvent", "mnuASType", "mnuANAvail", "mnuAWaitHour"}));
     EXPECT_EQ(calendar().SelStart(), 600);
 }
 

@@ -106,6 +106,8 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "frmfinda",
                               "frmsavail",
                               "frmfirstatype",
+                              "frmwait",
+                              "frmwaitentry",
                               "frmRoomAppt",
                               "frmfroom",
                               "frmRoomView",

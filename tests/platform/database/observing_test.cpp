@@ -5,6 +5,7 @@
 #include "contract.h"
 #include "observed.h"
 #include "platform/database/transaction.h"
+#include "platform/database/writeshape.h"
 
 using db::Lock;
 using db::Recordset;
@@ -42,6 +43,46 @@ TEST_P(DatabaseContract, ADeletedRowIsToldAsItWas) {
     row.Delete();
     EXPECT_EQ(told(writes_), QStringList{"1: Ann 600 -> (none)"});
     EXPECT_EQ(count(), 0);
+}
+
+TEST_P(DatabaseContract, TheRowsBeforeAWriteCostOneTripAndOnlyWhereTheyAreWanted) {
+    addVisit("Ann", 600);
+    addVisit("Bob", 700);
+    connection_.Execute("Update Visits Set nStartTime = nStartTime");
+    connection_.Observe([this](const Write& write) { writes_.push_back(write); }, db::Told::RowsBefore,
+                        [](const db::WriteShape& shape, const std::vector<db::Value>& bound) {
+                            return shape.verb == db::WriteShape::Verb::Delete || bound.size() == 1;
+                        });
+    const auto tripsOf = [](const auto& step) {
+        const qint64 before = db::Connection::Trips();
+        step();
+        return db::Connection::Trips() - before;
+    };
+    EXPECT_EQ(tripsOf([&] { connection_.Execute("Update Visits Set nStartTime = 601 Where cappttext = 'Ann'"); }), 1);
+    EXPECT_EQ(writes_.back().changes.size(), 0U);
+    EXPECT_EQ(writes_.back().rows, 1);
+    EXPECT_EQ(tripsOf([&] { connection_.Execute("Update Visits Set nStartTime = ?", {602}); }), 2);
+    ASSERT_EQ(writes_.back().changes.size(), 2U);
+    EXPECT_TRUE(writes_.back().rowsAreTold);
+    EXPECT_EQ(valuesOf(writes_.back().changes.front().before, {"cappttext", "nStartTime"}), "Ann 601");
+    EXPECT_FALSE(writes_.back().changes.front().after);
+    EXPECT_EQ(tripsOf([&] { connection_.Execute("Delete From Visits Where cappttext = 'Bob'"); }), 2);
+    EXPECT_EQ(valuesOf(writes_.back().changes.front().before, {"cappttext", "nStartTime"}), "Bob 602");
+    EXPECT_EQ(tripsOf([&] { addVisit("Cora", 800); }), 1);
+    EXPECT_EQ(writes_.back().changes.size(), 0U);
+}
+
+TEST_P(DatabaseContract, TheRowsBeforeAWriteOfATransactionAreToldAfterItsCommit) {
+    addVisit("Ann", 600);
+    connection_.Observe([this](const Write& write) { writes_.push_back(write); }, db::Told::RowsBefore);
+    connection_.BeginTrans();
+    connection_.Execute("Delete From Visits");
+    EXPECT_TRUE(writes_.empty());
+    connection_.RollbackTrans();
+    EXPECT_TRUE(writes_.empty());
+    db::InTransaction(connection_, [&] { connection_.Execute("Delete From Visits"); });
+    ASSERT_EQ(writes_.size(), 1U);
+    EXPECT_EQ(valuesOf(writes_.back().changes.front().before, {"cappttext"}), "Ann");
 }
 
 TEST_P(DatabaseContract, TheValuesOfARowAreToldWithTheTypesOfItsColumns) {
