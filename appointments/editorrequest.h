@@ -15,6 +15,12 @@ struct EditorRequest {
     View CurrentView = View::None;
     BookedProvider provider;           ///< The provider in whose schedule the entry is booked.
     std::optional<SelectedSlot> slot;  ///< The time that was chosen in the view for a new entry.
+    /// Whether the end of `slot` is only proposed: it follows the length of the service or the appointment type until
+    /// the user enters an end.
+    bool endIsOpen = false;
+    QString patientId = {};            ///< The patient of a new patient appointment, where already known.
+    QString patientName = {};          ///< The name that was typed for a patient who is not known yet.
+    std::optional<int> category = {};  ///< The colour of the type of a new patient appointment, where one was chosen.
 
     /// The `nkeyid` of the row to edit; 0 for a new one.
     [[nodiscard]] int Key() const { return IsNewAppt ? 0 : CurrentApptKey; }
