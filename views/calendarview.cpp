@@ -35,6 +35,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindInPlaceWork();
     bindLists();
     bindSearches();
+    bindNextFree();
     bindSeries();
     bindNotes();
     bindSlip();
@@ -186,8 +187,9 @@ void CalendarView::ApplyPreferences() {
 
 void CalendarView::setmenuaccess() {
     if (!MayWrite()) {
-        for (const MenuName name : {menu::mnuANew, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
-                                    menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel})
+        for (const MenuName name :
+             {menu::mnuANew, menu::mnuANext, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
+              menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel})
             menus_.Allow(name, false);
         for (const MenuName name : {menu::mnuARepeat, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList,
                                     menu::mnuFAtypes, menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
