@@ -342,7 +342,7 @@ void frmnextfree::addRow(const Opening& opening) {
     if (!opening.holiday.isEmpty())
         notes << opening.holiday;
     if (opening.overCancelled)
-        notes << tr("a cancelled appointment stands there");
+        notes << tr("a cancelled one is there");
     const int row = ctList1->AddRow({dayText(opening.date), MinutesToTimeText(opening.start, military),
                                      MinutesToTimeText(opening.end, military), opening.provider.name,
                                      notes.join(QStringLiteral(", "))});

@@ -14,6 +14,7 @@ class PatientBox;
 class ProviderPanel;
 class QCheckBox;
 class QComboBox;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -92,8 +93,8 @@ class frmnextfree : public QDialog {
     void buildForm();
     void buildFields();
     void buildList();
-    [[nodiscard]] QLayout* layOutWho();
-    [[nodiscard]] QLayout* layOutWhen();
+    void layOutWho(QFormLayout& fields);
+    void layOutWhen(QFormLayout& fields);
     void layOutForm();
 
     void loadLists();

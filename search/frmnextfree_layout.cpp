@@ -80,8 +80,8 @@ void frmnextfree::buildList() {
     ctList1 = Named(new ctList(this), "ctList1");
     ctList1->setAccessibleName(tr("Openings"));
     ctList1->SetColumns({{tr("Date"), ListColumn::Kind::Text, 22},
-                         {tr("Start Time"), ListColumn::Kind::Text, 12},
-                         {tr("End Time"), ListColumn::Kind::Text, 12},
+                         {tr("Start Time"), ListColumn::Kind::Text, 14},
+                         {tr("End Time"), ListColumn::Kind::Text, 14},
                          {tr("Provider"), ListColumn::Kind::Text, 24},
                          {tr("Note")}});
     lblcount = Named(new QLabel(this), "lblcount");
@@ -91,30 +91,25 @@ void frmnextfree::buildList() {
     cmdclose = FormButton(tr("Close"), "cmdclose", this);
 }
 
-QLayout* frmnextfree::layOutWho() {
+void frmnextfree::layOutWho(QFormLayout& fields) {
     auto* length = new QHBoxLayout;
     length->setSpacing(Space(8));
     length->addWidget(txtlength);
     length->addSpacing(Space(8));
     length->addWidget(FieldLabel(tr("T&ype:"), cboatypes));
     length->addWidget(cboatypes, 1);
-    auto* fields = new QFormLayout;
-    fields->setVerticalSpacing(Space(8));
-    fields->setHorizontalSpacing(Space(8));
-    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     auto* who = new QHBoxLayout;
     who->setSpacing(Space(8));
     who->addWidget(txtpatients, 1);
     who->addWidget(cmdPatientList);
     const QString patient = CaptionText(Session().WordUsage);
-    fields->addRow(FieldLabel(QLatin1Char('&') + patient + QLatin1Char(':'), txtpatients), who);
-    fields->addRow(QString(), lblpatient);
-    fields->addRow(FieldLabel(tr("&Length:"), txtlength), length);
-    fields->addRow(FieldLabel(tr("Pro&vider:"), cboproviders), cboproviders);
-    return fields;
+    fields.addRow(FieldLabel(QLatin1Char('&') + patient + QLatin1Char(':'), txtpatients), who);
+    fields.addRow(QString(), lblpatient);
+    fields.addRow(FieldLabel(tr("&Length:"), txtlength), length);
+    fields.addRow(FieldLabel(tr("Pro&vider:"), cboproviders), cboproviders);
 }
 
-QLayout* frmnextfree::layOutWhen() {
+void frmnextfree::layOutWhen(QFormLayout& fields) {
     auto* days = new QHBoxLayout;
     days->setSpacing(Space(8));
     for (std::size_t i = 0; i < ckdays.size(); ++i)
@@ -132,20 +127,18 @@ QLayout* frmnextfree::layOutWhen() {
     from->addWidget(ctdate);
     from->addWidget(ckholidays);
     from->addStretch(1);
-    auto* fields = new QFormLayout;
-    fields->setVerticalSpacing(Space(8));
-    fields->setHorizontalSpacing(Space(8));
-    fields->addRow(FieldLabel(tr("&Days:"), ckdays[FirstDay]), days);
-    fields->addRow(FieldLabel(tr("&Time:"), cbopart), times);
-    fields->addRow(FieldLabel(tr("&From:"), ctdate), from);
-    return fields;
+    fields.addRow(FieldLabel(tr("&Days:"), ckdays[FirstDay]), days);
+    fields.addRow(FieldLabel(tr("&Time:"), cbopart), times);
+    fields.addRow(FieldLabel(tr("&From:"), ctdate), from);
 }
 
 void frmnextfree::layOutForm() {
-    auto* fields = new QVBoxLayout;
-    fields->setSpacing(Space(8));
-    fields->addLayout(layOutWho());
-    fields->addLayout(layOutWhen());
+    auto* fields = new QFormLayout;
+    fields->setVerticalSpacing(Space(8));
+    fields->setHorizontalSpacing(Space(8));
+    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    layOutWho(*fields);
+    layOutWhen(*fields);
     auto* top = new QHBoxLayout;
     top->setSpacing(Space(12));
     top->addLayout(fields, 1);
@@ -163,7 +156,7 @@ void frmnextfree::layOutForm() {
     column->addWidget(FieldLabel(tr("&Openings:"), ctList1));
     column->addWidget(ctList1, 1);
     column->addLayout(buttons);
-    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 34);
+    resize(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 38);
     setTabOrder(cmdclose, cmdPatientList);
     txtpatients->setFocus();
 }

@@ -190,6 +190,19 @@ TEST_F(NextOpenings, HolidaysAreLeftOutUnlessTheyAreWanted) {
     EXPECT_EQ(withThem.HolidaysLeftOut(), 0);
 }
 
+TEST_F(NextOpenings, AHolidayIsOneInTheCalendarToo) {
+    for (const char* row : {"'A', '2020/02/29', 1", "'B', '2026/03/12', 0", "'C', '2019/03/12', 1",
+                            "'D', '2019/03/13', 0", "'E', '2018/03/14', 1", "'F', '2026/03/14', 0"})
+        run(QStringLiteral("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values (%1)")
+                .arg(QLatin1String(row)));
+    const HolidayCalendar holidays(Session().Connection);
+    for (const QDate date : {QDate(2026, 2, 28), QDate(2026, 3, 1), QDate(2026, 3, 11), QDate(2026, 3, 12),
+                             QDate(2026, 3, 13), QDate(2026, 3, 14), QDate(2028, 2, 29), QDate(2019, 3, 13)})
+        EXPECT_EQ(holidays.On(date), HolidayOn(Session().Connection, date)) << date.toString().toStdString();
+    EXPECT_EQ(holidays.On(QDate(2026, 3, 12)), QStringLiteral("B"));
+    EXPECT_EQ(holidays.On(QDate(2026, 3, 14)), QStringLiteral("E"));
+}
+
 TEST_F(NextOpenings, AreOrderedByTimeAndThenAsTheProvidersStand) {
     OpeningWish both = wish();
     both.providers = {{QStringLiteral("OBRIEN"), QStringLiteral("O'Brien")},
