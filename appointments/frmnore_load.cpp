@@ -2,7 +2,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
@@ -49,7 +48,8 @@ int numberIn(const Recordset& row, const char* column) {
 QString momentText(const QDateTime& moment) {
     if (!moment.isValid())
         return {};
-    return ShortDateText(moment.date()) + u' ' + QLocale().toString(moment.time(), QLocale::ShortFormat);
+    const int minute = moment.time().hour() * 60 + moment.time().minute();
+    return ShortDateText(moment.date()) + u' ' + MinutesToTimeText(minute, Session().MilitaryTime);
 }
 
 constexpr char AvailabilityStatement[] = "Select * from availability Order by avail";

@@ -15,6 +15,7 @@
 #include "people/typelengths.h"
 #include "platform/calendar/colour.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/listfilter.h"
 #include "platform/controls/textfield.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
@@ -74,6 +75,7 @@ void frmapttypes::buildForm() {
     fg->SetColumns({{tr("Color"), ListColumn::Kind::Color, 8},
                     {tr("Appointment Type"), ListColumn::Kind::Text, 36},
                     {tr("Length")}});
+    filter_ = new ListFilter(*fg, {tr("appointment type"), tr("appointment types")}, this);
     auto* entry = new TextField(this);
     entry->SetMost(MostCharacters);
     txttype = entry;
@@ -124,7 +126,11 @@ void frmapttypes::layOutForm() {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     grid->setSpacing(Space(12));
-    grid->addWidget(fg, 0, 0, 1, 2);
+    auto* types = new QVBoxLayout;
+    types->setSpacing(Space(8));
+    types->addWidget(filter_);
+    types->addWidget(fg, 1);
+    grid->addLayout(types, 0, 0, 1, 2);
     grid->addWidget(name, 1, 0);
     grid->addWidget(txttype, 1, 1);
     grid->addWidget(length, 2, 0);
@@ -169,6 +175,7 @@ void frmapttypes::loadtypes() {
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment types. "), error);
     }
+    filter_->Refresh();
     disablebuttons();
 }
 

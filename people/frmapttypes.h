@@ -7,6 +7,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
+class ListFilter;
 class ctList;
 
 /// Returns the colour (0xBBGGRR) that is stored for a type with the picked colour. A colour that the system reserves
@@ -30,6 +31,7 @@ class frmapttypes : public EditorDialog {
     [[nodiscard]] static bool IsTypeBeingUsed(int color);
 
     ctList* fg = nullptr;
+    ListFilter* filter_ = nullptr;
     QLineEdit* txttype = nullptr;
     QPushButton* PnlPickColor = nullptr;
     QLabel* lblcode = nullptr;
