@@ -15,7 +15,12 @@ struct EditorRequest {
     View CurrentView = View::None;
     BookedProvider provider;           ///< The provider in whose schedule the entry is booked.
     std::optional<SelectedSlot> slot;  ///< The time that was chosen in the view for a new entry.
+    /// Whether the end of `slot` is only proposed: it follows the length of the service or the appointment type until
+    /// the user enters an end.
+    bool endIsOpen = false;
     QString patientId = {};            ///< The patient whom the editor of a new entry begins with; empty for none.
+    QString patientName = {};          ///< The name that was typed for a patient who is not known yet.
+    std::optional<int> category = {};  ///< The colour of the type of a new patient appointment, where one was chosen.
     /// The entry of the wait list that a new appointment is booked for, and that its save closes; 0 for none. A
     /// cancelled appointment is then no conflict, because it is what the patient has waited for.
     int waitId = 0;

@@ -105,6 +105,8 @@ void frmnore::connectFields() {
     connect(SSCheck1, &QCheckBox::clicked, this, &frmnore::SSCheck1_Click);
     connect(cbocpt, &CompletingCombo::Click, this, &frmnore::cbocpt_Click);
     connect(cbocats, &CompletingCombo::Change, this, &frmnore::showCategoryColour);
+    for (const CompletingCombo* type : {cboapttype, cbocats})
+        connect(type, &CompletingCombo::Click, this, &frmnore::followLength);
     connect(cbostatus, &CompletingCombo::Click, this, &frmnore::cbostatus_Click);
     connect(ckemail, &QCheckBox::clicked, this, &frmnore::ckemail_Click);
     for (const CompletingCombo* box : {cboavail, cboevents})

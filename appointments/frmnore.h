@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <QDate>
+#include <QHash>
 #include <QTimer>
 
 #include "appointments/conflicts.h"
@@ -184,6 +185,7 @@ class frmnore : public EditorDialog {
     void showRoom();
     void showSlot();
     void showKnown();
+    void followLength();
 
     // frmnore.cpp
     void connectFields();
@@ -275,7 +277,9 @@ class frmnore : public EditorDialog {
     QDate authorizationDate_;  ///< The day of the authorization that lblAuthorization shows.
     QString originalSlot_;
     int alarmLeadMinutes_ = 0;
-    int categoryColour_ = 0;  ///< The colour that lblaptcolor shows.
+    int categoryColour_ = 0;       ///< The colour that lblaptcolor shows.
+    QHash<int, int> typeMinutes_;  ///< How long the visits of a type last, by the type's colour.
+    int followedEnd_ = -1;  ///< The end that follows service and type while the user has entered no other; -1 for none.
     bool availOrEventTyped_ = false;
     bool locationTyped_ = false;
     bool roomUnread_ = false;   ///< Whether the room of the row could not be read, so that a save must keep it.

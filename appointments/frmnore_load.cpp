@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,6 +17,7 @@
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "data/statuses.h"
+#include "people/typelengths.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
@@ -118,10 +120,10 @@ QStringList frmnore::statementsOfKind() const {
         case apptkind::Unavailable:
             return {AvailabilityStatement};
         case apptkind::TypeSlot:
-            return {LocationsStatement, CategoriesStatement, RoomsStatement};
+            return {LocationsStatement, CategoriesStatement, RoomsStatement, TypeLengthsStatement()};
         default:
-            return {SessionTypesStatement, LocationsStatement, RoomsStatement, CategoriesStatement,
-                    typeStatement(key_)};
+            return {SessionTypesStatement, LocationsStatement,     RoomsStatement,
+                    CategoriesStatement,   TypeLengthsStatement(), typeStatement(key_)};
     }
 }
 
@@ -186,14 +188,16 @@ void frmnore::loadavail() {
 }
 
 void frmnore::loadcats() {
+    const QHash<int, int> lengths = TypeLengths();
     LoadList(CategoriesStatement, QStringLiteral("Error loading appointment categories. "),
-             [this](const Recordset& row) {
+             [this, &lengths](const Recordset& row) {
                  const QString name = row["aptcategory"].text();
                  const int colour = numberIn(row, "aptcategorycolor");
                  if (name.isEmpty())
                      return;
                  cbocats->AddItem(name, colour, ColourIcon(colour));
                  cboapttype->AddItem(name, colour, ColourIcon(colour));
+                 typeMinutes_.insert(colour, lengths.value(numberIn(row, "aptcategoryid")));
              });
 }
 
@@ -314,16 +318,36 @@ void frmnore::showSlot() {
     ctedate->setDate(request_.slot->date);
     ctstart->setTime(request_.slot->start);
     ctend->setTime(request_.slot->end);
+    followedEnd_ = request_.endIsOpen ? request_.slot->end : -1;
     showKnown();
     dirty = true;
 }
 
-// The alerts of the patient come when the form stands, or with OK.
+// What the search that found the time already knows. The alerts of the patient come when the form stands, or with OK.
 void frmnore::showKnown() {
-    if (request_.patientId.isEmpty() || !choosePatientOfId(request_.patientId))
+    if (request_.category)
+        cboapttype->SetListIndex(cboapttype->FindItemData(*request_.category));
+    if (!request_.patientId.isEmpty() && choosePatientOfId(request_.patientId))
+        QTimer::singleShot(0, this, [this] {
+            if (isVisible())
+                settlePatient();
+        });
+    else if (!request_.patientName.isEmpty())
+        txtpatients->setText(request_.patientName);
+    followLength();
+}
+
+// The type that was chosen counts before the service that the patient usually has.
+void frmnore::followLength() {
+    const int start = ctstart->Time();
+    if (followedEnd_ < 0 || start < 0 || ctend->Time() != followedEnd_)
         return;
-    QTimer::singleShot(0, this, [this] {
-        if (isVisible())
-            settlePatient();
-    });
+    const CompletingCombo& type = request_.ApptKind == apptkind::TypeSlot ? *cbocats : *cboapttype;
+    int minutes = type.ListIndex() >= 0 ? typeMinutes_.value(type.ItemData()) : 0;
+    if (minutes < 1 && cbocpt->ListIndex() >= 0)
+        minutes = cbocpt->ItemData();
+    if (minutes < 1)
+        minutes = request_.slot->end - request_.slot->start;
+    followedEnd_ = std::min(start + minutes, MinutesPerDay);
+    ctend->setTime(followedEnd_);
 }

@@ -255,6 +255,7 @@ void frmnore::showFacts(const PatientFacts& patient) {
     cbocpt->SetText({});
     if (!patient.cpt.isEmpty())
         cbocpt->SetListIndex(cbocpt->FindPrefix(patient.cpt));
+    followLength();
 }
 
 void frmnore::takePatientOfId(const QString& id) {

@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QPixmap>
 #include <QPushButton>
+#include <QSpinBox>
 
 #include "benchmarks/baredatabase.h"
 #include "benchmarks/benches.h"
@@ -15,8 +16,10 @@
 #include "platform/database/sql.h"
 #include "search/frmfinda.h"
 #include "search/frmfirstatype.h"
+#include "search/frmnextfree.h"
 #include "search/frmsavail.h"
 #include "session/session.h"
+#include "shell/providerpanel.h"
 
 using db::Sql;
 using db::SqlDate;
@@ -201,6 +204,58 @@ void ourType(benchmark::State& state, const Practice& practice) {
         state.SkipWithError("no opening was found");
 }
 
+constexpr int visitMinutes = 50;
+
+/// The statements of one stretch of days for these providers, with what the search reads once.
+std::vector<std::string> nextFreeStatements(const QString& ids, QDate until) {
+    const QDate from = QDate::currentDate();
+    QStringList quoted;
+    for (const QString& id : ids.split(u'|', Qt::SkipEmptyParts))
+        quoted << QStringLiteral("'%1'").arg(id);
+    return {
+        "Select * from Holidays", "Select * from ProvSched",
+        Sql("Select clinicianid, dapptdate, nstarttime, nendtime, ncolor from appointments Where dapptdate >= '{}' And dapptdate <= '{}' And clinicianid In ({}) And (appttype Is Null Or appttype <> 4)",
+            from, until, db::Raw{quoted.join(u',')})
+            .toStdString(),
+        Sql("Select appointmentsevents.clinicianid, dapptdate, nstarttime, nendtime, cappttext from appointmentsevents Inner Join appointments On appointmentsevents.nkeyid = appointments.nkeyid Where dapptdate >= '{}' And dapptdate <= '{}' Order by dapptdate, nstarttime",
+            from, until)
+            .toStdString()};
+}
+
+QString idsOfAll() {
+    QString ids;
+    for (db::Recordset rows(ListedProvidersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
+        ids += rows["Id"].text() + u'|';
+    return ids;
+}
+
+void bareNextFree(benchmark::State& state, const Practice& practice) {
+    practice.openSession();
+    BareDatabase bare(practice.databaseFile().toStdString());
+    const std::vector<std::string> statements =
+        nextFreeStatements(idsOfAll(), QDate::currentDate().addDays(OpeningSearch::FirstStretch - 1));
+    for (auto _ : state)
+        for (const std::string& statement : statements)
+            bare.read(statement);
+}
+
+/// From the change of a field to the list of the first hundred openings of all providers.
+void ourNextFree(benchmark::State& state, const Practice& practice) {
+    practice.openSession();
+    Session().AllProviders = true;
+    frmnextfree form({{Session().ProviderId, Session().ProviderName}, {}, true});
+    form.show();
+    form.txtlength->setValue(visitMinutes);
+    QApplication::processEvents();
+    for (auto _ : state) {
+        form.ckholidays->toggle();
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(form.grab());
+    }
+    if (form.ctList1->RowCount() == 0)
+        state.SkipWithError("no opening was found");
+}
+
 }  // namespace
 
 void RegisterSearchBenches() {
@@ -214,7 +269,8 @@ void RegisterSearchBenches() {
                         {"Find in all schedules, a name", bareFindAll<aName>, ourFindAll<aName>},
                         {"Find in all schedules, a quarter", bareFindAll<aPartOfMany>, ourFindAll<aPartOfMany>},
                         {"Availability by opening", bareOpenings, ourOpenings},
-                        {"Availability by type", bareType, ourType}};
+                        {"Availability by type", bareType, ourType},
+                        {"Next free hour", bareNextFree, ourNextFree}};
     for (const Row& row : rows) {
         for (const Practice& practice : Practices()) {
             const std::string name = std::string(row.name) + "/" + practice.size.toStdString();

@@ -9,12 +9,15 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
+#include <QSpinBox>
 
 #include "data/codes.h"
+#include "people/typelengths.h"
 #include "platform/calendar/colour.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/listfilter.h"
 #include "platform/controls/textfield.h"
+#include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/database/transaction.h"
@@ -22,6 +25,7 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/preferences.h"
 #include "session/rights.h"
 #include "session/session.h"
 
@@ -30,6 +34,7 @@ using db::Sql;
 
 namespace {
 
+constexpr char TypesStatement[] = "Select * from AptCategories Order by aptcategory";
 constexpr int MostCharacters = 100;  // Length of AptCategories.aptcategory.
 const QString Title = QStringLiteral("Solvane");
 
@@ -67,12 +72,20 @@ void frmapttypes::buildForm() {
     fg = new ctList(this);
     fg->setObjectName(QStringLiteral("fg"));
     fg->setAccessibleName(QStringLiteral("Appointment Types"));
-    fg->SetColumns({{tr("Color"), ListColumn::Kind::Color, 8}, {tr("Appointment Type")}});
+    fg->SetColumns({{tr("Color"), ListColumn::Kind::Color, 8},
+                    {tr("Appointment Type"), ListColumn::Kind::Text, 36},
+                    {tr("Length")}});
     filter_ = new ListFilter(*fg, {tr("appointment type"), tr("appointment types")}, this);
     auto* entry = new TextField(this);
     entry->SetMost(MostCharacters);
     txttype = entry;
     txttype->setObjectName(QStringLiteral("txttype"));
+    txtlength = new QSpinBox(this);
+    txtlength->setObjectName(QStringLiteral("txtlength"));
+    txtlength->setRange(0, LongestVisit);
+    txtlength->setSingleStep(5);
+    txtlength->setSuffix(tr(" mins."));
+    txtlength->setSpecialValueText(tr("(none)"));
     lblcode = new QLabel(this);
     lblcode->setObjectName(QStringLiteral("lblcode"));
     const auto button = [this](const char* name, const QString& text, const char* icon) {
@@ -93,6 +106,11 @@ void frmapttypes::buildForm() {
 void frmapttypes::layOutForm() {
     auto* name = new QLabel(tr("Appointment &type:"), this);
     name->setBuddy(txttype);
+    auto* length = new QLabel(tr("&Length of a visit:"), this);
+    length->setBuddy(txtlength);
+    auto* minutes = new QHBoxLayout;
+    minutes->addWidget(txtlength);
+    minutes->addStretch(1);
     auto* color = new QHBoxLayout;
     color->addWidget(PnlPickColor);
     color->addWidget(lblcode);
@@ -115,8 +133,10 @@ void frmapttypes::layOutForm() {
     grid->addLayout(types, 0, 0, 1, 2);
     grid->addWidget(name, 1, 0);
     grid->addWidget(txttype, 1, 1);
-    grid->addLayout(color, 2, 1);
-    grid->addLayout(buttons, 0, 2, 3, 1);
+    grid->addWidget(length, 2, 0);
+    grid->addLayout(minutes, 2, 1);
+    grid->addLayout(color, 3, 1);
+    grid->addLayout(buttons, 0, 2, 4, 1);
     grid->setRowStretch(0, 1);
     grid->setColumnStretch(1, 1);
 }
@@ -139,13 +159,17 @@ void frmapttypes::connectControls() {
 
 void frmapttypes::loadtypes() {
     fg->Clear();
+    const db::ReadTogether together(Session().Connection,
+                                    {QString::fromLatin1(TypesStatement), TypeLengthsStatement()});
+    const QHash<int, int> lengths = TypeLengths();
     try {
-        for (Recordset rows(QStringLiteral("Select * from AptCategories Order by aptcategory"), Session().Connection);
-             !rows.Eof(); rows.MoveNext()) {
+        for (Recordset rows(QString::fromLatin1(TypesStatement), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString name = rows["aptcategory"].text();
             const int color = static_cast<int>(rows["aptcategorycolor"].integer());
-            const int row = fg->AddRow({ColorFromWindows(color).name(), name},
-                                       QVariantList{rows["aptcategoryid"].integer(), color});
+            const int minutes = lengths.value(static_cast<int>(rows["aptcategoryid"].integer()));
+            const int row = fg->AddRow(
+                {ColorFromWindows(color).name(), name, minutes > 0 ? tr("%1 mins.").arg(minutes) : QString()},
+                QVariantList{rows["aptcategoryid"].integer(), color, minutes});
             fg->SetItemText(row, name);
         }
     } catch (const db::DatabaseError& error) {
@@ -159,9 +183,11 @@ void frmapttypes::disablebuttons() {
     typeId_ = 0;
     oldColor_ = NoColor;
     txttype->clear();
+    txtlength->setValue(0);
     showColor(NoColor);
-    for (QWidget* each : {static_cast<QWidget*>(txttype), static_cast<QWidget*>(PnlPickColor),
-                          static_cast<QWidget*>(cmdsave), static_cast<QWidget*>(cmdcancel)})
+    for (QWidget* each :
+         {static_cast<QWidget*>(txttype), static_cast<QWidget*>(txtlength), static_cast<QWidget*>(PnlPickColor),
+          static_cast<QWidget*>(cmdsave), static_cast<QWidget*>(cmdcancel)})
         each->setEnabled(false);
     cmdadd->setEnabled(true);
     cmdedit->setEnabled(fg->SelectedRow() >= 0);
@@ -170,14 +196,17 @@ void frmapttypes::disablebuttons() {
     fg->setFocus();
 }
 
-void frmapttypes::openFields(int typeId, const QString& name, int color) {
+void frmapttypes::openFields(int typeId, const QString& name, int color, int minutes) {
     typeId_ = typeId;
     oldColor_ = color;
     txttype->setText(name);
     oldName_ = txttype->text();
+    txtlength->setValue(minutes);
+    oldMinutes_ = minutes;
     showColor(color);
-    for (QWidget* each : {static_cast<QWidget*>(txttype), static_cast<QWidget*>(PnlPickColor),
-                          static_cast<QWidget*>(cmdsave), static_cast<QWidget*>(cmdcancel)})
+    for (QWidget* each :
+         {static_cast<QWidget*>(txttype), static_cast<QWidget*>(txtlength), static_cast<QWidget*>(PnlPickColor),
+          static_cast<QWidget*>(cmdsave), static_cast<QWidget*>(cmdcancel)})
         each->setEnabled(true);
     for (QWidget* each : {static_cast<QWidget*>(cmdadd), static_cast<QWidget*>(cmdedit),
                           static_cast<QWidget*>(cmddelete), static_cast<QWidget*>(fg)})
@@ -200,6 +229,10 @@ void frmapttypes::showColor(int color) {
 
 int frmapttypes::selectedColor() const {
     return fg->ItemData(fg->SelectedRow()).toList().value(1).toInt();
+}
+
+int frmapttypes::selectedMinutes() const {
+    return fg->ItemData(fg->SelectedRow()).toList().value(2).toInt();
 }
 
 bool frmapttypes::mayChange() {
@@ -233,13 +266,13 @@ void frmapttypes::pickColor() {
 
 void frmapttypes::cmdadd_Click() {
     if (mayChange())
-        openFields(0, {}, NoColor);
+        openFields(0, {}, NoColor, 0);
 }
 
 void frmapttypes::cmdedit_Click() {
     const int row = fg->SelectedRow();
     if (row >= 0 && mayChange())
-        openFields(fg->ItemData(row).toList().value(0).toInt(), fg->ItemText(row), selectedColor());
+        openFields(fg->ItemData(row).toList().value(0).toInt(), fg->ItemText(row), selectedColor(), selectedMinutes());
 }
 
 void frmapttypes::cmddelete_Click() {
@@ -292,7 +325,14 @@ void frmapttypes::cmdsave_Click() {
         TellError(QStringLiteral("Error saving appointment type. "), error);
         return;  // The typed text stays for another attempt.
     }
+    storeLength();
     loadtypes();
+}
+
+// The store of preferences tells nobody.
+void frmapttypes::storeLength() {
+    if (txtlength->value() != oldMinutes_ && !SetTypeLength(typeId_, txtlength->value()))
+        MsgBox(tr("The type was saved, but its length was not. Edit the type to try again."), ExclamationBox, Title);
 }
 
 void frmapttypes::store(const QString& name) {
@@ -300,6 +340,7 @@ void frmapttypes::store(const QString& name) {
     if (typeId_ == 0) {
         connection.Execute(
             Sql("Insert Into aptcategories (aptcategory, aptcategorycolor) Values ('{}', {})", name, color_));
+        typeId_ = static_cast<int>(connection.LastIdentity());
         return;
     }
     // Both are changed together, because appointments know their type by the colour alone.
@@ -321,7 +362,8 @@ void frmapttypes::reject() {
 }
 
 bool frmapttypes::IsChanged() const {
-    return txttype->isEnabled() && (txttype->text() != oldName_ || color_ != oldColor_);
+    return txttype->isEnabled() &&
+           (txttype->text() != oldName_ || color_ != oldColor_ || txtlength->value() != oldMinutes_);
 }
 
 // The window's close button closes the form, while Escape only ends the editing.

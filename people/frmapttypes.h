@@ -6,6 +6,7 @@ class QFrame;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QSpinBox;
 class ListFilter;
 class ctList;
 
@@ -15,7 +16,8 @@ class ctList;
 [[nodiscard]] int StoredTypeColor(int picked);
 
 /// Edits the appointment types and their colours. Appointments know their type by its colour, so no two types may have
-/// the same colour, and a changed colour is changed in all appointments of the type.
+/// the same colour, and a changed colour is changed in all appointments of the type. A type may have the length that a
+/// new visit of it gets.
 class frmapttypes : public EditorDialog {
     Q_OBJECT
 
@@ -33,6 +35,7 @@ class frmapttypes : public EditorDialog {
     QLineEdit* txttype = nullptr;
     QPushButton* PnlPickColor = nullptr;
     QLabel* lblcode = nullptr;
+    QSpinBox* txtlength = nullptr;  ///< The minutes of a new visit; 0 for a type without a length of its own.
     QPushButton* cmdadd = nullptr;
     QPushButton* cmdedit = nullptr;
     QPushButton* cmddelete = nullptr;
@@ -56,9 +59,10 @@ class frmapttypes : public EditorDialog {
     void buildForm();
     void layOutForm();
     void connectControls();
-    void openFields(int typeId, const QString& name, int color);
+    void openFields(int typeId, const QString& name, int color, int minutes);
     void showColor(int color);
     [[nodiscard]] int selectedColor() const;
+    [[nodiscard]] int selectedMinutes() const;
     [[nodiscard]] static bool mayChange();
     [[nodiscard]] bool colorIsTaken() const;
     void pickColor();
@@ -67,9 +71,11 @@ class frmapttypes : public EditorDialog {
     void cmddelete_Click();
     void cmdsave_Click();
     void store(const QString& name);
+    void storeLength();
 
     int typeId_ = 0;       ///< The type that is being edited; 0 for a new one.
     int color_ = NoColor;  ///< The chosen colour 0xBBGGRR, as it would be stored.
     int oldColor_ = NoColor;
+    int oldMinutes_ = 0;
     QString oldName_;
 };

@@ -35,6 +35,16 @@ std::vector<Attendance> AttendancesOn(QDate date) {
         SqlDate(date)));
 }
 
+QString AttendancesStatement(QDate from, QDate until) {
+    return Sql(
+        "Select appointmentsevents.clinicianid, dapptdate, nstarttime, nendtime, cappttext from appointmentsevents Inner Join appointments On appointmentsevents.nkeyid = appointments.nkeyid Where dapptdate >= '{}' And dapptdate <= '{}' Order by dapptdate, nstarttime",
+        from, until);
+}
+
+std::vector<Attendance> AttendancesBetween(QDate from, QDate until) {
+    return read(AttendancesStatement(from, until));
+}
+
 std::vector<Attendance> AttendancesOf(const QString& providerId, QDate from) {
     return read(Sql(
         "Select appointmentsevents.clinicianid, dapptdate, nstarttime, nendtime, cappttext from appointmentsevents Inner Join appointments On appointmentsevents.nkeyid = appointments.nkeyid Where appointmentsevents.clinicianid = '{}' AND dapptdate >= '{}' Order by dapptdate, nstarttime",

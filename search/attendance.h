@@ -15,6 +15,10 @@ struct Attendance {
 
 /// Returns who attends which shared activity on that day. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Attendance> AttendancesOn(QDate date);
+/// Returns the same for the days from `from` to `until`.
+[[nodiscard]] std::vector<Attendance> AttendancesBetween(QDate from, QDate until);
+/// The statement that AttendancesBetween reads.
+[[nodiscard]] QString AttendancesStatement(QDate from, QDate until);
 /// Returns the activities that the provider attends from that day on. Throws db::DatabaseError.
 [[nodiscard]] std::vector<Attendance> AttendancesOf(const QString& providerId, QDate from);
 

@@ -45,6 +45,11 @@ void readTimeUnit() {
     }
 }
 
+void readVisitLength() {
+    const int minutes = schedulerPreference("VisitLength").toInt();
+    Session().VisitLength = minutes > 0 && minutes <= LongestVisit ? minutes : 0;
+}
+
 void readReminderText() {
     Session().EmailReminderText = schedulerPreference("eMailReminder");
     if (!Session().EmailReminderText.isEmpty())
@@ -104,8 +109,8 @@ bool SetPreference(const QString& value, const QString& detail, const QString& c
 
 QStringList IniSettingsStatements() {
     QStringList statements;
-    for (const char* detail :
-         {"StartTime", "EndTime", "ShowNonPrime", "TaskRollOver", "TimeUnit", "MilitaryTime", "eMailReminder"})
+    for (const char* detail : {"StartTime", "EndTime", "ShowNonPrime", "TaskRollOver", "TimeUnit", "VisitLength",
+                               "MilitaryTime", "eMailReminder"})
         statements << PreferenceStatement(QString::fromLatin1(detail), SchedulerGeneral, QString::fromLatin1(AllUsers));
     return statements;
 }
@@ -115,6 +120,7 @@ void getiniSettings() {
     Session().ShowNonPrime = schedulerPreference("ShowNonPrime") == QStringLiteral("1");
     Session().TaskRollOver = schedulerPreference("TaskRollOver") == QStringLiteral("True");
     readTimeUnit();
+    readVisitLength();
     Session().MilitaryTime = schedulerPreference("MilitaryTime") == QStringLiteral("True");
     readReminderText();
 }

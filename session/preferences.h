@@ -5,6 +5,9 @@
 /// The pseudo-user whose rows of User_Preferences apply to every user.
 inline constexpr char AllUsers[] = "![ALL]!";
 
+/// The most minutes that the preference for the length of a new visit takes.
+inline constexpr int LongestVisit = 480;
+
 /// Returns the statement that GetPreference reads.
 [[nodiscard]] QString PreferenceStatement(const QString& detail, const QString& category,
                                           const QString& fallbackUser = {}, const QString& user = {});
@@ -24,5 +27,6 @@ bool SetPreference(const QString& value, const QString& detail, const QString& c
 
 /// Reads the user's preferences of the category "SchedulerGeneral" into the session values, or from svwsched.ini where
 /// there is no row. The calendar always gets rows to show: a start that is no whole hour from 0 to 23 becomes 8, an end
-/// that is no whole hour from 1 to 24 becomes 18, and an end that is not after the start makes the day 8 to 18.
+/// that is no whole hour from 1 to 24 becomes 18, and an end that is not after the start makes the day 8 to 18. A
+/// length of a new visit that is no number of minutes from 1 to 480 means one row of the calendar.
 void getiniSettings();

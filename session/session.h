@@ -38,6 +38,7 @@ struct SessionValues {
     bool MilitaryTime = false;
     int TimeUnit = 15;  ///< The minutes of a calendar row: 5, 10, 15, 30 or 60.
     int DayStartHour = 8, DayEndHour = 18;
+    int VisitLength = 0;  ///< The minutes of a new visit whose end nobody chose; 0 takes a calendar row.
     bool ShowNonPrime = false;
     bool TaskRollOver = false;  ///< Whether completed tasks are hidden.
     QString EmailReminderText;

@@ -136,9 +136,23 @@ QWidget* frmaopts::buildInterval() {
     auto* clock = new QVBoxLayout;
     opttime = radioGroup(box, *clock, QStringLiteral("opttime"), {{tr("12-hour"), 12}, {tr("24-hour"), 24}});
     clock->addStretch(1);
-    auto* row = new QHBoxLayout(box);
-    row->addLayout(units);
-    row->addLayout(clock);
+    auto* choices = new QHBoxLayout;
+    choices->addLayout(units);
+    choices->addLayout(clock);
+    txtvisit = new QSpinBox(box);
+    txtvisit->setObjectName(QStringLiteral("txtvisit"));
+    txtvisit->setRange(0, LongestVisit);
+    txtvisit->setSingleStep(5);
+    txtvisit->setSpecialValueText(tr("One interval"));
+    txtvisit->setSuffix(tr(" mins."));
+    auto* visitLabel = new QLabel(tr("&Length of a new visit:"), box);
+    visitLabel->setBuddy(txtvisit);
+    auto* visit = new QHBoxLayout;
+    visit->addWidget(visitLabel);
+    visit->addWidget(txtvisit, 1);
+    auto* rows = new QVBoxLayout(box);
+    rows->addLayout(choices);
+    rows->addLayout(visit);
     return box;
 }
 
@@ -197,6 +211,7 @@ void frmaopts::loadPreferences() {
     choose(*cbostart, session.DayStartHour - FirstStartHour);
     choose(*cboend, session.DayEndHour - FirstEndHour);
     check(*optunits, session.TimeUnit);
+    txtvisit->setValue(session.VisitLength);
     check(*opttime, session.MilitaryTime ? 24 : 12);
     check(*optdisplaycols, preference("WeekCols", "SchedulerGeneral") == QLatin1String("7") ? 7 : 5);
     const int columns = preference("AllCols", "Scheduler").toInt();
@@ -218,6 +233,7 @@ std::vector<frmaopts::Preference> frmaopts::entered() const {
         {"WeekCols", QString::number(optdisplaycols->checkedId())},
         {"MilitaryTime", truth(opttime->checkedId() == 24)},
         {"TimeUnit", QString::number(unit)},
+        {"VisitLength", QString::number(txtvisit->value())},
         {"StartTime", QString::number(start)},
         {"EndTime", QString::number(end)},
         {"ShowNonPrime", cknonprime->isChecked() ? QStringLiteral("1") : QStringLiteral("0")},
@@ -236,6 +252,7 @@ void frmaopts::takeOver() const {
     session.MilitaryTime = opttime->checkedId() == 24;
     if (optunits->checkedId() > 0)
         session.TimeUnit = optunits->checkedId();
+    session.VisitLength = txtvisit->value();
     if (cbostart->currentIndex() >= 0)
         session.DayStartHour = cbostart->currentIndex() + FirstStartHour;
     if (cboend->currentIndex() >= 0)

@@ -30,6 +30,7 @@ class frmaopts : public EditorDialog {
     QButtonGroup* opttime = nullptr;         ///< The ids are 12 and 24; the buttons are opttime0 and opttime1.
     QButtonGroup* optdisplaycols = nullptr;  ///< The ids are 7 and 5; the buttons are optdisplaycols0 and 1.
     QSpinBox* tctcols = nullptr;
+    QSpinBox* txtvisit = nullptr;  ///< The length of a new visit in minutes; 0 stands for a row of the calendar.
     QCheckBox* cknonprime = nullptr;
     QCheckBox* cktasks = nullptr;
     QCheckBox* cksound = nullptr;

@@ -101,6 +101,12 @@ void ProviderPanel::followCheck(int row) {
         Q_EMIT ChoiceChanged();
 }
 
+QString ListedProvidersStatement() {
+    return Sql(
+        "Select * from provider_info Where archive = 0 and ((ExcludeFromScheduler is  Null or ExcludeFromScheduler = 0) or id = '{}') Order by prov_lastname",
+        Session().UID);
+}
+
 QString ReadChoice(const QString& category, const QString& detail) {
     db::Recordset row(
         Sql("Select * from User_Preferences where UP_Pref_Category = '{}' and UP_Pref_Detail = '{}' AND UP_UserID = '{}'",

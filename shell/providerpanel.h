@@ -59,6 +59,10 @@ class ProviderPanel : public QWidget {
     ctList* ctList1;
 };
 
+/// The statement of the providers who may stand on a panel, by name: the active ones who are not excluded from the
+/// scheduler. The user is among them even when excluded.
+[[nodiscard]] QString ListedProvidersStatement();
+
 /// Reads the choice that the user who is logged on has stored under this preference. When there is none yet, it stores
 /// an empty one. Throws DatabaseError.
 [[nodiscard]] QString ReadChoice(const QString& category, const QString& detail);

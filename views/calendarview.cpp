@@ -37,6 +37,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindInPlaceWork();
     bindLists();
     bindSearches();
+    bindNextFree();
     bindSeries();
     bindNotes();
     bindSlip();
@@ -199,9 +200,10 @@ void CalendarView::ApplyPreferences() {
 
 void CalendarView::setmenuaccess() {
     if (!MayWrite()) {
-        for (const MenuName name : {menu::mnuANew, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
-                                    menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel,
-                                    menu::mnuAPending, menu::mnuAMove, menu::mnuAShelve, menu::mnuALand})
+        for (const MenuName name :
+             {menu::mnuANew, menu::mnuANext, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
+              menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel, menu::mnuAPending, menu::mnuAMove,
+              menu::mnuAShelve, menu::mnuALand})
             menus_.Allow(name, false);
         for (const MenuName name :
              {menu::mnuARepeat, menu::mnuARest, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFAtypes,

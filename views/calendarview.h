@@ -19,6 +19,8 @@ struct EditorRequest;
 enum class ReportMode;
 struct ExportRequest;
 struct MoveTarget;
+struct NextFree;
+struct NextFreeRequest;
 struct ReportOpening;
 struct ShelvedAppointment;
 struct WriteOutcome;
@@ -82,6 +84,11 @@ class CalendarView : public MenuView {
 
     /// Returns the name of the provider with this id, or the id when the view does not know the name.
     [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
+
+    /// Returns what the search for the next free hour begins with.
+    [[nodiscard]] virtual NextFreeRequest nextFreeRequest() const;
+    /// Returns the column that shows a day of a provider, or 0 when the view has none.
+    [[nodiscard]] virtual int columnFor(QDate date, const QString& provider) const;
 
     /// Brings the column of the session's provider into sight when the columns are providers.
     virtual void followProvider() {}
@@ -171,6 +178,8 @@ class CalendarView : public MenuView {
     /// Calls `open` for a new appointment of this kind at the selected time, and selects the appointment that was
     /// added.
     void addBy(void (CalendarView::*open)(const EditorRequest&), int kind);
+    /// Calls `open` for a new appointment, and selects the appointment that was added.
+    void openNew(void (CalendarView::*open)(const EditorRequest&), const EditorRequest& request);
     void openEditor(const EditorRequest& request);
     void newActivity();
     /// Opens the Activity Scheduler for an Activity, or for a new one when `key` is 0. `slot` is the time that the user
@@ -226,6 +235,10 @@ class CalendarView : public MenuView {
     void bindSeries();
     void suitRest(int index);
     void changeRest();
+    // calendarview_next.cpp
+    void bindNextFree();
+    void findNextFree();
+    void bookOpening(const NextFree& found);
 
     // calendarview_status.cpp
     void bindStatusCommands();

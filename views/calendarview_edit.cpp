@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <QAction>
 #include <QMenu>
 #include <QPointer>
@@ -11,6 +12,7 @@
 #include "appointments/frmnore.h"
 #include "appointments/patientrows.h"
 #include "data/codes.h"
+#include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
@@ -109,8 +111,16 @@ void CalendarView::addBy(void (CalendarView::*open)(const EditorRequest&), int k
         MsgBox(QStringLiteral("No Appointment Time is Currently Selected"), ExclamationBox, QStringLiteral("Warning"));
         return;
     }
+    EditorRequest request{kind, true, 0, Session().CurrentView, Provider(), slot};
+    request.endIsOpen = ctMDay1->SelIsOneCell() && (kind == apptkind::Patient || kind == apptkind::TypeSlot);
+    if (request.endIsOpen && kind == apptkind::Patient && Session().VisitLength > 0)
+        request.slot->end = std::min(slot->start + Session().VisitLength, MinutesPerDay);
+    openNew(open, request);
+}
+
+void CalendarView::openNew(void (CalendarView::*open)(const EditorRequest&), const EditorRequest& request) {
     const QSet<QString> before(facts_.keyBegin(), facts_.keyEnd());
-    (this->*open)({kind, true, 0, Session().CurrentView, Provider(), slot});
+    (this->*open)(request);
     selectAddedTo(before);
 }
 

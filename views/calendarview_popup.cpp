@@ -39,7 +39,7 @@ const PopupOffer& offerFor(int code, int apptType) {
 }
 
 // Commands for empty time, which an item's popup holds but does not offer.
-constexpr MenuName notForItems[] = {menu::mnuANew, menu::mnuAsep1, menu::mnuAFind, menu::mnuASearchA};
+constexpr MenuName notForItems[] = {menu::mnuANew, menu::mnuANext, menu::mnuAsep1, menu::mnuAFind, menu::mnuASearchA};
 
 }  // namespace
 

@@ -21,6 +21,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
+#include "search/frmnextfree.h"
 #include "session/preferences.h"
 #include "session/session.h"
 #include "shell/menutables.h"
@@ -35,12 +36,6 @@ namespace {
 constexpr int FewestColumns = 5;
 constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
-
-QString providersStatement() {
-    return Sql(
-        "Select * from provider_info Where archive = 0 and ((ExcludeFromScheduler is  Null or ExcludeFromScheduler = 0) or id = '{}') Order by prov_lastname",
-        Session().UID);
-}
 
 QString appointmentsStatement(QDate date) {
     return Sql(
@@ -62,7 +57,8 @@ frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvid
     setObjectName(QStringLiteral("frmall"));
     layOut();
     showOpenView(menu::mnuVAll, View::AllProviders);
-    const ReadTogether together(Session().Connection, dayStatements() << providersStatement() << columnsStatement());
+    const ReadTogether together(Session().Connection, dayStatements()
+                                                          << ListedProvidersStatement() << columnsStatement());
     showColumns();
     LoadProviders();
     connectPanel();
@@ -102,7 +98,7 @@ void frmall::LoadProviders() {
     cbodisc->addItem(QStringLiteral("Show All"));
     panel_->Clear();
     const auto addProviders = [this] {
-        for (Recordset rows(providersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
+        for (Recordset rows(ListedProvidersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
             panel_->Add({rows["Id"].text(), rows["prov_lastname"].text(), rows["discipline"].text()});
     };
     providersRead_ = readInto(*ctMDay1, QStringLiteral("Error loading provider list. "), addProviders);
@@ -283,6 +279,17 @@ std::optional<BookedProvider> frmall::providerOfColumn(int column) const {
     if (column < 1 || column > static_cast<int>(List1.size()))
         return std::nullopt;
     return BookedProvider{List1[static_cast<std::size_t>(column) - 1], ctMDay1->ColumnTitle(column)};
+}
+
+NextFreeRequest frmall::nextFreeRequest() const {
+    NextFreeRequest request{Provider(), {}, true};
+    if (List1.size() < panel_->Providers().size())
+        request.chosen = QStringList(List1.begin(), List1.end());
+    return request;
+}
+
+int frmall::columnFor(QDate /*date*/, const QString& provider) const {
+    return columnOf(provider);
 }
 
 QString frmall::nameOfProvider(const QString& id) const {

@@ -47,6 +47,8 @@ class frmall : public CalendarView {
   protected:
     void reloadWhole() override;
     [[nodiscard]] std::optional<BookedProvider> providerOfColumn(int column) const override;
+    [[nodiscard]] NextFreeRequest nextFreeRequest() const override;
+    [[nodiscard]] int columnFor(QDate date, const QString& provider) const override;
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
     [[nodiscard]] bool mayDrop(const CalendarItem& item, const ItemPlace& place) override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }

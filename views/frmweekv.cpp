@@ -87,6 +87,11 @@ QDate frmweekv::dateOfColumn(int column) const {
     return ctMDay1->Date().addDays(column - 1);
 }
 
+int frmweekv::columnFor(QDate date, const QString& /*provider*/) const {
+    const int column = static_cast<int>(ctMDay1->Date().daysTo(date)) + 1;
+    return column > ctMDay1->ColumnCount() ? 0 : column;
+}
+
 QStringList frmweekv::weekStatements(QDate first) const {
     QStringList statements = statementsOfLoad(first, Session().ProviderId) << appointmentsStatement(first);
     for (int day = 0; day < DaysOfWeek; ++day)

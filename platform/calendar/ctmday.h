@@ -105,6 +105,9 @@ class ctMDay : public QWidget {
     [[nodiscard]] int SelStart() const;       ///< The first minute of the range.
     [[nodiscard]] int SelEnd() const;         ///< The minute at which the range ends.
     [[nodiscard]] int SelColumn() const;      ///< The column of the range, from 1; 0 means none.
+    /// Whether the range is one row of the grid that the user chose by a click or an arrow key, so that it says when
+    /// something begins but not how long it lasts. A range that was drawn, sized or set by selectRange says both.
+    [[nodiscard]] bool SelIsOneCell() const;
     void ScrollToItem(int index);
     void ScrollToColumn(int column);  ///< Scrolls sideways only.
 
@@ -212,6 +215,7 @@ class ctMDay : public QWidget {
         bool refused = false;  ///< Whether the item turned out to be locked.
         int anchorStart = 0;   ///< The start of the row in which a range begins.
         int anchorEnd = 0;     ///< The end of that row.
+        bool fine = false;     ///< Whether the range is being drawn in the small steps of Shift.
     };
     /// A signal that waits until its event has done the rest of its work.
     struct Report {
@@ -256,6 +260,7 @@ class ctMDay : public QWidget {
     [[nodiscard]] bool isUnder(QPoint globalPos) const;
     [[nodiscard]] bool isOverTarget(QPoint globalPos) const;
     void extendRangeTo(QPoint pos);
+    void drawRangeTo(QPoint pos, bool fine);
     void autoScroll();
     void cancelGesture();
     [[nodiscard]] bool beginDrag();
@@ -272,10 +277,14 @@ class ctMDay : public QWidget {
     [[nodiscard]] bool stepItem(int direction);
     bool keyOnSelection(QKeyEvent* event);
     bool keyMovesItem(QKeyEvent* event);
+    bool keySizesRange(QKeyEvent* event);
     bool keyMovesCell(QKeyEvent* event);
     void goToRow(int column, int minute, bool extend);
     void stepInColumn(int direction);
+    void showTime(const SelectedTime& time);
     [[nodiscard]] SelectedTime rowAt(int column, int minute) const;
+    /// Returns the row of a grid of five minutes that contains the minute.
+    [[nodiscard]] SelectedTime fineRowAt(int column, int minute) const;
     [[nodiscard]] SelectedTime startCell() const;
     [[nodiscard]] QPoint popupPlace() const;
 
@@ -315,7 +324,9 @@ class ctMDay : public QWidget {
     std::optional<Drag> drag_;
     std::optional<SelectedTime> rangeBeforePress_;
     std::vector<QPointer<QWidget>> dropTargets_;
-    int rangeAnchor_ = 0;  ///< The minute from which Shift extends the range.
+    bool sizedBeforePress_ = false;
+    int rangeAnchor_ = 0;        ///< The minute from which Shift extends the range.
+    bool rangeIsSized_ = false;  ///< Whether the range has a length that was chosen, not that of the grid.
     QPoint lastDragPos_;
 
     TouchReader touch_{touchActs()};

@@ -3,9 +3,21 @@
 
 #include "platform/calendar/ctmday.h"
 
+namespace {
+
+constexpr int FineMinutes = 5;
+
+}  // namespace
+
 SelectedTime ctMDay::rowAt(int column, int minute) const {
     const TimeScale& scale = grid().scale;
     return {column, scale.rowStart(minute), scale.rowEnd(minute)};
+}
+
+SelectedTime ctMDay::fineRowAt(int column, int minute) const {
+    TimeScale fine = grid().scale;
+    fine.interval = std::min(fine.interval, FineMinutes);
+    return {column, fine.rowStart(minute), fine.rowEnd(minute)};
 }
 
 /// Returns the row where the keyboard begins: at the selected item, or else at the prime hours of the first column.
@@ -43,7 +55,7 @@ void ctMDay::keyPressEvent(QKeyEvent* event) {
         zoomAt(grid().body().center().y(), 1 / 1.15);
     } else if (control && event->key() == Qt::Key_0) {
         zoomAt(grid().body().center().y(), 1 / zoom_);
-    } else if (!keyOnSelection(event) && !keyMovesItem(event) && !keyMovesCell(event)) {
+    } else if (!keyOnSelection(event) && !keyMovesItem(event) && !keySizesRange(event) && !keyMovesCell(event)) {
         const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
         if (plain && state_.range && !readOnly_ && !event->text().isEmpty() && event->text().front().isPrint())
             Q_EMIT RangeTyped(event->text());
@@ -80,6 +92,7 @@ bool ctMDay::keyOnSelection(QKeyEvent* event) {
         case Qt::Key_Escape:
             if (item == 0 || ColumnOfItem(item) == 0)
                 return false;
+            rangeIsSized_ = false;
             selectTime(startCell());
             Q_EMIT RangeSelected();
             return true;
@@ -124,6 +137,25 @@ bool ctMDay::keyMovesItem(QKeyEvent* event) {
         state_.draggedItem = item;
         reportDrop(item, drag.place());
     }
+    return true;
+}
+
+/// Moves the end of the range to the next line of the grid with Ctrl and an arrow. One row is left at least, or what
+/// was drawn shorter.
+bool ctMDay::keySizesRange(QKeyEvent* event) {
+    const bool down = event->key() == Qt::Key_Down;
+    if (!state_.range || (!down && event->key() != Qt::Key_Up) ||
+        (event->modifiers() & ~Qt::KeypadModifier) != Qt::ControlModifier)
+        return false;
+    SelectedTime sized = *state_.range;
+    const TimeScale& scale = grid().scale;
+    sized.end = down ? std::max(sized.end, scale.rowEnd(sized.end)) : scale.rowStart(sized.end - 1);
+    if (!down && sized.end - sized.start < scale.interval)
+        sized.end = std::min(state_.range->end, sized.start + scale.interval);
+    rangeIsSized_ = true;
+    selectTime(sized);
+    showTime(rowAt(sized.column, sized.end - 1));
+    Q_EMIT RangeSelected();
     return true;
 }
 
@@ -186,14 +218,19 @@ void ctMDay::goToRow(int column, int minute, bool extend) {
         rangeAnchor_ = row.start;
         selectTime(row);
     }
+    rangeIsSized_ = false;
+    showTime(row);
+    Q_EMIT RangeSelected();
+}
+
+void ctMDay::showTime(const SelectedTime& time) {
     const QRect body = grid().body();
-    const QRect cell = grid().timeRect(column, row.start, row.end);
+    const QRect cell = grid().timeRect(time.column, time.start, time.end);
     const auto outside = [](int low, int high, int from, int to) {
         return low < from ? low - from : high > to ? high - to : 0;
     };
     scrollTo(grid().scrollX + outside(cell.left(), cell.right(), body.left(), body.right()),
              grid().scrollY + outside(cell.top(), cell.bottom(), body.top(), body.bottom()));
-    Q_EMIT RangeSelected();
 }
 
 void ctMDay::stepInColumn(int direction) {

@@ -44,6 +44,7 @@ void ctMDay::mousePressEvent(QMouseEvent* event) {
 
 void ctMDay::pressLeft(QMouseEvent* event, const Hit& hit) {
     rangeBeforePress_ = state_.range;
+    sizedBeforePress_ = rangeIsSized_;
     press_ = Press{event->pos(), hit};
     if (const auto* item = std::get_if<ItemHit>(&hit)) {
         press_->wasSelected = item->index == state_.selectedItem;
@@ -59,6 +60,7 @@ void ctMDay::pressCell(const CellHit& cell, bool extend) {
     const SelectedTime row = rowAt(cell.column, cell.minute);
     press_->anchorStart = row.start;
     press_->anchorEnd = row.end;
+    rangeIsSized_ = false;
     if (extend && state_.range && state_.range->column == cell.column) {
         const SelectedTime anchor = rowAt(cell.column, rangeAnchor_);
         press_->anchorStart = anchor.start;
@@ -76,7 +78,7 @@ void ctMDay::mouseMoveEvent(QMouseEvent* event) {
         return;
     }
     if (std::holds_alternative<CellHit>(press_->hit)) {
-        extendRangeTo(event->pos());
+        drawRangeTo(event->pos(), event->modifiers().testFlag(Qt::ShiftModifier));
         return;
     }
     const bool far = (event->pos() - press_->pos).manhattanLength() >= QApplication::startDragDistance();
@@ -140,11 +142,26 @@ bool ctMDay::isUnder(QPoint globalPos) const {
            QGuiApplication::screenAt(globalPos) == nullptr;
 }
 
+// A press with Shift extends what was selected; drawing on from there with Shift still held begins anew where the
+// button was pressed, in small steps. Without Shift the rows of the grid count again.
+void ctMDay::drawRangeTo(QPoint pos, bool fine) {
+    if (fine != press_->fine && (!fine || (pos - press_->pos).manhattanLength() >= QApplication::startDragDistance())) {
+        const CellHit cell = std::get<CellHit>(press_->hit);
+        const SelectedTime anchor = fine ? fineRowAt(cell.column, cell.minute) : rowAt(cell.column, cell.minute);
+        press_->fine = rangeIsSized_ = fine;
+        press_->anchorStart = anchor.start;
+        press_->anchorEnd = anchor.end;
+        rangeAnchor_ = anchor.start;
+    }
+    extendRangeTo(pos);
+}
+
 void ctMDay::extendRangeTo(QPoint pos) {
     lastDragPos_ = pos;
     const QRect body = grid().body();
     const int column = std::get<CellHit>(press_->hit).column;
-    const SelectedTime row = rowAt(column, grid().minuteAt(std::clamp(pos.y(), body.top(), body.bottom())));
+    const int minute = grid().minuteAt(std::clamp(pos.y(), body.top(), body.bottom()));
+    const SelectedTime row = press_->fine ? fineRowAt(column, minute) : rowAt(column, minute);
     selectTime({column, std::min(press_->anchorStart, row.start), std::max(press_->anchorEnd, row.end)});
     if (!body.contains(pos) && !scrollTimer_.isActive())
         scrollTimer_.start();
@@ -214,6 +231,7 @@ void ctMDay::mouseDoubleClickEvent(QMouseEvent* event) {
         const auto& before = rangeBeforePress_;
         const bool inside =
             before && before->column == cell->column && before->start <= cell->minute && cell->minute < before->end;
+        rangeIsSized_ = inside && sizedBeforePress_;
         selectTime(inside ? *before : rowAt(cell->column, cell->minute));
         report(Report::Kind::RangeActivated, 0);
     } else if (std::holds_alternative<MarkerHit>(hit) && state_.selectedItem > 0) {
@@ -303,6 +321,7 @@ void ctMDay::rightClick(QPoint pos, QPoint globalPos) {
         const bool inside =
             range && range->column == cell->column && range->start <= cell->minute && cell->minute < range->end;
         if (!inside) {
+            rangeIsSized_ = false;
             selectTime(rowAt(cell->column, cell->minute));
             Q_EMIT RangeSelected();
         }

@@ -26,6 +26,8 @@ void ctMDay::selectRange(int column, int start, int end) {
     const int to = std::clamp(end, 0, 1440);
     if (column < 1 || column > ColumnCount() || from >= to)
         return;
+    // A range that is brought to another column stays what it was.
+    rangeIsSized_ = !SelIsOneCell() || from != state_.range->start || to != state_.range->end;
     rangeAnchor_ = from;
     selectTime({column, from, to});
 }
@@ -66,6 +68,10 @@ int ctMDay::SelEnd() const {
 
 int ctMDay::SelColumn() const {
     return state_.range ? state_.range->column : 0;
+}
+
+bool ctMDay::SelIsOneCell() const {
+    return state_.range && !rangeIsSized_ && *state_.range == rowAt(state_.range->column, state_.range->start);
 }
 
 void ctMDay::announceSelection() {

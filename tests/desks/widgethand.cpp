@@ -274,6 +274,16 @@ QString entryPlace(const QStringList& words) {
     throw CannotObey(QStringLiteral("the menu has no such command"));
 }
 
+/// The middle of a menu in the menu bar.
+QString menuPlace(const QStringList& words) {
+    const QWidget* window = front();
+    for (const QMenuBar* bar : window ? window->findChildren<QMenuBar*>() : QList<QMenuBar*>())
+        for (QAction* action : bar->actions())
+            if (action->objectName() == words.at(1) && bar->isVisible())
+                return placeText(*bar, bar->actionGeometry(action).center());
+    throw CannotObey(QStringLiteral("there is no such menu"));
+}
+
 /// Whether the item has the picture of a session note.
 QString noteIcon(const QStringList& words) {
     const CalendarItem& item = std::as_const(calendar()).Item(indexOfKey(words.at(1)));
@@ -342,6 +352,7 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("widgetPlace"), widgetPlace},
         {QStringLiteral("menuPlace"), menuPlace},
         {QStringLiteral("entryPlace"), entryPlace},
+        {QStringLiteral("menuPlace"), menuPlace},
         {QStringLiteral("noteIcon"), noteIcon},
         {QStringLiteral("shows"), shows},
         {QStringLiteral("windowId"), windowId},

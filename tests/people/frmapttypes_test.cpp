@@ -3,9 +3,11 @@
 #include <QColorDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 
 #include "data/codes.h"
+#include "people/typelengths.h"
 #include "platform/controls/ctlist.h"
 #include "tests/people/listfixture.h"
 
@@ -50,7 +52,7 @@ TEST(TypeColors, AColorOfAStatusOrKindIsMovedSoThatNoTypeCanBeMistakenForOne) {
 TEST_F(AppointmentTypes, AreListedByNameWithTheirColor) {
     const frmapttypes form;
     ASSERT_EQ(form.fg->RowCount(), 2);
-    EXPECT_EQ(form.fg->Cells(0).join(u';'), QStringLiteral("#10ff00;Intake"));
+    EXPECT_EQ(form.fg->Cells(0).join(u';'), QStringLiteral("#10ff00;Intake;"));
     EXPECT_FALSE(form.txttype->isEnabled());
     EXPECT_FALSE(form.cmdsave->isEnabled());
 }
@@ -65,6 +67,43 @@ TEST_F(AppointmentTypes, ANewTypeIsStoredWithItsColor) {
                   QStringLiteral("Select aptcategorycolor from AptCategories Where aptcategory = 'Couple''s hour'")),
               0x112233);
     EXPECT_EQ(form.fg->RowCount(), 3);
+}
+
+TEST_F(AppointmentTypes, ATypeKeepsTheLengthOfItsVisits) {
+    frmapttypes form;
+    edit(form, 0);
+    EXPECT_EQ(form.txtlength->text(), QStringLiteral("(none)"));
+    form.txtlength->setValue(50);
+    EXPECT_TRUE(form.IsChanged());
+    form.cmdsave->click();
+    EXPECT_EQ(form.fg->Cell(0, 3), QStringLiteral("50 mins."));
+    EXPECT_EQ(TypeLengths().size(), 1);
+
+    form.cmdadd->click();
+    EXPECT_EQ(form.txtlength->value(), 0) << "a new type has none";
+    QTest::keyClicks(form.txttype, QStringLiteral("Couple"));
+    pick(form, 0x112233);
+    form.txtlength->setValue(90);
+    form.cmdsave->click();
+    EXPECT_EQ(form.fg->Cell(0, 3), QStringLiteral("90 mins."));
+    EXPECT_EQ(form.fg->Cell(1, 3), QStringLiteral("50 mins."));
+
+    edit(form, 1);
+    form.txtlength->setValue(0);
+    form.cmdsave->click();
+    EXPECT_EQ(form.fg->Cell(1, 3), QString());
+    EXPECT_EQ(TypeLengths().size(), 1);
+}
+
+TEST_F(AppointmentTypes, ALengthThatCouldNotBeStoredIsTold) {
+    frmapttypes form;
+    edit(form, 0);
+    form.txtlength->setValue(50);
+    (void)database.refuse("Insert", "User_Preferences");
+    desk.expectBox(QStringLiteral("The type was saved, but its length was not. Edit the type to try again."),
+                   QStringLiteral("Solvane"));
+    form.cmdsave->click();
+    EXPECT_EQ(form.fg->Cell(0, 3), QString());
 }
 
 TEST_F(AppointmentTypes, PureWhiteIsStoredAsAColorThatNoPickerShows) {

@@ -259,3 +259,16 @@ TEST_F(PreferencesForm, ControlCharactersOfTheReminderAreStoredAsBlanks) {
     EXPECT_EQ(stored("eMailReminder"), QStringLiteral("See you \non [DATE]"));
     EXPECT_EQ(Session().EmailReminderText, QStringLiteral("See you \non [DATE]"));
 }
+
+TEST_F(PreferencesForm, TheLengthOfANewVisitIsARowOfTheCalendarUntilAnotherIsEntered) {
+    frmaopts form({});
+    EXPECT_EQ(form.txtvisit->text(), QStringLiteral("One interval"));
+    form.txtvisit->setValue(50);
+    form.cmdOk->click();
+    EXPECT_EQ(stored("VisitLength"), QStringLiteral("50"));
+    EXPECT_EQ(Session().VisitLength, 50);
+    getiniSettings();
+    EXPECT_EQ(Session().VisitLength, 50);
+    frmaopts again({});
+    EXPECT_EQ(again.txtvisit->value(), 50);
+}

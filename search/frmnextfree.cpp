@@ -1,0 +1,457 @@
+#include "search/frmnextfree.h"
+
+#include <algorithm>
+#include <iterator>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <utility>
+
+#include "appointments/frmspatnt.h"
+#include "appointments/patientlookup.h"
+#include "data/minutetime.h"
+#include "people/typelengths.h"
+#include "platform/calendar/colour.h"
+#include "platform/controls/ctdedit.h"
+#include "platform/controls/ctlist.h"
+#include "platform/database/readtogether.h"
+#include "platform/database/recordset.h"
+#include "platform/desktop/busypointer.h"
+#include "platform/desktop/desktop.h"
+#include "platform/text/plaintext.h"
+#include "session/errorbox.h"
+#include "session/preferences.h"
+#include "session/session.h"
+#include "shell/providerpanel.h"
+
+using db::Recordset;
+
+namespace {
+
+constexpr char TypesStatement[] = "Select * from AptCategories Order by aptcategory";
+constexpr char ServicesStatement[] = "Select * from session_types Order by sess_cpt_code";
+constexpr char ChoiceCategory[] = "Scheduler";
+constexpr char ChoiceDetail[] = "NextFreeProviders";
+constexpr std::size_t Sunday = 0;
+constexpr std::size_t Saturday = 6;
+
+/// The parts of the day that the form offers, in its order; the last is entered in the fields beside.
+struct Part {
+    const char* name;
+    int start;
+    int end;
+};
+constexpr Part Parts[] = {{QT_TRANSLATE_NOOP("frmnextfree", "Any time"), 0, MinutesPerDay},
+                          {QT_TRANSLATE_NOOP("frmnextfree", "Morning"), 0, 12 * 60},
+                          {QT_TRANSLATE_NOOP("frmnextfree", "Afternoon"), 12 * 60, 17 * 60},
+                          {QT_TRANSLATE_NOOP("frmnextfree", "Evening"), 17 * 60, MinutesPerDay},
+                          {QT_TRANSLATE_NOOP("frmnextfree", "From - to"), 8 * 60, 18 * 60}};
+constexpr int EnteredPart = static_cast<int>(std::size(Parts)) - 1;
+
+QString weekStatement() {
+    return PreferenceStatement(QStringLiteral("WeekCols"), QStringLiteral("SchedulerGeneral"),
+                               QString::fromLatin1(AllUsers));
+}
+
+/// What tells the patient apart, and how to call back.
+QString factsOf(const PatientFacts& patient) {
+    QStringList facts{patient.account, patient.homePhone, patient.otherPhone};
+    facts.removeAll(QString());
+    return facts.join(QStringLiteral(" · "));
+}
+
+QString dayText(QDate date) {
+    return QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy"));
+}
+
+}  // namespace
+
+frmnextfree::frmnextfree(const NextFreeRequest& request, QWidget* parent) : QDialog(parent), request_(request) {
+    setObjectName(QStringLiteral("frmnextfree"));
+    setWindowTitle(tr("Next Free Hour"));
+    for (QTimer* timer : {&due_, &goesOn_}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
+    buildForm();
+    loadLists();
+    followLength();
+    showPart();
+    showPanel();
+    connectFields();
+    startSearch();
+}
+
+// The focus leaves its field when the form goes, which must still find the whole form.
+frmnextfree::~frmnextfree() {
+    hide();
+}
+
+void frmnextfree::loadLists() {
+    const db::ReadTogether together(Session().Connection,
+                                    {QString::fromLatin1(TypesStatement), QString::fromLatin1(ServicesStatement),
+                                     TypeLengthsStatement(), weekStatement(), ListedProvidersStatement()});
+    cboatypes->addItem(tr("(any)"));
+    const QHash<int, int> lengths = TypeLengths();
+    try {
+        for (Recordset rows(QString::fromLatin1(TypesStatement), Session().Connection); !rows.Eof(); rows.MoveNext()) {
+            const int colour = static_cast<int>(rows["aptcategorycolor"].integer());
+            cboatypes->addItem(OneLine(rows["aptcategory"].text()), colour);
+            cboatypes->setItemData(cboatypes->count() - 1, ColorFromWindows(colour), Qt::DecorationRole);
+            typeMinutes_.insert(colour, lengths.value(static_cast<int>(rows["aptcategoryid"].integer())));
+        }
+        for (Recordset rows(QString::fromLatin1(ServicesStatement), Session().Connection); !rows.Eof(); rows.MoveNext())
+            services_.emplace_back(rows["sess_cpt_code"].text() + QStringLiteral("  ") + rows["sess_cpt_name"].text(),
+                                   static_cast<int>(rows["sess_cpt_time"].integer()));
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading appointment types. "), error);
+    }
+    for (const Part& part : Parts)
+        cbopart->addItem(tr(part.name));
+    const bool wholeWeek =
+        GetPreference(Session().SchedulerIni, QStringLiteral("WeekCols"), QStringLiteral("SchedulerGeneral"),
+                      QString::fromLatin1(AllUsers)) == QLatin1String("7");
+    for (std::size_t day = 0; day < ckdays.size(); ++day)
+        ckdays[day]->setChecked(wholeWeek || (day != Sunday && day != Saturday));
+    loadProviders();
+}
+
+void frmnextfree::loadProviders() {
+    cboproviders->addItem(OneLine(request_.provider.name));
+    if (!Session().AllProviders) {
+        cboproviders->setEnabled(false);
+        cboproviders->setToolTip(tr("Your rights allow no other schedules."));
+        return;
+    }
+    cboproviders->addItem(tr("Chosen providers"));
+    cboproviders->addItem(tr("All providers"));
+    try {
+        for (Recordset rows(ListedProvidersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
+            panel->Add({rows["Id"].text(), rows["prov_lastname"].text(), rows["discipline"].text()});
+        if (request_.chosen.isEmpty())
+            panel->Choose(ReadChoice(QLatin1String(ChoiceCategory), QLatin1String(ChoiceDetail)));
+        else
+            panel->CheckThose([this](const ListedProvider& each) { return request_.chosen.contains(each.id); });
+    } catch (const db::DatabaseError& error) {
+        TellError(QStringLiteral("Error loading provider list. "), error);
+    }
+    if (request_.showsAll)
+        cboproviders->setCurrentIndex(request_.chosen.isEmpty() ? AllProviders : ChosenProviders);
+}
+
+void frmnextfree::connectFields() {
+    connect(&due_, &QTimer::timeout, this, &frmnextfree::startSearch);
+    connect(&goesOn_, &QTimer::timeout, this, &frmnextfree::searchOn);
+    connect(patient_, &PatientLookUp::Changed, this, &frmnextfree::showPatient);
+    connect(patient_, &PatientLookUp::Settled, this, &frmnextfree::patientSettled);
+    connect(txtpatients, &QLineEdit::textEdited, this, &frmnextfree::showPatient);
+    connect(cmdPatientList, &QPushButton::clicked, this, &frmnextfree::lookUpPatient);
+    connect(txtlength, &QSpinBox::valueChanged, this, [this] {
+        lengthIsEntered_ = true;
+        searchAgain();
+    });
+    // Whoever chooses a type means its length, also after another was entered.
+    connect(cboatypes, &QComboBox::currentIndexChanged, this, [this] {
+        lengthIsEntered_ = false;
+        followLength();
+    });
+    connect(cboproviders, &QComboBox::currentIndexChanged, this, &frmnextfree::showPanel);
+    connect(panel, &ProviderPanel::ChoiceChanged, this, [this] {
+        db::Ignoring(
+            [this] { WriteChoice(QLatin1String(ChoiceCategory), QLatin1String(ChoiceDetail), panel->Choice()); });
+        searchAgain();
+    });
+    for (const QCheckBox* day : ckdays)
+        connect(day, &QCheckBox::toggled, this, &frmnextfree::searchAgain);
+    connect(ckholidays, &QCheckBox::toggled, this, &frmnextfree::searchAgain);
+    connect(cbopart, &QComboBox::currentIndexChanged, this, &frmnextfree::showPart);
+    for (const ctDEdit* field : {ctstart, ctend, ctdate})
+        connect(field, &ctDEdit::Change, this, &frmnextfree::searchAgain);
+    connect(ctList1, &ctList::RowActivated, this, &frmnextfree::book);
+    connect(ctList1, &ctList::SelectionChanged, this, [this] { cmdbook->setEnabled(ctList1->SelectedRow() >= 0); });
+    connect(cmdmore, &QPushButton::clicked, this, [this] {
+        mostRows_ += MostRows;
+        addRows();
+        ctList1->setFocus();
+    });
+    connect(cmdbook, &QPushButton::clicked, this, &frmnextfree::book);
+    connect(cmdclose, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmnextfree::showPart() {
+    const int index = cbopart->currentIndex();
+    const bool entered = index == EnteredPart;
+    ctstart->setEnabled(entered);
+    ctend->setEnabled(entered);
+    const Part& part = Parts[index];
+    const bool wholeDay = part.start == 0 && part.end == MinutesPerDay;
+    ctstart->setTime(wholeDay ? -1 : part.start);
+    ctend->setTime(wholeDay ? -1 : part.end);
+    searchAgain();
+}
+
+void frmnextfree::showPanel() {
+    panel->setVisible(cboproviders->currentIndex() == ChosenProviders);
+    searchAgain();
+}
+
+// While a name is typed, the openings stay those of whoever was settled last.
+void frmnextfree::showPatient() {
+    const std::optional<PatientFacts>& patient = patient_->Patient();
+    if (patient)
+        lblpatient->setText(factsOf(*patient));
+    else
+        lblpatient->clear();
+}
+
+void frmnextfree::lookUpPatient() {
+    frmspatnt dialog(this);
+    if (ShowModal(dialog) == Accepted)
+        patient_->Choose(dialog.ChosenId());
+}
+
+void frmnextfree::patientSettled(bool byEnter) {
+    const std::optional<PatientFacts>& patient = patient_->Patient();
+    showPatient();
+    if (!patient && !txtpatients->text().trimmed().isEmpty())
+        lblpatient->setText(tr("Nobody has this name yet. The appointment's form offers to add it."));
+    followLength();
+    if ((patient ? patient->id : QString()) != searchedPatient_)
+        searchAgain();
+    // Who clicks an opening right after the name means that one.
+    keepsRow_ = ctList1->hasFocus() || ctList1->SelectedRow() > 0;
+    if (byEnter)
+        goToList();
+}
+
+int frmnextfree::proposedLength() const {
+    if (const int ofType = typeMinutes_.value(cboatypes->currentData().toInt()); ofType > 0)
+        return ofType;
+    const QString service = patient_->Patient() ? patient_->Patient()->cpt : QString();
+    for (const auto& [name, minutes] : services_)
+        if (!service.isEmpty() && minutes > 0 && name.startsWith(service, Qt::CaseInsensitive))
+            return minutes;
+    return Session().VisitLength > 0 ? Session().VisitLength : Session().TimeUnit;
+}
+
+void frmnextfree::followLength() {
+    if (lengthIsEntered_ || proposedLength() == txtlength->value())
+        return;
+    const QSignalBlocker quiet(txtlength);
+    txtlength->setValue(proposedLength());
+    searchAgain();
+}
+
+std::vector<BookedProvider> frmnextfree::wantedProviders() const {
+    if (cboproviders->currentIndex() == ThisProvider)
+        return {request_.provider};
+    std::vector<BookedProvider> wanted;
+    for (const ListedProvider& each : panel->Providers())
+        if (each.shown || cboproviders->currentIndex() == AllProviders)
+            wanted.push_back({each.id, each.name});
+    return wanted;
+}
+
+OpeningWish frmnextfree::wish(QString& missing) const {
+    OpeningWish wanted;
+    wanted.minutes = txtlength->value();
+    wanted.providers = wantedProviders();
+    for (std::size_t day = 0; day < ckdays.size(); ++day)
+        wanted.weekdays[day] = ckdays[day]->isChecked();
+    if (cbopart->currentIndex() == EnteredPart)
+        wanted.hours = {double(ctstart->Time()), double(ctend->Time())};
+    else
+        wanted.hours = {double(Parts[cbopart->currentIndex()].start), double(Parts[cbopart->currentIndex()].end)};
+    wanted.from = ctdate->Date();
+    wanted.patientId = patient_->Patient() ? patient_->Patient()->id : QString();
+    wanted.holidays = ckholidays->isChecked();
+    if (wanted.providers.empty())
+        missing = tr("Choose a provider.");
+    else if (std::find(wanted.weekdays.begin(), wanted.weekdays.end(), true) == wanted.weekdays.end())
+        missing = tr("Choose a day of the week.");
+    else if (wanted.hours.start < 0 || wanted.hours.end < 0)
+        missing = tr("Enter the times between which to search.");
+    else if (wanted.hours.end - wanted.hours.start < wanted.minutes)
+        missing = tr("%1 minutes do not fit between these times.").arg(wanted.minutes);
+    else if (!wanted.from.isValid())
+        missing = tr("Enter a valid date.");
+    return wanted;
+}
+
+void frmnextfree::searchAgain() {
+    goesOn_.stop();
+    keepsRow_ = false;
+    due_.start();
+}
+
+void frmnextfree::startSearch() {
+    due_.stop();
+    goesOn_.stop();
+    kept_ = std::exchange(keepsRow_, false) ? selected() : std::nullopt;
+    ctList1->Clear();
+    cmdbook->setEnabled(false);
+    pending_.clear();
+    listed_.clear();
+    mostRows_ = MostRows;
+    QString missing;
+    const OpeningWish wanted = wish(missing);
+    searchedPatient_ = wanted.patientId;
+    if (!missing.isEmpty())
+        return stopSearch(missing);
+    try {
+        search_.emplace(wanted, Now(), Session().TimeUnit);
+    } catch (const db::DatabaseError& error) {
+        return tellFailure(error);
+    }
+    searchOn();
+}
+
+void frmnextfree::searchOn() {
+    try {
+        const std::vector<Opening> found = search_->Next();
+        pending_.insert(pending_.end(), found.begin(), found.end());
+    } catch (const db::DatabaseError& error) {
+        return tellFailure(error);
+    }
+    addRows();
+}
+
+void frmnextfree::findFirst() {
+    const BusyPointer busy;
+    while (listed_.empty() && goesOn_.isActive()) {
+        goesOn_.stop();
+        searchOn();
+    }
+}
+
+std::optional<Opening> frmnextfree::selected() const {
+    const int row = ctList1->SelectedRow();
+    return row < 0 ? std::nullopt : std::optional(listed_[static_cast<std::size_t>(row)]);
+}
+
+void frmnextfree::addRow(const Opening& opening) {
+    const bool military = Session().MilitaryTime;
+    QStringList notes;
+    if (!opening.holiday.isEmpty())
+        notes << opening.holiday;
+    if (opening.overCancelled)
+        notes << tr("a cancelled one is there");
+    const int row = ctList1->AddRow({dayText(opening.date), MinutesToTimeText(opening.start, military),
+                                     MinutesToTimeText(opening.end, military), opening.provider.name,
+                                     notes.join(QStringLiteral(", "))});
+    listed_.push_back(opening);
+    if (kept_ && kept_->BeginsAs(opening))
+        ctList1->SelectRow(row);
+}
+
+void frmnextfree::addRows() {
+    while (!pending_.empty() && static_cast<int>(listed_.size()) < mostRows_) {
+        addRow(pending_.front());
+        pending_.pop_front();
+    }
+    if (ctList1->SelectedRow() < 0 && !listed_.empty())
+        ctList1->SelectRow(0);
+    const bool goesOn =
+        search_ && !search_->Ended() && pending_.empty() && static_cast<int>(listed_.size()) < mostRows_;
+    cmdmore->setEnabled(search_ && !goesOn && !(search_->Ended() && pending_.empty()));
+    if (goesOn)
+        goesOn_.start();
+    tellCount();
+}
+
+void frmnextfree::tellCount() {
+    const QString count = QString::number(listed_.size());
+    const QString last = dayText(search_->Last());
+    QString text;
+    if (goesOn_.isActive())
+        text = listed_.empty() ? tr("Searching...") : tr("%1 openings so far").arg(count);
+    else if (listed_.empty())
+        text = tr("Nothing is free from %1 to %2.").arg(dayText(search_->First()), last);
+    else if (cmdmore->isEnabled())
+        text = tr("The first %1 openings.").arg(count);
+    else
+        text = listed_.size() == 1 ? tr("1 opening to %1.").arg(last) : tr("%1 openings to %2.").arg(count, last);
+    if (const int leftOut = search_->HolidaysLeftOut(); leftOut > 0 && !goesOn_.isActive())
+        text += leftOut == 1 ? tr(" 1 holiday is left out.") : tr(" %1 holidays are left out.").arg(leftOut);
+    tell(text);
+}
+
+// Whoever listens to the list hears it there.
+void frmnextfree::tell(const QString& text) {
+    if (text == lblcount->text())
+        return;
+    lblcount->setText(text);
+    ctList1->setAccessibleDescription(text);
+    QAccessibleEvent told(ctList1, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&told);
+}
+
+void frmnextfree::stopSearch(const QString& why) {
+    goesOn_.stop();
+    search_.reset();
+    pending_.clear();
+    cmdmore->setEnabled(false);
+    tell(why);
+}
+
+void frmnextfree::tellFailure(const db::DatabaseError& error) {
+    stopSearch(tr("The search has stopped, because the database could not be read."));
+    TellError(QStringLiteral("Error searching availability. "), error);
+}
+
+// Keys that were typed ahead find the openings there.
+void frmnextfree::goToList() {
+    if (due_.isActive())
+        startSearch();
+    findFirst();
+    ctList1->setFocus();
+}
+
+// What was chosen before the patient, or another field, was settled is booked only where it is still free.
+void frmnextfree::book() {
+    std::optional<Opening> chosen = selected();
+    if (chosen && due_.isActive()) {
+        keepsRow_ = true;
+        startSearch();
+        findFirst();
+        const std::optional<Opening> still = selected();
+        if (!still || !still->BeginsAs(*chosen))
+            return ctList1->setFocus();
+        chosen = still;
+    }
+    if (!chosen)
+        return;
+    NextFree found{*chosen, searchedPatient_, {}, std::nullopt};
+    if (!patient_->Patient())
+        found.patientName = txtpatients->text().trimmed();
+    if (cboatypes->currentIndex() > 0)
+        found.category = cboatypes->currentData().toInt();
+    found_ = found;
+    accept();
+}
+
+void frmnextfree::reject() {
+    if (!patient_->CloseList())
+        QDialog::reject();
+}
+
+void frmnextfree::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        return QDialog::keyPressEvent(event);
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
+        button->click();
+    else
+        goToList();
+}
+
+void frmnextfree::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    patient_->PlaceList();
+}
