@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMap>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QSpinBox>
@@ -228,6 +229,15 @@ QString widgetPlace(const QStringList& words) {
     return placeText(widget, widget.rect().center());
 }
 
+/// The middle of a menu's name in the menu bar.
+QString menuPlace(const QStringList& words) {
+    auto& bar = find<QMenuBar>(QString());
+    for (QAction* action : bar.actions())
+        if (action->objectName() == words.at(1) && action->isVisible())
+            return placeText(bar, bar.actionGeometry(action).center());
+    throw CannotObey(QStringLiteral("the menu bar has no such menu"));
+}
+
 /// The middle of a command in the open menu.
 QString entryPlace(const QStringList& words) {
     auto* menu = qobject_cast<QMenu*>(front());
@@ -237,6 +247,15 @@ QString entryPlace(const QStringList& words) {
         if (action->objectName() == words.at(1) && action->isVisible())
             return placeText(*menu, menu->actionGeometry(action).center());
     throw CannotObey(QStringLiteral("the menu has no such command"));
+}
+
+/// Whether the menu in front has a command, as a submenu has once it is open.
+QString hasEntry(const QStringList& words) {
+    const auto* menu = qobject_cast<const QMenu*>(front());
+    const auto entries = menu == nullptr ? QList<QAction*>() : menu->actions();
+    const bool has = std::any_of(entries.begin(), entries.end(),
+                                 [&](const QAction* entry) { return entry->objectName() == words.at(1); });
+    return has ? QStringLiteral("yes") : QStringLiteral("not");
 }
 
 /// Whether the item has the picture of a session note.
@@ -306,6 +325,8 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("rowPlace"), rowPlace},
         {QStringLiteral("widgetPlace"), widgetPlace},
         {QStringLiteral("entryPlace"), entryPlace},
+        {QStringLiteral("hasEntry"), hasEntry},
+        {QStringLiteral("menuPlace"), menuPlace},
         {QStringLiteral("noteIcon"), noteIcon},
         {QStringLiteral("shows"), shows},
         {QStringLiteral("windowId"), windowId},
