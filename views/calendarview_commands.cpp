@@ -31,6 +31,14 @@ void CalendarView::bindSearches() {
     menus_.Bind(menu::mnuASearchT, [this] { searchType(); });
 }
 
+void CalendarView::ShowNow() {
+    constexpr int LeadMinutes = 60;
+    const QTime now = Now().time();
+    const int minute = now.hour() * 60 + now.minute();
+    ctMDay1->setTopTime(minute - minute % ctMDay1->TimeInterval() - LeadMinutes);
+    ctMDay1->setFocus();
+}
+
 void CalendarView::bindSeries() {
     menus_.Bind(menu::mnuARepeat, [this] {
         const std::optional<CalendarItem> item = SelectedItem();

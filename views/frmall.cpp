@@ -32,8 +32,6 @@ using db::Sql;
 
 namespace {
 
-constexpr int FewestColumns = 5;
-constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
 
 QString providersStatement() {
@@ -42,31 +40,39 @@ QString providersStatement() {
         Session().UID);
 }
 
-QString appointmentsStatement(QDate date) {
-    return Sql(
-        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
-        date);
-}
-
-QString hoursStatement(QDate date) {
-    return Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date));
-}
-
 QString columnsStatement() {
     return PreferenceStatement(QStringLiteral("AllCols"), QStringLiteral("Scheduler"), QString::fromLatin1(AllUsers));
 }
 
 }  // namespace
 
+QString frmall::appointmentsStatement(QDate date) {
+    return Sql(
+        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
+        date);
+}
+
+QString frmall::hoursStatement(QDate date) {
+    return Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date));
+}
+
 frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvidersMenus(), parent) {
     setObjectName(QStringLiteral("frmall"));
     layOut();
     showOpenView(menu::mnuVAll, View::AllProviders);
-    const ReadTogether together(Session().Connection, dayStatements() << providersStatement() << columnsStatement());
-    showColumns();
+    bindSwitches();
+    const ReadTogether together(Session().Connection,
+                                dayStatements() << providersStatement() << columnsStatement() << switchStatements());
+    readSwitches();
+    readColumns();
     LoadProviders();
     connectPanel();
+    const std::optional<ViewContents> saved = this->main().TakeContents();
+    if (saved)
+        takeContents(*saved);
     loadmdayview();
+    if (saved)
+        goToColumnOf(*saved);
     setmenuaccess();
 }
 
@@ -85,15 +91,22 @@ void frmall::connectPanel() {
     connect(ctMDay1, &ctMDay::BeforeDrop, this, &frmall::askBeforeDrop);
 }
 
-void frmall::showColumns() {
+void frmall::readColumns() {
     const int wanted =
         GetPreference({}, QStringLiteral("AllCols"), QStringLiteral("Scheduler"), QString::fromLatin1(AllUsers))
             .toInt();
-    ctMDay1->setVisibleColumns(wanted < FewestColumns || wanted > MostColumns ? FewestColumns : wanted);
+    preferredColumns_ = wanted < FewestColumns || wanted > MostColumns ? FewestColumns : wanted;
+    showColumns();
+}
+
+void frmall::showColumns() {
+    const bool fit = menus().Command(menu::mnuVFit).isChecked();
+    ctMDay1->setVisibleColumns(fit ? 0 : wantedColumns());
 }
 
 void frmall::ApplyPreferences() {
-    showColumns();
+    savedColumns_.reset();
+    readColumns();
     CalendarView::ApplyPreferences();
 }
 
@@ -134,7 +147,7 @@ void frmall::resetcols() {
     List1.clear();
     cboprovs->clear();
     for (const ListedProvider& provider : panel_->Providers()) {
-        if (!provider.shown)
+        if (!provider.shown || idle_.contains(provider.id.toLower()))
             continue;
         ctMDay1->AddColumn(provider.name);
         List1.push_back(provider.id);
@@ -166,6 +179,8 @@ void frmall::loadmdayview() {
     const QDate date = main().Date();
     const ReadTogether together(Session().Connection, dayStatements());
     beginLoad(date, {});
+    if (providersRead_)
+        leaveOutIdle(date);
     QHash<QString, int> columns;
     for (std::size_t i = 0; i < List1.size(); ++i)
         columns.insert(List1[i].toLower(), static_cast<int>(i) + 1);
@@ -241,6 +256,10 @@ int frmall::columnOf(const QString& provider) const {
 // A provider who is not checked gets a column; one who is not on the panel can have none.
 void frmall::followProvider() {
     const QString& provider = Session().ProviderId;
+    if (idle_.contains(provider.toLower())) {
+        followed_ = provider.toLower();
+        Reload();
+    }
     if (const std::optional<ListedProvider> listed = panel_->Find(provider); listed && !listed->shown) {
         panel_->CheckThose([&](const ListedProvider& each) { return each.shown || each.id == listed->id; });
         showChosen();
@@ -304,7 +323,7 @@ ScheduleSheet frmall::sheet(const PrintOptions& options) const {
     ScheduleSheet sheet = CalendarView::sheet(options);
     sheet.subtitle = QStringLiteral("Schedule - All Therapists");
     sheet.footer.clear();
-    sheet.columnsPerPage = options.columnsPerPage;
+    sheet.columnsPerPage = std::min(savedColumns_.value_or(options.columnsPerPage), PrintOptions::MostColumns);
     return sheet;
 }
 
