@@ -3,12 +3,14 @@
 #include <QTimer>
 
 #include "app/demopractice.h"
+#include "app/firststart.h"
 #include "app/options.h"
 #include "app/screenshot.h"
 #include "app/viewfactories.h"
 #include "app/wiring.h"
 #include "appointments/frmnore.h"
 #include "platform/desktop/errorlog.h"
+#include "platform/desktop/installation.h"
 #include "platform/theme/theme.h"
 #include "session/databasewait.h"
 #include "session/session.h"
@@ -67,7 +69,13 @@ int run(const AppOptions& options, ViewFactories factories) {
         window.OpenWithSize(options.size.isEmpty() ? PictureSize : options.size);
     if (picture)
         AnswerWithoutUser();
-    const QString folder = options.demo ? DemoPracticeFolder() : options.dataFolder;
+    QString folder = options.demo ? DemoPracticeFolder() : options.dataFolder;
+    if (!picture && IsFirstStart(options, InstallationFile())) {
+        const std::optional<QString> begun = BeginPractice(InstallationFile());
+        if (!begun)
+            return 0;
+        folder = *begun;
+    }
     // Who asks for a view, a date or a picture gets it, wherever the user was last.
     const bool returns = options.view == View::None && !options.date.isValid() && !picture;
     window.StartWith(options.view);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <QApplication>
 #include <QFile>
@@ -23,8 +24,8 @@ namespace {
 /// The companion's schedule as a user waits for it: from the call that reads it to the painted widget.
 struct CompanionBench {
     const char* name;
+    int providers;  ///< They share the appointments of the days walked.
     bool week = false;
-    int moreProviders = 0;  ///< Besides those of the practice; all share the appointments of the days walked.
 };
 
 constexpr int daysWalked = 60;
@@ -37,27 +38,24 @@ QDate dayOf(int round) {
     return date;
 }
 
-/// A practice's companion, or a copy of it with more providers, which goes with the object.
+/// A practice's companion with a number of providers and as many transactions as the practice has appointments. It is
+/// made once and stays beside the practice.
 class BenchCompanion {
   public:
-    BenchCompanion(const Practice& practice, const CompanionBench& bench)
-        : folder_(practice.folder), catalog_(QStringLiteral("companion")) {
-        if (bench.moreProviders == 0)
+    BenchCompanion(const Practice& practice, int providers)
+        : folder_(practice.folder), catalog_(QStringLiteral("companion-of-%1").arg(providers)) {
+        if (QFile::exists(file()))
             return;
-        copied_ = true;
-        QFile::copy(file(), folder_ + QStringLiteral("/morecompanion.db"));
-        catalog_ = QStringLiteral("morecompanion");
-        db::Connection connection;
-        connection.Open(text());
-        addProviders(connection, bench.moreProviders);
+        const QString made = folder_ + QStringLiteral("/made.db");
+        QFile::remove(made);
+        QFile::copy(folder_ + QStringLiteral("/companion.db"), made);
+        {
+            BareDatabase bare(made.toStdString());
+            addTransactions(bare, practice.size.endsWith(QLatin1Char('M')) ? 1'000'000 : 10'000);
+            setProviders(bare, providers);
+        }
+        QFile::rename(made, file());
     }
-    ~BenchCompanion() {
-        if (copied_)
-            for (const char* ending : {"", "-wal", "-shm"})
-                QFile::remove(file() + QLatin1String(ending));
-    }
-    BenchCompanion(const BenchCompanion&) = delete;
-    BenchCompanion& operator=(const BenchCompanion&) = delete;
 
     [[nodiscard]] QString file() const { return folder_ + QLatin1Char('/') + catalog_ + QStringLiteral(".db"); }
     [[nodiscard]] QString text() const {
@@ -66,21 +64,31 @@ class BenchCompanion {
     }
 
   private:
-    static void addProviders(db::Connection& connection, int count) {
-        for (int i = 0; i < count; ++i)
-            connection.Execute(
-                Sql("Insert Into Providers (ProvLastName, ProvFirstName) Values ('Provider {}', 'Pat')", i));
-        const db::Recordset all("Select Count(*) from Providers", connection);
-        const QDate today = QDate::currentDate();
-        connection.Execute(
-            Sql("Update ClientTransactions Set ProvId = CtrnId % {} + 1 Where CtrnDate >= '{}' and CtrnDate <= '{}'",
-                static_cast<int>(all[0].integer()), SqlDate(today.addDays(-daysWalked)),
-                SqlDate(today.addDays(daysWalked))));
+    /// Repeats the rows of the practice in earlier years, weekday by weekday.
+    static void addTransactions(BareDatabase& bare, int wanted) {
+        const int first = bare.read("Select 1 from ClientTransactions");
+        for (int there = first, copy = 1; there < wanted; there += first, ++copy) {
+            const int count = std::min(first, wanted - there);
+            bare.read(
+                Sql("Insert Into ClientTransactions (ClntId, TranId, CtrnDate, CtrnTime, CtrnDuration, CtrnStatus, CtrnNotes) Select ClntId, TranId, date(CtrnDate, '-{} days'), CtrnTime, CtrnDuration, CtrnStatus, CtrnNotes from ClientTransactions Where CtrnId <= {}",
+                    copy * 364, count)
+                    .toStdString());
+        }
+    }
+    static void setProviders(BareDatabase& bare, int wanted) {
+        const int there = bare.read("Select 1 from Providers");
+        if (there > wanted)
+            bare.read(Sql("Delete from Providers Where ProvId > {}", wanted).toStdString());
+        for (int i = there + 1; i <= wanted; ++i)
+            bare.read(
+                Sql("Insert Into Providers (ProvId, ProvLastName, ProvFirstName) Values ({}, 'Provider {}', 'Pat')", i,
+                    i)
+                    .toStdString());
+        bare.read(Sql("Update ClientTransactions Set ProvId = CtrnId % {} + 1", wanted).toStdString());
     }
 
     QString folder_;
     QString catalog_;
-    bool copied_ = false;
 };
 
 std::vector<int> providersOf(const BenchCompanion& companion) {
@@ -128,7 +136,7 @@ QStringList statementsOf(db::Connection& connection, const std::vector<int>& pro
 }
 
 void bareCompanion(benchmark::State& state, const Practice& practice, const CompanionBench& bench) {
-    const BenchCompanion companion(practice, bench);
+    const BenchCompanion companion(practice, bench.providers);
     std::vector<int> providers = providersOf(companion);
     if (bench.week)
         providers.resize(1);
@@ -149,7 +157,7 @@ void bareCompanion(benchmark::State& state, const Practice& practice, const Comp
 
 // On a window of the size a front desk uses.
 void ourCompanion(benchmark::State& state, const Practice& practice, const CompanionBench& bench) {
-    const BenchCompanion companion(practice, bench);
+    const BenchCompanion companion(practice, bench.providers);
     practice.openSession();
     Session().AllProviders = true;
     Session().CurrentView = View::Companion;
@@ -176,8 +184,8 @@ void ourCompanion(benchmark::State& state, const Practice& practice, const Compa
 
 void RegisterCompanionBenches() {
     for (const CompanionBench& bench :
-         {CompanionBench{"Companion day"}, CompanionBench{"Companion day of 100", false, 88},
-          CompanionBench{"Companion week", true}}) {
+         {CompanionBench{"Companion day of 14", 14}, CompanionBench{"Companion day of 100", 100},
+          CompanionBench{"Companion week", 14, true}}) {
         for (const Practice& practice : Practices()) {
             const std::string name = std::string(bench.name) + ", call to painted/" + practice.size.toStdString();
             benchmark::RegisterBenchmark((name + "/bare").c_str(), bareCompanion, practice, bench)

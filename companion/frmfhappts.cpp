@@ -122,11 +122,14 @@ void frmFHAppts::readProviders(db::Connection& companion) {
     const db::ReadTogether together(companion, {providersStatement(), SessionColumnStatement()});
     Recordset rows(providersStatement(), companion);
     HasSVSessionCol_ = IsSVSessionIDColThere(companion);
-    panel_->Clear();
+    std::vector<ListedProvider> providers;
     for (; !rows.Eof(); rows.MoveNext())
-        panel_->Add({rows["ProvId"].text(),
-                     OneLine(rows["ProvLastName"].text() + QStringLiteral(", ") + rows["ProvFirstName"].text()),
-                     {}});
+        providers.push_back({rows["ProvId"].text(),
+                             OneLine(rows["ProvLastName"].text() + QStringLiteral(", ") + rows["ProvFirstName"].text()),
+                             {}});
+    panel_->Clear();
+    for (const ListedProvider& provider : providers)
+        panel_->Add(provider);
     panel_->Choose(choice);
     // A choice whose providers are all gone shows everybody, because the list can never be without a check.
     if (panel_->Choice().isEmpty())

@@ -138,7 +138,8 @@ class frmFHAppts : public MenuView {
     // frmfhappts_load.cpp
     void loadDay();
     void load(QDate date, const QString& of, const std::vector<CompanionSpan>& spans);
-    void loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans);
+    /// `statements` are those of statementsOf.
+    void loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans, const QStringList& statements);
     /// Adds the items of one provider. Sets `fault` when a series is left out because its interval is 0. Throws
     /// db::DatabaseError.
     void LoadCalendar(CompanionRows& rows, SeriesDays& series, std::optional<db::DatabaseError>& fault);

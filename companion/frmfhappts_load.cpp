@@ -35,6 +35,7 @@ QString eventsStatement(const CompanionSpan& span) {
         span.provId, span.last, span.first, span.first);
 }
 
+/// Returns two statements for each span: for its appointments and for its events.
 QStringList statementsOf(const std::vector<CompanionSpan>& spans, bool hasSessionColumn) {
     QStringList statements;
     for (const CompanionSpan& span : spans)
@@ -89,7 +90,8 @@ void frmFHAppts::LoadWeekView(int ProvId) {
 
 void frmFHAppts::load(QDate date, const QString& of, const std::vector<CompanionSpan>& spans) {
     DayBoard& board = Board();
-    QStringList statements = statementsOf(spans, HasSVSessionCol_);
+    const QStringList ofSpans = statementsOf(spans, HasSVSessionCol_);
+    QStringList statements = ofSpans;
     if (const std::optional<CalendarItem> selected = SelectedItem(); selected && board.Shows(date, of))
         statements << detailStatements(*selected);
     board.BeginLoad(date, of);
@@ -104,18 +106,21 @@ void frmFHAppts::load(QDate date, const QString& of, const std::vector<Companion
             return;
         companion = Companion();
         together.emplace(*companion, statements);
-        loadSpans(*companion, spans);
+        loadSpans(*companion, spans, ofSpans);
     });
     board.EndLoad();
     showTitles();
 }
 
-void frmFHAppts::loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans) {
+void frmFHAppts::loadSpans(db::Connection& companion, const std::vector<CompanionSpan>& spans,
+                           const QStringList& statements) {
     std::vector<CompanionRows> rows;
     rows.reserve(spans.size());
-    for (const CompanionSpan& span : spans)
-        rows.push_back({span, Recordset(appointmentsStatement(span, HasSVSessionCol_), companion),
-                        Recordset(eventsStatement(span), companion)});
+    auto statement = statements.begin();
+    for (const CompanionSpan& span : spans) {
+        Recordset appointments(*statement++, companion);
+        rows.push_back({span, std::move(appointments), Recordset(*statement++, companion)});
+    }
     SeriesDays series(companion, rows);
     const ReadTogether calls(Session().Connection, callStatements(rows));
     callIcons_.clear();

@@ -3,6 +3,7 @@
 #include <array>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 
 #include "appointments/attendeelist.h"
@@ -128,9 +129,19 @@ void frmFHEvents::showSelection() {
     List1->SelectProvider(List1->FindProvider(QString::number(request_.provId)));
 }
 
+// The fields keep their height: the dialog grows by what the notice takes.
+void frmFHEvents::notify(const QString& text) {
+    QWidget& notice = *lblnotice->parentWidget();
+    const int before = notice.isHidden() ? 0 : notice.height() + layout()->spacing();
+    lblnotice->setText(text);
+    notice.show();
+    const int after = notice.layout()->totalHeightForWidth(layout()->contentsRect().width()) + layout()->spacing();
+    if (isVisible())
+        resize(width(), height() + after - before);
+}
+
 void frmFHEvents::lock(const QString& why) {
-    lblnotice->setText(why);
-    lblnotice->parentWidget()->show();
+    notify(why);
     const std::array<QWidget*, 9> parts{txtevent,       txtdate, txtstarttime, txtduration, ckallday,
                                         ckAllProviders, List1,   cmdDelete,    cmdOk};
     for (QWidget* part : parts)

@@ -75,6 +75,8 @@ class frmFHEvents : public EditorDialog {
     void fillFields(const CompanionEvent& event);
     void showAttendees(const QList<int>& attendees);
     void showSelection();
+    /// Shows a text above the fields.
+    void notify(const QString& text);
     void lock(const QString& why);
 
     // frmfhevents_save.cpp

@@ -41,9 +41,7 @@ void frmFHEvents::showClash(const CompanionEvent& clashing) {
     if (clashing.name != loaded_->name)
         nameShown_.clear();
     loaded_ = clashing;
-    lblnotice->setText(
-        tr("Fernhall or another desk changed the same as you. OK replaces their change by yours, Cancel keeps it."));
-    lblnotice->parentWidget()->show();
+    notify(tr("Fernhall or another desk changed the same as you. OK replaces their change by yours, Cancel keeps it."));
 }
 
 void frmFHEvents::cmdDelete_Click() {

@@ -199,7 +199,10 @@ void openCompanionLink() {
     session.FHDatabaseId = GetFHDBId(session.FHConnectionString);
     if (session.FHDatabaseId.isEmpty())
         return;
-    session.FHProviderId = GetFHProviderId(session.Connection, session.FHDatabaseId, session.ProviderId);
+    std::optional<db::DatabaseError> failure;
+    session.FHProviderId = GetFHProviderId(session.Connection, session.FHDatabaseId, session.ProviderId, &failure);
+    if (failure)
+        TellError(QStringLiteral("Error reading the provider's pair with Fernhall. "), *failure);
     session.FHLedgerHidden = GetUserFHLedger(session.UID);
     // A user who may see only their own schedule, and has none in the companion, works without the link.
     if (!session.AllProviders && session.FHProviderId < 1)

@@ -1,6 +1,7 @@
 #include "data/demo/lists.h"
 
 #include "data/demo/tablewriter.h"
+#include "data/upkeep/newpractice.h"
 
 #include <array>
 
@@ -97,24 +98,6 @@ void writeHolidays(QDate today, db::Connection& connection) {
         add("Thanksgiving", nthWeekday(y, 11, Qt::Thursday, 4), false);
     }
     add("Practice Retreat", nthWeekday(today.addDays(40).year(), today.addDays(40).month(), Qt::Friday, 2), false);
-}
-
-void writeCallCodes(db::Connection& connection) {
-    TableWriter codes(connection, "CourtesyCallCodes", {"CallService", "CallCode", "CallCategory", "CallDescription"});
-    codes.add({"CP", "CF", 1, "Confirmed"});
-    codes.add({"CP", "LM", 2, "Left message"});
-    codes.add({"CP", "AM", 2, "Left message on answering machine"});
-    codes.add({"CP", "NA", 3, "No answer"});
-    codes.add({"CP", "BZ", 3, "Line busy"});
-    codes.add({"CP", "CX", 4, "Asked to cancel"});
-    codes.add({"CP", "WN", 4, "Wrong number"});
-}
-
-void writeFacesheet(db::Connection& connection) {
-    TableWriter facesheet(connection, "facesheet", {"FacesheetId", "facesheetitem", "facesheetmask"});
-    facesheet.add({1, "Patient ID", nullptr});
-    facesheet.add({2, "Account #", nullptr});
-    facesheet.add({3, "Telephone", "(###) ###-####"});
 }
 
 void writeNoteTypes(const Practice& practice, db::Connection& connection) {
@@ -235,8 +218,7 @@ void WriteLists(Practice& practice, db::Connection& connection) {
     writeNames(connection, "Events", "Event", Activities);
     writeNames(connection, "availability", "avail", Absences);
     writeHolidays(practice.options.today, connection);
-    writeCallCodes(connection);
-    writeFacesheet(connection);
+    upkeep::WriteCodes(connection);
     writeNoteTypes(practice, connection);
     writeContacts(practice, random, connection);
     writeCompanies(random, connection);

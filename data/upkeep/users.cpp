@@ -98,7 +98,8 @@ QString AddUser(db::Connection& main, const NewUser& user, int key) {
             "Insert Into passwords (pswd_user_id, pswd_password, pswd_type_of_access, pswd_screen_access, pswd_fh_ledger) Values ('{}', '{}', {}, '{}', 0)",
             user.id, ScramblePassword(user.password, key), user.isAdministrator ? SystemAdministrator : 1,
             screenAccess(user)));
-        if (!user.isAdministrator && !isProvider(main, user.id))
+        const bool hasSchedule = user.isProvider && !user.lastName.trimmed().isEmpty();
+        if ((!user.isAdministrator || hasSchedule) && !isProvider(main, user.id))
             addProvider(main, user);
     });
     return {};

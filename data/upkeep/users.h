@@ -25,7 +25,8 @@ struct NewUser {
     bool isAdministrator = false;
     int scheduler =
         6;  ///< 0 to 6: read (by the logon only), read, write, write and delete; from 4 on with all schedules.
-    bool isProvider = true;  ///< Whether the user is offered as a provider.
+    /// Whether the user is offered as a provider. An administrator is one only with a last name.
+    bool isProvider = true;
 };
 
 /// Returns all users by their id. Throws DatabaseError.

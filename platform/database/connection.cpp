@@ -336,8 +336,10 @@ Numbered Connection::insertNumbered(const QString& statement, qsizetype valuesAt
 }
 
 ResultTable Connection::read(const QString& statement, int mostRows) {
-    const ResultTable* known = mostRows == 0 ? readAlready(statement) : nullptr;
-    return known ? *known : query(statement, {}, mostRows);
+    if (const ResultTable* known = mostRows == 0 ? readAlready(statement) : nullptr)
+        return *known;
+    RequireOneStatement(statement);
+    return query(statement, {}, mostRows);
 }
 
 ResultTable Connection::query(const QString& statement, const std::vector<Value>& bound, int mostRows) {

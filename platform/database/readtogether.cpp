@@ -1,5 +1,7 @@
 #include "platform/database/readtogether.h"
 
+#include <QSet>
+
 #include "platform/database/connection.h"
 #include "platform/database/statement.h"
 
@@ -16,13 +18,15 @@ QList<ReadTogether*>& living() {
 
 ReadTogether::ReadTogether(Connection& connection, const QStringList& statements) : connection_(connection) {
     QStringList wanted;
+    QSet<QString> known;
     for (const QString& statement : statements) {
         // A statement with an open quote would swallow the statements after it.
         const bool isWhole = Ignoring([&] { RequireOneStatement(statement); });
-        if (!isWhole || statement.isEmpty() || wanted.contains(statement) || connection.readAlready(statement))
+        if (!isWhole || statement.isEmpty() || known.contains(statement) || connection.readAlready(statement))
             continue;
         if (!Tokens(statement).front().is(QLatin1String("Select")))
             throw std::logic_error("Only a Select is read together with others: " + statement.toStdString());
+        known << statement;
         wanted << statement;
     }
     std::vector<ResultTable> tables;

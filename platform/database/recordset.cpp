@@ -74,7 +74,6 @@ QString singleTable(const QString& statement) {
 
 void Recordset::Open(const QString& statement, Connection& connection, Lock lock, int maxRecords) {
     Close();
-    RequireOneStatement(statement);
     table_ = connection.read(statement, maxRecords);
     connection_ = &connection;
     statement_ = statement;

@@ -71,15 +71,15 @@ QString FillSql(const QString& statement, std::initializer_list<SqlArgument> arg
         if (!inQuotes)
             throw mistake("Text or a date outside quotes");
     };
-    for (qsizetype i = 0; i < statement.size(); ++i) {
-        const QChar c = statement[i];
-        if (c == QLatin1Char('\''))
-            inQuotes = !inQuotes;
-        if (c != QLatin1Char('{') || i + 1 >= statement.size() || statement[i + 1] != QLatin1Char('}')) {
-            filled += c;
-            continue;
-        }
-        ++i;
+    qsizetype from = 0;
+    const auto appendUpTo = [&](qsizetype end) {
+        const QStringView text = QStringView(statement).sliced(from, end - from);
+        inQuotes = inQuotes != (text.count(u'\'') % 2 == 1);
+        filled += text;
+        from = end + 2;
+    };
+    for (qsizetype place = 0; (place = statement.indexOf(QLatin1String("{}"), from)) >= 0;) {
+        appendUpTo(place);
         if (argument == arguments.end())
             throw mistake("More places than arguments");
         std::visit(Overloaded{[&](const Raw& raw) {
@@ -98,6 +98,7 @@ QString FillSql(const QString& statement, std::initializer_list<SqlArgument> arg
                    argument->data_);
         ++argument;
     }
+    appendUpTo(statement.size());
     if (argument != arguments.end())
         throw mistake("More arguments than places");
     if (loneQuote) {

@@ -1,5 +1,6 @@
+#include <QApplication>
 #include <QCheckBox>
-#include <QCoreApplication>
+#include <QLayout>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -315,6 +316,24 @@ TEST_F(EventSave, ADayOfTheirsAndATimeOfOursAreNotMixed) {
     theySet("CEveDate = '2026/03/18'");
     expectOpenAfter(Modifying + ChangedMeanwhile);
     EXPECT_EQ(stored(key), QStringLiteral("Huddle|2026-03-18|540|30|0|0"));
+}
+
+TEST_F(EventSave, ANoticeTakesNoHeightFromTheFields) {
+    const int key = huddle({Reed});
+    openEvent(key);
+    const int list = form->List1->height();
+    const int before = form->height();
+    type(form->txtevent, QStringLiteral("Mine"));
+    theySet("CEveName = 'Theirs'");
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    QApplication::processEvents();
+    EXPECT_EQ(form->List1->height(), list);
+    const int grown = form->height();
+    EXPECT_EQ(grown, before + form->lblnotice->parentWidget()->height() + form->layout()->spacing());
+    theySet("CEveName = 'Others'");
+    expectOpenAfter(Modifying + ChangedMeanwhile);
+    QApplication::processEvents();
+    EXPECT_EQ(form->height(), grown);
 }
 
 TEST_F(EventSave, ASecondOkWritesWhatClashedAndKeepsTheirOtherChanges) {

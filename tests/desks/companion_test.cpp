@@ -87,6 +87,8 @@ class CompanionDesk : public FrontDesk {
         person->turnTo("box");
         person->press({QString::fromLatin1(key)});
         person->turnTo("mdisched");
+        // The desk answers when it is idle, so what the answer set off has been done.
+        desk->tell("items");
     }
 
     TestDatabase companion{SchemaScript::Companion};

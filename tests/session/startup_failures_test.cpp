@@ -154,6 +154,19 @@ TEST_F(StartingUpInTrouble, AFolderThatMayOnlyBeReadStillShowsTheDay) {
     EXPECT_EQ(practice.value("Select Count(*) From User_Preferences"), onServer ? "1" : "0");
 }
 
+TEST_F(StartingUpInTrouble, APairThatCannotBeReadIsToldAndNotTakenForNone) {
+    practice.addCompanion("FH-1");
+    practice.pairProvider("FH-1", 42, "ANNA");
+    practice.sql("Update passwords Set pswd_screen_access = '000012006'");
+    const QString reason = DropTable(practice.database().connection(), "FHDataPairs");
+    desk.expectBox("Error reading the provider's pair with Fernhall. " + reason, "Error");
+
+    ASSERT_TRUE(start());
+
+    EXPECT_EQ(Session().FHDatabaseId, "FH-1");
+    EXPECT_EQ(window.calls.last(), "day view 1");
+}
+
 TEST_F(StartingUpInTrouble, AMissingSettingsTableIsToldThreeTimesAndTheDayIsShownAllTheSame) {
     const QString reason = DropTable(practice.database().connection(), "settings");
     desk.expectBox("Error reading global setings from database. " + reason, "Error");

@@ -45,11 +45,13 @@ class Walk : public testing::Test {
     }
 
     /// Walks and returns the last lines that the walker told; fails unless it came to its end.
-    void walk(const char* seed, const char* seconds, const char* rounds) {
+    void walk(const char* seed, const char* seconds, const char* rounds, const char* home = "0",
+              const QStringList& opening = {QStringLiteral("1|DESK")}) {
         QProcessEnvironment told = environment();
         told.insert(QStringLiteral("SVS_WALK_SEED"), setting("SVS_WALK_SEED", seed));
         told.insert(QStringLiteral("SVS_WALK_SECONDS"), setting("SVS_WALK_SECONDS", seconds));
         told.insert(QStringLiteral("SVS_WALK_ROUNDS"), QString::fromLatin1(rounds));
+        told.insert(QStringLiteral("SVS_WALK_HOME"), QString::fromLatin1(home));
         const QString again =
             QStringLiteral("SVS_WALK_SEED=%1 SVS_WALK_SECONDS=%2")
                 .arg(told.value(QStringLiteral("SVS_WALK_SEED")), told.value(QStringLiteral("SVS_WALK_SECONDS")));
@@ -62,8 +64,7 @@ class Walk : public testing::Test {
         QStringList words = QProcess::splitCommand(setting("SVS_WALK_TOOL", ""));
         words << QStringLiteral(SVS_PROGRAM) << QStringLiteral("--data")
               << setting("SVS_WALK_DATA", qPrintable(folder.path())) << QStringLiteral("--date")
-              << QStringLiteral("2026-03-11") << QStringLiteral("--size") << QStringLiteral("1280x800")
-              << QStringLiteral("1|DESK");
+              << QStringLiteral("2026-03-11") << QStringLiteral("--size") << QStringLiteral("1280x800") << opening;
         const QString first = words.takeFirst();
         program.start(first, words);
         const int patience = StartMilliseconds + 2000 * told.value(QStringLiteral("SVS_WALK_SECONDS")).toInt();
@@ -124,7 +125,18 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "menu popup/frmsched",
                               "menu popup/frmrooms",
                               "menu popupNew/frmall"})
-        EXPECT_TRUE(hasSeen(place)) << place << " was never opened.";
+        EXPECT_TRUE(hasSeen(place)) << place << " was never opened.\n"
+                                    << lines.filter(QStringLiteral("walk: seen")).join(u'\n').toStdString();
+}
+
+TEST_F(Walk, ThroughTheFernhallCalendar) {
+    walk("3", "60", "2", "6", {QStringLiteral("--view"), QStringLiteral("companion"), QStringLiteral("1|REED")});
+    EXPECT_TRUE(hasSeen("mdisched/frmFHAppts"));
+    if (!qEnvironmentVariableIsEmpty("SVS_WALK_TOOL"))
+        return;  // A tool makes it so slow that it may not come far.
+    for (const char* place : {"frmFHClients", "frmFHAppt", "frmFHEvents"})
+        EXPECT_TRUE(hasSeen(place)) << place << " was never opened.\n"
+                                    << lines.filter(QStringLiteral("walk: seen")).join(u'\n').toStdString();
 }
 
 TEST_F(Walk, AtRandom) {

@@ -10,9 +10,9 @@ namespace walk {
 
 namespace {
 
-constexpr int Views = 5;
+constexpr int Views = 5;  ///< A user without a pair has no sixth.
 constexpr int DaysToLookAt = 3;
-constexpr int MostDetours = 12;  ///< How often a way that is known is taken for what may be new at its end.
+constexpr int MostDetours = 24;  ///< How often a way that is known is taken for what may be new at its end.
 constexpr int Failed = 3;
 constexpr int PollMilliseconds = 20;
 constexpr int LongerThanAPress = 130;  ///< Milliseconds; a button that is pressed by its letter clicks after 100.
@@ -20,6 +20,14 @@ constexpr int LongerThanAPress = 130;  ///< Milliseconds; a button that is press
 void tell(const QString& text) {
     std::printf("walk: %s\n", qUtf8Printable(text));
     std::fflush(stdout);
+}
+
+/// The views in the order of their keys, Ctrl+1 to Ctrl+6.
+const QStringList& mainPlaces() {
+    static const QStringList places{QStringLiteral("mdisched/frmsched"), QStringLiteral("mdisched/frmweekv"),
+                                    QStringLiteral("mdisched/frmmtv"),   QStringLiteral("mdisched/frmall"),
+                                    QStringLiteral("mdisched/frmrooms"), QStringLiteral("mdisched/frmFHAppts")};
+    return places;
 }
 
 bool isMain(const Place& place) {
@@ -36,7 +44,8 @@ Plan Plan::FromEnvironment() {
     };
     const Plan usual;
     return {static_cast<unsigned>(number("SVS_WALK_SEED", static_cast<int>(usual.seed))),
-            number("SVS_WALK_SECONDS", usual.seconds), number("SVS_WALK_ROUNDS", usual.rounds)};
+            number("SVS_WALK_SECONDS", usual.seconds), number("SVS_WALK_ROUNDS", usual.rounds),
+            number("SVS_WALK_HOME", usual.home)};
 }
 
 Walker::Walker(const Plan& plan) : plan_(plan), chance_(plan.seed) {
@@ -78,6 +87,8 @@ void Walker::learn(const Place& place) {
 }
 
 const Deed* Walker::choose(const Place& place) {
+    if (plan_.home > 0 && isMain(place) && place.name != mainPlaces().at(plan_.home - 1))
+        return wayToView(plan_.home);
     if (plan_.rounds == 0) {
         const bool goes = !place.exits.empty() && std::uniform_int_distribution<int>(0, 4)(chance_) == 0;
         return anyOf(goes || place.deeds.empty() ? place.exits : place.deeds);
@@ -128,11 +139,12 @@ bool Walker::hasSomethingNew(const QString& place) const {
 const Deed* Walker::wayToNextView(const Place& place) {
     if (++viewsInARowWithoutNews_ > Views * DaysToLookAt)
         return nullptr;
-    static const QStringList views{QStringLiteral("frmsched"), QStringLiteral("frmweekv"), QStringLiteral("frmmtv"),
-                                   QStringLiteral("frmall"), QStringLiteral("frmrooms")};
-    const auto next = (views.indexOf(place.name.section(QLatin1Char('/'), 1)) + 1) % Views;
+    return wayToView(static_cast<int>((mainPlaces().indexOf(place.name) + 1) % Views) + 1);
+}
+
+const Deed* Walker::wayToView(int number) {
     nextView_ = {QStringLiteral("next view"),
-                 Key(Qt::Key_1 + static_cast<int>(next), Qt::ControlModifier) + Key(Qt::Key_Right, Qt::AltModifier)};
+                 Key(Qt::Key_0 + number, Qt::ControlModifier) + Key(Qt::Key_Right, Qt::AltModifier)};
     return &nextView_;
 }
 

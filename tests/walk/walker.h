@@ -8,11 +8,13 @@
 
 namespace walk {
 
-/// How a walk goes, as the environment tells it: SVS_WALK_SEED, SVS_WALK_SECONDS, SVS_WALK_ROUNDS.
+/// How a walk goes, as the environment tells it: SVS_WALK_SEED, SVS_WALK_SECONDS, SVS_WALK_ROUNDS,
+/// SVS_WALK_HOME.
 struct Plan {
     unsigned seed = 1;
     int seconds = 60;  ///< After these it leaves the program, wherever it is.
     int rounds = 0;    ///< 0: at random. Else it tries everything it finds so many times, and ends when it has.
+    int home = 0;      ///< The number of the view to which it comes back from every other; 0 for none.
 
     [[nodiscard]] static Plan FromEnvironment();
 };
@@ -41,6 +43,7 @@ class Walker : public QObject {
     [[nodiscard]] const Deed* anyOf(const std::vector<Deed>& among);
     [[nodiscard]] bool hasSomethingNew(const QString& place) const;
     [[nodiscard]] const Deed* wayToNextView(const Place& place);
+    [[nodiscard]] const Deed* wayToView(int number);
     void doIt(const QString& place, const Deed& deed);
     void tellCoverage() const;
     void leave(const Place& place);

@@ -339,7 +339,8 @@ QString WhatIsWrong() {
                                    QStringLiteral("frmweekv"),
                                    QStringLiteral("frmmtv"),
                                    QStringLiteral("frmall"),
-                                   QStringLiteral("frmrooms")};
+                                   QStringLiteral("frmrooms"),
+                                   QStringLiteral("frmFHAppts")};
     if (views.value(static_cast<int>(Session().CurrentView)) != view->objectName())
         return QStringLiteral("%1 is shown as view %2")
             .arg(view->objectName())
