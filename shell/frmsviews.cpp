@@ -35,7 +35,7 @@ QString keyOf(int slot) {
 QString shownColumns(const QString& providers) {
     const auto count = providers.split(QLatin1Char('|'), Qt::SkipEmptyParts).size();
     if (count == 0)
-        return frmsviews::tr("all");
+        return frmsviews::tr("everybody");
     return count == 1 ? frmsviews::tr("one provider") : frmsviews::tr("%1 providers").arg(count);
 }
 
@@ -74,7 +74,7 @@ frmsviews::frmsviews(SavedView shown, QWidget* parent) : QDialog(parent), shown_
 }
 
 QSize frmsviews::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 20};
+    return {fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 27};
 }
 
 void frmsviews::buildForm() {
@@ -148,7 +148,6 @@ void frmsviews::chooseFirstFree() {
         ++free;
     List1->SelectRow(List1->FindItemData(free));
     followKey();
-    txtname->selectAll();
 }
 
 int frmsviews::chosenSlot() const {
@@ -163,8 +162,10 @@ std::optional<SavedView> frmsviews::savedAt(int slot) const {
 void frmsviews::followKey() {
     const int slot = chosenSlot();
     const std::optional<SavedView> saved = savedAt(slot);
-    if (!typed_)
+    if (!typed_) {
         txtname->setText(saved && !saved->title.isEmpty() ? saved->title : shown_.title);
+        txtname->selectAll();
+    }
     cmdsave->setEnabled(slot > 0);
     cmdrename->setEnabled(saved.has_value());
     cmddelete->setEnabled(saved.has_value());

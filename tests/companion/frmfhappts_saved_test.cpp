@@ -69,14 +69,15 @@ TEST_F(SavedCompanion, RubbishAndProvidersWhoAreGoneShowTheDayOfAll) {
 
 TEST_F(SavedCompanion, EachAltLetterStandsOnceAndEachGreyedCommandSaysWhy) {
     main.savedViews = {{1, 7, "Seven", 1, {}}, {2, 11, "", 2, {}}};
+    open();
     for (const int access : {1, 2, 3}) {
         Session().ScreenAccess = access;
         reopenFor("");
-        QMenuBar bar;
-        view_->FillMenus(bar);
-        for (QObject* owner : {static_cast<QObject*>(&bar), static_cast<QObject*>(view_.get())})
+        QMenuBar menus;
+        view_->FillMenus(menus);
+        for (QObject* owner : {static_cast<QObject*>(&menus), static_cast<QObject*>(view_.get())})
             for (const QMenu* menu : owner->findChildren<QMenu*>())
                 ExpectEachLetterOnce(menu->actions(), menu->title().isEmpty() ? menu->objectName() : menu->title());
-        ExpectEachGreyedCommandSaysWhy(bar);
+        ExpectEachGreyedCommandSaysWhy(menus);
     }
 }

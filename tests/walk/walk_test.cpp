@@ -111,6 +111,7 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "frmnewpat",
                               "frmaopts",
                               "frmpopts",
+                              "frmsviews",
                               "frmlocs",
                               "frmapttypes",
                               "frmholidays",
