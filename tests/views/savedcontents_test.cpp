@@ -68,13 +68,6 @@ TEST_F(SavedContents, AWeekOfFiveDaysSaysThatItDoesNotShowAWeekend) {
               QStringList{"Today is Saturday, March 14, 2026, which the week of five days does not show."});
 }
 
-TEST_F(SavedContents, ASavedWeekIsPrintedAsItIsShown) {
-    // What is on the paper is asked of the view's own sheet, by its preview.
-    main.LeaveContents(ViewContents(QStringLiteral("columns=7")));
-    openAs(Which::Week);
-    EXPECT_EQ(calendar().Content().columns.size(), 7U);
-}
-
 TEST_F(SavedContents, EachGreyedCommandSaysWhy) {
     for (const Which each : {Which::Day, Which::Week, Which::All})
         for (const int access : {1, 2, 3})
