@@ -1,12 +1,15 @@
 #include "appointments/appointmentconflict.h"
 
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "appointments/notice.h"
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formparts.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 #include "session/hiddennames.h"
 
@@ -28,6 +31,7 @@ AppointmentConflict::AppointmentConflict(QWidget* parent) : QDialog(parent) {
     layOutForm();
     cmdreschedule->setFocus();
     connect(ctList1, &ctList::SelectionChanged, this, &AppointmentConflict::tellLength);
+    ctList1->viewport()->installEventFilter(this);
     FollowHiddenNames(ctList1);
     FollowHiddenNames(this, [this](bool) { tellLength(); });
     connect(cmdaccept, &QPushButton::clicked, this, &QDialog::accept);
@@ -38,7 +42,39 @@ void AppointmentConflict::tellLength() {
     const int row = ctList1->SelectedRow();
     const QString text = ctList1->ShownCell(row, TextColumn);
     const QString who = (text.isEmpty() ? ctList1->ShownCell(row, PlaceColumn) : text).simplified();
-    lbllength->setText(row < 0 ? QString() : QStringLiteral("%1: %2").arg(who, ctList1->ItemText(row)));
+    QString told = QStringLiteral("%1: %2").arg(who, ctList1->ItemText(row));
+    if (const QString status = statuses_.value(row); !status.isEmpty())
+        told += tr(" Status: %1.").arg(status);
+    lbllength->setText(row < 0 ? QString() : told);
+}
+
+void AppointmentConflict::SetStatus(int row, const QString& status) {
+    while (statuses_.size() <= row)
+        statuses_ << QString();
+    statuses_[row] = status;
+    tellLength();
+}
+
+QString AppointmentConflict::TipOf(int row) const {
+    if (row < 0 || row >= ctList1->RowCount())
+        return {};
+    QStringList lines;
+    for (const int column : {TextColumn, PlaceColumn})
+        lines << ctList1->ShownCell(row, column);
+    lines << ctList1->ShownCell(row, 2) + QStringLiteral(" - ") + ctList1->ShownCell(row, 3);
+    if (const QString status = statuses_.value(row); !status.isEmpty())
+        lines << tr("Status: %1").arg(status);
+    lines.removeAll(QString());
+    return lines.join(QLatin1Char('\n'));
+}
+
+bool AppointmentConflict::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ctList1->viewport() || event->type() != QEvent::ToolTip)
+        return QDialog::eventFilter(watched, event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QString tip = TipOf(ctList1->indexAt(help->pos()).row());
+    QToolTip::showText(help->globalPos(), tip.isEmpty() ? QString() : TipText(tip), ctList1);
+    return true;
 }
 
 void AppointmentConflict::ShowAsRoomConflict() {

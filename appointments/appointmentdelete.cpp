@@ -48,14 +48,19 @@ WriteOutcome DeleteAppointment(db::Recordset& row, const AuditedAppointment& aud
     });
 }
 
+void EndDeletionOfSeries(const SeriesRow& row) {
+    db::Connection& connection = Session().Connection;
+    audit(row.audited);
+    connection.Execute(Sql("Delete from roomschedule Where apptid = {}", row.key));
+    connection.Execute(Sql("Delete from appointmentsevents Where nkeyid = {}", row.key));
+    if (row.isGroup)
+        connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyid = {}", row.key));
+}
+
 WriteOutcome DeleteOfSeries(const SeriesRow& row) {
     return deleteAtOnce([&](db::Connection& connection) {
         connection.Execute(Sql("Delete from appointments Where nkeyid = {}", row.key));
-        audit(row.audited);
-        connection.Execute(Sql("Delete from roomschedule Where apptid = {}", row.key));
-        connection.Execute(Sql("Delete from appointmentsevents Where nkeyid = {}", row.key));
-        if (row.isGroup)
-            connection.Execute(Sql("Delete from AppointmentsGroup Where nKeyid = {}", row.key));
+        EndDeletionOfSeries(row);
     });
 }
 

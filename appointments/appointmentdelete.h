@@ -36,6 +36,9 @@ struct SeriesRow {
 /// Deletes the cursor's current row of `appointments`.
 [[nodiscard]] WriteOutcome DeleteAppointment(db::Recordset& row, const AuditedAppointment& audited);
 [[nodiscard]] WriteOutcome DeleteOfSeries(const SeriesRow& row);
+/// Writes the audit line of a row of a series and deletes all that hangs on its key. It is for a transaction in which
+/// the row itself has been deleted. Throws db::DatabaseError.
+void EndDeletionOfSeries(const SeriesRow& row);
 [[nodiscard]] WriteOutcome CancelAddedAppointment(int key);
 [[nodiscard]] WriteOutcome DeleteActivity(int key);
 /// Removes one provider from an Activity.

@@ -46,6 +46,10 @@ void HideName(CalendarItem& item, bool hidden) {
     item.ItemTextColor = hidden && NamesPatient(item) ? TextColor::SameAsBackground : TextColor::Normal;
 }
 
+ItemPainting UnpaintedItems() {
+    return {false, [](const QString&) { return -1; }, false};
+}
+
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting) {
     const int code = intOf(row, "ncolor");
     const int apptType = intOf(row, "appttype");
@@ -77,6 +81,7 @@ CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& p
     item.ItemLocation = row["CLOCATION"].text();
     item.ItemReminderIcon = row["BremindIco"].boolean();
     item.ItemSessionIcon = row["NoteID"].integer() > 0 ? 1 : 0;
+    item.ItemSeriesIcon = row["repeating"].integer() == 1 && row["repeating_ref"].integer() > 0 ? 1 : 0;
     return item;
 }
 

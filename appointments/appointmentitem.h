@@ -17,6 +17,10 @@ struct ItemPainting {
     bool callsOfAwaitedOnly = false;
 };
 
+/// Returns the painting of rows that are only told of, in a list or a sentence: no names are hidden, and no code of a
+/// courtesy call is looked up.
+[[nodiscard]] ItemPainting UnpaintedItems();
+
 /// Returns the calendar item of the current row of "Select appointments.* ...". The row's status, kind and colour are
 /// all stored in `ncolor`. Null columns are allowed and leave the item plain.
 CalendarItem ItemFromAppointment(const db::Recordset& row, const ItemPainting& painting);

@@ -54,19 +54,19 @@ QString setMove(Recordset& row, const AppointmentMove& move) {
     return before;
 }
 
-void auditMove(const AppointmentMove& move, const QString& before) {
+}  // namespace
+
+QStringList InPlaceStatements(int key) {
+    return {AppointmentStatement(key), RoomSlotStatement(key)};
+}
+
+void AuditMove(const AppointmentMove& move, const QString& before) {
     QString what = FirstCharacters(move.text, LongestApptText);
     if (move.provider)
         what += QStringLiteral(" with ") + move.provider->name;
     AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},
              QStringLiteral("Modified Appointment (%1) to %2 at %3 for %4")
                  .arg(before, move.day.toString(QStringLiteral("MM/dd/yy")), timeText(move.start), what));
-}
-
-}  // namespace
-
-QStringList InPlaceStatements(int key) {
-    return {AppointmentStatement(key), RoomSlotStatement(key)};
 }
 
 RowOutcome SaveInPlace(const CalendarItem& read, const CalendarItem& wanted, const ItemPainting& painted) {
@@ -110,7 +110,7 @@ RowOutcome MoveAppointment(const AppointmentMove& move, const ItemPainting& pain
             outcome.step = WriteStep::Room;
             UpdateRoomTime(key, move.start, move.end, move.day, QString());
         });
-        auditMove(move, before);
+        AuditMove(move, before);
         outcome.row = RowOf(row, ItemFromAppointment(row, painted));
     });
 }

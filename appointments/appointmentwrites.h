@@ -35,6 +35,9 @@ struct AppointmentMove {
 /// Writes the new time, day and provider. The move fails when another desk has moved the row since the view read it.
 [[nodiscard]] RowOutcome MoveAppointment(const AppointmentMove& move, const ItemPainting& painted);
 
+/// Writes the audit line of a move. `before` tells where the appointment stood: "03/11/2026 at 9:00 AM".
+void AuditMove(const AppointmentMove& move, const QString& before);
+
 /// Sets the status code (data/codes.h) of an appointment.
 [[nodiscard]] WriteOutcome SetApptStatus(int key, int code);
 /// Stores the time of arrival as text, and the status Checked-In.

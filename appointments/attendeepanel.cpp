@@ -8,6 +8,7 @@
 #include "platform/controls/formparts.h"
 #include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
+#include "session/formheading.h"
 
 namespace {
 
@@ -17,6 +18,17 @@ constexpr int SummaryLines = 2;
 constexpr int MostNames = 4;
 
 }  // namespace
+
+void HeadByAttendees(FormHeading& heading, const ctDEdit& day, const AttendeeList& attendees) {
+    const auto show = [&heading, &attendees] {
+        const QStringList names = attendees.SelectedNames();
+        heading.SetWhom(names.size() > 2 ? AttendeePanel::tr("%1 providers").arg(names.size())
+                                         : names.join(AttendeePanel::tr(" and ")));
+    };
+    heading.FollowDay(day);
+    QObject::connect(&attendees, &QListWidget::itemSelectionChanged, &heading, show);
+    show();
+}
 
 AttendeePanel::AttendeePanel(QWidget* parent) : QWidget(parent) {
     List1 = Named(new AttendeeList(this), "List1");

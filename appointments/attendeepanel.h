@@ -3,7 +3,12 @@
 #include <QWidget>
 
 class AttendeeList;
+class FormHeading;
 class QLabel;
+class ctDEdit;
+
+/// Makes a form's heading follow its day and its attendees: "Reed", "Lane and Reed", "3 providers".
+void HeadByAttendees(FormHeading& heading, const ctDEdit& day, const AttendeeList& attendees);
 
 /// A list of attendees under its label. The lines below the list tell in words who attends, and name a few.
 class AttendeePanel : public QWidget {

@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "appointments/appointmentconflict.h"
+#include "appointments/conflictstatus.h"
 #include "data/minutetime.h"
 #include "data/namedpatients.h"
 #include "platform/controls/ctlist.h"
@@ -124,10 +125,13 @@ QString lengthText(const Conflict& conflict, MinuteSpan proposed) {
 }
 
 void addRows(AppointmentConflict& form, const std::vector<Conflict>& conflicts, MinuteSpan proposed) {
+    QStringList statuses;
+    db::Ignoring([&] { statuses = StatusesOf(Session().Connection, conflicts); });
     for (const Conflict& conflict : conflicts) {
         const int row = form.ctList1->AddRow({ShortDateText(conflict.date), timeText(conflict.time.start),
                                               timeText(conflict.time.end), conflict.text, conflict.place});
         form.ctList1->SetItemText(row, lengthText(conflict, proposed));
+        form.SetStatus(row, statuses.value(row));
         if (conflict.namesPatient)
             form.ctList1->NameCell(row, AppointmentConflict::TextColumn);
     }

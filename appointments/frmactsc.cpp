@@ -7,6 +7,8 @@
 
 #include "appointments/apptlists.h"
 #include "appointments/attendeelist.h"
+#include "appointments/attendeepanel.h"
+#include "appointments/conflictstatus.h"
 #include "appointments/durationlabel.h"
 #include "appointments/frmeconflict.h"
 #include "data/codes.h"
@@ -19,6 +21,7 @@
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -37,6 +40,7 @@ frmactsc::frmactsc(const ActivityRequest& request, QWidget* parent) : EditorDial
     buildForm();
     connectFields();
     load();
+    HeadByAttendees(*FormHeading::Above(*this, tr("Activity/Event")), *ctDEditComp, *List1);
     FitToScreen(*this);
 }
 
@@ -194,7 +198,9 @@ void frmactsc::busySearch() {
             return;
         }
         frmeConflict conflicts(this);
-        conflicts.List1->addItems(names);
+        const QHash<QString, QStringList> statuses = busyStatuses();
+        for (const QString& name : names)
+            conflicts.AddProvider(name, statuses.value(name).join(QLatin1Char('\n')));
         ShowModal(conflicts);
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error checking for conflicts. "), error);
@@ -213,6 +219,20 @@ bool frmactsc::searchIsComplete() {
     if (List1->SelectedIds().isEmpty())
         return refuse(QStringLiteral("Enter one or more providers to attend"), List1);
     return true;
+}
+
+// By name, as the list knows the providers. What cannot be read is left out of the tips.
+QHash<QString, QStringList> frmactsc::busyStatuses() const {
+    QHash<QString, QStringList> byId;
+    db::Ignoring([&] {
+        byId =
+            BusyStatuses(Session().Connection, ListedProviders(), ctDEditComp->Date(), ctstart->Time(), ctend->Time());
+    });
+    QHash<QString, QStringList> byName;
+    for (auto each = byId.cbegin(); each != byId.cend(); ++each)
+        if (const int row = List1->FindProvider(each.key()); row >= 0)
+            byName[List1->ProviderName(row)] << each.value();
+    return byName;
 }
 
 QStringList frmactsc::busyNames() const {

@@ -87,6 +87,7 @@ class frmactsc : public EditorDialog {
     void offerUnknownItems();
     void settleFields();
     [[nodiscard]] QStringList busyNames() const;
+    [[nodiscard]] QHash<QString, QStringList> busyStatuses() const;
     [[nodiscard]] bool searchIsComplete();
     bool refuse(const QString& message, QWidget* field, const QString& title = QStringLiteral("Missing Data"));
 

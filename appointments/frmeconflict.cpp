@@ -7,6 +7,7 @@
 
 #include "appointments/notice.h"
 #include "platform/controls/formparts.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 
 frmeConflict::frmeConflict(QWidget* parent) : QDialog(parent) {
@@ -33,4 +34,10 @@ frmeConflict::frmeConflict(QWidget* parent) : QDialog(parent) {
     column->addLayout(buttons);
     cmdreschedule->setFocus();
     connect(cmdreschedule, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void frmeConflict::AddProvider(const QString& name, const QString& tip) {
+    auto* row = new QListWidgetItem(name, List1);
+    row->setToolTip(tip.isEmpty() ? QString() : TipText(tip));
+    row->setData(Qt::AccessibleDescriptionRole, tip);  // For who has no pointer to rest.
 }

@@ -18,6 +18,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/busypointer.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -37,6 +38,9 @@ frmgrptx::frmgrptx(const EditorRequest& request, QWidget* parent) : EditorDialog
     connectFields();
     connectMembers();
     load();
+    FormHeading* heading = FormHeading::Above(*this, tr("Group Therapy"));
+    heading->SetWhom(request_.provider.name);
+    heading->FollowDay(*ctedate);
     FitToScreen(*this);
 }
 
@@ -98,6 +102,8 @@ void frmgrptx::LoadAppointment() {
             return;
         showRow(row);
         stored_.row = GroupRowState(row);
+        storedGroup_ = row["cappttext"].text();
+        series_ = row["repeating"].integer() == 1 ? static_cast<int>(row["repeating_ref"].integer()) : 0;
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment. "), error);
         return;

@@ -25,7 +25,8 @@ class Recordset;
 /// and who attended then stay checked; only Refresh Members forgets them. A save writes the row, the room and the
 /// members, or nothing. It does not overwrite what another desk has changed in them meanwhile; the user is told of it.
 /// A row that another desk has deleted is added again, which a notice tells. A save that fails closes the form, and
-/// RunEditor keeps the form.
+/// RunEditor keeps the form. After the save of a group that repeats, with other members than before, frmroster asks for
+/// which other dates they change too.
 class frmgrptx : public EditorDialog {
     Q_OBJECT
 
@@ -131,10 +132,16 @@ class frmgrptx : public EditorDialog {
     [[nodiscard]] static QString savedPhonesStatement(int key);
     [[nodiscard]] GroupFields entered(const QString& providerId) const;
     void audit(bool isNew) const;
+    /// Asks for which other dates of a repeating group the members change too.
+    void offerRoster();
 
     const EditorRequest request_;
     const int key_ = request_.Key();  ///< The key of the row; 0 for a new one.
     GroupState stored_;
+    int series_ = 0;       ///< `repeating_ref` of a stored appointment of a series, else 0.
+    QString storedGroup_;  ///< The name of the group when the form was loaded.
+    /// The members when the form was loaded; Refresh Members does not change them.
+    std::optional<std::vector<GroupFields::Member>> firstMembers_;
     int groupOnList_ = 0;  ///< The key of the group whose members are on the list.
     QDate membersOf_;      ///< The date for which these members were listed.
     bool roomUnread_ = false;

@@ -96,6 +96,7 @@ void frmgrptx::loadsavedmembers() {
             phones.insert(rows["id"].text().toLower(),
                           {ContactText(rows, "telephone_h"), ContactText(rows, "telephone_b")});
         GroupAttendance saved;
+        std::vector<GroupFields::Member> first;
         for (Recordset rows(savedMembersStatement(key_), Session().Connection); !rows.Eof(); rows.MoveNext()) {
             const QString id = rows["PatientId"].text();
             const bool kept = rows["kept"].integer() == 1;
@@ -103,9 +104,11 @@ void frmgrptx::loadsavedmembers() {
             addMember({id, rows["PatientAcct"].text(), rows["HPhone"].text()}, rows["PatientName"].text(), phone.home,
                       phone.work, {.scheduled = true, .kept = kept});
             saved.insert(id, kept);
+            first.push_back({id, rows["PatientAcct"].text(), rows["PatientName"].text(), kept});
             groupOnList_ = static_cast<int>(rows["GroupId"].integer());
         }
         stored_.members = saved;
+        firstMembers_ = std::move(first);
         // The name may be another group's today, and the group may have another name.
         if (cbogroup->FindItemData(groupOnList_) >= 0)
             setmembers(groupOnList_);

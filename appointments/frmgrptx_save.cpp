@@ -1,7 +1,11 @@
+#include <algorithm>
+#include <iterator>
+
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
 #include "appointments/editorparts.h"
 #include "appointments/frmgrptx.h"
+#include "appointments/frmroster.h"
 #include "data/pipefields.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
@@ -31,10 +35,10 @@ void frmgrptx::cmdOk_Click() {
     const db::ReadTogether together(Session().Connection, savingStatements(key_, request_.provider.id));
     if (conflicts(key_, request_.provider.id))
         return;
-    if (saveappt(key_, request_.provider.id))
-        accept();
-    else
-        closeUnsaved();
+    if (!saveappt(key_, request_.provider.id))
+        return closeUnsaved();
+    offerRoster();
+    accept();
 }
 
 void frmgrptx::cmdCancel_Click() {
@@ -48,6 +52,24 @@ bool frmgrptx::conflicts(int key, const QString& providerId) const {
     const int end = ctend->Time();
     return CheckApptConflicts(key, date, start, end, {}, providerId) ||
            (cborooms->ListIndex() >= 0 && CheckRoomConflicts(key, date, start, end, cborooms->ItemData(), key));
+}
+
+void frmgrptx::offerRoster() {
+    // Another group has other members on purpose.
+    if (series_ < 1 || !firstMembers_ || cbogroup->Text() != storedGroup_)
+        return;
+    using Member = GroupFields::Member;
+    const std::vector<Member> now = entered(request_.provider.id).members;
+    const auto without = [](const std::vector<Member>& members, const std::vector<Member>& others) {
+        std::vector<Member> left;
+        std::ranges::copy_if(members, std::back_inserter(left), [&](const Member& member) {
+            return std::ranges::find(others, member.patientId, &Member::patientId) == others.end();
+        });
+        return left;
+    };
+    OfferRoster(
+        {key_, series_, cbogroup->ItemData(), storedGroup_, without(now, *firstMembers_), without(*firstMembers_, now)},
+        this);
 }
 
 QStringList frmgrptx::savingStatements(int key, const QString& providerId) const {

@@ -36,6 +36,7 @@ frmnore::frmnore(const EditorRequest& request, QWidget* parent) : EditorDialog(p
     buildForm();
     connectFields();
     load();
+    headForm();
     alignLabels();
     orderFields();
     FitToScreen(*this);

@@ -7,6 +7,7 @@
 
 #include "appointments/editorrequest.h"
 #include "appointments/entrywrite.h"
+#include "people/frmnewpat.h"
 #include "session/editordialog.h"
 
 class CompletingCombo;
@@ -133,6 +134,7 @@ class frmnore : public EditorDialog {
     // The pop-up list of patients. While it is open, OK is disabled, so that no key that is meant for the list saves.
     QWidget* pnlpatlist = nullptr;
     ctList* ctList1 = nullptr;
+    QLabel* lblcount = nullptr;  ///< Counts the patients on the list.
     QLineEdit* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
     QPushButton* cmdnew = nullptr;
@@ -155,6 +157,7 @@ class frmnore : public EditorDialog {
     [[nodiscard]] QWidget* buildNote();
     void buildPatientList();
     [[nodiscard]] QLayout* buildButtons();
+    void headForm();
     void alignLabels();
     void orderFields();
     void placePatientList();
@@ -230,12 +233,15 @@ class frmnore : public EditorDialog {
     bool choosePatientOfId(const QString& id);
     void cmdpatients_Click();
     void showPatientList();
+    void filterPatients();
     void cmdPatientList_Click();
     void takeFromList(int row);
     /// Opens the form for new patients with the typed name, which nobody has. Returns whether a patient was added, who
     /// is then chosen.
     bool AddNewPatient();
-    bool addPatient(const QString& lastName, const QString& firstName);
+    /// Opens the form for new patients with what the typed name and the appointment tell.
+    void addTypedPatient();
+    bool addPatient(frmnewpat::Names known);
     bool closePatientList();
 
     // frmnore_email.cpp

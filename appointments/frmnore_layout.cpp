@@ -24,6 +24,7 @@
 #include "platform/controls/textfield.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 namespace {
@@ -272,6 +273,29 @@ QWidget* frmnore::buildNote() {
     return note;
 }
 
+// The kinds share their captions, and the day view's editor shows no date.
+void frmnore::headForm() {
+    QString what;
+    switch (request_.ApptKind) {
+        case apptkind::Activity:
+            what = tr("Activity/Event");
+            break;
+        case apptkind::Unavailable:
+            what = tr("Unavailable Time");
+            break;
+        case apptkind::TypeSlot:
+            what = tr("Appointment Type");
+            break;
+        default:
+            what =
+                tr("%1 Appointment").arg(Session().WordUsage.trimmed().isEmpty() ? tr("Patient") : Session().WordUsage);
+            break;
+    }
+    FormHeading* heading = FormHeading::Above(*this, what);
+    heading->SetWhom(request_.provider.name);
+    heading->FollowDay(*ctedate);
+}
+
 // The labels of all panels make one column, so that the fields stand in one line.
 void frmnore::alignLabels() {
     QList<QLabel*> labels;
@@ -333,10 +357,12 @@ void frmnore::buildPatientList() {
     find->addWidget(txtfind, 1);
     find->addWidget(cmdfind);
     find->addWidget(cmdnew);
+    lblcount = Named(new QLabel(panel), "lblcount");
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(Space(8), Space(8), Space(8), Space(8));
     column->setSpacing(Space(8));
     column->addWidget(ctList1, 1);
+    column->addWidget(lblcount);
     column->addLayout(find);
     panel->hide();
 }

@@ -1,7 +1,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -13,6 +12,7 @@
 #include "appointments/patientcontacts.h"
 #include "appointments/patientrows.h"
 #include "data/codes.h"
+#include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "data/statuses.h"
 #include "platform/controls/completingcombo.h"
@@ -45,7 +45,8 @@ int numberIn(const Recordset& row, const char* column) {
 QString momentText(const QDateTime& moment) {
     if (!moment.isValid())
         return {};
-    return ShortDateText(moment.date()) + u' ' + QLocale().toString(moment.time(), QLocale::ShortFormat);
+    const int minute = moment.time().hour() * 60 + moment.time().minute();
+    return ShortDateText(moment.date()) + u' ' + MinutesToTimeText(minute, Session().MilitaryTime);
 }
 
 constexpr char AvailabilityStatement[] = "Select * from availability Order by avail";

@@ -30,6 +30,7 @@
 namespace {
 
 const QString Title = QStringLiteral("Solvane");
+constexpr int NameColumn = 1;
 
 bool takesAway(const QKeyEvent& event) {
     return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete || event.matches(QKeySequence::Cut) ||
@@ -54,16 +55,19 @@ void frmnore::connectLookUp() {
     connect(cmdpatients, &QToolButton::clicked, this, &frmnore::cmdpatients_Click);
     connect(cmdPatientList, &QPushButton::clicked, this, &frmnore::cmdPatientList_Click);
     connect(ctList1, &ctList::RowActivated, this, &frmnore::takeFromList);
-    connect(txtfind, &QLineEdit::textChanged, this,
-            [this](const QString& text) { cmdfind->setEnabled(!text.isEmpty()); });
+    connect(txtfind, &QLineEdit::textChanged, this, [this](const QString& text) {
+        cmdfind->setEnabled(!text.isEmpty());
+        filterPatients();
+    });
     PressOnEnter(*txtfind, *cmdfind);
     connect(cmdfind, &QPushButton::clicked, this, [this] {
         patientFiller_->Finish();
         FindInPatientList(*ctList1, txtfind->text());
     });
     for (QPushButton* button : {cmdnew, cmdnewpat})
-        connect(button, &QPushButton::clicked, this, [this] { addPatient({}, {}); });
+        connect(button, &QPushButton::clicked, this, &frmnore::addTypedPatient);
     patientFiller_ = new PatientFiller(*ctList1, this);
+    connect(patientFiller_, &PatientFiller::Progress, this, [this] { lblcount->setText(PatientCount(*ctList1)); });
 }
 
 bool frmnore::eventFilter(QObject* watched, QEvent* event) {
@@ -294,6 +298,13 @@ void frmnore::showPatientList() {
     startPatientList();
 }
 
+// The whole list must be there before some of it is hidden.
+void frmnore::filterPatients() {
+    patientFiller_->Finish();
+    ctList1->SetFilter(txtfind->text().trimmed(), NameColumn);
+    lblcount->setText(PatientCount(*ctList1));
+}
+
 void frmnore::startPatientList() {
     patientFiller_->StartAt(patientTag_, txtpatients->text());
 }
@@ -309,19 +320,32 @@ void frmnore::takeFromList(int row) {
     ctstart->setFocus();
 }
 
-// A name with a comma is "last, first", one with a blank "first last".
-bool frmnore::AddNewPatient() {
-    const QString typed = txtpatients->text();
+namespace {
+
+/// Returns what a typed name tells of a new patient. A name with a comma is "last, first", one with a blank
+/// "first last". A single word is a last name for `lone`, and tells nothing otherwise.
+frmnewpat::Names splitName(const QString& typed, bool lone) {
     if (const qsizetype comma = typed.indexOf(u','); comma >= 0)
-        return addPatient(typed.left(comma).trimmed(), typed.mid(comma + 1).trimmed());
-    const qsizetype blank = typed.indexOf(u' ');
-    if (blank >= 0)
-        return addPatient(typed.mid(blank + 1).trimmed(), typed.left(blank).trimmed());
-    return addPatient({}, {});
+        return {typed.left(comma).trimmed(), typed.mid(comma + 1).trimmed()};
+    if (const qsizetype blank = typed.indexOf(u' '); blank >= 0)
+        return {typed.mid(blank + 1).trimmed(), typed.left(blank).trimmed()};
+    return {lone ? typed : QString(), {}};
 }
 
-bool frmnore::addPatient(const QString& lastName, const QString& firstName) {
-    frmnewpat dialog({lastName, firstName}, this);
+}  // namespace
+
+bool frmnore::AddNewPatient() {
+    return addPatient(splitName(txtpatients->text(), false));
+}
+
+// A patient who was chosen before is not the one to be added.
+void frmnore::addTypedPatient() {
+    addPatient(patientTag_.isEmpty() ? splitName(txtpatients->text().simplified(), true) : frmnewpat::Names());
+}
+
+bool frmnore::addPatient(frmnewpat::Names known) {
+    known.provider = request_.provider.id;
+    frmnewpat dialog(known, this);
     ShowModal(dialog);
     if (!dialog.NewPatientId())
         return false;

@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QLocale>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTimer>
@@ -14,6 +13,7 @@
 #include "appointments/frmslist.h"
 #include "appointments/recurrencetext.h"
 #include "appointments/seriesdates.h"
+#include "appointments/seriestexts.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "platform/controls/ctdedit.h"
@@ -236,16 +236,14 @@ void frmRecurAppt::getSampleDates() {
     {
         const BusyPointer busy;
         UIGetInfo();
-        const QString format =
-            Session().DateOrder == 0 ? QStringLiteral("ddd MM/dd/yyyy") : QStringLiteral("ddd dd/MM/yyyy");
         const std::vector<QDate> dates = BRGetDateStream(pattern_);
         seriesdates->ShowDates(dates);
         seriesdates->Read();
-        FollowHiddenNames(&sample, [&sample, this, dates, format](bool) {
+        FollowHiddenNames(&sample, [&sample, this, dates](bool) {
             sample.List1->clear();
             for (const QDate date : dates)
                 sample.AddDate(
-                    QLocale::c().toString(date, format),
+                    WeekdayAndDate(date),
                     date == source_.ItemDay ? tr("this appointment itself") : seriesdates->InTheWay(date).Text(),
                     date != source_.ItemDay);
         });

@@ -2,7 +2,6 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -15,6 +14,12 @@
 #include "platform/theme/theme.h"
 #include "session/fillprogress.h"
 #include "session/session.h"
+
+namespace {
+
+constexpr int NameColumn = 1;
+
+}  // namespace
 
 frmspatnt::frmspatnt(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmspatnt"));
@@ -84,6 +89,7 @@ void frmspatnt::connectControls() {
     connect(txtfind, &QLineEdit::textChanged, this, [this](const QString& text) {
         cmdfind->setEnabled(!text.isEmpty());
         cmdfind->setDefault(!text.isEmpty());
+        filter(text);
     });
     PressOnEnter(*txtfind, *cmdfind);
     connect(cmdfind, &QPushButton::clicked, this, [this] {
@@ -97,8 +103,14 @@ void frmspatnt::connectControls() {
     connect(ctList1, &ctList::RowActivated, this, &frmspatnt::select);
     connect(cmdselect, &QPushButton::clicked, this, [this] { select(ctList1->SelectedRow()); });
     connect(cmdcancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(filler_, &PatientFiller::Progress, pnlcount,
-            [this](int loaded, int) { pnlcount->setText(QLocale().toString(loaded)); });
+    connect(filler_, &PatientFiller::Progress, pnlcount, [this] { pnlcount->setText(PatientCount(*ctList1)); });
+}
+
+// The whole list must be there before some of it is hidden.
+void frmspatnt::filter(const QString& text) {
+    filler_->Finish();
+    ctList1->SetFilter(text.trimmed(), NameColumn);
+    pnlcount->setText(PatientCount(*ctList1));
 }
 
 void frmspatnt::select(int row) {

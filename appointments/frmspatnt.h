@@ -34,6 +34,7 @@ class frmspatnt : public QDialog {
     void buildForm();
     void layOutForm();
     void connectControls();
+    void filter(const QString& text);
     void select(int row);
 
     PatientFiller* filler_ = nullptr;

@@ -5,7 +5,9 @@
 #include <QPushButton>
 
 #include "platform/controls/ctlist.h"
+#include "platform/controls/listfilter.h"
 #include "platform/desktop/desktop.h"
+#include "session/session.h"
 
 namespace {
 
@@ -34,6 +36,12 @@ class EnterKey : public QObject {
 
 void PressOnEnter(QLineEdit& field, QPushButton& button) {
     new EnterKey(field, button);
+}
+
+QString PatientCount(const ctList& list) {
+    const QString usage = Session().WordUsage.trimmed();
+    const QString word = usage.isEmpty() ? QStringLiteral("patient") : usage.toLower();
+    return CountText(list, {word, word + u's'});
 }
 
 void FindInPatientList(ctList& list, const QString& text) {

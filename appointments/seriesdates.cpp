@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "appointments/seriestexts.h"
 #include "platform/controls/formparts.h"
 #include "platform/database/error.h"
 #include "platform/text/plaintext.h"
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/hiddennames.h"
-#include "session/session.h"
 
 namespace {
 
@@ -31,7 +30,9 @@ SeriesDates::SeriesDates(QWidget* parent) : QWidget(parent) {
     buildControls();
     due_.setSingleShot(true);
     due_.setInterval(PauseMilliseconds);
-    connect(&due_, &QTimer::timeout, this, [this] { Read(); });
+    next_.setSingleShot(true);
+    for (const QTimer* timer : {&due_, &next_})
+        connect(timer, &QTimer::timeout, this, &SeriesDates::readPiece);
     connect(lstdates, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* row) { decide(*row); });
     connect(lstdates, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* row) {
         lblway->setText(row != nullptr ? row->text(InTheWayColumn) : QString());
@@ -39,7 +40,7 @@ SeriesDates::SeriesDates(QWidget* parent) : QWidget(parent) {
     connect(cmdskip, &QPushButton::clicked, this, &SeriesDates::cmdskip_Click);
     FollowHiddenNames(this, [this](bool) {
         if (!dates_.empty())
-            fillRows();
+            showRows();
     });
 }
 
@@ -85,6 +86,7 @@ void SeriesDates::ShowDates(const std::vector<QDate>& dates) {
     if (dates == dates_)
         return;
     dates_ = dates;
+    next_.stop();
     fillRows();
     readIfNeeded();
 }
@@ -94,31 +96,52 @@ void SeriesDates::readIfNeeded() {
         due_.start();
 }
 
+// A year at a time; the first holds most series whole.
+void SeriesDates::readPiece() {
+    if (dates_.empty())
+        return;
+    try {
+        if (obstacles_.Knows(dates_.front(), dates_.front()))
+            obstacles_.ReadOn(DaysAhead);
+        else
+            obstacles_.Read(dates_.front(), dates_.front().addDays(DaysAhead));
+    } catch (const db::DatabaseError& error) {
+        return tellUnread(error);
+    }
+    if (!obstacles_.Knows(dates_.front(), dates_.back()))
+        next_.start(0);
+    showRows();
+}
+
 std::optional<db::DatabaseError> SeriesDates::Read() {
     due_.stop();
+    next_.stop();
     if (dates_.empty())
         return std::nullopt;
     try {
         obstacles_.Read(dates_.front(), std::max(dates_.back(), dates_.front().addDays(DaysAhead)));
-        fillRows();
+        showRows();
         return std::nullopt;
     } catch (const db::DatabaseError& error) {
-        lblcount->setText(tr("What stands in the way cannot be read now. %1").arg(error.description));
+        tellUnread(error);
         return error;
     }
+}
+
+void SeriesDates::tellUnread(const db::DatabaseError& error) {
+    lblcount->setText(tr("What stands in the way cannot be read now. %1").arg(error.description));
 }
 
 void SeriesDates::fillRows() {
     const QScopedValueRollback filling(filling_, true);
     const int place = lstdates->indexOfTopLevelItem(lstdates->currentItem());
-    const QString format =
-        Session().DateOrder == 0 ? QStringLiteral("ddd MM/dd/yyyy") : QStringLiteral("ddd dd/MM/yyyy");
+    const int lineHeight = fontMetrics().height() * 3 / 2;
     QList<QTreeWidgetItem*> rows;
     for (const QDate date : dates_) {
         auto* row = new QTreeWidgetItem;
-        row->setText(DateColumn, QLocale::c().toString(date, format));
+        row->setText(DateColumn, WeekdayAndDate(date));
         row->setData(DateColumn, Qt::UserRole, date);
-        row->setSizeHint(DateColumn, QSize(0, fontMetrics().height() * 3 / 2));
+        row->setSizeHint(DateColumn, QSize(0, lineHeight));
         showRow(*row, date);
         rows << row;
     }
@@ -126,6 +149,15 @@ void SeriesDates::fillRows() {
     lstdates->addTopLevelItems(rows);
     if (!rows.isEmpty())
         lstdates->setCurrentItem(rows[std::clamp<qsizetype>(place, 0, rows.size() - 1)]);
+    showCount();
+}
+
+void SeriesDates::showRows() {
+    const QScopedValueRollback filling(filling_, true);
+    for (std::size_t place = 0; place < dates_.size(); ++place)
+        showRow(*lstdates->topLevelItem(static_cast<int>(place)), dates_[place]);
+    if (const QTreeWidgetItem* current = lstdates->currentItem())
+        lblway->setText(current->text(InTheWayColumn));
     showCount();
 }
 
@@ -155,6 +187,8 @@ void SeriesDates::showCount() {
     QString text = tr("%1 of %2 new appointments").arg(all - left).arg(all);
     if (asked > 0)
         text += tr(", %1 asked first").arg(asked);
+    if (next_.isActive())
+        text += tr(". Looking up what is in the way...");
     lblcount->setText(text);
     cmdskip->setEnabled(std::any_of(dates_.begin(), dates_.end(), [this](QDate date) {
         const Plan plan = PlanFor(date);
@@ -168,7 +202,9 @@ SeriesDates::Plan SeriesDates::PlanFor(QDate date) const {
     const auto decided = decided_.find(date);
     if (decided == decided_.end())
         return Plan::Ask;
-    return decided->second ? Plan::Book : Plan::LeaveOut;
+    if (!decided->second.book)
+        return Plan::LeaveOut;
+    return decided->second.seen == InTheWay(date).Text() ? Plan::Book : Plan::Ask;
 }
 
 Obstacles SeriesDates::InTheWay(QDate date) const {
@@ -189,7 +225,7 @@ void SeriesDates::decide(QTreeWidgetItem& row) {
     if (booked && !InTheWay(date).Taken())
         decided_.erase(date);
     else
-        decided_[date] = booked;
+        decided_[date] = {booked, InTheWay(date).Text()};
     showRow(row, date);
     showCount();
 }
@@ -197,7 +233,7 @@ void SeriesDates::decide(QTreeWidgetItem& row) {
 void SeriesDates::cmdskip_Click() {
     for (const QDate date : dates_)
         if (date != own_ && InTheWay(date).Any())
-            decided_[date] = false;
-    fillRows();
+            decided_[date] = {};
+    showRows();
     lstdates->setFocus();
 }

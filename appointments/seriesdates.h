@@ -20,8 +20,10 @@ class QTreeWidgetItem;
 /// booked. Space or a click flips the tick.
 ///
 /// A date that is taken begins undecided, with a half tick, and the user is asked about it when the series is written.
+/// A date that the user has ticked although it is taken is undecided again once something else is booked there.
+///
 /// The bookings are read shortly after the dates have changed and for a year at a time, so that typing a number does
-/// not wait for them.
+/// not wait for them. A longer series is read in pieces, between which the user goes on typing.
 class SeriesDates : public QWidget {
     Q_OBJECT
 
@@ -53,7 +55,10 @@ class SeriesDates : public QWidget {
 
     void buildControls();
     void readIfNeeded();
+    void readPiece();
+    void tellUnread(const db::DatabaseError& error);
     void fillRows();
+    void showRows();
     void showRow(QTreeWidgetItem& row, QDate date);
     void showCount();
     void decide(QTreeWidgetItem& row);
@@ -62,7 +67,13 @@ class SeriesDates : public QWidget {
     SeriesObstacles obstacles_{SeriesSource()};
     QDate own_;
     std::vector<QDate> dates_;
-    std::map<QDate, bool> decided_;  ///< Whether a date is booked, for the dates that the user has decided.
-    QTimer due_;
+    /// What the user has decided about a date, and what stood in its way then.
+    struct Decision {
+        bool book = false;
+        QString seen;
+    };
+    std::map<QDate, Decision> decided_;
+    QTimer due_;   ///< Begins to read after a pause in the typing.
+    QTimer next_;  ///< Reads the next piece of a long series.
     bool filling_ = false;
 };

@@ -22,6 +22,15 @@ const QString FilePattern = QStringLiteral("series-*.json");
 const QString Date = QStringLiteral("date");
 const QString Dates = QStringLiteral("dates");
 const QString Keys = QStringLiteral("keys");
+const QString Steps = QStringLiteral("steps");
+const QString Key = QStringLiteral("key");
+const QString Before = QStringLiteral("before");
+const QString After = QStringLiteral("after");
+const QString Start = QStringLiteral("start");
+const QString End = QStringLiteral("end");
+const QString Provider = QStringLiteral("provider");
+const QString Code = QStringLiteral("code");
+const QString Room = QStringLiteral("room");
 
 QString folder() {
     return QFileInfo(UserStoreFile()).absolutePath();
@@ -38,6 +47,38 @@ QString owner() {
     return QString::fromLatin1(QCryptographicHash::hash(named.toUtf8(), QCryptographicHash::Sha256).toHex());
 }
 
+QJsonObject written(const SeriesPlace& place) {
+    return {{Date, place.date.toString(Qt::ISODate)},
+            {Start, place.start},
+            {End, place.end},
+            {Provider, place.provider},
+            {Code, place.code},
+            {Room, place.room}};
+}
+
+SeriesPlace placeFrom(const QJsonObject& object) {
+    return {QDate::fromString(object[Date].toString(), Qt::ISODate),
+            object[Start].toInt(),
+            object[End].toInt(),
+            object[Provider].toString(),
+            object[Code].toInt(),
+            object[Room].toInt()};
+}
+
+QJsonObject written(const SeriesStep& step) {
+    QJsonObject object{{Key, step.key}, {Before, written(step.before)}};
+    if (step.after)
+        object[After] = written(*step.after);
+    return object;
+}
+
+SeriesStep stepFrom(const QJsonObject& object) {
+    SeriesStep step{object[Key].toInt(), placeFrom(object[Before].toObject()), {}};
+    if (object.contains(After))
+        step.after = placeFrom(object[After].toObject());
+    return step;
+}
+
 QJsonObject written(const SeriesWork& work) {
     QJsonArray dates;
     for (const QDate date : work.dates)
@@ -45,20 +86,24 @@ QJsonObject written(const SeriesWork& work) {
     QJsonArray keys;
     for (const int key : work.keys)
         keys << key;
+    QJsonArray steps;
+    for (const SeriesStep& step : work.steps)
+        steps << written(step);
     return {{QStringLiteral("owner"), owner()},
             {QStringLiteral("kind"), static_cast<int>(work.kind)},
             {Date, work.date.toString(Qt::ISODate)},
-            {QStringLiteral("start"), work.start},
-            {QStringLiteral("end"), work.end},
+            {Start, work.start},
+            {End, work.end},
             {QStringLiteral("source"), work.source},
             {QStringLiteral("reference"), work.reference},
             {QStringLiteral("lastKey"), static_cast<double>(work.lastKey)},
-            {QStringLiteral("provider"), work.provider},
+            {Provider, work.provider},
             {QStringLiteral("schedule"), work.schedule},
-            {QStringLiteral("room"), work.room},
+            {Room, work.room},
             {QStringLiteral("company"), static_cast<int>(work.company)},
             {Dates, dates},
-            {Keys, keys}};
+            {Keys, keys},
+            {Steps, steps}};
 }
 
 std::optional<SeriesWork> readFrom(const QString& path) {
@@ -71,14 +116,14 @@ std::optional<SeriesWork> readFrom(const QString& path) {
     SeriesWork work;
     work.kind = static_cast<SeriesWork::Kind>(object[QStringLiteral("kind")].toInt());
     work.date = QDate::fromString(object[Date].toString(), Qt::ISODate);
-    work.start = object[QStringLiteral("start")].toInt();
-    work.end = object[QStringLiteral("end")].toInt();
+    work.start = object[Start].toInt();
+    work.end = object[End].toInt();
     work.source = object[QStringLiteral("source")].toInt();
     work.reference = object[QStringLiteral("reference")].toInt();
     work.lastKey = object[QStringLiteral("lastKey")].toInteger();
-    work.provider = object[QStringLiteral("provider")].toString();
+    work.provider = object[Provider].toString();
     work.schedule = object[QStringLiteral("schedule")].toString();
-    work.room = object[QStringLiteral("room")].toInt();
+    work.room = object[Room].toInt();
     work.company = static_cast<SeriesWork::Company>(object[QStringLiteral("company")].toInt());
     const QJsonArray dates = object[Dates].toArray();
     for (const auto& date : dates)
@@ -86,6 +131,9 @@ std::optional<SeriesWork> readFrom(const QString& path) {
     const QJsonArray keys = object[Keys].toArray();
     for (const auto& key : keys)
         work.keys.push_back(key.toInt());
+    const QJsonArray steps = object[Steps].toArray();
+    for (const auto& step : steps)
+        work.steps.push_back(stepFrom(step.toObject()));
     return work;
 }
 

@@ -1,15 +1,41 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <QDate>
 #include <QLockFile>
 #include <QString>
 #include <vector>
 
-/// The work of booking or deleting the rows of a series one after the other. It holds no names, because a mark of it is
-/// kept outside the database; all other data of a row is read from the row.
+/// Where and as what an appointment of a series stands, as far as work on the rest of a series changes it.
+struct SeriesPlace {
+    QDate date;
+    int start = 0;  ///< Minutes since midnight, as end.
+    int end = 0;
+    QString provider;  ///< `clinicianid`
+    int code = 0;      ///< `ncolor`
+    int room = 0;      ///< The RoomID; 0 for none.
+
+    friend bool operator==(const SeriesPlace&, const SeriesPlace&) = default;
+};
+
+/// What becomes of one row of a series. The row is written only while it stands as `before` tells.
+struct SeriesStep {
+    int key = 0;
+    SeriesPlace before;
+    std::optional<SeriesPlace> after;  ///< Nothing where the row is deleted.
+
+    friend bool operator==(const SeriesStep&, const SeriesStep&) = default;
+};
+
+/// The work of booking, deleting or changing the rows of a series one after the other. It holds no names, because a
+/// mark of it is kept outside the database; all other data of a row is read from the row.
 struct SeriesWork {
-    enum class Kind { Booking, Deletion };
+    enum class Kind {
+        Booking,
+        Deletion,
+        Rest  ///< The work on the rest of a series, told by `steps`.
+    };
     /// The people who come to the appointment besides its provider and patient, and who are taken over into each copy.
     enum class Company { None, Attendees, Members };
 
@@ -30,6 +56,9 @@ struct SeriesWork {
 
     // A deletion.
     std::vector<int> keys;
+
+    // The rest of a series. Either all steps delete or none does.
+    std::vector<SeriesStep> steps;
 
     friend bool operator==(const SeriesWork&, const SeriesWork&) = default;
 };

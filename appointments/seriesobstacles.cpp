@@ -1,8 +1,7 @@
 #include "appointments/seriesobstacles.h"
 
 #include "appointments/overlap.h"
-#include "data/minutetime.h"
-#include "data/namedpatients.h"
+#include "appointments/seriestexts.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "session/session.h"
@@ -14,18 +13,6 @@ namespace {
 
 MinuteSpan timeOf(const Recordset& row) {
     return {row["nStartTime"].real(), row["nEndTime"].real()};
-}
-
-QString withTime(const QString& what, MinuteSpan time) {
-    const bool military = Session().MilitaryTime;
-    return QStringLiteral("%1 %2 - %3")
-        .arg(what.simplified(), MinutesToTimeText(static_cast<int>(time.start), military),
-             MinutesToTimeText(static_cast<int>(time.end), military));
-}
-
-QString textWithoutName(const Recordset& row) {
-    const bool named = NamesPatient(static_cast<int>(row["ncolor"].integer()), !row["patientid"].text().isEmpty());
-    return named ? QObject::tr("A patient") : row["cappttext"].text();
 }
 
 QString withProvider(const QString& what, const QString& provider) {
@@ -42,13 +29,21 @@ QString Obstacles::Text() const {
 }
 
 void SeriesObstacles::Read(QDate from, QDate to) {
-    from_ = to_ = QDate();
     days_.clear();
+    readPiece(from, from, to);
+}
+
+void SeriesObstacles::ReadOn(int days) {
+    readPiece(from_, to_.addDays(1), to_.addDays(days));
+}
+
+void SeriesObstacles::readPiece(QDate first, QDate from, QDate to) {
+    from_ = to_ = QDate();
     readRoom();
     readSchedules(from, to);
     readBookings(from, to);
-    readHolidays();
-    from_ = from;
+    holidays_.Read();
+    from_ = first;
     to_ = to;
 }
 
@@ -61,10 +56,7 @@ Obstacles SeriesObstacles::On(QDate date) const {
                                                                  : found.room;
             lines << (Session().HidePatientNames ? entry.textWithoutName : entry.text);
         }
-    for (const Holiday& holiday : holidays_)
-        if (holiday.date == date ||
-            (holiday.everyYear && holiday.date.month() == date.month() && holiday.date.day() == date.day()))
-            found.holiday = holiday.name;
+    found.holiday = holidays_.On(date);
     return found;
 }
 
@@ -97,9 +89,12 @@ void SeriesObstacles::readSchedules(QDate from, QDate to) {
         if (rows["nkeyid"].integer() == source_.key || (elsewhere && !Overlaps(proposed, time)))
             continue;
         const QString provider = rows["lastname"].text();
-        days_[rows["dapptdate"].date()].push_back({elsewhere ? Kind::Elsewhere : Kind::Booked,
-                                                   withTime(withProvider(rows["cappttext"].text(), provider), time),
-                                                   withTime(withProvider(textWithoutName(rows), provider), time)});
+        const auto line = [&](const QString& whom) {
+            const QString told = WithStatus(whom, static_cast<int>(rows["ncolor"].integer()));
+            return BookedText(withProvider(told, provider), time);
+        };
+        days_[rows["dapptdate"].date()].push_back(
+            {elsewhere ? Kind::Elsewhere : Kind::Booked, line(rows["cappttext"].text()), line(TextWithoutName(rows))});
     }
 }
 
@@ -119,18 +114,9 @@ void SeriesObstacles::readBookings(QDate from, QDate to) {
             continue;
         const QString who = rows["croomtext"].text();
         const auto line = [&](const QString& whom) {
-            return QStringLiteral("%1: %2").arg(room_.name, withTime(whom, time));
+            return QStringLiteral("%1: %2").arg(room_.name, BookedText(whom, time));
         };
         days_[rows["nApptDate"].date()].push_back(
             {Kind::Room, line(who), line(appointment > 0 ? QObject::tr("booked") : who)});
     }
-}
-
-void SeriesObstacles::readHolidays() {
-    if (!holidays_.empty())
-        return;
-    for (Recordset rows(QStringLiteral("Select Holiday, HolidayDate, HolidayRepeat from Holidays"),
-                        Session().Connection);
-         !rows.Eof(); rows.MoveNext())
-        holidays_.push_back({rows["HolidayDate"].date(), rows["HolidayRepeat"].integer() == 1, rows["Holiday"].text()});
 }

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <vector>
 
+#include "appointments/holidaydates.h"
+
 /// The bookings and the holiday that stand in the way of an appointment on one date of its series.
 struct Obstacles {
     QStringList booked;     ///< Bookings in the provider's own schedule: "Smith, Zed 9:00 AM - 10:00 AM".
@@ -49,6 +51,9 @@ class SeriesObstacles {
     /// Reads the obstacles between two dates, both included. After a failure Knows is false for every date. Throws
     /// db::DatabaseError.
     void Read(QDate from, QDate to);
+    /// Reads on from the last date that was read. It is for a long series, which is read in pieces. A failure is as
+    /// that of Read.
+    void ReadOn(int days);
     [[nodiscard]] bool Knows(QDate from, QDate to) const { return from_.isValid() && from >= from_ && to <= to_; }
     /// Returns the obstacles on a date that was read.
     [[nodiscard]] Obstacles On(QDate date) const;
@@ -60,16 +65,11 @@ class SeriesObstacles {
         QString text;
         QString textWithoutName;
     };
-    struct Holiday {
-        QDate date;
-        bool everyYear = false;
-        QString name;
-    };
-
+    /// Reads the dates between `from` and `to`, after which all dates since `first` have been read.
+    void readPiece(QDate first, QDate from, QDate to);
     void readRoom();
     void readSchedules(QDate from, QDate to);
     void readBookings(QDate from, QDate to);
-    void readHolidays();
 
     SeriesSource source_;
     Room room_;
@@ -77,5 +77,5 @@ class SeriesObstacles {
     QDate from_;
     QDate to_;
     std::map<QDate, std::vector<Entry>> days_;
-    std::vector<Holiday> holidays_;
+    HolidayDates holidays_;
 };

@@ -3,14 +3,17 @@
 #include <algorithm>
 #include <iterator>
 #include <QCoreApplication>
+#include <QHash>
 #include <QSet>
 
 #include "appointments/conflicts.h"
+#include "appointments/seriesstep.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/sql.h"
+#include "platform/database/waiting.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
@@ -38,7 +41,7 @@ QString roomName(int room) {
 
 SeriesOutcome bookDates(Recordset& rows, const SeriesCopy& copy, const SeriesWork& work,
                         const std::vector<QDate>& dates) {
-    SeriesOutcome outcome{0, static_cast<int>(work.dates.size()), {}};
+    SeriesOutcome outcome{.planned = static_cast<int>(work.dates.size()), .failure = {}};
     try {
         JoinSeries(rows, work);
         const QString room = roomName(work.room);
@@ -90,13 +93,76 @@ std::vector<SeriesRow> rowsLeft(const SeriesWork& work) {
     return left;
 }
 
+bool deletes(const SeriesWork& work) {
+    return work.kind == SeriesWork::Kind::Deletion ||
+           (work.kind == SeriesWork::Kind::Rest && !work.steps.empty() && !work.steps.front().after);
+}
+
+QHash<int, SeriesPlace> placesOf(const SeriesWork& work) {
+    QStringList keys{QStringLiteral("0")};
+    for (const SeriesStep& step : work.steps)
+        keys << QString::number(step.key);
+    QHash<int, SeriesPlace> places;
+    for (Recordset rows(PlacesStatement(QStringLiteral("appointments.nkeyid In (%1)").arg(keys.join(u','))),
+                        Session().Connection);
+         !rows.Eof(); rows.MoveNext())
+        if (const int key = static_cast<int>(rows["nkeyid"].integer()); !places.contains(key))
+            places.insert(key, PlaceOf(rows));
+    return places;
+}
+
+/// What the rows themselves tell of work that was cut off. A row that stands neither as before nor as after its step is
+/// another desk's by now.
+struct StepsLeft {
+    std::vector<SeriesStep> waiting;
+    SeriesOutcome taken;
+};
+
+StepsLeft stepsLeft(const SeriesWork& work) {
+    const QHash<int, SeriesPlace> places = placesOf(work);
+    StepsLeft left;
+    left.taken.planned = static_cast<int>(work.steps.size());
+    for (const SeriesStep& step : work.steps) {
+        const auto place = places.constFind(step.key);
+        const bool gone = place == places.cend();
+        if (!gone && *place == step.before)
+            left.waiting.push_back(step);
+        else if (gone ? !step.after : step.after && *place == *step.after)
+            ++left.taken.done;
+        else
+            ++left.taken.passed;
+    }
+    return left;
+}
+
+void takeSteps(const std::vector<SeriesStep>& steps, SeriesOutcome& outcome) {
+    for (const SeriesStep& step : steps) {
+        const WriteOutcome taken = TakeStep(step);
+        if (taken.IsDone()) {
+            ++outcome.done;
+        } else if (!taken.failure || taken.failure->number == db::RowChanged) {
+            ++outcome.passed;
+        } else {
+            outcome.failure = taken.failure;
+            if (db::IsUnanswered(*taken.failure))
+                return;
+        }
+    }
+}
+
 SeriesOutcome progress(const SeriesWork& work) {
-    if (work.kind == SeriesWork::Kind::Deletion) {
-        const int planned = static_cast<int>(work.keys.size());
-        return {planned - static_cast<int>(rowsLeft(work).size()), planned, {}};
+    switch (work.kind) {
+        case SeriesWork::Kind::Deletion: {
+            const int planned = static_cast<int>(work.keys.size());
+            return {.done = planned - static_cast<int>(rowsLeft(work).size()), .planned = planned, .failure = {}};
+        }
+        case SeriesWork::Kind::Rest:
+            return stepsLeft(work).taken;
+        case SeriesWork::Kind::Booking:
+            break;
     }
     const int planned = static_cast<int>(work.dates.size());
-    return {planned - static_cast<int>(datesLeft(work).size()), planned, {}};
+    return {.done = planned - static_cast<int>(datesLeft(work).size()), .planned = planned, .failure = {}};
 }
 
 // The same question as when a series is written, and that of the room; both may have been booked in the meantime.
@@ -155,12 +221,48 @@ SeriesOutcome deleteRest(SeriesMark& mark) {
     return outcome;
 }
 
+// Time or room may have been booked by others in the meantime.
+bool isWanted(const SeriesStep& step) {
+    if (!step.after)
+        return true;
+    const SeriesPlace& to = *step.after;
+    const bool moves = step.before.date != to.date || step.before.start != to.start || step.before.end != to.end;
+    if ((moves || step.before.provider != to.provider) &&
+        CheckApptConflicts(step.key, to.date, to.start, to.end, {}, to.provider))
+        return false;
+    return to.room < 1 || (!moves && step.before.room == to.room) ||
+           !CheckRoomConflicts(step.key, to.date, to.start, to.end, to.room, step.key);
+}
+
+SeriesOutcome changeRest(SeriesMark& mark) {
+    StepsLeft left = stepsLeft(mark.Work());
+    std::erase_if(left.waiting, [](const SeriesStep& step) { return !isWanted(step); });
+    const BusyPointer busy;
+    takeSteps(left.waiting, left.taken);
+    return left.taken;
+}
+
+QString passedText(const SeriesOutcome& outcome) {
+    if (outcome.passed == 0)
+        return {};
+    return words(outcome.passed == 1 ? " %1 was left as it is, because another desk has changed or deleted it."
+                                     : " %1 were left as they are, because another desk has changed or deleted them.")
+        .arg(outcome.passed);
+}
+
 QString sentence(const SeriesWork& work, const SeriesOutcome& outcome, bool cutOff) {
-    if (work.kind == SeriesWork::Kind::Deletion)
+    if (work.kind == SeriesWork::Kind::Rest && !deletes(work))
+        return words(cutOff ? "Changing a series was cut off: %1 of %2 appointments are changed."
+                            : "%1 of %2 appointments of the series are changed.")
+                   .arg(outcome.done)
+                   .arg(outcome.planned) +
+               passedText(outcome);
+    if (deletes(work))
         return words(cutOff ? "Deleting a series was cut off: %1 of %2 appointments are deleted."
                             : "%1 of %2 appointments of the series are deleted.")
-            .arg(outcome.done)
-            .arg(outcome.planned);
+                   .arg(outcome.done)
+                   .arg(outcome.planned) +
+               passedText(outcome);
     return words(cutOff ? "The series of %1 at %2 was cut off: %3 of %4 appointments are booked."
                         : "The series of %1 at %2: %3 of %4 appointments are booked.")
         .arg(ShortDateText(work.date), MinutesToTimeText(work.start, Session().MilitaryTime))
@@ -168,18 +270,34 @@ QString sentence(const SeriesWork& work, const SeriesOutcome& outcome, bool cutO
         .arg(outcome.planned);
 }
 
+QString restCommand(const SeriesWork& work) {
+    if (deletes(work))
+        return words("Delete the rest");
+    return work.kind == SeriesWork::Kind::Rest ? words("Change the rest") : words("Book the rest");
+}
+
+SeriesOutcome restOf(SeriesMark& mark) {
+    switch (mark.Work().kind) {
+        case SeriesWork::Kind::Deletion:
+            return deleteRest(mark);
+        case SeriesWork::Kind::Rest:
+            return changeRest(mark);
+        case SeriesWork::Kind::Booking:
+            break;
+    }
+    return bookRest(mark);
+}
+
 void doRest(const std::shared_ptr<SeriesMark>& mark, const std::function<void()>& rowsChanged) {
-    const bool books = mark->Work().kind == SeriesWork::Kind::Booking;
     SeriesOutcome outcome;
     try {
-        outcome = books ? bookRest(*mark) : deleteRest(*mark);
+        outcome = restOf(*mark);
     } catch (const db::DatabaseError& error) {
         db::Ignoring([&] { outcome = progress(mark->Work()); });
         outcome.failure = error;
     }
     if (outcome.failure)
-        TellError(books ? QStringLiteral("Error adding appointment. ") : QStringLiteral("Error deleting appointment. "),
-                  *outcome.failure);
+        TellError(SeriesTrouble(mark->Work()), *outcome.failure);
     if (rowsChanged)
         rowsChanged();
     if (outcome.failure) {
@@ -200,7 +318,7 @@ SeriesOutcome BookSeries(Recordset& rows, const SeriesCopy& copy, SeriesMark& ma
 }
 
 SeriesOutcome DeleteSeries(const std::vector<SeriesRow>& rows, SeriesMark& mark) {
-    SeriesOutcome outcome{0, static_cast<int>(mark.Work().keys.size()), {}};
+    SeriesOutcome outcome{.planned = static_cast<int>(mark.Work().keys.size()), .failure = {}};
     const BusyPointer busy;
     for (const SeriesRow& row : rows) {
         if (const WriteOutcome deleted = DeleteOfSeries(row); deleted.IsDone())
@@ -213,14 +331,32 @@ SeriesOutcome DeleteSeries(const std::vector<SeriesRow>& rows, SeriesMark& mark)
     return outcome;
 }
 
+SeriesOutcome ChangeSeries(SeriesMark& mark) {
+    SeriesOutcome outcome{.planned = static_cast<int>(mark.Work().steps.size()), .failure = {}};
+    const BusyPointer busy;
+    takeSteps(mark.Work().steps, outcome);
+    if (!outcome.failure)
+        mark.Remove();
+    return outcome;
+}
+
+QString ChangedText(const SeriesWork& work, const SeriesOutcome& outcome) {
+    return sentence(work, outcome, false);
+}
+
+QString SeriesTrouble(const SeriesWork& work) {
+    if (deletes(work))
+        return QStringLiteral("Error deleting appointment. ");
+    return work.kind == SeriesWork::Kind::Rest ? QStringLiteral("Error saving appointment. ")
+                                               : QStringLiteral("Error adding appointment. ");
+}
+
 void OfferRest(const std::shared_ptr<SeriesMark>& mark, const SeriesOutcome& outcome,
                const std::function<void()>& rowsChanged) {
-    const bool books = mark->Work().kind == SeriesWork::Kind::Booking;
     Notice notice;
     notice.text = sentence(mark->Work(), outcome, true);
     notice.kind = Notice::Kind::Caution;
-    notice.actions = {{books ? words("Book the rest") : words("Delete the rest"),
-                       [mark, rowsChanged] { doRest(mark, rowsChanged); }}};
+    notice.actions = {{restCommand(mark->Work()), [mark, rowsChanged] { doRest(mark, rowsChanged); }}};
     notice.dismissed = [mark] { mark->Remove(); };
     ShowNotice(notice);
 }
@@ -229,7 +365,7 @@ void OfferCutOffSeries(const std::function<void()>& rowsChanged) {
     for (const std::shared_ptr<SeriesMark>& mark : SeriesMark::Left()) {
         try {
             const SeriesOutcome outcome = progress(mark->Work());
-            if (outcome.done == outcome.planned)
+            if (outcome.done + outcome.passed == outcome.planned)
                 mark->Remove();
             else
                 OfferRest(mark, outcome, rowsChanged);

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -46,6 +47,41 @@ void bareFind(benchmark::State& state, const Practice& practice) {
             .toStdString();
     for (auto _ : state)
         bare.read(statement);
+}
+
+template <QString (*Text)()>
+void bareFindAll(benchmark::State& state, const Practice& practice) {
+    practice.openSession();
+    BareDatabase bare(practice.databaseFile().toStdString());
+    const QString text = Text();
+    const std::string statements[] = {
+        Sql("Select nkeyid, dapptdate, nstarttime, nendtime, cappttext, clocation, ncolor, clinicianid, patientid from appointments Where CapptText Like '%{}%' Or nkeyid In (Select nKeyId from AppointmentsGroup Where PatientName Like '%{}%')",
+            text, text)
+            .toStdString(),
+        Sql("Select nKeyId, PatientName from AppointmentsGroup Where PatientName Like '%{}%' Order by PatientName",
+            text)
+            .toStdString(),
+        "Select id, prov_lastname from provider_info"};
+    for (auto _ : state)
+        for (const std::string& statement : statements)
+            bare.read(statement);
+}
+
+template <QString (*Text)()>
+void ourFindAll(benchmark::State& state, const Practice& practice) {
+    practice.openSession();
+    Session().AllProviders = true;
+    frmfinda form;
+    form.ckall->setChecked(true);
+    form.show();
+    form.txtfind->setText(Text());
+    QApplication::processEvents();
+    for (auto _ : state) {
+        form.cmdfind->click();
+        benchmark::DoNotOptimize(form.grab());
+    }
+    if (form.ctList1->RowCount() == 0)
+        state.SkipWithError("nothing was found");
 }
 
 template <QString (*Text)()>
@@ -175,6 +211,8 @@ void RegisterSearchBenches() {
     };
     const Row rows[] = {{"Find, a name", bareFind<aName>, ourFind<aName>},
                         {"Find, a quarter of all", bareFind<aPartOfMany>, ourFind<aPartOfMany>},
+                        {"Find in all schedules, a name", bareFindAll<aName>, ourFindAll<aName>},
+                        {"Find in all schedules, a quarter", bareFindAll<aPartOfMany>, ourFindAll<aPartOfMany>},
                         {"Availability by opening", bareOpenings, ourOpenings},
                         {"Availability by type", bareType, ourType}};
     for (const Row& row : rows) {

@@ -17,6 +17,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 namespace {
@@ -122,8 +123,16 @@ void frmFHAppt::layOutForm() {
     column->setSpacing(Space(16));
     column->addWidget(new FormArea(fields, this), 1);
     column->addLayout(ButtonRow({cmdOk, cmdCancel}));
+    headForm();
     FitToScreen(*this);
     txtdate->setFocus();
+}
+
+void frmFHAppt::headForm() {
+    FormHeading* heading = FormHeading::Above(*this, tr("Fernhall Appointment"));
+    heading->FollowDay(*txtdate);
+    heading->SetWhom(cboProviders->currentText());
+    connect(cboProviders, &QComboBox::currentTextChanged, heading, &FormHeading::SetWhom);
 }
 
 bool frmFHAppt::ValidateEntries() {

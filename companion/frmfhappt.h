@@ -65,6 +65,7 @@ class frmFHAppt : public EditorDialog {
     // frmfhappt.cpp
     void buildForm();
     void layOutForm();
+    void headForm();
     [[nodiscard]] bool ValidateEntries();
     void cmdOk_Click();
     void cbostatus_Click();

@@ -306,7 +306,7 @@ ScheduleSheet frmFHAppts::sheet(const PrintOptions& options) const {
     sheet.columnsPerPage = options.columnsPerPage;
     if (mode_ == Mode::Week) {
         sheet.content.headingFormat = QString::fromLatin1(DayAndMonthName);
-        sheet.footer = weekProvider_.name;
+        sheet.footer = sheet.owner = weekProvider_.name;
         sheet.columnsPerPage = static_cast<int>(sheet.content.columns.size());
     }
     return sheet;

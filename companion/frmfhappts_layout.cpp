@@ -163,6 +163,6 @@ void frmFHAppts::showLegend() {
     frmcleg dialog(
         {legendEntry(companioncolor::Scheduled, tr("Scheduled")), legendEntry(companioncolor::Charged, tr("Charged")),
          legendEntry(companioncolor::Event, tr("Event"))},
-        window());
+        window(), CompanionMarks());
     ShowModal(dialog);
 }

@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "appointments/attendeelist.h"
+#include "appointments/attendeepanel.h"
 #include "companion/companionfields.h"
 #include "platform/controls/ctnedit.h"
 #include "platform/controls/formarea.h"
@@ -15,6 +16,7 @@
 #include "platform/database/recordset.h"
 #include "platform/desktop/busypointer.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 namespace {
@@ -33,6 +35,7 @@ frmFHEvents::frmFHEvents(const CompanionEventRequest& request, QWidget* parent)
     buildForm();
     connectFields();
     load();
+    HeadByAttendees(*FormHeading::Above(*this, tr("Fernhall Event")), *txtdate, *List1);
     FitToScreen(*this);
 }
 

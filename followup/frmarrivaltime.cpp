@@ -8,6 +8,7 @@
 #include "appointments/appointmentwrites.h"
 #include "followup/checkintime.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/datefield.h"
 #include "platform/controls/formparts.h"
 #include "platform/database/recordset.h"
 #include "platform/desktop/desktop.h"
@@ -20,7 +21,6 @@ using db::Recordset;
 namespace {
 
 constexpr int LastMinute = 1439;
-constexpr int DayFirst = 1;
 
 int minuteOfNow() {
     return Now().time().hour() * 60 + Now().time().minute();
@@ -104,8 +104,9 @@ void frmarrivalTime::cmdOk_Click() {
 
 // A missing row is reported by the view, which saves the whole row next.
 bool frmarrivalTime::SaveCheckedIn() {
-    const WriteOutcome outcome =
-        CheckIn(checkInKey_, CheckInTimeText(Today(), Arrival(), Session().DateOrder == DayFirst));
+    const WriteOutcome outcome = CheckIn(
+        checkInKey_,
+        CheckInTimeText(Today(), Arrival(), static_cast<DateOrder>(Session().DateOrder) == DateOrder::DayFirst));
     if (outcome.failure)
         TellError(QStringLiteral("Error saving arrival time. "), *outcome.failure);
     return !outcome.failure;

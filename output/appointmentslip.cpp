@@ -6,6 +6,7 @@
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "output/frmpappt.h"
+#include "platform/controls/datefield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -13,8 +14,6 @@
 #include "session/session.h"
 
 namespace {
-
-constexpr int DayFirst = 1;  ///< A value of the session's DateOrder.
 
 struct StoredAppointment {
     AppointmentSlip slip;
@@ -53,7 +52,7 @@ std::optional<StoredAppointment> stored(const SlipRequest& request) {
 }  // namespace
 
 QString SlipDateText(const AppointmentSlip& slip) {
-    const bool isDayFirst = Session().DateOrder == DayFirst;
+    const bool isDayFirst = static_cast<DateOrder>(Session().DateOrder) == DateOrder::DayFirst;
     const QString date = QLocale::c().toString(
         slip.date, isDayFirst ? QStringLiteral("dddd, d MMM yyyy") : QStringLiteral("dddd MMM d, yyyy"));
     return slip.start ? date + QStringLiteral(" at ") + MinutesToTimeText(*slip.start, Session().MilitaryTime) : date;

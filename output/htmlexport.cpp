@@ -8,6 +8,7 @@
 #include "data/minutetime.h"
 #include "data/pipefields.h"
 #include "output/exportedappointment.h"
+#include "platform/controls/datefield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -23,7 +24,6 @@ namespace {
 
 constexpr int DaysOfWeek = 7;
 const QString Folder = QStringLiteral("Documents");
-constexpr int DayFirst = 1;  // The session's DateOrder.
 const std::vector<int> HeadingWidths{8500};
 const std::vector<int> ListWidths{2000, 2000, 4500};
 const QColor Shade(0xC0, 0xC0, 0xFF);  // 0xFFC0C0 as a Windows colour.
@@ -45,7 +45,8 @@ QString scheduleOf() {
 QString pathOf(const QString& kind, QDate date) {
     QString name =
         Session().ProviderId + kind +
-        date.toString(Session().DateOrder == DayFirst ? QStringLiteral("ddMMyyyy") : QStringLiteral("MMddyyyy"));
+        date.toString(static_cast<DateOrder>(Session().DateOrder) == DateOrder::DayFirst ? QStringLiteral("ddMMyyyy")
+                                                                                         : QStringLiteral("MMddyyyy"));
     // A provider's id may hold any sign, and the name of a file may not.
     for (const QChar sign : {u'/', u'\\', u'\0'})
         name.replace(sign, u'_');

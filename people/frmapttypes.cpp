@@ -13,6 +13,7 @@
 #include "data/codes.h"
 #include "platform/calendar/colour.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/listfilter.h"
 #include "platform/controls/textfield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -67,6 +68,7 @@ void frmapttypes::buildForm() {
     fg->setObjectName(QStringLiteral("fg"));
     fg->setAccessibleName(QStringLiteral("Appointment Types"));
     fg->SetColumns({{tr("Color"), ListColumn::Kind::Color, 8}, {tr("Appointment Type")}});
+    filter_ = new ListFilter(*fg, {tr("appointment type"), tr("appointment types")}, this);
     auto* entry = new TextField(this);
     entry->SetMost(MostCharacters);
     txttype = entry;
@@ -106,7 +108,11 @@ void frmapttypes::layOutForm() {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     grid->setSpacing(Space(12));
-    grid->addWidget(fg, 0, 0, 1, 2);
+    auto* types = new QVBoxLayout;
+    types->setSpacing(Space(8));
+    types->addWidget(filter_);
+    types->addWidget(fg, 1);
+    grid->addLayout(types, 0, 0, 1, 2);
     grid->addWidget(name, 1, 0);
     grid->addWidget(txttype, 1, 1);
     grid->addLayout(color, 2, 1);
@@ -145,6 +151,7 @@ void frmapttypes::loadtypes() {
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading appointment types. "), error);
     }
+    filter_->Refresh();
     disablebuttons();
 }
 

@@ -6,6 +6,7 @@ class QFrame;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class ListFilter;
 class ctList;
 
 /// Returns the colour (0xBBGGRR) that is stored for a type with the picked colour. A colour that the system reserves
@@ -28,6 +29,7 @@ class frmapttypes : public EditorDialog {
     [[nodiscard]] static bool IsTypeBeingUsed(int color);
 
     ctList* fg = nullptr;
+    ListFilter* filter_ = nullptr;
     QLineEdit* txttype = nullptr;
     QPushButton* PnlPickColor = nullptr;
     QLabel* lblcode = nullptr;

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/ctlist.h"
+#include "platform/controls/listfilter.h"
 #include "platform/controls/textfield.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -25,6 +26,8 @@ namespace {
 constexpr int MostCharacters = 50;
 
 struct Facts {
+    const char* one;  ///< The words that count the entries.
+    const char* many;
     const char* title;
     const char* heading;
     const char* hint;
@@ -36,6 +39,8 @@ struct Facts {
 
 const Facts& factsOf(PracticeList list) {
     static constexpr Facts locations{
+        "location",
+        "locations",
         "Edit Locations",
         "Location",
         "Click a Location to Delete or Rename it, or type a new Location in the space below.",
@@ -43,7 +48,9 @@ const Facts& factsOf(PracticeList list) {
         "Location",
         "Locationid",
         "Locationid = {}"};
-    static constexpr Facts rooms{"Edit Rooms",
+    static constexpr Facts rooms{"room",
+                                 "rooms",
+                                 "Edit Rooms",
                                  "Room",
                                  "Click a Room to Delete or Rename it, or type a new Room in the space below.",
                                  "Select * from Rooms Order by Room",
@@ -51,6 +58,8 @@ const Facts& factsOf(PracticeList list) {
                                  "Roomid",
                                  "Roomid = {}"};
     static constexpr Facts events{
+        "activity/event",
+        "activities/events",
         "Edit Activities/Events",
         "Activity/Event",
         "Click an Activity/Event to Delete or Rename it, or type a new Activity/Event in the space below.",
@@ -59,6 +68,8 @@ const Facts& factsOf(PracticeList list) {
         "Eventid",
         "Eventid = {}"};
     static constexpr Facts availability{
+        "reason",
+        "reasons",
         "Edit Unavailable Time",
         "Unavailable Time",
         "Click an Unavailable Time to Delete or Rename it, or type a new Unavailable Time in the space below.",
@@ -111,6 +122,7 @@ void frmlocs::buildForm() {
     List1->setObjectName(QStringLiteral("List1"));
     List1->setAccessibleName(QLatin1String(facts.heading));
     List1->SetColumns({{QLatin1String(facts.heading)}});
+    filter_ = new ListFilter(*List1, {QLatin1String(facts.one), QLatin1String(facts.many)}, this);
     auto* entry = new TextField(this);
     entry->SetMost(MostCharacters);
     txtlocation = entry;
@@ -141,6 +153,7 @@ void frmlocs::layOutForm() {
     buttons->addWidget(cmdclose);
     auto* left = new QVBoxLayout;
     left->setSpacing(Space(8));
+    left->addWidget(filter_);
     left->addWidget(List1, 1);
     left->addWidget(txtlocation);
     auto* row = new QHBoxLayout;
@@ -168,6 +181,7 @@ void frmlocs::loadlist() {
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error loading list. "), error);
     }
+    filter_->Refresh();
     followSelection();
 }
 
@@ -198,6 +212,7 @@ template <class Write>
 void frmlocs::write(Write step) {
     try {
         if (step()) {
+            filter_->ShowAll();
             txtlocation->clear();
             offered_.clear();
         }

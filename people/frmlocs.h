@@ -5,6 +5,7 @@
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class ListFilter;
 class ctList;
 
 /// The lists of the practice that frmlocs edits. The numbers are the form's modes.
@@ -51,5 +52,6 @@ class frmlocs : public EditorDialog {
     void write(Write step);
 
     PracticeList list_;
+    ListFilter* filter_ = nullptr;
     QString offered_;  ///< The text that the last selected entry put into the field.
 };

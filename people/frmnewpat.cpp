@@ -30,6 +30,7 @@ frmnewpat::frmnewpat(const Names& known, QWidget* parent) : QDialog(parent) {
     buildForm();
     loadAccountLabel();
     loadprovlist();
+    presetProvider(known.provider);
     txtdic->setDate(Today());
     watchChanges();
     // A name that was typed already is lost as little as one that is typed here.
@@ -37,7 +38,8 @@ frmnewpat::frmnewpat(const Names& known, QWidget* parent) : QDialog(parent) {
     txtfname->setText(known.first);
     showMissing();
     FitToScreen(*this);
-    txtlname->setFocus();
+    // What is known already is not asked for first. The date of birth is always missing.
+    missingFields().first().field->setFocus();
 }
 
 // Disconnects the date fields. One with the focus is left while the form is destroyed, and would otherwise signal a
@@ -59,9 +61,9 @@ void frmnewpat::reject() {
 }
 
 void frmnewpat::watchChanges() {
-    for (QLineEdit* field : {txtlname, txtfname, txtmi, txtsal, txtid, txtcity, txtstate, txtzip})
+    for (QLineEdit* field : {txtlname, txtfname, txtmi, txtsal, txtid, txtcity, txtstate, txtzip, txtemail})
         connect(field, &QLineEdit::textChanged, this, &frmnewpat::changed);
-    for (ctMEdit* field : {txtssn, txthphone, txtwphone})
+    for (ctMEdit* field : {txtssn, txthphone, txtwphone, txtcphone})
         connect(field, &ctMEdit::Change, this, &frmnewpat::changed);
     for (QComboBox* field : {cbosex, cboprovider})
         connect(field, &QComboBox::currentIndexChanged, this, &frmnewpat::changed);
@@ -91,6 +93,12 @@ void frmnewpat::loadprovlist() {
     cboprovider->setCurrentIndex(-1);
     if (cboprovider->count() == 0)
         cboprovider->setPlaceholderText(tr("No provider yet: add one in Solvane"));
+}
+
+void frmnewpat::presetProvider(const QString& id) {
+    for (int row = 0; row < lstproviders->count() && !id.isEmpty(); ++row)
+        if (lstproviders->item(row)->text().compare(id, Qt::CaseInsensitive) == 0)
+            cboprovider->setCurrentIndex(row);
 }
 
 void frmnewpat::loadAccountLabel() {

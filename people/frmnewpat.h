@@ -29,6 +29,7 @@ class frmnewpat : public QDialog {
     struct Names {
         QString last;
         QString first;
+        QString provider = {};  ///< The id of the provider with whom the appointment is made. It may be empty.
     };
 
     explicit frmnewpat(const Names& known, QWidget* parent = nullptr);
@@ -54,6 +55,8 @@ class frmnewpat : public QDialog {
     QLineEdit* txtzip = nullptr;
     ctMEdit* txthphone = nullptr;
     ctMEdit* txtwphone = nullptr;
+    ctMEdit* txtcphone = nullptr;
+    QLineEdit* txtemail = nullptr;
     QComboBox* cbosex = nullptr;
     QComboBox* cboprovider = nullptr;
     /// The ids of the providers in the rows of cboprovider; never shown.
@@ -90,6 +93,7 @@ class frmnewpat : public QDialog {
 
     void watchChanges();
     void loadprovlist();
+    void presetProvider(const QString& id);
     void loadAccountLabel();
     void changed();
     void txtdob_Leave();

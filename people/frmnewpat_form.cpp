@@ -31,6 +31,7 @@ enum Length {
     StateLength = 50,
     ZipLength = 20,
     PhoneLength = 40,
+    EmailLength = 255,
 };
 
 constexpr int AddressLines = 2;
@@ -64,8 +65,8 @@ void frmnewpat::buildForm() {
     addIdentity(*grid, 1);
     addAddress(*grid, 3);
     addContact(*grid, 4);
-    addProvider(*grid, 5);
-    grid->setRowStretch(6, 1);
+    addProvider(*grid, 6);
+    grid->setRowStretch(7, 1);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -123,11 +124,15 @@ void frmnewpat::addAddress(QGridLayout& grid, int row) {
 
 void frmnewpat::addContact(QGridLayout& grid, int row) {
     QWidget* parent = grid.parentWidget();
-    AddHeading(grid, row, tr("Telephone"));
+    AddHeading(grid, row, tr("Contact"));
     txthphone = MaskedField("txthphone", {Session().PhoneMask, {}}, PhoneLength, parent);
     txtwphone = MaskedField("txtwphone", {Session().PhoneMask, ExtensionMask}, PhoneLength, parent);
-    PlaceField(grid, row, 0, 10, {tr("&Home")}, txthphone);
-    PlaceField(grid, row, 10, 14, {tr("&Work, with extension")}, txtwphone);
+    txtcphone = MaskedField("txtcphone", {Session().PhoneMask, {}}, PhoneLength, parent);
+    txtemail = LimitedField("txtemail", EmailLength, parent);
+    PlaceField(grid, row, 0, 8, {tr("&Home")}, txthphone);
+    PlaceField(grid, row, 8, 8, {tr("&Work, with extension")}, txtwphone);
+    PlaceField(grid, row, 16, 8, {tr("Cell pho&ne")}, txtcphone);
+    PlaceField(grid, row + 1, 0, 16, {tr("E-&mail")}, txtemail);
 }
 
 void frmnewpat::addProvider(QGridLayout& grid, int row) {
@@ -171,9 +176,9 @@ QWidget* frmnewpat::buttonRow() {
 }
 
 void frmnewpat::setTabOrders() {
-    const QList<QWidget*> order{txtlname,    txtfname,   txtmi,    txtsal,   txtdob,   cbosex,    txtssn,
-                                txtid,       txtaddress, txtcity,  txtstate, txtzip,   txthphone, txtwphone,
-                                cboprovider, txtdic,     ckactive, cmdOk,    cmdcancel};
+    const QList<QWidget*> order{txtlname,  txtfname,   txtmi,       txtsal,   txtdob,   cbosex,    txtssn,
+                                txtid,     txtaddress, txtcity,     txtstate, txtzip,   txthphone, txtwphone,
+                                txtcphone, txtemail,   cboprovider, txtdic,   ckactive, cmdOk,     cmdcancel};
     for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
 }

@@ -8,6 +8,7 @@
 
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formparts.h"
+#include "platform/controls/listfilter.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/theme/icon.h"
@@ -32,6 +33,7 @@ frmsltpv::frmsltpv(QWidget* parent) : QDialog(parent) {
 
     connect(txtfind, &TextField::textChanged, this,
             [this](const QString& text) { cmdfind->setEnabled(!text.isEmpty()); });
+    connect(txtfind, &TextField::textChanged, this, &frmsltpv::filter);
     connect(txtfind, &TextField::textEdited, this, &frmsltpv::cmdfind_Click);
     connect(cmdfind, &QPushButton::clicked, this, &frmsltpv::cmdfind_Click);
     connect(List1, &ctList::SelectionChanged, this, [this] { cmdOk->setEnabled(List1->SelectedRow() >= 0); });
@@ -48,7 +50,7 @@ void frmsltpv::buildForm() {
     txtfind = new TextField(this);
     txtfind->setObjectName(QStringLiteral("txtfind"));
     txtfind->setClearButtonEnabled(true);
-    txtfind->setPlaceholderText(tr("First letters of a name"));
+    txtfind->setPlaceholderText(tr("Part of a name"));
     txtfind->installEventFilter(this);
     auto* label = new QLabel(tr("&Find:"), this);
     label->setBuddy(txtfind);
@@ -77,7 +79,9 @@ void frmsltpv::buildForm() {
     find->addWidget(label);
     find->addWidget(txtfind, 1);
     find->addWidget(cmdfind);
+    lblcount = Named(new QLabel(this), "lblcount");
     auto* buttons = ButtonRow({cmdOk, cmdcancel});
+    buttons->insertWidget(0, lblcount);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));
@@ -110,9 +114,15 @@ void frmsltpv::loadProviders() {
             const int row = List1->AddRow({providers["prov_lastname"].text(), id}, id);
             List1->SetItemText(row, providers["prov_lastname"].text());
         }
+        filter();
         lblnobody->setVisible(List1->RowCount() == 0);
         List1->setVisible(List1->RowCount() > 0);
     });
+}
+
+void frmsltpv::filter() {
+    List1->SetFilter(txtfind->text().trimmed(), NameColumn);
+    lblcount->setText(CountText(*List1, {tr("provider"), tr("providers")}));
 }
 
 void frmsltpv::cmdfind_Click() {

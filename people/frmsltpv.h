@@ -20,6 +20,7 @@ class frmsltpv : public QDialog {
     ctList* List1 = nullptr;
     TextField* txtfind = nullptr;
     QPushButton* cmdfind = nullptr;
+    QLabel* lblcount = nullptr;
     QLabel* lblnobody = nullptr;  ///< Says what to do in a practice without providers.
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdcancel = nullptr;
@@ -30,6 +31,8 @@ class frmsltpv : public QDialog {
   private:
     void buildForm();
     void loadProviders();
+    /// Shows only the names that contain the text of txtfind.
+    void filter();
     /// Selects the first name that starts with the text of txtfind, in any case. Without a match the selection stays.
     void cmdfind_Click();
     void cmdOk_Click();

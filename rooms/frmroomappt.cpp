@@ -16,6 +16,7 @@
 #include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 namespace {
@@ -105,6 +106,9 @@ void frmRoomAppt::layOutForm() {
     column->setSpacing(Space(16));
     column->addWidget(new FormArea(fields, this), 1);
     column->addLayout(buttons);
+    FormHeading* heading = FormHeading::Above(*this, tr("Room Meeting"));
+    heading->SetWhom(lblRoom->text());
+    heading->FollowDay(*ctedate);
     FitToScreen(*this);
     txtsubject->setFocus();
     txtsubject->selectAll();

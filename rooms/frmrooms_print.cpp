@@ -3,13 +3,12 @@
 #include <QLocale>
 
 #include "platform/calendar/ctmday.h"
+#include "platform/controls/datefield.h"
 #include "rooms/frmrooms.h"
 #include "session/namedpreview.h"
 #include "session/session.h"
 
 namespace {
-
-constexpr int DayFirst = 1;  ///< A value of the session's DateOrder.
 
 /// Returns how long the room is booked: "Bookings: 3, 2:30 hours". Time that is booked twice counts once.
 QString bookedTime(const std::vector<CalendarItem>& bookings) {
@@ -41,8 +40,9 @@ ScheduleSheet frmrooms::sheet(const PrintOptions& options) const {
     ScheduleSheet sheet;
     sheet.content = ctDays1->Content();
     sheet.content.headingFormat = QString::fromLatin1(DayAndNumbers);
-    sheet.title = Session().DateOrder == DayFirst ? QLocale::c().toString(date_, QStringLiteral("dddd, d MMMM yyyy"))
-                                                  : SheetDate(date_);
+    sheet.title = static_cast<DateOrder>(Session().DateOrder) == DateOrder::DayFirst
+                      ? QLocale::c().toString(date_, QStringLiteral("dddd, d MMMM yyyy"))
+                      : SheetDate(date_);
     sheet.subtitle = QStringLiteral("Room Schedule - ") + cborooms->currentText();
     if (options.timeStats)
         sheet.footer = bookedTime(sheet.content.items);

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <QCheckBox>
+#include <QCompleter>
 #include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QShowEvent>
@@ -189,6 +191,11 @@ void frmsvspl::showEvent(QShowEvent* event) {
 
 bool frmsvspl::eventFilter(QObject* watched, QEvent* event) {
     auto* field = qobject_cast<QLineEdit*>(watched);
+    if (watched == txtuid && event->type() == QEvent::KeyPress && txtuid->text().isEmpty() &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down && txtuid->completer() != nullptr) {
+        txtuid->setText(txtuid->completer()->currentCompletion());
+        return true;
+    }
     if (!field || event->type() != QEvent::FocusIn)
         return QDialog::eventFilter(watched, event);
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -235,9 +242,20 @@ void frmsvspl::cmdOk_Click() {
 
 void frmsvspl::refuse(const QString& text, const QString& title) {
     MsgBox(text, ExclamationBox, title);
+    offerUser(txtuid->text());
     txtuid->clear();
     txtpassword->clear();
     txtuid->setFocus();
+}
+
+// Most often only the password was wrong. Its first letter, or the Down key, brings the user id back.
+void frmsvspl::offerUser(const QString& userId) {
+    auto* users = new QCompleter({userId}, txtuid);
+    users->setCompletionMode(QCompleter::InlineCompletion);
+    users->setCaseSensitivity(Qt::CaseInsensitive);
+    delete txtuid->completer();
+    txtuid->setCompleter(users);
+    txtuid->setPlaceholderText(tr("Down arrow: %1").arg(userId));
 }
 
 void frmsvspl::countWrongPassword(const QString& userId) {

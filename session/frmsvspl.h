@@ -40,6 +40,8 @@ class frmsvspl : public QDialog {
     void enableOk();
     /// Shows a message and empties the fields, so that the user can begin again.
     void refuse(const QString& text, const QString& title);
+    /// Offers a user id, as it was typed last, to be completed.
+    void offerUser(const QString& userId);
     void countWrongPassword(const QString& userId);
     /// Shows how long the next try has to wait, until the wait is over.
     void tellWaiting();

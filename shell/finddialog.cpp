@@ -94,11 +94,30 @@ void FindDialog::layOutForm() {
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));
     column->addWidget(label);
-    column->addLayout(find);
+    choices_ = new QVBoxLayout;
+    choices_->setSpacing(Space(8));
+    choices_->addLayout(find);
+    column->addLayout(choices_);
     column->addWidget(ctList1, 1);
     column->addLayout(buttons);
     FitToScreen(*this);
     txtfind->setFocus();
+}
+
+void FindDialog::addChoice(QWidget* choice) {
+    choices_->addWidget(choice);
+    setTabOrder(cmdfind, choice);
+}
+
+void FindDialog::changeColumns(std::vector<ListColumn> columns, const QString& widths, const QString& titles) {
+    const bool again = ctList1->RowCount() > 0 && !txtfind->text().isEmpty();
+    texts_.widths = widths;
+    texts_.titles = titles;
+    ctList1->SetColumns(std::move(columns));
+    lblcount->clear();
+    allowResults(false);
+    if (again)
+        cmdfind_Click();
 }
 
 void FindDialog::allowResults(bool allowed) {
@@ -120,7 +139,7 @@ void FindDialog::cmdfind_Click() {
     const int hits = ctList1->RowCount();
     if (hits == 0)
         return;
-    lblcount->setText(hits == 1 ? texts_.one : texts_.many.arg(hits));
+    lblcount->setText(countText(hits));
     ctList1->SelectRow(0);
     allowResults(true);
     cmdgoto->setDefault(true);
@@ -135,10 +154,18 @@ void FindDialog::addHits() {
         txtfind->selectAll();
         return;
     }
+    listHits(rows);
+}
+
+void FindDialog::listHits(Recordset& rows) {
     for (; !rows.Eof(); rows.MoveNext())
         ctList1->AddRow(listLine(rows), rows["nkeyid"].integer());
     rows.MoveFirst();
     nameHits(rows);
+}
+
+QString FindDialog::countText(int hits) const {
+    return hits == 1 ? texts_.one : texts_.many.arg(hits);
 }
 
 void FindDialog::cmdgoto_Click() {

@@ -11,6 +11,7 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QVBoxLayout;
 
 /// A dialog that finds rows by a text, lists them, prints them and goes to one of them. The derived form decides which
 /// rows are found, how they are listed and where one leads.
@@ -47,6 +48,11 @@ class FindDialog : public QDialog {
     [[nodiscard]] virtual QString statementFor(const QString& text) const = 0;
     /// Returns the cells of a row as the list shows them.
     [[nodiscard]] virtual QStringList listLine(const db::Recordset& row) const = 0;
+    /// Lists the rows that were found, of which there is one at least. They are listed as they come unless the derived
+    /// form has an order of its own. May throw db::DatabaseError.
+    virtual void listHits(db::Recordset& rows);
+    /// Returns the words that count the rows on the list.
+    [[nodiscard]] virtual QString countText(int hits) const;
     /// Marks the descriptions that name a patient by ctList::NameCell, so that they are hidden with the patients'
     /// names. It is called after all rows were listed, with the cursor at the first row. May throw db::DatabaseError.
     virtual void nameHits(db::Recordset& rows) = 0;
@@ -55,6 +61,11 @@ class FindDialog : public QDialog {
     virtual void goTo(qint64 key) = 0;
 
     static constexpr int DescriptionColumn = 1;
+
+    /// Adds a choice of what is searched, below the text.
+    void addChoice(QWidget* choice);
+    /// Replaces the columns of the list and of the printed table. The hits of before are searched for again.
+    void changeColumns(std::vector<ListColumn> columns, const QString& widths, const QString& titles);
 
   private:
     void buildForm(std::vector<ListColumn> columns);
@@ -67,4 +78,5 @@ class FindDialog : public QDialog {
     [[nodiscard]] VSPrinter printedList(bool selectedOnly) const;
 
     Texts texts_;
+    QVBoxLayout* choices_ = nullptr;
 };

@@ -9,4 +9,6 @@ struct FoundAppointment {
     QDate date;
     int start = 0;  ///< Minutes since midnight.
     bool allDay = false;
+    /// The provider whose column shows it in the view of all providers; empty for the session's provider.
+    QString provider = {};
 };

@@ -367,6 +367,8 @@ void mdisched::cyclePanes(int direction) {
         add(notices_, first);
     if (view_ != nullptr)
         add(view_, view_->focusProxy() != nullptr ? view_->focusProxy() : view_);
+    for (QWidget* pane : view_ != nullptr ? view_->SidePanes() : QList<QWidget*>())
+        add(pane, pane);
     add(pnlsched_, pnlsched_);
     const auto count = static_cast<int>(panes.size());
     if (count == 0)

@@ -91,7 +91,7 @@ void mdisched::buildActions() {
             view_->PrintSchedule();
     });
     checkedIn_ =
-        command("checkedin", tr("Checked In"), "checkedin", tr("Ctrl+I"), [this] { Q_EMIT CheckedInRequested(); });
+        command("checkedin", tr("Checked-In"), "checkedin", tr("Ctrl+I"), [this] { Q_EMIT CheckedInRequested(); });
     hideNames_ =
         command("hidenames", tr("Hide Patient Names"), "eye", tr("Ctrl+H"), [this] { ToggleHidePatientNames(); });
     hideNames_->setCheckable(true);

@@ -58,6 +58,7 @@ inline constexpr MenuName mnuANext{"mnuANext"};
 inline constexpr MenuName mnuAEdit{"mnuAEdit"};
 inline constexpr MenuName mnuADelete{"mnuADelete"};
 inline constexpr MenuName mnuAsep1{"mnuAsep1"};
+inline constexpr MenuName mnuAPending{"mnuAPending"};
 inline constexpr MenuName mnuCheckediN{"mnuCheckediN"};
 inline constexpr MenuName mnuAKept{"mnuAKept"};
 inline constexpr MenuName mnuAMissed{"mnuAMissed"};

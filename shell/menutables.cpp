@@ -54,6 +54,7 @@ Table appointmentsMenu() {
         {Kind::Command, menu::mnuAEdit, "&Edit...", "edit", "Ctrl+E"},
         {Kind::Command, menu::mnuADelete, "&Delete\tDel", "delete"},
         {Kind::Separator, menu::mnuAsep1},
+        {Kind::Command, menu::mnuAPending, "Pendin&g"},
         {Kind::Command, menu::mnuCheckediN, "Checked-&In...", "checkedin", "Ctrl+I"},
         {Kind::Command, menu::mnuAKept, "&Kept", "check", "Ctrl+K"},
         {Kind::Command, menu::mnuAMissed, "&Missed", "missed", "Ctrl+M"},

@@ -65,19 +65,22 @@ QString SheetDate(QDate date) {
 
 VSPrinter PrintedSheet(const ScheduleSheet& sheet, const PrintOptions& options) {
     VSPrinter vp = framed(sheet);
+    if (sheet.content.dayColumns && sheet.content.columns.size() > 1)
+        vp.SetOrientation(QPageLayout::Landscape);
     const CalendarStyle style = styleOf(options, EntryPoints);
     CalendarContent content = sheet.content;
     content.timeInterval = options.timeUnit.value_or(content.timeInterval);
     // All pages paint from one copy, which nothing changes while the preview stands.
     const auto shared = std::make_shared<const CalendarContent>(std::move(content));
+    const PageNotes notes{sheet.owner, true};
     const int columns = static_cast<int>(shared->columns.size());
     const int perPage = std::max(sheet.columnsPerPage, 1);
     for (int first = 1; first <= columns; first += perPage) {
         if (first > 1)
             vp.NewPage();
         addTitles(vp, sheet, options);
-        vp.AddFigure([shared, style, first, perPage](QPainter& painter, const QRectF& room) {
-            PaintPage(painter, room, *shared, first, perPage, style);
+        vp.AddFigure([shared, style, first, perPage, notes](QPainter& painter, const QRectF& room) {
+            PaintPage(painter, room, *shared, first, perPage, style, notes);
         });
     }
     if (columns == 0)

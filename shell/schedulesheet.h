@@ -23,6 +23,7 @@ struct SheetFrame {
 struct ScheduleSheet : SheetFrame {
     CalendarContent content;
     int columnsPerPage = 1;
+    QString owner;  ///< Whose days the columns are; empty where the headings are the owners.
 };
 
 /// A month that is to be printed on one page.
@@ -32,7 +33,8 @@ struct MonthSheet : SheetFrame {
 
 /// Returns the sheet as a document, in the fonts, alignment and time units of the options. Each page holds
 /// `columnsPerPage` columns under the title lines, and tells at its foot when it was printed. The colours beside the
-/// entries are printed when the options say so.
+/// entries are printed when the options say so. The headings also tell the owner and how many visits have which status,
+/// and the foot explains the glyphs. Several days beside each other begin on paper across.
 [[nodiscard]] VSPrinter PrintedSheet(const ScheduleSheet& sheet, const PrintOptions& options);
 /// The same for a month, on paper across.
 [[nodiscard]] VSPrinter PrintedSheet(const MonthSheet& sheet, const PrintOptions& options);

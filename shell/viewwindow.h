@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <QDate>
+#include <QList>
 #include <QWidget>
 
 class QMenuBar;
@@ -48,6 +49,8 @@ class ViewWindow : public QWidget {
     [[nodiscard]] virtual bool CanAdd() const { return false; }
     [[nodiscard]] virtual bool CanFind() const { return false; }
     [[nodiscard]] virtual bool CanPrint() const { return false; }
+    /// Returns the widgets beside the view's own that the key for the next pane goes to, in their order.
+    [[nodiscard]] virtual QList<QWidget*> SidePanes() const { return {}; }
     /// Stores the text that is being typed in place. It is called before something else is read or written.
     void CommitEdits();
     /// Opens the database again after its file was replaced, and reads everything anew, so that no row of the old file

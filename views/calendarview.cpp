@@ -10,6 +10,7 @@
 #include "session/namedpreview.h"
 #include "session/rights.h"
 #include "session/session.h"
+#include "views/shelfpanel.h"
 
 namespace {
 
@@ -27,7 +28,8 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     : MenuView(main, menus, parent),
       board_(new DayBoard(QStringLiteral("ctMDay1"),
                           {[this](CalendarItem& item) { lock(item); }, appointmentsOfPatients}, this)),
-      ctMDay1(&board_->Grid()) {
+      ctMDay1(&board_->Grid()),
+      shelf_(new ShelfPanel(this)) {
     bindCommands();
     bindStatusCommands();
     bindDeletion();
@@ -39,6 +41,7 @@ CalendarView::CalendarView(MainWindow& main, std::span<const MenuEntry> menus, Q
     bindNotes();
     bindSlip();
     bindReports();
+    bindShelf();
     makeItemPopup();
     board_->SetScale(Session().TimeUnit);
 }
@@ -60,6 +63,7 @@ void CalendarView::lock(CalendarItem& item) const {
         !MayWrite() || facts_.value(item.ItemKey).apptType == ApptTypeSlot || item.ItemColor == ncolor::Holiday;
     item.ItemTextLocked = whole || IsPatientRow(item.ItemColor) || item.ItemColor == ncolor::Group;
     item.ItemMoveLocked = whole;
+    item.ItemShelved = shelf_->Holds(item.ItemKey);
 }
 
 std::optional<SelectedSlot> CalendarView::SelectedTime() const {
@@ -79,6 +83,9 @@ std::optional<BookedProvider> CalendarView::providerOfColumn(int /*column*/) con
 ScheduleSheet CalendarView::sheet(const PrintOptions& /*options*/) const {
     ScheduleSheet sheet;
     sheet.content = ctMDay1->Content();
+    // The shelf is the user's own; paper is for everybody.
+    for (CalendarItem& item : sheet.content.items)
+        item.ItemShelved = false;
     sheet.title = SheetDate(ctMDay1->Date());
     sheet.footer = Session().ProviderName;
     sheet.columnsPerPage = static_cast<int>(sheet.content.columns.size());
@@ -117,6 +124,7 @@ void CalendarView::beginLoad(QDate date, const QString& provider) {
     board_->BeginLoad(date, provider);
     callIcons_.clear();
     facts_.clear();
+    shelf_->Read();
 }
 
 QStringList CalendarView::callStatements() const {
@@ -127,7 +135,7 @@ QStringList CalendarView::callStatements() const {
 }
 
 QStringList CalendarView::statementsOfLoad(QDate date, const QString& provider) const {
-    QStringList statements = callStatements();
+    QStringList statements = callStatements() + shelf_->Statements();
     if (const std::optional<CalendarItem> selected = SelectedItem(); selected && board_->Shows(date, provider))
         statements += detailStatements(*selected);
     return statements;
@@ -188,10 +196,12 @@ void CalendarView::ApplyPreferences() {
 void CalendarView::setmenuaccess() {
     if (!MayWrite()) {
         for (const MenuName name : {menu::mnuANew, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
-                                    menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel})
+                                    menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel,
+                                    menu::mnuAPending, menu::mnuAMove, menu::mnuAShelve, menu::mnuALand})
             menus_.Allow(name, false, tr("You may only read the schedules."));
-        for (const MenuName name : {menu::mnuARepeat, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList,
-                                    menu::mnuFAtypes, menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
+        for (const MenuName name :
+             {menu::mnuARepeat, menu::mnuARest, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFAtypes,
+              menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
             menus_.Show(name, false);
     }
     if (!MayDelete()) {

@@ -18,8 +18,12 @@ class EditorDialog;
 struct EditorRequest;
 enum class ReportMode;
 struct ExportRequest;
+struct MoveTarget;
 struct ReportOpening;
+struct ShelvedAppointment;
 struct WriteOutcome;
+class ShelfPanel;
+enum class RoomQuestion;
 
 /// The base of the views that show appointments on a board. It holds the commands on appointments, applies the user's
 /// rights to them, and makes items of rows. A derived view adds only its differences.
@@ -28,6 +32,7 @@ class CalendarView : public MenuView {
 
   public:
     CalendarView(MainWindow& main, std::span<const MenuEntry> menus, QWidget* parent);
+    ~CalendarView() override;
 
     void ApplyPreferences() override;
     /// Opens the editor for a new patient appointment at the selected time.
@@ -38,6 +43,7 @@ class CalendarView : public MenuView {
     /// Finds an appointment by its text and goes to it.
     void FindAppointment() override;
     [[nodiscard]] bool CanFind() const override { return true; }
+    [[nodiscard]] QList<QWidget*> SidePanes() const override;
     /// Shows the print preview of the view's schedule.
     void PrintSchedule() override { printS(); }
 
@@ -71,6 +77,9 @@ class CalendarView : public MenuView {
     /// Returns the provider of a column when the columns are providers, and nothing otherwise. An appointment that is
     /// dropped on the column becomes this provider's.
     [[nodiscard]] virtual std::optional<BookedProvider> providerOfColumn(int column) const;
+
+    /// Asks before an item is dropped at a place, and returns whether it may be. A view without a question says yes.
+    [[nodiscard]] virtual bool mayDrop(const CalendarItem& /*item*/, const ItemPlace& /*place*/) { return true; }
 
     /// Returns the name of the provider with this id, or the id when the view does not know the name.
     [[nodiscard]] virtual QString nameOfProvider(const QString& id) const { return id; }
@@ -135,6 +144,9 @@ class CalendarView : public MenuView {
     /// An error of the database is told in a box, or in the notice bar under `subject` when that is not empty.
     bool saveappt(int index, const QString& subject = {});
 
+    /// Returns the grid with the holding shelf beside it, for the view's layout.
+    [[nodiscard]] QWidget* calendarWithShelf();
+
     DayBoard* board_;
     ctMDay* ctMDay1;                          ///< The board's grid.
     QHash<QString, ShownAppointment> facts_;  ///< The rows of the items, by ItemKey.
@@ -176,7 +188,8 @@ class CalendarView : public MenuView {
     // calendarview_move.cpp
     void bindInPlaceWork();
     void moveappt(int index);
-    void storeMove(const CalendarItem& item, bool room);
+    void storeMove(const CalendarItem& item);
+    static void tellNoTimeOfDay();
     /// Returns the statements that a save of an item in place reads, and those of the details shown after it.
     [[nodiscard]] QStringList savingStatements(const CalendarItem& item) const;
     void showRow(ShownAppointment row);
@@ -185,13 +198,35 @@ class CalendarView : public MenuView {
     /// Keeps a text that was typed in place and could not be saved (KeepTyped). `read` is the item as it was read.
     void keepText(const CalendarItem& read, const QString& text) const;
 
+    // calendarview_shelf.cpp
+    void bindShelf();
+    void followShelf();
+    void suitMoves(int index);
+    /// Why an item cannot be moved; empty where it can.
+    [[nodiscard]] QString whyNoMove(int index) const;
+    [[nodiscard]] BookedProvider providerNamed(const QString& id) const;
+    void moveCommand();
+    void move(const ShownAppointment& row, const MoveTarget& target, const QString& providerBefore,
+              RoomQuestion question);
+    void shelve(int index);
+    void leaveShelf(int key);
+    std::optional<ItemPlace> placeIncoming(int row, QPoint at);
+    void dropIncoming(int row, QPoint at);
+    void landAtSelection();
+    void land(const ShelvedAppointment& shelved, const ItemPlace& place);
+    void landActivity(const ShelvedAppointment& shelved, const SelectedSlot& slot);
+
     // calendarview_commands.cpp
     void bindLists();
     void bindSearches();
-    void bindSeries();
     void tellUnseen(const FoundAppointment& found);
     void searchOpening();
     void searchType();
+
+    // calendarview_series.cpp
+    void bindSeries();
+    void suitRest(int index);
+    void changeRest();
 
     // calendarview_status.cpp
     void bindStatusCommands();
@@ -233,6 +268,7 @@ class CalendarView : public MenuView {
     [[nodiscard]] static bool isDeleted(const WriteOutcome& outcome);
     void removeItemsOf(int key);
 
+    ShelfPanel* shelf_;
     bool exports_ = false;  ///< Whether this view has exports.
     QMenu* newPopup_ = nullptr;
     QMenu* itemPopup_ = nullptr;

@@ -1,4 +1,3 @@
-#include "appointments/frmrecurappt.h"
 #include "output/frmexportopts.h"
 #include "people/frmapttypes.h"
 #include "people/frmholidays.h"
@@ -39,21 +38,6 @@ void CalendarView::ShowNow() {
     ctMDay1->setFocus();
 }
 
-void CalendarView::bindSeries() {
-    menus_.Bind(menu::mnuARepeat, [this] {
-        const std::optional<CalendarItem> item = SelectedItem();
-        if (!item || item->ItemKey.toInt() < 1) {
-            MsgBox(
-                QStringLiteral(
-                    "No appointment selected. First add or select an appointment and then perform Repeating function."),
-                ExclamationBox, QStringLiteral("Warning"));
-            return;
-        }
-        showEditor(std::make_unique<frmRecurAppt>(
-            *item, Provider(), [&main = main_] { main.cycledate(2); }, window()));
-    });
-}
-
 int CalendarView::selectedKey() const {
     const std::optional<CalendarItem> item = SelectedItem();
     return item ? item->ItemKey.toInt() : 0;
@@ -77,7 +61,10 @@ void CalendarView::FindAppointment() {
     if (!dialog.Found())
         return;
     main_.SetDate(dialog.Found()->date);
-    Reload();
+    if (dialog.ProviderChanged())
+        main_.ProviderChosen();
+    else
+        Reload();
     followProvider();
     showFound(*dialog.Found());
 }

@@ -154,4 +154,5 @@ bool CalendarView::deleteFromSeries(int key, int ref) {
 void CalendarView::removeItemsOf(int key) {
     for (int index = 0; (index = ctMDay1->IndexOfKey(QString::number(key))) > 0;)
         ctMDay1->RemoveItem(index);
+    leaveShelf(key);
 }

@@ -2,7 +2,7 @@
 
 #include "appointments/appointmentrows.h"
 #include "appointments/appointmentwrites.h"
-#include "appointments/conflicts.h"
+#include "appointments/movement.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "platform/controls/noticebar.h"
@@ -14,6 +14,7 @@
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "views/calendarview.h"
+#include "views/movednotice.h"
 
 using db::Recordset;
 
@@ -28,7 +29,7 @@ void tellGone() {
 struct UnsavedText {
     CalendarItem read;
     QString text;
-    ItemPainting painted = {false, [](const QString&) { return -1; }, false};  // Nothing is shown of it.
+    ItemPainting painted = UnpaintedItems();
 
     /// Whether nothing is left to be saved. What another desk has written in the meantime is told once, and written
     /// over by the try after that.
@@ -50,10 +51,6 @@ struct UnsavedText {
         return false;
     }
 };
-
-bool isTimeOfDay(int start, int end) {
-    return 0 <= start && start < end && end <= MinutesPerDay;
-}
 
 }  // namespace
 
@@ -103,47 +100,51 @@ bool CalendarView::saveappt(int index, const QString& subject) {
 void CalendarView::moveappt(int index) {
     const CalendarItem item = std::as_const(*ctMDay1).Item(index);
     const int key = item.ItemKey.toInt();
-    if (!isTimeOfDay(item.ItemStart, item.ItemEnd)) {
+    if (!IsTimeOfDay(item.ItemStart, item.ItemEnd)) {
         putBack(item.ItemKey);
-        MsgBox(tr("An appointment must end after it starts, on the same day. Open it to change its times."),
-               ExclamationBox, tr("Move Appointment"));
+        tellNoTimeOfDay();
         return;
     }
-    const db::ReadTogether together(Session().Connection, savingStatements(item)
-                                                              << AttendeesStatement(key) << ApptRoomStatement(key));
+    const db::ReadTogether together(Session().Connection, savingStatements(item) << MoveStatements(key));
     try {
         if (IsSharedActivity(key)) {
             scheduleActivity(key, SelectedSlot{item.ItemDay, item.ItemStart, item.ItemEnd});
             return;
         }
-        const int room = ApptRoomId(key);
-        if (room < 0)
-            putBack(item.ItemKey);
-        else if (room > 0 && CheckRoomConflicts(key, item.ItemDay, item.ItemStart, item.ItemEnd, room, key))
-            Reload();
-        else
-            storeMove(item, room > 0);
+        storeMove(item);
     } catch (const db::DatabaseError& error) {
         tellUnsaved(item.ItemKey, {WriteOutcome::End::Failed, WriteStep::Appointment, error});
     }
 }
 
-void CalendarView::storeMove(const CalendarItem& item, bool room) {
+void CalendarView::tellNoTimeOfDay() {
+    MsgBox(tr("An appointment must end after it starts, on the same day. Open it to change its times."), ExclamationBox,
+           tr("Move Appointment"));
+}
+
+void CalendarView::storeMove(const CalendarItem& item) {
     const ShownAppointment before = facts_.value(item.ItemKey);
-    AppointmentMove move{before, item.ItemDay, item.ItemStart, item.ItemEnd, item.ItemText, room, {}, {}};
+    AppointmentMove move{before, item.ItemDay, item.ItemStart, item.ItemEnd, item.ItemText, false, {}, {}};
     if ((move.provider = providerOfColumn(item.ItemColumn)))
         move.providerBefore = nameOfProvider(before.clinicianId);
-    const RowOutcome outcome = MoveAppointment(move, painting());
+    const MoveOutcome outcome = MoveWithRoom(move, RoomQuestion::Ask, painting());
+    if (outcome.stop == MoveOutcome::Stop::RoomUnread)
+        return putBack(item.ItemKey);
+    if (outcome.stop == MoveOutcome::Stop::RoomRefused)
+        return Reload();
     if (outcome.failure)
         return tellUnsaved(item.ItemKey, outcome);
     if (outcome.end == WriteOutcome::End::Gone) {
-        MsgBox(QStringLiteral("Error saving appointment. Another user may have deleted this appointment. "), ErrorBox,
-               QStringLiteral("Error"));
+        TellMovedRowGone();
         removeItemsOf(item.ItemKey.toInt());
         return;
     }
     showRow(outcome.row);
     displayapptinfo(ctMDay1->SelectedItem());
+    leaveShelf(item.ItemKey.toInt());
+    // A row that went to another day or provider is easily missed; one that moved within its column is seen.
+    if (!outcome.row.BelongsAs(before))
+        TellMoved(main_, {move, outcome.row});
 }
 
 void CalendarView::showRow(ShownAppointment row) {

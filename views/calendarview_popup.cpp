@@ -25,7 +25,7 @@ constexpr PopupOffer offers[] = {
     {ncolor::Kept, true, true, true, menu::mnuAKept},
     {ncolor::Holiday, false, false, false, {}},
     {ncolor::Blank, true, true, false, {}},
-    {ncolor::Pending, true, true, false, {}},
+    {ncolor::Pending, true, true, false, menu::mnuAPending},
     {ncolor::Group, false, true, false, {}},
     {ncolor::CheckedIn, true, true, false, menu::mnuCheckediN},
     {ncolor::Tentative, false, true, false, {}},
@@ -56,6 +56,7 @@ void CalendarView::popupOnItem(int index, const QPoint& place) {
     menus_.Show(menu::mnuAEdit, offer.edit);
     menus_.Show(menu::mnuFPrintA, hasSlip(index));
     menus_.Show(menu::mnuANote, offer.note);
+    menus_.Show(menu::mnuALand, false);  // It is for empty time.
     menus_.Show(menu::mnuADelete, item.ItemKey.toInt() > 0);
     tickStatus(offer.tick);
 
@@ -76,7 +77,8 @@ void CalendarView::makeItemPopup() {
 void CalendarView::endPopup() {
     for (const MenuName name : notForItems)
         menus_.Suit(name, true);
-    for (const MenuName name : {menu::mnuARepeat, menu::mnuAEdit, menu::mnuFPrintA, menu::mnuANote, menu::mnuADelete})
+    for (const MenuName name :
+         {menu::mnuARepeat, menu::mnuAEdit, menu::mnuFPrintA, menu::mnuANote, menu::mnuADelete, menu::mnuALand})
         menus_.Show(name, true);
     tickStatus({});
 }

@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QActionGroup>
 
 #include "appointments/appointmentwrites.h"
 #include "appointments/patientalerts.h"
@@ -18,8 +19,8 @@ namespace {
 // Before the reason, and the notice's subject.
 const QString StatusUnsaved = QStringLiteral("The status was not saved. ");
 
-constexpr MenuName statusCommands[] = {menu::mnuCheckediN, menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel,
-                                       menu::mnuATCancel};
+constexpr MenuName statusCommands[] = {menu::mnuAPending, menu::mnuCheckediN, menu::mnuAKept,
+                                       menu::mnuAMissed,  menu::mnuAPCancel,  menu::mnuATCancel};
 
 // Colours that are a kind: a status over one of them would make another thing of the row.
 bool isKind(int code) {
@@ -29,14 +30,20 @@ bool isKind(int code) {
 }  // namespace
 
 void CalendarView::bindStatusCommands() {
+    // A row has one status or none: the menus show a radio of them.
+    auto* radio = new QActionGroup(this);
+    radio->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (const MenuName name : statusCommands) {
         QAction& command = menus_.Command(name);
         command.setCheckable(true);
+        radio->addAction(&command);
         command.setIconVisibleInMenu(false);  // Its place is the tick's; the picture of Kept would pass for one.
     }
     menus_.Bind(menu::mnuVCheckedin, [this] { frmCheckedIn::Open(window()); });
     menus_.Bind(menu::mnuCheckediN, [this] { checkIn(); });
     menus_.Bind(menu::mnuAKept, [this] { keepAppointment(); });
+    // The way back from a status that was chosen by mistake.
+    menus_.Bind(menu::mnuAPending, [this] { changeStatus(menu::mnuAPending, ncolor::Pending); });
     menus_.Bind(menu::mnuAMissed, [this] { changeStatus(menu::mnuAMissed, ncolor::Missed); });
     menus_.Bind(menu::mnuAPCancel, [this] { changeStatus(menu::mnuAPCancel, ncolor::PatientCancelled); });
     menus_.Bind(menu::mnuATCancel, [this] { changeStatus(menu::mnuATCancel, ncolor::TherapistCancelled); });

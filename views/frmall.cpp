@@ -207,6 +207,11 @@ void frmall::loadmdayview() {
     const QString caption = LongDateText(date);
     main().ShowDateText(caption);
     main().ShowTitle(caption);
+    if (const std::optional<FoundAppointment> found = main().TakeFound(date)) {
+        const int column = columnWith(found->provider.isEmpty() ? Session().ProviderId : found->provider);
+        showFound(*found);
+        selectColumn(column);
+    }
 }
 
 void frmall::LoadWorkSchedule(QDate date) {
@@ -254,8 +259,7 @@ int frmall::columnOf(const QString& provider) const {
 }
 
 // A provider who is not checked gets a column; one who is not on the panel can have none.
-void frmall::followProvider() {
-    const QString& provider = Session().ProviderId;
+int frmall::columnWith(const QString& provider) {
     if (idle_.contains(provider.toLower())) {
         followed_ = provider.toLower();
         Reload();
@@ -264,7 +268,11 @@ void frmall::followProvider() {
         panel_->CheckThose([&](const ListedProvider& each) { return each.shown || each.id == listed->id; });
         showChosen();
     }
-    if (const int column = columnOf(provider); column > 0) {
+    return columnOf(provider);
+}
+
+void frmall::followProvider() {
+    if (const int column = columnWith(Session().ProviderId); column > 0) {
         chooseColumn(column);
         return;
     }
@@ -275,9 +283,12 @@ void frmall::followProvider() {
 }
 
 QString frmall::whyUnseen(const FoundAppointment& found) const {
-    if (columnOf(Session().ProviderId) == 0)
+    const BookedProvider provider = found.provider.isEmpty()
+                                        ? CalendarView::Provider()
+                                        : BookedProvider{found.provider, nameOfProvider(found.provider)};
+    if (columnOf(provider.id) == 0)
         return tr("The appointment that was found is of %1, who is not among the providers that this view shows.")
-            .arg(Session().ProviderName);
+            .arg(provider.name);
     if (found.allDay)
         return tr("The appointment that was found lasts all day. This view does not show such entries.");
     return {};
@@ -300,19 +311,22 @@ QString frmall::nameOfProvider(const QString& id) const {
 
 // The patient's other appointments are asked about, and those of the session's provider, whichever column it is; then
 // those of the provider who stands there.
-void frmall::askBeforeDrop(int index, const ItemPlace& place, bool* cancel) {
-    const CalendarItem item = std::as_const(*ctMDay1).Item(index);
+bool frmall::mayDrop(const CalendarItem& item, const ItemPlace& place) {
     const QString patient = GetPipeField(item.ItemNote, 3);
     const QString& own = Session().ProviderId;
     const auto conflicts = [&](const QString& patientId, const QString& providerId) {
         return CheckApptConflicts(item.ItemKey.toInt(), main().Date(), place.start, place.end, patientId, providerId);
     };
-    if (!*cancel && !patient.isEmpty())
-        *cancel = conflicts(patient, own);
+    if (!patient.isEmpty() && conflicts(patient, own))
+        return false;
     const QString there = providerOfColumn(place.column).value_or(BookedProvider()).id;
     const bool asked = !patient.isEmpty() && there.compare(own, Qt::CaseInsensitive) == 0;
-    if (!*cancel && !asked && !there.isEmpty())
-        *cancel = conflicts({}, there);
+    return asked || there.isEmpty() || !conflicts({}, there);
+}
+
+void frmall::askBeforeDrop(int index, const ItemPlace& place, bool* cancel) {
+    if (!*cancel)
+        *cancel = !mayDrop(std::as_const(*ctMDay1).Item(index), place);
 }
 
 bool frmall::givesSlip(int code, int apptType) const {
@@ -322,7 +336,9 @@ bool frmall::givesSlip(int code, int apptType) const {
 ScheduleSheet frmall::sheet(const PrintOptions& options) const {
     ScheduleSheet sheet = CalendarView::sheet(options);
     sheet.subtitle = QStringLiteral("Schedule - All Therapists");
-    sheet.footer.clear();
+    const std::size_t listed = panel_->Providers().size();
+    const std::size_t shown = sheet.content.columns.size();
+    sheet.footer = shown == listed ? tr("All providers") : tr("%1 of %2 providers").arg(shown).arg(listed);
     sheet.columnsPerPage = std::min(savedColumns_.value_or(options.columnsPerPage), PrintOptions::MostColumns);
     return sheet;
 }

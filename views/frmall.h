@@ -54,6 +54,7 @@ class frmall : public CalendarView {
     void reloadWhole() override;
     [[nodiscard]] std::optional<BookedProvider> providerOfColumn(int column) const override;
     [[nodiscard]] QString nameOfProvider(const QString& id) const override;
+    [[nodiscard]] bool mayDrop(const CalendarItem& item, const ItemPlace& place) override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     [[nodiscard]] bool givesSlip(int code, int apptType) const override;
     /// Puts as many columns on a page as the print options say, from 1 to 9, and five when they say nothing valid.
@@ -78,6 +79,8 @@ class frmall : public CalendarView {
     void goToProvider();
     void selectColumn(int column);
     [[nodiscard]] int columnOf(const QString& provider) const;
+    /// The column of a provider, who gets one where the panel lists the provider unchecked; 0 for none.
+    int columnWith(const QString& provider);
     void chooseColumn(int column);
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
     [[nodiscard]] QStringList dayStatements() const;

@@ -37,7 +37,7 @@ void frmall::layOut() {
     splitter->setObjectName(QStringLiteral("SSSplitter1"));
     splitter->setChildrenCollapsible(false);
     makePanel();
-    splitter->addWidget(ctMDay1);
+    splitter->addWidget(calendarWithShelf());
     splitter->addWidget(panel_);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);

@@ -24,6 +24,7 @@
 #include "session/runeditor.h"
 #include "session/session.h"
 #include "shell/menutables.h"
+#include "views/shelfpanel.h"
 
 using db::Recordset;
 using db::Sql;
@@ -73,15 +74,17 @@ int DaysInMonth(int month, int year) {
     return month == 2 && year % 4 == 0 ? 29 : days[month - 1];
 }
 
-frmmtv::frmmtv(MainWindow& main, QWidget* parent) : MenuView(main, MonthMenus(), parent), ctWeek1(new ctWeek(this)) {
+frmmtv::frmmtv(MainWindow& main, QWidget* parent)
+    : MenuView(main, MonthMenus(), parent), ctWeek1(new ctWeek(this)), shelf_(new ShelfPanel(this)) {
     setObjectName(QStringLiteral("frmmtv"));
     ctWeek1->setObjectName(QStringLiteral("ctWeek1"));
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(ctWeek1);
+    whole->addWidget(BesideShelf(ctWeek1, shelf_));
     setFocusProxy(ctWeek1);
     bindMonthCommands();
     bindCalendar();
+    bindShelf();
     setmenuaccess();
     ctWeek1->setTwentyFourHour(Session().MilitaryTime);
     LoadMonthView();
@@ -109,6 +112,17 @@ void frmmtv::bindCalendar() {
             [this](int direction) { this->main().cycledate(direction < 0 ? 0 : 1); });
 }
 
+void frmmtv::bindShelf() {
+    BindShelfCommand(menus(), *shelf_);
+    connect(shelf_, &ShelfPanel::ShowRequested, this,
+            [&main = main()](const ShelvedAppointment& shelved) { GoToShelved(main, shelved); });
+    connect(&shelf_->List(), &ShelfList::LeaveRequested, ctWeek1, [this] { ctWeek1->setFocus(); });
+}
+
+QList<QWidget*> frmmtv::SidePanes() const {
+    return {&shelf_->List()};
+}
+
 void frmmtv::setmenuaccess() {
     const SessionValues& session = Session();
     showAny({menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFsep2, menu::mnuVActivity}, MayWrite());
@@ -132,27 +146,50 @@ void frmmtv::LoadMonthView() {
     ctWeek1->setDate(date);
     const int days = DaysInMonth(ctWeek1->Month(), ctWeek1->Year());
     const QDate first(ctWeek1->Year(), ctWeek1->Month(), 1);
-    const db::ReadTogether together(Session().Connection,
-                                    QStringList(appointmentsStatement(first, days)) + holidayStatements(first, days));
-    if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(first, days); }))
-        db::Ignoring([&] { addHolidays(first, days); });
+    const std::vector<Span> spans = shownSpans({first, days});
+    QStringList statements;
+    for (const Span& span : spans)
+        statements << appointmentsStatement(span.first, span.days);
+    for (const Span& span : spans)
+        statements << holidayStatements(span.first, span.days);
+    const db::ReadTogether together(Session().Connection, statements + shelf_->Statements());
+    shelf_->Read();
+    if (readInto(*ctWeek1, QStringLiteral("Error reading appointments. "), [&] { addAppointments(spans); })) {
+        for (const Span& span : spans)
+            db::Ignoring([&] { addHolidays(span.first, span.days); });
+    }
     const QString month = QLocale::c().toString(date, QStringLiteral("MMMM"));
     main().ShowDateText(QStringLiteral("Month of %1, %2").arg(month).arg(date.year()));
     main().ShowTitle(QStringLiteral("%1 %2").arg(month).arg(date.year()));
 }
 
-void frmmtv::addAppointments(QDate first, int days) {
+// The month first, by its own statement, and then the days of its neighbours that stand in its weeks.
+std::vector<frmmtv::Span> frmmtv::shownSpans(const Span& month) const {
+    const std::vector<MonthCell>& cells = ctWeek1->Layout().cells;
+    if (cells.empty())
+        return {month};
+    const QDate after = month.first.addDays(month.days);
+    std::vector<Span> spans{month,
+                            {cells.front().day, static_cast<int>(cells.front().day.daysTo(month.first))},
+                            {after, static_cast<int>(after.daysTo(cells.back().day)) + 1}};
+    std::erase_if(spans, [](const Span& span) { return span.days < 1; });
+    return spans;
+}
+
+void frmmtv::addAppointments(const std::vector<Span>& spans) {
     QSet<QString> shown;
-    Recordset rows(appointmentsStatement(first, days), Session().Connection);
-    for (; !rows.Eof(); rows.MoveNext()) {
-        CalendarItem item = itemOf(rows);
-        // The join gives a row of the provider's own once for each further provider.
-        if (shown.contains(item.ItemKey))
-            continue;
-        shown.insert(item.ItemKey);
-        List1 << item.ItemText;
-        List2 << item.ItemKey;
-        ctWeek1->AddItem(std::move(item));
+    for (const Span& span : spans) {
+        Recordset rows(appointmentsStatement(span.first, span.days), Session().Connection);
+        for (; !rows.Eof(); rows.MoveNext()) {
+            CalendarItem item = itemOf(rows);
+            // The join gives a row of the provider's own once for each further provider.
+            if (shown.contains(item.ItemKey))
+                continue;
+            shown.insert(item.ItemKey);
+            List1 << item.ItemText;
+            List2 << item.ItemKey;
+            ctWeek1->AddItem(std::move(item));
+        }
     }
 }
 
@@ -220,7 +257,11 @@ void frmmtv::FindAppointment() {
     if (!dialog.Found())
         return;
     const FoundAppointment found = *dialog.Found();
-    goTo(found.date);
+    main().SetDate(found.date);
+    if (dialog.ProviderChanged())
+        main().ProviderChosen();
+    else
+        Reload();
     main().LeaveFound(found);
     // A day of the month has no room for all its appointments, nor for the time of each.
     ShowNotice({tr("The appointment that was found is on %1, at %2.")

@@ -24,7 +24,7 @@ void frmsched::layOut() {
     details_->setObjectName(QStringLiteral("sidePanes"));
     addTaskPane();
 
-    SSSplitter1->addWidget(ctMDay1);
+    SSSplitter1->addWidget(calendarWithShelf());
     SSSplitter1->addWidget(details_);
     SSSplitter1->setStretchFactor(0, 1);
     SSSplitter1->setStretchFactor(1, 0);

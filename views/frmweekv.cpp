@@ -58,7 +58,7 @@ frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekM
     setObjectName(QStringLiteral("frmweekv"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(ctMDay1);
+    column->addWidget(calendarWithShelf());
     setFocusProxy(ctMDay1);
     showOpenView(menu::mnuVWeek, View::Week);
     bindExports([this] { return exportedWeek(); }, [this] { ExportWeekHtml(ctMDay1->Date()); });
@@ -159,6 +159,8 @@ void frmweekv::loadmdayview() {
         QStringLiteral("Week of %1 %2, %3").arg(getmonth(first.month())).arg(first.day()).arg(first.year());
     main().ShowDateText(caption);
     main().ShowTitle(caption);
+    if (const std::optional<FoundAppointment> found = main().TakeFound(main().Date()))
+        showFound(*found);
 }
 
 void frmweekv::LoadWorkSchedule(QDate date) {
@@ -186,6 +188,7 @@ ScheduleSheet frmweekv::sheet(const PrintOptions& options) const {
         sheet.content.columns.push_back({{}, ctMDay1->Date().addDays(day)});
     sheet.content.headingFormat = QString::fromLatin1(DayAndNumbers);
     sheet.columnsPerPage = days;
+    sheet.owner = Session().ProviderName;
     return sheet;
 }
 

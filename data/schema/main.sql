@@ -504,12 +504,17 @@ Create Table WaitList (
 GO
 Create Index WaitList_open On WaitList (Closed, ValidUntil)
 GO
--- The appointments that a user has put aside to move them. They stay booked where they are until they land.
+-- The appointments that a user has put aside to move them. They stay booked where they are until they land. ApptDate,
+-- StartTime, EndTime and ClinicianId tell where the user last saw the appointment.
 Create Table HoldingShelf (
     ShelfId int identity(1,1) not null primary key,
     UserId nvarchar(20) not null,
     nkeyid int not null,
-    PlacedAt datetime null
+    PlacedAt datetime null,
+    ApptDate datetime null,
+    StartTime int null,
+    EndTime int null,
+    ClinicianId nvarchar(20) null
 )
 GO
 Create Index HoldingShelf_user On HoldingShelf (UserId, nkeyid)

@@ -40,6 +40,10 @@ QPen OutlinePen(const CalendarItem& item, const CardState& state, const CardColo
     if (state.selected)
         return {state.focused || state.ghost ? style.accent : style.dimInk, 2.0};
     QPen pen(state.hovered ? colors.edge : colors.outline, 1.0);
+    if (item.ItemShelved && !state.ghost) {
+        pen.setColor(colors.edge);
+        pen.setDashPattern({2, 2});
+    }
     if (item.ItemStatusMark == StatusMark::TypeSlot) {
         pen.setColor(colors.edge);
         pen.setDashPattern({4, 3});
@@ -50,7 +54,9 @@ QPen OutlinePen(const CalendarItem& item, const CardState& state, const CardColo
 void PaintBox(QPainter& painter, const QRectF& rect, const CalendarItem& item, const CardState& state,
               const CardColors& colors, const CalendarStyle& style) {
     const QPainterPath outline = Outline(rect, state, style.radius);
-    const QColor fill = state.hovered && !state.selected ? Mixed(colors.fill, colors.pattern, 0.6) : colors.fill;
+    QColor fill = state.hovered && !state.selected ? Mixed(colors.fill, colors.pattern, 0.6) : colors.fill;
+    if (item.ItemShelved && !state.ghost)
+        fill = Mixed(fill, style.base, 0.7);
     const double edge = std::min<double>(style.edgeWidth, rect.width() / 4);
     painter.setRenderHint(QPainter::Antialiasing);
     // Edge and fill are one shape with straight clips, because rounded clips cost many times as much.
@@ -70,20 +76,19 @@ void PaintBox(QPainter& painter, const QRectF& rect, const CalendarItem& item, c
     painter.drawPath(outline);
 }
 
-/// Paints as many glyphs from the right end of the line as fit into `room`, and returns the rest of the line.
-QRect PaintGlyphs(QPainter& painter, QRect line, int room, const CalendarItem& item, const QColor& color,
-                  const CalendarStyle& style) {
+/// Paints as many glyphs from the right end of the line as fit into `room`, and takes them from `glyphs` and their
+/// place from the line.
+void PaintGlyphs(QPainter& painter, QRect& line, int room, std::vector<Glyph>& glyphs, const QColor& color,
+                 const CalendarStyle& style) {
     const int side = std::min(style.icon, line.height());
     const int step = side + style.margin / 2;
-    for (const Glyph glyph : GlyphsOf(item)) {
-        if (room < side)
-            break;
+    while (!glyphs.empty() && room >= side) {
         const QRectF square(line.right() + 1 - side, line.top() + (line.height() - side) / 2.0, side, side);
-        PaintGlyph(painter, square, glyph, color);
+        PaintGlyph(painter, square, glyphs.front(), color);
+        glyphs.erase(glyphs.begin());
         line.setRight(line.right() - step);
         room -= step;
     }
-    return line;
 }
 
 QString ShortenedTo(int width, const QString& text, const QFontMetrics& metrics) {
@@ -96,19 +101,25 @@ QString ShortenedTo(int width, const QString& text, const QFontMetrics& metrics)
     return letters;
 }
 
-/// Draws a line of text from its left end, shortened to the line.
-void DrawLine(QPainter& painter, const QRect& line, const QString& text, const QFont& font, const QColor& color) {
+/// Draws a text that fits into the line, from the line's left end.
+void DrawFitting(QPainter& painter, const QRect& line, const QString& text, const QFont& font, const QColor& color) {
     if (text.isEmpty())
         return;
     painter.setFont(font);
     painter.setPen(color);
     const QFontMetrics metrics = painter.fontMetrics();
-    const QString shown = ShortenedTo(line.width(), text, metrics);
     // Drawing from a point avoids the text layout that drawing into a rectangle makes.
     painter.drawText(QPointF(line.left(), line.top() + (line.height() - metrics.height()) / 2.0 + metrics.ascent()),
-                     shown);
+                     text);
 }
 
+/// Draws a text from the line's left end, shortened to the line.
+void DrawLine(QPainter& painter, const QRect& line, const QString& text, const QFont& font, const QColor& color) {
+    if (!text.isEmpty())
+        DrawFitting(painter, line, ShortenedTo(line.width(), text, QFontMetrics(font, painter.device())), font, color);
+}
+
+/// The texts and glyphs of a card: the name before all else, then the glyphs and the rest in what it leaves.
 class CardText {
   public:
     CardText(QPainter& painter, const CalendarItem& item, const CardState& state, const CardColors& colors,
@@ -126,20 +137,13 @@ class CardText {
             font_ = style_.small;
         if (item_.ItemStatusMark == StatusMark::Cancelled)
             font_.setStrikeOut(true);
-        QRect line = firstLine(rect, inner);
+        const QRect line = paintName(firstLine(rect, inner), rect.bottom());
         const int linesBelow = (rect.bottom() - line.bottom()) / style_.smallLine;
-        // A narrow card keeps its first line for the name and shows its glyphs below, where the height allows it.
-        const bool narrow = inner.width() < style_.icon * 7 && linesBelow >= 2;
-        const int room =
-            narrow ? 0 : std::max(inner.width() - style_.icon * 5, inner.width() > style_.icon * 2 ? style_.icon : 0);
-        paintTitle(PaintGlyphs(painter_, line, room, item_, colors_.text, style_), linesBelow == 0);
-        if (narrow) {
-            const QRect bottom(inner.left(), line.bottom() + 1 + (linesBelow - 1) * style_.smallLine, inner.width(),
-                               style_.smallLine);
-            PaintGlyphs(painter_, bottom, inner.width(), item_, colors_.text, style_);
-        }
-        paintMore(QRect(inner.left(), line.bottom() + 1, inner.width(), style_.smallLine),
-                  narrow ? linesBelow - 1 : linesBelow);
+        const QRect below(inner.left(), line.bottom() + 1, inner.width(), style_.smallLine);
+        std::vector<Glyph> glyphs = GlyphsOf(item_);
+        placePin(below, linesBelow, glyphs);
+        paintBesideName(line, linesBelow == 0, glyphs);
+        paintMore(below, linesBelow, glyphs);
     }
 
   private:
@@ -150,46 +154,145 @@ class CardText {
         return {inner.left(), rect.top() + top, inner.width(), style_.textLine};
     }
 
-    /// Returns the longest text for the time that fits.
-    [[nodiscard]] QString timeFor(int width) const {
+    struct Measured {
+        QString text;
+        double width = 0;
+    };
+
+    /// Returns the longest text for the time that fits, or the shortest one where none does.
+    [[nodiscard]] Measured timeFor(int width) const {
         // Whole pixels are too rough: a time that is a part of a pixel too long would be shortened once more.
         const QFontMetricsF small(style_.small);
-        QString span = ClockSpan(state_.start, state_.end, state_.twentyFourHour);
-        if (small.horizontalAdvance(span) <= width)
-            return span;
-        QString clock = ClockText(state_.start, state_.twentyFourHour);
-        if (small.horizontalAdvance(clock) <= width)
-            return clock;
-        return clock.section(QLatin1Char(' '), 0, 0);
+        const auto measured = [&](const QString& text) { return Measured{text, small.horizontalAdvance(text)}; };
+        Measured time = measured(ClockSpan(state_.start, state_.end, state_.twentyFourHour));
+        if (time.width > width)
+            time = measured(ClockText(state_.start, state_.twentyFourHour));
+        if (time.width > width)
+            time = measured(time.text.section(QLatin1Char(' '), 0, 0));
+        return time;
     }
 
-    void paintTitle(const QRect& line, bool alone) {
+    /// Paints the name, on two lines where one is too short and the card is high enough to tell the time too, and
+    /// returns the line in which it ends. The rest of that line is free from `nameEnd_` on.
+    QRect paintName(QRect line, int bottom) {
         const bool hidden = item_.ItemTextColor == TextColor::SameAsBackground;
-        const QString text = hidden ? QString() : PaintedLine(item_.ItemText);
-        DrawLine(painter_, line, text, font_, colors_.text);
+        QString name = hidden ? QString() : PaintedLine(item_.ItemText);
+        const QFontMetrics metrics(font_);
+        int width = name.isEmpty() ? 0 : metrics.horizontalAdvance(name);
+        const bool high = bottom - line.bottom() >= style_.textLine + style_.smallLine;
+        if (width > line.width() && high) {
+            const int part = partThatFits(name, line.width(), metrics);
+            if (part > 0) {
+                DrawFitting(painter_, line, name.left(part), font_, colors_.text);
+                name = name.mid(part + 1);
+                width = metrics.horizontalAdvance(name);
+                line.translate(0, line.height());
+            }
+        }
+        const bool fits = width <= line.width();
+        if (fits)
+            DrawFitting(painter_, line, name, font_, colors_.text);
+        else
+            DrawLine(painter_, line, name, font_, colors_.text);
+        nameEnd_ = fits ? line.left() + (width > 0 ? width + 2 * style_.margin : 0) : line.right() + 1;
+        return line;
+    }
+
+    /// Returns the length of the words that fit, or 0 where not even the first one does.
+    [[nodiscard]] static int partThatFits(const QString& name, int width, const QFontMetrics& metrics) {
+        int part = 0;
+        for (auto blank = name.indexOf(QLatin1Char(' ')); blank > 0;
+             blank = name.indexOf(QLatin1Char(' '), blank + 1)) {
+            if (metrics.horizontalAdvance(name.left(blank)) > width)
+                break;
+            part = static_cast<int>(blank);
+        }
+        return part;
+    }
+
+    /// Decides whether the pin stands by the place that is written, and takes it from the glyphs then.
+    void placePin(const QRect& below, int linesBelow, std::vector<Glyph>& glyphs) {
+        const QString place = PaintedLine(item_.ItemLocation);
+        if (!item_.ItemLocationIcon || place.isEmpty() || linesBelow < 1)
+            return;
+        const int before = linesBelow > 1 ? 0 : static_cast<int>(timeFor(below.width()).width) + style_.margin;
+        hasPin_ = below.width() - before >= style_.icon * 3;
+        if (hasPin_)
+            std::erase(glyphs, Glyph::Location);
+    }
+
+    void paintBesideName(QRect line, bool alone, std::vector<Glyph>& glyphs) {
+        const int free = line.right() + 1 - nameEnd_;
+        PaintGlyphs(painter_, line, free, glyphs, colors_.text, style_);
         if (!alone)
             return;
-        const int used = text.isEmpty() ? 0 : QFontMetrics(font_).horizontalAdvance(text) + 2 * style_.margin;
-        const QString time = timeFor(line.width() - used);
-        if (used + QFontMetricsF(style_.small).horizontalAdvance(time) <= line.width())
-            DrawLine(painter_, line.adjusted(used, 0, 0, 0), time, style_.small, colors_.dimText);
+        const QRect rest(nameEnd_, line.top(), line.right() + 1 - nameEnd_, line.height());
+        const Measured time = timeFor(rest.width());
+        if (time.width <= rest.width())
+            DrawFitting(painter_, rest, time.text, style_.small, colors_.dimText);
     }
 
-    void paintMore(QRect line, int lines) {
+    /// Paints the lines below the name. The glyphs that found no room beside it stand at the end of the last line.
+    void paintMore(const QRect& line, int lines, std::vector<Glyph>& glyphs) {
         if (lines < 1)
             return;
-        const QString location = PaintedLine(item_.ItemLocation);
-        QStringList more{timeFor(line.width())};
-        if (!location.isEmpty() && lines > 1)
-            more << location;
-        else if (!location.isEmpty())
-            more.first() += QStringLiteral(" · ") + location;
-        if (!item_.ItemStatusText.isEmpty() && lines > more.size())
-            more << PaintedLine(item_.ItemStatusText);
-        for (const QString& text : more) {
-            DrawLine(painter_, line, text, style_.small, colors_.dimText);
-            line.translate(0, line.height());
+        QRect last = line.translated(0, (lines - 1) * line.height());
+        const int least = lines > 1 || glyphs.empty() ? 0 : static_cast<int>(timeFor(0).width) + 1;
+        PaintGlyphs(painter_, last, last.width() - least, glyphs, colors_.text, style_);
+        const auto room = [&](int number) {
+            return number == lines ? last : line.translated(0, (number - 1) * line.height());
+        };
+        int used = 1;
+        const QString place = PaintedLine(item_.ItemLocation);
+        const int timeEnd = paintTime(room(used), !place.isEmpty() && lines == 1 && !hasPin_ ? place : QString());
+        if (!place.isEmpty() && (lines > 1 || hasPin_)) {
+            used = std::min(lines, 2);
+            paintPlace(lines > 1 ? room(used) : room(1).adjusted(timeEnd, 0, 0, 0), place);
         }
+        if (lines > used)
+            paintWord(room(used + 1), PaintedLine(item_.ItemStatusText));
+    }
+
+    /// Paints the time and, behind a dot, the place; returns where they end, counted from the line's left. A time is
+    /// never cut, because half of it is another time.
+    int paintTime(const QRect& line, const QString& place) {
+        const QString dot = QStringLiteral(" · ");
+        const QFontMetrics small(style_.small);
+        Measured time = timeFor(line.width());
+        if (item_.ItemShelved && !state_.ghost) {
+            time.text.prepend(ShelvedText() + dot);
+            time.width = QFontMetricsF(style_.small).horizontalAdvance(time.text);
+            if (time.width > line.width()) {
+                DrawLine(painter_, line, time.text, style_.small, colors_.dimText);
+                return line.width();
+            }
+        }
+        if (time.width > line.width())
+            return 0;
+        const double rest = line.width() - time.width - small.horizontalAdvance(dot);
+        // A dot with nothing but more dots behind it says nothing.
+        if (!place.isEmpty() && rest >= small.averageCharWidth() * 4)
+            DrawLine(painter_, line, time.text + dot + place, style_.small, colors_.dimText);
+        else
+            DrawFitting(painter_, line, time.text, style_.small, colors_.dimText);
+        return static_cast<int>(time.width) + 2 * style_.margin;
+    }
+
+    /// Paints a quiet word where there is room for some letters of it.
+    void paintWord(const QRect& line, const QString& word) {
+        const QFontMetrics small(style_.small);
+        if (line.width() >= std::min(small.averageCharWidth() * 4, small.horizontalAdvance(word)))
+            DrawLine(painter_, line, word, style_.small, colors_.dimText);
+    }
+
+    void paintPlace(QRect line, const QString& place) {
+        const int side = std::min(style_.icon, line.height());
+        if (hasPin_ && line.width() >= side) {
+            PaintGlyph(painter_, QRectF(line.left(), line.top() + (line.height() - side) / 2.0, side, side),
+                       Glyph::Location, colors_.dimText);
+            line.setLeft(line.left() + side + style_.margin / 2);
+        }
+        paintWord(line, place);
     }
 
     QPainter& painter_;
@@ -198,9 +301,15 @@ class CardText {
     const CardColors& colors_;
     const CalendarStyle& style_;
     QFont font_;
+    int nameEnd_ = 0;
+    bool hasPin_ = false;
 };
 
 }  // namespace
+
+QString ShelvedText() {
+    return QStringLiteral("On the shelf");
+}
 
 QString PaintedLine(const QString& text) {
     return OneLine(text.left(MostCharacters)).simplified();
@@ -217,14 +326,12 @@ void PaintCard(QPainter& painter, const QRect& rect, const CalendarItem& item, c
 
 void PaintBanner(QPainter& painter, const QRect& rect, const CalendarItem& item, const CardState& state,
                  const CalendarStyle& style) {
-    CalendarItem banner = item;
-    // A banner lasts the whole day and shows no times.
-    banner.ItemBackColor = item.ItemBackColor.value_or(item.ItemColor);
-    CardColors colors = CardColorsFor(banner, style.base, style.ink);
+    const CardColors colors = CardColorsFor(item, style.base, style.ink);
     painter.save();
-    PaintBox(painter, QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), banner, state, colors, style);
+    PaintBox(painter, QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), item, state, colors, style);
     QRect line = rect.adjusted(style.edgeWidth + style.margin, 0, -style.margin, 0);
-    line = PaintGlyphs(painter, line, line.width() - style.icon * 3, banner, colors.text, style);
+    std::vector<Glyph> glyphs = GlyphsOf(item);
+    PaintGlyphs(painter, line, line.width() - style.icon * 3, glyphs, colors.text, style);
     if (item.ItemTextColor == TextColor::Normal)
         DrawLine(painter, line, PaintedLine(item.ItemText), style.text, colors.text);
     painter.restore();

@@ -11,6 +11,7 @@ ctMDay::ctMDay(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) 
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_AcceptTouchEvents);
     setAccessibleName(tr("Calendar"));
     vertical_ = new QScrollBar(Qt::Vertical, this);
     horizontal_ = new QScrollBar(Qt::Horizontal, this);

@@ -4,6 +4,8 @@
 #include <functional>
 #include <optional>
 #include <QDateTime>
+#include <QEvent>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
@@ -11,15 +13,20 @@
 #include "platform/calendar/drag.h"
 #include "platform/calendar/hittest.h"
 #include "platform/calendar/painting.h"
+#include "platform/calendar/touch.h"
 
 class QLineEdit;
 class QScrollBar;
+class QTouchEvent;
 
 /// A time grid with items in one column (a day), in days as columns (a week), or in providers as columns.
 ///
 /// Items are counted from 1 in the order in which they were added. RemoveItem moves the later ones down by one. A wrong
 /// index is harmless: it reads as an empty item, and a change of that item is lost. Items before and after the hours
 /// shown are counted in strips above and below the grid. An item and a range of time are never selected at once.
+///
+/// On a touch screen one finger scrolls. A tap is a click. A finger that is held still takes the item under it, which
+/// then moves with the finger, or draws a range of time; lifted where it was held, it asks for the popup.
 ///
 /// A signal marked (last) is raised at the end of a mouse or key event, so that a view may open boxes and dialogs,
 /// reload or remove items in its slot. It never waits for the next event, so that keys typed ahead while the program
@@ -121,6 +128,15 @@ class ctMDay : public QWidget {
     /// The content of the calendar, for painting it elsewhere and later (PaintPage).
     [[nodiscard]] const CalendarContent& Content() const { return content_; }
 
+    // Items that come from other widgets, or go to them, by the mouse.
+    /// Lets the user drop items on another widget of the window. Items whose place is locked cannot be dragged.
+    void addDropTarget(QWidget* target);
+    /// Shows where an item that the user drags from another widget would start, with its length, and scrolls where the
+    /// pointer is near an edge. Returns the place, or nothing where the pointer is not over the columns.
+    std::optional<ItemPlace> showIncoming(QPoint globalPos, const CalendarItem& item);
+    /// Ends what showIncoming shows.
+    void endIncoming();
+
     // Places in widget coordinates, for tests, popups and accessibility. They are empty for parts outside the control.
     [[nodiscard]] QRect ItemRect(int index) const;  ///< For an item without room: the marker that counts it.
     [[nodiscard]] QRect CellRect(int column, int minute) const;
@@ -146,6 +162,8 @@ class ctMDay : public QWidget {
     void BeforeDrop(int index, const ItemPlace& place, bool* cancel);
     /// (last) Raised when the item was moved or sized and holds its new place. `old` is the place before.
     void ItemChanged(int index, const ItemPlace& old);
+    /// (last) Raised when the user dropped the item on another widget (addDropTarget). The item stays where it is.
+    void DroppedOutside(int index);
     /// (last) Raised when a locked item was dragged or sized and stayed where it is.
     void MoveRefused(int index);
     /// Raised when editing in place changed ItemText, which has at most 100 characters and may be empty.
@@ -197,7 +215,7 @@ class ctMDay : public QWidget {
     };
     /// A signal that waits until its event has done the rest of its work.
     struct Report {
-        enum class Kind { Drop, Refused, Text, Activated, RangeActivated, Popup, Delete };
+        enum class Kind { Drop, DropOutside, Refused, Text, Activated, RangeActivated, Popup, Delete };
         Kind kind = Kind::Activated;
         int index = 0;
         int generation = 0;
@@ -236,12 +254,19 @@ class ctMDay : public QWidget {
     void showHover(const Hit& hit);
     void dragTo(QPoint pos);
     [[nodiscard]] bool isUnder(QPoint globalPos) const;
+    [[nodiscard]] bool isOverTarget(QPoint globalPos) const;
     void extendRangeTo(QPoint pos);
     void autoScroll();
     void cancelGesture();
     [[nodiscard]] bool beginDrag();
     [[nodiscard]] bool mayMove(int index);
     [[nodiscard]] bool mayEdit(int index);
+
+    // Touch.
+    [[nodiscard]] bool readTouch(QTouchEvent& event);
+    [[nodiscard]] TouchActs touchActs();
+    void pointAs(QEvent::Type type, QPoint at);
+    void take(QPoint at);
 
     // Keyboard.
     [[nodiscard]] bool stepItem(int direction);
@@ -289,8 +314,11 @@ class ctMDay : public QWidget {
     std::optional<Press> press_;
     std::optional<Drag> drag_;
     std::optional<SelectedTime> rangeBeforePress_;
+    std::vector<QPointer<QWidget>> dropTargets_;
     int rangeAnchor_ = 0;  ///< The minute from which Shift extends the range.
     QPoint lastDragPos_;
+
+    TouchReader touch_{touchActs()};
 
     QLineEdit* editor_ = nullptr;
     int editedItem_ = 0;

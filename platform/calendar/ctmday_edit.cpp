@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QToolTip>
+#include <QTouchEvent>
 
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/textfield.h"
@@ -139,6 +140,9 @@ bool ctMDay::event(QEvent* event) {
         event->accept();
         return true;
     }
+    if (event->type() == QEvent::TouchBegin || event->type() == QEvent::TouchUpdate ||
+        event->type() == QEvent::TouchEnd || event->type() == QEvent::TouchCancel)
+        return readTouch(static_cast<QTouchEvent&>(*event));
     if (event->type() == QEvent::ToolTip) {
         auto* help = static_cast<QHelpEvent*>(event);
         const Hit hit = hitAt(help->pos());

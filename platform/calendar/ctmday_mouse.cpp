@@ -115,11 +115,15 @@ void ctMDay::dragTo(QPoint pos) {
     const int minute = grid().minuteAt(std::clamp(pos.y(), body.top(), body.bottom()));
     drag_->move(grid().columnAt(std::clamp(pos.x(), body.left(), body.right())), minute, content_);
     state_.ghost = drag_->place();
-    setCursor(!isUnder(mapToGlobal(pos))          ? Qt::ForbiddenCursor
-              : drag_->kind() == Drag::Kind::Move ? Qt::ClosedHandCursor
-                                                  : Qt::SizeVerCursor);
+    const bool moves = drag_->kind() == Drag::Kind::Move;
+    const bool leaves = moves && isOverTarget(mapToGlobal(pos));
+    if (leaves)
+        state_.ghost.reset();
+    setCursor(!leaves && !isUnder(mapToGlobal(pos)) ? Qt::ForbiddenCursor
+              : moves                               ? Qt::ClosedHandCursor
+                                                    : Qt::SizeVerCursor);
     update();
-    const bool outside = !body.contains(pos);
+    const bool outside = !leaves && !body.contains(pos);
     if (outside && !scrollTimer_.isActive())
         scrollTimer_.start();
     else if (!outside)
@@ -173,10 +177,15 @@ void ctMDay::mouseReleaseEvent(QMouseEvent* event) {
     if (drag_) {
         const Drag drag = *drag_;
         drag_.reset();
-        if (drag.changes() && isUnder(event->globalPosition().toPoint()))
-            reportDrop(drag.index(), drag.place());  // The ghost stays until the view has answered.
-        else
+        const QPoint at = event->globalPosition().toPoint();
+        if (drag.kind() == Drag::Kind::Move && isOverTarget(at)) {
             cancelGesture();
+            report(Report::Kind::DropOutside, drag.index());
+        } else if (drag.changes() && isUnder(at)) {
+            reportDrop(drag.index(), drag.place());  // The ghost stays until the view has answered.
+        } else {
+            cancelGesture();
+        }
     } else if (const auto* item = std::get_if<ItemHit>(&press.hit)) {
         if (press.refused)
             report(Report::Kind::Refused, item->index);

@@ -52,6 +52,9 @@ void ctMDay::deliver(const Report& report) {
     if (report.generation != generation_ && report.index > 0)
         return;
     switch (report.kind) {
+        case Report::Kind::DropOutside:
+            Q_EMIT DroppedOutside(report.index);
+            break;
         case Report::Kind::Refused:
             Q_EMIT MoveRefused(report.index);
             break;

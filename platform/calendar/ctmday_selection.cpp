@@ -2,6 +2,7 @@
 #include <QScrollBar>
 
 #include "platform/calendar/accessibility.h"
+#include "platform/calendar/card.h"
 #include "platform/calendar/ctmday.h"
 #include "platform/calendar/glyphs.h"
 #include "platform/desktop/localefacts.h"
@@ -134,6 +135,8 @@ QString ctMDay::AccessibleItemName(int index) const {
         parts << item.ItemText.left(300).simplified();
     if (!item.ItemStatusText.isEmpty())
         parts << item.ItemStatusText;
+    if (item.ItemShelved)
+        parts << ShelvedText();
     return parts.join(QStringLiteral(", "));
 }
 
@@ -160,6 +163,8 @@ QString ctMDay::ToolTipOf(int index) const {
         states << tr("Repeating");
     if (item.ItemReminderIcon)
         states << tr("Reminder");
+    if (item.ItemShelved)
+        states << ShelvedText();
     if (!states.isEmpty())
         lines << states.join(QStringLiteral(" · "));
     if (!item.ItemLocation.isEmpty())

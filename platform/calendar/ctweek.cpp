@@ -26,7 +26,6 @@ constexpr int Hour = 3'600'000;  // Milliseconds.
 
 ctWeek::ctWeek(QWidget* parent) : QWidget(parent), clock_([] { return Now(); }) {
     InstallCalendarAccessibility();
-    content_.grid.firstDayOfWeek = QLocale().firstDayOfWeek();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -49,13 +49,19 @@ QRect CalendarGrid::laterRect(int column) const {
     return {left + 1, body().bottom() + 1, columnLeft(column + 1) - left - 2, stripHeight};
 }
 
+double CalendarGrid::stripBeside(int lanes) const {
+    return std::min<double>(strip, std::max(columnWidth - gap, 1.0) / (lanes + 1));
+}
+
 QRect CalendarGrid::itemRect(const PlacedItem& item) const {
-    const int left = columnLeft(item.column) + 1;
-    const double lane = std::max(columnWidth - gap, 1.0) / item.lanes;
-    const int from = left + static_cast<int>(std::lround(item.lane * lane));
-    const int to = left + static_cast<int>(std::lround((item.lane + item.span) * lane));
+    const double all = std::max(columnWidth - gap, 1.0);
+    const double taken = item.aside ? stripBeside(item.beside) : item.beside == 0 ? all : all - stripBeside(item.lanes);
+    const double left = columnLeft(item.column) + 1 + (item.aside ? all - taken : 0.0);
+    const double lane = taken / item.lanes;
+    const int from = static_cast<int>(std::lround(left + item.lane * lane));
+    const int to = static_cast<int>(std::lround(left + (item.lane + item.span) * lane));
     const int top = y(item.start);
-    const bool hasNeighbour = item.lane + item.span < item.lanes && lane > 4;
+    const bool hasNeighbour = (item.lane + item.span < item.lanes || (!item.aside && item.beside > 0)) && lane > 4;
     return {from, top + 1, std::max(to - from - (hasNeighbour ? 2 : 0), 1), std::max(y(item.end) - top - 1, 1)};
 }
 
@@ -117,6 +123,10 @@ CalendarGrid FitGrid(const CalendarContent& content, const CalendarLayout& layou
         std::min(wishes.visibleColumns > 0 ? std::min(wishes.visibleColumns, readable) : fitting, columns);
     grid.columnWidth = std::max(static_cast<double>(body.width()) / sharing, 4.0);
     grid.gap = std::clamp(static_cast<int>(grid.columnWidth / 14), 3, style.margin * 4);
+
+    // The strip has room for some letters, and never more than half of the column.
+    const double room = grid.columnWidth - grid.gap;
+    grid.strip = static_cast<int>(std::max(room * 0.3, std::min(room / 2, style.minColumnWidth * 0.6)));
 
     grid.scale.first = content.gridStart();
     grid.scale.last = content.gridEnd();

@@ -19,7 +19,8 @@ struct CalendarGrid {
     TimeScale scale;
     int columns = 0;
     double columnWidth = 0;
-    int gap = 0;  ///< Free room at the right of a column, where time can be selected beside items.
+    int gap = 0;    ///< Free room at the right of a column, where time can be selected beside items.
+    int strip = 0;  ///< Most of a column that cancelled items take at its right; what is left can be booked.
     int scrollX = 0;
     int scrollY = 0;
 
@@ -45,6 +46,8 @@ struct CalendarGrid {
     [[nodiscard]] int lastColumnIn(const QRect& clip) const;
 
     [[nodiscard]] int contentWidth() const;
+    /// The width of the strip beside which so many lanes of other items stand.
+    [[nodiscard]] double stripBeside(int lanes) const;
     [[nodiscard]] int contentHeight() const { return scale.height(); }
 
     friend bool operator==(const CalendarGrid&, const CalendarGrid&) = default;

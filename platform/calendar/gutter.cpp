@@ -56,36 +56,73 @@ void PaintPresentLabel(const CalendarScene& scene) {
     scene.painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
+/// Marks the selected range beside the labels, where no card covers it.
+void PaintSelectedTime(const CalendarScene& scene) {
+    if (!scene.state.range)
+        return;
+    const QRect gutter = scene.grid.gutter();
+    const int top = scene.grid.y(scene.state.range->start);
+    const int bottom = scene.grid.y(scene.state.range->end);
+    const int width = std::max(scene.style.margin, 3);
+    scene.painter.fillRect(QRect(gutter.right() + 1 - width, top, width, bottom - top),
+                           scene.state.focused ? scene.style.accent : scene.style.dimInk);
+}
+
+void PaintTick(const CalendarScene& scene, int left, int minute, const QColor& color) {
+    const int y = scene.grid.y(minute);
+    scene.painter.setPen(color);
+    scene.painter.drawLine(left, y, scene.grid.gutter().right(), y);
+}
+
+/// Whether the row's minutes can be written without running into the label of an hour.
+bool HasRoomForMinutes(const CalendarScene& scene, int minute) {
+    const TimeScale& scale = scene.grid.scale;
+    const QFontMetrics little(scene.style.minute);
+    if (scale.interval * scale.pixelsPerMinute < little.ascent() + scene.style.margin / 2.0)
+        return false;
+    const bool divides = 60 % scale.interval == 0;
+    const bool below = (minute % 60) * scale.pixelsPerMinute >= QFontMetrics(scene.style.hour).height();
+    // Rows of 25 or 45 minutes begin anywhere before an hour.
+    const bool above = divides || (60 - minute % 60) * scale.pixelsPerMinute >= little.height();
+    return above && (below || (divides && scale.interval >= 15));
+}
+
+// The label of a row or hour that has already begun stands above the clip's top.
+void PaintRows(const CalendarScene& scene, int from, int bottom) {
+    const TimeScale& scale = scene.grid.scale;
+    for (int minute = scale.rowStart(from); minute < scale.last && scene.grid.y(minute) <= bottom;
+         minute = scale.rowEnd(minute)) {
+        if (minute % 60 == 0)
+            continue;
+        PaintTick(scene, scene.grid.gutter().right() - scene.style.margin, minute, scene.style.rowLine);
+        if (minute == scale.first || HasRoomForMinutes(scene, minute))
+            PaintMinutes(scene, minute, scene.grid.y(minute));
+    }
+}
+
+// An hour has its label whether or not a row begins with it.
+void PaintHours(const CalendarScene& scene, int from, int bottom) {
+    const TimeScale& scale = scene.grid.scale;
+    for (int minute = (std::max(from, scale.first) + 59) / 60 * 60;
+         minute < scale.last && scene.grid.y(minute) <= bottom; minute += 60) {
+        PaintTick(scene, scene.grid.gutter().left() + scene.style.margin, minute, scene.style.hourLine);
+        PaintHour(scene, minute, scene.grid.y(minute));
+    }
+}
+
 }  // namespace
 
 void PaintGutter(const CalendarScene& scene, const QRect& clip) {
-    QPainter& painter = scene.painter;
-    const CalendarGrid& grid = scene.grid;
-    const CalendarStyle& style = scene.style;
-    const QRect gutter = grid.gutter();
+    const QRect gutter = scene.grid.gutter();
     if (!gutter.intersects(clip))
         return;
-    painter.save();
-    painter.setClipRect(gutter & clip, Qt::IntersectClip);
-    painter.fillRect(gutter, style.window);
-    const TimeScale& scale = grid.scale;
-    const QFontMetrics little(style.minute);
-    const bool minutes = scale.interval * scale.pixelsPerMinute >= little.ascent() + style.margin / 2.0;
-    // The label of an hour that has already begun stands above the clip's top.
-    for (int minute = scale.rowStart(grid.minuteAt(clip.top()) - 60); minute < scale.last;
-         minute = scale.rowEnd(minute)) {
-        const int y = grid.y(minute);
-        if (y > clip.bottom())
-            break;
-        const bool hour = minute % 60 == 0;
-        painter.setPen(hour ? style.hourLine : style.rowLine);
-        painter.drawLine(hour ? gutter.left() + style.margin : gutter.right() - style.margin, y, gutter.right(), y);
-        const bool beneathHour = (minute % 60) * scale.pixelsPerMinute < QFontMetrics(style.hour).height();
-        if (hour)
-            PaintHour(scene, minute, y);
-        else if (minute == scale.first || (minutes && !beneathHour) || (minutes && scale.interval >= 15))
-            PaintMinutes(scene, minute, y);
-    }
+    scene.painter.save();
+    scene.painter.setClipRect(gutter & clip, Qt::IntersectClip);
+    scene.painter.fillRect(gutter, scene.style.window);
+    const int from = scene.grid.minuteAt(clip.top()) - 60;
+    PaintHours(scene, from, clip.bottom());
+    PaintRows(scene, from, clip.bottom());
+    PaintSelectedTime(scene);
     PaintPresentLabel(scene);
-    painter.restore();
+    scene.painter.restore();
 }

@@ -18,8 +18,9 @@ bool IsHolidayColumn(const CalendarScene& scene, int column) {
 
 QColor HeadingBack(const CalendarScene& scene, int column) {
     const bool colored = scene.content.dayHeaderColor != SystemInfoColor && IsHolidayColumn(scene, column);
+    // The colour says that the day is another one and the flag says why, so a calm tint is enough.
     QColor back =
-        colored ? Mixed(scene.style.window, ColorFromWindows(scene.content.dayHeaderColor), 0.45) : scene.style.window;
+        colored ? Mixed(scene.style.window, ColorFromWindows(scene.content.dayHeaderColor), 0.16) : scene.style.window;
     return scene.state.hoveredHeading == column ? Mixed(back, scene.style.ink, 0.06) : back;
 }
 

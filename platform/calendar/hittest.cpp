@@ -57,7 +57,8 @@ QRect CardRect(int index, const CalendarGrid& grid, const CalendarLayout& layout
         return {};
     QRect card = grid.itemRect(*placed);
     const QRect column = grid.columnRect(placed->column);
-    const int legible = std::min(style.minColumnWidth * 3 / 4, column.width() - grid.gap);
+    // A cancelled card stays in its strip: the time beside it is there to be clicked.
+    const int legible = std::min(placed->aside ? grid.strip : style.minColumnWidth * 3 / 4, column.width() - grid.gap);
     if (selected && card.width() < legible) {
         card.setWidth(legible);
         card.moveLeft(std::min(card.left(), column.right() + 1 - grid.gap - legible));

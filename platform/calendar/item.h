@@ -55,6 +55,7 @@ struct CalendarItem {
     bool ItemBound = false;   ///< Belongs to something that is changed elsewhere; a padlock marks it.
     bool ItemTextLocked = false;
     bool ItemMoveLocked = false;
+    bool ItemShelved = false;  ///< Has been put aside to be moved; it stays booked here until then.
 
     friend bool operator==(const CalendarItem&, const CalendarItem&) = default;
 };

@@ -40,6 +40,7 @@ void CloseCluster(Placed begin, Placed end, int lanes) {
         WidenInto(begin, end, lanes);
 }
 
+/// Gives lanes to items in the order of their start.
 void AssignLanes(std::vector<PlacedItem>& items) {
     using Busy = std::pair<int, int>;  // The end and the lane.
     std::priority_queue<Busy, std::vector<Busy>, std::greater<>> busy;
@@ -66,10 +67,58 @@ void AssignLanes(std::vector<PlacedItem>& items) {
     CloseCluster(cluster, items.end(), lanes);
 }
 
+/// Calls `use(begin, end, start, finish)` for each run of items linked by overlaps.
+template <typename Use>
+void ForEachCluster(std::vector<PlacedItem>& items, const Use& use) {
+    for (Placed cluster = items.begin(); cluster != items.end();) {
+        int finish = cluster->end;
+        Placed next = cluster + 1;
+        for (; next != items.end() && next->start < finish; ++next)
+            finish = std::max(finish, next->end);
+        use(cluster, next, cluster->start, finish);
+        cluster = next;
+    }
+}
+
+/// Tells the items in the strip and those beside it of each other. Items linked by overlaps share their lanes, and all
+/// of them leave the strip free where one of them stands beside it.
+void StandBeside(std::vector<PlacedItem>& items, std::vector<PlacedItem>& aside) {
+    ForEachCluster(items, [&](Placed begin, Placed end, int start, int finish) {
+        for (PlacedItem& other : aside) {
+            if (other.start >= finish || other.end <= start)
+                continue;
+            other.beside = std::max(other.beside, begin->lanes);
+            for (Placed item = begin; item != end; ++item)
+                item->beside = std::max(item->beside, other.lanes);
+        }
+    });
+    ForEachCluster(aside, [](Placed begin, Placed end, int, int) {
+        const int most = std::max_element(begin, end, [](const PlacedItem& a, const PlacedItem& b) {
+                             return a.beside < b.beside;
+                         })->beside;
+        std::for_each(begin, end, [most](PlacedItem& item) { item.beside = most; });
+    });
+}
+
+/// Gives lanes to all items of a column, with those of the strip apart.
+void AssignLanesAside(std::vector<PlacedItem>& items) {
+    const auto split =
+        std::stable_partition(items.begin(), items.end(), [](const PlacedItem& item) { return !item.aside; });
+    std::vector<PlacedItem> aside(split, items.end());
+    items.erase(split, items.end());
+    AssignLanes(items);
+    AssignLanes(aside);
+    StandBeside(items, aside);
+    const auto middle = items.insert(items.end(), aside.begin(), aside.end());
+    std::inplace_merge(items.begin(), middle, items.end(),
+                       [](const PlacedItem& a, const PlacedItem& b) { return a.start < b.start; });
+}
+
 class Placer {
   public:
-    Placer(const CalendarContent& content, int minMinutes)
+    Placer(const CalendarContent& content, int minMinutes, CancelledItems cancelled)
         : content_(content),
+          standsAside_(cancelled == CancelledItems::Aside),
           gridStart_(content.gridStart()),
           gridEnd_(content.gridEnd()),
           minMinutes_(std::clamp(minMinutes, 1, gridEnd_ - gridStart_)) {}
@@ -95,6 +144,8 @@ class Placer {
         PlacedItem placed;
         placed.index = index;
         placed.column = columnNumber;
+        placed.aside =
+            standsAside_ && content_.items[static_cast<std::size_t>(index) - 1].ItemStatusMark == StatusMark::Cancelled;
         placed.cutTop = start < gridStart_;
         placed.cutBottom = end > gridEnd_;
         placed.start = std::max(start, gridStart_);
@@ -104,6 +155,7 @@ class Placer {
     }
 
     const CalendarContent& content_;
+    bool standsAside_;
     int gridStart_;
     int gridEnd_;
     int minMinutes_;
@@ -119,7 +171,12 @@ void SortByStart(std::vector<int>& indexes, const CalendarContent& content) {
 void FinishColumn(ColumnLayout& column, const CalendarContent& content) {
     std::stable_sort(column.placed.begin(), column.placed.end(),
                      [](const PlacedItem& a, const PlacedItem& b) { return a.start < b.start; });
-    AssignLanes(column.placed);
+    const bool hasAside =
+        std::any_of(column.placed.begin(), column.placed.end(), [](const PlacedItem& item) { return item.aside; });
+    if (hasAside)
+        AssignLanesAside(column.placed);
+    else
+        AssignLanes(column.placed);
     SortByStart(column.earlier, content);
     SortByStart(column.later, content);
 }
@@ -148,11 +205,11 @@ std::vector<int> CalendarLayout::readingOrder() const {
     return order;
 }
 
-CalendarLayout LayOut(const CalendarContent& content, int minMinutes) {
+CalendarLayout LayOut(const CalendarContent& content, int minMinutes, CancelledItems cancelled) {
     CalendarLayout layout;
     layout.columns.resize(content.columns.size());
     layout.spots.resize(content.items.size());
-    const Placer placer(content, minMinutes);
+    const Placer placer(content, minMinutes, cancelled);
     for (std::size_t i = 0; i < content.items.size(); ++i) {
         const int column = content.columnOf(content.items[i]);
         layout.spots[i].column = column;

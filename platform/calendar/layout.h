@@ -12,7 +12,13 @@ struct PlacedItem {
     int end = 0;    ///< The end, at least the shortest drawn length after `start`.
     int lane = 0;   ///< Its lane, from 0, of the `lanes` that share the column's width.
     int lanes = 1;
-    int span = 1;            ///< How many lanes the item takes, from `lane` on.
+    int span = 1;  ///< How many lanes the item takes, from `lane` on.
+    /// A cancelled item stands in a strip at the right of its column, so that its time can be booked anew beside it.
+    /// Its lanes are those of the strip.
+    bool aside = false;
+    /// How many lanes of the other kind it stands beside: those left of the strip for an item aside, otherwise more
+    /// than 0 where the strip is taken. 0 means that none does.
+    int beside = 0;
     bool cutTop = false;     ///< The item begins before the grid.
     bool cutBottom = false;  ///< The item ends after the grid.
 
@@ -48,8 +54,11 @@ struct CalendarLayout {
     std::vector<Spot> spots;  ///< Used by find, at index - 1.
 };
 
+/// Whether cancelled items stand aside. On paper, where nothing is booked, they have the room of any other.
+enum class CancelledItems { Aside, AmongOthers };
+
 /// Places all items. The items of a column are sorted by start, and those with the same start keep the order in which
 /// they were added. Each takes the leftmost free lane and widens to the right over lanes that stay free beside it.
 /// Items that are linked by overlaps share one number of lanes. Touching items do not overlap. No item is drawn shorter
 /// than `minMinutes`, and overlaps are those of the drawn lengths, so that no card covers another.
-CalendarLayout LayOut(const CalendarContent& content, int minMinutes);
+CalendarLayout LayOut(const CalendarContent& content, int minMinutes, CancelledItems cancelled = CancelledItems::Aside);

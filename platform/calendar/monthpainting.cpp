@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "platform/calendar/card.h"
+#include "platform/calendar/colour.h"
 #include "platform/calendar/glyphs.h"
 #include "platform/calendar/timescale.h"
 
@@ -49,11 +50,21 @@ void paintNumber(const MonthScene& scene, const MonthCell& cell) {
     painter.drawText(cell.number, Qt::AlignCenter | Qt::TextSingleLine, QString::number(cell.day.day()));
 }
 
+/// Returns the colours of an item, without a fill where its day belongs to another month.
+CardColors colorsOf(const MonthScene& scene, const CalendarItem& item, bool inMonth) {
+    CardColors colors = CardColorsFor(item, scene.style.base, scene.style.ink);
+    if (!inMonth) {
+        colors.fill = scene.style.window;
+        colors.text = colors.dimText = ReadableOn(scene.style.window, scene.style.dimInk);
+    }
+    return colors;
+}
+
 // Paints one line: an edge in the item's colour, the time, the text, and the glyph of its status at the end.
-void paintItem(const MonthScene& scene, const MonthLine& line) {
+void paintItem(const MonthScene& scene, const MonthLine& line, bool inMonth) {
     QPainter& painter = scene.painter;
     const CalendarItem& item = scene.item(line.index);
-    const CardColors colors = CardColorsFor(item, scene.style.base, scene.style.ink);
+    const CardColors colors = colorsOf(scene, item, inMonth);
     const QRectF rect(line.rect);
     // A style without edges is for paper that is to have none.
     const double edge = scene.style.edgeWidth > 0 ? std::max(scene.style.edgeWidth - 1, 3) : 0;
@@ -118,7 +129,7 @@ void paintCell(const MonthScene& scene, const MonthCell& cell) {
     paintNumber(scene, cell);
     for (const MonthLine& line : cell.lines) {
         if (line.index > 0)
-            paintItem(scene, line);
+            paintItem(scene, line, cell.inMonth);
         else
             paintRest(scene, cell, line.rect);
     }

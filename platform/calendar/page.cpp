@@ -142,7 +142,7 @@ void closeFrame(QPainter& painter, const CalendarGrid& grid, const CalendarStyle
 }  // namespace
 
 void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& content, int firstColumn, int columnCount,
-               const CalendarStyle& wishedStyle) {
+               const CalendarStyle& wishedStyle, const PageNotes& notes) {
     const int columns = static_cast<int>(content.columns.size());
     const int first = std::clamp(firstColumn, 1, std::max(columns, 1));
     const int count = std::min(columnCount, columns - first + 1);
@@ -150,15 +150,23 @@ void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& con
         return;
     CalendarContent page = content.pageOf(first, count);
     GridWishes wishes;
-    const QRect whole = area.toAlignedRect();
-    const int bodyHeight = whole.height() - wishedStyle.headingHeight;
-    const CalendarStyle style = withFittingTime(wishedStyle, bodyHeight * 60 / (page.gridEnd() - page.gridStart()),
+    QRect whole = area.toAlignedRect();
+    const PlacedNotes placedNotes(notes, page, wishedStyle, whole.width());
+    const QRect paper = whole;
+    whole.setBottom(whole.bottom() - placedNotes.legendHeight());
+    CalendarStyle headedStyle = wishedStyle;
+    headedStyle.headingHeight = placedNotes.headingHeight();
+    const int bodyHeight = whole.height() - headedStyle.headingHeight;
+    const CalendarStyle style = withFittingTime(headedStyle, bodyHeight * 60 / (page.gridEnd() - page.gridStart()),
                                                 static_cast<int>(whole.width() * MostOfTheWidth));
     wishes.area = whole;
     wishes.visibleColumns = count;
     wishes.fitHeight = true;
     const auto fit = [&](const CalendarLayout& layout) { return FitGrid(page, layout, style, wishes); };
-    const auto layOut = [&] { return LayOut(page, MinMinutes(fit(LayOut(page, 1)).scale, style)); };
+    const auto layOut = [&] {
+        constexpr CancelledItems Cancelled = CancelledItems::AmongOthers;
+        return LayOut(page, MinMinutes(fit(LayOut(page, 1, Cancelled)).scale, style), Cancelled);
+    };
     CalendarLayout placed = layOut();
     const BelowTheGrid below(takeOutWhatIsTooNarrow(page, fit(placed), placed, style), whole, style);
     if (below.height() > 0) {
@@ -167,10 +175,13 @@ void PaintPage(QPainter& painter, const QRectF& area, const CalendarContent& con
     }
     const CalendarGrid grid = fit(placed);
     painter.save();
-    painter.setClipRect(whole, Qt::IntersectClip);
+    painter.setClipRect(paper, Qt::IntersectClip);
     below.paint(painter, {whole.left(), wishes.area.bottom() + 1, whole.width(), below.height()}, style);
     const CalendarState nothingSelected;
     PaintCalendar({painter, page, placed, grid, nothingSelected, style}, wishes.area);
     closeFrame(painter, grid, style);
+    for (int column = 1; column <= count; ++column)
+        placedNotes.paintHeading(painter, grid.headingRect(column), column);
+    placedNotes.paintLegend(painter, {paper.left(), whole.bottom() + 1, paper.width(), placedNotes.legendHeight()});
     painter.restore();
 }

@@ -29,7 +29,7 @@ void PaintGround(const CalendarScene& scene, int column, const QRect& rect, cons
     const CalendarStyle& style = scene.style;
     const bool tinted = scene.content.dayBackColor != SystemInfoColor;
     const auto ground = [&](const QColor& color) {
-        return tinted ? Mixed(color, ColorFromWindows(scene.content.dayBackColor), 0.10) : color;
+        return tinted ? Mixed(color, ColorFromWindows(scene.content.dayBackColor), 0.05) : color;
     };
     scene.painter.fillRect(rect & clip, ground(style.shade));
     const int prime = scene.grid.y(scene.content.primeStart);
@@ -45,26 +45,30 @@ void PaintGround(const CalendarScene& scene, int column, const QRect& rect, cons
 void PaintLines(const CalendarScene& scene, const QRect& rect, const QRect& clip) {
     const TimeScale& scale = scene.grid.scale;
     const QRect shown = rect & clip;
-    const bool rows = scale.interval * scale.pixelsPerMinute >= 6;
-    int minute = scale.rowStart(scene.grid.minuteAt(shown.top()));
-    for (; minute <= scale.last && scene.grid.y(minute) <= shown.bottom(); minute += scale.interval) {
-        minute = minute / scale.interval * scale.interval;
-        if (minute < scale.first || (!rows && minute % 60 != 0))
-            continue;
-        scene.painter.setPen(minute % 60 == 0 ? scene.style.hourLine : scene.style.rowLine);
-        scene.painter.drawLine(shown.left(), scene.grid.y(minute), shown.right(), scene.grid.y(minute));
-    }
+    const auto paint = [&](int step, const QColor& color) {
+        scene.painter.setPen(color);
+        const int first =
+            std::max(scene.grid.minuteAt(shown.top()) / step * step, (scale.first + step - 1) / step * step);
+        for (int minute = first; minute <= scale.last && scene.grid.y(minute) <= shown.bottom(); minute += step)
+            scene.painter.drawLine(shown.left(), scene.grid.y(minute), shown.right(), scene.grid.y(minute));
+    };
+    if (scale.interval * scale.pixelsPerMinute >= 6)
+        paint(scale.interval, scene.style.rowLine);
+    // Hours have their own lines, because rows of 25 or 45 minutes rarely begin with one.
+    paint(60, scene.style.hourLine);
     scene.painter.setPen(scene.style.columnLine);
     scene.painter.drawLine(rect.left(), shown.top(), rect.left(), shown.bottom());
 }
 
-void PaintRangeFill(const CalendarScene& scene, int column) {
+/// Painted under the items: a card in the range stays whole, and the range is seen beside it.
+void PaintRange(const CalendarScene& scene, int column) {
     if (!scene.state.range || scene.state.range->column != column)
         return;
     const SelectedTime& range = *scene.state.range;
+    const bool focused = scene.state.focused;
     const QRect rect = scene.grid.timeRect(column, range.start, range.end).adjusted(1, 0, 0, 0);
-    QColor fill = scene.state.focused ? scene.style.accent : scene.style.dimInk;
-    fill.setAlphaF(scene.state.focused ? 0.20F : 0.14F);
+    QColor fill = focused ? scene.style.accent : scene.style.dimInk;
+    fill.setAlphaF(focused ? 0.20F : 0.14F);
     scene.painter.fillRect(rect, fill);
     if (rect.height() >= scene.style.smallLine) {
         scene.painter.setFont(scene.style.small);
@@ -73,17 +77,8 @@ void PaintRangeFill(const CalendarScene& scene, int column) {
                                Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
                                ClockSpan(range.start, range.end, scene.content.twentyFourHour));
     }
-}
-
-/// Painted over the items, so that a range beside them can be seen.
-void PaintRangeFrame(const CalendarScene& scene, int column) {
-    if (!scene.state.range || scene.state.range->column != column)
-        return;
-    const SelectedTime& range = *scene.state.range;
-    const QRectF rect = scene.grid.timeRect(column, range.start, range.end).adjusted(1, 0, 0, 0);
-    const bool focused = scene.state.focused;
     scene.painter.setPen(QPen(focused ? scene.style.accent : scene.style.dimInk, focused ? 2 : 1));
-    scene.painter.drawRect(rect.adjusted(1, 1, -1, -1));
+    scene.painter.drawRect(QRectF(rect).adjusted(1, 1, -1, -1));
 }
 
 CardState StateOf(const CalendarScene& scene, int index, const PlacedItem& placed) {
@@ -127,7 +122,8 @@ void PaintItems(const CalendarScene& scene, int column, const QRect& clip) {
 }
 
 void PaintGhost(const CalendarScene& scene, int column) {
-    if (!scene.state.ghost || scene.state.ghost->column != column || scene.state.draggedItem < 1)
+    const CalendarState& state = scene.state;
+    if (!state.ghost || state.ghost->column != column || (state.draggedItem < 1 && !state.incoming))
         return;
     const ItemPlace& place = *scene.state.ghost;
     QRect rect = scene.grid.timeRect(column, place.start, std::max(place.end, place.start + 1));
@@ -138,7 +134,7 @@ void PaintGhost(const CalendarScene& scene, int column) {
     card.twentyFourHour = scene.content.twentyFourHour;
     card.start = place.start;
     card.end = place.end;
-    PaintCard(scene.painter, rect, scene.item(scene.state.draggedItem), card, scene.style);
+    PaintCard(scene.painter, rect, state.incoming ? *state.incoming : scene.item(state.draggedItem), card, scene.style);
     const QString label = ClockSpan(place.start, place.end, scene.content.twentyFourHour);
     QRect bubble(0, 0, QFontMetrics(scene.style.small).horizontalAdvance(label) + 4 * scene.style.margin,
                  scene.style.smallLine + scene.style.margin);
@@ -219,10 +215,9 @@ void PaintColumn(const CalendarScene& scene, int column, const QRect& clip) {
         return;
     PaintGround(scene, column, rect, shown);
     PaintLines(scene, rect, shown);
-    PaintRangeFill(scene, column);
+    PaintRange(scene, column);
     PaintPresentLine(scene, column);
     PaintItems(scene, column, shown);
-    PaintRangeFrame(scene, column);
     PaintPresentMark(scene, column);
     PaintGhost(scene, column);
 }

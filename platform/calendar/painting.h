@@ -23,7 +23,8 @@ struct CalendarState {
     int hoveredHeading = 0;
     std::optional<SelectedTime> range;
     int draggedItem = 0;
-    std::optional<ItemPlace> ghost;  ///< The place where the dragged item would be dropped.
+    std::optional<ItemPlace> ghost;        ///< The place where the dragged item would be dropped.
+    std::optional<CalendarItem> incoming;  ///< The dragged item when it comes from outside the calendar.
     bool focused = false;
     QDateTime now;  ///< The present; it is not marked where this is null.
 

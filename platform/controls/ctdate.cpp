@@ -22,7 +22,7 @@ QDate heldByDatabases(QDate date) {
 }  // namespace
 
 ctDate::ctDate(QWidget* parent) : QWidget(parent), date_(Today()) {
-    grid_ = {date_, QLocale().firstDayOfWeek()};
+    grid_.month = date_;
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -30,6 +30,7 @@ ctList::ctList(QWidget* parent) : QTreeView(parent) {
 
 void ctList::SetColumns(std::vector<ListColumn> columns) {
     model_.setColumns(std::move(columns));
+    hiddenRows_ = 0;
     layOutColumns();
 }
 
@@ -40,6 +41,7 @@ void ctList::SetMultiSelect(bool multiSelect) {
 void ctList::Clear() {
     const bool hadSelection = SelectedRow() >= 0;
     model_.clear();
+    hiddenRows_ = 0;
     if (hadSelection)
         Q_EMIT SelectionChanged();
 }
@@ -47,14 +49,45 @@ void ctList::Clear() {
 int ctList::AddRow(const QStringList& cells, const QVariant& itemData) {
     const int row = model_.addRow(cells);
     SetItemData(row, itemData);
+    if (!filter_.isEmpty())
+        hideRow(row, !passesFilter(row));
     return row;
 }
 
 void ctList::RemoveRow(int row) {
     const bool wasSelected = selectionModel()->isRowSelected(row);
+    hideRow(row, false);
     model_.removeRowAt(row);
     if (wasSelected)
         SelectRow(-1);
+}
+
+void ctList::SetFilter(const QString& text, int filterColumn) {
+    if (text == filter_ && filterColumn == filterColumn_)
+        return;
+    filter_ = text;
+    filterColumn_ = filterColumn;
+    for (int row = 0; row < RowCount(); ++row)
+        hideRow(row, !filter_.isEmpty() && !passesFilter(row));
+    if (const int selected = SelectedRow(); selected >= 0 && !IsRowShown(selected))
+        SelectRow(-1);
+    else if (selected >= 0)
+        scrollTo(currentIndex());
+}
+
+bool ctList::passesFilter(int row) const {
+    for (int column = 1; column <= ColumnCount(); ++column)
+        if ((filterColumn_ == 0 || column == filterColumn_) && !model_.isCheckColumn(column) &&
+            !model_.isColorColumn(column) && model_.shownCell(row, column).contains(filter_, Qt::CaseInsensitive))
+            return true;
+    return false;
+}
+
+void ctList::hideRow(int row, bool hidden) {
+    if (!model_.has(row) || isRowHidden(row, {}) == hidden)
+        return;
+    setRowHidden(row, {}, hidden);
+    hiddenRows_ += hidden ? 1 : -1;
 }
 
 void ctList::SelectRow(int row) {
@@ -108,8 +141,10 @@ void ctList::keyboardSearch(const QString& typed) {
     const bool stepsOn = !goesOn || typed_ == typed;
     typed_ = stepsOn ? typed : typed_ + typed;
     const int current = SelectedRow();
-    const int found = model_.findPrefix(typed_, model_.firstTextColumn(), stepsOn ? current : current - 1);
-    if (found >= 0)
+    int found = model_.findPrefix(typed_, model_.firstTextColumn(), stepsOn ? current : current - 1);
+    for (int tries = 0; found >= 0 && !IsRowShown(found) && tries < RowCount(); ++tries)
+        found = model_.findPrefix(typed_, model_.firstTextColumn(), found);
+    if (IsRowShown(found))
         SelectRow(found);
 }
 

@@ -53,10 +53,17 @@ class ctList : public QTreeView {
     void SetChecked(int row, int column, bool checked) { model_.setChecked(row, column, checked); }
     /// Selects the row alone and scrolls to it; -1 selects none.
     void SelectRow(int row);
+    /// Shows only the rows whose cell in the column contains the text, in any case; with column 0 any text cell may. An
+    /// empty text shows all rows. Rows that are added later are filtered, too. A row that is not shown keeps its number
+    /// and is not selected.
+    void SetFilter(const QString& text, int column = 0);
     /// Selects the row and scrolls so that it is the first in sight, where enough rows follow it.
     void StartAtRow(int row);
 
     [[nodiscard]] int RowCount() const { return model_.rowCount(); }
+    /// Returns how many rows the filter shows.
+    [[nodiscard]] int ShownRowCount() const { return RowCount() - hiddenRows_; }
+    [[nodiscard]] bool IsRowShown(int row) const { return model_.has(row) && !isRowHidden(row, {}); }
     [[nodiscard]] int ColumnCount() const { return model_.columnCount(); }
     [[nodiscard]] QString Header(int column) const;
     /// The row as it was added, with the cells that were set since.
@@ -100,6 +107,8 @@ class ctList : public QTreeView {
 
   private:
     void layOutColumns();
+    [[nodiscard]] bool passesFilter(int row) const;
+    void hideRow(int row, bool hidden);
     void flipCheck(int row, int column);
     void copySelection() const;
     /// Returns the check column that Space, or with `second` Shift+Space, flips; 0 where there is none.
@@ -107,6 +116,9 @@ class ctList : public QTreeView {
 
     ListModel model_;
     QPersistentModelIndex pressedCell_;
+    QString filter_;
+    int filterColumn_ = 0;
+    int hiddenRows_ = 0;
     QString typed_;
     qint64 typedAt_ = 0;
 };

@@ -4,13 +4,17 @@
 #include <QDate>
 #include <QRect>
 
+/// The first day of the week in every calendar: the picker of dates and the month begin their weeks where the week view
+/// does, whose columns are "Mon-Fri" or "Mon-Sun".
+inline constexpr Qt::DayOfWeek FirstDayOfWeek = Qt::Monday;
+
 /// One month as six weeks of seven days, with the last days of the month before and the first of the month after.
 struct MonthGrid {
     static constexpr int Weeks = 6;
     static constexpr int Days = 7;
 
     QDate month;  ///< Any day of the month shown.
-    Qt::DayOfWeek firstDayOfWeek = Qt::Sunday;
+    Qt::DayOfWeek firstDayOfWeek = FirstDayOfWeek;
 
     [[nodiscard]] QDate firstDate() const;
     [[nodiscard]] QDate dateAt(int week, int day) const { return firstDate().addDays(week * Days + day); }

@@ -1,5 +1,6 @@
 #include "platform/desktop/desktop.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QCursor>
 #include <QDesktopServices>
@@ -7,9 +8,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QScreen>
 #include <QTimer>
 #include <QUrl>
 #include <vector>
@@ -59,22 +62,42 @@ class NormalPointer {
     std::vector<QCursor> taken_;
 };
 
+int widthOfTitle(const QWidget& window) {
+    QFont bold = window.font();
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + FrameButtons;
+}
+
 // A box is only as wide as its text, which may be so short that the title would be cut.
 void makeRoomForTitle(QMessageBox& box) {
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (grid == nullptr)
         return;
-    QFont bold = box.font();
-    bold.setBold(true);
-    const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + FrameButtons;
+    const int title = widthOfTitle(box);
     grid->addItem(new QSpacerItem(title, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
                   grid->columnCount());
+}
+
+void showFacts(QMessageBox& box) {
+    box.setInformativeText(FactsOfQuestion());
+    // The box would otherwise take what looks like markup for markup.
+    if (auto* facts = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        facts->setTextFormat(Qt::PlainText);
+}
+
+// A small form is as wide as its fields. A form whose layout fixes its size keeps it.
+void makeRoomForTitle(QDialog& form) {
+    const int most = std::min(form.maximumWidth(), form.screen()->availableSize().width());
+    const int least = std::min(widthOfTitle(form), most);
+    if (form.minimumWidth() < least)
+        form.setMinimumWidth(least);
 }
 
 Answer realMsgBox(const QString& text, BoxStyle style, const QString& title) {
     const NormalPointer pointer;
     QMessageBox box(iconOf(style.picture), title, text, QMessageBox::NoButton, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
+    showFacts(box);
     makeRoomForTitle(box);
     if (style.buttons == BoxStyle::Buttons::Ok) {
         box.setStandardButtons(QMessageBox::Ok);
@@ -93,6 +116,7 @@ int realShowModal(QDialog& form) {
     const NormalPointer pointer;
     if (!form.parentWidget() && QApplication::activeWindow() && QApplication::activeWindow() != &form)
         form.setParent(QApplication::activeWindow(), form.windowFlags());
+    makeRoomForTitle(form);
     return form.exec();
 }
 
@@ -149,6 +173,11 @@ std::function<void()>& beforeQuestion() {
     return step;
 }
 
+QString& factsOfQuestion() {
+    static QString facts;
+    return facts;
+}
+
 }  // namespace
 
 void BeforeQuestions(std::function<void()> step) {
@@ -159,6 +188,17 @@ Answer MsgBox(const QString& text, BoxStyle style, const QString& title) {
     const OpenDialog open;
     beforeQuestion()();
     return Desktop().msgBox(text, style, title);
+}
+
+Answer AskWithFacts(const QString& text, const QString& facts, const QString& title) {
+    factsOfQuestion() = facts;
+    const Answer answer = MsgBox(text, YesNoWarningBox, title);
+    factsOfQuestion().clear();
+    return answer;
+}
+
+QString FactsOfQuestion() {
+    return factsOfQuestion();
 }
 
 int ShowModal(QDialog& form) {

@@ -1,5 +1,6 @@
 #include "platform/printing/frmpreview.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QLabel>
 #include <QPushButton>
@@ -69,4 +70,6 @@ void frmpreview::cmdprint_Click() {
 void frmpreview::tellPrinted(const QString& text) {
     hasPrinted_ = true;
     lblstatus->setText(text);
+    QAccessibleEvent told(lblstatus, QAccessible::Alert);
+    QAccessible::updateAccessibility(&told);
 }

@@ -8,6 +8,7 @@
 #include "appointments/appointmentconflict.h"
 #include "data/codes.h"
 #include "platform/controls/ctlist.h"
+#include "platform/database/sql.h"
 #include "tests/appointments/appointmentfixture.h"
 
 namespace {
@@ -163,6 +164,52 @@ TEST_F(Conflicts, TheSelectedRowTellsForHowLongItIsInTheWay) {
         conflict.cmdaccept->click();
     });
     EXPECT_FALSE(check());
+}
+
+TEST_F(Conflicts, TheTipOfARowAndTheLineBelowTellItsStatus) {
+    const auto set = [this](int key, int code) {
+        database.connection().Execute(db::Sql("Update appointments Set ncolor = {} Where nkeyid = {}", code, key));
+    };
+    set(appointment({.end = Nine + 30}), ncolor::PatientCancelled);
+    set(appointment({.start = Nine + 10, .text = QStringLiteral("D'Arcy, Jo")}), ncolor::Kept);
+    set(appointment({.start = Nine + 20, .text = QStringLiteral("Odd")}), 0x123456);
+    desk.expectForm("AppointmentConflict", [](QDialog& form) {
+        const auto& conflict = dynamic_cast<AppointmentConflict&>(form);
+        EXPECT_EQ(conflict.TipOf(0), "Jones, Mary\nReed\n9:00 AM - 9:30 AM\nStatus: Patient Cancelled");
+        EXPECT_EQ(conflict.TipOf(1), "D'Arcy, Jo\nReed\n9:10 AM - 10:00 AM\nStatus: Kept");
+        EXPECT_EQ(conflict.TipOf(2), "Odd\nReed\n9:20 AM - 10:00 AM") << "a colour that is no status";
+        EXPECT_EQ(conflict.TipOf(3), "");
+        EXPECT_TRUE(conflict.lbllength->text().endsWith(" Status: Patient Cancelled."));
+        conflict.ctList1->SelectRow(2);
+        EXPECT_FALSE(conflict.lbllength->text().contains("Status"));
+        conflict.cmdaccept->click();
+    });
+    EXPECT_FALSE(check());
+}
+
+TEST_F(Conflicts, BookingsThatLookAlikeTellAllTheirStatuses) {
+    const int first = appointment({});
+    appointment({.provider = QStringLiteral("OBRIEN")});
+    database.connection().Execute(db::Sql("Update appointments Set ncolor = 192 Where nkeyid = {}", first));
+    database.connection().Execute(db::Sql("Update appointments Set ncolor = 49152 Where nkeyid <> {}", first));
+    desk.expectForm("AppointmentConflict", [](QDialog& form) {
+        const QString tip = dynamic_cast<AppointmentConflict&>(form).TipOf(0);
+        EXPECT_TRUE(tip.contains("Missed") && tip.contains("Kept")) << tip.toStdString();
+        form.reject();
+    });
+    EXPECT_TRUE(check(0, Mary));
+}
+
+TEST_F(RoomConflicts, TheTipTellsTheStatusOfTheVisitInTheRoom) {
+    const int key = appointment({});
+    database.connection().Execute(db::Sql("Update appointments Set ncolor = 194 Where nkeyid = {}", key));
+    booking(blueRoom, Nine, Ten, QStringLiteral("Jones, Mary"), key);
+    desk.expectForm("AppointmentConflict", [](QDialog& form) {
+        EXPECT_EQ(dynamic_cast<AppointmentConflict&>(form).TipOf(0),
+                  "Jones, Mary\nBlue Room\n9:00 AM - 10:00 AM\nStatus: Therapist Cancelled");
+        form.reject();
+    });
+    EXPECT_TRUE(check());
 }
 
 TEST_F(Conflicts, ApostrophesInIdsAndNamesAreHarmless) {

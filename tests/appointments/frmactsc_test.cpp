@@ -9,6 +9,7 @@
 #include "appointments/durationlabel.h"
 #include "platform/controls/completingcombo.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/database/sql.h"
 #include "tests/appointments/activityfixture.h"
 
 using db::Sql;
@@ -239,6 +240,19 @@ TEST_F(ActivityScheduler, BusySearchFindsAnAppointmentWithinTheTime) {
     appointment({.start = 550, .end = 560});
     openFilledActivity();
     expectBusy({QStringLiteral("Reed")});
+}
+
+TEST_F(ActivityScheduler, BusySearchTellsTheTimesAndTheStatusesInTips) {
+    const int key = appointment({.start = 550, .end = 560});
+    database.connection().Execute(db::Sql("Update appointments Set ncolor = 193 Where nkeyid = {}", key));
+    openFilledActivity();
+    desk.expectForm("frmeConflict", [](QDialog& dialog) {
+        const auto* row = dialog.findChild<QListWidget*>(QStringLiteral("List1"))->item(0);
+        EXPECT_TRUE(row->toolTip().contains("9:10 AM - 9:20 AM: Patient Cancelled")) << row->toolTip().toStdString();
+        EXPECT_EQ(row->data(Qt::AccessibleDescriptionRole).toString(), "9:10 AM - 9:20 AM: Patient Cancelled");
+        dialog.accept();
+    });
+    clickButton(scheduler->cmdbusy);
 }
 
 TEST_F(ActivityScheduler, BusySearchCountsTouchingTimes) {

@@ -1,5 +1,7 @@
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -47,6 +49,38 @@ TEST_F(PatientLookUp, APartOfANameIsFoundOnTheList) {
     type(form->txtfind, QStringLiteral("nobody"));
     desk.expectBox(QStringLiteral("Name not found."), QStringLiteral("Find"));
     form->cmdfind->click();
+}
+
+TEST_F(PatientLookUp, TypingIntoTheFindBoxShowsOnlyTheNamesThatContainIt) {
+    typed("");
+    form->cmdpatients->click();
+    EXPECT_EQ(form->lblcount->text(), QStringLiteral("4 patients"));
+    QTest::keyClicks(form->txtfind, QStringLiteral("NEIL"));
+    EXPECT_EQ(form->ctList1->ShownRowCount(), 1);
+    EXPECT_EQ(form->lblcount->text(), QStringLiteral("1 of 4 patients"));
+    form->txtfind->clear();
+    EXPECT_EQ(form->ctList1->ShownRowCount(), 4);
+}
+
+TEST_F(PatientLookUp, TheTypedNameAndTheProviderGoToTheFormThatTheButtonOpens) {
+    struct Handed {
+        const char* typed;
+        const char* last;
+        const char* first;
+    };
+    for (const Handed& name :
+         {Handed{"Young, Al", "Young", "Al"}, Handed{"Al Young", "Young", "Al"}, Handed{"Young", "Young", ""}}) {
+        typed(name.typed);
+        desk.expectForm("frmnewpat", [&](QDialog& dialog) {
+            const auto& newPatient = static_cast<frmnewpat&>(dialog);
+            EXPECT_EQ(newPatient.txtlname->text(), QLatin1String(name.last));
+            EXPECT_EQ(newPatient.txtfname->text(), QLatin1String(name.first));
+            EXPECT_EQ(newPatient.lstproviders->item(newPatient.cboprovider->currentIndex())->text(),
+                      form->Request().provider.id);
+            dialog.done(QDialog::Rejected);
+        });
+        form->cmdnewpat->click();
+    }
 }
 
 TEST_F(PatientLookUp, EnterOnTheListsFindButtonFindsAndBooksNobody) {

@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QListWidget>
+#include <QLocale>
 #include <QPushButton>
 #include <QTest>
 
@@ -257,4 +258,61 @@ TEST_F(Recurring, TheMembersOfAGroupAreAskedForAndWhoHasLeftByThenDoesNotCome) {
     press(form, 0);
     EXPECT_EQ(database.number(Sql("Select Count(*) from AppointmentsGroup Where nKeyId <> {}", key)), 3);
     EXPECT_EQ(database.number(Sql("Select Count(*) from AppointmentsGroup Where nKeyId <> {} And Kept = 1", key)), 0);
+}
+
+TEST_F(Recurring, FiveHundredDatesAreReadInPiecesBetweenWhichTheUserGoesOnTyping) {
+    const QDate late = day.addDays(7 * 450);
+    appointment({.text = QStringLiteral("Smith, Zed"), .date = day.addDays(7 * 11)});
+    appointment({.text = QStringLiteral("Brown, Amy"), .date = late});
+    frmRecurAppt form(item, reed, {});
+    form.txtRecrMaxEvents->setValue(500);
+    int pieces = 0;
+    QString typed;
+    // What waits in the queue gets its turn between two pieces, as a key does.
+    QObject::connect(form.seriesdates->lstdates->model(), &QAbstractItemModel::dataChanged, &form, [&] {
+        QMetaObject::invokeMethod(
+            &form,
+            [&] {
+                if (typed.isEmpty() &&
+                    form.seriesdates->lblcount->text().endsWith(QLatin1String("Looking up what is in the way...")))
+                    typed = listed(form)[450];
+            },
+            Qt::QueuedConnection);
+        ++pieces;
+    });
+    const QString whole = QStringLiteral("499 of 499 new appointments, 2 asked first");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form.seriesdates->lblcount->text() == whole; }));
+    EXPECT_TRUE(listed(form)[450].contains(QLatin1String("Brown")));
+    EXPECT_GT(pieces, 1);
+    EXPECT_EQ(typed,
+              QStringLiteral("x %1 |  | booked").arg(QLocale::c().toString(late, QStringLiteral("ddd MM/dd/yyyy"))))
+        << "The end of the series is read last.";
+    EXPECT_TRUE(listed(form)[11].contains(QLatin1String("Smith")));
+}
+
+TEST_F(Recurring, WhatIsCancelledMissedOrUnavailableIsToldAsThat) {
+    const int gone = appointment({.text = QStringLiteral("Smith, Zed"), .date = day.addDays(7)});
+    const int lunch = appointment({.text = QStringLiteral("Lunch"), .patient = QString(), .date = day.addDays(14)});
+    run(Sql("Update appointments Set ncolor = 193 Where nkeyid = {}", gone));
+    run(Sql("Update appointments Set ncolor = 16744703 Where nkeyid = {}", lunch));
+    frmRecurAppt form(item, reed, {});
+    form.txtRecrMaxEvents->setValue(3);
+    form.seriesdates->Read();
+    EXPECT_EQ(listed(form).mid(1),
+              QStringList(
+                  {QStringLiteral("? Wed 03/18/2026 | Smith, Zed (Patient Cancelled) 9:00 AM - 10:00 AM | asked first"),
+                   QStringLiteral("? Wed 03/25/2026 | Lunch (Unavailable Time) 9:00 AM - 10:00 AM | asked first")}));
+}
+
+TEST_F(Recurring, ADateThatWasTickedIsAskedForOnceSomethingElseIsBookedThere) {
+    appointment({.text = QStringLiteral("Smith, Zed"), .date = day.addDays(7)});
+    frmRecurAppt form(item, reed, {});
+    form.show();
+    form.seriesdates->Read();
+    pressSpaceOn(form, 1);
+    EXPECT_TRUE(listed(form)[1].endsWith(QLatin1String("| booked")));
+    appointment({.start = 570, .end = 630, .text = QStringLiteral("Brown, Amy"), .date = day.addDays(7)});
+    expectConflict("3/18/2026", Answer::No);
+    press(form, 0);
+    EXPECT_EQ(count(), 3);
 }

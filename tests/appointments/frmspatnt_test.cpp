@@ -40,8 +40,23 @@ TEST_F(SelectPatient, ListsThePatientsByNameWithTheirNumbers) {
     ASSERT_EQ(picker.ctList1->RowCount(), 2);
     EXPECT_EQ(picker.ctList1->Cells(0).join(u';'),
               QStringLiteral("Jones, Mary;A-17;(555) 123-4567;(555) 987-6543;;;mary@example.org"));
-    EXPECT_EQ(picker.pnlcount->text(), QStringLiteral("2"));
+    EXPECT_EQ(picker.pnlcount->text(), QStringLiteral("2 clients"));
     EXPECT_FALSE(picker.pnlprogress->isVisibleTo(&picker));
+}
+
+TEST_F(SelectPatient, TypingShowsOnlyTheNamesThatContainTheTextAndCountsThem) {
+    people(300);
+    frmspatnt picker;
+    picker.show();
+    QTest::keyClicks(picker.txtfind, QStringLiteral("jones"));
+    EXPECT_EQ(picker.ctList1->ShownRowCount(), 1);
+    EXPECT_TRUE(picker.ctList1->IsRowShown(picker.ctList1->FindItemData(QStringLiteral("10017"))));
+    EXPECT_EQ(picker.pnlcount->text(), QStringLiteral("1 of 302 clients"));
+    picker.txtfind->setText(QStringLiteral("nobody"));
+    EXPECT_EQ(picker.pnlcount->text(), QStringLiteral("None of 302 clients"));
+    picker.txtfind->clear();
+    EXPECT_EQ(picker.pnlcount->text(), QStringLiteral("302 clients"));
+    EXPECT_EQ(picker.ctList1->ShownRowCount(), 302);
 }
 
 TEST_F(SelectPatient, ALongListFillsWhileTheFormIsOpen) {

@@ -46,6 +46,8 @@ TEST_F(CompanionAppointmentLoad, ANewAppointmentTakesItsFieldsFromTheSchedule) {
     const frmFHAppt& form = openNew();
     EXPECT_EQ(form.windowTitle(), "Fernhall Appointment");
     EXPECT_EQ(form.lblClient->text(), "Client: Stone, Mary");
+    EXPECT_EQ(form.findChild<QLabel*>("lblheading")->text(),
+              QString::fromUtf8("Fernhall Appointment · Thu, Mar 12, 2026 · Reed, Anna"));
     EXPECT_EQ(form.txtdate->Date(), QDate(2026, 3, 12));
     EXPECT_EQ(form.txtstarttime->Time(), 600);
     EXPECT_EQ(form.txtduration->Value(), 50);
@@ -54,6 +56,14 @@ TEST_F(CompanionAppointmentLoad, ANewAppointmentTakesItsFieldsFromTheSchedule) {
     EXPECT_EQ(form.txtmemo->toPlainText(), "");
     EXPECT_FALSE(form.IsWritten());
     EXPECT_EQ(form.CtrnKey(), 0);
+}
+
+TEST_F(CompanionAppointmentLoad, TheHeadingFollowsTheDateAndTheProvider) {
+    const frmFHAppt& form = openNew();
+    form.txtdate->setDate(QDate(2026, 3, 13));
+    form.cboProviders->setCurrentIndex(-1);
+    EXPECT_EQ(form.findChild<QLabel*>("lblheading")->text(),
+              QString::fromUtf8("Fernhall Appointment · Fri, Mar 13, 2026"));
 }
 
 TEST_F(CompanionAppointmentLoad, AHiddenNameIsHiddenHereToo) {

@@ -55,6 +55,8 @@ TEST_F(EventForm, ANewOneIsPresetFromTheSelection) {
     EXPECT_FALSE(dialog.ckallday->isChecked());
     EXPECT_FALSE(dialog.ckAllProviders->isChecked());
     EXPECT_EQ(attending(), QStringLiteral("Reed, Anna"));
+    EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblheading"))->text(),
+              QString::fromUtf8("Fernhall Event · Wed, Mar 11, 2026 · Reed, Anna"));
     EXPECT_TRUE(dialog.txtevent->hasFocus());
     EXPECT_FALSE(dialog.cmdDelete->isVisible());
     EXPECT_FALSE(dialog.lblnotice->isVisible());

@@ -7,10 +7,11 @@
 #include "people/frmnewpat.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctmedit.h"
+#include "platform/database/sql.h"
+#include "platform/desktop/questions.h"
 #include "session/session.h"
 #include "tests/people/newpatientfixture.h"
 
-using NewPatientSave = NewPatientFixture;
 using NewPatientExport = NewPatientFixture;
 
 namespace {
@@ -18,6 +19,29 @@ namespace {
 const QString NoPair = QStringLiteral(
     "Unable to export patient to Fernhall. The selected provider for this patient does not exist in Fernhall. Add "
     "provider to Fernhall and try again.");
+
+class NewPatientSave : public NewPatientFixture {
+  protected:
+    /// Saves a patient of a known name, answers No, and returns what the question showed.
+    QString factsOnSaving() {
+        frmnewpat& form = open();
+        fillRequired(form);
+        QString facts;
+        const auto before = Desktop().msgBox;
+        Desktop().msgBox = [&facts](const QString& text, BoxStyle style, const QString& title) {
+            EXPECT_EQ(text, "Smith, John is already in the database. Continue?");
+            EXPECT_EQ(title, "Duplicate Name");
+            EXPECT_EQ(style, YesNoWarningBox) << "Enter must answer No.";
+            facts = FactsOfQuestion();
+            return Answer::No;
+        };
+        form.cmdOk->click();
+        Desktop().msgBox = [](const QString&, BoxStyle, const QString&) { return Answer::No; };
+        form.cmdcancel->click();
+        Desktop().msgBox = before;
+        return facts;
+    }
+};
 
 }  // namespace
 
@@ -54,6 +78,71 @@ TEST_F(NewPatientSave, EveryFieldGoesIntoItsColumn) {
     EXPECT_EQ(stored("sex"), "Male");
     EXPECT_EQ(stored("provider_id"), "ABEL");
     EXPECT_EQ(stored("archive"), "0");
+}
+
+TEST_F(NewPatientSave, ACellPhoneAndAnEMailAddressAreKeptAsTheEditorShowsThem) {
+    frmnewpat& form = open();
+    fillRequired(form);
+    type(form.txtcphone, "555 222 3333");
+    type(form.txtemail, " john@example.org ");
+    form.cmdOk->click();
+    EXPECT_EQ(stored("Other_Phone"), "5552223333");
+    EXPECT_EQ(stored("Other_Phone_Type"), "Cell Phone");
+    EXPECT_EQ(stored("EmailAddress"), "john@example.org");
+}
+
+TEST_F(NewPatientSave, WithoutACellPhoneAndAnEMailAddressTheRecordHasNone) {
+    frmnewpat& form = open();
+    fillRequired(form);
+    form.cmdOk->click();
+    EXPECT_EQ(stored("Other_Phone"), "");
+    EXPECT_EQ(stored("Other_Phone_Type"), "");
+    EXPECT_EQ(stored("EmailAddress"), "");
+}
+
+TEST_F(NewPatientSave, TheProviderOfTheAppointmentIsTakenOverAndIsNoChange) {
+    frmnewpat form({{}, {}, QStringLiteral("young")});
+    EXPECT_EQ(form.cboprovider->currentText(), "Young");
+    form.show();
+    form.cmdcancel->click();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(frmnewpat({{}, {}, QStringLiteral("GONE")}).cboprovider->currentIndex(), -1);
+}
+
+TEST_F(NewPatientSave, TheCursorWaitsInTheFirstFieldThatIsMissing) {
+    EXPECT_EQ(frmnewpat({}).focusWidget()->objectName(), "txtlname");
+    EXPECT_EQ(frmnewpat({QStringLiteral("Young"), {}}).focusWidget()->objectName(), "txtfname");
+    EXPECT_EQ(frmnewpat({QStringLiteral("Young"), QStringLiteral("Al")}).focusWidget()->objectName(), "txtdob");
+}
+
+TEST_F(NewPatientSave, TheQuestionAboutADuplicateShowsWhoIsKnown) {
+    Session().AllProviders = true;
+    sql("Insert Into patient_info (id, last_name, first_name, birth_date, telephone_h, archive) Values ('1', 'SMITH', 'john', '1980/12/03', '5551234567', 0)");
+    sql("Insert Into patient_info (id, last_name, first_name, Other_Phone, archive) Values ('2', 'Smith', 'John', 'ask', 1)");
+    EXPECT_EQ(factsOnSaving(), QString::fromUtf8("SMITH, john · born 12/03/1980 · (555) 123-4567\n"
+                                                 "Smith, John · date of birth not known · ask · not active"));
+}
+
+TEST_F(NewPatientSave, OfManyOfOneNameAsManyAreShownAsHaveRoom) {
+    Session().AllProviders = true;
+    for (const char* id : {"1", "2", "3", "4", "5"})
+        database.connection().Execute(db::Sql(
+            "Insert Into patient_info (id, last_name, first_name, archive) Values ('{}', 'Smith', 'John', 0)", id));
+    EXPECT_EQ(factsOnSaving().section('\n', 3), "and 2 more");
+}
+
+TEST_F(NewPatientSave, NothingIsShownOfAPatientWhomTheUserMayNotRead) {
+    sql("Insert Into patient_info (id, last_name, first_name, birth_date, provider_id, archive) Values ('1', 'Smith', 'John', '1980/12/03', 'ABEL', 0)");
+    EXPECT_EQ(factsOnSaving(), "A patient of another provider.");
+    sql("Insert Into PatientAccess (patientid, providerid) Values ('1', 'DESK')");
+    EXPECT_TRUE(factsOnSaving().contains("12/03/1980"));
+}
+
+TEST_F(NewPatientSave, WhileNamesAreHiddenTheQuestionNamesNobodyFurther) {
+    Session().AllProviders = Session().HidePatientNames = true;
+    sql("Insert Into patient_info (id, last_name, first_name, birth_date, archive) Values ('1', 'Smith', 'John', '1980/12/03', 0)");
+    EXPECT_FALSE(factsOnSaving().contains("12/03/1980"));
+    EXPECT_FALSE(factsOnSaving().contains("Smith"));
 }
 
 TEST_F(NewPatientSave, TheFirstEpisodeGoesWithThePatient) {

@@ -27,7 +27,7 @@ const QString SaveChanges = QStringLiteral("Save Changes");
 QStringList fieldsByTab(frmnewpat& form) {
     QStringList names;
     form.txtlname->setFocus();
-    for (int i = 0; i < 19; ++i) {
+    for (int i = 0; i < 21; ++i) {
         names << form.focusWidget()->objectName();
         QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
     }
@@ -96,7 +96,7 @@ TEST_F(NewPatientForm, TabVisitsTheFieldsInTheOrderOfAsking) {
     fillRequired(form);
     EXPECT_EQ(fieldsByTab(form).join(' '),
               "txtlname txtfname txtmi txtsal txtdob cbosex txtssn txtid txtaddress txtcity txtstate txtzip txthphone "
-              "txtwphone cboprovider txtdic ckactive cmdOk cmdcancel");
+              "txtwphone txtcphone txtemail cboprovider txtdic ckactive cmdOk cmdcancel");
     desk.expectBox(ChangesMade, SaveChanges, Answer::No);
     form.cmdcancel->click();
 }

@@ -127,6 +127,20 @@ TEST_F(ProviderSelection, ANameThatNobodyHasSelectsNobody) {
     EXPECT_EQ(form.result(), QDialog::Rejected);
 }
 
+TEST_F(ProviderSelection, TypingShowsTheNamesThatContainTheTextAndCountsThem) {
+    frmsltpv form;
+    EXPECT_EQ(form.lblcount->text(), QStringLiteral("3 providers"));
+    QTest::keyClicks(form.txtfind, QStringLiteral("e"));
+    EXPECT_EQ(form.lblcount->text(), QStringLiteral("2 of 3 providers"));
+    EXPECT_FALSE(form.List1->IsRowShown(2));
+    EXPECT_FALSE(form.cmdOk->isEnabled()) << "Nobody's name begins so.";
+    form.show();
+    QTest::keyClick(form.txtfind, Qt::Key_Down);
+    EXPECT_EQ(form.List1->SelectedRow(), 0);
+    form.txtfind->clear();
+    EXPECT_EQ(form.lblcount->text(), QStringLiteral("3 providers"));
+}
+
 TEST_F(ProviderSelection, FindIsOfferedOnlyForATextAndFindsAgain) {
     frmsltpv form;
     EXPECT_FALSE(form.cmdfind->isEnabled());

@@ -83,6 +83,15 @@ TEST_F(RoomDialog, AChangedMeetingThatAnotherDeskDeletedIsToldAndKeepsWhatWasTyp
     EXPECT_EQ(edit.txtsubject->text(), "New");
 }
 
+TEST_F(RoomDialog, ItsHeadingSaysTheDayAndTheRoomAndFollowsTheDate) {
+    const frmRoomAppt meeting({0, 540, 600, QDate(2026, 3, 11), {}, {}, 1, false}, QDate(2026, 3, 11),
+                              QStringLiteral("Blue"));
+    const auto* heading = meeting.findChild<QLabel*>(QStringLiteral("lblheading"));
+    EXPECT_EQ(heading->text(), QString::fromUtf8("Room Meeting · Wed, Mar 11, 2026 · Blue"));
+    meeting.ctedate->setDate(QDate(2026, 3, 12));
+    EXPECT_EQ(heading->text(), QString::fromUtf8("Room Meeting · Thu, Mar 12, 2026 · Blue"));
+}
+
 TEST_F(RoomDialog, OpensWholeOnASmallScreen) {
     // 1280 by 800 at 200 %, less what a frame and a panel take.
     frmRoomAppt moved({7, 540, 600, QDate(2026, 3, 10), QStringLiteral("Meeting"), {}, 1, false}, QDate(2026, 3, 11),

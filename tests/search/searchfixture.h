@@ -29,11 +29,12 @@ class SearchFixture : public testing::Test {
         QString provider = QStringLiteral("REED");
         int kind = 0;
         QDate date = QDate(2026, 3, 11);
+        QString patient = {};
     };
     qint64 book(const Booking& row) {
         database.connection().Execute(db::Sql(
-            "Insert Into appointments (dapptdate, nStartTime, nEndTime, cappttext, ncolor, clinicianid, appttype) Values ('{}', {}, {}, '{}', {}, '{}', {})",
-            row.date, row.start, row.end, row.text, row.code, row.provider, row.kind));
+            "Insert Into appointments (dapptdate, nStartTime, nEndTime, cappttext, ncolor, clinicianid, appttype, patientid) Values ('{}', {}, {}, '{}', {}, '{}', {}, '{}')",
+            row.date, row.start, row.end, row.text, row.code, row.provider, row.kind, row.patient));
         return database.connection().LastIdentity();
     }
     void provider(const char* id, const char* name, int archived = 0) {

@@ -179,6 +179,36 @@ TEST_F(Logon, TheCancelButtonLeavesNobodyLoggedOn) {
     EXPECT_EQ(Session().UID, "");
 }
 
+TEST_F(Logon, AfterAFailureTheLastUserIdIsCompletedFromItsFirstLetterAndNoPasswordIs) {
+    for (int time = 0; time < 2; ++time) {
+        desk.expectBox("Invalid User ID or Password. Try again.", "No Matching Record");
+        logOn("anna", "wrong");
+        EXPECT_EQ(txtuid().text(), "");
+        EXPECT_EQ(txtpassword().text(), "");
+        EXPECT_EQ(txtpassword().completer(), nullptr);
+        EXPECT_EQ(txtuid().placeholderText(), "Down arrow: anna");
+        QTest::keyClicks(&txtuid(), "A");
+        EXPECT_EQ(txtuid().text().toLower(), "anna");
+    }
+    QTest::keyClick(&txtuid(), Qt::Key_Tab);
+    QTest::keyClicks(&txtpassword(), "secret");
+    QTest::keyClick(&txtpassword(), Qt::Key_Return);
+    EXPECT_EQ(Session().UID, "ANNA");
+}
+
+TEST_F(Logon, AfterAFailureTheDownKeyBringsTheLastUserIdBack) {
+    desk.expectBox("Invalid User ID or Password. Try again.", "No Matching Record");
+    logOn("ANNA", "wrong");
+    QTest::keyClick(&txtuid(), Qt::Key_Down);
+    EXPECT_EQ(txtuid().text(), "ANNA");
+}
+
+TEST_F(Logon, BeforeAFailureNobodyIsOffered) {
+    QTest::keyClicks(&txtuid(), "A");
+    EXPECT_EQ(txtuid().text(), "A");
+    EXPECT_EQ(txtuid().completer(), nullptr);
+}
+
 TEST_F(Logon, EnterLogsOnFromThePasswordBox) {
     QTest::keyClicks(&txtuid(), "anna");
     QTest::keyClicks(&txtpassword(), "secret");

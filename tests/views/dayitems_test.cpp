@@ -138,6 +138,18 @@ TEST_F(DayItems, TheFlagsOfTheRowShowAsIcons) {
     EXPECT_EQ(none.ItemSessionIcon, 0);
 }
 
+TEST_F(DayItems, AnAppointmentOfASeriesShowsItsIcon) {
+    add(anAppointment("Weekly").with("repeating", "1").with("repeating_ref", "7"));
+    add(anAppointment("Was weekly").with("repeating", "0").with("repeating_ref", "7"));
+    add(anAppointment("Of no series").with("repeating", "1"));
+
+    open();
+
+    EXPECT_EQ(item("Weekly").ItemSeriesIcon, 1);
+    EXPECT_EQ(item("Was weekly").ItemSeriesIcon, 0);
+    EXPECT_EQ(item("Of no series").ItemSeriesIcon, 0);
+}
+
 TEST_F(DayItems, EveryStatusIsToldInWordsToo) {
     add(anAppointment("Kept one").status(ncolor::Kept));
     add(anAppointment("Cancelled one").status(ncolor::PatientCancelled));

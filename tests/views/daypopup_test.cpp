@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -72,7 +73,7 @@ constexpr Row table[] = {
     {"Kept", 49152, 0, true, true, false, true, "mnuAKept"},
     {"Holiday", 49344, 0, false, false, false, false, nullptr},
     {"Blank", 16711680, 0, true, true, true, false, nullptr},
-    {"Pending", 16711681, 0, true, true, true, false, nullptr},
+    {"Pending", 16711681, 0, true, true, true, false, "mnuAPending"},
     {"Group", 12632064, 0, false, true, false, false, nullptr},
     {"CheckedIn", 16777215, 0, true, true, false, false, "mnuCheckediN"},
     {"Tentative", 126322256, 0, false, true, false, false, nullptr},
@@ -174,6 +175,41 @@ TEST_F(DayPopup, AStatusChosenInItIsStoredAndTicked) {
     EXPECT_EQ(database_.number(db::Sql("Select ncolor from appointments Where nkeyid = {}", key)), ncolor::Missed);
     EXPECT_EQ(ticked(), QStringList{"mnuAMissed"});
     EXPECT_EQ(popup(), nullptr);
+}
+
+TEST_F(DayPopup, TheStatusIsARadioAndPendingLeadsBack) {
+    const qint64 key = add(anAppointment("Anna").status(ncolor::Kept));
+    open();
+    const auto stored = [&] {
+        return database_.number(db::Sql("Select ncolor from appointments Where nkeyid = {}", key));
+    };
+    const auto choose = [&](const char* name) {
+        rightClick("Anna");
+        QTest::mouseClick(popup(), Qt::LeftButton, {}, popup()->actionGeometry(&command(name)).center());
+        QApplication::processEvents();
+    };
+    for (const char* name : {"mnuAPending", "mnuCheckediN", "mnuAKept", "mnuAMissed", "mnuAPCancel", "mnuATCancel"}) {
+        ASSERT_NE(command(name).actionGroup(), nullptr) << name;
+        EXPECT_TRUE(command(name).actionGroup()->isExclusive()) << name;
+    }
+    for (int time = 1; time <= 2; ++time) {
+        choose("mnuAPending");
+        EXPECT_EQ(stored(), ncolor::Pending);
+        EXPECT_EQ(item("Anna").ItemColor, ncolor::Pending);
+        EXPECT_EQ(ticked(), QStringList{"mnuAPending"});
+        choose("mnuATCancel");
+        EXPECT_EQ(stored(), ncolor::TherapistCancelled);
+        EXPECT_EQ(ticked(), QStringList{"mnuATCancel"});
+    }
+    choose("mnuATCancel");
+    EXPECT_EQ(ticked(), QStringList{"mnuATCancel"}) << "the one that is set stays set";
+}
+
+TEST_F(DayPopup, PendingIsForPatientsOnly) {
+    add(anAppointment("Meeting").status(ncolor::Activity));
+    open();
+    rightClick("Meeting");
+    EXPECT_TRUE(shown().contains(QStringLiteral("-mnuAPending")));
 }
 
 TEST_F(DayPopup, TheMenuKeyOpensItForTheSelectedAppointment) {

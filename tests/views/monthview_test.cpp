@@ -71,19 +71,62 @@ TEST(DaysOfAMonth, AreCountedWithALeapDayInEveryFourthYear) {
     EXPECT_EQ(DaysInMonth(-1, 2026), 0);
 }
 
-TEST_F(MonthView, ShowsTheProvidersMonthAndNoOther) {
+TEST_F(MonthView, ShowsTheProvidersMonthAndTheNeighbouringDaysInItsWeeks) {
     add(anAppointment("First day").on(QDate(2026, 3, 1)));
     add(anAppointment("Last day").on(QDate(2026, 3, 31)));
-    add(anAppointment("Day before").on(QDate(2026, 2, 28)));
-    add(anAppointment("Day after").on(QDate(2026, 4, 1)));
+    add(anAppointment("Monday before").on(QDate(2026, 2, 23)));
+    add(anAppointment("Sunday after").on(QDate(2026, 4, 5)));
+    add(anAppointment("Week before").on(QDate(2026, 2, 22)));
+    add(anAppointment("Week after").on(QDate(2026, 4, 6)));
     add(anAppointment("Another's").of("LANE"));
+    add(anAppointment("Another's before").of("LANE").on(QDate(2026, 2, 24)));
+
+    for (int time = 1; time <= 2; ++time) {
+        open();
+
+        EXPECT_EQ(texts(), (QStringList{"First day", "Last day", "Monday before", "Sunday after"}));
+        EXPECT_EQ(month().Month(), 3);
+        EXPECT_EQ(month().Year(), 2026);
+        EXPECT_EQ(main.dateText, "Month of March, 2026");
+    }
+    EXPECT_EQ(tipOn(QDate(2026, 2, 23)), "Monday before - 9:00 AM - 9:50 AM");
+    EXPECT_EQ(tipOn(QDate(2026, 3, 31)), "Last day - 9:00 AM - 9:50 AM");
+}
+
+TEST_F(MonthView, ShowsTheHolidaysOfAllItsDays) {
+    run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Founders'' Day', '2020/03/11', 1)");
+    run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Before', '2026/02/24', 0)");
+    run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('After', '2026/04/03', 0)");
+    run("Insert Into Holidays (Holiday, HolidayDate, HolidayRepeat) Values('Unseen', '2026/04/10', 0)");
 
     open();
 
-    EXPECT_EQ(texts(), (QStringList{"First day", "Last day"}));
-    EXPECT_EQ(month().Month(), 3);
-    EXPECT_EQ(month().Year(), 2026);
-    EXPECT_EQ(main.dateText, "Month of March, 2026");
+    EXPECT_EQ(texts(), (QStringList{"Founders' Day", "Before", "After"}));
+    EXPECT_EQ(tipOn(Wednesday), "Founders' Day");
+    EXPECT_EQ(tipOn(QDate(2026, 4, 3)), "After");
+    EXPECT_TRUE(month().Item(2).ItemBanner);
+}
+
+TEST_F(MonthView, AMonthThatFillsItsWeeksHasNoNeighbours) {
+    main.SetDate(QDate(2027, 2, 10));  // Monday the 1st to Sunday the 28th.
+    add(anAppointment("Inside").on(QDate(2027, 2, 28)));
+    add(anAppointment("Before").on(QDate(2027, 1, 31)));
+    add(anAppointment("After").on(QDate(2027, 3, 1)));
+
+    open();
+
+    EXPECT_EQ(texts(), QStringList{"Inside"});
+}
+
+TEST_F(MonthView, AnActivityOnANeighbouringDayShowsOnce) {
+    const qint64 theirs =
+        add(anAppointment("Staff meeting").of("~EVT").status(ncolor::Activity).on(QDate(2026, 2, 25)));
+    attend(theirs, "REED");
+    attend(theirs, "LANE");
+
+    open();
+
+    EXPECT_EQ(texts(), QStringList{"Staff meeting"});
 }
 
 TEST_F(MonthView, TheItemsHaveTheColoursAndTheMarksOfTheirStatus) {

@@ -102,6 +102,7 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "frmgrptx",
                               "frmactsc",
                               "frmRecurAppt",
+                              "frmmove",
                               "frmfinda",
                               "frmsavail",
                               "frmfirstatype",

@@ -130,69 +130,90 @@ TEST_P(CardPicture, PicturesStandAtTheRightEndOfTheFirstLineOneBesideTheOther) {
     }
 }
 
-TEST_P(CardPicture, ANarrowHighCardHasItsPicturesBelowTheName) {
-    item.ItemNoteIcon = true;
-    const QSize narrow(style.icon * 5, 90);
-    const QRect firstLine(10 + style.edgeWidth + 3, 10 + style.margin, narrow.width() - style.edgeWidth - 5,
-                          style.textLine);
-    EXPECT_FALSE(hasInk(painted(narrow), firstLine));
-    const int lines = (narrow.height() - style.margin - style.textLine) / style.smallLine;
-    const QRect last(firstLine.left(), 10 + style.margin + style.textLine + (lines - 1) * style.smallLine,
-                     firstLine.width(), style.smallLine);
-    EXPECT_TRUE(hasInk(painted(narrow), last));
-    const QSize low(style.icon * 5, style.textLine + 2 * style.margin);
-    EXPECT_TRUE(hasInk(painted(low), slot(low, 0))) << "without height it stands beside the name";
-}
-
-TEST_P(CardPicture, PicturesLeaveRoomForTheName) {
-    item.ItemNoteIcon = item.ItemReminderIcon = item.ItemLocationIcon = true;
-    item.ItemSeriesIcon = item.ItemSessionIcon = 1;
-    const QSize low(style.icon * 8, style.textLine + 2 * style.margin);
-    const Picture picture = painted(low);
-    EXPECT_TRUE(hasInk(picture, slot(low, 0)));
-    const QRect name(10 + style.edgeWidth + 3, 10 + style.margin, style.icon * 4, style.textLine);
-    EXPECT_FALSE(hasInk(picture, name)) << "half of the line stays the name's";
-}
-
-TEST_P(CardPicture, PicturesComeOneByOneAsTheirLineGetsWider) {
-    item.ItemNoteIcon = item.ItemReminderIcon = item.ItemLocationIcon = true;
-    item.ItemSeriesIcon = item.ItemSessionIcon = 1;
-    const int step = style.icon + style.margin / 2;
-    // The line must have room for five pictures' width of the name first, but its first picture goes before that.
-    const int leastWidths[] = {2 * style.icon + 1, 6 * style.icon + step, 6 * style.icon + 2 * step,
-                               6 * style.icon + 3 * step, 6 * style.icon + 4 * step};
+TEST_P(CardPicture, PicturesTakeNothingOfTheName) {
+    item.ItemTextColor = TextColor::Normal;
+    item.ItemText = QStringLiteral("Wilhelmina O'Brien");
+    const int name = QFontMetrics(style.text).horizontalAdvance(item.ItemText);
     const int frame = style.edgeWidth + 2 * (style.margin + 1);
-    const int height = style.margin + style.textLine + style.smallLine;
-    for (int number = 0; number < 5; ++number) {
-        const QSize least(frame + leastWidths[number], height);
-        const QSize less(least.width() - 1, height);
-        EXPECT_TRUE(hasInk(painted(least), slot(least, number))) << number;
-        EXPECT_FALSE(hasInk(painted(less), slot(less, number))) << number;
-    }
+    const int line = style.textLine + 2 * style.margin;
+    const QSize asLong(frame + name, line);
+    const QSize withRoom(frame + name + 2 * style.margin + style.icon, line);
+    const Picture bareAsLong = painted(asLong);
+    const Picture bareWithRoom = painted(withRoom);
+    item.ItemNoteIcon = item.ItemReminderIcon = true;
+    item.ItemSeriesIcon = 1;
+    EXPECT_TRUE(bareAsLong.changesTo(painted(asLong)).isNull()) << "one line that is the name's alone";
+    const QRect changed = bareWithRoom.changesTo(painted(withRoom));
+    ASSERT_FALSE(changed.isNull()) << "what is left is the pictures'";
+    EXPECT_GE(changed.left(), 10 + frame - style.margin + name);
 }
 
-TEST_P(CardPicture, ABannerIsFilledByItsColourAndHasAFlag) {
+TEST_P(CardPicture, PicturesWithoutRoomBesideTheNameStandInTheLastLine) {
+    item.ItemTextColor = TextColor::Normal;
+    item.ItemText = QStringLiteral("Wilhelmina");
+    const int name = QFontMetrics(style.text).horizontalAdvance(item.ItemText);
+    const QSize narrow(style.edgeWidth + 2 * (style.margin + 1) + name + 2 * style.margin, 90);
+    const Picture bare = painted(narrow);
+    item.ItemNoteIcon = true;
+    const int lines = (narrow.height() - style.margin - style.textLine) / style.smallLine;
+    const QRect last(10, 10 + style.margin + style.textLine + (lines - 1) * style.smallLine, narrow.width(),
+                     style.smallLine);
+    const QRect changed = bare.changesTo(painted(narrow));
+    ASSERT_FALSE(changed.isNull());
+    EXPECT_TRUE(last.contains(changed));
+    EXPECT_GE(changed.left(), 10 + narrow.width() - style.margin - 1 - style.icon - 1);
+    EXPECT_TRUE(bare.changesTo(painted({narrow.width(), style.textLine + 2 * style.margin})).isValid());
+}
+
+TEST_P(CardPicture, TheStatusStandsBesideTheNameWhileTheLessTellingGoBelow) {
+    item.ItemTextColor = TextColor::Normal;
+    item.ItemText = QStringLiteral("Wilhelmina");
+    const int name = QFontMetrics(style.text).horizontalAdvance(item.ItemText);
+    const QSize narrow(style.edgeWidth + 2 * (style.margin + 1) + name + 2 * style.margin + style.icon, 90);
+    const Picture bare = painted(narrow);
+    item.ItemStatusMark = StatusMark::Kept;
+    const QRect firstLine(10, 10 + style.margin, narrow.width(), style.textLine);
+    EXPECT_TRUE(firstLine.contains(bare.changesTo(painted(narrow))));
+    const Picture kept = painted(narrow);
+    item.ItemReminderIcon = true;
+    EXPECT_GT(kept.changesTo(painted(narrow)).top(), firstLine.bottom());
+}
+
+TEST_P(CardPicture, ThePinStandsWhereThePlaceIsWritten) {
+    item.ItemLocation = QStringLiteral("Main Street");
+    const Picture bare = painted(size);
+    item.ItemLocationIcon = true;
+    const int left = 10 + style.edgeWidth + style.margin + 1;
+    const int placeLine = 10 + style.margin + style.textLine + style.smallLine;
+    const QRect changed = bare.changesTo(painted(size));
+    ASSERT_FALSE(changed.isNull());
+    EXPECT_NEAR(changed.left(), left, style.icon / 3) << "at the line's left end, before the place";
+    EXPECT_GE(changed.top(), placeLine - 1);
+    EXPECT_LE(changed.bottom(), placeLine + style.smallLine);
+    item.ItemLocation.clear();
+    EXPECT_TRUE(hasInk(painted(size), slot(size, 0))) << "without a written place it stands among the others";
+}
+
+TEST_P(CardPicture, ABannerHasACalmTintAndAFlag) {
     item.ItemBanner = true;
-    item.ItemColor = 0x40C0F0;
-    QImage image(QSize(300, 40) * GetParam().ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(GetParam().ratio);
-    image.fill(style.base);
-    QPainter painter(&image);
-    PaintBanner(painter, QRect(0, 0, 300, style.stripHeight - 1), item, state, style);
-    painter.end();
-    const Picture picture(image);
-    CalendarItem filled = item;
-    filled.ItemBackColor = item.ItemColor;
-    const CardColors banner = CardColorsFor(filled, style.base, style.ink);
-    EXPECT_EQ(picture.share({20, 3, 200, style.stripHeight - 8}, banner.fill), 1);
+    item.ItemColor = 0x00C0C0;
+    const auto banner = [&] {
+        QImage image(QSize(300, 40) * GetParam().ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(GetParam().ratio);
+        image.fill(style.base);
+        QPainter painter(&image);
+        PaintBanner(painter, QRect(0, 0, 300, style.stripHeight - 1), item, state, style);
+        painter.end();
+        return Picture(image);
+    };
+    const QRect middle(20, 3, 200, style.stripHeight - 8);
+    const CardColors colours = CardColorsFor(item, style.base, style.ink);
+    EXPECT_EQ(banner().share(middle, colours.fill), 1);
+    EXPECT_LT(std::abs(PerceivedLightness(colours.fill) - PerceivedLightness(style.base)), 0.17);
     const QRect flag(300 - style.margin - style.icon, 1, style.icon, style.stripHeight - 3);
-    EXPECT_GT(picture.share(flag, banner.text, 120), 0.1);
+    EXPECT_GT(banner().share(flag, colours.text, 120), 0.1);
     item.ItemBackColor = 0x808000;
-    painter.begin(&image);
-    PaintBanner(painter, QRect(0, 0, 300, style.stripHeight - 1), item, state, style);
-    painter.end();
-    EXPECT_EQ(
-        Picture(image).share({20, 3, 200, style.stripHeight - 8}, CardColorsFor(item, style.base, style.ink).fill), 1)
+    EXPECT_EQ(banner().share(middle, CardColorsFor(item, style.base, style.ink).fill), 1)
         << "a colour of its own goes first";
 }
 

@@ -156,6 +156,43 @@ TEST_F(CardText, ASliverKeepsEachLetterThatJustFits) {
     }
 }
 
+TEST_F(CardText, ALongNameTakesTwoLinesWhereTheTimeStillHasOne) {
+    item.ItemText = QStringLiteral("Wilhelmina Featherstonehaugh");
+    const int frame = style.edgeWidth + 2 * (style.margin + 1);
+    const int longer = QFontMetrics(style.text).horizontalAdvance(QStringLiteral("Featherstonehaugh"));
+    const int enough = style.margin + 2 * style.textLine + style.smallLine;
+    const QStringList two{"Wilhelmina", "Featherstonehaugh", "9:00 – 10:00 AM"};
+    EXPECT_EQ(texts({frame + longer, enough}), two);
+    EXPECT_EQ(texts({frame + longer, enough - 1}).size(), 2) << "too low for both";
+    EXPECT_EQ(texts({300, enough}).first(), item.ItemText) << "one line is enough there";
+    item.ItemText = QStringLiteral("Anna Maria Theresia Walburga");
+    const int narrow = frame + QFontMetrics(style.text).horizontalAdvance(QStringLiteral("Anna Maria")) + 2;
+    EXPECT_EQ(texts({narrow, enough}).first(), QStringLiteral("Anna Maria")) << "as many words as fit";
+    EXPECT_TRUE(texts({narrow, enough}).at(1).startsWith(QStringLiteral("Ther")));
+}
+
+TEST_F(CardText, ATimeIsNeverCutBecauseHalfOfItIsAnotherTime) {
+    item.ItemNoteIcon = item.ItemReminderIcon = true;
+    item.ItemSeriesIcon = 1;
+    const QStringList whole{"9:00 – 10:00 AM", "9:00 AM", "9:00"};
+    for (int width = 6; width < 200; ++width)
+        for (const int lines : {1, 2, 3})
+            for (const Word& word : words({width, heightFor(lines)})) {
+                const bool isTime = word.text.startsWith(QLatin1Char('9'));
+                EXPECT_TRUE(!isTime || whole.contains(word.text)) << width << ": " << word.text.toStdString();
+            }
+}
+
+TEST_F(CardText, AVisitOfAQuarterInALaneOfFortyPixelsKeepsLettersOfItsName) {
+    item.ItemStatusMark = StatusMark::Kept;
+    item.ItemNoteIcon = item.ItemLocationIcon = true;
+    item.ItemLocation = QStringLiteral("Main Street");
+    const QStringList shown = texts({40, style.minItemHeight});
+    ASSERT_EQ(shown.size(), 1);
+    EXPECT_GE(shown.first().size(), 3);
+    EXPECT_TRUE(item.ItemText.startsWith(shown.first()));
+}
+
 TEST_F(CardText, ALowCardUsesTheSmallFont) {
     const Word low = words({300, style.textLine - 1}).front();
     EXPECT_EQ(low.font.pointSizeF(), style.small.pointSizeF());

@@ -77,6 +77,53 @@ TEST(CalendarColours, TextIsReadableOnEveryGreyAndOnTheStatusColours) {
     }
 }
 
+TEST(CalendarColours, OnADarkGroundAllCardsLookEquallyLight) {
+    const Palette& dark = Palettes[1];
+    std::mt19937 random(20261122);
+    std::uniform_int_distribution<int> color(0, 0xFFFFFF);
+    const int picked[] = {0xFFFFFF, 0x000001, 0x0000FF, 0x00FFFF, 0xFFFF00, 0xFF0000, 0x00FF00, 0x1000000};
+    for (int i = 0; i < 4000; ++i) {
+        CalendarItem item;
+        item.ItemColor = color(random);
+        if (i % 2 == 0)
+            item.ItemBackColor = i < 16 ? picked[i / 2] : color(random);
+        const CardColors card = CardColorsFor(item, dark.base, dark.text);
+        ASSERT_NEAR(PerceivedLightness(card.fill), DarkCardLightness, 0.006) << std::hex << item.ItemColor;
+        ASSERT_NO_FATAL_FAILURE(ExpectReadable(item, dark));
+    }
+}
+
+TEST(CalendarColours, OnALightGroundATypeHasTheColourThatWasPicked) {
+    CalendarItem item;
+    item.ItemBackColor = 0x0040C0;
+    EXPECT_EQ(CardColorsFor(item, Qt::white, Qt::black).fill, QColor(0xC0, 0x40, 0));
+}
+
+TEST(CalendarColours, AnotherLightnessKeepsTheHueAndBoundsItsStrength) {
+    EXPECT_NEAR(PerceivedLightness(Qt::white), 1, 0.001);
+    EXPECT_NEAR(PerceivedLightness(Qt::black), 0, 0.001);
+    EXPECT_NEAR(PerceivedLightness(QColor(255, 0, 0)), 0.628, 0.001);
+    for (int hue = 0; hue < 360; hue += 10) {
+        const QColor dark = AtLightness(QColor::fromHsv(hue, 255, 255), 0.42, 0.12);
+        const int apart = std::abs(dark.hsvHue() - hue);
+        EXPECT_LE(std::min(apart, 360 - apart), 30) << hue;
+        EXPECT_GT(dark.hsvSaturation(), 60) << hue;
+    }
+    EXPECT_LT(AtLightness(QColor(128, 128, 128), 0.42, 0.12).hsvSaturation(), 4);
+    EXPECT_LT(AtLightness(QColor(255, 0, 0), 0.42, 0.03).hsvSaturation(),
+              AtLightness(QColor(255, 0, 0), 0.42, 0.12).hsvSaturation());
+}
+
+TEST(CalendarColours, AreAskedAgainWhenThePaletteChanges) {
+    CalendarItem item;
+    const CardColors light = CardColorsFor(item, Palettes[0].base, Palettes[0].text);
+    const CardColors dark = CardColorsFor(item, Palettes[1].base, Palettes[1].text);
+    EXPECT_NE(light, dark);
+    EXPECT_EQ(CardColorsFor(item, Palettes[0].base, Palettes[0].text), light);
+    item.ItemBackColor = item.ItemColor;
+    EXPECT_NE(CardColorsFor(item, Palettes[0].base, Palettes[0].text), light);
+}
+
 TEST(CalendarColours, ReadableTextKeepsThePreferredColourWhereItCan) {
     EXPECT_EQ(ReadableOn(Qt::white, QColor(0, 0, 120)), QColor(0, 0, 120));
     EXPECT_NE(ReadableOn(Qt::white, QColor(250, 250, 200)), QColor(250, 250, 200));

@@ -44,6 +44,26 @@ TEST_P(GridLines, RowsBeginAtWholeIntervalsWhateverTheFirstMinute) {
     EXPECT_TRUE(hasLine(picture, top(555), style.rowLine));
 }
 
+TEST_P(GridLines, FullHoursHaveTheirLineWhateverTheIntervalAndTheFirstMinute) {
+    hand.calendar.resize(600, 2000);
+    for (const int first : {480, 487, 510}) {
+        hand.calendar.setFirstTime(first);
+        for (const int interval : {25, 45, 50, 15, 60}) {
+            hand.calendar.setTimeInterval(interval);
+            const Picture picture = seen();
+            const double perMinute =
+                static_cast<double>(top(900) - top(660)) / ((900 / interval - 660 / interval) * interval);
+            const int row = 660 / interval * interval;
+            for (const int hour : {660, 720, 780, 840}) {
+                const int y = top(660) + static_cast<int>(std::lround((hour - row) * perMinute));
+                const QRect around(200, y - 2, 200, 5);
+                EXPECT_TRUE(picture.shows(around, style.hourLine, 3))
+                    << hour << " by " << interval << " from " << first;
+            }
+        }
+    }
+}
+
 TEST_P(GridLines, RowsTooLowForLinesKeepThoseOfTheHours) {
     hand.calendar.setFirstTime(0);
     hand.calendar.setLastTime(1439);
@@ -92,8 +112,8 @@ TEST_P(GridLines, ADaysOwnColourTintsItsGround) {
     hand.calendar.setPrimeEnd(1020);
     hand.calendar.setDayBackColor(0x00FF00);
     const QColor green(0, 0xFF, 0);
-    EXPECT_EQ(groundAt(seen(), 600), Mixed(style.base, green, 0.10));
-    EXPECT_EQ(groundAt(seen(), 1035), Mixed(style.shade, green, 0.10));
+    EXPECT_EQ(groundAt(seen(), 600), Mixed(style.base, green, 0.05));
+    EXPECT_EQ(groundAt(seen(), 1035), Mixed(style.shade, green, 0.05));
     hand.calendar.setDayBackColor(SystemInfoColor);
     EXPECT_EQ(groundAt(seen(), 600), style.base);
     EXPECT_EQ(groundAt(seen(), 1035), style.shade);

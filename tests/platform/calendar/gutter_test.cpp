@@ -69,6 +69,23 @@ TEST_F(Gutter, EveryRowHasItsMinutesWhereThereIsRoom) {
     }
 }
 
+TEST_F(Gutter, EveryHourIsToldAlsoWhereNoRowBeginsWithIt) {
+    hand.calendar.resize(600, 1600);
+    for (const int interval : {45, 25, 50}) {
+        hand.calendar.setTimeInterval(interval);
+        const QStringList labels = TextsIn(words(), place());
+        for (const char* hour : {"9", "10", "11", "12"})
+            EXPECT_TRUE(labels.contains(QLatin1String(hour))) << hour << " by " << interval;
+        std::vector<QRectF> places;
+        for (const Word& word : words())
+            if (place().contains(word.place.center().toPoint()))
+                places.push_back(word.place.adjusted(1, 3, -1, -3));
+        for (std::size_t one = 0; one < places.size(); ++one)
+            for (std::size_t other = 0; other < one; ++other)
+                EXPECT_FALSE(places[one].intersects(places[other])) << interval << " at " << places[one].top();
+    }
+}
+
 TEST_F(Gutter, SmallRowsLeaveOutWhatWouldStandUnderTheHour) {
     hand.calendar.setTimeInterval(5);
     hand.calendar.setTopTime(600);

@@ -167,7 +167,7 @@ TEST_P(HeadingLook, TodaysNumberStandsInADisc) {
 
 TEST_P(HeadingLook, AHolidayColoursItsHeadingAndItsDayOnly) {
     const QColor green(0, 0xC0, 0);
-    const QColor holiday = Mixed(style.window, green, 0.45);
+    const QColor holiday = Mixed(style.window, green, 0.16);
     const auto backOf = [&](int column) {
         return seen().at(hand.calendar.HeadingRect(column).topLeft() + QPoint(3, 3));
     };

@@ -241,6 +241,25 @@ TEST_P(MonthLook, AnItemHasItsColoursAndItsStatus) {
     EXPECT_FALSE(seen().shows(narrow.adjusted(8, 2, -2, -2), colours.text, 120)) << "a narrow day has no room for it";
 }
 
+TEST_P(MonthLook, AnItemOfANeighbouringMonthIsQuietAndReadable) {
+    CalendarItem item = itemOn(QDate(2026, 4, 2), 540, "Anna");
+    item.ItemColor = 0x2040C0;
+    item.ItemBackColor = 0x00FFFF;
+    month.AddItem(item);
+    const QRect line = cell(QDate(2026, 4, 2)).lines[0].rect;
+    EXPECT_EQ(seen().share({line.right() - 24, line.top() + 3, 16, line.height() - 6}, style.window), 1)
+        << "without the fill of this month's";
+    const Word word = WordWith(WordDevice::of(month), QStringLiteral("Anna"));
+    ASSERT_FALSE(word.text.isEmpty());
+    EXPECT_GE(ContrastRatio(word.colour, style.window), ReadableContrast);
+    item.ItemDay = day.addDays(1);
+    month.AddItem(item);
+    const QRect own = cell(day.addDays(1)).lines[0].rect;
+    EXPECT_EQ(seen().share({own.right() - 24, own.top() + 3, 16, own.height() - 6},
+                           CardColorsFor(item, style.base, style.ink).fill),
+              1);
+}
+
 TEST_P(MonthLook, UnderThePointerAnItemIsOutlined) {
     month.AddItem(itemOn(day, 540, ""));
     month.AddItem(itemOn(day, 600, ""));

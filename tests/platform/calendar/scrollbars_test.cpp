@@ -292,14 +292,13 @@ TEST(Present, AHiddenCalendarOrMonthDoesNotReadTheClock) {
     EXPECT_FALSE(isReadAgain(100));
 }
 
-TEST(Present, AMonthBeginsItsWeeksAsTheLocaleDoes) {
+TEST(Present, AMonthBeginsItsWeeksOnMondayAsTheWeekViewDoesInEveryLocale) {
     const QLocale before;
-    for (const auto& [locale, first] : {std::pair{QLocale(QLocale::English, QLocale::UnitedStates), Qt::Sunday},
-                                        {QLocale(QLocale::English, QLocale::UnitedKingdom), Qt::Monday}}) {
-        QLocale::setDefault(locale);
+    for (const QLocale::Country country : {QLocale::UnitedStates, QLocale::UnitedKingdom}) {
+        QLocale::setDefault(QLocale(QLocale::English, country));
         ctWeek month;
         month.setDate(QDate(2026, 3, 11));
-        EXPECT_EQ(month.Layout().cells.front().day.dayOfWeek(), first);
+        EXPECT_EQ(month.Layout().cells.front().day.dayOfWeek(), Qt::Monday);
     }
     QLocale::setDefault(before);
 }

@@ -65,14 +65,31 @@ TEST_P(SelectedRange, StandsInItsColumnOnly) {
     }
 }
 
-TEST_P(SelectedRange, ItsFrameIsSeenOverTheItems) {
+TEST_P(SelectedRange, LiesUnderTheItemsAndIsSeenBesideThem) {
     hand.add(585, 675);
+    const QRect card = hand.calendar.ItemRect(1);
+    hand.calendar.clearSelection();
+    const Picture before = seen();
     hand.calendar.selectRange(1, 600, 660);
     const Picture picture = seen();
-    EXPECT_EQ(framedBy(picture, timeAt(600, 660), style.accent), 1);
-    const QRect card = hand.calendar.ItemRect(1);
-    EXPECT_FALSE(picture.shows({card.center().x(), hand.calendar.CellRect(1, 630).center().y(), 50, 2}, fill()))
-        << "the fill lies under them";
+    EXPECT_TRUE(picture.isSame(before, card.adjusted(0, 2, -2, -2))) << "the card stays whole";
+    const QRect beside(card.right() + 3, timeAt(600, 660).top() + 4, 3, 8);
+    EXPECT_EQ(picture.share(beside, fill()), 1);
+    EXPECT_TRUE(picture.shows({timeAt(600, 660).right() - 2, timeAt(600, 660).top() + 4, 3, 20}, style.accent));
+}
+
+TEST_P(SelectedRange, IsMarkedBesideTheHoursWhereNoItemCoversIt) {
+    for (const auto& [start, end] : {std::pair{600, 660}, {720, 735}}) {
+        hand.calendar.selectRange(1, start, end);
+        const QRect time = timeAt(start, end);
+        const QRect gutter(time.left() - 3, 0, 3, hand.calendar.height());
+        const QRect marked = seen().bounds(gutter, style.accent, 30);
+        EXPECT_NEAR(marked.top(), time.top(), 1) << start;
+        EXPECT_NEAR(marked.bottom(), time.bottom(), 1) << start;
+    }
+    hand.calendar.clearSelection();
+    const QRect line = timeAt(600, 660);
+    EXPECT_FALSE(seen().shows({line.left() - 3, line.top(), 3, line.height()}, style.accent));
 }
 
 TEST_P(SelectedRange, AMouseDrawsItRowByRow) {

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -59,6 +60,16 @@ TEST(MonthGridTest, TheFirstWeekHoldsTheFirstOfTheMonth) {
     EXPECT_EQ(sunday.firstDate(), QDate(2026, 3, 1));
     const MonthGrid monday{March11, Qt::Monday};
     EXPECT_EQ(monday.firstDate(), QDate(2026, 2, 23));
+}
+
+TEST(MonthGridTest, APickerBeginsItsWeeksWhereTheWeekViewDoesWhateverTheLocale) {
+    const QLocale before;
+    for (const QLocale::Country country : {QLocale::UnitedStates, QLocale::UnitedKingdom}) {
+        QLocale::setDefault(QLocale(QLocale::English, country));
+        const ctDate picker;
+        EXPECT_EQ(picker.Grid().dayOfWeekAt(0), Qt::Monday);
+    }
+    QLocale::setDefault(before);
 }
 
 TEST(MonthGridTest, EveryDateAndItsPositionAreEachOthersInverse) {

@@ -191,6 +191,68 @@ TEST_F(ListTest, AClickAnywhereInTheCheckCellFlipsTheBoxAndTellsOnce) {
     EXPECT_FALSE(list.Checked(0, Done));
 }
 
+TEST_F(ListTest, AClickOnABoxSelectsItsRowAndMakesItCurrent) {
+    addTasks();
+    for (const bool many : {false, true}) {
+        list.SetMultiSelect(many);
+        show();
+        for (const int row : {2, 0, 1}) {
+            QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centreOf(row, Done));
+            EXPECT_EQ(list.SelectedRow(), row) << many;
+            EXPECT_EQ(list.currentIndex().row(), row) << many;
+        }
+    }
+}
+
+TEST_F(ListTest, AFilterShowsTheRowsThatContainItAndKeepsTheirNumbers) {
+    addTasks();
+    list.SelectRow(0);
+    list.SetFilter(QStringLiteral("AR"));
+    EXPECT_EQ(list.ShownRowCount(), 1);
+    EXPECT_TRUE(list.IsRowShown(2));
+    EXPECT_EQ(list.RowCount(), 3);
+    EXPECT_EQ(list.SelectedRow(), -1) << "What is not seen is not selected.";
+    list.SelectRow(2);
+    list.SetFilter(QStringLiteral("low"));
+    EXPECT_TRUE(list.IsRowShown(1));
+    EXPECT_EQ(list.SelectedRow(), -1);
+    list.SetFilter(QStringLiteral("low"), Task);
+    EXPECT_EQ(list.ShownRowCount(), 0);
+    list.SetFilter({});
+    EXPECT_EQ(list.ShownRowCount(), 3);
+}
+
+TEST_F(ListTest, AFilterHoldsForRowsThatComeAndGo) {
+    addTasks();
+    list.SetFilter(QStringLiteral("c"), Task);
+    EXPECT_EQ(list.ShownRowCount(), 2);
+    list.AddRow({QStringLiteral("0"), QStringLiteral("Clean the desk")});
+    list.AddRow({QStringLiteral("0"), QStringLiteral("Sweep")});
+    EXPECT_EQ(list.ShownRowCount(), 3);
+    list.RemoveRow(4);
+    list.RemoveRow(1);
+    list.RemoveRow(0);
+    EXPECT_EQ(list.RowCount(), 2);
+    EXPECT_EQ(list.ShownRowCount(), 2);
+    list.Clear();
+    EXPECT_EQ(list.ShownRowCount(), 0);
+    addTasks();
+    EXPECT_EQ(list.ShownRowCount(), 2);
+}
+
+TEST_F(ListTest, KeysMoveAmongTheRowsThatAreShown) {
+    addTasks();
+    show();
+    list.SetFilter(QStringLiteral("a"), Task);
+    list.SetFilter(QStringLiteral("l"), Task);
+    list.SelectRow(1);
+    QTest::keyClicks(&list, QStringLiteral("c"));
+    EXPECT_EQ(list.SelectedRow(), 2);
+    list.SetFilter(QStringLiteral("call"), Task);
+    list.keyboardSearch(QStringLiteral("z"));
+    EXPECT_NE(list.SelectedRow(), 1);
+}
+
 TEST_F(ListTest, APressElsewhereReleasedOverACheckCellFlipsNothing) {
     addTasks();
     show();

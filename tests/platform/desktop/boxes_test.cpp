@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -74,6 +75,49 @@ TEST(MessageBoxes, EscapeAnswersNoAndEnterWhatKeepsThingsAsTheyAre) {
     EXPECT_EQ(showing(YesNoWarningBox, [](QMessageBox& box) { press(box, Qt::Key_Return); }), Answer::No);
     EXPECT_EQ(showing(YesNoBox, [](QMessageBox& box) { press(box, Qt::Key_Return); }), Answer::Yes);
     EXPECT_EQ(showing(InformationBox, [](QMessageBox& box) { press(box, Qt::Key_Escape); }), Answer::Ok);
+}
+
+TEST(MessageBoxes, AQuestionWithFactsShowsThemAsTheyAreAndEnterAnswersNo) {
+    for (int time = 0; time < 2; ++time) {
+        QTimer::singleShot(0, [] {
+            QMessageBox& box = shownBox();
+            EXPECT_EQ(box.text(), QStringLiteral("Sure?"));
+            EXPECT_EQ(box.informativeText(), QStringLiteral("<b>Smith</b>\nborn 1980"));
+            const auto* shown = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+            ASSERT_NE(shown, nullptr);
+            EXPECT_EQ(shown->textFormat(), Qt::PlainText);
+            press(box, Qt::Key_Return);
+        });
+        EXPECT_EQ(
+            AskWithFacts(QStringLiteral("Sure?"), QStringLiteral("<b>Smith</b>\nborn 1980"), QStringLiteral("Title")),
+            Answer::No);
+    }
+    EXPECT_EQ(showing(YesNoBox, [](QMessageBox& box) { EXPECT_EQ(box.informativeText(), QString()); }), Answer::No);
+}
+
+TEST(ModalForms, ASmallFormIsWideEnoughForItsTitle) {
+    for (int time = 0; time < 2; ++time) {
+        QDialog form;
+        form.setWindowTitle(QStringLiteral("Search Availability by Appointment Type"));
+        QTimer::singleShot(0, &form, [&form] {
+            QFont bold = form.font();
+            bold.setBold(true);
+            EXPECT_GT(form.width(), QFontMetrics(bold).horizontalAdvance(form.windowTitle()));
+            form.reject();
+        });
+        RealDesktop().showModal(form);
+    }
+}
+
+TEST(ModalForms, AFormOfAFixedWidthKeepsIt) {
+    QDialog form;
+    form.setWindowTitle(QStringLiteral("Search Availability by Appointment Type"));
+    form.setFixedSize(120, 80);
+    QTimer::singleShot(0, &form, [&form] {
+        EXPECT_EQ(form.width(), 120);
+        form.reject();
+    });
+    RealDesktop().showModal(form);
 }
 
 TEST(MessageBoxes, AreAnsweredByTheButtonsTwiceAlike) {
