@@ -76,7 +76,10 @@ int run(const AppOptions& options, ViewFactories factories) {
             return 0;
         folder = *begun;
     }
-    if ((options.demo && folder.isEmpty()) || !StartUp(options.commandLine, {folder, {}}, window))
+    // Who asks for a view, a date or a picture gets it, wherever the user was last.
+    const bool returns = options.view == View::None && !options.date.isValid() && !picture;
+    window.StartWith(options.view);
+    if ((options.demo && folder.isEmpty()) || !StartUp(options.commandLine, {folder, {}, returns}, window))
         return Failed;
     if (options.view != View::None && !window.ViewAvailable(options.view))
         return refuse(QStringLiteral("the view \"%1\" is not available to this user").arg(viewName(options.view)),

@@ -1,10 +1,12 @@
 #include "companion/frmfhappts.h"
 
+#include <algorithm>
 #include <QAction>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QStackedWidget>
+#include <utility>
 
 #include "companion/sessioncolumn.h"
 #include "output/frmschrpt.h"
@@ -57,6 +59,7 @@ frmFHAppts::~frmFHAppts() {
 
 void frmFHAppts::open() {
     Session().FHLedgerHidden = GetUserFHLedger(Session().UID);
+    contents_ = main().TakeContents();
     setGrids();
     LoadProviders();
     if (providersRead_ && columns_.empty())
@@ -90,7 +93,7 @@ QString frmFHAppts::GetTherapistList() {
 
 void frmFHAppts::SaveTherapistList() {
     // An empty list could not be read, so it holds no choice.
-    if (choiceKnown_ && !panel_->Providers().empty())
+    if (choiceKnown_ && !choiceIsSaved_ && !panel_->Providers().empty())
         db::Ignoring([this] { WriteChoice(ChoiceCategory, ChoiceDetail, panel_->Choice()); });
 }
 
@@ -131,6 +134,46 @@ void frmFHAppts::readProviders(db::Connection& companion) {
     // A choice whose providers are all gone shows everybody, because the list can never be without a check.
     if (panel_->Choice().isEmpty())
         panel_->CheckAll();
+    if (const std::optional<ViewContents> contents = std::exchange(contents_, std::nullopt))
+        takeContents(*contents);
+}
+
+void frmFHAppts::AddContents(ViewContents& contents) const {
+    const std::vector<ListedProvider> providers = panel_->Providers();
+    if (!std::ranges::all_of(providers, &ListedProvider::shown))
+        contents.Set(savedname::Providers, panel_->Choice());
+    if (!menus_.Command(menu::mnuVDisplay).isChecked())
+        contents.Set(savedname::Panel, 0);
+    if (mode_ == Mode::Week) {
+        contents.Set(savedname::Mode, QStringLiteral("week"));
+        contents.Set(savedname::Column, weekProvider_.provId);
+    }
+}
+
+// Nothing is read here. Providers who are gone are passed over, and a week of one who is gone is shown as the day.
+void frmFHAppts::takeContents(const ViewContents& contents) {
+    panel_->Choose(contents.Value(savedname::Providers));
+    if (panel_->Choice().isEmpty())
+        panel_->CheckAll();
+    choiceIsSaved_ = true;
+    menus().Command(menu::mnuVDisplay).setChecked(contents.Number(savedname::Panel, 1) != 0);
+    const std::optional<ListedProvider> week = panel_->Find(contents.Value(savedname::Column));
+    const bool isWeek = contents.Value(savedname::Mode) == QLatin1String("week") && week;
+    if (isWeek)
+        weekProvider_ = asCompanion(*week);
+    setMode(isWeek ? Mode::Week : Mode::Day);
+}
+
+void frmFHAppts::ShowContents(const ViewContents& contents) {
+    setGrids();
+    if (!providersRead_) {
+        contents_ = contents;
+        LoadProviders();
+        return;
+    }
+    takeContents(contents);
+    resetcols();
+    Reload();
 }
 
 void frmFHAppts::resetcols() {
@@ -147,6 +190,7 @@ void frmFHAppts::resetcols() {
 
 void frmFHAppts::showChosen() {
     choiceKnown_ = true;
+    choiceIsSaved_ = false;
     resetcols();
     Reload();
 }
@@ -187,14 +231,19 @@ void frmFHAppts::ShowMode(Mode mode) {
             return;
         }
         weekProvider_ = *chosen;
-        pnlView->setText(QStringLiteral(" Week Schedule for: ") + weekProvider_.name);
     }
+    setMode(mode);
+    Reload();
+    Grid().setFocus();
+}
+
+void frmFHAppts::setMode(Mode mode) {
+    if (mode == Mode::Week)
+        pnlView->setText(QStringLiteral(" Week Schedule for: ") + weekProvider_.name);
     mode_ = mode;
     boards_->setCurrentIndex(mode == Mode::Week ? 1 : 0);
     setFocusProxy(&Grid());
     showModeCommands();
-    Reload();
-    Grid().setFocus();
 }
 
 void frmFHAppts::showModeCommands() {

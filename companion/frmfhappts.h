@@ -90,6 +90,9 @@ class frmFHAppts : public MenuView {
     /// the companion cannot be read, the user is told once, and the grid says so.
     void Reload() override;
     void ApplyPreferences() override;
+    /// Keeps the providers of the day, or the week with its provider.
+    void AddContents(ViewContents& contents) const override;
+    void ShowContents(const ViewContents& contents) override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override { return from.addDays(direction); }
     /// Greys the commands that the user's rights or an older companion forbid.
     void setmenuaccess();
@@ -121,6 +124,8 @@ class frmFHAppts : public MenuView {
     [[nodiscard]] QString GetTherapistList();
     void SaveTherapistList();
     void readProviders(db::Connection& companion);
+    void takeContents(const ViewContents& contents);
+    void setMode(Mode mode);
     void showChosen();
     void checkAll();
     void chooseColumn(int column);
@@ -191,9 +196,11 @@ class frmFHAppts : public MenuView {
     Mode mode_ = Mode::Day;
     bool HasSVSessionCol_ = false;
     bool providersRead_ = false;
-    bool choiceKnown_ = false;                ///< The stored choice was read, or the user made one since.
-    bool sized_ = false;                      ///< Whether the panes have sizes of their own.
-    CompanionProvider weekProvider_;          ///< Whose week is shown.
+    bool choiceIsSaved_ = false;            ///< The choice is that of a saved view, and not to be stored as the user's.
+    std::optional<ViewContents> contents_;  ///< What this view opens for.
+    bool choiceKnown_ = false;              ///< The stored choice was read, or the user made one since.
+    bool sized_ = false;                    ///< Whether the panes have sizes of their own.
+    CompanionProvider weekProvider_;        ///< Whose week is shown.
     std::vector<CompanionProvider> columns_;  ///< The provider of each column of the day.
     std::weak_ptr<db::Connection> companion_;
     QHash<QString, QString> services_;  ///< The TranName of each appointment that is shown, by CtrnId.

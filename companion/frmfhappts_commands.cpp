@@ -114,9 +114,11 @@ void frmFHAppts::makePopups() {
 
 void frmFHAppts::setmenuaccess() {
     for (const MenuName name : {menu::mnuAddAppt, menu::mnuAddEvent, menu::mnuModify})
-        menus().Allow(name, MayWrite());
-    menus().Allow(menu::mnuDelete, MayDelete());
-    menus().Allow(menu::mnuSessionNote, Session().NotesAccess >= WritesNotes && HasSVSessionCol_);
+        menus().Allow(name, MayWrite(), tr("You may only read the schedules."));
+    menus().Allow(menu::mnuDelete, MayDelete(), tr("You may not delete."));
+    menus().Allow(menu::mnuSessionNote, Session().NotesAccess >= WritesNotes && HasSVSessionCol_,
+                  HasSVSessionCol_ ? tr("You may not write notes.")
+                                   : tr("This version of Fernhall has no place for session notes."));
 }
 
 bool frmFHAppts::CanAdd() const {

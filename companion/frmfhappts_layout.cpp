@@ -122,7 +122,7 @@ void frmFHAppts::shareWidth() {
 
 void frmFHAppts::bindView() {
     showOpenView(menu::mnuVFH, View::Companion);
-    menus().Allow(menu::mnuVAll, Session().AllProviders);
+    menus().Allow(menu::mnuVAll, Session().AllProviders, tr("This needs access to all schedules."));
     menus().Bind(menu::mnuPrint, [this] { printS(); });
     menus().Bind(menu::mnuFReport, [this] { openReport(); });
     menus().Command(menu::mnuWeek).setCheckable(true);

@@ -5,9 +5,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <utility>
 
 #include "platform/calendar/ctmday.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -75,6 +77,8 @@ frmrooms::frmrooms(MainWindow& main, QWidget* parent) : MenuView(main, RoomMenus
     setmenuaccess();
     setGrid();
     txtdate->setDate(date_);
+    if (const std::optional<ViewContents> saved = this->main().TakeContents())
+        chooseRoom(*saved);
     loadroomslist();
     connect(cborooms, &QComboBox::currentIndexChanged, this, &frmrooms::followRoom);
     connect(txtdate, &ctDEdit::Change, this, [this] {
@@ -158,13 +162,31 @@ void frmrooms::ApplyPreferences() {
     Reload();
 }
 
+void frmrooms::AddContents(ViewContents& contents) const {
+    if (cborooms->currentIndex() >= 0)
+        contents.Set(savedname::Room, roomId());
+}
+
+void frmrooms::chooseRoom(const ViewContents& contents) {
+    if (!contents.Value(savedname::Room).isEmpty())
+        savedRoom_ = contents.Number(savedname::Room, 0);
+}
+
+void frmrooms::ShowContents(const ViewContents& contents) {
+    setGrid();
+    chooseRoom(contents);
+    loadroomslist();
+}
+
 int frmrooms::roomId() const {
     return cborooms->currentData().toInt();
 }
 
 void frmrooms::loadroomslist() {
     const QSignalBlocker quiet(cborooms);
-    const int chosen = cborooms->count() > 0 ? roomId() : ReadUserSetting(LastRoom).toInt();
+    const std::optional<int> saved = std::exchange(savedRoom_, std::nullopt);
+    const int before = cborooms->count() > 0 ? roomId() : ReadUserSetting(LastRoom).toInt();
+    const int chosen = saved.value_or(before);
     cborooms->clear();
     // The chosen room is most likely still on the list, so its bookings are read in the same trip.
     const db::ReadTogether together(Session().Connection, {roomsStatement(), bookingsStatement(date_, chosen)});
@@ -173,8 +195,11 @@ void frmrooms::loadroomslist() {
             cborooms->addItem(rows["Room"].text(), static_cast<int>(rows["RoomID"].integer()));
     };
     roomsRead_ = readInto(*ctDays1, QStringLiteral("Error loading room list. "), addRooms);
-    if (const int index = cborooms->findData(chosen); index >= 0)
+    const bool isGone = roomsRead_ && saved && cborooms->findData(chosen) < 0;
+    if (const int index = cborooms->findData(isGone ? before : chosen); index >= 0)
         cborooms->setCurrentIndex(index);
+    if (isGone)
+        ShowNotice({tr("The room of the saved view is not on the list of rooms any more.")});
     LoadRooms();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <QHash>
 
 #include "rooms/roommeeting.h"
@@ -58,6 +59,9 @@ class frmrooms : public MenuView {
     [[nodiscard]] QDate ShownDay(QDate /*mainDate*/) const override { return date_; }
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
     void ApplyPreferences() override;
+    /// Keeps the room.
+    void AddContents(ViewContents& contents) const override;
+    void ShowContents(const ViewContents& contents) override;
     /// Opens the dialog for a new meeting at the selected time.
     void AddAppointment() override;
     /// Finds a booking of any room and goes to it.
@@ -76,6 +80,7 @@ class frmrooms : public MenuView {
     void bindRoomCommands();
     void bindGrid();
     void setGrid();
+    void chooseRoom(const ViewContents& contents);
     void followRoom();
     void followSelection();
     [[nodiscard]] static QString noRoomHint();
@@ -115,4 +120,5 @@ class frmrooms : public MenuView {
     QHash<QString, RoomMeeting> rows_;  ///< The meetings by their item's ItemKey.
     bool roomsRead_ = false;
     bool bookingsRead_ = false;
+    std::optional<int> savedRoom_;  ///< The room of the saved view for which this view opens.
 };

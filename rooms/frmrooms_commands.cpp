@@ -112,9 +112,9 @@ void frmrooms::bindGrid() {
 }
 
 void frmrooms::setmenuaccess() {
-    menus().Allow(menu::mnuNew, MayWrite());
-    menus().Allow(menu::mnuEdit, MayWrite());
-    menus().Allow(menu::mnuDelete, MayDeleteMeetings());
+    menus().Allow(menu::mnuNew, MayWrite(), tr("You may only read the schedules."));
+    menus().Allow(menu::mnuEdit, MayWrite(), tr("You may only read the schedules."));
+    menus().Allow(menu::mnuDelete, MayDeleteMeetings(), tr("You may not delete."));
     menus().Show(menu::mnuFRoomList, MayWrite());
     menus().Show(menu::mnuVAll, Session().AllProviders);
 }

@@ -22,8 +22,10 @@
 #include "session/audit.h"
 #include "session/errorbox.h"
 #include "session/frmsvspl.h"
+#include "session/lastplace.h"
 #include "session/preferences.h"
 #include "session/rights.h"
+#include "session/savedviews.h"
 #include "session/session.h"
 
 namespace {
@@ -248,6 +250,28 @@ void openFirstView(StartUpWindow& window) {
     window.ShowDayView();
 }
 
+// Whoever is offered to nobody has no schedule of their own to begin with.
+View viewAfterStart(const LastPlace& place) {
+    const bool wholePractice = place.view == View::None && place.offeredToNobody && Session().AllProviders;
+    return wholePractice ? View::AllProviders : place.view;
+}
+
+// The administrator has just chosen a schedule; for a user of one schedule there is no other.
+void returnToLastPlace(StartUpWindow& window) {
+    LastPlace place = ReadLastPlace();
+    SessionValues& session = Session();
+    const bool choosesAtStart = session.UserType == SystemAdministrator;
+    if (!choosesAtStart)
+        place.view = viewAfterStart(place);
+    if (session.AllProviders && !choosesAtStart && !place.providerId.isEmpty() &&
+        place.providerId.compare(session.ProviderId, Qt::CaseInsensitive) != 0) {
+        session.ProviderId = place.providerId;
+        session.ProviderName = place.providerName;
+        window.WritePanels();
+    }
+    window.ReturnTo(place);
+}
+
 bool prepare(const StartUpOptions& options, StartUpWindow& window) {
     SessionValues& session = Session();
     window.RestorePosition();
@@ -278,13 +302,14 @@ void readSettings(StartUpWindow& window) {
     window.ShowMainWindow();
 }
 
+// The saved views stand last: in a practice that has no table for them, what follows would be read by itself.
 QStringList finishStatements() {
     return IniSettingsStatements() << wordUsageStatement() << SettingsStatement() << firstViewStatement()
                                    << interfaceStatement("Sizing") << interfaceStatement("FontSize")
-                                   << interfaceStatement("FontName");
+                                   << interfaceStatement("FontName") << LastPlaceStatements() << SavedViewsStatement();
 }
 
-void finish(StartUpWindow& window) {
+void finish(const StartUpOptions& options, StartUpWindow& window) {
     const db::ReadTogether together(Session().Connection, finishStatements());
     getiniSettings();
     window.setmenuaccess();
@@ -296,18 +321,20 @@ void finish(StartUpWindow& window) {
     if (Session().AllProviders)
         window.MakeScheduleLink();
     readInterfacePreferences();
+    if (options.returnsToLastPlace)
+        returnToLastPlace(window);
     openFirstView(window);
 }
 
 // For a user from the command line no question is asked, so everything can be read in one trip beforehand.
-bool startForProvider(StartUpWindow& window) {
+bool startForProvider(const StartUpOptions& options, StartUpWindow& window) {
     const db::ReadTogether together(Session().Connection, settingsStatements()
                                                               << ProviderNameStatement(Session().UID)
                                                               << notesAccessStatement() << finishStatements());
     readSettings(window);
     if (!takeProviderFromCommandLine())
         return false;
-    finish(window);
+    finish(options, window);
     return true;
 }
 
@@ -320,11 +347,11 @@ bool StartUp(const QString& commandLine, const StartUpOptions& options, StartUpW
     if (!commandLine.isEmpty())
         readCommandLine(commandLine);
     if (!commandLine.isEmpty() && Session().UserType != SystemAdministrator)
-        return startForProvider(window);
+        return startForProvider(options, window);
     readSettings(window);
     if (!(commandLine.isEmpty() ? askForUser(window) : takeAdministrator(window)))
         return false;
-    finish(window);
+    finish(options, window);
     return true;
 }
 

@@ -5,6 +5,8 @@
 
 #include "session/view.h"
 
+struct LastPlace;
+
 /// The main window as start-up sees it. Start-up calls these routines in this order. The session values that a call
 /// needs are set before it.
 class StartUpWindow {
@@ -35,6 +37,10 @@ class StartUpWindow {
     virtual void MarkReady(QDate today) = 0;
     /// Makes the schedule panel a link that shows the provider list.
     virtual void MakeScheduleLink() = 0;
+    /// Tells the window, before its first view opens, what the user left last. The first view then gives way at once to
+    /// this one: since nobody would see the first, only this one is loaded. A view that the user may not open any more
+    /// is passed over. It is not called when the start was asked for a view or a date.
+    virtual void ReturnTo(const LastPlace& place) = 0;
     /// Shows the day view. CurrentView is already View::Day.
     virtual void ShowDayView() = 0;
     /// Called instead of ShowDayView when the companion schedule opens first.
@@ -47,13 +53,16 @@ struct StartUpOptions {
     QString dataFolder;
     /// The file that describes the central installation; empty for the usual place (InstallationFile).
     QString installationFile;
+    /// Whether the start goes on to what the user left last, instead of what whoever started the program has asked for.
+    bool returnsToLastPlace = true;
 };
 
 /// Brings the program from nothing to a visible calendar. It finds folders and ini files and opens the session's
 /// Connection. It identifies the user by the command line "{type}|{user id}" or, where that is empty, by the logon. It
-/// then loads preferences, rights and the companion link and opens the first view. A failing read leaves its value
-/// empty and start-up goes on; after a failing connection it shows a message and goes on. Returns false when the
-/// program must end, after the user has read the reason or has cancelled. The busy pointer is shown meanwhile.
+/// then loads preferences, rights and the companion link and opens the first view. From there it goes on to the view
+/// and the provider that the user left last, in any copy of the program. A failing read leaves its value empty and
+/// start-up goes on; after a failing connection it shows a message and goes on. Returns false when the program must
+/// end, after the user has read the reason or has cancelled. The busy pointer is shown meanwhile.
 bool StartUp(const QString& commandLine, const StartUpOptions& options, StartUpWindow& window);
 
 /// Returns the value of "DataSource" in solvane.ini: the database server, or the folder of an embedded database.

@@ -5,6 +5,7 @@
 #include <QString>
 #include <utility>
 
+#include "session/savedviews.h"
 #include "session/view.h"
 #include "shell/foundappointment.h"
 
@@ -47,6 +48,16 @@ class MainWindow {
     virtual void WritePanels() = 0;
     virtual void Leave() = 0;
 
+    /// The saved views of the user, as they were read last.
+    [[nodiscard]] virtual const std::vector<SavedView>& SavedViews() const = 0;
+    /// Returns the reason why the practice has no saved views, or "" when it has them.
+    [[nodiscard]] virtual QString WhyNoSavedViews() const = 0;
+    /// Goes to what is saved under a function key by now. The date stays. When it is gone, or the user may not see it,
+    /// the user is told.
+    virtual void ShowSavedView(int slot) = 0;
+    /// Opens the form that keeps what is on the screen under a function key.
+    virtual void SaveThisView() = 0;
+
     /// Keeps an appointment that a search has found. The day view shows it when it next loads the appointment's date.
     void LeaveFound(const FoundAppointment& found) { found_ = found; }
     /// Returns the kept appointment if it is of this date, and forgets it in any case. So it is shown once at most.
@@ -63,6 +74,11 @@ class MainWindow {
         cycledate(2);
     }
 
+    /// Keeps what the view that opens next is to show. A view with something of its own to show takes it once.
+    void LeaveContents(std::optional<ViewContents> contents) { contents_ = std::move(contents); }
+    [[nodiscard]] std::optional<ViewContents> TakeContents() { return std::exchange(contents_, std::nullopt); }
+
   private:
+    std::optional<ViewContents> contents_;
     std::optional<FoundAppointment> found_;
 };

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
@@ -32,6 +33,7 @@
 #include "session/hiddennames.h"
 #include "session/session.h"
 #include "shell/frmaopts.h"
+#include "shell/titlebar.h"
 #include "shell/viewtable.h"
 
 bool mdisched::ViewAvailable(View view) const {
@@ -60,30 +62,51 @@ void mdisched::ShowDateText(const QString& text) {
 }
 
 void mdisched::ShowTitle(const QString& text) {
-    pnltitle_->setText(text);
+    title_->ShowTitle(text);
 }
 
 void mdisched::WritePanels() {
     pnluser_->setText(QStringLiteral(" User: ") + OneLine(Session().UserName));
     pnlsched_->setText(QStringLiteral(" Schedule for: ") + CaptionText(Session().ProviderName));
+    showWhose();
+}
+
+// The views of one provider say in large letters whose schedule they are.
+void mdisched::showWhose() {
+    const View view = Session().CurrentView;
+    const bool ofOne = view == View::Day || view == View::Week || view == View::Month;
+    title_->ShowWhose(ofOne ? Session().ProviderName : QString());
 }
 
 void mdisched::changeview(View view) {
-    if (view_ != nullptr && Session().CurrentView == view)
+    if (view_ == nullptr) {
+        // Start-up has looked for the pair itself; a companion that was to open first may not open at all.
+        openView(firstView(ViewAvailable(view) ? view : View::Day));
         return;
-    // Start-up has looked for the pair itself.
-    if (view == View::Companion && view_ != nullptr && ViewAvailable(view) && !findCompanionProvider())
+    }
+    if (Session().CurrentView == view || !ViewAvailable(view))
         return;
-    if (ViewAvailable(view))
-        openView(view);
-    else if (view_ == nullptr)  // The companion was to open first, and cannot.
-        openView(View::Day);
+    if (view == View::Companion && !findCompanionProvider())
+        return;
+    const Stage before = stage();
+    useOwnHours();
+    if (openView(view))
+        KeepLastView(view);
+    else
+        setStage(before);
 }
 
-void mdisched::openView(View view) {
+// The companion's view refuses a provider without a counterpart with a box, which nobody expects at the start.
+View mdisched::firstView(View asTold) const {
+    const bool opens = firstView_ != View::None && ViewAvailable(firstView_) &&
+                       (firstView_ != View::Companion || Session().FHProviderId >= 1);
+    return opens ? firstView_ : asTold;
+}
+
+bool mdisched::openView(View view) {
     const auto factory = factories_.find(view);
     if (factory == factories_.end() || !unloadView())
-        return;
+        return false;
     const BusyPointer busy;
     applyInterfaceFont();
     Session().CurrentView = view;
@@ -92,6 +115,7 @@ void mdisched::openView(View view) {
     previous_->setText(QString::fromLatin1(entry.previous));
     next_->setText(QString::fromLatin1(entry.next));
     ShowTitle(view == View::Rooms ? QStringLiteral("Room Scheduler") : QString());
+    showWhose();
     view_ = factory->second(*this).release();
     connect(view_, &ViewWindow::DatabaseOpenedAgain, this, &mdisched::DatabaseOpenedAgain);
     viewPlace_->addWidget(view_, 1);
@@ -102,6 +126,7 @@ void mdisched::openView(View view) {
     view_->show();
     view_->setFocus();
     Q_EMIT ViewOpened();
+    return true;
 }
 
 // A view may be unloaded by one of its own commands: it goes when that command has returned.
@@ -130,15 +155,15 @@ void mdisched::fillMenus() {
     auto* menus = new QMenuBar(this);
     setMenuBar(menus);
     view_->FillMenus(*menus);
-    // A view may own its commands itself, so they are looked for in the menus that show them.
-    QList<QAction*> shown;
-    for (const QMenu* menu : menus->findChildren<QMenu*>())
-        shown += menu->actions();
-    yieldKeys(shown);
+    yieldKeys();
 }
 
-// Two commands on one key would answer to neither.
-void mdisched::yieldKeys(const QList<QAction*>& menuActions) {
+// Two commands on one key would answer to neither. A view may own its commands itself, so they are looked for in the
+// menus that show them.
+void mdisched::yieldKeys() {
+    QList<QAction*> menuActions;
+    for (const QMenu* menu : menuBar()->findChildren<QMenu*>())
+        menuActions += menu->actions();
     for (const auto& [action, key] : keys_) {
         const bool taken = std::any_of(menuActions.begin(), menuActions.end(), [&key = key](const QAction* menuAction) {
             return !key.isEmpty() && menuAction->shortcuts().contains(key);
@@ -309,6 +334,7 @@ void mdisched::SelectProvider() {
 
 void mdisched::ProviderChosen() {
     WritePanels();
+    KeepLastProvider(Session().ProviderId);
     cycledate(2);
     playSound("/softbell.wav");
 }
@@ -318,8 +344,12 @@ void mdisched::ShowPreferences() {
         if (view_ != nullptr && Session().CurrentView != View::Rooms)
             view_->ApplyPreferences();
     };
+    // What the user prefers is shown and stored, not what a saved view shows.
+    const Stage saved = stage();
+    useOwnHours();
     frmaopts preferences(refresh, this);
-    ShowModal(preferences);
+    if (ShowModal(preferences) != QDialog::Accepted)
+        setStage(saved);
 }
 
 void mdisched::playSound(const char* fileName) const {
@@ -378,6 +408,10 @@ void mdisched::closeEvent(QCloseEvent* event) {
     if (!notices_->MayLeave() || !unloadView()) {
         event->ignore();
         return;
+    }
+    if (ready_ && Session().CurrentView != View::None) {
+        KeepLastView(Session().CurrentView);
+        KeepLastProvider(Session().ProviderId);
     }
     Session().Connection.Close();
     event->accept();

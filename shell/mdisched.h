@@ -9,6 +9,7 @@
 #include <QSize>
 #include <vector>
 
+#include "session/lastplace.h"
 #include "session/startup.h"
 #include "shell/mainwindow.h"
 #include "shell/viewwindow.h"
@@ -21,6 +22,7 @@ class QToolBar;
 class QToolButton;
 class QVBoxLayout;
 class ctDate;
+class TitleBar;
 class ctTaskPane;
 
 /// The routines that make the views. A view without an entry is shown as not available.
@@ -32,9 +34,9 @@ using ViewFactories = std::map<View, std::function<std::unique_ptr<ViewWindow>(M
 ///
 /// Its keys: Ctrl+1 to Ctrl+6 the views, Ctrl+T today, Alt+Left and Alt+Right one step back and forward, F5 reload,
 /// Ctrl+N add, Ctrl+F find, Ctrl+P print, Ctrl+I check-in list, Ctrl+H hide names, Ctrl+L provider, Ctrl+, preferences,
-/// F9 task pane, F6 and Shift+F6 from pane to pane, F1 help, Ctrl+Q leave. Ctrl+H works in every window of the program,
-/// also while a dialog is in front. When a menu item of the open view has one of these keys, the key belongs to the
-/// menu item.
+/// F7 to F12 the saved views, F9 the task pane while no view is saved on it, F6 and Shift+F6 from pane to pane, F1
+/// help, Ctrl+Q leave. Ctrl+H works in every window of the program, also while a dialog is in front. When a menu item
+/// of the open view has one of these keys, the key belongs to the menu item.
 class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     Q_OBJECT
 
@@ -46,6 +48,8 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void OpenAt(QDate date) { openingDate_ = date; }
     /// Sets the size to open with instead of the remembered place. The window's place is then not remembered either.
     void OpenWithSize(QSize size) { openingSize_ = size; }
+    /// Sets the view to open first in the place of start-up's own, if the user may open it then.
+    void StartWith(View view) { firstView_ = view; }
     /// Whether the view exists and the user may open it.
     [[nodiscard]] bool ViewAvailable(View view) const;
     [[nodiscard]] ViewWindow* ShownView() const { return view_; }
@@ -62,6 +66,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void InitTaskPane() override;
     void MarkReady(QDate today) override;
     void MakeScheduleLink() override;
+    void ReturnTo(const LastPlace& place) override { firstView_ = place.view; }
     void ShowDayView() override;
 
     // MainWindow
@@ -82,6 +87,10 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void OpenBoard() override { Q_EMIT BoardRequested(); }
     void WritePanels() override;
     void Leave() override { close(); }
+    [[nodiscard]] const std::vector<SavedView>& SavedViews() const override { return savedViews_; }
+    [[nodiscard]] QString WhyNoSavedViews() const override { return whyNoSavedViews_; }
+    void ShowSavedView(int slot) override;
+    void SaveThisView() override;
 
   Q_SIGNALS:
     /// Raised after a view was loaded and shown.
@@ -110,12 +119,15 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void addToToolBar(QAction* action, const char* name);
 
     // These routines change the view.
-    void openView(View view);
+    [[nodiscard]] View firstView(View asTold) const;
+    /// Returns whether the view was opened: the open one may refuse to be left.
+    bool openView(View view);
     [[nodiscard]] bool unloadView();
     void putStatusLinkLast();
     void fillMenus();
-    void yieldKeys(const QList<QAction*>& menuActions);
+    void yieldKeys();
     void showCommandsOfView();
+    void showWhose();
     void applyInterfaceFont();
     void chooseFromTaskPane(const QString& key);
     [[nodiscard]] bool findCompanionProvider();
@@ -127,10 +139,39 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void playSound(const char* fileName) const;
     void cyclePanes(int direction);
 
+    // mdisched_saved.cpp
+    /// The hours and rows of the grids, which a saved view may have of its own.
+    struct GridHours {
+        int first = 0, last = 0, timeUnit = 0;
+        friend bool operator==(const GridHours&, const GridHours&) = default;
+    };
+    /// What of the session a saved view changes.
+    struct Stage {
+        QString providerId, providerName;
+        GridHours hours;
+        std::optional<GridHours> ownHours;
+    };
+    [[nodiscard]] static GridHours hours();
+    static void setHours(const GridHours& hours);
+    [[nodiscard]] Stage stage() const;
+    void setStage(const Stage& stage);
+    void useOwnHours();
+    void useHoursOf(const ViewContents& contents);
+    void readSavedViews();
+    void setSavedViews(std::vector<SavedView> views);
+    [[nodiscard]] QString whyNotShown(const SavedView& saved) const;
+    [[nodiscard]] bool takeProvider(const ViewContents& contents);
+    void open(const SavedView& saved);
+    [[nodiscard]] SavedView shownView() const;
+
     ViewFactories factories_;
     ViewWindow* view_ = nullptr;
     std::optional<QDate> openingDate_;
     std::optional<QSize> openingSize_;
+    View firstView_ = View::None;
+    std::vector<SavedView> savedViews_;
+    QString whyNoSavedViews_;
+    std::optional<GridHours> ownHours_;  ///< The user's own, while a saved view has other ones.
     QString helpFile_;
     bool ready_ = false;
     bool interfaceFontApplied_ = false;
@@ -140,7 +181,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     QToolBar* toolBar_ = nullptr;
     QSplitter* splitter_ = nullptr;
     QVBoxLayout* viewPlace_ = nullptr;
-    QLabel* pnltitle_ = nullptr;
+    TitleBar* title_ = nullptr;
     NoticeBar* notices_ = nullptr;
     std::vector<QWidget*> bars_;
     QLabel* pnluser_ = nullptr;

@@ -16,6 +16,7 @@
 #include "platform/theme/theme.h"
 #include "session/session.h"
 #include "shell/mdisched.h"
+#include "shell/titlebar.h"
 #include "shell/viewtable.h"
 
 namespace {
@@ -157,10 +158,13 @@ void mdisched::buildCentre() {
     viewPlace_ = new QVBoxLayout(right);
     viewPlace_->setContentsMargins(0, 0, 0, 0);
     viewPlace_->setSpacing(0);
-    pnltitle_ = panel(right, "pnltitle", tr("Title"));
-    pnltitle_->setFont(HeadingFont(2));
-    pnltitle_->setContentsMargins(Space(12), Space(8), Space(12), Space(8));
-    viewPlace_->addWidget(pnltitle_);
+    title_ = new TitleBar(right);
+    connect(title_, &TitleBar::ChoiceRequested, this, [this] {
+        SelectProvider();
+        if (view_ != nullptr)
+            view_->setFocus();
+    });
+    viewPlace_->addWidget(title_);
     notices_ = new NoticeBar(right);
     connect(notices_, &NoticeBar::FocusGivenBack, this, [this] {
         if (view_ != nullptr)

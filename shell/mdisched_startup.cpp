@@ -13,6 +13,7 @@
 #include "session/rights.h"
 #include "session/session.h"
 #include "shell/mdisched.h"
+#include "shell/titlebar.h"
 #include "shell/viewtable.h"
 
 void mdisched::RestorePosition() {
@@ -62,6 +63,7 @@ void mdisched::InitTaskPane() {
 
 void mdisched::MarkReady(QDate today) {
     ready_ = true;
+    readSavedViews();
     SetDate(openingDate_.value_or(today));
 }
 
@@ -73,8 +75,9 @@ void mdisched::MakeScheduleLink() {
     pnlsched_->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     pnlsched_->setFocusPolicy(Qt::TabFocus);
     pnlsched_->setToolTip(tr("Select the provider whose schedule is shown (Ctrl+L)"));
+    title_->LetChoose();
 }
 
 void mdisched::ShowDayView() {
-    openView(View::Day);
+    openView(firstView(View::Day));
 }

@@ -1,15 +1,28 @@
 #include "shell/menuview.h"
 
 #include <QAction>
+#include <QMenu>
 
 #include "people/frmabook.h"
 #include "people/frmcleg.h"
 #include "people/frmlocs.h"
 #include "platform/desktop/desktop.h"
+#include "platform/text/plaintext.h"
 #include "session/session.h"
 #include "shell/frmabout.h"
 #include "shell/frmpopts.h"
+#include "shell/frmsviews.h"
 #include "shell/viewtable.h"
+
+namespace {
+
+// A view without a title is named by what it shows.
+QString titleOf(const SavedView& saved) {
+    const ViewEntry* entry = FindView(saved.Shows());
+    return saved.title.isEmpty() && entry != nullptr ? QString::fromLatin1(entry->item) : saved.title;
+}
+
+}  // namespace
 
 MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget* parent)
     : ViewWindow(parent), main_(main), menus_(entries, this) {
@@ -22,6 +35,7 @@ MenuView::MenuView(MainWindow& main, std::span<const MenuEntry> entries, QWidget
     bindViews();
     bindSteps();
     bindPracticeLists();
+    bindSavedViews();
     MenuView::FollowMainWindow();
 }
 
@@ -44,12 +58,50 @@ void MenuView::bindSteps() {
     menus_.Bind(menu::mnuVPrevious, [this] { main_.cycledate(0); });
     menus_.Bind(menu::mnuVNext, [this] { main_.cycledate(1); });
     menus_.Bind(menu::mnuVRefresh, [this] { main_.cycledate(2); });
+    menus_.Bind(menu::mnuVNow, [this] { goToNow(); });
     menus_.Bind(menu::mnuVHidePats, [this] { main_.ToggleHidePatientNames(); });
     menus_.Bind(menu::mnuVHideTP, [this] {
         main_.ToggleTaskPane();
         FollowMainWindow();
     });
     menus_.Command(menu::mnuVHidePats).setCheckable(true);
+}
+
+void MenuView::goToNow() {
+    main_.GoToToday();
+    ShowNow();
+}
+
+void MenuView::bindSavedViews() {
+    menus_.Bind(menu::mnuVSave, [this] { main_.SaveThisView(); });
+}
+
+// Each entry has a letter of its own: the last digit of its key.
+void MenuView::showSavedViews() {
+    const QString why = main_.WhyNoSavedViews();
+    menus_.Suit(menu::mnuVSave, why.isEmpty(), why);
+    QMenu* menu = menus_.Command(menu::mnuVSaved).menu();
+    if (menu == nullptr)
+        return;
+    for (const QPointer<QAction>& entry : savedEntries_)
+        if (entry != nullptr) {
+            menu->removeAction(entry);
+            entry->deleteLater();  // It may be the command that is running.
+        }
+    savedEntries_.clear();
+    for (const SavedView& saved : main_.SavedViews()) {
+        if (savedEntries_.empty())
+            savedEntries_.emplace_back(menu->addSeparator());
+        const QString number = QString::number(saved.slot);
+        auto* entry = new QAction(
+            QStringLiteral("%1&%2 %3").arg(number.chopped(1), number.last(1), CaptionText(titleOf(saved))), menu);
+        entry->setObjectName(QStringLiteral("mnuVSaved") + number);
+        entry->setShortcut(QKeySequence(Qt::Key_F1 + saved.slot - 1));
+        entry->setToolTip(TipText(ContentsInWords(saved, [](const QString& id) { return id; })));
+        connect(entry, &QAction::triggered, this, [this, slot = saved.slot] { main_.ShowSavedView(slot); });
+        menu->addAction(entry);
+        savedEntries_.emplace_back(entry);
+    }
 }
 
 void MenuView::bindPracticeLists() {
@@ -84,12 +136,14 @@ void MenuView::showPrintOptions() {
 
 void MenuView::FillMenus(QMenuBar& bar) {
     menus_.Fill(bar);
+    showSavedViews();
 }
 
 void MenuView::FollowMainWindow() {
     menus_.Command(menu::mnuVHidePats).setChecked(Session().HidePatientNames);
     menus_.Command(menu::mnuVHideTP)
         .setText(main_.TaskPaneShown() ? QStringLiteral("&Hide Task Pane") : QStringLiteral("S&how Task Pane"));
+    showSavedViews();
 }
 
 void MenuView::showOpenView(MenuName command, View view) {

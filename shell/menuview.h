@@ -1,10 +1,14 @@
 #pragma once
 
 #include <initializer_list>
+#include <QPointer>
+#include <vector>
 
 #include "shell/mainwindow.h"
 #include "shell/viewmenus.h"
 #include "shell/viewwindow.h"
+
+class QAction;
 
 /// A view with menus of its own. It binds the commands that are common to the views, as far as the view's menus hold
 /// them: the lists, the preferences, the change to another view, the steps, help and leaving.
@@ -39,5 +43,10 @@ class MenuView : public ViewWindow {
     void bindViews();
     void bindSteps();
     void bindPracticeLists();
+    void bindSavedViews();
+    void showSavedViews();
+    void goToNow();
     void showPrintOptions();
+
+    std::vector<QPointer<QAction>> savedEntries_;  ///< What the submenu of the saved views holds besides its command.
 };

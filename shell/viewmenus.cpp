@@ -29,7 +29,7 @@ void ViewMenus::addCommand(const MenuEntry& entry) {
     if (entry.keys)
         action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
     State& state = commands_[QString::fromLatin1(entry.name.text())];
-    state = {action, action->isSeparator(), true, true, {}};
+    state = {action, action->isSeparator(), true, true, {}, {}};
     refresh(state);
 }
 
@@ -83,9 +83,10 @@ void ViewMenus::setBound(State& state) {
     refresh(state);
 }
 
-void ViewMenus::Allow(MenuName name, bool allowed) {
+void ViewMenus::Allow(MenuName name, bool allowed, const QString& why) {
     if (State* state = stateOf(name)) {
         state->allowed = allowed;
+        state->forbidden = why;
         refresh(*state);
     }
 }
@@ -124,7 +125,7 @@ void ViewMenus::refresh(const State& state) {
     if (state.action->isSeparator())
         return;
     if (!state.allowed)
-        state.action->setToolTip(tr("Not available to you."));
+        state.action->setToolTip(state.forbidden.isEmpty() ? tr("Not available to you.") : state.forbidden);
     else if (!state.bound)
         state.action->setToolTip(tr("Not available in this version."));
     else if (!state.suits)

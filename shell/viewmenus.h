@@ -47,8 +47,8 @@ class ViewMenus : public QObject {
     /// Binds the routine that the command runs. Without one the command is greyed.
     void Bind(MenuName name, std::function<void()> run);
     /// Allows or forbids a command, a separator or a whole menu, as the user's rights or the state of the view demand.
-    /// A forbidden one is greyed.
-    void Allow(MenuName name, bool allowed);
+    /// A forbidden one is greyed, and its tip is `why`, or that it is not available to the user.
+    void Allow(MenuName name, bool allowed, const QString& why = {});
     /// Shows or hides a command, a separator or a whole menu.
     void Show(MenuName name, bool shown);
     /// Sets whether a command suits the current selection. When it does not, the command is greyed and its tip is
@@ -63,7 +63,8 @@ class ViewMenus : public QObject {
         bool bound = false;
         bool allowed = true;
         bool suits = true;
-        QString why;
+        QString why;        ///< Why it does not suit.
+        QString forbidden;  ///< Why it is not allowed.
     };
     void addCommand(const MenuEntry& entry);
     /// Returns null when the view's menus do not hold the command.

@@ -7,6 +7,7 @@
 
 class QMenuBar;
 class UnreadNotice;
+class ViewContents;
 
 /// A calendar view in the main window. It is made when the user changes to it, and unloaded when another view is
 /// opened.
@@ -31,7 +32,15 @@ class ViewWindow : public QWidget {
     [[nodiscard]] virtual QDate ShownDay(QDate mainDate) const { return mainDate; }
     /// Takes over changed preferences (interval, hours, 24-hour flag) and reloads.
     virtual void ApplyPreferences() = 0;
-    /// Sets the captions and ticks of the menus after the task pane or the patients' names were hidden or shown.
+    /// Adds to the contents of a saved view what this view alone has: its columns, its providers, its filters.
+    virtual void AddContents(ViewContents& /*contents*/) const {}
+    /// Shows what AddContents has kept, and reads anew. A view that opens for saved contents takes them from the main
+    /// window instead (MainWindow::TakeContents), so that it is not loaded twice.
+    virtual void ShowContents(const ViewContents& /*contents*/) { ApplyPreferences(); }
+    /// Scrolls to the present time. The main window has gone to today.
+    virtual void ShowNow() {}
+    /// Sets the captions and ticks of the menus after the task pane or the patients' names were hidden or shown, or the
+    /// saved views have changed.
     virtual void FollowMainWindow() {}
     // The toolbar's commands. A view that does not have one of them leaves its routines as they are.
     virtual void AddAppointment() {}

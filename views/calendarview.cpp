@@ -54,8 +54,8 @@ void CalendarView::bindCommands() {
     QAction& newPatient = menus_.Command(menu::mnuANPat);
     newPatient.setText(newPatient.text().replace(QLatin1String("Patient"), CaptionText(Session().WordUsage)));
     allowExports(false);
-    menus_.Allow(menu::mnuVFH, !Session().FHDatabaseId.isEmpty());
-    menus_.Allow(menu::mnuVAll, Session().AllProviders);
+    menus_.Allow(menu::mnuVFH, !Session().FHDatabaseId.isEmpty(), tr("There is no Fernhall schedule for you."));
+    menus_.Allow(menu::mnuVAll, Session().AllProviders, tr("This needs access to all schedules."));
     connect(ctMDay1, &ctMDay::DayStepRequested, this,
             [this](int direction) { main_.cycledate(direction < 0 ? 0 : 1); });
 }
@@ -115,7 +115,8 @@ void CalendarView::DropSelection() {
 void CalendarView::displayapptinfo(int /*index*/) {}
 
 void CalendarView::allowExports(bool allowed) {
-    menus_.Allow(menu::mnuFExport, allowed);
+    menus_.Allow(menu::mnuFExport, allowed,
+                 exports_ ? tr("The schedule could not be read.") : tr("Export from the day or the week."));
     menus_.Allow(menu::mnuFsep4, allowed);
 }
 
@@ -204,7 +205,7 @@ void CalendarView::setmenuaccess() {
              {menu::mnuANew, menu::mnuANext, menu::mnuAEdit, menu::mnuAsep1, menu::mnuToDo, menu::mnuCheckediN,
               menu::mnuAKept, menu::mnuAMissed, menu::mnuAPCancel, menu::mnuATCancel, menu::mnuAPending, menu::mnuAMove,
               menu::mnuAShelve, menu::mnuALand})
-            menus_.Allow(name, false);
+            menus_.Allow(name, false, tr("You may only read the schedules."));
         for (const MenuName name :
              {menu::mnuARepeat, menu::mnuARest, menu::mnuFLoc, menu::mnuFRoomList, menu::mnuFActList, menu::mnuFAtypes,
               menu::mnuFAvail, menu::mnuVActivity, menu::mnuFHolidays})
@@ -212,10 +213,10 @@ void CalendarView::setmenuaccess() {
     }
     if (!MayDelete()) {
         for (const MenuName name : {menu::mnuADelete, menu::mnuTDelete})
-            menus_.Allow(name, false);
+            menus_.Allow(name, false, tr("You may not delete."));
     }
     if (!Session().AllProviders) {
         for (const MenuName name : {menu::mnuFSelect, menu::mnuFsep1, menu::mnuVAll, menu::mnuASearchA})
-            menus_.Allow(name, false);
+            menus_.Allow(name, false, tr("This needs access to all schedules."));
     }
 }

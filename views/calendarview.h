@@ -41,6 +41,8 @@ class CalendarView : public MenuView {
     /// Opens the editor for a new patient appointment at the selected time.
     void AddAppointment() override;
     [[nodiscard]] bool CanAdd() const override;
+    /// Scrolls so that what has just begun stands above the middle of the grid.
+    void ShowNow() override;
     /// Finds an appointment by its text and goes to it.
     void FindAppointment() override;
     [[nodiscard]] bool CanFind() const override { return true; }

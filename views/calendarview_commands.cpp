@@ -30,6 +30,14 @@ void CalendarView::bindSearches() {
     menus_.Bind(menu::mnuASearchT, [this] { searchType(); });
 }
 
+void CalendarView::ShowNow() {
+    constexpr int LeadMinutes = 60;
+    const QTime now = Now().time();
+    const int minute = now.hour() * 60 + now.minute();
+    ctMDay1->setTopTime(minute - minute % ctMDay1->TimeInterval() - LeadMinutes);
+    ctMDay1->setFocus();
+}
+
 int CalendarView::selectedKey() const {
     const std::optional<CalendarItem> item = SelectedItem();
     return item ? item->ItemKey.toInt() : 0;

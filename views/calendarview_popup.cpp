@@ -51,7 +51,7 @@ void CalendarView::popupOnItem(int index, const QPoint& place) {
     const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
     const PopupOffer& offer = offerFor(item.ItemColor, facts_.value(item.ItemKey).apptType);
     for (const MenuName name : notForItems)
-        menus_.Suit(name, false);
+        menus_.Suit(name, false, tr("Select a free time instead."));
     menus_.Show(menu::mnuARepeat, offer.repeat);
     menus_.Show(menu::mnuAEdit, offer.edit);
     menus_.Show(menu::mnuFPrintA, hasSlip(index));

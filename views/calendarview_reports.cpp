@@ -11,7 +11,7 @@ void CalendarView::bindReports() {
 
 void CalendarView::allowReports(bool allowed) {
     for (const MenuName name : {menu::mnuFReport, menu::mnuFRSched, menu::mnuFRCancel, menu::mnuFRCalls})
-        menus_.Allow(name, allowed);
+        menus_.Allow(name, allowed, tr("The schedule could not be read."));
 }
 
 ReportOpening CalendarView::reportOpening() const {

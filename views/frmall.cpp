@@ -33,18 +33,8 @@ using db::Sql;
 
 namespace {
 
-constexpr int FewestColumns = 5;
-constexpr int MostColumns = 10;
 constexpr int AllDisciplines = 0;
 
-QString appointmentsStatement(QDate date) {
-    return Sql(
-        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
-        date);
-}
-
-QString hoursStatement(QDate date) {
-    return Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date));
 }
 
 QString columnsStatement() {
@@ -53,16 +43,33 @@ QString columnsStatement() {
 
 }  // namespace
 
+QString frmall::appointmentsStatement(QDate date) {
+    return Sql(
+        "Select appointments.* FROM appointments LEFT JOIN appointmentsevents ON appointments.nkeyid = appointmentsevents.nkeyid where DApptDate = '{}' Order by appttype DESC",
+        date);
+}
+
+QString frmall::hoursStatement(QDate date) {
+    return Sql("Select * from ProvSched Where workdayvalue = {}", WeekdayNumber(date));
+}
+
 frmall::frmall(MainWindow& main, QWidget* parent) : CalendarView(main, AllProvidersMenus(), parent) {
     setObjectName(QStringLiteral("frmall"));
     layOut();
     showOpenView(menu::mnuVAll, View::AllProviders);
-    const ReadTogether together(Session().Connection, dayStatements()
-                                                          << ListedProvidersStatement() << columnsStatement());
-    showColumns();
+    bindSwitches();
+    const ReadTogether together(Session().Connection, dayStatements() << ListedProvidersStatement()
+                                                                      << columnsStatement() << switchStatements());
+    readSwitches();
+    readColumns();
     LoadProviders();
     connectPanel();
+    const std::optional<ViewContents> saved = this->main().TakeContents();
+    if (saved)
+        takeContents(*saved);
     loadmdayview();
+    if (saved)
+        goToColumnOf(*saved);
     setmenuaccess();
 }
 
@@ -81,15 +88,22 @@ void frmall::connectPanel() {
     connect(ctMDay1, &ctMDay::BeforeDrop, this, &frmall::askBeforeDrop);
 }
 
-void frmall::showColumns() {
+void frmall::readColumns() {
     const int wanted =
         GetPreference({}, QStringLiteral("AllCols"), QStringLiteral("Scheduler"), QString::fromLatin1(AllUsers))
             .toInt();
-    ctMDay1->setVisibleColumns(wanted < FewestColumns || wanted > MostColumns ? FewestColumns : wanted);
+    preferredColumns_ = wanted < FewestColumns || wanted > MostColumns ? FewestColumns : wanted;
+    showColumns();
+}
+
+void frmall::showColumns() {
+    const bool fit = menus().Command(menu::mnuVFit).isChecked();
+    ctMDay1->setVisibleColumns(fit ? 0 : wantedColumns());
 }
 
 void frmall::ApplyPreferences() {
-    showColumns();
+    savedColumns_.reset();
+    readColumns();
     CalendarView::ApplyPreferences();
 }
 
@@ -130,7 +144,7 @@ void frmall::resetcols() {
     List1.clear();
     cboprovs->clear();
     for (const ListedProvider& provider : panel_->Providers()) {
-        if (!provider.shown)
+        if (!provider.shown || idle_.contains(provider.id.toLower()))
             continue;
         ctMDay1->AddColumn(provider.name);
         List1.push_back(provider.id);
@@ -162,6 +176,8 @@ void frmall::loadmdayview() {
     const QDate date = main().Date();
     const ReadTogether together(Session().Connection, dayStatements());
     beginLoad(date, {});
+    if (providersRead_)
+        leaveOutIdle(date);
     QHash<QString, int> columns;
     for (std::size_t i = 0; i < List1.size(); ++i)
         columns.insert(List1[i].toLower(), static_cast<int>(i) + 1);
@@ -241,6 +257,10 @@ int frmall::columnOf(const QString& provider) const {
 
 // A provider who is not checked gets a column; one who is not on the panel can have none.
 int frmall::columnWith(const QString& provider) {
+    if (idle_.contains(provider.toLower())) {
+        followed_ = provider.toLower();
+        Reload();
+    }
     if (const std::optional<ListedProvider> listed = panel_->Find(provider); listed && !listed->shown) {
         panel_->CheckThose([&](const ListedProvider& each) { return each.shown || each.id == listed->id; });
         showChosen();
@@ -327,7 +347,7 @@ ScheduleSheet frmall::sheet(const PrintOptions& options) const {
     const std::size_t listed = panel_->Providers().size();
     const std::size_t shown = sheet.content.columns.size();
     sheet.footer = shown == listed ? tr("All providers") : tr("%1 of %2 providers").arg(shown).arg(listed);
-    sheet.columnsPerPage = options.columnsPerPage;
+    sheet.columnsPerPage = std::min(savedColumns_.value_or(options.columnsPerPage), PrintOptions::MostColumns);
     return sheet;
 }
 

@@ -16,6 +16,9 @@ class QPushButton;
 /// provider in cboprovs, the selected time moves to that provider's column and an appointment of another provider is no
 /// longer selected, so that no appointment is saved for the wrong provider unnoticed. This view shows
 /// neither all-day entries nor activities of several providers.
+///
+/// Two switches, off at first and kept for the user, show as many columns as fit and only the providers who work on the
+/// day.
 class frmall : public CalendarView {
     Q_OBJECT
 
@@ -27,7 +30,7 @@ class frmall : public CalendarView {
     void LoadProviders();
     /// Whether the provider is on the panel and checked there.
     [[nodiscard]] bool providerchecked(const QString& id) const;
-    /// Makes the columns of the checked providers.
+    /// Makes the columns of the checked providers, without those who are left out because they do not work.
     void resetcols();
     /// Reads the day of the main window's date. When appointments or holidays cannot be read, the user is told, so that
     /// nobody books into a day that only looks free.
@@ -39,6 +42,9 @@ class frmall : public CalendarView {
     void displayapptinfo(int index) override;
     void Reload() override;
     void ApplyPreferences() override;
+    /// Keeps the providers that have columns, the filter, how many columns share the width, and the two switches.
+    void AddContents(ViewContents& contents) const override;
+    void ShowContents(const ViewContents& contents) override;
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override { return from.addDays(direction); }
     /// Returns false: the toolbar's command adds appointments only in the day and the week view.
     [[nodiscard]] bool CanAdd() const override { return false; }
@@ -54,6 +60,7 @@ class frmall : public CalendarView {
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     [[nodiscard]] bool givesSlip(int code, int apptType) const override;
     /// Puts as many columns on a page as the print options say, from 1 to 9, and five when they say nothing valid.
+    /// A saved view is printed with the columns that it has on the screen.
     [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
     /// Returns the day of all providers.
     [[nodiscard]] ReportOpening reportOpening() const override;
@@ -67,6 +74,7 @@ class frmall : public CalendarView {
     void makePanel();
 
     void connectPanel();
+    void readColumns();
     void showColumns();
     void filter(int index);
     void showChosen();
@@ -78,9 +86,30 @@ class frmall : public CalendarView {
     void chooseColumn(int column);
     void askBeforeDrop(int index, const ItemPlace& place, bool* cancel);
     [[nodiscard]] QStringList dayStatements() const;
+    [[nodiscard]] static QString appointmentsStatement(QDate date);
+    [[nodiscard]] static QString hoursStatement(QDate date);
+
+    // frmall_switches.cpp
+    void bindSwitches();
+    [[nodiscard]] static QStringList switchStatements();
+    void readSwitches();
+    [[nodiscard]] bool showsWorkingOnly();
+    [[nodiscard]] QSet<QString> whoWorks(QDate date) const;
+    /// Takes the columns of those away who do not work on the day, while the user wants only who works.
+    void leaveOutIdle(QDate date);
+    void takeContents(const ViewContents& contents);
+    void goToColumnOf(const ViewContents& contents);
+    [[nodiscard]] int wantedColumns() const { return savedColumns_.value_or(preferredColumns_); }
+
+    static constexpr int FewestColumns = 5;
+    static constexpr int MostColumns = 10;
 
     std::vector<QString> List1;  ///< The provider's id for each column.
     ProviderPanel* panel_ = nullptr;
+    QSet<QString> idle_;  ///< Who is left out of the columns, in small letters, because they do not work on the day.
+    QString followed_;    ///< A provider, in small letters, who was gone to and keeps a column all the same.
+    int preferredColumns_ = FewestColumns;
+    std::optional<int> savedColumns_;  ///< How many columns the saved view that is shown has side by side.
     bool providersRead_ = false;
     bool sized_ = false;  ///< Whether the view has had its first size.
     QComboBox* cbodisc = nullptr;

@@ -10,6 +10,7 @@
 #include "output/exportrows.h"
 #include "output/frmschrpt.h"
 #include "output/htmlexport.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -64,6 +65,8 @@ frmweekv::frmweekv(MainWindow& main, QWidget* parent) : CalendarView(main, WeekM
     const ReadTogether together(Session().Connection, weekStatements(mondayOf(this->main().Date()))
                                                           << columnsStatement());
     showDays();
+    if (const std::optional<ViewContents> saved = this->main().TakeContents())
+        takeContents(*saved);
     loadmdayview();
     setmenuaccess();
 }
@@ -75,8 +78,36 @@ void frmweekv::showDays() {
 }
 
 void frmweekv::ApplyPreferences() {
+    savedDays_.reset();
     showDays();
     CalendarView::ApplyPreferences();
+}
+
+void frmweekv::AddContents(ViewContents& contents) const {
+    contents.Set(savedname::Columns, ctMDay1->ColumnCount());
+}
+
+void frmweekv::takeContents(const ViewContents& contents) {
+    const int days = contents.Number(savedname::Columns, 0);
+    if (days != DaysOfWeek && days != WorkingDays)
+        return;
+    savedDays_ = days;
+    ctMDay1->setDayColumns(days);
+}
+
+void frmweekv::ShowContents(const ViewContents& contents) {
+    takeContents(contents);
+    CalendarView::ApplyPreferences();
+}
+
+void frmweekv::ShowNow() {
+    CalendarView::ShowNow();
+    const QDate today = Today();
+    if (today < ctMDay1->Date().addDays(ctMDay1->ColumnCount()))
+        return;
+    Notice notice{tr("Today is %1, which the week of five days does not show.").arg(LongDateText(today))};
+    notice.subject = FoundNotice;
+    ShowNotice(std::move(notice));
 }
 
 QDate frmweekv::Stepped(QDate from, int direction) const {
@@ -156,7 +187,7 @@ QString frmweekv::whyUnseen(const FoundAppointment& found) const {
 
 ScheduleSheet frmweekv::sheet(const PrintOptions& options) const {
     ScheduleSheet sheet = CalendarView::sheet(options);
-    const int days = options.weekends ? DaysOfWeek : WorkingDays;
+    const int days = savedDays_.value_or(options.weekends ? DaysOfWeek : WorkingDays);
     sheet.content.columns.clear();
     for (int day = 0; day < days; ++day)
         sheet.content.columns.push_back({{}, ctMDay1->Date().addDays(day)});

@@ -20,6 +20,11 @@ class frmweekv : public CalendarView {
 
     void Reload() override { loadmdayview(); }
     void ApplyPreferences() override;
+    /// Keeps the number of days.
+    void AddContents(ViewContents& contents) const override;
+    void ShowContents(const ViewContents& contents) override;
+    /// Says so when the week of five days does not show today.
+    void ShowNow() override;
     /// Returns the Monday of the week before or after the week of `from`.
     [[nodiscard]] QDate Stepped(QDate from, int direction) const override;
 
@@ -27,7 +32,8 @@ class frmweekv : public CalendarView {
     [[nodiscard]] QDate dateOfColumn(int column) const override;
     [[nodiscard]] int columnFor(QDate date, const QString& provider) const override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
-    /// Prints five or seven days as the print options say, however many the view shows.
+    /// Prints five or seven days as the print options say, however many the view shows. A saved view is printed as it
+    /// is shown.
     [[nodiscard]] ScheduleSheet sheet(const PrintOptions& options) const override;
     void printS() override;
     [[nodiscard]] bool printsWeekends() const override { return true; }
@@ -37,6 +43,9 @@ class frmweekv : public CalendarView {
 
   private:
     void showDays();
+    void takeContents(const ViewContents& contents);
     [[nodiscard]] ExportRequest exportedWeek() const;
     [[nodiscard]] QStringList weekStatements(QDate first) const;
+
+    std::optional<int> savedDays_;  ///< The number of days of the saved view that is shown.
 };

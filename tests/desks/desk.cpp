@@ -28,9 +28,10 @@ Desk::Desk(const QString& dataFolder, const QString& user, QDate date, const QSt
         environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
     program_.setProcessEnvironment(environment);
     program_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    program_.start(QStringLiteral(SVS_PROGRAM),
-                   {QStringLiteral("--data"), dataFolder, QStringLiteral("--date"), date.toString(Qt::ISODate),
-                    QStringLiteral("--size"), QStringLiteral("1280x800"), QStringLiteral("1|") + user});
+    QStringList arguments{QStringLiteral("--data"), dataFolder, QStringLiteral("--size"), QStringLiteral("1280x800")};
+    if (date.isValid())
+        arguments << QStringLiteral("--date") << date.toString(Qt::ISODate);
+    program_.start(QStringLiteral(SVS_PROGRAM), arguments << QStringLiteral("1|") + user);
     await("mdisched");
 }
 

@@ -7,7 +7,8 @@
 /// command that cannot be done fails the test.
 class Desk {
   public:
-    /// Starts the program for the user, off screen or on an X display, and waits for its main window. What the program
+    /// Starts the program for the user, off screen or on an X display, and waits for its main window. Without a date
+    /// it starts as it does in the morning, today and where the user was last. What the program
     /// remembers for its user is its own, unless a folder for that is given. `locale` holds the variables that choose
     /// the locale ("LANG=en_GB.UTF-8"), all of them: those of whoever runs the tests are left out.
     Desk(const QString& dataFolder, const QString& user, QDate date, const QString& display = {},

@@ -274,14 +274,13 @@ QString entryPlace(const QStringList& words) {
     throw CannotObey(QStringLiteral("the menu has no such command"));
 }
 
-/// The middle of a menu in the menu bar.
-QString menuPlace(const QStringList& words) {
-    const QWidget* window = front();
-    for (const QMenuBar* bar : window ? window->findChildren<QMenuBar*>() : QList<QMenuBar*>())
-        for (QAction* action : bar->actions())
-            if (action->objectName() == words.at(1) && bar->isVisible())
-                return placeText(*bar, bar->actionGeometry(action).center());
-    throw CannotObey(QStringLiteral("there is no such menu"));
+/// Whether the menu in front has a command, as a submenu has once it is open.
+QString hasEntry(const QStringList& words) {
+    const auto* menu = qobject_cast<const QMenu*>(front());
+    const auto entries = menu == nullptr ? QList<QAction*>() : menu->actions();
+    const bool has = std::any_of(entries.begin(), entries.end(),
+                                 [&](const QAction* entry) { return entry->objectName() == words.at(1); });
+    return has ? QStringLiteral("yes") : QStringLiteral("not");
 }
 
 /// Whether the item has the picture of a session note.
@@ -352,7 +351,7 @@ QString ObeyInWindow(const QStringList& words) {
         {QStringLiteral("widgetPlace"), widgetPlace},
         {QStringLiteral("menuPlace"), menuPlace},
         {QStringLiteral("entryPlace"), entryPlace},
-        {QStringLiteral("menuPlace"), menuPlace},
+        {QStringLiteral("hasEntry"), hasEntry},
         {QStringLiteral("noteIcon"), noteIcon},
         {QStringLiteral("shows"), shows},
         {QStringLiteral("windowId"), windowId},

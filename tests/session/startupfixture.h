@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "session/lastplace.h"
 #include "session/session.h"
 #include "session/startup.h"
 #include "tests/session/practice.h"
@@ -29,6 +30,10 @@ class NotedWindow : public StartUpWindow {
     void InitTaskPane() override { calls << "task pane " + Session().FHDatabaseId; }
     void MarkReady(QDate today) override { calls << "ready " + today.toString(Qt::ISODate); }
     void MakeScheduleLink() override { calls << "link"; }
+    void ReturnTo(const LastPlace& place) override {
+        if (place.view != View::None)
+            calls << QString("return to %1").arg(static_cast<int>(place.view));
+    }
     void ShowDayView() override { calls << QString("day view %1").arg(static_cast<int>(Session().CurrentView)); }
     void changeview(View view) override { calls << QString("changeview %1").arg(static_cast<int>(view) - 1); }
 

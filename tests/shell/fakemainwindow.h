@@ -26,10 +26,16 @@ class FakeMainWindow : public MainWindow {
     void OpenBoard() override { asked << QStringLiteral("board"); }
     void WritePanels() override {}
     void Leave() override { asked << QStringLiteral("leave"); }
+    [[nodiscard]] const std::vector<SavedView>& SavedViews() const override { return savedViews; }
+    [[nodiscard]] QString WhyNoSavedViews() const override { return whyNoSavedViews; }
+    void ShowSavedView(int slot) override { asked << QStringLiteral("saved view %1").arg(slot); }
+    void SaveThisView() override { asked << QStringLiteral("save this view"); }
 
     QString dateText;
     QString title;
     QStringList asked;
+    std::vector<SavedView> savedViews;
+    QString whyNoSavedViews;
 
   private:
     QDate date_;

@@ -384,7 +384,7 @@ TEST_F(DayStatus, AUserWhoMayOnlyReadSetsNone) {
         select("Anna");
         for (const char* name : statusCommands) {
             EXPECT_FALSE(command(name).isEnabled()) << name;
-            EXPECT_EQ(command(name).toolTip().toStdString(), "Not available to you.");
+            EXPECT_EQ(command(name).toolTip().toStdString(), "You may only read the schedules.");
         }
     }
 }

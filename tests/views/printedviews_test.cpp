@@ -13,6 +13,7 @@
 #include "platform/printing/vsprinter.h"
 #include "session/hiddennames.h"
 #include "session/preferences.h"
+#include "session/savedviews.h"
 #include "session/session.h"
 #include "shell/frmpopts.h"
 #include "tests/platform/printing/pagereader.h"
@@ -173,6 +174,23 @@ TEST_F(PrintedViews, TheWeeksColumnsAreHeadedByDayAndNumbers) {
     for (const char* day : {"Mon 3/9", "Tue 3/10", "Wed 3/11", "Thu 3/12", "Fri 3/13"})
         EXPECT_TRUE(words.contains(day)) << day;
     EXPECT_FALSE(words.contains("Sat 3/14"));
+}
+
+TEST_F(PrintedViews, ASavedWeekIsPrintedWithTheDaysThatItShows) {
+    main.LeaveContents(ViewContents(QStringLiteral("columns=7")));
+    EXPECT_EQ(wordsOf(printOf(Which::Week)).filter("Sat 3/14").size(), 1);
+    view_->ApplyPreferences();
+    EXPECT_EQ(wordsOf(print()).filter("Sat 3/14").size(), 0) << "The preferences and the print options count again.";
+}
+
+TEST_F(PrintedViews, ASavedViewOfAllProvidersIsPrintedWithTheColumnsThatItShows) {
+    EXPECT_EQ(papersOf(Which::All).size(), 3U) << "Five of twelve on a page.";
+    main.LeaveContents(ViewContents(QStringLiteral("columns=6\nproviders=P00|P01|P02|P03|P04|P05|")));
+    const printing::Document saved = printOf(Which::All);
+    EXPECT_EQ(papers(saved).size(), 1U);
+    const QStringList words = wordsOf(saved);
+    EXPECT_TRUE(words.contains("Prov05"));
+    EXPECT_FALSE(words.contains("Prov06"));
 }
 
 TEST_F(PrintedViews, TheWeekendIsPrintedWhereTheOptionsSayItHoweverManyDaysAreShown) {

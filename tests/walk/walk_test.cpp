@@ -114,6 +114,7 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
                               "frmnewpat",
                               "frmaopts",
                               "frmpopts",
+                              "frmsviews",
                               "frmlocs",
                               "frmapttypes",
                               "frmholidays",
