@@ -35,8 +35,6 @@ namespace {
 
 constexpr int AllDisciplines = 0;
 
-}
-
 QString columnsStatement() {
     return PreferenceStatement(QStringLiteral("AllCols"), QStringLiteral("Scheduler"), QString::fromLatin1(AllUsers));
 }
