@@ -93,8 +93,8 @@ TEST_F(DayRights, AReadOnlyUserCanNeitherAddNorSeeTheLists) {
 
     for (const char* name : {"mnuANew", "mnuAEdit", "mnuADelete", "mnuToDo"})
         EXPECT_TRUE(forbidden(name)) << name;
-    for (const char* name :
-         {"mnuARepeat", "mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFAtypes", "mnuVActivity", "mnuFHolidays"})
+    for (const char* name : {"mnuARepeat", "mnuARest", "mnuFLoc", "mnuFRoomList", "mnuFActList", "mnuFAtypes",
+                             "mnuVActivity", "mnuFHolidays"})
         EXPECT_FALSE(shown(name)) << name;
 }
 
