@@ -170,9 +170,9 @@ void CalendarView::editappt2(int index) {
     const int key = item.ItemKey.toInt();
     if (key < 1)
         return;
-    const db::ReadTogether together(
-        Session().Connection,
-        ShownPatientStatements(GetPipeField(item.ItemNote, 3), item.ItemDay) << AppointmentStatement(key));
+    const db::ReadTogether together(Session().Connection,
+                                    ShownPatientStatements(GetPipeField(item.ItemNote, 3), item.ItemDay)
+                                        << AppointmentStatement(key));
     try {
         const std::optional<ShownAppointment> row = RowForCommand(key, painting());
         if (!row) {
