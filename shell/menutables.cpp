@@ -249,7 +249,7 @@ Table companionViewMenu() {
         {Kind::Command, menu::mnuVSave, "&Save This View..."},
         {Kind::EndSubmenu},
         {Kind::Separator, menu::mnuVsep3},
-        {Kind::Command, menu::mnuVBoard, "T&oday's Board", "all", "Ctrl+Shift+B"},
+        {Kind::Command, menu::mnuVBoard, "Toda&y's Board", "all", "Ctrl+Shift+B"},
         {Kind::Command, menu::mnuVColor, "Color &Legend...", "legend"},
         {Kind::Command, menu::mnuVABook, "Address &Book...", "addressbook", "Ctrl+B"},
         {Kind::Separator, menu::mnuVsep4},

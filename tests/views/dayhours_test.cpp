@@ -126,12 +126,13 @@ TEST_F(DayRights, OnlyWhoSeesAllProvidersMayChooseAnother) {
 
 TEST_F(DayRights, TheCompanionsScheduleIsOnlyForThoseWithALink) {
     open();
-    EXPECT_TRUE(forbidden("mnuVFH"));
+    EXPECT_FALSE(enabled("mnuVFH"));
+    EXPECT_EQ(command("mnuVFH").toolTip(), "There is no Fernhall schedule for you.");
 
     view_.reset();
     Session().FHDatabaseId = "FH1";
     open();
-    EXPECT_FALSE(forbidden("mnuVFH"));
+    EXPECT_NE(command("mnuVFH").toolTip(), "There is no Fernhall schedule for you.");
 }
 
 TEST_F(DayRights, TheWordForAPatientStandsInTheCommand) {

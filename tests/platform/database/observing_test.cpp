@@ -48,11 +48,11 @@ TEST_P(DatabaseContract, ADeletedRowIsToldAsItWas) {
 TEST_P(DatabaseContract, TheRowsBeforeAWriteCostOneTripAndOnlyWhereTheyAreWanted) {
     addVisit("Ann", 600);
     addVisit("Bob", 700);
-    connection_.Execute("Update Visits Set nStartTime = nStartTime");
     connection_.Observe([this](const Write& write) { writes_.push_back(write); }, db::Told::RowsBefore,
                         [](const db::WriteShape& shape, const std::vector<db::Value>& bound) {
                             return shape.verb == db::WriteShape::Verb::Delete || bound.size() == 1;
                         });
+    connection_.Execute("Delete From Visits Where 0 = 1");  // The columns of the table are asked for once.
     const auto tripsOf = [](const auto& step) {
         const qint64 before = db::Connection::Trips();
         step();
@@ -68,12 +68,13 @@ TEST_P(DatabaseContract, TheRowsBeforeAWriteCostOneTripAndOnlyWhereTheyAreWanted
     EXPECT_FALSE(writes_.back().changes.front().after);
     EXPECT_EQ(tripsOf([&] { connection_.Execute("Delete From Visits Where cappttext = 'Bob'"); }), 2);
     EXPECT_EQ(valuesOf(writes_.back().changes.front().before, {"cappttext", "nStartTime"}), "Bob 602");
-    EXPECT_EQ(tripsOf([&] { addVisit("Cora", 800); }), 1);
+    EXPECT_EQ(tripsOf([&] { connection_.Execute("Insert Into Visits (nStartTime) Values (?)", {800}); }), 1);
     EXPECT_EQ(writes_.back().changes.size(), 0U);
 }
 
 TEST_P(DatabaseContract, TheRowsBeforeAWriteOfATransactionAreToldAfterItsCommit) {
     addVisit("Ann", 600);
+    writes_.clear();
     connection_.Observe([this](const Write& write) { writes_.push_back(write); }, db::Told::RowsBefore);
     connection_.BeginTrans();
     connection_.Execute("Delete From Visits");
