@@ -41,6 +41,10 @@ void PatientLookUp::Choose(const QString& id) {
     settle(true);
 }
 
+bool PatientLookUp::IsAsking() const {
+    return matches_->isVisible();
+}
+
 bool PatientLookUp::CloseList() {
     const bool wasOpen = matches_->isVisible();
     matches_->Forget();

@@ -27,6 +27,8 @@ class PatientLookUp : public QObject {
     [[nodiscard]] const std::optional<PatientFacts>& Patient() const { return patient_; }
     /// Puts the patient with this id into the box and settles it. The user is told when the patient cannot be read.
     void Choose(const QString& id);
+    /// Whether the list of those who fit is open, so that it is not settled yet who is meant.
+    [[nodiscard]] bool IsAsking() const;
     /// Closes the list of those who fit. Returns whether it was open.
     bool CloseList();
     /// Puts the list below the box again, after the form has changed its size.

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <QHash>
-#include <QSet>
 #include <tuple>
 
+#include "appointments/workinghours.h"
 #include "data/codes.h"
-#include "data/recurrence.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -21,7 +20,6 @@ using db::Sql;
 namespace {
 
 constexpr qsizetype MostDatesOfOneStatement = 100;
-constexpr int HourMinutes = 60;
 
 bool isCancelled(int code) {
     return code == ncolor::PatientCancelled || code == ncolor::TherapistCancelled;
@@ -71,7 +69,6 @@ QString groupsStatement(const QString& dates) {
 }
 
 constexpr char ProvidersStatement[] = "Select id, prov_lastname, archive From provider_info";
-constexpr char HoursStatement[] = "Select providerid, workdayvalue, starttime, endtime From ProvSched";
 
 MinuteRange timeOf(const Recordset& row) {
     return {static_cast<int>(row["nStartTime"].integer()), static_cast<int>(row["nEndTime"].integer())};
@@ -81,7 +78,7 @@ MinuteRange timeOf(const Recordset& row) {
 class Practice {
   public:
     explicit Practice(const std::vector<FreedTime>& freed) {
-        QStringList statements{QString::fromLatin1(ProvidersStatement), QString::fromLatin1(HoursStatement)};
+        QStringList statements{QString::fromLatin1(ProvidersStatement), WorkingHours::Statement()};
         const QStringList chunks = datesOf(freed);
         for (const QString& dates : chunks)
             statements << bookedStatement(dates) << attendedStatement(dates) << groupsStatement(dates);
@@ -89,7 +86,7 @@ class Practice {
         for (const FreedTime& time : freed)
             freed_[whose(time.provider, time.date)].push_back(time.time);
         readProviders();
-        readHours();
+        hours_ = WorkingHours::Read();
         for (const QString& dates : chunks) {
             readBooked(dates);
             readAttended(dates);
@@ -104,10 +101,8 @@ class Practice {
         day.booked = booked_.value(provider);
         day.earliest = EarliestMinute(freed.date, Now());
         day.open = freed_.value(provider);
-        if (const auto hours = hours_.constFind({provider.id, WeekdayNumber(freed.date)}); hours != hours_.cend())
+        if (const std::optional<MinuteRange> hours = hours_.On(freed.provider, freed.date))
             day.open.push_back(*hours);
-        else if (!scheduled_.contains(provider.id))
-            day.open.push_back({Session().DayStartHour * HourMinutes, Session().DayEndHour * HourMinutes});
         return day;
     }
 
@@ -142,20 +137,6 @@ class Practice {
                 active_.insert(row["id"].text().trimmed().toUpper(), row["prov_lastname"].text());
     }
 
-    // A weekday without hours, or whose hours begin at 0, is a day off (DayBoard::ShadeAround). A provider without any
-    // weekday has the hours of the grid.
-    void readHours() {
-        for (Recordset row(HoursStatement, Session().Connection); !row.Eof(); row.MoveNext()) {
-            scheduled_.insert(row["providerid"].text().trimmed().toUpper());
-            const MinuteRange hours{static_cast<int>(row["starttime"].integer()),
-                                    static_cast<int>(row["endtime"].integer())};
-            if (hours.start > 0 && hours.start < hours.end)
-                hours_.insert(
-                    {row["providerid"].text().trimmed().toUpper(), static_cast<int>(row["workdayvalue"].integer())},
-                    hours);
-        }
-    }
-
     void readBooked(const QString& dates) {
         for (Recordset row(bookedStatement(dates), Session().Connection); !row.Eof(); row.MoveNext()) {
             const QDate date = row["dapptdate"].date();
@@ -181,8 +162,7 @@ class Practice {
     }
 
     QHash<QString, QString> active_;  ///< The names of the providers who are not archived, by id.
-    QSet<QString> scheduled_;         ///< The providers whose working hours are known.
-    QHash<std::pair<QString, int>, MinuteRange> hours_;
+    WorkingHours hours_;
     QHash<Whose, std::vector<MinuteRange>> freed_;
     QHash<Whose, std::vector<MinuteRange>> booked_;
     QHash<Whose, std::vector<Visit>> visits_;

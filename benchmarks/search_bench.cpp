@@ -213,7 +213,7 @@ std::vector<std::string> nextFreeStatements(const QString& ids, QDate until) {
     for (const QString& id : ids.split(u'|', Qt::SkipEmptyParts))
         quoted << QStringLiteral("'%1'").arg(id);
     return {
-        "Select * from Holidays", "Select * from ProvSched",
+        "Select * from Holidays", "Select providerid, workdayvalue, starttime, endtime From ProvSched",
         Sql("Select clinicianid, dapptdate, nstarttime, nendtime, ncolor from appointments Where dapptdate >= '{}' And dapptdate <= '{}' And clinicianid In ({}) And (appttype Is Null Or appttype <> 4)",
             from, until, db::Raw{quoted.join(u',')})
             .toStdString(),

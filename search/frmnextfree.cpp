@@ -135,8 +135,10 @@ void frmnextfree::loadProviders() {
     try {
         for (Recordset rows(ListedProvidersStatement(), Session().Connection); !rows.Eof(); rows.MoveNext())
             panel->Add({rows["Id"].text(), rows["prov_lastname"].text(), rows["discipline"].text()});
+        // The row into which a later choice is written is made by reading it.
+        const QString kept = ReadChoice(QLatin1String(ChoiceCategory), QLatin1String(ChoiceDetail));
         if (request_.chosen.isEmpty())
-            panel->Choose(ReadChoice(QLatin1String(ChoiceCategory), QLatin1String(ChoiceDetail)));
+            panel->Choose(kept);
         else
             panel->CheckThose([this](const ListedProvider& each) { return request_.chosen.contains(each.id); });
     } catch (const db::DatabaseError& error) {
@@ -181,7 +183,11 @@ void frmnextfree::connectFields() {
         addRows();
         ctList1->setFocus();
     });
-    connect(cmdbook, &QPushButton::clicked, this, &frmnextfree::book);
+    // A mnemonic does not move the focus, and a field takes what was typed only when the focus leaves it.
+    connect(cmdbook, &QPushButton::clicked, this, [this] {
+        cmdbook->setFocus();
+        book();
+    });
     connect(cmdclose, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -223,7 +229,7 @@ void frmnextfree::patientSettled(bool byEnter) {
     if (!patient && !txtpatients->text().trimmed().isEmpty())
         lblpatient->setText(tr("Nobody has this name yet. The appointment's form offers to add it."));
     followLength();
-    if ((patient ? patient->id : QString()) != searchedPatient_)
+    if (presentPatient() != searchedPatient_)
         searchAgain();
     // Who clicks an opening right after the name means that one.
     keepsRow_ = ctList1->hasFocus() || ctList1->SelectedRow() > 0;
@@ -231,8 +237,13 @@ void frmnextfree::patientSettled(bool byEnter) {
         goToList();
 }
 
+QString frmnextfree::presentPatient() const {
+    return patient_->Patient() ? patient_->Patient()->id : QString();
+}
+
 int frmnextfree::proposedLength() const {
-    if (const int ofType = typeMinutes_.value(cboatypes->currentData().toInt()); ofType > 0)
+    const bool hasType = cboatypes->currentIndex() > 0;
+    if (const int ofType = hasType ? typeMinutes_.value(cboatypes->currentData().toInt()) : 0; ofType > 0)
         return ofType;
     const QString service = patient_->Patient() ? patient_->Patient()->cpt : QString();
     for (const auto& [name, minutes] : services_)
@@ -270,7 +281,7 @@ OpeningWish frmnextfree::wish(QString& missing) const {
     else
         wanted.hours = {double(Parts[cbopart->currentIndex()].start), double(Parts[cbopart->currentIndex()].end)};
     wanted.from = ctdate->Date();
-    wanted.patientId = patient_->Patient() ? patient_->Patient()->id : QString();
+    wanted.patientId = presentPatient();
     wanted.holidays = ckholidays->isChecked();
     if (wanted.providers.empty())
         missing = tr("Choose a provider.");
@@ -416,6 +427,9 @@ void frmnextfree::goToList() {
 
 // What was chosen before the patient, or another field, was settled is booked only where it is still free.
 void frmnextfree::book() {
+    // Nobody is booked while it is asked who is meant, nor into the openings of another.
+    if (patient_->IsAsking() || (!due_.isActive() && presentPatient() != searchedPatient_))
+        return txtpatients->setFocus();
     std::optional<Opening> chosen = selected();
     if (chosen && due_.isActive()) {
         keepsRow_ = true;

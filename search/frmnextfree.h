@@ -105,6 +105,8 @@ class frmnextfree : public QDialog {
     void lookUpPatient();
     void patientSettled(bool byEnter);
     void showPatient();
+    /// The id of the patient who stands in the box; empty for none.
+    [[nodiscard]] QString presentPatient() const;
     void followLength();
     [[nodiscard]] int proposedLength() const;
 

@@ -21,8 +21,6 @@ namespace {
 // What is not found in the first stretch is far away, and is read in longer pieces.
 constexpr int LongestStretch = 28;
 
-constexpr char HoursStatement[] = "Select * from ProvSched";
-
 /// The ids as the list of In takes them: "'A','B'".
 QString idsOf(const std::vector<BookedProvider>& providers) {
     QStringList ids;
@@ -41,6 +39,13 @@ QString patientStatement(const QString& patientId, QDate from, QDate until) {
     return Sql(
         "Select dapptdate, nstarttime, nendtime, ncolor from appointments Where patientid = '{}' And dapptdate >= '{}' And dapptdate <= '{}' And (appttype Is Null Or appttype <> {})",
         patientId, from, until, ApptTypeSlot);
+}
+
+/// The sessions of the groups in which the patient is.
+QString groupsStatement(const QString& patientId, QDate from, QDate until) {
+    return Sql(
+        "Select dapptdate, nstarttime, nendtime, ncolor from AppointmentsGroup Inner Join appointments On AppointmentsGroup.nKeyId = appointments.nkeyid Where AppointmentsGroup.PatientId = '{}' And dapptdate >= '{}' And dapptdate <= '{}'",
+        patientId, from, until);
 }
 
 bool isCancelled(const Recordset& row) {
@@ -95,30 +100,13 @@ OpeningSearch::OpeningSearch(OpeningWish wish, const QDateTime& now, int grid)
       last_(first_.addDays(Days)),
       next_(first_),
       stretch_(FirstStretch),
-      holidays_(Session().Connection) {
-    readHours();
-}
-
-void OpeningSearch::readHours() {
-    for (Recordset rows(QString::fromLatin1(HoursStatement), Session().Connection); !rows.Eof(); rows.MoveNext()) {
-        const std::pair day(rows["providerid"].text().toLower(), static_cast<int>(rows["workdayvalue"].integer()));
-        const MinuteSpan hours = {rows["starttime"].real(), rows["endtime"].real()};
-        // As in the day view, the first row counts, and one without a start is a day off.
-        hours_.emplace(day, hours.start > 0 ? hours : MinuteSpan());
-    }
-}
-
-MinuteSpan OpeningSearch::workOn(const QString& provider, QDate date) const {
-    const auto stored = hours_.find({provider, WeekdayNumber(date)});
-    if (stored != hours_.end())
-        return stored->second;
-    return {Session().DayStartHour * 60.0, Session().DayEndHour * 60.0};
-}
+      holidays_(Session().Connection),
+      hours_(WorkingHours::Read()) {}
 
 MinuteSpan OpeningSearch::windowOf(const QString& provider, QDate date) const {
-    MinuteSpan window = workOn(provider, date);
-    window.start = std::max({0.0, window.start, wish_.hours.start});
-    window.end = std::min({double(MinutesPerDay), window.end, wish_.hours.end});
+    const MinuteRange work = hours_.On(provider, date).value_or(MinuteRange());
+    MinuteSpan window{std::max({0.0, double(work.start), wish_.hours.start}),
+                      std::min({double(MinutesPerDay), double(work.end), wish_.hours.end})};
     if (date == now_.date()) {
         const int second = now_.time().msecsSinceStartOfDay() / 1000;
         window.start = std::max(window.start, double((second + 59) / 60));
@@ -142,17 +130,18 @@ std::map<QDate, std::vector<MinuteSpan>> OpeningSearch::readPatient(QDate until)
     std::map<QDate, std::vector<MinuteSpan>> busy;
     if (wish_.patientId.isEmpty())
         return busy;
-    for (Recordset rows(patientStatement(wish_.patientId, next_, until), Session().Connection); !rows.Eof();
-         rows.MoveNext())
-        if (!isCancelled(rows))
-            busy[rows["dapptdate"].date()].push_back(spanOf(rows));
+    for (const auto& statement : {patientStatement, groupsStatement})
+        for (Recordset rows(statement(wish_.patientId, next_, until), Session().Connection); !rows.Eof();
+             rows.MoveNext())
+            if (!isCancelled(rows))
+                busy[rows["dapptdate"].date()].push_back(spanOf(rows));
     return busy;
 }
 
 QStringList OpeningSearch::statements(QDate until) const {
     QStringList read{bookingsStatement(wish_.providers, next_, until), AttendancesStatement(next_, until)};
     if (!wish_.patientId.isEmpty())
-        read << patientStatement(wish_.patientId, next_, until);
+        read << patientStatement(wish_.patientId, next_, until) << groupsStatement(wish_.patientId, next_, until);
     return read;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "appointments/overlap.h"
+#include "appointments/workinghours.h"
 #include "data/holidays.h"
 #include "session/slot.h"
 
@@ -48,10 +49,9 @@ struct Opening {
 
 /// Searches the openings of a wish, one stretch of days after the other, in the order of date, time and provider.
 ///
-/// A provider works on a weekday in the hours of the first row of ProvSched; without a row, in the hours of the day in
-/// the preferences; a row without a start is a day off. Every booking makes its provider busy, unavailable time too,
-/// except cancelled appointments and type slots. A shared activity makes its attending providers busy. Holidays are
-/// left out unless the wish includes them.
+/// When a provider works is told by WorkingHours. Every booking makes its provider busy, unavailable time too, except
+/// cancelled appointments and type slots. A shared activity makes its attending providers busy, and a group session its
+/// patients. Holidays are left out unless the wish includes them.
 ///
 /// Each stretch is read with a number of statements that depends neither on the number of providers nor on that of the
 /// days.
@@ -81,8 +81,6 @@ class OpeningSearch {
     using Day = std::pair<QString, QDate>;  ///< A provider's id in lower case, and a date.
 
     [[nodiscard]] QStringList statements(QDate until) const;
-    void readHours();
-    [[nodiscard]] MinuteSpan workOn(const QString& provider, QDate date) const;
     [[nodiscard]] std::map<Day, Booked> readBookings(QDate until) const;
     [[nodiscard]] std::map<QDate, std::vector<MinuteSpan>> readPatient(QDate until) const;
     [[nodiscard]] MinuteSpan windowOf(const QString& provider, QDate date) const;
@@ -96,5 +94,5 @@ class OpeningSearch {
     int stretch_;
     int holidaysLeftOut_ = 0;
     HolidayCalendar holidays_;
-    std::map<std::pair<QString, int>, MinuteSpan> hours_;  ///< By provider in lower case and weekday; Sunday is 1.
+    WorkingHours hours_;
 };

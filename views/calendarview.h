@@ -92,6 +92,9 @@ class CalendarView : public MenuView {
     /// Returns the column that shows a day of a provider, or 0 when the view has none.
     [[nodiscard]] virtual int columnFor(QDate date, const QString& provider) const;
 
+    /// Tells that the opening that was chosen is on a day that this view does not show.
+    virtual void tellUnseenOpening(QDate /*date*/) {}
+
     /// Brings the column of the session's provider into sight when the columns are providers.
     virtual void followProvider() {}
     /// Selects an appointment that was found and scrolls to it. When the view does not show it, the user is told why.

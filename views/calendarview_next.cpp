@@ -1,5 +1,6 @@
 #include "appointments/editorrequest.h"
 #include "data/codes.h"
+#include "platform/controls/noticebar.h"
 #include "platform/desktop/desktop.h"
 #include "search/frmnextfree.h"
 #include "session/rights.h"
@@ -40,8 +41,14 @@ void CalendarView::bookOpening(const NextFree& found) {
     } else {
         Reload();
     }
+    DropNotice(FoundNotice);
     followProvider();
-    ctMDay1->selectRange(columnFor(opening.date, opening.provider.id), opening.start, opening.end);
+    if (const int column = columnFor(opening.date, opening.provider.id); column > 0) {
+        ctMDay1->selectRange(column, opening.start, opening.end);
+    } else {
+        ctMDay1->clearSelection();
+        tellUnseenOpening(opening.date);
+    }
     ctMDay1->setTopTime(opening.start);
     EditorRequest request{apptkind::Patient, true, 0, Session().CurrentView, opening.provider, opening.Slot()};
     request.patientId = found.patientId;

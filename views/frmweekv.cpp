@@ -176,6 +176,12 @@ void frmweekv::LoadWorkSchedule(QDate date) {
     });
 }
 
+void frmweekv::tellUnseenOpening(QDate date) {
+    Notice notice{tr("The opening is on %1, which the week of five days does not show.").arg(LongDateText(date))};
+    notice.subject = FoundNotice;
+    ShowNotice(std::move(notice));
+}
+
 QString frmweekv::whyUnseen(const FoundAppointment& found) const {
     if (found.allDay)
         return tr("The appointment that was found lasts all day. The week does not show such entries.");

@@ -31,6 +31,7 @@ class frmweekv : public CalendarView {
   protected:
     [[nodiscard]] QDate dateOfColumn(int column) const override;
     [[nodiscard]] int columnFor(QDate date, const QString& provider) const override;
+    void tellUnseenOpening(QDate date) override;
     [[nodiscard]] bool showsCallsOfAwaitedOnly() const override { return true; }
     /// Prints five or seven days as the print options say, however many the view shows. A saved view is printed as it
     /// is shown.

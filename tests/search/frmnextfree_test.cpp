@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
 
@@ -51,6 +52,11 @@ class NextFreeHour : public SearchFixture {
     }
     QString row(int index) { return form_->ctList1->Cells(index).join(u';'); }
     void type(const QString& text) { QTest::keyClicks(form_->txtpatients, text); }
+    void altB() {
+        QSignalSpy clicked(form_->cmdbook, &QPushButton::clicked);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_B, Qt::AltModifier);
+        EXPECT_TRUE(clicked.count() > 0 || clicked.wait());
+    }
     void enter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
 
     int type_ = 0;
@@ -364,6 +370,92 @@ TEST_F(NextFreeHour, AnOpeningThatIsClickedRightAfterTheNameIsTheOneThatIsMeant)
     ASSERT_TRUE(form_->Found());
     EXPECT_EQ(form_->Found()->patientId, QStringLiteral("10018"));
     EXPECT_EQ(form_->Found()->opening.start, 600);
+}
+
+TEST_F(NextFreeHour, AltBBooksForWhoeverStandsInTheBox) {
+    open();
+    type(QStringLiteral("jon"));
+    enter();
+    form_->txtpatients->setFocus();
+    form_->txtpatients->selectAll();
+    type(QStringLiteral("o'b"));
+    altB();
+    ASSERT_TRUE(form_->Found());
+    EXPECT_EQ(form_->Found()->patientId, QStringLiteral("10017"));
+    EXPECT_EQ(form_->Found()->opening.Slot(), (SelectedSlot{day, 540, 585})) << "with the length of the own service";
+    open();
+    type(QStringLiteral("jon"));
+    altB();
+    ASSERT_TRUE(form_->Found());
+    EXPECT_EQ(form_->Found()->patientId, QStringLiteral("10018"));
+}
+
+TEST_F(NextFreeHour, AltBAsksWhoIsMeantWhereSeveralFit) {
+    patient("10019", "O'Brien", "Bert", "");
+    open();
+    type(QStringLiteral("jon"));
+    enter();
+    form_->txtpatients->setFocus();
+    form_->txtpatients->selectAll();
+    type(QStringLiteral("o'b"));
+    altB();
+    settle();
+    EXPECT_FALSE(form_->Found());
+    EXPECT_TRUE(form_->findChild<QWidget*>(QStringLiteral("pnlmatches"))->isVisible());
+    EXPECT_TRUE(form_->txtpatients->hasFocus());
+    QTest::keyClick(form_->txtpatients, Qt::Key_Down);
+    altB();
+    ASSERT_TRUE(form_->Found());
+    EXPECT_EQ(form_->Found()->patientId, QStringLiteral("10019"));
+}
+
+TEST_F(NextFreeHour, AClickOnBookAsksWhoIsMeantWhereSeveralFit) {
+    patient("10019", "Jones", "Nora", "");
+    open();
+    type(QStringLiteral("jon"));
+    enter();
+    enter();
+    form_->txtpatients->setFocus();
+    form_->txtpatients->selectAll();
+    type(QStringLiteral("jon"));
+    QTest::mouseClick(form_->cmdbook, Qt::LeftButton);
+    settle();
+    EXPECT_FALSE(form_->Found()) << "nobody is taken from a list that came with this very click";
+    EXPECT_TRUE(form_->txtpatients->hasFocus());
+    QTest::mouseClick(form_->cmdbook, Qt::LeftButton);
+    ASSERT_TRUE(form_->Found());
+    EXPECT_EQ(form_->Found()->patientId, QStringLiteral("10018"));
+}
+
+TEST_F(NextFreeHour, AltBBooksTheLengthThatIsTypedJustNow) {
+    open();
+    form_->txtlength->setFocus();
+    form_->txtlength->selectAll();
+    QTest::keyClicks(form_->txtlength, QStringLiteral("60"));
+    altB();
+    ASSERT_TRUE(form_->Found());
+    EXPECT_EQ(form_->Found()->opening.Slot(), (SelectedSlot{day, 540, 600}));
+}
+
+TEST_F(NextFreeHour, TheChoiceThatBeganWithTheViewsProvidersIsKept) {
+    open({{QStringLiteral("REED"), QStringLiteral("Reed")}, {QStringLiteral("OBRIEN")}, true});
+    ctList& listed = form_->panel->List();
+    listed.SelectRow(1);
+    QTest::keyClick(&listed, Qt::Key_Space);
+    const QString chosen = form_->panel->Choice();
+    ASSERT_EQ(chosen, QStringLiteral("OBRIEN|REED|"));
+    provider("STONE", "Stone");
+    open();
+    EXPECT_EQ(form_->panel->Choice(), chosen);
+}
+
+TEST_F(NextFreeHour, AnyTypeHasNoLengthOfItsOwn) {
+    run(QStringLiteral("Insert Into AptCategories (aptcategory, aptcategorycolor) Values ('Black', 0)"));
+    ASSERT_TRUE(SetTypeLength(static_cast<int>(database.connection().LastIdentity()), 90));
+    open();
+    EXPECT_EQ(form_->txtlength->value(), 15);
+    form_->cboatypes->setCurrentIndex(1);
+    EXPECT_EQ(form_->txtlength->value(), 90);
 }
 
 TEST_F(NextFreeHour, EveryFieldHasANameForAScreenReader) {

@@ -157,12 +157,25 @@ TEST_F(NextOpenings, ThePatientMustBeFreeToo) {
     EXPECT_EQ(first(ofPatient, 1), QStringList{QStringLiteral("2026-03-11 540-600 Reed")});
 }
 
-TEST_F(NextOpenings, AProviderWorksInTheStoredHoursElseInThoseOfTheDay) {
+TEST_F(NextOpenings, AGroupSessionOfThePatientIsInTheWay) {
+    const qint64 key = book({.start = 540, .end = 600, .provider = QStringLiteral("OBRIEN"), .kind = 2});
+    run(db::Sql("Insert Into AppointmentsGroup (nKeyId, PatientId) Values ({}, '10017')", key));
+    OpeningWish ofPatient = wish();
+    ofPatient.patientId = QStringLiteral("10017");
+    EXPECT_EQ(first(ofPatient, 1), QStringList{QStringLiteral("2026-03-11 600-660 Reed")});
+    ofPatient.patientId = QStringLiteral("10018");
+    EXPECT_EQ(first(ofPatient, 1), QStringList{QStringLiteral("2026-03-11 540-600 Reed")});
+}
+
+TEST_F(NextOpenings, AProviderWorksInTheStoredHoursAndWithoutAnyInThoseOfTheDay) {
+    works("OBRIEN", 4, 0, 0);
+    EXPECT_EQ(first(wish(), 1), QStringList{QStringLiteral("2026-03-11 540-600 Reed")});
     works("reed", 4, 600, 690);  // Wednesday
-    works("REED", 5, 0, 0);      // A day off.
+    works("REED", 5, 0, 0);      // A day off, and so are the days without a row.
+    works("REED", 2, 780, 900);  // Monday
     EXPECT_EQ(first(wish()),
-              (QStringList{QStringLiteral("2026-03-11 600-660 Reed"), QStringLiteral("2026-03-13 480-540 Reed"),
-                           QStringLiteral("2026-03-13 540-600 Reed")}));
+              (QStringList{QStringLiteral("2026-03-11 600-660 Reed"), QStringLiteral("2026-03-16 780-840 Reed"),
+                           QStringLiteral("2026-03-16 840-900 Reed")}));
     works("REED", 4, 0, 0);
     EXPECT_EQ(first(wish(), 1), QStringList{QStringLiteral("2026-03-11 600-660 Reed")}) << "the first row counts";
 }

@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QCheckBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -7,6 +8,7 @@
 #include "data/codes.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/noticebar.h"
 #include "search/frmnextfree.h"
 #include "session/session.h"
 #include "tests/views/eachview.h"
@@ -88,6 +90,30 @@ TEST_F(NextFreeInViews, GoesToTheDayAndTheProviderOfTheOpening) {
     command("mnuANext").trigger();
     EXPECT_EQ(main.Date(), QDate(2026, 3, 17));
     EXPECT_EQ(Session().ProviderId, QStringLiteral("LANE"));
+}
+
+TEST_F(NextFreeInViews, AnOpeningOnAWeekendIsToldOfInTheWeekOfFiveDays) {
+    NoticeBar notices;
+    openAs(Which::Week);
+    const auto bookOn = [&](QDate date) {
+        expectSearch([date](frmnextfree& form) {
+            form.ckdays[6]->setChecked(true);
+            form.ctdate->setDate(date);
+        });
+        expectEditor([date](frmnore& form) {
+            EXPECT_EQ(form.ctedate->Date(), date);
+            form.done(QDialog::Rejected);
+        });
+        command("mnuANext").trigger();
+    };
+    cell(540);
+    bookOn(QDate(2026, 3, 14));
+    EXPECT_LT(calendar().SelectedRange(), 0);
+    EXPECT_EQ(notices.Texts(),
+              QStringList{QStringLiteral(
+                  "The opening is on Saturday, March 14, 2026, which the week of five days does not show.")});
+    bookOn(QDate(2026, 3, 13));
+    EXPECT_EQ(notices.Texts(), QStringList());
 }
 
 TEST_F(NextFreeInViews, ClosedWithoutAChoiceItChangesNothing) {
