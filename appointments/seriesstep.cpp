@@ -35,6 +35,13 @@ int roomOf(int key) {
     return booking.Eof() ? 0 : intOf(booking, "croomid");
 }
 
+bool hasAttendance(const SeriesStep& step) {
+    return step.before.code == ncolor::Group &&
+           !Recordset(Sql("Select PatientId from AppointmentsGroup Where nKeyId = {} And Kept = 1", step.key),
+                      Session().Connection)
+                .Eof();
+}
+
 QString timeText(int minutes) {
     return MinutesToTimeText(minutes, Session().MilitaryTime);
 }
@@ -137,7 +144,7 @@ WriteOutcome TakeStep(const SeriesStep& step) {
                 outcome.end = WriteOutcome::End::Gone;
                 return;
             }
-            if (placeIn(row, roomOf(step.key)) != step.before || row["NoteID"].integer() > 0)
+            if (placeIn(row, roomOf(step.key)) != step.before || row["NoteID"].integer() > 0 || hasAttendance(step))
                 throw db::RowChangedError();
             if (step.after)
                 changeRow(row, step.before, *step.after);

@@ -36,6 +36,21 @@ TEST_F(RestOfSeries, WhatIsPastOrSettledIsShownAndStays) {
     EXPECT_EQ(bar.Texts(), QStringList{"1 of 1 appointments of the series are deleted."});
 }
 
+TEST_F(RestOfSeries, AGroupsDateToWhichAMemberCameStays) {
+    for (const int key : {keys[3], keys[4]}) {
+        set(key, "ncolor = 12632064");
+        run(Sql("Insert Into AppointmentsGroup (nKeyId, PatientId, Kept) Values({}, '10017', 0)", key));
+        run(Sql("Insert Into AppointmentsGroup (nKeyId, PatientId, Kept) Values({}, '10020', {})", key,
+                key == keys[4] ? 1 : 0));
+    }
+    const auto form = open(keys[3]);
+    choose(*form, Kind::Delete);
+    EXPECT_EQ(listed(*form).mid(3), (QStringList{"x 03/18 | deleted", "03/25 | stays: was kept", "x 04/01 | deleted"}));
+    ok(*form);
+    EXPECT_EQ(stored().mid(3), QStringList{"03/25 540"});
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from AppointmentsGroup")), 2);
+}
+
 TEST_F(RestOfSeries, ThisThisAndFollowingAndAllAreTold) {
     const auto form = open(keys[3]);
     choose(*form, Kind::Delete);

@@ -122,6 +122,17 @@ TEST_F(ChangeOfSeries, ARoomThatWasChangedMeanwhileIsNotOverwritten) {
     EXPECT_EQ(database.number(QStringLiteral("Select nStartTime from roomschedule")), 540);
 }
 
+TEST_F(ChangeOfSeries, AGroupsDateWhoseAttendanceWasTakenMeanwhileIsNotMoved) {
+    set(keys[3], "ncolor = 12632064");
+    run(Sql("Insert Into AppointmentsGroup (nKeyId, PatientId, Kept) Values({}, '10017', 0)", keys[3]));
+    const std::vector<SeriesStep> steps = anHourLater();
+    run(QStringLiteral("Update AppointmentsGroup Set Kept = 1"));
+    const WriteOutcome outcome = TakeStep(steps[1]);
+    ASSERT_TRUE(outcome.failure);
+    EXPECT_EQ(outcome.failure->number, db::RowChanged);
+    EXPECT_EQ(stored()[3], "03/18 540");
+}
+
 TEST_F(ChangeOfSeries, WithoutTheDatabaseNothingIsWrittenAndTheFormStays) {
     const auto form = open();
     moveBy(*form, 60);
