@@ -68,6 +68,8 @@ Stay stayOf(const RestRow& row, const RosterChange& change, QDate today) {
         return Stay::Past;
     if (row.place.code != ncolor::Group || row.text.compare(change.group, Qt::CaseInsensitive) != 0)
         return Stay::OtherGroup;
+    if (!Session().AllProviders && row.place.provider.compare(change.provider, Qt::CaseInsensitive) != 0)
+        return Stay::OthersSchedule;
     return row.hasNote ? Stay::HasNote : Stay::No;
 }
 
@@ -80,22 +82,23 @@ QString keysOf(const std::vector<RosterDate>& dates, const Member& member, std::
 }
 
 /// The condition on `appointments` under which a date is still to be changed.
-QString stillOpen(const QString& keys, QDate today) {
-    return Sql("nkeyid In ({}) And ncolor = {} And dapptdate >= '{}' And (NoteID Is Null Or NoteID < 1)", db::Raw{keys},
-               ncolor::Group, today);
+QString stillOpen(const RosterChange& change, const QString& keys, QDate today) {
+    const QString open = Sql("nkeyid In ({}) And ncolor = {} And dapptdate >= '{}' And (NoteID Is Null Or NoteID < 1)",
+                             db::Raw{keys}, ncolor::Group, today);
+    return Session().AllProviders ? open : open + Sql(" And clinicianid = '{}'", change.provider);
 }
 
 void add(const RosterChange& change, const std::vector<RosterDate>& dates, const Member& member, QDate today) {
     Session().Connection.Execute(Sql(
         "Insert Into AppointmentsGroup (nKeyId, PatientId, PatientAcct, PatientName, Kept, GroupId) Select nkeyid, '{}', '{}', '{}', 0, {} From appointments Where {} And Not Exists (Select * From AppointmentsGroup Where AppointmentsGroup.nKeyId = appointments.nkeyid And AppointmentsGroup.PatientId = '{}')",
         member.patientId, member.account, member.name, change.groupId,
-        db::Raw{stillOpen(keysOf(dates, member, &RosterDate::adds), today)}, member.patientId));
+        db::Raw{stillOpen(change, keysOf(dates, member, &RosterDate::adds), today)}, member.patientId));
 }
 
-void remove(const std::vector<RosterDate>& dates, const Member& member, QDate today) {
+void remove(const RosterChange& change, const std::vector<RosterDate>& dates, const Member& member, QDate today) {
     Session().Connection.Execute(Sql(
         "Delete from AppointmentsGroup Where PatientId = '{}' And (Kept Is Null Or Kept = 0) And nKeyId In (Select nkeyid from appointments Where {})",
-        member.patientId, db::Raw{stillOpen(keysOf(dates, member, &RosterDate::removes), today)}));
+        member.patientId, db::Raw{stillOpen(change, keysOf(dates, member, &RosterDate::removes), today)}));
 }
 
 }  // namespace
@@ -133,7 +136,7 @@ WriteOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDat
         outcome.step = WriteStep::Members;
         db::InTransaction(Session().Connection, [&] {
             for (const Member& member : change.removed)
-                remove(dates, member, today);
+                remove(change, dates, member, today);
             for (const Member& member : change.added)
                 add(change, dates, member, today);
             for (const RosterDate& date : dates)

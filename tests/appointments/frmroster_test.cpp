@@ -166,6 +166,23 @@ TEST_F(GroupRoster, ADateThatAnotherDeskDeletedOrTookAttendanceOfMeanwhileIsLeft
     EXPECT_EQ(dates(), (QStringList{"Abel k; Baker", "Abel k", "", "Abel k; Baker k", "Abel"}));
 }
 
+TEST_F(GroupRoster, AnothersDateStaysWithoutTheRightToAllSchedules) {
+    Session().AllProviders = false;
+    run(Sql("Update appointments Set clinicianid = 'LANE' Where nkeyid = {}", keys[2]));
+    run(Sql("Update appointments Set clinicianid = 'reed' Where nkeyid = {}", keys[3]));
+    desk.expectForm("frmroster", [this](QDialog& shown) {
+        auto& roster = dynamic_cast<frmroster&>(shown);
+        roster.radWhich->button(1)->click();
+        listed = listOf(roster);
+        run(Sql("Update appointments Set clinicianid = 'LANE' Where nkeyid = {}", keys[4]));
+        roster.cmdOk->click();
+    });
+    takeBakerOut();
+    EXPECT_EQ(listed.mid(1), (QStringList{"03/18 | stays: is with another provider", "03/25 | takes out Baker, Bo",
+                                          "04/01 | takes out Baker, Bo"}));
+    EXPECT_EQ(dates().mid(2), (QStringList{"Abel; Baker", "Abel", "Abel; Baker"}));
+}
+
 TEST_F(GroupRoster, WithoutTheDatabaseNothingIsWrittenAndTheQuestionStays) {
     desk.expectForm("frmroster", [this](QDialog& shown) {
         auto& roster = dynamic_cast<frmroster&>(shown);
