@@ -83,8 +83,9 @@ QString keysOf(const std::vector<RosterDate>& dates, const Member& member, std::
 
 /// The condition on `appointments` under which a date is still to be changed.
 QString stillOpen(const RosterChange& change, const QString& keys, QDate today) {
-    const QString open = Sql("nkeyid In ({}) And ncolor = {} And dapptdate >= '{}' And (NoteID Is Null Or NoteID < 1)",
-                             db::Raw{keys}, ncolor::Group, today);
+    const QString open = Sql(
+        "nkeyid In ({}) And ncolor = {} And cappttext = '{}' And dapptdate >= '{}' And (NoteID Is Null Or NoteID < 1)",
+        db::Raw{keys}, ncolor::Group, change.group, today);
     return Session().AllProviders ? open : open + Sql(" And clinicianid = '{}'", change.provider);
 }
 

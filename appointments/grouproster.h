@@ -43,6 +43,6 @@ struct RosterDate {
 [[nodiscard]] bool IsChosenDate(const RosterDate& date, const RestRow& saved, RestScope scope);
 
 /// Writes the change to these dates, with an audit line for each, or writes nothing. A date that another desk has
-/// deleted, moved into the past or given a session note meanwhile is left, and so is a member whom another desk has
-/// added, taken out or marked as kept.
+/// deleted, moved into the past, given to another group or given a session note meanwhile is left, and so is a member
+/// whom another desk has added, taken out or marked as kept.
 [[nodiscard]] WriteOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today);

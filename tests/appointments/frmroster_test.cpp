@@ -183,6 +183,17 @@ TEST_F(GroupRoster, AnothersDateStaysWithoutTheRightToAllSchedules) {
     EXPECT_EQ(dates().mid(2), (QStringList{"Abel; Baker", "Abel", "Abel; Baker"}));
 }
 
+TEST_F(GroupRoster, ADateThatAnotherDeskGaveToAnotherGroupMeanwhileIsLeft) {
+    desk.expectForm("frmroster", [this](QDialog& shown) {
+        auto& roster = dynamic_cast<frmroster&>(shown);
+        roster.radWhich->button(1)->click();
+        run(Sql("Update appointments Set cappttext = 'Sleep' Where nkeyid = {}", keys[3]));
+        roster.cmdOk->click();
+    });
+    takeBakerOut();
+    EXPECT_EQ(dates().mid(2), (QStringList{"Abel", "Abel; Baker", "Abel"}));
+}
+
 TEST_F(GroupRoster, WithoutTheDatabaseNothingIsWrittenAndTheQuestionStays) {
     desk.expectForm("frmroster", [this](QDialog& shown) {
         auto& roster = dynamic_cast<frmroster&>(shown);
