@@ -73,6 +73,13 @@ Stay stayOf(const RestRow& row, const RosterChange& change, QDate today) {
     return row.hasNote ? Stay::HasNote : Stay::No;
 }
 
+QString keysOf(const std::vector<RosterDate>& dates) {
+    QStringList keys{QStringLiteral("0")};
+    for (const RosterDate& date : dates)
+        keys << QString::number(date.row.key);
+    return keys.join(u',');
+}
+
 QString keysOf(const std::vector<RosterDate>& dates, const Member& member, std::vector<Member> RosterDate::*who) {
     QStringList keys{QStringLiteral("0")};
     for (const RosterDate& date : dates)
@@ -100,6 +107,26 @@ void remove(const RosterChange& change, const std::vector<RosterDate>& dates, co
     Session().Connection.Execute(Sql(
         "Delete from AppointmentsGroup Where PatientId = '{}' And (Kept Is Null Or Kept = 0) And nKeyId In (Select nkeyid from appointments Where {})",
         member.patientId, db::Raw{stillOpen(change, keysOf(dates, member, &RosterDate::removes), today)}));
+}
+
+/// What is left to do on these dates after what other desks have done meanwhile.
+std::vector<RosterDate> leftToDo(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today) {
+    QSet<int> open;
+    for (Recordset rows(
+             Sql("Select nkeyid from appointments Where {}", db::Raw{stillOpen(change, keysOf(dates), today)}),
+             Session().Connection);
+         !rows.Eof(); rows.MoveNext())
+        open << static_cast<int>(rows[0].integer());
+    const Attendances attended = attendances(change.reference);
+    std::vector<RosterDate> left;
+    for (RosterDate date : dates) {
+        const QHash<QString, bool> there = attended.value(date.row.key);
+        std::erase_if(date.adds, [&](const Member& member) { return there.contains(idOf(member)); });
+        std::erase_if(date.removes, [&](const Member& member) { return there.value(idOf(member), true); });
+        if (open.contains(date.row.key) && date.Changes())
+            left.push_back(std::move(date));
+    }
+    return left;
 }
 
 }  // namespace
@@ -132,18 +159,20 @@ bool IsChosenDate(const RosterDate& date, const RestRow& saved, RestScope scope)
             std::tie(place.date, place.start, date.row.key) > std::tie(saved.place.date, saved.place.start, saved.key));
 }
 
-WriteOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today) {
-    return AttemptWrite([&](WriteOutcome& outcome) {
+RosterOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today) {
+    return AttemptWrite<RosterOutcome>([&](RosterOutcome& outcome) {
         outcome.step = WriteStep::Members;
         db::InTransaction(Session().Connection, [&] {
+            const std::vector<RosterDate> left = leftToDo(change, dates, today);
             for (const Member& member : change.removed)
-                remove(change, dates, member, today);
+                remove(change, left, member, today);
             for (const Member& member : change.added)
-                add(change, dates, member, today);
-            for (const RosterDate& date : dates)
+                add(change, left, member, today);
+            for (const RosterDate& date : left)
                 AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},
                          QStringLiteral("Modified Group Appointment of %1 for %2")
                              .arg(AuditDate(date.row.place.date), change.group));
+            outcome.changed = static_cast<int>(left.size());
         });
     });
 }

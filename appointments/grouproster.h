@@ -42,7 +42,12 @@ struct RosterDate {
 /// Returns whether a date is among those that the user has chosen: This chooses none besides the appointment itself.
 [[nodiscard]] bool IsChosenDate(const RosterDate& date, const RestRow& saved, RestScope scope);
 
-/// Writes the change to these dates, with an audit line for each, or writes nothing. A date that another desk has
-/// deleted, moved into the past, given to another group or given a session note meanwhile is left, and so is a member
-/// whom another desk has added, taken out or marked as kept.
-[[nodiscard]] WriteOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today);
+/// How a change of members on other dates ended.
+struct RosterOutcome : WriteOutcome {
+    int changed = 0;  ///< On how many dates a member was added or taken out.
+};
+
+/// Writes the change to these dates, with an audit line for each that is changed, or writes nothing. A date that
+/// another desk has deleted, moved into the past, given to another group or given a session note meanwhile is left, and
+/// so is a member whom another desk has added, taken out or marked as kept.
+[[nodiscard]] RosterOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today);

@@ -164,6 +164,13 @@ TEST_F(GroupRoster, ADateThatAnotherDeskDeletedOrTookAttendanceOfMeanwhileIsLeft
     });
     takeBakerOut();
     EXPECT_EQ(dates(), (QStringList{"Abel k; Baker", "Abel k", "", "Abel k; Baker k", "Abel"}));
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "The members of 1 other date have been changed. 2 were left as they are, because another desk has changed or deleted them."});
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from AuditLog Where LogListId = 'Modify Appointment'")),
+              2)
+        << "of today's and of the one that was changed";
 }
 
 TEST_F(GroupRoster, AnothersDateStaysWithoutTheRightToAllSchedules) {
