@@ -219,7 +219,8 @@ std::vector<RestPlan> PlanRest(const std::vector<RestRow>& rows, int chosen, Res
         if (begun == rows.end() || !isChosen(row, *begun, scope))
             plan.stay = Stay::NotChosen;
         else if (plan.stay = settled(row, today);
-                 plan.Changes() && !allProviders && row.place.provider != begun->place.provider)
+                 plan.Changes() && !allProviders &&
+                 row.place.provider.compare(begun->place.provider, Qt::CaseInsensitive) != 0)
             plan.stay = Stay::OthersSchedule;
         if (plan.Changes())
             apply(plan, change, today);

@@ -315,12 +315,15 @@ TEST_F(RestOfSeries, OfAnotherProviderStaysWithoutTheRightToAll) {
     Session().AllProviders = false;
     Session().ScreenAccess = 2;
     set(keys[4], "clinicianid = 'LANE'");
+    set(keys[5], "clinicianid = 'reed'");
     const auto form = open();
     EXPECT_FALSE(form->radWhat->button(static_cast<int>(Kind::Provider))->isEnabled());
     EXPECT_FALSE(form->radWhat->button(static_cast<int>(Kind::Delete))->isEnabled());
     EXPECT_FALSE(form->cboproviders->isEnabled());
     moveBy(*form, 15);
     EXPECT_EQ(listed(*form)[4], "03/25 | stays: is with another provider");
+    EXPECT_EQ(listed(*form)[5], "x 04/01 | moves to 9:15 AM - 10:15 AM");
+    EXPECT_EQ(open(keys[5])->cboproviders->currentText(), open()->cboproviders->currentText());
 }
 
 TEST_F(RestOfSeries, WithoutARowOrASeriesDoesNotOpen) {
