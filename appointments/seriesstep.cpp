@@ -91,8 +91,10 @@ QString bookingText(const Recordset& row, const SeriesPlace& place) {
 void moveRoom(const Recordset& row, const SeriesPlace& from, const SeriesPlace& to) {
     const int key = intOf(row, "nkeyid");
     if (from.room == to.room) {
-        if (movesInTime(from, to))
-            UpdateRoomTime(key, to.start, to.end, to.date, QString());
+        // The booking of a patient's appointment goes over to the new provider.
+        const bool renamed = to.room > 0 && from.provider != to.provider && IsPatientRow(to.code);
+        if (renamed || movesInTime(from, to))
+            UpdateRoomTime(key, to.start, to.end, to.date, renamed ? ProviderNames().Of(to.provider) : QString());
         return;
     }
     const QString text = bookingText(row, to);

@@ -232,6 +232,7 @@ TEST_F(RestOfSeries, GoesToAnotherProviderWhoIsFree) {
                  .provider = "LANE",
                  .patient = "10020",
                  .date = QDate(2026, 4, 1)});
+    booking(room(QStringLiteral("Blue")), 540, 600, QStringLiteral("Reed"), keys[4]);
     const auto form = open(keys[4]);
     form->cboproviders->setCurrentIndex(form->cboproviders->findText(QStringLiteral("Lane")));
     EXPECT_FALSE(form->ReadObstacles());
@@ -240,6 +241,7 @@ TEST_F(RestOfSeries, GoesToAnotherProviderWhoIsFree) {
     expectConflicts("1 of 2", Answer::Yes);
     ok(*form);
     EXPECT_EQ(stored("clinicianid").mid(3), (QStringList{"03/18 REED", "03/25 LANE", "04/01 LANE"}));
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from roomschedule Where croomtext = 'Lane'")), 1);
     EXPECT_EQ(
         audit().front(),
         "Modified Appointment (03/25/2026 at 9:00 AM with Reed) to 03/25/26 at 9:00 AM for Jones, Mary with Lane");
