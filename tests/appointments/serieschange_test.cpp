@@ -192,6 +192,57 @@ TEST_F(ChangeOfSeries, ADeletionThatIsCutOffIsFinishedByTheNextStartButForWhatWa
     EXPECT_EQ(stored(), (QStringList{"02/25 540", "03/04 540", "03/18 480"}));
 }
 
+TEST_F(ChangeOfSeries, WhatIsPastWhenTheCutOffWorkIsFinishedStays) {
+    beKilledAfter(1, anHourLater());
+    desk.setNow(QDateTime(QDate(2026, 3, 19), QTime(8, 0)));
+    startAnew();
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "Changing a series was cut off: 1 of 4 appointments are changed. 1 was left as it is, because it is past by now."});
+    pressNotice();
+    EXPECT_EQ(stored().mid(2), (QStringList{"03/11 600", "03/18 540", "03/25 600", "04/01 600"}));
+    EXPECT_EQ(marks(), QStringList());
+}
+
+TEST_F(ChangeOfSeries, WhenAllThatWasCutOffIsPastTheUserIsOnlyTold) {
+    beKilledAfter(3, anHourLater());
+    desk.setNow(QDateTime(QDate(2026, 4, 2), QTime(8, 0)));
+    startAnew();
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "Changing a series was cut off: 3 of 4 appointments are changed. 1 was left as it is, because it is past by now."});
+    EXPECT_EQ(bar.findChild<QAbstractButton*>(QStringLiteral("cmdNotice")), nullptr);
+    EXPECT_EQ(marks(), QStringList());
+}
+
+TEST_F(ChangeOfSeries, TheRestIsOfferedOnlyToThoseWhoMayDoIt) {
+    std::vector<SeriesStep> steps = anHourLater();
+    beKilledAfter(1, steps);
+    Session().ScreenAccess = 1;
+    startAnew();
+    EXPECT_EQ(bar.Texts(), QStringList());
+    EXPECT_EQ(marks().size(), 1) << "Who may later, is offered it then.";
+    Session().ScreenAccess = 2;
+    startAnew();
+    EXPECT_EQ(bar.Texts().size(), 1);
+    pressNotice();
+    EXPECT_EQ(marks(), QStringList());
+
+    steps.erase(steps.begin(), steps.begin() + 3);
+    steps.front().before.start = 600;
+    steps.front().before.end = 660;
+    steps.front().after.reset();
+    beKilledAfter(0, steps);
+    startAnew();
+    EXPECT_EQ(bar.Texts(), QStringList());
+    Session().ScreenAccess = 3;
+    startAnew();
+    pressNotice();
+    EXPECT_EQ(stored().size(), 5);
+}
+
 TEST_F(ChangeOfSeries, WhatWasBookedSinceAChangeWasCutOffIsAskedAbout) {
     beKilledAfter(3, anHourLater());
     appointment({.start = 600, .end = 630, .text = "Smith, Zed", .patient = "10020", .date = QDate(2026, 4, 1)});
