@@ -67,9 +67,9 @@ void frmgrptx::offerRoster() {
         });
         return left;
     };
-    OfferRoster(
-        {key_, series_, cbogroup->ItemData(), storedGroup_, without(now, *firstMembers_), without(*firstMembers_, now)},
-        this);
+    OfferRoster({key_, series_, cbogroup->ItemData(), storedGroup_, request_.provider.id, without(now, *firstMembers_),
+                 without(*firstMembers_, now)},
+                this);
 }
 
 QStringList frmgrptx::savingStatements(int key, const QString& providerId) const {

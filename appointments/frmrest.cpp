@@ -88,8 +88,9 @@ void frmrest::load() {
     ctstart->setTime(place.start);
     cborooms->SetListIndex(std::max(0, cborooms->FindItemData(place.room)));
     loadProviders();
-    const auto provider =
-        std::ranges::find_if(providers_, [&](const BookedProvider& offered) { return offered.id == place.provider; });
+    const auto provider = std::ranges::find_if(providers_, [&](const BookedProvider& offered) {
+        return offered.id.compare(place.provider, Qt::CaseInsensitive) == 0;
+    });
     cboproviders->setCurrentIndex(provider == providers_.end() ? -1 : static_cast<int>(provider - providers_.begin()));
 }
 

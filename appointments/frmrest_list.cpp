@@ -101,7 +101,9 @@ QString frmrest::thenText(std::size_t place) const {
             return plan.after->room > 0 ? tr("gets %1").arg(cborooms->Text())
                                         : tr("gives up %1").arg(plan.row.roomName);
         case Kind::Provider: {
-            const auto provider = std::ranges::find(providers_, plan.after->provider, &BookedProvider::id);
+            const auto provider = std::ranges::find_if(providers_, [&](const BookedProvider& offered) {
+                return offered.id.compare(plan.after->provider, Qt::CaseInsensitive) == 0;
+            });
             return tr("goes to %1").arg(provider == providers_.end() ? plan.after->provider : provider->name);
         }
         case Kind::PatientCancel:

@@ -193,16 +193,25 @@ std::vector<RosterDate> frmroster::chosen() const {
     return dates;
 }
 
+void frmroster::tellChanged(int changed, int left) {
+    QString text = changed == 1 ? tr("The members of 1 other date have been changed.")
+                                : tr("The members of %1 other dates have been changed.").arg(changed);
+    if (left > 0)
+        text += left == 1
+                    ? tr(" 1 was left as it is, because another desk has changed or deleted it.")
+                    : tr(" %1 were left as they are, because another desk has changed or deleted them.").arg(left);
+    ShowNotice({text, left > 0 ? Notice::Kind::Caution : Notice::Kind::Information});
+}
+
 void frmroster::cmdOk_Click() {
     const BusyPointer busy;
     const std::vector<RosterDate> dates = chosen();
     if (dates.empty())
         return accept();
-    const WriteOutcome outcome = WriteRoster(change_, dates, Today());
+    const RosterOutcome outcome = WriteRoster(change_, dates, Today());
     if (outcome.failure)
         return TellError(WriteTrouble(outcome.step), *outcome.failure);
-    ShowNotice({dates.size() == 1 ? tr("The members of 1 other date have been changed.")
-                                  : tr("The members of %1 other dates have been changed.").arg(dates.size())});
+    tellChanged(outcome.changed, static_cast<int>(dates.size()) - outcome.changed);
     accept();
 }
 

@@ -40,6 +40,7 @@ class frmroster : public QDialog {
     [[nodiscard]] QString thenText(const RosterDate& date) const;
     [[nodiscard]] std::vector<RosterDate> chosen() const;
     void cmdOk_Click();
+    static void tellChanged(int changed, int left);
 
     const RosterChange change_;
     const RestRow saved_;

@@ -68,7 +68,16 @@ Stay stayOf(const RestRow& row, const RosterChange& change, QDate today) {
         return Stay::Past;
     if (row.place.code != ncolor::Group || row.text.compare(change.group, Qt::CaseInsensitive) != 0)
         return Stay::OtherGroup;
+    if (!Session().AllProviders && row.place.provider.compare(change.provider, Qt::CaseInsensitive) != 0)
+        return Stay::OthersSchedule;
     return row.hasNote ? Stay::HasNote : Stay::No;
+}
+
+QString keysOf(const std::vector<RosterDate>& dates) {
+    QStringList keys{QStringLiteral("0")};
+    for (const RosterDate& date : dates)
+        keys << QString::number(date.row.key);
+    return keys.join(u',');
 }
 
 QString keysOf(const std::vector<RosterDate>& dates, const Member& member, std::vector<Member> RosterDate::*who) {
@@ -80,22 +89,44 @@ QString keysOf(const std::vector<RosterDate>& dates, const Member& member, std::
 }
 
 /// The condition on `appointments` under which a date is still to be changed.
-QString stillOpen(const QString& keys, QDate today) {
-    return Sql("nkeyid In ({}) And ncolor = {} And dapptdate >= '{}' And (NoteID Is Null Or NoteID < 1)", db::Raw{keys},
-               ncolor::Group, today);
+QString stillOpen(const RosterChange& change, const QString& keys, QDate today) {
+    const QString open = Sql(
+        "nkeyid In ({}) And ncolor = {} And cappttext = '{}' And dapptdate >= '{}' And (NoteID Is Null Or NoteID < 1)",
+        db::Raw{keys}, ncolor::Group, change.group, today);
+    return Session().AllProviders ? open : open + Sql(" And clinicianid = '{}'", change.provider);
 }
 
 void add(const RosterChange& change, const std::vector<RosterDate>& dates, const Member& member, QDate today) {
     Session().Connection.Execute(Sql(
         "Insert Into AppointmentsGroup (nKeyId, PatientId, PatientAcct, PatientName, Kept, GroupId) Select nkeyid, '{}', '{}', '{}', 0, {} From appointments Where {} And Not Exists (Select * From AppointmentsGroup Where AppointmentsGroup.nKeyId = appointments.nkeyid And AppointmentsGroup.PatientId = '{}')",
         member.patientId, member.account, member.name, change.groupId,
-        db::Raw{stillOpen(keysOf(dates, member, &RosterDate::adds), today)}, member.patientId));
+        db::Raw{stillOpen(change, keysOf(dates, member, &RosterDate::adds), today)}, member.patientId));
 }
 
-void remove(const std::vector<RosterDate>& dates, const Member& member, QDate today) {
+void remove(const RosterChange& change, const std::vector<RosterDate>& dates, const Member& member, QDate today) {
     Session().Connection.Execute(Sql(
         "Delete from AppointmentsGroup Where PatientId = '{}' And (Kept Is Null Or Kept = 0) And nKeyId In (Select nkeyid from appointments Where {})",
-        member.patientId, db::Raw{stillOpen(keysOf(dates, member, &RosterDate::removes), today)}));
+        member.patientId, db::Raw{stillOpen(change, keysOf(dates, member, &RosterDate::removes), today)}));
+}
+
+/// What is left to do on these dates after what other desks have done meanwhile.
+std::vector<RosterDate> leftToDo(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today) {
+    QSet<int> open;
+    for (Recordset rows(
+             Sql("Select nkeyid from appointments Where {}", db::Raw{stillOpen(change, keysOf(dates), today)}),
+             Session().Connection);
+         !rows.Eof(); rows.MoveNext())
+        open << static_cast<int>(rows[0].integer());
+    const Attendances attended = attendances(change.reference);
+    std::vector<RosterDate> left;
+    for (RosterDate date : dates) {
+        const QHash<QString, bool> there = attended.value(date.row.key);
+        std::erase_if(date.adds, [&](const Member& member) { return there.contains(idOf(member)); });
+        std::erase_if(date.removes, [&](const Member& member) { return there.value(idOf(member), true); });
+        if (open.contains(date.row.key) && date.Changes())
+            left.push_back(std::move(date));
+    }
+    return left;
 }
 
 }  // namespace
@@ -128,18 +159,20 @@ bool IsChosenDate(const RosterDate& date, const RestRow& saved, RestScope scope)
             std::tie(place.date, place.start, date.row.key) > std::tie(saved.place.date, saved.place.start, saved.key));
 }
 
-WriteOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today) {
-    return AttemptWrite([&](WriteOutcome& outcome) {
+RosterOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today) {
+    return AttemptWrite<RosterOutcome>([&](RosterOutcome& outcome) {
         outcome.step = WriteStep::Members;
         db::InTransaction(Session().Connection, [&] {
+            const std::vector<RosterDate> left = leftToDo(change, dates, today);
             for (const Member& member : change.removed)
-                remove(dates, member, today);
+                remove(change, left, member, today);
             for (const Member& member : change.added)
-                add(change, dates, member, today);
-            for (const RosterDate& date : dates)
+                add(change, left, member, today);
+            for (const RosterDate& date : left)
                 AuditLog(Session().UID, QStringLiteral("Scheduler"), QStringLiteral("Modify Appointment"), {},
                          QStringLiteral("Modified Group Appointment of %1 for %2")
                              .arg(AuditDate(date.row.place.date), change.group));
+            outcome.changed = static_cast<int>(left.size());
         });
     });
 }

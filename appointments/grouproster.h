@@ -14,7 +14,8 @@ struct RosterChange {
     int key = 0;        ///< Of the appointment that was saved.
     int reference = 0;  ///< `repeating_ref` of its series.
     int groupId = 0;
-    QString group;  ///< The group's name.
+    QString group;     ///< The group's name.
+    QString provider;  ///< `clinicianid` of the appointment that was saved.
     std::vector<GroupFields::Member> added;
     std::vector<GroupFields::Member> removed;
 
@@ -34,13 +35,19 @@ struct RosterDate {
 };
 
 /// Reads the other dates of the group's series in the order of time. Dates before `today`, those with a session note
-/// and those that are not this group's any more stay. Throws db::DatabaseError.
+/// and those that are not this group's any more stay, and so do those of another provider than the saved appointment's
+/// where the user's rights end at the own schedule. Throws db::DatabaseError.
 [[nodiscard]] std::vector<RosterDate> ReadRoster(const RosterChange& change, QDate today);
 
 /// Returns whether a date is among those that the user has chosen: This chooses none besides the appointment itself.
 [[nodiscard]] bool IsChosenDate(const RosterDate& date, const RestRow& saved, RestScope scope);
 
-/// Writes the change to these dates, with an audit line for each, or writes nothing. A date that another desk has
-/// deleted, moved into the past or given a session note meanwhile is left, and so is a member whom another desk has
-/// added, taken out or marked as kept.
-[[nodiscard]] WriteOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today);
+/// How a change of members on other dates ended.
+struct RosterOutcome : WriteOutcome {
+    int changed = 0;  ///< On how many dates a member was added or taken out.
+};
+
+/// Writes the change to these dates, with an audit line for each that is changed, or writes nothing. A date that
+/// another desk has deleted, moved into the past, given to another group or given a session note meanwhile is left, and
+/// so is a member whom another desk has added, taken out or marked as kept.
+[[nodiscard]] RosterOutcome WriteRoster(const RosterChange& change, const std::vector<RosterDate>& dates, QDate today);

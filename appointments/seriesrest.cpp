@@ -31,7 +31,21 @@ RestRow rowOf(const Recordset& rows) {
             static_cast<int>(rows["appttype"].integer()),
             rows["patientid"].text(),
             rows["Room"].text(),
-            rows["NoteID"].integer() > 0};
+            rows["NoteID"].integer() > 0,
+            false};
+}
+
+/// The keys of the series' appointments to which a member of the group came.
+QSet<int> attendedKeys(int reference) {
+    QSet<int> keys;
+    for (
+        Recordset rows(
+            Sql("Select AppointmentsGroup.nKeyId from AppointmentsGroup Inner Join appointments On appointments.nkeyid = AppointmentsGroup.nKeyId Where appointments.repeating = 1 And appointments.repeating_ref = {} And appointments.ncolor = {} And AppointmentsGroup.Kept = 1",
+                reference, ncolor::Group),
+            Session().Connection);
+        !rows.Eof(); rows.MoveNext())
+        keys << static_cast<int>(rows[0].integer());
+    return keys;
 }
 
 bool isChosen(const RestRow& row, const RestRow& chosen, RestScope scope) {
@@ -60,6 +74,10 @@ Stay settled(const RestRow& row, QDate today) {
         case ncolor::PatientCancelled:
         case ncolor::TherapistCancelled:
             return Stay::Cancelled;
+        case ncolor::Group:
+            if (row.attended)
+                return Stay::Kept;
+            [[fallthrough]];
         default:
             return row.hasNote ? Stay::HasNote : Stay::No;
     }
@@ -139,6 +157,7 @@ void apply(RestPlan& plan, const RestChange& change, QDate today) {
 
 std::vector<RestRow> ReadSeries(int reference) {
     std::vector<RestRow> series;
+    const QSet<int> attended = attendedKeys(reference);
     QSet<int> read;
     for (Recordset rows(
              PlacesStatement(Sql("appointments.repeating = 1 And appointments.repeating_ref = {}", reference)),
@@ -148,6 +167,7 @@ std::vector<RestRow> ReadSeries(int reference) {
         if (read.contains(row.key))
             continue;
         read.insert(row.key);
+        row.attended = attended.contains(row.key);
         series.push_back(std::move(row));
     }
     std::ranges::sort(series, [](const RestRow& a, const RestRow& b) { return timeOf(a) < timeOf(b); });
@@ -199,7 +219,8 @@ std::vector<RestPlan> PlanRest(const std::vector<RestRow>& rows, int chosen, Res
         if (begun == rows.end() || !isChosen(row, *begun, scope))
             plan.stay = Stay::NotChosen;
         else if (plan.stay = settled(row, today);
-                 plan.Changes() && !allProviders && row.place.provider != begun->place.provider)
+                 plan.Changes() && !allProviders &&
+                 row.place.provider.compare(begun->place.provider, Qt::CaseInsensitive) != 0)
             plan.stay = Stay::OthersSchedule;
         if (plan.Changes())
             apply(plan, change, today);

@@ -15,7 +15,8 @@ struct RestRow {
     int apptType = 0;
     QString patientId;
     QString roomName;
-    bool hasNote = false;  ///< Whether a session note is linked.
+    bool hasNote = false;   ///< Whether a session note is linked.
+    bool attended = false;  ///< Whether a member of the group is marked as kept. Only a group's appointment has it.
 
     friend bool operator==(const RestRow&, const RestRow&) = default;
 };

@@ -35,6 +35,13 @@ int roomOf(int key) {
     return booking.Eof() ? 0 : intOf(booking, "croomid");
 }
 
+bool hasAttendance(const SeriesStep& step) {
+    return step.before.code == ncolor::Group &&
+           !Recordset(Sql("Select PatientId from AppointmentsGroup Where nKeyId = {} And Kept = 1", step.key),
+                      Session().Connection)
+                .Eof();
+}
+
 QString timeText(int minutes) {
     return MinutesToTimeText(minutes, Session().MilitaryTime);
 }
@@ -84,8 +91,10 @@ QString bookingText(const Recordset& row, const SeriesPlace& place) {
 void moveRoom(const Recordset& row, const SeriesPlace& from, const SeriesPlace& to) {
     const int key = intOf(row, "nkeyid");
     if (from.room == to.room) {
-        if (movesInTime(from, to))
-            UpdateRoomTime(key, to.start, to.end, to.date, QString());
+        // The booking of a patient's appointment goes over to the new provider.
+        const bool renamed = to.room > 0 && from.provider != to.provider && IsPatientRow(to.code);
+        if (renamed || movesInTime(from, to))
+            UpdateRoomTime(key, to.start, to.end, to.date, renamed ? ProviderNames().Of(to.provider) : QString());
         return;
     }
     const QString text = bookingText(row, to);
@@ -137,7 +146,7 @@ WriteOutcome TakeStep(const SeriesStep& step) {
                 outcome.end = WriteOutcome::End::Gone;
                 return;
             }
-            if (placeIn(row, roomOf(step.key)) != step.before || row["NoteID"].integer() > 0)
+            if (placeIn(row, roomOf(step.key)) != step.before || row["NoteID"].integer() > 0 || hasAttendance(step))
                 throw db::RowChangedError();
             if (step.after)
                 changeRow(row, step.before, *step.after);

@@ -17,5 +17,6 @@
 /// rows and continue later; a status alone has none, as where a status is set on the calendar.
 ///
 /// The outcome is Gone when another desk has deleted the row. It is a failure with the number RowChanged when the row
-/// no longer stands as `before` tells, or has a session note by now. Nothing is written in both cases.
+/// no longer stands as `before` tells, or has a session note or a member marked as kept by now. Nothing is written in
+/// both cases.
 [[nodiscard]] WriteOutcome TakeStep(const SeriesStep& step);

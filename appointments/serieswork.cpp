@@ -19,6 +19,7 @@
 #include "platform/desktop/localefacts.h"
 #include "session/audit.h"
 #include "session/errorbox.h"
+#include "session/rights.h"
 #include "session/session.h"
 
 using db::Lock;
@@ -111,6 +112,11 @@ QHash<int, SeriesPlace> placesOf(const SeriesWork& work) {
     return places;
 }
 
+bool isPast(const SeriesStep& step) {
+    const QDate today = Today();
+    return step.before.date < today || (step.after && step.after->date < today);
+}
+
 /// What the rows themselves tell of work that was cut off. A row that stands neither as before nor as after its step is
 /// another desk's by now.
 struct StepsLeft {
@@ -125,7 +131,9 @@ StepsLeft stepsLeft(const SeriesWork& work) {
     for (const SeriesStep& step : work.steps) {
         const auto place = places.constFind(step.key);
         const bool gone = place == places.cend();
-        if (!gone && *place == step.before)
+        if (!gone && *place == step.before && isPast(step))
+            ++left.taken.past;
+        else if (!gone && *place == step.before)
             left.waiting.push_back(step);
         else if (gone ? !step.after : step.after && *place == *step.after)
             ++left.taken.done;
@@ -243,11 +251,17 @@ SeriesOutcome changeRest(SeriesMark& mark) {
 }
 
 QString passedText(const SeriesOutcome& outcome) {
-    if (outcome.passed == 0)
-        return {};
-    return words(outcome.passed == 1 ? " %1 was left as it is, because another desk has changed or deleted it."
-                                     : " %1 were left as they are, because another desk has changed or deleted them.")
-        .arg(outcome.passed);
+    QString text;
+    if (outcome.passed > 0)
+        text +=
+            words(outcome.passed == 1 ? " %1 was left as it is, because another desk has changed or deleted it."
+                                      : " %1 were left as they are, because another desk has changed or deleted them.")
+                .arg(outcome.passed);
+    if (outcome.past > 0)
+        text += words(outcome.past == 1 ? " %1 was left as it is, because it is past by now."
+                                        : " %1 were left as they are, because they are past by now.")
+                    .arg(outcome.past);
+    return text;
 }
 
 QString sentence(const SeriesWork& work, const SeriesOutcome& outcome, bool cutOff) {
@@ -308,6 +322,17 @@ void doRest(const std::shared_ptr<SeriesMark>& mark, const std::function<void()>
     ShowNotice({sentence(mark->Work(), outcome, false)});
 }
 
+bool mayDo(const SeriesWork& work) {
+    return deletes(work) ? MayDelete() : MayWrite();
+}
+
+/// Ends cut-off work of which nothing waits any more.
+void endCutOff(SeriesMark& mark, const SeriesOutcome& outcome) {
+    mark.Remove();
+    if (outcome.past > 0)
+        ShowNotice({sentence(mark.Work(), outcome, true), Notice::Kind::Caution});
+}
+
 }  // namespace
 
 SeriesOutcome BookSeries(Recordset& rows, const SeriesCopy& copy, SeriesMark& mark) {
@@ -363,10 +388,12 @@ void OfferRest(const std::shared_ptr<SeriesMark>& mark, const SeriesOutcome& out
 
 void OfferCutOffSeries(const std::function<void()>& rowsChanged) {
     for (const std::shared_ptr<SeriesMark>& mark : SeriesMark::Left()) {
+        if (!mayDo(mark->Work()))
+            continue;
         try {
             const SeriesOutcome outcome = progress(mark->Work());
-            if (outcome.done + outcome.passed == outcome.planned)
-                mark->Remove();
+            if (outcome.done + outcome.passed + outcome.past == outcome.planned)
+                endCutOff(*mark, outcome);
             else
                 OfferRest(mark, outcome, rowsChanged);
         } catch (const db::DatabaseError&) {

@@ -15,6 +15,7 @@ struct SeriesOutcome {
     int done = 0;
     int planned = 0;
     int passed = 0;  ///< Rows that were left as they are, because another desk has changed or deleted them.
+    int past = 0;    ///< Rows that were left as they are, because the work was cut off and they are past by now.
     std::optional<db::DatabaseError> failure;  ///< The failure that ended a booking, or the last of a deletion.
 };
 
@@ -40,5 +41,7 @@ struct SeriesOutcome {
 /// up the rest.
 void OfferRest(const std::shared_ptr<SeriesMark>& mark, const SeriesOutcome& outcome,
                const std::function<void()>& rowsChanged);
-/// Offers to finish the work on series that killed or interrupted programs of the session's user left behind.
+/// Offers to finish the work on series that killed or interrupted programs of the session's user left behind. Work that
+/// the user may not do any more is not offered, and its mark stays. What is past by now stays as it is, and the user is
+/// told.
 void OfferCutOffSeries(const std::function<void()>& rowsChanged);

@@ -223,8 +223,8 @@ class CalendarView : public MenuView {
               RoomQuestion question);
     void shelve(int index);
     void leaveShelf(int key);
-    std::optional<ItemPlace> placeIncoming(int row, QPoint at);
-    void dropIncoming(int row, QPoint at);
+    std::optional<ItemPlace> placeIncoming(int key, QPoint at);
+    void dropIncoming(int key, QPoint at);
     void landAtSelection();
     void land(const ShelvedAppointment& shelved, const ItemPlace& place);
     void landActivity(const ShelvedAppointment& shelved, const SelectedSlot& slot);

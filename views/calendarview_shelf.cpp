@@ -30,8 +30,8 @@ void CalendarView::bindShelf() {
     connect(shelf_, &ShelfPanel::ShowRequested, this,
             [&main = main_](const ShelvedAppointment& shelved) { GoToShelved(main, shelved); });
     connect(&shelf_->List(), &ShelfList::LeaveRequested, ctMDay1, [this] { ctMDay1->setFocus(); });
-    shelf_->List().SetTarget({[this](int row, QPoint at) { return placeIncoming(row, at).has_value(); },
-                              [this](int row, QPoint at) { dropIncoming(row, at); },
+    shelf_->List().SetTarget({[this](int key, QPoint at) { return placeIncoming(key, at).has_value(); },
+                              [this](int key, QPoint at) { dropIncoming(key, at); },
                               [this] { ctMDay1->endIncoming(); }});
     followShelf();
 }
@@ -150,8 +150,8 @@ void CalendarView::leaveShelf(int key) {
         shelf_->TakeOff(key);
 }
 
-std::optional<ItemPlace> CalendarView::placeIncoming(int row, QPoint at) {
-    const std::optional<ShelvedAppointment> shelved = shelf_->At(row);
+std::optional<ItemPlace> CalendarView::placeIncoming(int key, QPoint at) {
+    const std::optional<ShelvedAppointment> shelved = shelf_->Find(key);
     if (!shelved || !MayWrite())
         return std::nullopt;
     CalendarItem item = shelved->row.stored;
@@ -159,9 +159,9 @@ std::optional<ItemPlace> CalendarView::placeIncoming(int row, QPoint at) {
     return ctMDay1->showIncoming(at, item);
 }
 
-void CalendarView::dropIncoming(int row, QPoint at) {
-    const std::optional<ShelvedAppointment> shelved = shelf_->At(row);
-    const std::optional<ItemPlace> place = placeIncoming(row, at);
+void CalendarView::dropIncoming(int key, QPoint at) {
+    const std::optional<ShelvedAppointment> shelved = shelf_->Find(key);
+    const std::optional<ItemPlace> place = placeIncoming(key, at);
     ctMDay1->endIncoming();
     if (shelved && place)
         land(*shelved, *place);
@@ -210,11 +210,6 @@ void CalendarView::land(const ShelvedAppointment& shelved, const ItemPlace& plac
 // The Activity Scheduler saves or is given up; only what it has moved leaves the shelf.
 void CalendarView::landActivity(const ShelvedAppointment& shelved, const SelectedSlot& slot) {
     scheduleActivity(shelved.key, slot);
-    for (int row = 0; const std::optional<ShelvedAppointment> now = shelf_->At(row); ++row) {
-        if (now->key != shelved.key)
-            continue;
-        if (!now->row.StandsAs(shelved.row))
-            shelf_->TakeOff(shelved.key);
-        return;
-    }
+    if (const std::optional<ShelvedAppointment> now = shelf_->Find(shelved.key); now && !now->row.StandsAs(shelved.row))
+        shelf_->TakeOff(shelved.key);
 }

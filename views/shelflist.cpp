@@ -84,11 +84,12 @@ void ShelfList::mousePressEvent(QMouseEvent* event) {
     }
     QListWidget::mousePressEvent(event);
     pressedAt_ = event->pos();
-    pressedRow_ = event->button() == Qt::LeftButton ? row(itemAt(event->pos())) : -1;
+    const QListWidgetItem* pressed = event->button() == Qt::LeftButton ? itemAt(event->pos()) : nullptr;
+    pressedKey_ = pressed == nullptr ? 0 : pressed->data(Qt::UserRole).toInt();
 }
 
 void ShelfList::mouseMoveEvent(QMouseEvent* event) {
-    if (pressedRow_ < 0 || !event->buttons().testFlag(Qt::LeftButton) || !target_.over)
+    if (pressedKey_ == 0 || !event->buttons().testFlag(Qt::LeftButton) || !target_.over)
         return;
     const bool far = (event->pos() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
     if (!dragging_ && far) {
@@ -100,21 +101,31 @@ void ShelfList::mouseMoveEvent(QMouseEvent* event) {
         hover();
 }
 
+bool ShelfList::holdsPressed() const {
+    for (int at = 0; at < count(); ++at)
+        if (item(at)->data(Qt::UserRole).toInt() == pressedKey_)
+            return true;
+    return false;
+}
+
 void ShelfList::hover() {
-    viewport()->setCursor(target_.over(pressedRow_, draggedTo_) ? Qt::ClosedHandCursor : Qt::ForbiddenCursor);
+    if (!holdsPressed())
+        return endDrag();
+    viewport()->setCursor(target_.over(pressedKey_, draggedTo_) ? Qt::ClosedHandCursor : Qt::ForbiddenCursor);
 }
 
 void ShelfList::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !dragging_) {
         QListWidget::mouseReleaseEvent(event);
-        pressedRow_ = -1;
+        pressedKey_ = 0;
         return;
     }
-    const int dropped = pressedRow_;
+    const int dropped = holdsPressed() ? pressedKey_ : 0;
     const QPoint at = event->globalPosition().toPoint();
     endDrag();
     // The drop may open a dialog and change the rows, so nothing follows it.
-    target_.drop(dropped, at);
+    if (dropped != 0)
+        target_.drop(dropped, at);
 }
 
 void ShelfList::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -123,7 +134,7 @@ void ShelfList::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ShelfList::endDrag() {
-    pressedRow_ = -1;
+    pressedKey_ = 0;
     rest_.stop();
     viewport()->unsetCursor();
     if (std::exchange(dragging_, false))

@@ -5,7 +5,8 @@
 #include <QTimer>
 
 /// The list of a ShelfPanel: a row of several lines for each appointment, which the user can drag to another widget of
-/// the window. Rows are counted from 0.
+/// the window. Rows are counted from 0. A drag holds on to the appointment, of which the row keeps the key in
+/// Qt::UserRole, because the shelf may be read anew meanwhile; it ends when the appointment leaves the shelf.
 class ShelfList : public QListWidget {
     Q_OBJECT
 
@@ -16,8 +17,8 @@ class ShelfList : public QListWidget {
     struct Target {
         /// Shows what a drop here would do, and returns whether a drop is possible. It is called again while the
         /// pointer rests.
-        std::function<bool(int row, QPoint globalPos)> over;
-        std::function<void(int row, QPoint globalPos)> drop;
+        std::function<bool(int key, QPoint globalPos)> over;
+        std::function<void(int key, QPoint globalPos)> drop;
         std::function<void()> leave;  ///< Ends what `over` shows.
     };
     void SetTarget(Target target) { target_ = std::move(target); }
@@ -42,11 +43,12 @@ class ShelfList : public QListWidget {
   private:
     void hover();
     void endDrag();
+    [[nodiscard]] bool holdsPressed() const;
 
     Target target_;
     QPoint pressedAt_;
-    QPoint draggedTo_;  ///< On the screen.
-    int pressedRow_ = -1;
+    QPoint draggedTo_;    ///< On the screen.
+    int pressedKey_ = 0;  ///< 0 where no row was pressed.
     bool dragging_ = false;
     QTimer rest_;  ///< Runs while a row is dragged.
 };

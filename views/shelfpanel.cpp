@@ -153,9 +153,10 @@ bool ShelfPanel::Holds(const QString& key) const {
 
 std::optional<ShelvedAppointment> ShelfPanel::At(int row) const {
     const QListWidgetItem* entry = list_->item(row);
-    if (entry == nullptr)
-        return std::nullopt;
-    const int key = entry->data(Qt::UserRole).toInt();
+    return entry == nullptr ? std::nullopt : Find(entry->data(Qt::UserRole).toInt());
+}
+
+std::optional<ShelvedAppointment> ShelfPanel::Find(int key) const {
     const auto found = std::find_if(shelf_.appointments.begin(), shelf_.appointments.end(),
                                     [key](const ShelvedAppointment& shelved) { return shelved.key == key; });
     return found == shelf_.appointments.end() ? std::nullopt : std::optional(*found);

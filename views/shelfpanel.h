@@ -37,6 +37,8 @@ class ShelfPanel : public QWidget {
     [[nodiscard]] std::optional<ShelvedAppointment> Selected() const;
     /// The appointment of a row of the list, or nothing where there is none.
     [[nodiscard]] std::optional<ShelvedAppointment> At(int row) const;
+    /// The appointment with this key, or nothing where it is not on the shelf.
+    [[nodiscard]] std::optional<ShelvedAppointment> Find(int key) const;
 
     /// Puts an appointment on the shelf, selects it there and shows the shelf. A failure is told in the bar.
     void Put(const ShownAppointment& row);

@@ -36,6 +36,21 @@ TEST_F(RestOfSeries, WhatIsPastOrSettledIsShownAndStays) {
     EXPECT_EQ(bar.Texts(), QStringList{"1 of 1 appointments of the series are deleted."});
 }
 
+TEST_F(RestOfSeries, AGroupsDateToWhichAMemberCameStays) {
+    for (const int key : {keys[3], keys[4]}) {
+        set(key, "ncolor = 12632064");
+        run(Sql("Insert Into AppointmentsGroup (nKeyId, PatientId, Kept) Values({}, '10017', 0)", key));
+        run(Sql("Insert Into AppointmentsGroup (nKeyId, PatientId, Kept) Values({}, '10020', {})", key,
+                key == keys[4] ? 1 : 0));
+    }
+    const auto form = open(keys[3]);
+    choose(*form, Kind::Delete);
+    EXPECT_EQ(listed(*form).mid(3), (QStringList{"x 03/18 | deleted", "03/25 | stays: was kept", "x 04/01 | deleted"}));
+    ok(*form);
+    EXPECT_EQ(stored().mid(3), QStringList{"03/25 540"});
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from AppointmentsGroup")), 2);
+}
+
 TEST_F(RestOfSeries, ThisThisAndFollowingAndAllAreTold) {
     const auto form = open(keys[3]);
     choose(*form, Kind::Delete);
@@ -217,6 +232,7 @@ TEST_F(RestOfSeries, GoesToAnotherProviderWhoIsFree) {
                  .provider = "LANE",
                  .patient = "10020",
                  .date = QDate(2026, 4, 1)});
+    booking(room(QStringLiteral("Blue")), 540, 600, QStringLiteral("Reed"), keys[4]);
     const auto form = open(keys[4]);
     form->cboproviders->setCurrentIndex(form->cboproviders->findText(QStringLiteral("Lane")));
     EXPECT_FALSE(form->ReadObstacles());
@@ -225,6 +241,7 @@ TEST_F(RestOfSeries, GoesToAnotherProviderWhoIsFree) {
     expectConflicts("1 of 2", Answer::Yes);
     ok(*form);
     EXPECT_EQ(stored("clinicianid").mid(3), (QStringList{"03/18 REED", "03/25 LANE", "04/01 LANE"}));
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from roomschedule Where croomtext = 'Lane'")), 1);
     EXPECT_EQ(
         audit().front(),
         "Modified Appointment (03/25/2026 at 9:00 AM with Reed) to 03/25/26 at 9:00 AM for Jones, Mary with Lane");
@@ -300,12 +317,15 @@ TEST_F(RestOfSeries, OfAnotherProviderStaysWithoutTheRightToAll) {
     Session().AllProviders = false;
     Session().ScreenAccess = 2;
     set(keys[4], "clinicianid = 'LANE'");
+    set(keys[5], "clinicianid = 'reed'");
     const auto form = open();
     EXPECT_FALSE(form->radWhat->button(static_cast<int>(Kind::Provider))->isEnabled());
     EXPECT_FALSE(form->radWhat->button(static_cast<int>(Kind::Delete))->isEnabled());
     EXPECT_FALSE(form->cboproviders->isEnabled());
     moveBy(*form, 15);
     EXPECT_EQ(listed(*form)[4], "03/25 | stays: is with another provider");
+    EXPECT_EQ(listed(*form)[5], "x 04/01 | moves to 9:15 AM - 10:15 AM");
+    EXPECT_EQ(open(keys[5])->cboproviders->currentText(), open()->cboproviders->currentText());
 }
 
 TEST_F(RestOfSeries, WithoutARowOrASeriesDoesNotOpen) {

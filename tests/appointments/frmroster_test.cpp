@@ -164,6 +164,41 @@ TEST_F(GroupRoster, ADateThatAnotherDeskDeletedOrTookAttendanceOfMeanwhileIsLeft
     });
     takeBakerOut();
     EXPECT_EQ(dates(), (QStringList{"Abel k; Baker", "Abel k", "", "Abel k; Baker k", "Abel"}));
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "The members of 1 other date have been changed. 2 were left as they are, because another desk has changed or deleted them."});
+    EXPECT_EQ(database.number(QStringLiteral("Select Count(*) from AuditLog Where LogListId = 'Modify Appointment'")),
+              2)
+        << "of today's and of the one that was changed";
+}
+
+TEST_F(GroupRoster, AnothersDateStaysWithoutTheRightToAllSchedules) {
+    Session().AllProviders = false;
+    run(Sql("Update appointments Set clinicianid = 'LANE' Where nkeyid = {}", keys[2]));
+    run(Sql("Update appointments Set clinicianid = 'reed' Where nkeyid = {}", keys[3]));
+    desk.expectForm("frmroster", [this](QDialog& shown) {
+        auto& roster = dynamic_cast<frmroster&>(shown);
+        roster.radWhich->button(1)->click();
+        listed = listOf(roster);
+        run(Sql("Update appointments Set clinicianid = 'LANE' Where nkeyid = {}", keys[4]));
+        roster.cmdOk->click();
+    });
+    takeBakerOut();
+    EXPECT_EQ(listed.mid(1), (QStringList{"03/18 | stays: is with another provider", "03/25 | takes out Baker, Bo",
+                                          "04/01 | takes out Baker, Bo"}));
+    EXPECT_EQ(dates().mid(2), (QStringList{"Abel; Baker", "Abel", "Abel; Baker"}));
+}
+
+TEST_F(GroupRoster, ADateThatAnotherDeskGaveToAnotherGroupMeanwhileIsLeft) {
+    desk.expectForm("frmroster", [this](QDialog& shown) {
+        auto& roster = dynamic_cast<frmroster&>(shown);
+        roster.radWhich->button(1)->click();
+        run(Sql("Update appointments Set cappttext = 'Sleep' Where nkeyid = {}", keys[3]));
+        roster.cmdOk->click();
+    });
+    takeBakerOut();
+    EXPECT_EQ(dates().mid(2), (QStringList{"Abel", "Abel; Baker", "Abel"}));
 }
 
 TEST_F(GroupRoster, WithoutTheDatabaseNothingIsWrittenAndTheQuestionStays) {

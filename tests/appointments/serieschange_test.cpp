@@ -122,6 +122,17 @@ TEST_F(ChangeOfSeries, ARoomThatWasChangedMeanwhileIsNotOverwritten) {
     EXPECT_EQ(database.number(QStringLiteral("Select nStartTime from roomschedule")), 540);
 }
 
+TEST_F(ChangeOfSeries, AGroupsDateWhoseAttendanceWasTakenMeanwhileIsNotMoved) {
+    set(keys[3], "ncolor = 12632064");
+    run(Sql("Insert Into AppointmentsGroup (nKeyId, PatientId, Kept) Values({}, '10017', 0)", keys[3]));
+    const std::vector<SeriesStep> steps = anHourLater();
+    run(QStringLiteral("Update AppointmentsGroup Set Kept = 1"));
+    const WriteOutcome outcome = TakeStep(steps[1]);
+    ASSERT_TRUE(outcome.failure);
+    EXPECT_EQ(outcome.failure->number, db::RowChanged);
+    EXPECT_EQ(stored()[3], "03/18 540");
+}
+
 TEST_F(ChangeOfSeries, WithoutTheDatabaseNothingIsWrittenAndTheFormStays) {
     const auto form = open();
     moveBy(*form, 60);
@@ -179,6 +190,57 @@ TEST_F(ChangeOfSeries, ADeletionThatIsCutOffIsFinishedByTheNextStartButForWhatWa
             "Deleting a series was cut off: 1 of 4 appointments are deleted. 1 was left as it is, because another desk has changed or deleted it."});
     pressNotice();
     EXPECT_EQ(stored(), (QStringList{"02/25 540", "03/04 540", "03/18 480"}));
+}
+
+TEST_F(ChangeOfSeries, WhatIsPastWhenTheCutOffWorkIsFinishedStays) {
+    beKilledAfter(1, anHourLater());
+    desk.setNow(QDateTime(QDate(2026, 3, 19), QTime(8, 0)));
+    startAnew();
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "Changing a series was cut off: 1 of 4 appointments are changed. 1 was left as it is, because it is past by now."});
+    pressNotice();
+    EXPECT_EQ(stored().mid(2), (QStringList{"03/11 600", "03/18 540", "03/25 600", "04/01 600"}));
+    EXPECT_EQ(marks(), QStringList());
+}
+
+TEST_F(ChangeOfSeries, WhenAllThatWasCutOffIsPastTheUserIsOnlyTold) {
+    beKilledAfter(3, anHourLater());
+    desk.setNow(QDateTime(QDate(2026, 4, 2), QTime(8, 0)));
+    startAnew();
+    EXPECT_EQ(
+        bar.Texts(),
+        QStringList{
+            "Changing a series was cut off: 3 of 4 appointments are changed. 1 was left as it is, because it is past by now."});
+    EXPECT_EQ(bar.findChild<QAbstractButton*>(QStringLiteral("cmdNotice")), nullptr);
+    EXPECT_EQ(marks(), QStringList());
+}
+
+TEST_F(ChangeOfSeries, TheRestIsOfferedOnlyToThoseWhoMayDoIt) {
+    std::vector<SeriesStep> steps = anHourLater();
+    beKilledAfter(1, steps);
+    Session().ScreenAccess = 1;
+    startAnew();
+    EXPECT_EQ(bar.Texts(), QStringList());
+    EXPECT_EQ(marks().size(), 1) << "Who may later, is offered it then.";
+    Session().ScreenAccess = 2;
+    startAnew();
+    EXPECT_EQ(bar.Texts().size(), 1);
+    pressNotice();
+    EXPECT_EQ(marks(), QStringList());
+
+    steps.erase(steps.begin(), steps.begin() + 3);
+    steps.front().before.start = 600;
+    steps.front().before.end = 660;
+    steps.front().after.reset();
+    beKilledAfter(0, steps);
+    startAnew();
+    EXPECT_EQ(bar.Texts(), QStringList());
+    Session().ScreenAccess = 3;
+    startAnew();
+    pressNotice();
+    EXPECT_EQ(stored().size(), 5);
 }
 
 TEST_F(ChangeOfSeries, WhatWasBookedSinceAChangeWasCutOffIsAskedAbout) {

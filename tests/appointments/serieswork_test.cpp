@@ -32,6 +32,7 @@ class SeriesBooking : public AppointmentFixture {
   protected:
     SeriesBooking() {
         Session().ProviderId = QStringLiteral("REED");
+        Session().ScreenAccess = 3;
         Session().ConnectionString = database.connectionText();
         desk.setNow(QDateTime(day, QTime(8, 0)));
         blue = room(QStringLiteral("Blue"));

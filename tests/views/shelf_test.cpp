@@ -113,6 +113,37 @@ TEST_F(Shelf, ADragFromItEndsWithEscapeAndBesideTheCalendar) {
     EXPECT_EQ(shelved(), 1);
 }
 
+TEST_F(Shelf, ADragHoldsOnToItsAppointmentWhenTheShelfIsReadAnew) {
+    const qint64 anna = add(anAppointment("Anna").at(9, 0).until(9, 50));
+    const qint64 bert = add(anAppointment("Bert").at(10, 0).until(10, 30));
+    openByHand();
+    shelve("Anna");
+    shelve("Bert");
+    shelf().List().setFocus();
+    QWidget& port = *shelf().List().viewport();
+    const QPoint there = calendar().CellRect(1, 900).center();
+    const QPoint seen = port.mapFromGlobal(calendar().mapToGlobal(there));
+
+    dragFromShelf(1, there, false);
+    shelf().TakeOff(static_cast<int>(anna));
+    QTest::mouseRelease(&port, Qt::LeftButton, {}, seen);
+    settle();
+    EXPECT_EQ(place(anna), "2026-03-11 540-590 REED");
+    EXPECT_EQ(place(bert), "2026-03-11 900-930 REED");
+
+    shelve("Anna");
+    shelve("Bert");
+    shelf().List().setFocus();
+    dragFromShelf(0, calendar().CellRect(1, 720).center(), false);
+    shelf().TakeOff(static_cast<int>(anna));
+    QTest::mouseRelease(&port, Qt::LeftButton, {},
+                        port.mapFromGlobal(calendar().mapToGlobal(calendar().CellRect(1, 720).center())));
+    settle();
+    EXPECT_EQ(place(anna), "2026-03-11 540-590 REED");
+    EXPECT_EQ(place(bert), "2026-03-11 900-930 REED");
+    EXPECT_EQ(shelved(), 1);
+}
+
 TEST_F(Shelf, HoldsSeveralAndLandsTheOneThatIsSelectedThere) {
     const qint64 anna = add(anAppointment("Anna").at(9, 0).until(9, 50));
     const qint64 bert = add(anAppointment("Bert").at(10, 0).until(10, 30));
