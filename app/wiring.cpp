@@ -17,7 +17,7 @@ void WireMainWindow(mdisched& window) {
         if (window.ShownView() != nullptr)
             window.ShownView()->setFocus();
     });
-    QObject::connect(&window, &mdisched::DatabaseOpenedAgain, waitBar, &WaitBar::Clear);
+    QObject::connect(&window, &mdisched::DatabaseOpenedAgain, waitBar, &WaitBar::Forget);
     const auto offerRest = [&window] { OfferCutOffSeries([&window] { window.cycledate(2); }); };
     QObject::connect(&window, &mdisched::ViewOpened, &window, offerRest, Qt::SingleShotConnection);
 }

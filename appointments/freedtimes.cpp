@@ -122,10 +122,11 @@ void FreedTimes::Note(const FreedTime& freed) {
     changed_();
 }
 
-// Who attended an activity is known by those who attend no longer and by those who still do.
-std::vector<FreedTime> FreedTimes::attended() {
-    auto activities = std::exchange(activities_, {});
-    auto attendances = std::exchange(attendances_, {});
+// Who attended an activity is known by those who attend no longer and by those who still do. Nothing is given up here,
+// because a read may fail.
+std::vector<FreedTime> FreedTimes::attended() const {
+    auto activities = activities_;
+    auto attendances = attendances_;
     std::vector<FreedTime> freed;
     for (const qint64 key : activities.uniqueKeys())
         for (Recordset row(Sql("Select clinicianid From appointmentsevents Where nkeyid = {}", key), connection_);
@@ -151,10 +152,17 @@ std::vector<FreedTime> FreedTimes::attended() {
     return freed;
 }
 
+void FreedTimes::Forget() {
+    noted_.clear();
+    activities_.clear();
+    attendances_.clear();
+}
+
 std::vector<FreedTime> FreedTimes::Take() {
-    std::vector<FreedTime> all = std::exchange(noted_, {});
-    for (FreedTime& freed : attended())
-        all.push_back(std::move(freed));
+    const std::vector<FreedTime> together = attended();
+    std::vector<FreedTime> all = noted_;
+    all.insert(all.end(), together.begin(), together.end());
+    Forget();
     std::vector<FreedTime> once;
     for (const FreedTime& freed : all) {
         const bool known = std::any_of(once.begin(), once.end(), [&](const FreedTime& other) {

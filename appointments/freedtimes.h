@@ -24,13 +24,15 @@ class FreedTimes {
     /// Notes a time that fell free at another desk.
     void Note(const FreedTime& freed);
     /// Returns the times that were noted since the last call, each once. A time that providers attended together
-    /// becomes one for each of them. Throws db::DatabaseError.
+    /// becomes one for each of them. Throws db::DatabaseError, and keeps them all then.
     [[nodiscard]] std::vector<FreedTime> Take();
+    /// Forgets the times that were noted, for example because they are of another database.
+    void Forget();
 
   private:
     void see(const db::Write& write);
     void noteRow(const db::RowChange& change);
-    [[nodiscard]] std::vector<FreedTime> attended();
+    [[nodiscard]] std::vector<FreedTime> attended() const;
 
     db::Connection& connection_;
     std::function<void()> changed_;

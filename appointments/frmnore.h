@@ -252,6 +252,8 @@ class frmnore : public EditorDialog {
     void sendConfirmation();
 
     // frmnore_wait.cpp
+    /// The entry of the wait list that a save closes; 0 for none.
+    [[nodiscard]] int waitOfPatient() const;
     /// Whether the appointment may be saved although it is booked for an entry of the wait list, which another desk may
     /// have booked or closed meanwhile. The user is asked then.
     [[nodiscard]] bool waitIsSettled();
@@ -264,7 +266,7 @@ class frmnore : public EditorDialog {
     const EditorRequest request_;
     const int key_ = request_.Key();  ///< The key of the row; 0 for a new one.
     bool givenUp_ = false;
-    int waitId_ = request_.waitId;  ///< The entry of the wait list that a save closes; 0 for none.
+    int waitId_ = request_.waitId;  ///< The entry of the wait list that is offered; 0 for none.
 
     QWidget* fields_ = nullptr;
     QString patientTag_;

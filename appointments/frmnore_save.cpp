@@ -156,7 +156,7 @@ EntryFields frmnore::entered(const QString& providerId) const {
     fields.workPhone = lblwphone->text();
     fields.categoryColour = categoryColour_;
     fields.room = {cborooms->ItemData(), roomText(), roomUnread_};
-    fields.waitId = waitId_;
+    fields.waitId = waitOfPatient();
     return fields;
 }
 

@@ -7,10 +7,15 @@ Cancelled frmnore::cancelledRows() const {
     return request_.waitId > 0 ? Cancelled::LeftOut : Cancelled::Conflicts;
 }
 
+// The entry waits for the patient who was offered the time. Another one may have been chosen since.
+int frmnore::waitOfPatient() const {
+    return patientTag_.compare(request_.patientId, Qt::CaseInsensitive) == 0 ? waitId_ : 0;
+}
+
 // The save itself closes the entry, and fails as a whole where another desk was quicker. Whoever is asked before can
 // still book.
 bool frmnore::waitIsSettled() {
-    if (waitId_ == 0)
+    if (waitOfPatient() == 0)
         return true;
     try {
         const std::optional<WaitRow> row = WaitRowOf(waitId_);

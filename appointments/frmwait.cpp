@@ -112,8 +112,10 @@ void frmwait::load(int selectId) {
     const int before = std::max(ctList1->SelectedRow(), 0);
     ctList1->Clear();
     rows_.clear();
+    bool isRead = false;
     try {
         read();
+        isRead = true;
     } catch (const db::DatabaseError& error) {
         TellError(QStringLiteral("Error reading wait list. "), error);
     }
@@ -121,7 +123,8 @@ void frmwait::load(int selectId) {
         addRow(row);
     const int row = ctList1->FindItemData(selectId);
     ctList1->SelectRow(row >= 0 ? row : std::min(before, ctList1->RowCount() - 1));
-    lblcount->setText(rows_.empty()       ? tr("Nobody waits.")
+    lblcount->setText(!isRead             ? QString()
+                      : rows_.empty()     ? tr("Nobody waits.")
                       : rows_.size() == 1 ? tr("1 patient waits.")
                                           : tr("%1 patients wait.").arg(rows_.size()));
     allowCommands();
@@ -186,7 +189,7 @@ void frmwait::allowCommands() {
         button->setToolTip(button->isEnabled() ? QString() : why);
     }
     cmdprint->setEnabled(!rows_.empty());
-    cmdprint->setToolTip(rows_.empty() ? tr("Nobody waits.") : QString());
+    cmdprint->setToolTip(rows_.empty() ? lblcount->text() : QString());
     (rows_.empty() && MayWrite() ? cmdadd : MayWrite() ? cmdedit : cmdclose)->setDefault(true);
 }
 
@@ -209,11 +212,12 @@ void frmwait::cmdedit_Click() {
 
 void frmwait::runEntry(const WaitRow& row) {
     frmwaitentry form(row, this);
+    const int id = row.id;  // The row may be one of those that are read anew.
     const int before = ctList1->RowCount();
     ShowModal(form);
-    load(row.id);
+    load(id);
     // Who was added waits last.
-    if (row.id == 0 && ctList1->RowCount() > before)
+    if (id == 0 && ctList1->RowCount() > before)
         ctList1->SelectRow(ctList1->RowCount() - 1);
     ctList1->setFocus();
 }

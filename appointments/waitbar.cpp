@@ -17,6 +17,7 @@
 #include "platform/controls/ctlist.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/noticebar.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "platform/desktop/opendialog.h"
 #include "platform/theme/icon.h"
@@ -81,6 +82,10 @@ QString wantsText(const WaitEntry& entry) {
     if (entry.until.isValid())
         wants << QStringLiteral("until %1").arg(ShortDateText(entry.until));
     return wants.join(QStringLiteral("; "));
+}
+
+void tellInNotice(const QString& text) {
+    ShowNotice({.text = text, .subject = WaitNotice});
 }
 
 }  // namespace
@@ -159,10 +164,11 @@ void WaitBar::look() {
         DropNotice(Unread);
     } catch (const db::DatabaseError& error) {
         TellInBar(Unread, error);
-        return Clear();
+        return hideOffers();
     }
+    const bool appears = isHidden();
     showOffers();
-    if (!fallen.empty() && isVisible())
+    if ((appears || !fallen.empty()) && isVisible())
         announce();
 }
 
@@ -173,42 +179,73 @@ void WaitBar::readOffers() {
 }
 
 void WaitBar::Ask(const FreedTime& time) {
-    times_ = {time};
+    const QString asked = dateText(time.date) + QStringLiteral(", ") + rangeText(time.time.start, time.time.end);
+    if (EarliestMinute(time.date, Now()) >= time.time.end)
+        return tellInNotice(tr("%1 is past.").arg(asked));
+    const std::vector<FreedTime> before = times_;
+    if (std::find(times_.begin(), times_.end(), time) == times_.end())
+        times_.push_back(time);
     try {
         readOffers();
+        DropNotice(Unread);
     } catch (const db::DatabaseError& error) {
+        times_ = before;
         TellInBar(Unread, error);
-        return Clear();
+        return hideOffers();
     }
+    const int line = lineOf(time);
+    if (line < 0)
+        times_ = before;
     showOffers();
-    if (!offers_.empty()) {
-        lstoffers->setFocus(Qt::OtherFocusReason);
-        return;
-    }
-    ShowNotice({.text = tr("Nobody on the wait list fits %1, %2.")
-                            .arg(dateText(time.date), rangeText(time.time.start, time.time.end)),
-                .subject = WaitNotice});
+    if (line < 0)
+        return tellInNotice(tr("Nobody on the wait list fits %1.").arg(asked));
+    lstoffers->SelectRow(line);
+    lstoffers->setFocus(Qt::OtherFocusReason);
+}
+
+// Whoever fits another time from the same minute is offered that one alone (OffersFor), and fits where at least half of
+// the visit lies in the time that is asked about.
+int WaitBar::lineOf(const FreedTime& time) const {
+    const auto fits = [&time](const WaitOffer& offer) {
+        const int common = std::min(offer.End(), time.time.end) - std::max(offer.start, time.time.start);
+        return offer.freed.date == time.date && offer.freed.provider.compare(time.provider, Qt::CaseInsensitive) == 0 &&
+               2 * common >= offer.row.entry.minutes;
+    };
+    auto found =
+        std::find_if(offers_.begin(), offers_.end(), [&time](const WaitOffer& offer) { return offer.freed == time; });
+    if (found == offers_.end())
+        found = std::find_if(offers_.begin(), offers_.end(), fits);
+    return found == offers_.end() ? -1 : static_cast<int>(found - offers_.begin());
 }
 
 void WaitBar::Clear() {
     times_.clear();
+    hideOffers();
+}
+
+void WaitBar::Forget() {
+    freed_.Forget();
+    ForgetWaitList();
+    Clear();
+}
+
+// The times may be kept, for the next look.
+void WaitBar::hideOffers() {
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     offers_.clear();
-    showOffers();
+    lstoffers->Clear();
+    hide();
+    if (hadFocus)
+        Q_EMIT FocusGivenBack();
 }
 
 void WaitBar::showOffers() {
     const QVariant selected = lstoffers->ItemData(lstoffers->SelectedRow());
-    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
+    if (offers_.empty())
+        return Clear();
     lstoffers->Clear();
     for (const WaitOffer& offer : offers_)
         addOffer(offer);
-    if (offers_.empty()) {
-        times_.clear();
-        hide();
-        if (hadFocus)
-            Q_EMIT FocusGivenBack();
-        return;
-    }
     DropNotice(WaitNotice);
     lstoffers->SelectRow(std::max(lstoffers->FindItemData(selected), 0));
     lbloffers->setText(heading());
@@ -354,7 +391,7 @@ void TellFreedTime(const FreedTime& freed) {
 }
 
 void RecheckOffers() {
-    if (current() != nullptr && !current()->times_.empty())
+    if (current() != nullptr)
         current()->due_.start(0);
 }
 

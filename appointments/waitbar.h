@@ -32,11 +32,13 @@ class WaitBar : public QFrame {
     explicit WaitBar(MainWindow& main, QWidget* parent = nullptr);
     ~WaitBar() override;
 
-    /// Shows who waits for a time that the user asks about, and gives the focus to the list. Where nobody does, a
-    /// notice says so.
+    /// Shows who waits for a time that the user asks about, besides the offers that stand, and gives the focus to the
+    /// first of them. Where nobody does, or the time is past, a notice says so and the other offers stay.
     void Ask(const FreedTime& time);
-    /// Takes the offers away, for example because they are of another database.
+    /// Takes the offers away.
     void Clear();
+    /// Takes the offers away and forgets what is not offered yet, because the database was opened again.
+    void Forget();
 
     QLabel* lbloffers = nullptr;
     ctList* lstoffers = nullptr;
@@ -58,7 +60,9 @@ class WaitBar : public QFrame {
     void buildBar();
     void look();
     void readOffers();
+    [[nodiscard]] int lineOf(const FreedTime& time) const;
     void showOffers();
+    void hideOffers();
     void addOffer(const WaitOffer& offer);
     [[nodiscard]] QString heading() const;
     void announce();
@@ -71,14 +75,14 @@ class WaitBar : public QFrame {
     MainWindow& main_;
     FreedTimes freed_;
     QTimer due_;
-    std::vector<FreedTime> times_;  ///< The times that are offered.
+    std::vector<FreedTime> times_;  ///< The times that are offered, or will be when they can be read.
     std::vector<WaitOffer> offers_;
     bool booking_ = false;
 };
 
 /// Tells the bar that a time fell free at another desk. It does nothing where there is no bar.
 void TellFreedTime(const FreedTime& freed);
-/// Brings the offers up to date, if any are shown.
+/// Brings the offers up to date, and offers what could not be read before. It costs no trip where there is nothing.
 void RecheckOffers();
 /// Asks who waits for a time (WaitBar::Ask).
 void AskWhoWaits(const FreedTime& time);

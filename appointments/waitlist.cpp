@@ -64,6 +64,11 @@ QString rowStatement(int id) {
     return Sql("Select * from WaitList Where WaitId = {}", id);
 }
 
+QHash<QString, bool>& databasesWithList() {
+    static QHash<QString, bool> known;
+    return known;
+}
+
 void write(Recordset& row, const WaitRow& wanted) {
     row.Set("PatientId", wanted.entry.patientId);
     row.Set("PatientName", wanted.patientName);
@@ -89,11 +94,15 @@ void addRow(const WaitRow& wanted) {
 }  // namespace
 
 bool HasWaitList() {
-    static QHash<QString, bool> known;
+    QHash<QString, bool>& known = databasesWithList();
     const QString& database = Session().ConnectionString;
     if (!database.isEmpty() && known.value(database))
         return true;
     return known[database] = HasTable(Session().Connection, QStringLiteral("WaitList"));
+}
+
+void ForgetWaitList() {
+    databasesWithList().clear();
 }
 
 QString NoWaitListText() {

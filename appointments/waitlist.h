@@ -25,6 +25,8 @@ inline constexpr int LongestWait = 720;
 
 /// Whether the practice's database has the table. It is asked once for each database. Throws db::DatabaseError.
 [[nodiscard]] bool HasWaitList();
+/// Asks anew at the next HasWaitList.
+void ForgetWaitList();
 /// What the user is told where it has not.
 [[nodiscard]] QString NoWaitListText();
 

@@ -1,5 +1,6 @@
 #include "followup/frmboard.h"
 
+#include <algorithm>
 #include <QAccessible>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -85,6 +86,11 @@ void frmboard::OpenAgain(const QWidget& parent) {
     if (board == nullptr)
         return;
     board->reader_ = std::make_unique<db::BackgroundReader>();
+    board->contents_ = {};
+    board->readAt_ = {};
+    board->trouble_.clear();
+    board->pnlproblem->hide();
+    board->refresh();
     if (board->isVisible())
         board->Load();
 }
@@ -227,17 +233,29 @@ void frmboard::fillProviders() {
             shown.push_back(provider);
     for (const QString& id : std::as_const(present))
         shown.push_back({id, id.isEmpty() ? tr("(no provider)") : id, true});
-    const QString chosen = cboprovider->currentData().toString();
-    const QSignalBlocker quiet(cboprovider);
-    cboprovider->clear();
-    cboprovider->addItem(tr("All providers"), QString());
+    std::vector<std::pair<QString, QString>> items{{tr("All providers"), QString()}};
     for (const BoardProvider& provider : shown)
         if (!provider.id.isEmpty())
-            cboprovider->addItem(contents_.ProviderName(provider.id), provider.id);
-    const int place = chosen.isEmpty() ? 0 : cboprovider->findData(chosen);
-    if (place < 0)
-        cboprovider->addItem(chosen, chosen);
-    cboprovider->setCurrentIndex(place < 0 ? cboprovider->count() - 1 : place);
+            items.emplace_back(contents_.ProviderName(provider.id), provider.id);
+    const QString chosen = cboprovider->currentData().toString();
+    const auto isChosen = [&chosen](const auto& item) { return item.second == chosen; };
+    if (!chosen.isEmpty() && std::none_of(items.begin(), items.end(), isChosen))
+        items.emplace_back(chosen, chosen);
+    setProviders(items, chosen);
+}
+
+// An open list is left alone where nothing has changed.
+void frmboard::setProviders(const std::vector<std::pair<QString, QString>>& items, const QString& chosen) {
+    std::vector<std::pair<QString, QString>> before;
+    for (int row = 0; row < cboprovider->count(); ++row)
+        before.emplace_back(cboprovider->itemText(row), cboprovider->itemData(row).toString());
+    if (before == items)
+        return;
+    const QSignalBlocker quiet(cboprovider);
+    cboprovider->clear();
+    for (const auto& [name, id] : items)
+        cboprovider->addItem(name, id);
+    cboprovider->setCurrentIndex(chosen.isEmpty() ? 0 : cboprovider->findData(chosen));
 }
 
 void frmboard::refresh() {

@@ -46,7 +46,7 @@ class frmboard : public QWidget {
 
     /// Opens the board of the main window, or brings the open one to the front.
     static void Open(MainWindow& main, QWidget* parent);
-    /// Drops the session with the database and reads anew, because the database was opened again.
+    /// Drops the session with the database and what was read, and reads anew, because the database was opened again.
     static void OpenAgain(const QWidget& parent);
 
     /// Begins to read the board anew. A read that is under way is followed by another.
@@ -103,6 +103,8 @@ class frmboard : public QWidget {
     void take(QDate date, db::BackgroundReader::Answer answer);
     void tellProblem(const QString& why);
     void fillProviders();
+    /// Shows these providers, the name and the id of each.
+    void setProviders(const std::vector<std::pair<QString, QString>>& items, const QString& chosen);
     void refresh();
     void refreshPlace(BoardPlace place);
     void stepAside(BoardPlace from, int direction);

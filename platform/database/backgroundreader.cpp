@@ -16,7 +16,9 @@ struct BackgroundReader::Shared {
     std::function<void()> job;  ///< Empty while there is nothing to read.
     bool ending = false;
     std::thread thread;
-    std::unique_ptr<Engine> engine;  ///< The reader's thread alone uses it.
+    // The reader's thread alone uses these.
+    std::unique_ptr<Engine> engine;
+    std::optional<DatabaseError> replaced;  ///< The failure by which the database was found to be another one.
 };
 
 namespace {
@@ -66,9 +68,13 @@ void readRest(Engine& engine, const QStringList& statements, std::vector<ResultT
     }
 }
 
-Answer answerOf(std::unique_ptr<Engine>& engine, const BackgroundReader::MakeEngine& make,
-                const QStringList& statements) {
+/// Once the database is another one, a session made anew would read that one and not tell.
+Answer answerOf(std::unique_ptr<Engine>& engine, std::optional<DatabaseError>& replaced,
+                const BackgroundReader::MakeEngine& make, const QStringList& statements) {
     Answer answer;
+    answer.failure = replaced;
+    if (replaced)
+        return answer;
     const bool wasOpen = engine != nullptr;
     try {
         if (!engine)
@@ -81,7 +87,9 @@ Answer answerOf(std::unique_ptr<Engine>& engine, const BackgroundReader::MakeEng
         return answer;
     const bool isCut = engine->link() == Link::Cut;
     engine.reset();
-    return wasOpen && isCut ? answerOf(engine, make, statements) : answer;
+    if (!isCut)
+        replaced = answer.failure;
+    return wasOpen && isCut ? answerOf(engine, replaced, make, statements) : answer;
 }
 
 }  // namespace
@@ -132,7 +140,7 @@ void BackgroundReader::Read(MakeEngine make, QStringList statements, std::functi
     {
         const std::lock_guard lock(shared_->mutex);
         shared_->job = [shared = shared_.get(), make = std::move(make), statements = std::move(statements), tell] {
-            auto answer = std::make_shared<Answer>(answerOf(shared->engine, make, statements));
+            auto answer = std::make_shared<Answer>(answerOf(shared->engine, shared->replaced, make, statements));
             if (QCoreApplication* program = QCoreApplication::instance())
                 QMetaObject::invokeMethod(
                     program, [tell, answer] { tell(std::move(*answer)); }, Qt::QueuedConnection);

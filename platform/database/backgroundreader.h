@@ -30,8 +30,9 @@ class BackgroundReader {
     BackgroundReader& operator=(const BackgroundReader&) = delete;
 
     /// Reads the Selects, in one trip where the engine sits behind a network, and calls `done` from the event loop. The
-    /// session is opened at the first read and kept; one that broke off is opened anew, once within a read. Ignored
-    /// while a read is under way.
+    /// session is opened at the first read and kept; one that broke off is opened anew, once within a read. When
+    /// the database was replaced by another one, this reader answers with that failure from then on. Ignored while a
+    /// read is under way.
     void Read(MakeEngine make, QStringList statements, std::function<void(Answer)> done);
     [[nodiscard]] bool IsReading() const { return reading_; }
 

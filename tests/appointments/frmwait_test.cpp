@@ -330,4 +330,5 @@ TEST_F(WaitListForm, ALostDatabaseIsToldAndTheFormStays) {
     desk.expectBox("Error reading wait list. " + lost, "Error");
     form->cmdclosed->click();
     EXPECT_EQ(form->ctList1->RowCount(), 0);
+    EXPECT_EQ(form->lblcount->text(), QString()) << "Whether somebody waits is not known.";
 }

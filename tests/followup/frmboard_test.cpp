@@ -266,6 +266,35 @@ TEST_F(Board, IsOneWindowThatOpensAgainAsItWas) {
     EXPECT_FALSE(first->isVisible()) << "It ends with the main window.";
 }
 
+TEST_F(Board, ADatabaseThatWasOpenedAgainShowsNothingOfTheOneBefore) {
+    put({.text = QStringLiteral("Anna"), .start = 546});
+    QWidget parent;
+    parent.show();
+    frmboard::Open(main, &parent);
+    auto* shown = parent.findChild<frmboard*>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !shown->IsReading(); }, 20000));
+    EXPECT_EQ(shown->Count(BoardPlace::Due), 1);
+    Session().Connection.Close();
+    frmboard::OpenAgain(parent);
+    EXPECT_EQ(shown->Count(BoardPlace::Due), 0);
+    EXPECT_EQ(shown->lblproblem->text(),
+              "The board could not be read at 9:05 AM. There is no connection to the database.");
+    Session().Connection.Open(database.connectionText());
+}
+
+TEST_F(Board, TheChoiceOfProvidersIsLeftAloneWhereNothingHasChanged) {
+    put({.text = QStringLiteral("Anna"), .start = 546});
+    int filled = 0;
+    QObject::connect(board().cboprovider->model(), &QAbstractItemModel::rowsInserted, [&filled] { ++filled; });
+    board().Load();
+    board();
+    EXPECT_EQ(filled, 0) << "An open list would lose the line that the user is about to choose.";
+    put({.text = QStringLiteral("Bert"), .start = 600, .provider = QStringLiteral("GONE")});
+    board().Load();
+    board();
+    EXPECT_GT(filled, 0);
+}
+
 TEST_F(Board, ReadsAndTicksOnlyWhileItIsOpen) {
     board();
     board_->close();

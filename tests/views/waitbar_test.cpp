@@ -15,6 +15,7 @@
 #include "data/codes.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
+#include "platform/controls/noticebar.h"
 #include "platform/database/sql.h"
 #include "session/hiddennames.h"
 #include "tests/support/triplog.h"
@@ -353,6 +354,41 @@ TEST_F(WaitOffers, AFreeCellForWhichNobodyWaitsSaysSo) {
     EXPECT_EQ(notices.Texts(), QStringList("Nobody on the wait list fits Wed, Mar 11, 2:00 PM - 3:00 PM."));
 }
 
+TEST_F(WaitOffers, APastHourAboutWhichTheUserAsksIsSaidToBePast) {
+    NoticeBar notices;
+    waits("J", 50);
+    start();
+    desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(15, 0)));
+    AskWhoWaits({QStringLiteral("REED"), QDate(2026, 3, 11), {840, 900}, {}});
+    EXPECT_EQ(notices.Texts(), QStringList("Wed, Mar 11, 2:00 PM - 3:00 PM is past."));
+    EXPECT_EQ(offered(), "-");
+}
+
+TEST_F(WaitOffers, AskingAboutAnotherHourKeepsTheOffersThatStand) {
+    NoticeBar notices;
+    waits("J", 50, ", FromTime, ToTime", ", 600, 660");
+    waits("M", 50, ", FromTime, ToTime", ", 840, 900");
+    start();
+    choose("Anna", "mnuAPCancel");
+    EXPECT_EQ(offered(), "Jones");
+    const auto ask = [](int from, int to) {
+        AskWhoWaits({QStringLiteral("REED"), QDate(2026, 3, 11), {from, to}, {}});
+    };
+    ask(840, 900);
+    EXPECT_EQ(offered(), "Jones Miller");
+    EXPECT_EQ(bar_->lstoffers->SelectedRow(), 1);
+    EXPECT_EQ(bar_->lbloffers->text(), "2 times are free. 2 patients on the wait list fit.");
+
+    ask(960, 1020);
+    EXPECT_EQ(offered(), "Jones Miller");
+    EXPECT_EQ(notices.Texts(), QStringList("Nobody on the wait list fits Wed, Mar 11, 4:00 PM - 5:00 PM."));
+
+    ask(600, 660);
+    EXPECT_EQ(offered(), "Jones Miller");
+    EXPECT_EQ(bar_->lstoffers->SelectedRow(), 0) << "Who is offered a time from the same minute fits this one.";
+    EXPECT_EQ(notices.Texts(), QStringList());
+}
+
 TEST_F(WaitOffers, AnotherDesksCancellationIsSeenWhenTheViewIsReadAgain) {
     waits("J", 50);
     start();
@@ -394,6 +430,61 @@ TEST_F(WaitOffers, WhoWasBookedByAnotherDeskMeanwhileIsAskedAbout) {
     press(Qt::Key_Return);
     EXPECT_EQ(database_.number("Select Count(*) from appointments Where patientid = 'J'"), 1);
     EXPECT_EQ(entry(jones), "1 77");
+}
+
+TEST_F(WaitOffers, AnEntryStaysOpenWhenAnotherPatientIsBookedInstead) {
+    const int jones = waits("J", 50);
+    start();
+    choose("Anna", "mnuAPCancel");
+    desk.expectForm("frmnore", [&](QDialog& form) {
+        frmnore& editor = theEditor(form);
+        editor.txtpatients->setText(QStringLiteral("Miller, Eva"));
+        editor.SetPatientTag(QStringLiteral("M"));
+        otherDesk("Update WaitList Set Closed = 1");  // Which is nobody's concern any more, so that nothing is asked.
+        editor.cmdOk->click();
+    });
+    press(Qt::Key_Return);
+    EXPECT_EQ(database_.number("Select Count(*) from appointments Where patientid = 'M'"), 1);
+    EXPECT_EQ(entry(jones), "1 ") << "It is not closed with the other patient's appointment.";
+}
+
+TEST_F(WaitOffers, AnHourThatCouldNotBeReadIsOfferedWhenItCanBeReadAgain) {
+    NoticeBar notices;
+    waits("J", 50);
+    const qint64 meeting = add(anAppointment("Meeting").at(13, 0).until(14, 0).of("~EVT").status(ncolor::Activity));
+    run(db::Sql("Insert Into appointmentsevents (nkeyid, clinicianid) Values({}, 'REED')", meeting));
+    Session().ConnectionString = database_.connectionText();
+    start();
+    EXPECT_TRUE(SetApptStatus(static_cast<int>(anna), ncolor::PatientCancelled).IsDone());
+    EXPECT_TRUE(DeleteActivity(static_cast<int>(meeting)).IsDone());
+    Session().Connection.Close();
+    EXPECT_EQ(offered(), "-");
+    EXPECT_TRUE(notices.Texts().join(u' ').contains("The wait list could not be read.")) << "It is told.";
+
+    Session().Connection.Open(database_.connectionText());
+    RecheckOffers();
+    EXPECT_EQ(offered(), "Jones Jones");
+    EXPECT_EQ(notices.Texts(), QStringList());
+
+    Session().Connection.Close();
+    RecheckOffers();
+    EXPECT_EQ(offered(), "-");
+    Session().Connection.Open(database_.connectionText());
+    RecheckOffers();
+    EXPECT_EQ(offered(), "Jones Jones");
+}
+
+TEST_F(WaitOffers, AnotherDatabaseHasNothingOfTheTimesOfTheOneBefore) {
+    waits("J", 50);
+    Session().ConnectionString = QStringLiteral("the one before");
+    start();
+    EXPECT_TRUE(HasWaitList());
+    EXPECT_TRUE(SetApptStatus(static_cast<int>(anna), ncolor::PatientCancelled).IsDone());
+    bar_->Forget();
+    EXPECT_EQ(offered(), "-");
+    run("Drop Table WaitList");
+    bar_->Forget();
+    EXPECT_FALSE(HasWaitList());
 }
 
 TEST_F(WaitOffers, AnEntryThatCannotBeClosedBooksNothing) {

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <QTest>
 #include <thread>
+#include <utility>
 
 using db::BackgroundReader;
 using db::DatabaseError;
@@ -17,8 +18,9 @@ namespace {
 struct Script {
     std::mutex mutex;
     std::condition_variable changed;
-    bool held = false;  ///< A statement waits until this is taken back, as for the lock of another desk.
-    int cuts = 0;       ///< So many statements break the link off.
+    bool held = false;      ///< A statement waits until this is taken back, as for the lock of another desk.
+    int cuts = 0;           ///< So many statements break the link off.
+    bool replaced = false;  ///< The next statement finds another database in the place of the one that was opened.
     std::atomic<int> made{0};
     std::thread::id thread;
 
@@ -44,6 +46,10 @@ class ScriptedEngine final : public db::Engine {
             link_ = db::Link::Cut;
             throw DatabaseError(11, QStringLiteral("cut"));
         }
+        if (std::exchange(script_->replaced, false))
+            link_ = db::Link::Replaced;
+        if (link_ == db::Link::Replaced)
+            throw DatabaseError(26, QStringLiteral("another database"));
         if (statement == QLatin1String("bad"))
             throw DatabaseError(208, QStringLiteral("no such table"), statement);
         db::ResultTable table({{QStringLiteral("text"), {}, db::ColumnType::Text}});
@@ -121,6 +127,19 @@ TEST_F(BackgroundReading, ASessionThatBrokeOffIsOpenedAnewOnceWithinARead) {
     script_->cuts = 4;
     EXPECT_TRUE(read({"one"}).failure);
     EXPECT_TRUE(read({"one"}).tables.size() == 1U) << "The next read tries again.";
+}
+
+TEST_F(BackgroundReading, ADatabaseThatWasReplacedIsNotReadUntilTheReaderIsMadeAnew) {
+    read({"one"});
+    script_->replaced = true;
+    EXPECT_TRUE(read({"one"}).failure);
+    const BackgroundReader::Answer answer = read({"one"});
+    EXPECT_TRUE(answer.tables.empty());
+    ASSERT_TRUE(answer.failure);
+    EXPECT_EQ(answer.failure->number, 26);
+    EXPECT_EQ(script_->made, 1);
+    reader_ = std::make_unique<BackgroundReader>();
+    EXPECT_EQ(read({"one"}).tables.size(), 1U);
 }
 
 TEST_F(BackgroundReading, ASessionThatCannotBeOpenedTellsWhy) {
