@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <vector>
 
 #include "data/schema.h"
 #include "data/upkeep/practicefolder.h"
@@ -61,24 +62,84 @@ bool isIndispensable(const QString& part) {
     return false;
 }
 
-/// A practice begins with settings and with kinds of notes and sessions, which its lists change later.
-void writeFirstLists(db::Connection& main) {
+void writeCallCodes(db::Connection& main) {
+    for (const CallCode& code : CallCodes)
+        main.Execute(db::Sql(
+            "Insert Into CourtesyCallCodes (CallService, CallCode, CallCategory, CallDescription) Values ('CP', '{}', {}, '{}')",
+            QString::fromLatin1(code.code), code.category, QString::fromLatin1(code.description)));
+}
+
+void writeFacesheet(db::Connection& main) {
+    for (const FacesheetItem& item : FacesheetItems)
+        main.Execute(
+            db::Sql("Insert Into facesheet (FacesheetId, facesheetitem, facesheetmask) Values ({}, '{}', '{}')",
+                    item.id, QString::fromLatin1(item.name), QString::fromLatin1(item.mask)));
+}
+
+void writeSettings(db::Connection& main) {
     main.Execute("Insert Into settings (ALEnabled, recallpw, wordusage) Values (1, 0, 'Patient')");
+}
+
+void writeNoteTypes(db::Connection& main) {
     for (const char* type : NoteTypes)
         main.Execute(
             db::Sql("Insert Into NoteTypes (NoteType, applyauths) Values ('{}', 0)", QString::fromLatin1(type)));
+}
+
+void writeServices(db::Connection& main) {
     for (const Service& service : Services)
         main.Execute(db::Sql("Insert Into session_types (sess_cpt_name, sess_cpt_time) Values ('{}', {})",
                              QString::fromLatin1(service.name), service.minutes));
 }
 
+struct FirstList {
+    const char* table;
+    void (*write)(db::Connection& main);
+};
+
+/// A practice begins with codes, settings and kinds of notes and sessions, which its lists change later.
+constexpr std::array<FirstList, 5> FirstLists{{{"CourtesyCallCodes", writeCallCodes},
+                                               {"facesheet", writeFacesheet},
+                                               {"settings", writeSettings},
+                                               {"NoteTypes", writeNoteTypes},
+                                               {"session_types", writeServices}}};
+
+/// A table that an older version lacks is not empty: its list belongs to the upgrade.
+bool isEmpty(db::Connection& main, const char* table) {
+    const QString name = QString::fromLatin1(table);
+    return HasTable(main, name) && db::Recordset(db::Sql("Select * from {}", db::Raw{name}), main).Eof();
+}
+
+/// Writes the lists that are still empty. A list that another hand has begun stays as it is.
+void writeFirstLists(db::Connection& main) {
+    std::vector<FirstList> wanted;
+    for (const FirstList& list : FirstLists)
+        if (isEmpty(main, list.table))
+            wanted.push_back(list);
+    db::InTransaction(main, [&] {
+        for (const FirstList& list : wanted)
+            list.write(main);
+    });
+}
+
 void makeTables(db::Connection& main) {
     ApplySchema(main, SchemaScript::Main);
     WriteSchemaVersion(main);
-    db::InTransaction(main, [&] {
-        WriteCodes(main);
-        writeFirstLists(main);
-    });
+    writeFirstLists(main);
+}
+
+bool hasUsers(db::Connection& main) {
+    return !db::Recordset("Select pswd_user_id from passwords", main).Eof();
+}
+
+/// Goes on where the line broke between the tables of an empty database and its first rows. A practice at work has
+/// settings or users, and keeps what it has.
+void finishTables(db::Connection& main) {
+    if (hasUsers(main) || !isEmpty(main, "settings"))
+        return;
+    if (SchemaVersion(main) == 0 && MissingParts(main, SchemaScript::Main).isEmpty())
+        WriteSchemaVersion(main);
+    writeFirstLists(main);
 }
 
 void addFirst(db::Connection& main, const NewUser& first, int key) {
@@ -93,10 +154,6 @@ QString quoted(const QString& value) {
 QString connectionText(const ServerPlace& place) {
     return QStringLiteral("Provider=SQLOLEDB;Data Source=%1;Initial Catalog=%2;User Id=SVMaster;Password=%3;")
         .arg(quoted(place.server), quoted(place.database), quoted(place.password));
-}
-
-bool hasUsers(db::Connection& main) {
-    return !db::Recordset("Select pswd_user_id from passwords", main).Eof();
 }
 
 void describe(db::Connection& main, ServerAnswer& answer) {
@@ -117,14 +174,8 @@ void describe(db::Connection& main, ServerAnswer& answer) {
 }  // namespace
 
 void WriteCodes(db::Connection& main) {
-    for (const CallCode& code : CallCodes)
-        main.Execute(db::Sql(
-            "Insert Into CourtesyCallCodes (CallService, CallCode, CallCategory, CallDescription) Values ('CP', '{}', {}, '{}')",
-            QString::fromLatin1(code.code), code.category, QString::fromLatin1(code.description)));
-    for (const FacesheetItem& item : FacesheetItems)
-        main.Execute(
-            db::Sql("Insert Into facesheet (FacesheetId, facesheetitem, facesheetmask) Values ({}, '{}', '{}')",
-                    item.id, QString::fromLatin1(item.name), QString::fromLatin1(item.mask)));
+    writeCallCodes(main);
+    writeFacesheet(main);
 }
 
 void MakeOneDeskPractice(const QString& folder, const NewUser& first, int key) {
@@ -161,6 +212,8 @@ void MakeServerDesk(const QString& folder, const ServerPlace& place, const std::
         main.Open(connectionText(place));
         if (ExistingSchemaTable(main, SchemaScript::Main).isEmpty())
             makeTables(main);
+        else
+            finishTables(main);
         if (first && !hasUsers(main))
             addFirst(main, *first, key);
     });

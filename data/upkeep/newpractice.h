@@ -46,7 +46,8 @@ struct ServerAnswer {
 
 /// Makes the data folder of a desk of a practice on a server. Where the database is empty, its tables are made first,
 /// and where nobody may log on yet, the first user. Throws as MakeOneDeskPractice does; tables that were made before a
-/// later step failed stay.
+/// later step failed stay, and the next call goes on with them: where nobody may log on and there are no settings, it
+/// writes each first list whose table is empty.
 void MakeServerDesk(const QString& folder, const ServerPlace& place, const std::optional<NewUser>& first, int key);
 
 }  // namespace upkeep

@@ -98,6 +98,35 @@ TEST_F(NewDesk, AnEmptyDatabaseGetsItsTablesAndItsFirstUser) {
     EXPECT_EQ(QFile::permissions(folder + "/credentials.ini") & QFile::Permissions(0x0077), QFile::Permissions());
 }
 
+TEST_F(NewDesk, TablesWhoseFirstRowsFailedGetThemAtTheNextTry) {
+    database.connection().Execute("Delete from DefaultFieldValues Where dfltfieldname = 'SVSchedulerSchema'");
+    database.connection().Execute("Insert Into NoteTypes (NoteType, applyauths) Values ('Ours', 0)");
+    ASSERT_EQ(database.number("Select Count(*) from settings"), 0);
+    upkeep::MakeServerDesk(folder, place(), novak, 3);
+    EXPECT_EQ(upkeep::SchemaVersion(database.connection()), CurrentSchema);
+    EXPECT_EQ(database.number("Select Count(*) from settings"), 1);
+    EXPECT_EQ(database.number("Select Count(*) from CourtesyCallCodes"), 7);
+    EXPECT_EQ(database.number("Select Count(*) from facesheet"), 3);
+    EXPECT_EQ(database.number("Select Count(*) from session_types"), 5);
+    EXPECT_EQ(database.text("Select NoteType from NoteTypes"), "Ours");
+    EXPECT_EQ(database.number("Select Count(*) from NoteTypes"), 1) << "A list that has rows stays as it is.";
+    EXPECT_EQ(upkeep::Users(database.connection()).size(), 1U);
+}
+
+TEST_F(NewDesk, APracticeAtWorkGetsNoFirstRows) {
+    ASSERT_EQ(upkeep::AddUser(database.connection(), novak, 3), "");
+    upkeep::MakeServerDesk(folder, place(), novak, 3);
+    EXPECT_EQ(database.number("Select Count(*) from settings"), 0);
+    EXPECT_EQ(database.number("Select Count(*) from session_types"), 0);
+}
+
+TEST_F(NewDesk, SettingsWithoutUsersAreAPracticeThatKeepsItsLists) {
+    database.connection().Execute("Insert Into settings (ALEnabled, recallpw, wordusage) Values (0, 0, 'Client')");
+    upkeep::MakeServerDesk(folder, place(), novak, 3);
+    EXPECT_EQ(database.text("Select wordusage from settings"), "Client");
+    EXPECT_EQ(database.number("Select Count(*) from session_types"), 0);
+}
+
 TEST_F(NewDesk, APracticeThatHasUsersKeepsThem) {
     ASSERT_EQ(upkeep::AddUser(database.connection(), novak, 3), "");
     upkeep::NewUser other = novak;
