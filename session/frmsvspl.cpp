@@ -192,8 +192,8 @@ void frmsvspl::showEvent(QShowEvent* event) {
 bool frmsvspl::eventFilter(QObject* watched, QEvent* event) {
     auto* field = qobject_cast<QLineEdit*>(watched);
     if (watched == txtuid && event->type() == QEvent::KeyPress && txtuid->text().isEmpty() &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down && txtuid->completer() != nullptr) {
-        txtuid->setText(txtuid->completer()->currentCompletion());
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down && !offeredUser_.isEmpty()) {
+        txtuid->setText(offeredUser_);
         return true;
     }
     if (!field || event->type() != QEvent::FocusIn)
@@ -248,10 +248,12 @@ void frmsvspl::refuse(const QString& text, const QString& title) {
     txtuid->setFocus();
 }
 
-// Most often only the password was wrong. Its first letter, or the Down key, brings the user id back.
+// Most often only the password was wrong. Its first letter offers the user id, and the Down key brings it back. What
+// was typed is never lengthened by itself, because it may be the whole of another user's id.
 void frmsvspl::offerUser(const QString& userId) {
+    offeredUser_ = userId;
     auto* users = new QCompleter({userId}, txtuid);
-    users->setCompletionMode(QCompleter::InlineCompletion);
+    users->setCompletionMode(QCompleter::PopupCompletion);
     users->setCaseSensitivity(Qt::CaseInsensitive);
     delete txtuid->completer();
     txtuid->setCompleter(users);

@@ -40,7 +40,7 @@ class frmsvspl : public QDialog {
     void enableOk();
     /// Shows a message and empties the fields, so that the user can begin again.
     void refuse(const QString& text, const QString& title);
-    /// Offers a user id, as it was typed last, to be completed.
+    /// Offers a user id, as it was typed last, in a list below the box.
     void offerUser(const QString& userId);
     void countWrongPassword(const QString& userId);
     /// Shows how long the next try has to wait, until the wait is over.
@@ -56,6 +56,7 @@ class frmsvspl : public QDialog {
     int wait_ = 0;  ///< Seconds from the last wrong password to the next try.
     QDateTime waitsUntil_;
     QTimer waiting_;
+    QString offeredUser_;  ///< The user id of the last failed logon.
     QLabel* lblwait = nullptr;
     TextField* txtuid = nullptr;
     TextField* txtpassword = nullptr;

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QCompleter>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
@@ -45,6 +47,8 @@ class Logon : public testing::Test {
         return *found;
     }
     QLineEdit& txtuid() { return part<QLineEdit>("txtuid"); }
+    /// The list below the user id, after a failure.
+    QAbstractItemView& offered() { return *txtuid().completer()->popup(); }
     QLineEdit& txtpassword() { return part<QLineEdit>("txtpassword"); }
     void logOn(const char* uid, const char* password) {
         txtuid().setText(QString::fromLatin1(uid));
@@ -179,7 +183,7 @@ TEST_F(Logon, TheCancelButtonLeavesNobodyLoggedOn) {
     EXPECT_EQ(Session().UID, "");
 }
 
-TEST_F(Logon, AfterAFailureTheLastUserIdIsCompletedFromItsFirstLetterAndNoPasswordIs) {
+TEST_F(Logon, AfterAFailureTheLastUserIdIsOfferedFromItsFirstLetterAndNoPasswordIs) {
     for (int time = 0; time < 2; ++time) {
         desk.expectBox("Invalid User ID or Password. Try again.", "No Matching Record");
         logOn("anna", "wrong");
@@ -188,7 +192,12 @@ TEST_F(Logon, AfterAFailureTheLastUserIdIsCompletedFromItsFirstLetterAndNoPasswo
         EXPECT_EQ(txtpassword().completer(), nullptr);
         EXPECT_EQ(txtuid().placeholderText(), "Down arrow: anna");
         QTest::keyClicks(&txtuid(), "A");
-        EXPECT_EQ(txtuid().text().toLower(), "anna");
+        EXPECT_EQ(txtuid().text(), "A");
+        ASSERT_TRUE(offered().isVisible());
+        QTest::keyClick(&offered(), Qt::Key_Down);
+        QTest::keyClick(&offered(), Qt::Key_Return);
+        EXPECT_EQ(txtuid().text(), "anna");
+        EXPECT_FALSE(offered().isVisible());
     }
     QTest::keyClick(&txtuid(), Qt::Key_Tab);
     QTest::keyClicks(&txtpassword(), "secret");
@@ -201,6 +210,30 @@ TEST_F(Logon, AfterAFailureTheDownKeyBringsTheLastUserIdBack) {
     logOn("ANNA", "wrong");
     QTest::keyClick(&txtuid(), Qt::Key_Down);
     EXPECT_EQ(txtuid().text(), "ANNA");
+}
+
+TEST_F(Logon, TheDownKeyBringsTheLastUserIdBackAfterAnotherOneWasBegun) {
+    desk.expectBox(WrongUser, "No Matching Record");
+    logOn("ANNA", "wrong");
+    QTest::keyClicks(&txtuid(), "B");
+    QTest::keyClick(&txtuid(), Qt::Key_Backspace);
+    ASSERT_EQ(txtuid().text(), "");
+    QTest::keyClick(&txtuid(), Qt::Key_Down);
+    EXPECT_EQ(txtuid().text(), "ANNA");
+}
+
+TEST_F(Logon, AUserIdThatBeginsTheOneThatFailedStaysAsItWasTyped) {
+    practice.addUser("ANN", "Arnold", 1, "000012006", "hers");
+    desk.expectBox(WrongUser, "No Matching Record");
+    logOn("ANNA", "wrong");
+    QTest::keyClicks(&txtuid(), "ANN");
+    QTest::keyClick(&offered(), Qt::Key_Tab);
+    EXPECT_EQ(txtuid().text(), "ANN");
+    EXPECT_TRUE(txtpassword().hasFocus());
+    EXPECT_FALSE(offered().isVisible());
+    QTest::keyClicks(&txtpassword(), "hers");
+    QTest::keyClick(&txtpassword(), Qt::Key_Return);
+    EXPECT_EQ(Session().UID, "ANN");
 }
 
 TEST_F(Logon, BeforeAFailureNobodyIsOffered) {
