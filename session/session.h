@@ -1,10 +1,17 @@
 #pragma once
 
+#include <optional>
 #include <QString>
 
 #include "data/scramble.h"
 #include "platform/database/connection.h"
 #include "session/view.h"
+
+/// The first hour of a grid and the one that ends it, 0 to 24.
+struct ShownHours {
+    int first = 0, last = 0;
+    friend bool operator==(const ShownHours&, const ShownHours&) = default;
+};
 
 /// The values that start-up sets and that every form may read and change. They last until the program ends.
 struct SessionValues {
@@ -38,6 +45,8 @@ struct SessionValues {
     bool MilitaryTime = false;
     int TimeUnit = 15;  ///< The minutes of a calendar row: 5, 10, 15, 30 or 60.
     int DayStartHour = 8, DayEndHour = 18;
+    /// The hours of the saved view that is shown, for its grid alone: whatever else asks for hours takes the preferred.
+    std::optional<ShownHours> SavedHours;
     int VisitLength = 0;  ///< The minutes of a new visit whose end nobody chose; 0 takes a calendar row.
     bool ShowNonPrime = false;
     bool TaskRollOver = false;  ///< Whether completed tasks are hidden.

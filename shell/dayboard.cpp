@@ -42,10 +42,11 @@ void DayBoard::SetScale(int slotMinutes) {
 
 void DayBoard::setHours() {
     const SessionValues& session = Session();
-    grid_->setPrimeStart(session.DayStartHour * 60);
-    grid_->setFirstTime(session.DayStartHour * 60);
-    grid_->setPrimeEnd(session.DayEndHour * 60);
-    grid_->setLastTime(session.DayEndHour * 60 - 1);
+    const ShownHours hours = session.SavedHours.value_or(ShownHours{session.DayStartHour, session.DayEndHour});
+    grid_->setPrimeStart(hours.first * 60);
+    grid_->setFirstTime(hours.first * 60);
+    grid_->setPrimeEnd(hours.last * 60);
+    grid_->setLastTime(hours.last * 60 - 1);
 }
 
 bool DayBoard::Shows(QDate date, const QString& of) const {

@@ -84,7 +84,11 @@ void mdisched::changeview(View view) {
         openView(firstView(ViewAvailable(view) ? view : View::Day));
         return;
     }
-    if (Session().CurrentView == view || !ViewAvailable(view))
+    if (Session().CurrentView == view) {
+        showOwnHours();
+        return;
+    }
+    if (!ViewAvailable(view))
         return;
     if (view == View::Companion && !findCompanionProvider())
         return;
@@ -348,7 +352,7 @@ void mdisched::ShowPreferences() {
     const Stage saved = stage();
     useOwnHours();
     frmaopts preferences(refresh, this);
-    if (ShowModal(preferences) != QDialog::Accepted)
+    if (ShowModal(preferences) != QDialog::Accepted && saved.savedHours)
         setStage(saved);
 }
 

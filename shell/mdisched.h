@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "session/lastplace.h"
+#include "session/session.h"
 #include "session/startup.h"
 #include "shell/mainwindow.h"
 #include "shell/viewwindow.h"
@@ -140,22 +141,17 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     void cyclePanes(int direction);
 
     // mdisched_saved.cpp
-    /// The hours and rows of the grids, which a saved view may have of its own.
-    struct GridHours {
-        int first = 0, last = 0, timeUnit = 0;
-        friend bool operator==(const GridHours&, const GridHours&) = default;
-    };
     /// What of the session a saved view changes.
     struct Stage {
         QString providerId, providerName;
-        GridHours hours;
-        std::optional<GridHours> ownHours;
+        std::optional<ShownHours> savedHours;
+        int timeUnit = 0;
     };
-    [[nodiscard]] static GridHours hours();
-    static void setHours(const GridHours& hours);
-    [[nodiscard]] Stage stage() const;
-    void setStage(const Stage& stage);
+    [[nodiscard]] static ShownHours hours();
+    [[nodiscard]] static Stage stage();
+    static void setStage(const Stage& stage);
     void useOwnHours();
+    void showOwnHours();
     void useHoursOf(const ViewContents& contents);
     void readSavedViews();
     void setSavedViews(std::vector<SavedView> views);
@@ -171,7 +167,7 @@ class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     View firstView_ = View::None;
     std::vector<SavedView> savedViews_;
     QString whyNoSavedViews_;
-    std::optional<GridHours> ownHours_;  ///< The user's own, while a saved view has other ones.
+    int ownTimeUnit_ = 0;  ///< The user's own rows, while there are SavedHours.
     QString helpFile_;
     bool ready_ = false;
     bool interfaceFontApplied_ = false;

@@ -31,46 +31,51 @@ bool isOfOneProvider(View view) {
 
 }  // namespace
 
-mdisched::GridHours mdisched::hours() {
-    return {Session().DayStartHour, Session().DayEndHour, Session().TimeUnit};
+ShownHours mdisched::hours() {
+    return Session().SavedHours.value_or(ShownHours{Session().DayStartHour, Session().DayEndHour});
 }
 
-void mdisched::setHours(const GridHours& hours) {
-    Session().DayStartHour = hours.first;
-    Session().DayEndHour = hours.last;
-    Session().TimeUnit = hours.timeUnit;
-}
-
-mdisched::Stage mdisched::stage() const {
-    return {Session().ProviderId, Session().ProviderName, hours(), ownHours_};
+mdisched::Stage mdisched::stage() {
+    return {Session().ProviderId, Session().ProviderName, Session().SavedHours, Session().TimeUnit};
 }
 
 void mdisched::setStage(const Stage& stage) {
     Session().ProviderId = stage.providerId;
     Session().ProviderName = stage.providerName;
-    setHours(stage.hours);
-    ownHours_ = stage.ownHours;
+    Session().SavedHours = stage.savedHours;
+    Session().TimeUnit = stage.timeUnit;
 }
 
 void mdisched::useOwnHours() {
-    if (ownHours_)
-        setHours(*ownHours_);
-    ownHours_.reset();
+    if (!Session().SavedHours)
+        return;
+    Session().SavedHours.reset();
+    Session().TimeUnit = ownTimeUnit_;
+}
+
+// A view that is chosen plainly while it is open with the hours of a saved one.
+void mdisched::showOwnHours() {
+    if (!Session().SavedHours)
+        return;
+    view_->CommitEdits();
+    useOwnHours();
+    view_->ApplyPreferences();
 }
 
 // Hours that make no grid, from another hand than the program's, leave the user's own.
 void mdisched::useHoursOf(const ViewContents& contents) {
     useOwnHours();
-    const GridHours own = hours();
-    const GridHours wanted{contents.Number(savedname::FirstHour, own.first),
-                           contents.Number(savedname::LastHour, own.last),
-                           contents.Number(savedname::TimeUnit, own.timeUnit)};
+    const ShownHours own = hours();
+    const ShownHours wanted{contents.Number(savedname::FirstHour, own.first),
+                            contents.Number(savedname::LastHour, own.last)};
+    const int timeUnit = contents.Number(savedname::TimeUnit, Session().TimeUnit);
     const bool isGrid = wanted.first >= 0 && wanted.first < wanted.last && wanted.last <= 24 &&
-                        std::ranges::find(TimeUnits, wanted.timeUnit) != std::end(TimeUnits);
-    if (!isGrid || wanted == own)
+                        std::ranges::find(TimeUnits, timeUnit) != std::end(TimeUnits);
+    if (!isGrid || (wanted == own && timeUnit == Session().TimeUnit))
         return;
-    ownHours_ = own;
-    setHours(wanted);
+    ownTimeUnit_ = Session().TimeUnit;
+    Session().SavedHours = wanted;
+    Session().TimeUnit = timeUnit;
 }
 
 void mdisched::readSavedViews() {
@@ -185,8 +190,8 @@ SavedView mdisched::shownView() const {
         shown.contents.Set(savedname::Provider, Session().ProviderId);
     }
     if (view != View::Month) {
-        shown.contents.Set(savedname::FirstHour, Session().DayStartHour);
-        shown.contents.Set(savedname::LastHour, Session().DayEndHour);
+        shown.contents.Set(savedname::FirstHour, hours().first);
+        shown.contents.Set(savedname::LastHour, hours().last);
         shown.contents.Set(savedname::TimeUnit, Session().TimeUnit);
     }
     view_->AddContents(shown.contents);

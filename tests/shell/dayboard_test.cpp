@@ -108,6 +108,15 @@ TEST_F(ABoard, HasThePreferredHoursAndScale) {
     EXPECT_TRUE(calendar().TwentyFourHour());
 }
 
+TEST_F(ABoard, HasTheHoursOfTheSavedViewThatIsShown) {
+    Session().SavedHours = ShownHours{6, 22};
+    load({});
+    EXPECT_EQ(calendar().FirstTime(), 360);
+    EXPECT_EQ(calendar().PrimeStart(), 360);
+    EXPECT_EQ(calendar().PrimeEnd(), 1320);
+    EXPECT_EQ(calendar().LastTime(), 1319);
+}
+
 TEST_F(ABoard, AnEarlyRowWidensItUntilTheNextLoad) {
     load({anItem("1", 400), anItem("2", 500)});
     EXPECT_EQ(calendar().FirstTime(), 400);

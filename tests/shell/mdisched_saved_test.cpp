@@ -111,9 +111,10 @@ TEST_F(SavedInTheWindow, AKeyShowsProviderHoursAndContentsOfTheView) {
     EXPECT_EQ(events(),
               (QStringList{"2 open", "2 for provider=LANE starthour=6 endhour=22 timeunit=30 columns=7 later=1"}));
     EXPECT_EQ(Session().ProviderName, "Lane");
-    EXPECT_EQ(Session().DayStartHour, 6);
-    EXPECT_EQ(Session().DayEndHour, 22);
+    EXPECT_EQ(Session().SavedHours, (ShownHours{6, 22}));
     EXPECT_EQ(Session().TimeUnit, 30);
+    EXPECT_EQ(Session().DayStartHour, 8) << "An event of the whole day lasts as long as the practice is open.";
+    EXPECT_EQ(Session().DayEndHour, 18);
     EXPECT_EQ(window->Date(), QDate(2026, 3, 11)) << "Today's work goes on.";
     EXPECT_EQ(the<QToolButton>("pnlsched").text(), " Schedule for: Lane");
 
@@ -126,26 +127,57 @@ TEST_F(SavedInTheWindow, AViewThatIsChosenPlainlyHasTheUsersOwnHoursAgain) {
     save(7, "Long", View::Week, "starthour=6\nendhour=22\ntimeunit=5");
     open();
     press(Qt::Key_F7);
-    ASSERT_EQ(Session().DayStartHour, 6);
+    ASSERT_EQ(Session().SavedHours, (ShownHours{6, 22}));
 
     window->changeview(View::Day);
 
-    EXPECT_EQ(Session().DayStartHour, 8);
-    EXPECT_EQ(Session().DayEndHour, 18);
+    EXPECT_EQ(Session().SavedHours, std::nullopt);
     EXPECT_EQ(Session().TimeUnit, 15);
+}
+
+TEST_F(SavedInTheWindow, TheOpenViewThatIsChosenPlainlyHasTheUsersOwnHoursAgain) {
+    save(7, "Long", View::Day, "starthour=6\nendhour=22\ntimeunit=5");
+    open();
+    for (int twice = 0; twice < 2; ++twice) {
+        press(Qt::Key_F7);
+        ASSERT_EQ(Session().SavedHours, (ShownHours{6, 22}));
+        events();
+
+        window->changeview(View::Day);
+
+        EXPECT_EQ(events(), QStringList{"1 preferences"});
+        EXPECT_EQ(Session().SavedHours, std::nullopt);
+        EXPECT_EQ(Session().TimeUnit, 15);
+    }
+    window->changeview(View::Day);
+    EXPECT_EQ(events(), QStringList()) << "Nothing is drawn anew for nothing.";
+}
+
+TEST_F(SavedInTheWindow, WhatIsSavedAgainHasTheHoursOnTheScreen) {
+    save(7, "Long", View::Day, "starthour=6\nendhour=22");
+    open();
+    press(Qt::Key_F7);
+    desk.expectForm("frmsviews", [](QDialog& dialog) {
+        auto& form = dynamic_cast<frmsviews&>(dialog);
+        form.List1->SelectRow(4);
+        form.cmdsave->click();
+    });
+    window->SaveThisView();
+    EXPECT_EQ(practice.text("Select Contents from SavedViews Where Slot = 11"),
+              "provider=REED\nstarthour=6\nendhour=22\ntimeunit=15\ncolumns=7");
 }
 
 TEST_F(SavedInTheWindow, ThePreferencesShowTheUsersOwnHours) {
     save(7, "Long", View::Week, "starthour=6\nendhour=22");
     open();
     press(Qt::Key_F7);
-    int shown = 0;
-    desk.expectForm("frmaopts", [&](QDialog&) { shown = Session().DayStartHour; });
+    std::optional<ShownHours> shown = ShownHours{};
+    desk.expectForm("frmaopts", [&](QDialog&) { shown = Session().SavedHours; });
 
     window->ShowPreferences();
 
-    EXPECT_EQ(shown, 8);
-    EXPECT_EQ(Session().DayStartHour, 6) << "The form was cancelled.";
+    EXPECT_EQ(shown, std::nullopt);
+    EXPECT_EQ(Session().SavedHours, (ShownHours{6, 22})) << "The form was cancelled.";
 }
 
 TEST_F(SavedInTheWindow, HoursThatMakeNoGridLeaveTheUsersOwn) {
@@ -155,8 +187,7 @@ TEST_F(SavedInTheWindow, HoursThatMakeNoGridLeaveTheUsersOwn) {
         save(7, "Bad", View::Day, QLatin1String(contents));
         open();
         press(Qt::Key_F7);
-        EXPECT_EQ(Session().DayStartHour, 8) << contents;
-        EXPECT_EQ(Session().DayEndHour, 18);
+        EXPECT_EQ(Session().SavedHours, std::nullopt) << contents;
         EXPECT_EQ(Session().TimeUnit, 15);
         window.reset();
     }
@@ -215,7 +246,7 @@ TEST_F(SavedInTheWindow, AViewThatMayNotBeLeftKeepsWhatItShows) {
     press(Qt::Key_F7);
     EXPECT_EQ(Session().CurrentView, View::Day);
     EXPECT_EQ(Session().ProviderId, "REED");
-    EXPECT_EQ(Session().DayStartHour, 8);
+    EXPECT_EQ(Session().SavedHours, std::nullopt);
     EXPECT_FALSE(window->TakeContents());
     log.refusesToClose = false;
 }
