@@ -212,12 +212,37 @@ int checkRows(db::Connection& main, bool mend) {
     return static_cast<int>(mend ? upkeep::CheckRows(main).size() : found.size());
 }
 
-int check(const QCommandLineParser& parser) {
-    const QString text = mainText(parser);
-    const QString file = db::EmbeddedFile(db::ParseConnectionText(text));
-    if (!file.isEmpty())
-        for (const QString& damage : db::DamagesOf(file))
-            return complain(QStringLiteral("The file %1 is damaged: %2\nRestore it from a backup.").arg(file, damage));
+/// Returns whether the file is whole, and complains of it where it is not.
+bool isWhole(const QString& file) {
+    const QStringList damages = db::DamagesOf(file);
+    if (!damages.isEmpty())
+        complain(
+            QStringLiteral("The file %1 is damaged: %2\nRestore it from a backup.").arg(file, damages.constFirst()));
+    return damages.isEmpty();
+}
+
+/// Tells what the companion database lacks, where it is a file. Another program owns its tables, so that nothing here
+/// mends them. Returns 0, Failed or Found.
+int checkCompanion(const QString& file) {
+    if (file.isEmpty())
+        return 0;
+    if (!QFileInfo::exists(file)) {
+        say(QStringLiteral("The companion database %1, which the settings name, is not there.").arg(file));
+        return Found;
+    }
+    if (!isWhole(file))
+        return Failed;
+    db::Connection companion;
+    companion.Open(QStringLiteral("Data Source=%1;Initial Catalog=%2;")
+                       .arg(QFileInfo(file).absolutePath(), QFileInfo(file).completeBaseName()));
+    const QStringList missing = upkeep::MissingParts(companion, SchemaScript::Companion);
+    for (const QString& part : missing)
+        say(QStringLiteral("Missing in the companion database %1: %2").arg(file, part));
+    return missing.isEmpty() ? 0 : Found;
+}
+
+/// Checks the main database; returns 0, Failed or Found.
+int checkMain(const QCommandLineParser& parser, const QString& text) {
     db::Connection main;
     main.Open(text);
     const QStringList missing = upkeep::MissingParts(main, SchemaScript::Main);
@@ -228,8 +253,21 @@ int check(const QCommandLineParser& parser) {
         return Found;
     }
     const int left = checkRows(main, parser.isSet(fixOption()));
-    say(left == 0 ? QStringLiteral("All is sound.") : QStringLiteral("Rows that are not sound: %1").arg(left));
+    if (left > 0)
+        say(QStringLiteral("Rows that are not sound: %1").arg(left));
     return left == 0 ? 0 : Found;
+}
+
+int check(const QCommandLineParser& parser) {
+    const QString text = mainText(parser);
+    const upkeep::PracticeFiles practice = upkeep::FilesOf(text, iniPath(parser));
+    if (!practice.main.isEmpty() && !isWhole(practice.main))
+        return Failed;
+    const int result = checkMain(parser, text);
+    const int companion = checkCompanion(practice.companion);
+    if (result == 0 && companion == 0)
+        say(QStringLiteral("All is sound."));
+    return companion == Failed || result == 0 ? companion : result;
 }
 
 upkeep::PracticeFiles embeddedPractice(const QCommandLineParser& parser) {

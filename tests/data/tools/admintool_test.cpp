@@ -96,6 +96,30 @@ TEST_F(AdminTool, TellsADamagedDatabaseAndAForeignOne) {
     EXPECT_TRUE(outcome.out.contains("Missing in the schema: appointments\n")) << outcome.out.toStdString();
 }
 
+TEST_F(AdminTool, TellsOfACompanionDatabaseThatIsGoneForeignOrDamaged) {
+    const QString file = home() + QStringLiteral("/companion.db");
+    ASSERT_TRUE(QFile::rename(file, file + QStringLiteral(".kept")));
+    const Outcome gone = call({"check"});
+    EXPECT_EQ(gone.code, 3);
+    EXPECT_TRUE(gone.out.contains(
+        QStringLiteral("The companion database %1, which the settings name, is not there.").arg(file)))
+        << gone.out.toStdString();
+
+    db::Connection foreign;
+    foreign.Create(QStringLiteral("Data Source=%1;Initial Catalog=companion;").arg(home()));
+    foreign.Execute("Create Table Recipes (name nvarchar(20))");
+    foreign.Close();
+    const Outcome lacking = call({"check"});
+    EXPECT_EQ(lacking.code, 3);
+    EXPECT_TRUE(lacking.out.contains(": ClientTransactions\n")) << lacking.out.toStdString();
+    EXPECT_FALSE(lacking.out.contains("upgrade")) << "The tables are another program's.";
+
+    PutFile(file, "This is a letter.");
+    const Outcome damaged = call({"check"});
+    EXPECT_EQ(damaged.code, 1);
+    EXPECT_TRUE(damaged.err.contains("companion")) << damaged.err.toStdString();
+}
+
 TEST_F(AdminTool, BacksUpAndRestoresAfterAQuestion) {
     const QString backups = folder.filePath(QStringLiteral("backups"));
     EXPECT_EQ(call({"backup", backups}).code, 0);

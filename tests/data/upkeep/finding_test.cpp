@@ -200,6 +200,11 @@ TEST_F(CheckedRows, OfNotesThatAreGoneAreDeleted) {
     expectFixed("The reason of a missed appointment belongs to a session note that is gone.");
 }
 
+TEST_F(CheckedRows, OfTheWaitListWithoutAPatientAreDeleted) {
+    run("Insert Into WaitList (PatientId, Minutes) Values ('GONE', 50)");
+    expectFixed("Who waits for an hour is no patient of this practice.");
+}
+
 TEST_F(CheckedRows, ThatCannotBeChangedStayAsTheyAre) {
     change("nStartTime = 590, nEndTime = 540");
     const Finding finding = theFinding();
