@@ -4,7 +4,7 @@
 # README.md tells what each package is for.
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config qt6-base-dev qt6-base-dev-tools
 libqt6svg6 libsqlite3-dev libsodium-dev unixodbc-dev unixodbc tdsodbc libhunspell-dev hunspell-en-us libcurl4-openssl-dev
-ca-certificates fonts-dejavu-core)
+ca-certificates libcmark-gfm-dev libcmark-gfm-extensions-dev fonts-dejavu-core)
 # Only the tests use these, and only the benchmarks that one.
 TEST_PACKAGES=(libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev python3-icalendar tidy qt6-webengine-dev
 python3-aiosmtpd openssl at-spi2-core)

@@ -24,6 +24,7 @@
 #include "platform/controls/noticebar.h"
 #include "platform/desktop/busypointer.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/manual.h"
 #include "platform/desktop/opendialog.h"
 #include "platform/desktop/userstore.h"
 #include "platform/text/plaintext.h"
@@ -321,9 +322,12 @@ bool mdisched::eventFilter(QObject* watched, QEvent* event) {
         QApplication::activePopupWidget() != nullptr)
         return QMainWindow::eventFilter(watched, event);
     const QKeySequence pressed(static_cast<QKeyEvent*>(event)->keyCombination());
-    if (pressed != keys_[hideNames_] || !hideNames_->isEnabled())
+    if (pressed == QKeySequence(Qt::Key_F1))
+        ShowHelp();
+    else if (pressed == keys_[hideNames_] && hideNames_->isEnabled())
+        ToggleHidePatientNames();
+    else
         return QMainWindow::eventFilter(watched, event);
-    ToggleHidePatientNames();
     return true;
 }
 
@@ -394,10 +398,20 @@ void mdisched::cyclePanes(int direction) {
     targets[static_cast<std::size_t>((at + direction + count) % count)]->setFocus(Qt::TabFocusReason);
 }
 
+// The manual takes the place of the help file, which stays as what is opened where no manual is installed.
 void mdisched::ShowHelp() {
-    if (!QFileInfo::exists(helpFile_) || !OpenWithShell(helpFile_))
+    const QWidget* from = QApplication::activeModalWidget();
+    if (from == nullptr)
+        from = QApplication::activeWindow();
+    const QString page = ManualPageOf(from == nullptr || from == this ? view_ : from);
+    if (!page.isEmpty()) {
+        if (!OpenWithShell(page))
+            MsgBox(tr("No browser could be started for the manual. Its page is %1.").arg(page), InformationBox,
+                   windowTitle());
+    } else if (!QFileInfo::exists(helpFile_) || !OpenWithShell(helpFile_)) {
         MsgBox(tr("The help file %1 could not be opened.").arg(QFileInfo(helpFile_).fileName()), InformationBox,
                windowTitle());
+    }
 }
 
 void mdisched::closeEvent(QCloseEvent* event) {

@@ -36,8 +36,8 @@ using ViewFactories = std::map<View, std::function<std::unique_ptr<ViewWindow>(M
 /// Its keys: Ctrl+1 to Ctrl+6 the views, Ctrl+T today, Alt+Left and Alt+Right one step back and forward, F5 reload,
 /// Ctrl+N add, Ctrl+F find, Ctrl+P print, Ctrl+I check-in list, Ctrl+H hide names, Ctrl+L provider, Ctrl+, preferences,
 /// F7 to F12 the saved views, F9 the task pane while no view is saved on it, F6 and Shift+F6 from pane to pane, F1
-/// help, Ctrl+Q leave. Ctrl+H works in every window of the program, also while a dialog is in front. When a menu item
-/// of the open view has one of these keys, the key belongs to the menu item.
+/// the manual, Ctrl+Q leave. Ctrl+H and F1 work in every window of the program, also while a dialog is in front. When a
+/// menu item of the open view has one of these keys, the key belongs to the menu item.
 class mdisched : public QMainWindow, public MainWindow, public StartUpWindow {
     Q_OBJECT
 

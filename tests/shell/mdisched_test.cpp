@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTest>
@@ -11,7 +12,9 @@
 #include "people/frmsltpv.h"
 #include "platform/controls/ctlist.h"
 #include "platform/desktop/forms.h"
+#include "platform/desktop/manual.h"
 #include "tests/shell/mainwindowfixture.h"
+#include "tests/support/files.h"
 
 namespace {
 
@@ -492,13 +495,54 @@ TEST_F(MainWindowTest, AWindowOfAFixedSizeLeavesTheRememberedPlaceAlone) {
     EXPECT_EQ(ReadUserSetting(QStringLiteral("mdisched")), QStringLiteral("5,5,700,500,0"));
 }
 
+/// A manual of two pages.
+class HelpTest : public MainWindowTest {
+  protected:
+    HelpTest() {
+        PutFile(manual.filePath(QStringLiteral("index.html")), "<p>Contents</p>");
+        PutFile(manual.filePath(QStringLiteral("forms.txt")), "mdisched window.html\nfrmaopts preferences.html\n");
+        ManualFolder() = manual.path();
+    }
+    ~HelpTest() override { ManualFolder() = before; }
+    [[nodiscard]] QString page(const char* name) const { return manual.filePath(QLatin1String(name)); }
+
+    const QString before = ManualFolder();
+    QTemporaryDir manual{TestFolderTemplate()};
+};
+
+TEST_F(HelpTest, F1OpensThePageOfTheWindowAndOfTheFormInFront) {
+    start();
+    QAction& help = *window->findChild<QAction*>(QStringLiteral("help"));
+    help.trigger();
+    EXPECT_EQ(desk.opened, QStringList(page("index.html"))) << "No view is open, and the manual knows none.";
+    QDialog stranger(window.get());
+    QLineEdit field(&stranger);
+    stranger.setModal(true);
+    stranger.show();
+    QTest::keyClick(&field, Qt::Key_F1);
+    EXPECT_EQ(desk.opened.value(1), page("window.html")) << "A form that has no page belongs to a window that has one.";
+    QTest::keyClick(&field, Qt::Key_F1);
+    EXPECT_EQ(desk.opened.size(), 3) << "Twice is no more than twice.";
+}
+
+TEST_F(HelpTest, AMissingBrowserIsToldWithThePage) {
+    start();
+    Desktop().openWithShell = [](const QString&) { return false; };
+    desk.expectBox(
+        QStringLiteral("No browser could be started for the manual. Its page is %1.").arg(page("index.html")),
+        QStringLiteral("Solvane Scheduler"));
+    window->findChild<QAction*>(QStringLiteral("help"))->trigger();
+}
+
 TEST_F(MainWindowTest, AMissingHelpFileIsTold) {
+    const QString manual = std::exchange(ManualFolder(), QStringLiteral("/nowhere"));
     start();
     window->SetHelpFile(folder.filePath(QStringLiteral("Solvane.chm")));
     desk.expectBox(QStringLiteral("The help file Solvane.chm could not be opened."),
                    QStringLiteral("Solvane Scheduler"));
     window->findChild<QAction*>(QStringLiteral("help"))->trigger();
     EXPECT_EQ(desk.opened, QStringList());
+    ManualFolder() = manual;
 }
 
 TEST_F(MainWindowTest, NothingIsClippedAtTheUsualSize) {
