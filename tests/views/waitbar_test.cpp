@@ -275,6 +275,20 @@ TEST_F(WaitOffers, WhoHasAnotherVisitThenIsNotOffered) {
     EXPECT_EQ(offered(), "Novak");
 }
 
+TEST_F(WaitOffers, WhoseGroupSessionIsCancelledThenIsOffered) {
+    waits("J", 50);
+    waits("M", 50);
+    const auto inGroup = [this](const char* patient, int code) {
+        const qint64 group = add(anAppointment("Grief").at(10, 0).until(11, 0).of("LANE").status(code));
+        run(db::Sql("Insert Into AppointmentsGroup (nKeyId, PatientId) Values({}, '{}')", group, patient));
+    };
+    inGroup("J", ncolor::TherapistCancelled);
+    inGroup("M", ncolor::PatientCancelled);
+    start();
+    choose("Anna", "mnuAPCancel");
+    EXPECT_EQ(offered(), "Jones Miller");
+}
+
 TEST_F(WaitOffers, AnActivityThatTheProviderAttendsTakesItsTime) {
     waits("J", 50);
     const qint64 meeting = add(anAppointment("Meeting").at(10, 30).until(11, 0).of("~EVT").status(ncolor::Activity));
@@ -396,6 +410,21 @@ TEST_F(WaitOffers, AnotherDesksCancellationIsSeenWhenTheViewIsReadAgain) {
     EXPECT_EQ(offered(), "-");
     view_->Reload();
     EXPECT_EQ(offered(), "Jones");
+}
+
+TEST_F(WaitOffers, AnotherDesksDeletionOfAnActivityOfSeveralIsOfferedInTheSchedulesOfThoseWhoAttended) {
+    waits("J", 50);
+    const qint64 meeting = add(anAppointment("Meeting").at(13, 0).until(14, 0).of("~EVT").status(ncolor::Activity));
+    for (const char* who : {"REED", "LANE"})
+        run(db::Sql("Insert Into appointmentsevents (nkeyid, clinicianid) Values({}, '{}')", meeting, who));
+    start();
+    view_->Reload();
+    EXPECT_EQ(offered(), "-");
+    otherDesk(db::Sql("Delete From appointmentsevents Where nkeyid = {}", meeting));
+    otherDesk(db::Sql("Delete From appointments Where nkeyid = {}", meeting));
+    view_->Reload();
+    EXPECT_EQ(offered(), "Jones");
+    EXPECT_EQ(bar_->lstoffers->Cell(0, 2), "Reed");
 }
 
 TEST_F(WaitOffers, AnHourThatAnotherDeskHasTakenIsOfferedNoMore) {
