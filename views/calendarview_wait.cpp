@@ -108,7 +108,7 @@ void CalendarView::tellFreedTimes() {
             continue;
         const bool shared = before.clinicianId == QLatin1String(EventClinicianId);
         TellFreedTime({shared ? Provider().id : before.clinicianId,
-                       before.stored.ItemDay.isValid() ? before.stored.ItemDay : ctMDay1->Date(),
+                       dateOf(before.stored),
                        {before.stored.ItemStart, before.stored.ItemEnd},
                        GetPipeField(before.stored.ItemNote, 3)});
     }
