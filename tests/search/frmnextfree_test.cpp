@@ -77,6 +77,14 @@ TEST_F(NextFreeHour, ShowsTheOpeningsOfThisProviderAtOnce) {
     EXPECT_TRUE(form_->txtpatients->hasFocus());
 }
 
+TEST_F(NextFreeHour, TheDatesHaveTheOrderOfTheCountryInEnglishNames) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    open();
+    QLocale::setDefault(before);
+    EXPECT_TRUE(row(0).startsWith(QStringLiteral("Wed, 11 Mar 2026;"))) << row(0).toStdString();
+}
+
 TEST_F(NextFreeHour, ANameAndTwiceEnterChoosesTheNextOpening) {
     open();
     type(QStringLiteral("o'b"));
