@@ -10,8 +10,10 @@
 #include "platform/controls/formparts.h"
 #include "platform/controls/textfield.h"
 #include "platform/desktop/desktop.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/session.h"
 
 namespace {
 
@@ -35,6 +37,8 @@ PatientBox::PatientBox(QWidget& form) : QWidget(&form), form_(form) {
     txtpatients->SetMost(LongestName);
     txtpatients->setAccessibleName(tr("Patient"));
     txtpatients->setPlaceholderText(tr("Last name, first name"));
+    // A label beside the box is none of the field's neighbours, by which a screen reader would find it.
+    txtpatients->setAccessibleName(CaptionText(Session().WordUsage));
     cmdPatientList = FormButton(tr("Look &Up..."), "cmdPatientList", this);
     pnlmatches = new MatchList(*txtpatients, form);
     auto* row = new QHBoxLayout(this);

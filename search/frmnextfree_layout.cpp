@@ -37,7 +37,6 @@ void frmnextfree::buildForm() {
 void frmnextfree::buildFields() {
     patient_ = new PatientBox(*this);
     txtpatients = patient_->txtpatients;
-    txtpatients->setAccessibleName(CaptionText(Session().WordUsage));
     cmdPatientList = patient_->cmdPatientList;
     lblpatient = Named(new QLabel(this), "lblpatient");
     lblpatient->setTextFormat(Qt::PlainText);

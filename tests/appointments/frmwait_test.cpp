@@ -88,6 +88,7 @@ TEST_F(WaitListForm, AnEntryIsAddedByTypingAndEnter) {
     auto form = open();
     EXPECT_EQ(form->lblcount->text(), "Nobody waits.");
     desk.expectForm("frmwaitentry", [](QDialog& dialog) {
+        EXPECT_FALSE(entryForm(dialog).pnlpatient->txtpatients->accessibleName().isEmpty());
         strike(entryForm(dialog), QStringLiteral("o'b"));
         EXPECT_EQ(entryForm(dialog).pnlpatient->txtpatients->text(), "O'Brien, Anna");
         EXPECT_EQ(entryForm(dialog).ctlength->Value(), 45) << "the usual service of the patient";
