@@ -103,12 +103,11 @@ bool deletes(const SeriesWork& work) {
 }
 
 QHash<int, RestRow> rowsOf(const std::vector<SeriesStep>& steps) {
-    std::vector<int> keys;
-    for (const SeriesStep& step : steps)
-        keys.push_back(step.key);
+    std::vector<int> keys(steps.size());
+    std::ranges::transform(steps, keys.begin(), &SeriesStep::key);
     QHash<int, RestRow> rows;
-    for (RestRow& row : ReadRestRows(keys))
-        rows.insert(row.key, std::move(row));
+    for (const RestRow& row : ReadRestRows(keys))
+        rows.insert(row.key, row);
     return rows;
 }
 
