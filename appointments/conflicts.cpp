@@ -60,6 +60,12 @@ QString ApptConflictStatement(int key, QDate date, double s, double e, const QSt
                key, patientId, date, s, e, s, e);
 }
 
+QString AttendeeConflictStatement(int key, QDate date, double s, double e) {
+    return Sql(
+        "Select dapptdate, nstarttime, nendtime, cappttext, clinicianid from appointments Where nKeyid <> {} AND appttype <> 4 And Clinicianid In (Select clinicianid from appointmentsevents Where nkeyid = {}) AND DApptDate = '{}' And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {})) UNION Select dapptdate, nstarttime, nendtime, cappttext, appointmentsevents.clinicianid from appointments Inner Join appointmentsevents On appointmentsevents.nkeyid = appointments.nkeyid Where appointments.nKeyid <> {} AND appttype <> 4 And appointmentsevents.clinicianid In (Select clinicianid from appointmentsevents Where nkeyid = {}) AND DApptDate = '{}' And (({} Between nstarttime and (nendtime - .1))  OR ({} Between (nstarttime + .1) and nendtime)  OR ((nstarttime + .1) Between {} And {}))",
+        key, key, date, s, e, s, e, key, key, date, s, e, s, e);
+}
+
 QStringList RoomConflictStatements(int key, QDate date, double s, double e, int roomId, int byAppointment) {
     if (byAppointment != 0)
         return {
@@ -164,20 +170,26 @@ bool mustStop(Booked booked, MinuteSpan proposed, Search&& search) {
     return !form.IsAccepted();
 }
 
-}  // namespace
-
-std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
-                                        const QString& providerId, Cancelled cancelled) {
+std::vector<Conflict> readConflicts(const QString& statement, QDate date) {
     std::vector<Conflict> conflicts;
     ProviderNames names;
-    Recordset rows(ApptConflictStatement(key, date, start, end, patientId, providerId, cancelled),
-                   Session().Connection);
-    for (; !rows.Eof(); rows.MoveNext())
+    for (Recordset rows(statement, Session().Connection); !rows.Eof(); rows.MoveNext())
         conflicts.push_back(
             {rows["dapptdate"].date(), timeOf(rows), rows["cappttext"].text(), names[rows["clinicianid"].text()]});
     sortByTime(conflicts);
     nameTexts(conflicts, date);
     return conflicts;
+}
+
+}  // namespace
+
+std::vector<Conflict> FindApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
+                                        const QString& providerId, Cancelled cancelled) {
+    return readConflicts(ApptConflictStatement(key, date, start, end, patientId, providerId, cancelled), date);
+}
+
+std::vector<Conflict> FindAttendeeConflicts(int key, QDate date, double start, double end) {
+    return readConflicts(AttendeeConflictStatement(key, date, start, end), date);
 }
 
 std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment) {
@@ -204,6 +216,10 @@ bool CheckApptConflicts(int key, QDate date, double start, double end, const QSt
                         const QString& providerId, Cancelled cancelled) {
     return mustStop(Booked::Provider, {start, end},
                     [&] { return FindApptConflicts(key, date, start, end, patientId, providerId, cancelled); });
+}
+
+bool CheckAttendeeConflicts(int key, QDate date, double start, double end) {
+    return mustStop(Booked::Provider, {start, end}, [&] { return FindAttendeeConflicts(key, date, start, end); });
 }
 
 bool CheckRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment) {

@@ -29,6 +29,10 @@ enum class Cancelled { Conflicts, LeftOut };
                                                       const QString& patientId, const QString& providerId,
                                                       Cancelled cancelled = Cancelled::Conflicts);
 
+/// Returns what those who attend an activity have booked in conflict with it, by the same rule: rows of their own and
+/// other activities that they attend. `key` is that of the activity. Throws db::DatabaseError.
+[[nodiscard]] std::vector<Conflict> FindAttendeeConflicts(int key, QDate date, double start, double end);
+
 /// Returns what is booked in the room in conflict with `start` to `end` (minutes since midnight), ordered by time. When
 /// `byAppointment` is not 0, `key` is the key of an appointment, whose own booking is left out; a booking with a null
 /// apptid is then not found either (new bookings get 0 from the database). When `byAppointment` is 0, `key` is the key
@@ -38,9 +42,10 @@ enum class Cancelled { Conflicts, LeftOut };
 [[nodiscard]] std::vector<Conflict> FindRoomConflicts(int key, QDate date, double start, double end, int roomId,
                                                       int byAppointment);
 
-/// The statements that FindApptConflicts and FindRoomConflicts read, for a caller that reads them together with others.
+/// The statements that the three searches read, for a caller that reads them together with others.
 [[nodiscard]] QString ApptConflictStatement(int key, QDate date, double start, double end, const QString& patientId,
                                             const QString& providerId, Cancelled cancelled = Cancelled::Conflicts);
+[[nodiscard]] QString AttendeeConflictStatement(int key, QDate date, double s, double e);
 [[nodiscard]] QStringList RoomConflictStatements(int key, QDate date, double start, double end, int roomId,
                                                  int byAppointment);
 
@@ -53,5 +58,7 @@ enum class Cancelled { Conflicts, LeftOut };
 /// and the open dialog keeps what was typed for another attempt.
 [[nodiscard]] bool CheckApptConflicts(int key, QDate date, double start, double end, const QString& patientId,
                                       const QString& providerId, Cancelled cancelled = Cancelled::Conflicts);
+/// Does the same for all who attend an activity.
+[[nodiscard]] bool CheckAttendeeConflicts(int key, QDate date, double start, double end);
 /// Does the same for a room. The appointment screens pass the key itself as `byAppointment`.
 [[nodiscard]] bool CheckRoomConflicts(int key, QDate date, double start, double end, int roomId, int byAppointment);

@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 
 #include "appointments/holdingshelf.h"
@@ -14,6 +13,7 @@
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/hiddennames.h"
 #include "session/session.h"
 
@@ -85,8 +85,7 @@ void frmmove::showHeading() {
     const CalendarItem& item = request_.row.stored;
     const QString text = NamesPatient(item) ? ShownName(item.ItemText) : item.ItemText;
     lblheading->setText(QStringLiteral("%1 · %2 · %3")
-                            .arg(Title, QLocale::c().toString(item.ItemDay, QStringLiteral("ddd, MMM d, yyyy")),
-                                 text.isEmpty() ? request_.provider.name : text));
+                            .arg(Title, NamedDateText(item.ItemDay), text.isEmpty() ? request_.provider.name : text));
     lblfrom->setText(
         tr("Now %1 to %2 with %3, %4.")
             .arg(timeText(item.ItemStart), timeText(item.ItemEnd), request_.provider.name, MinutesText(length())));

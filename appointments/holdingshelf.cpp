@@ -1,12 +1,11 @@
 #include "appointments/holdingshelf.h"
 
-#include <QLocale>
-
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 using db::Recordset;
@@ -60,7 +59,7 @@ ShelvedAppointment shelvedFrom(const Recordset& row) {
 }  // namespace
 
 QString ShelvedAppointment::When() const {
-    return QStringLiteral("%1, %2").arg(WeekdayText(row.stored.ItemDay),
+    return QStringLiteral("%1, %2").arg(NamedDayText(row.stored.ItemDay),
                                         MinutesToTimeText(row.stored.ItemStart, Session().MilitaryTime));
 }
 
@@ -128,13 +127,8 @@ WriteOutcome TakeOffShelf(int key) {
     });
 }
 
-QString WeekdayText(QDate date) {
-    const bool thisYear = date.year() == Today().year();
-    return QLocale::c().toString(date, thisYear ? QStringLiteral("ddd, MMM d") : QStringLiteral("ddd, MMM d, yyyy"));
-}
-
 QString WeekdayText(QDate date, int start) {
-    return QStringLiteral("%1 at %2").arg(WeekdayText(date), MinutesToTimeText(start, Session().MilitaryTime));
+    return QStringLiteral("%1 at %2").arg(NamedDayText(date), MinutesToTimeText(start, Session().MilitaryTime));
 }
 
 QString MinutesText(int minutes) {

@@ -36,9 +36,7 @@ struct HoldingShelf {
 /// Takes an appointment off the shelf. Nothing happens where it is not there.
 [[nodiscard]] WriteOutcome TakeOffShelf(int key);
 
-/// "Sat, Nov 28", with the year where it is not the present one. English in every locale.
-[[nodiscard]] QString WeekdayText(QDate date);
-/// "Sat, Nov 28 at 9:00 AM".
+/// "Sat, Nov 28 at 9:00 AM", with the year where it is not the present one.
 [[nodiscard]] QString WeekdayText(QDate date, int start);
 /// "1 minute", "50 minutes".
 [[nodiscard]] QString MinutesText(int minutes);

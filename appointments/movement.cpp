@@ -2,10 +2,10 @@
 
 #include "appointments/appointmentrows.h"
 #include "appointments/conflicts.h"
+#include "appointments/workinghours.h"
 #include "data/holidays.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
-#include "data/recurrence.h"
 #include "platform/database/readtogether.h"
 #include "platform/database/sql.h"
 #include "platform/desktop/desktop.h"
@@ -16,9 +16,20 @@ using db::Sql;
 
 namespace {
 
-QString hoursStatement(const MoveTarget& target) {
-    return Sql("Select * from ProvSched Where providerid = '{}' and workdayvalue = {}", target.provider.id,
-               WeekdayNumber(target.slot.date));
+QString attendeesStatement(int key) {
+    return Sql(
+        "Select appointmentsevents.clinicianid, prov_lastname from appointmentsevents Left Join provider_info On provider_info.id = appointmentsevents.clinicianid Where nkeyid = {} Order by prov_lastname",
+        key);
+}
+
+std::vector<BookedProvider> attendeesOf(int key) {
+    std::vector<BookedProvider> attendees;
+    for (Recordset rows(attendeesStatement(key), Session().Connection); !rows.Eof(); rows.MoveNext()) {
+        const QString id = rows["clinicianid"].text();
+        const QString name = rows["prov_lastname"].text();
+        attendees.push_back({id, name.isEmpty() ? id : name});
+    }
+    return attendees;
 }
 
 void addHoliday(std::vector<MoveObstacle>& obstacles, QDate date) {
@@ -26,19 +37,15 @@ void addHoliday(std::vector<MoveObstacle>& obstacles, QDate date) {
         obstacles.push_back({{0, MinutesPerDay}, QStringLiteral("Holiday: %1").arg(*holiday), {}, false});
 }
 
-// As the calendar shades the day: without a row every hour is a working hour, and a start of 0 makes none one.
-void addHours(std::vector<MoveObstacle>& obstacles, const MoveTarget& target) {
-    const Recordset hours(hoursStatement(target), Session().Connection);
-    if (hours.Eof())
-        return;
-    const int start = static_cast<int>(hours["starttime"].integer());
-    const int end = static_cast<int>(hours["endtime"].integer());
-    if (start <= 0)
-        obstacles.push_back({{0, MinutesPerDay}, QStringLiteral("No working hours on this day"), target.provider.name});
-    else if (target.slot.start < start || target.slot.end > end)
-        obstacles.push_back({{static_cast<double>(start), static_cast<double>(end)},
+void addHours(std::vector<MoveObstacle>& obstacles, const WorkingHours& hours, const BookedProvider& provider,
+              const SelectedSlot& slot) {
+    const std::optional<MinuteRange> work = hours.On(provider.id, slot.date);
+    if (!work)
+        obstacles.push_back({{0, MinutesPerDay}, QStringLiteral("No working hours on this day"), provider.name});
+    else if (slot.start < work->start || slot.end > work->end)
+        obstacles.push_back({{static_cast<double>(work->start), static_cast<double>(work->end)},
                              QStringLiteral("Outside the working hours"),
-                             target.provider.name});
+                             provider.name});
 }
 
 void addConflicts(std::vector<MoveObstacle>& obstacles, const std::vector<Conflict>& conflicts) {
@@ -84,13 +91,19 @@ std::vector<MoveObstacle> FindMoveObstacles(const ShownAppointment& row, const M
     const SelectedSlot& slot = target.slot;
     const QString patient = GetPipeField(row.stored.ItemNote, 3);
     const db::ReadTogether together(
-        Session().Connection, {HolidayStatement(slot.date), hoursStatement(target),
-                               ApptConflictStatement(key, slot.date, slot.start, slot.end, patient, target.provider.id),
-                               ApptRoomStatement(key)});
+        Session().Connection,
+        {HolidayStatement(slot.date), WorkingHours::Statement(), attendeesStatement(key),
+         ApptConflictStatement(key, slot.date, slot.start, slot.end, patient, target.provider.id),
+         AttendeeConflictStatement(key, slot.date, slot.start, slot.end), ApptRoomStatement(key)});
     std::vector<MoveObstacle> obstacles;
     addHoliday(obstacles, slot.date);
-    addHours(obstacles, target);
-    addConflicts(obstacles, FindApptConflicts(key, slot.date, slot.start, slot.end, patient, target.provider.id));
+    const std::vector<BookedProvider> attendees = attendeesOf(key);
+    const WorkingHours hours = WorkingHours::Read();
+    for (const BookedProvider& provider : attendees.empty() ? std::vector{target.provider} : attendees)
+        addHours(obstacles, hours, provider, slot);
+    addConflicts(obstacles, attendees.empty()
+                                ? FindApptConflicts(key, slot.date, slot.start, slot.end, patient, target.provider.id)
+                                : FindAttendeeConflicts(key, slot.date, slot.start, slot.end));
     const Recordset booking(ApptRoomStatement(key), Session().Connection);
     if (const int room = booking.Eof() ? 0 : static_cast<int>(booking["croomid"].integer()); room > 0)
         addConflicts(obstacles, FindRoomConflicts(key, slot.date, slot.start, slot.end, room, key));

@@ -47,6 +47,7 @@ struct MoveTarget {
 };
 
 /// Returns what would be in the way of this appointment there: a holiday, the end of the provider's working hours, what
-/// the provider and the patient have booked (also unavailable time), and what is booked in the appointment's room. The
-/// rules are those of conflicts.h. Throws db::DatabaseError.
+/// the provider and the patient have booked (also unavailable time), and what is booked in the appointment's room. Of
+/// an activity of several, the hours and the bookings of all who attend it count. The rules are those of conflicts.h
+/// and workinghours.h. Throws db::DatabaseError.
 [[nodiscard]] std::vector<MoveObstacle> FindMoveObstacles(const ShownAppointment& row, const MoveTarget& target);

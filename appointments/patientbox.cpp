@@ -10,17 +10,24 @@
 #include "platform/controls/formparts.h"
 #include "platform/controls/textfield.h"
 #include "platform/desktop/desktop.h"
+#include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/session.h"
 
 namespace {
 
-constexpr int LongestName = 255;
+constexpr int LongestName = 255;  // appointments.cappttext
 const QString ReadFailed = QStringLiteral("Error reading patient list. ");
 
 bool takesAway(const QKeyEvent& event) {
     return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete || event.matches(QKeySequence::Cut) ||
            event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo);
+}
+
+bool isModifier(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Alt || event.key() == Qt::Key_Control || event.key() == Qt::Key_Shift ||
+           event.key() == Qt::Key_Meta;
 }
 
 }  // namespace
@@ -30,6 +37,8 @@ PatientBox::PatientBox(QWidget& form) : QWidget(&form), form_(form) {
     txtpatients->SetMost(LongestName);
     txtpatients->setAccessibleName(tr("Patient"));
     txtpatients->setPlaceholderText(tr("Last name, first name"));
+    // A label beside the box is none of the field's neighbours, by which a screen reader would find it.
+    txtpatients->setAccessibleName(CaptionText(Session().WordUsage));
     cmdPatientList = FormButton(tr("Look &Up..."), "cmdPatientList", this);
     pnlmatches = new MatchList(*txtpatients, form);
     auto* row = new QHBoxLayout(this);
@@ -39,7 +48,13 @@ PatientBox::PatientBox(QWidget& form) : QWidget(&form), form_(form) {
     row->addWidget(cmdPatientList);
     setFocusProxy(txtpatients);
     txtpatients->installEventFilter(this);
-    connect(txtpatients, &QLineEdit::textEdited, this, &PatientBox::lookUp);
+    due_.setSingleShot(true);
+    connect(&due_, &QTimer::timeout, this, &PatientBox::lookUp);
+    connect(txtpatients, &QLineEdit::textEdited, this, [this] {
+        pnlmatches->Forget();
+        choose(std::nullopt);
+        due_.start(0);
+    });
     connect(cmdPatientList, &QPushButton::clicked, this, &PatientBox::pick);
     connect(pnlmatches, &MatchList::Clicked, this, &PatientBox::take);
 }
@@ -47,6 +62,7 @@ PatientBox::PatientBox(QWidget& form) : QWidget(&form), form_(form) {
 bool PatientBox::SetPatient(const QString& id) {
     try {
         if (const std::optional<PatientFacts> patient = PatientOfId(id)) {
+            due_.stop();
             txtpatients->setText(patient->name);
             pnlmatches->Forget();
             choose(patient);
@@ -65,47 +81,14 @@ void PatientBox::ShowName(const QString& name) {
     choose(std::nullopt);
 }
 
-void PatientBox::choose(const std::optional<PatientFacts>& patient) {
-    const QString before = patient_ ? patient_->id : QString();
-    patient_ = patient;
-    if (before != (patient_ ? patient_->id : QString()))
-        Q_EMIT Changed();
-}
-
-// What stands left of the caret is completed; taking characters away completes nothing and leaves nobody chosen.
-void PatientBox::lookUp() {
-    const bool takenAway = std::exchange(takesAway_, false);
-    const QString typed = txtpatients->text().left(txtpatients->cursorPosition());
-    std::optional<PatientFacts> patient;
-    if (!takenAway && !typed.isEmpty()) {
-        try {
-            patient = FindPatient(typed);
-        } catch (const db::DatabaseError& error) {
-            TellError(ReadFailed, error);
-        }
-    }
-    choose(patient);
-    if (!patient)
-        return pnlmatches->Forget();
-    txtpatients->setText(patient->name);
-    txtpatients->setSelection(static_cast<int>(patient->name.size()),
-                              -static_cast<int>(patient->name.size() - typed.size()));
-    pnlmatches->LookFor(typed);
-}
-
-void PatientBox::take(const QString& id) {
-    if (SetPatient(id))
-        txtpatients->setFocus();
-}
-
-void PatientBox::pick() {
-    frmspatnt dialog(&form_);
-    if (ShowModal(dialog) == QDialog::Accepted)
-        take(dialog.ChosenId());
+bool PatientBox::IsAsking() const {
+    return pnlmatches->isVisible();
 }
 
 bool PatientBox::Settle() {
-    if (!pnlmatches->Ask())
+    lookUpNow();
+    const bool seen = seen_ && pnlmatches->IsShown();
+    if (!pnlmatches->Ask() || (seen && takesMarked()))
         return true;
     txtpatients->setFocus();
     return false;
@@ -117,38 +100,122 @@ bool PatientBox::CloseMatches() {
     return open;
 }
 
-bool PatientBox::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        takesAway_ = takesAway(key);
-        if (keyForMatches(key))
-            return true;
+void PatientBox::PlaceMatches() {
+    pnlmatches->PlaceBelowBox();
+}
+
+void PatientBox::choose(const std::optional<PatientFacts>& patient) {
+    const QString before = patient_ ? patient_->id : QString();
+    patient_ = patient;
+    if (before != (patient_ ? patient_->id : QString()))
+        Q_EMIT Changed();
+}
+
+void PatientBox::lookUpNow() {
+    if (!due_.isActive())
+        return;
+    due_.stop();
+    lookUp();
+}
+
+// What stands left of the caret is completed; taking characters away completes nothing and leaves nobody chosen.
+void PatientBox::lookUp() {
+    const QString typed = txtpatients->text().left(txtpatients->cursorPosition());
+    if (std::exchange(takesAway_, false) || typed.isEmpty())
+        return;
+    std::optional<PatientFacts> found;
+    try {
+        found = FindPatient(typed);
+    } catch (const db::DatabaseError& error) {
+        TellError(ReadFailed, error);
     }
-    // Whoever goes on to another field has seen the list, and keeps the one whom the box holds or the marked one.
+    if (found) {
+        txtpatients->setText(found->name);
+        // From the end to what was typed, so that the next key replaces the rest and the beginning stays in sight.
+        txtpatients->setSelection(static_cast<int>(found->name.size()),
+                                  -static_cast<int>(found->name.size() - typed.size()));
+        pnlmatches->LookFor(typed);
+    }
+    choose(found);
+}
+
+void PatientBox::take(const QString& id) {
+    txtpatients->setFocus();
+    if (SetPatient(id))
+        settle(true);
+}
+
+void PatientBox::pick() {
+    frmspatnt dialog(&form_);
+    if (ShowModal(dialog) == QDialog::Accepted)
+        take(dialog.ChosenId());
+}
+
+// A key of a menu or a button comes as ShortcutOverride alone, and what it sets off may come later than the list.
+bool PatientBox::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (!isModifier(key))
+            seen_ = pnlmatches->IsShown();
+        if (event->type() == QEvent::KeyPress) {
+            // A key that is no letter is for what the letters have brought about.
+            if (key.text().isEmpty() || !key.text().front().isPrint())
+                lookUpNow();
+            takesAway_ = takesAway(key);
+            if (takesKey(key))
+                return true;
+        }
+    }
     if (event->type() == QEvent::FocusOut && form_.isVisible()) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-            if (pnlmatches->IsShown() && (!patient_ || pnlmatches->MarkedId() != patient_->id))
-                SetPatient(pnlmatches->MarkedId());
-            pnlmatches->Forget();
-        }
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            leave(reason != Qt::MouseFocusReason);
     }
     return QWidget::eventFilter(watched, event);
 }
 
-bool PatientBox::keyForMatches(const QKeyEvent& key) {
-    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-        const bool wasShown = pnlmatches->IsShown();
-        if (!pnlmatches->Ask())
-            return false;
-        if (wasShown)
-            take(pnlmatches->MarkedId());
-        return true;
-    }
+bool PatientBox::takesKey(const QKeyEvent& key) {
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
+        return takesEnter();
     if (key.key() == Qt::Key_Down)
         pnlmatches->Ask();
-    if (pnlmatches->isVisible() && pnlmatches->MoveMark(key))
-        return true;
     const bool leaves = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
-    return leaves && !pnlmatches->IsShown() && pnlmatches->Ask();
+    if (leaves && !pnlmatches->IsShown() && pnlmatches->Ask())
+        return true;
+    return pnlmatches->isVisible() && pnlmatches->MoveMark(key);
+}
+
+// Enter that chooses nobody from the list goes on to the form.
+bool PatientBox::takesEnter() {
+    if (!pnlmatches->Ask()) {
+        settle(false);
+        return false;
+    }
+    if (seen_ && takesMarked())
+        settle(true);
+    return true;
+}
+
+// One who cannot be read leaves the list in sight, and nobody chosen in his place.
+bool PatientBox::takesMarked() {
+    const QString marked = pnlmatches->MarkedId();
+    if (!(patient_ && patient_->id == marked) && !SetPatient(marked))
+        return false;
+    pnlmatches->Forget();
+    return true;
+}
+
+// Where several fit and nobody has seen them, the list stays in sight and nobody is chosen yet.
+void PatientBox::leave(bool byKey) {
+    lookUpNow();
+    const bool seen = pnlmatches->IsShown() && (seen_ || !byKey);
+    if (!pnlmatches->Ask() || (seen && takesMarked()))
+        settle(false);
+    else
+        QTimer::singleShot(0, txtpatients, [this] { txtpatients->setFocus(); });
+}
+
+void PatientBox::settle(bool byChoice) {
+    pnlmatches->Forget();
+    Q_EMIT Settled(byChoice);
 }

@@ -35,6 +35,20 @@ RestRow rowOf(const Recordset& rows) {
             false};
 }
 
+std::vector<RestRow> rowsWhere(const QString& condition) {
+    std::vector<RestRow> found;
+    QSet<int> read;
+    for (Recordset rows(PlacesStatement(condition), Session().Connection); !rows.Eof(); rows.MoveNext()) {
+        RestRow row = rowOf(rows);
+        if (read.contains(row.key))
+            continue;
+        read.insert(row.key);
+        found.push_back(std::move(row));
+    }
+    std::ranges::sort(found, [](const RestRow& a, const RestRow& b) { return timeOf(a) < timeOf(b); });
+    return found;
+}
+
 /// The keys of the series' appointments to which a member of the group came.
 QSet<int> attendedKeys(int reference) {
     QSet<int> keys;
@@ -156,22 +170,19 @@ void apply(RestPlan& plan, const RestChange& change, QDate today) {
 }  // namespace
 
 std::vector<RestRow> ReadSeries(int reference) {
-    std::vector<RestRow> series;
     const QSet<int> attended = attendedKeys(reference);
-    QSet<int> read;
-    for (Recordset rows(
-             PlacesStatement(Sql("appointments.repeating = 1 And appointments.repeating_ref = {}", reference)),
-             Session().Connection);
-         !rows.Eof(); rows.MoveNext()) {
-        RestRow row = rowOf(rows);
-        if (read.contains(row.key))
-            continue;
-        read.insert(row.key);
+    std::vector<RestRow> series =
+        rowsWhere(Sql("appointments.repeating = 1 And appointments.repeating_ref = {}", reference));
+    for (RestRow& row : series)
         row.attended = attended.contains(row.key);
-        series.push_back(std::move(row));
-    }
-    std::ranges::sort(series, [](const RestRow& a, const RestRow& b) { return timeOf(a) < timeOf(b); });
     return series;
+}
+
+std::vector<RestRow> ReadRestRows(const std::vector<int>& keys) {
+    QStringList listed{QStringLiteral("0")};
+    for (const int key : keys)
+        listed << QString::number(key);
+    return rowsWhere(Sql("appointments.nkeyid In ({})", db::Raw{listed.join(u',')}));
 }
 
 QString StayText(Stay stay) {

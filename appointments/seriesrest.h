@@ -24,6 +24,8 @@ struct RestRow {
 /// Reads the series with this `repeating_ref` in the order of time. Its first appointment need not exist any more.
 /// Throws db::DatabaseError.
 [[nodiscard]] std::vector<RestRow> ReadSeries(int reference);
+/// Reads the rows with these keys in the order of time; who attended them is left out. Throws db::DatabaseError.
+[[nodiscard]] std::vector<RestRow> ReadRestRows(const std::vector<int>& keys);
 
 /// What is to be done with the rest of a series.
 struct RestChange {

@@ -7,7 +7,10 @@
 #include <QSet>
 
 #include "appointments/conflicts.h"
+#include "appointments/restobstacles.h"
+#include "appointments/seriesrest.h"
 #include "appointments/seriesstep.h"
+#include "appointments/seriestexts.h"
 #include "data/codes.h"
 #include "data/minutetime.h"
 #include "data/pipefields.h"
@@ -99,17 +102,13 @@ bool deletes(const SeriesWork& work) {
            (work.kind == SeriesWork::Kind::Rest && !work.steps.empty() && !work.steps.front().after);
 }
 
-QHash<int, SeriesPlace> placesOf(const SeriesWork& work) {
-    QStringList keys{QStringLiteral("0")};
-    for (const SeriesStep& step : work.steps)
-        keys << QString::number(step.key);
-    QHash<int, SeriesPlace> places;
-    for (Recordset rows(PlacesStatement(QStringLiteral("appointments.nkeyid In (%1)").arg(keys.join(u','))),
-                        Session().Connection);
-         !rows.Eof(); rows.MoveNext())
-        if (const int key = static_cast<int>(rows["nkeyid"].integer()); !places.contains(key))
-            places.insert(key, PlaceOf(rows));
-    return places;
+QHash<int, RestRow> rowsOf(const std::vector<SeriesStep>& steps) {
+    std::vector<int> keys(steps.size());
+    std::ranges::transform(steps, keys.begin(), &SeriesStep::key);
+    QHash<int, RestRow> rows;
+    for (const RestRow& row : ReadRestRows(keys))
+        rows.insert(row.key, row);
+    return rows;
 }
 
 bool isPast(const SeriesStep& step) {
@@ -120,22 +119,22 @@ bool isPast(const SeriesStep& step) {
 /// What the rows themselves tell of work that was cut off. A row that stands neither as before nor as after its step is
 /// another desk's by now.
 struct StepsLeft {
-    std::vector<SeriesStep> waiting;
+    std::vector<RestPlan> waiting;
     SeriesOutcome taken;
 };
 
 StepsLeft stepsLeft(const SeriesWork& work) {
-    const QHash<int, SeriesPlace> places = placesOf(work);
+    const QHash<int, RestRow> rows = rowsOf(work.steps);
     StepsLeft left;
     left.taken.planned = static_cast<int>(work.steps.size());
     for (const SeriesStep& step : work.steps) {
-        const auto place = places.constFind(step.key);
-        const bool gone = place == places.cend();
-        if (!gone && *place == step.before && isPast(step))
+        const auto row = rows.constFind(step.key);
+        const bool gone = row == rows.cend();
+        if (!gone && row->place == step.before && isPast(step))
             ++left.taken.past;
-        else if (!gone && *place == step.before)
-            left.waiting.push_back(step);
-        else if (gone ? !step.after : step.after && *place == *step.after)
+        else if (!gone && row->place == step.before)
+            left.waiting.push_back({*row, Stay::No, step.after});
+        else if (gone ? !step.after : step.after && row->place == *step.after)
             ++left.taken.done;
         else
             ++left.taken.passed;
@@ -229,24 +228,36 @@ SeriesOutcome deleteRest(SeriesMark& mark) {
     return outcome;
 }
 
-// Time or room may have been booked by others in the meantime.
-bool isWanted(const SeriesStep& step) {
-    if (!step.after)
-        return true;
-    const SeriesPlace& to = *step.after;
-    const bool moves = step.before.date != to.date || step.before.start != to.start || step.before.end != to.end;
-    if ((moves || step.before.provider != to.provider) &&
-        CheckApptConflicts(step.key, to.date, to.start, to.end, {}, to.provider))
-        return false;
-    return to.room < 1 || (!moves && step.before.room == to.room) ||
-           !CheckRoomConflicts(step.key, to.date, to.start, to.end, to.room, step.key);
+bool isWanted(const RestPlan& plan, const QStringList& inTheWay) {
+    return inTheWay.isEmpty() ||
+           MsgBox(
+               words("Something is booked in the way of the appointment on %1 at %2:\n%3\nChange it anyway?")
+                   .arg(WeekdayAndDate(plan.after->date), MinutesToTimeText(plan.after->start, Session().MilitaryTime),
+                        inTheWay.join(QLatin1Char('\n'))),
+               YesNoBox, QStringLiteral("Appointment Conflict")) == Answer::Yes;
+}
+
+// Something may have been booked by others in the meantime. An appointment that stays does so where the next ones are
+// asked about.
+std::vector<SeriesStep> wantedOf(const std::vector<RestPlan>& plans) {
+    RestObstacles obstacles;
+    obstacles.Read(plans);
+    std::vector<bool> ticked(plans.size(), true);
+    std::vector<SeriesStep> wanted;
+    for (std::size_t place = 0; place < plans.size(); ++place) {
+        const RestPlan& plan = plans[place];
+        ticked[place] = isWanted(plan, obstacles.InTheWay(place, [&](std::size_t other) { return ticked[other]; }));
+        if (ticked[place])
+            wanted.push_back({plan.row.key, plan.row.place, plan.after});
+    }
+    return wanted;
 }
 
 SeriesOutcome changeRest(SeriesMark& mark) {
     StepsLeft left = stepsLeft(mark.Work());
-    std::erase_if(left.waiting, [](const SeriesStep& step) { return !isWanted(step); });
+    const std::vector<SeriesStep> wanted = wantedOf(left.waiting);
     const BusyPointer busy;
-    takeSteps(left.waiting, left.taken);
+    takeSteps(wanted, left.taken);
     return left.taken;
 }
 

@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLocale>
 #include <QPainter>
 #include <QPushButton>
 #include <QSet>
@@ -23,6 +22,7 @@
 #include "platform/theme/icon.h"
 #include "platform/theme/theme.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/hiddennames.h"
 #include "session/rights.h"
 #include "session/runeditor.h"
@@ -62,10 +62,6 @@ void installBarAccess() {
         return true;
     }();
     static_cast<void>(installed);
-}
-
-QString dateText(QDate date) {
-    return QLocale::c().toString(date, QStringLiteral("ddd, MMM d"));
 }
 
 QString rangeText(int start, int end) {
@@ -179,7 +175,7 @@ void WaitBar::readOffers() {
 }
 
 void WaitBar::Ask(const FreedTime& time) {
-    const QString asked = dateText(time.date) + QStringLiteral(", ") + rangeText(time.time.start, time.time.end);
+    const QString asked = NamedDayText(time.date) + QStringLiteral(", ") + rangeText(time.time.start, time.time.end);
     if (EarliestMinute(time.date, Now()) >= time.time.end)
         return tellInNotice(tr("%1 is past.").arg(asked));
     const std::vector<FreedTime> before = times_;
@@ -258,7 +254,7 @@ void WaitBar::showOffers() {
 void WaitBar::addOffer(const WaitOffer& offer) {
     const WaitRow& row = offer.row;
     const int added = lstoffers->AddRow(
-        {QStringLiteral("%1, %2").arg(dateText(offer.freed.date), rangeText(offer.start, offer.End())),
+        {QStringLiteral("%1, %2").arg(NamedDayText(offer.freed.date), rangeText(offer.start, offer.End())),
          offer.providerName, row.patientName, wantsText(row.entry),
          row.since.isValid() ? ShortDateText(row.since.date()) : QString(), row.note},
         QStringLiteral("%1 %2 %3 %4")
@@ -286,7 +282,7 @@ QString WaitBar::heading() const {
         return tr("%1 times are free. %2").arg(times.size()).arg(who);
     const FreedTime& time = times.front();
     return tr("%1, %2 with %3 is free. %4")
-        .arg(dateText(time.date), rangeText(time.time.start, time.time.end), offers_.front().providerName, who);
+        .arg(NamedDayText(time.date), rangeText(time.time.start, time.time.end), offers_.front().providerName, who);
 }
 
 void WaitBar::announce() {

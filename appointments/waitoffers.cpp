@@ -64,7 +64,7 @@ QString attendedStatement(const QString& dates) {
 
 QString groupsStatement(const QString& dates) {
     return Sql(
-        "Select dapptdate, nStartTime, nEndTime, AppointmentsGroup.PatientId From AppointmentsGroup Inner Join appointments On AppointmentsGroup.nKeyId = appointments.nkeyid Where dapptdate In ({})",
+        "Select dapptdate, nStartTime, nEndTime, ncolor, AppointmentsGroup.PatientId From AppointmentsGroup Inner Join appointments On AppointmentsGroup.nKeyId = appointments.nkeyid Where dapptdate In ({})",
         Raw{dates});
 }
 
@@ -158,7 +158,8 @@ class Practice {
 
     void readGroups(const QString& dates) {
         for (Recordset row(groupsStatement(dates), Session().Connection); !row.Eof(); row.MoveNext())
-            visits_[whose(row["PatientId"].text(), row["dapptdate"].date())].push_back({timeOf(row), {}});
+            if (!isCancelled(static_cast<int>(row["ncolor"].integer())))
+                visits_[whose(row["PatientId"].text(), row["dapptdate"].date())].push_back({timeOf(row), {}});
     }
 
     QHash<QString, QString> active_;  ///< The names of the providers who are not archived, by id.

@@ -23,8 +23,8 @@ class QToolBar;
 struct BoardCard;
 struct CardButton;
 
-/// The commands of the board on one card.
-enum class BoardCommand { CheckIn, Keep, Miss, PatientCancel, TherapistCancel, Edit, GoTo, Note };
+/// The commands of the board on one card. Pend goes back from a status that was chosen by mistake.
+enum class BoardCommand { CheckIn, Keep, Miss, PatientCancel, TherapistCancel, Pend, Edit, GoTo, Note };
 
 /// Today's board: who is due, late, waiting, in session and gone, the notes that are missing, and the series that end
 /// (BoardPlace). It shows all providers, or the user's own schedule without the right to all.
@@ -137,7 +137,7 @@ class frmboard : public QWidget {
     bool ticking_ = false;
     QTimer soon_;  ///< Runs out shortly after a write, so that several are followed by one read.
     std::array<Place, BoardPlaces> places_;
-    std::array<QAction*, 8> commands_{};
+    std::array<QAction*, 9> commands_{};
     BoardPlace active_ = BoardPlace::Due;  ///< The place whose list had the focus last.
     QGridLayout* head_ = nullptr;
     QWidget* filter_ = nullptr;

@@ -56,7 +56,9 @@ QString frmboard::whyNot(BoardCommand command, BoardPlace place, const BoardVisi
         return canHaveNote(visit) ? QString() : tr("A note is about a visit that was kept, missed or cancelled.");
     if (!MayWrite())
         return tr("Not available to you.");
-    return setsStatus(command) && !isOfToday ? tr("The board sets the status of today's visits only.") : QString();
+    if (setsStatus(command) && !isOfToday)
+        return tr("The board sets the status of today's visits only.");
+    return command == BoardCommand::Pend && visit.code == ncolor::Pending ? tr("The visit is pending.") : QString();
 }
 
 void frmboard::suitCommands() {
@@ -99,6 +101,8 @@ void frmboard::Run(BoardCommand command, BoardPlace place, int key) {
             return changeStatus(*row, ncolor::PatientCancelled);
         case BoardCommand::TherapistCancel:
             return changeStatus(*row, ncolor::TherapistCancelled);
+        case BoardCommand::Pend:
+            return changeStatus(*row, ncolor::Pending);
         case BoardCommand::Note:
             return openNote(*row);
         case BoardCommand::Edit:

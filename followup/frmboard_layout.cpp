@@ -31,11 +31,12 @@ struct CommandLook {
 };
 
 /// In the order of BoardCommand.
-constexpr std::array<CommandLook, 8> looks{{{"mnuCheckIn", "Check In...", "checkedin", "Ctrl+I"},
+constexpr std::array<CommandLook, 9> looks{{{"mnuCheckIn", "Check In...", "checkedin", "Ctrl+I"},
                                             {"mnuKept", "Kept", "check", "Ctrl+K"},
                                             {"mnuMissed", "Missed", "missed", "Ctrl+M"},
                                             {"mnuPatientCancel", "Patient Cancel", "user", "Ctrl+Shift+P"},
                                             {"mnuTherapistCancel", "Therapist Cancel", "close", "Ctrl+Shift+T"},
+                                            {"mnuPending", "Pending", "clock", "Ctrl+D"},
                                             {"mnuEdit", "Edit...", "edit", "Ctrl+E"},
                                             {"mnuGoTo", "Go to", "day", "Ctrl+G"},
                                             {"mnuNote", "Session Note...", "note", "Ctrl+Shift+S"}}};

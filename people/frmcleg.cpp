@@ -141,7 +141,7 @@ QGridLayout* frmcleg::makeColors(const std::vector<LegendEntry>& entries) {
 }
 
 QGridLayout* frmcleg::makeMarks(const std::vector<LegendMark>& marks) {
-    constexpr int MostRows = 9;
+    constexpr int MostRows = 10;
     QGridLayout* grid = legendGrid();
     const int count = static_cast<int>(marks.size());
     const int rows = std::min(count, MostRows);

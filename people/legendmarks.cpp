@@ -25,18 +25,25 @@ LegendMark picture(Glyph glyph, const char* meaning) {
             QString::fromLatin1(meaning)};
 }
 
-LegendMark card(int color, StatusMark mark, const char* meaning) {
+LegendMark card(const char* meaning, const std::function<void(CalendarItem& item, CardState& state)>& change) {
     CalendarItem item;
     item.ItemText = QStringLiteral("Name");
-    item.ItemColor = color;
-    item.ItemStatusMark = mark;
-    return {[item](QPainter& painter, const QRect& rect, const CalendarStyle& style) {
-                CardState state;
+    CardState shown;
+    change(item, shown);
+    return {[item, shown](QPainter& painter, const QRect& rect, const CalendarStyle& style) {
+                CardState state = shown;
                 state.start = From;
                 state.end = To;
                 PaintCard(painter, rect, item, state, style);
             },
             QString::fromLatin1(meaning)};
+}
+
+LegendMark card(int color, StatusMark mark, const char* meaning) {
+    return card(meaning, [&](CalendarItem& item, CardState&) {
+        item.ItemColor = color;
+        item.ItemStatusMark = mark;
+    });
 }
 
 /// A piece of an empty day as the calendar itself paints it.
@@ -74,6 +81,16 @@ std::vector<LegendMark> AppointmentMarks() {
         card(ncolor::PatientCancelled, StatusMark::Cancelled, "Cancelled, with its time free"),
         card(ncolor::Tentative, StatusMark::Tentative, "Tentative (hatched)"),
         card(ncolor::AppointmentType, StatusMark::TypeSlot, "Open slot of a type"),
+        card("On the shelf",
+             [](CalendarItem& item, CardState&) {
+                 item.ItemColor = ncolor::Pending;
+                 item.ItemShelved = true;
+             }),
+        card("Selected appointment",
+             [](CalendarItem& item, CardState& state) {
+                 item.ItemColor = ncolor::Pending;
+                 state.selected = state.focused = true;
+             }),
         picture(Glyph::Confirmed, "Call: confirmed"),
         picture(Glyph::MessageLeft, "Call: left message"),
         picture(Glyph::NoAnswer, "Call: no answer or busy"),

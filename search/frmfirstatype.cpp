@@ -20,6 +20,7 @@
 #include "platform/theme/theme.h"
 #include "search/attendance.h"
 #include "session/errorbox.h"
+#include "session/formheading.h"
 #include "session/session.h"
 
 using db::Ignoring;
@@ -251,9 +252,9 @@ void frmfirstatype::search(int length, const QString& provider) {
 
 void frmfirstatype::addResult(QDate date, int start, int length, const QString& attends) {
     const bool military = Session().MilitaryTime;
-    ctList1->AddRow({QLocale::c().toString(date, QStringLiteral("ddd, MMM d, yyyy")),
-                     MinutesToTimeText(start, military), MinutesToTimeText(start + length, military), attends},
-                    date);
+    ctList1->AddRow(
+        {NamedDateText(date), MinutesToTimeText(start, military), MinutesToTimeText(start + length, military), attends},
+        date);
 }
 
 void frmfirstatype::reject() {

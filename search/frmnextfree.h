@@ -10,7 +10,7 @@
 
 #include "search/openings.h"
 
-class PatientLookUp;
+class PatientBox;
 class ProviderPanel;
 class QCheckBox;
 class QComboBox;
@@ -102,14 +102,20 @@ class frmnextfree : public QDialog {
     void connectFields();
     void showPart();
     void showPanel();
-    void lookUpPatient();
-    void patientSettled(bool byEnter);
+    void patientSettled(bool byChoice);
     void showPatient();
     /// The id of the patient who stands in the box; empty for none.
     [[nodiscard]] QString presentPatient() const;
     void followLength();
     [[nodiscard]] int proposedLength() const;
 
+    /// Returns what is searched. When a field keeps that from being known, `missing` says what.
+    [[nodiscard]] OpeningWish wish(QString& missing) const;
+    [[nodiscard]] std::vector<BookedProvider> wantedProviders() const;
+    void goToList();
+    void book();
+
+    // frmnextfree_search.cpp
     /// Searches anew when the form has done what it is doing.
     void searchAgain();
     void startSearch();
@@ -124,15 +130,10 @@ class frmnextfree : public QDialog {
     void tell(const QString& text);
     void stopSearch(const QString& why);
     void tellFailure(const db::DatabaseError& error);
-    /// Returns what is searched. When a field keeps that from being known, `missing` says what.
-    [[nodiscard]] OpeningWish wish(QString& missing) const;
-    [[nodiscard]] std::vector<BookedProvider> wantedProviders() const;
-    void goToList();
-    void book();
 
     const NextFreeRequest request_;
     std::optional<NextFree> found_;
-    PatientLookUp* patient_ = nullptr;
+    PatientBox* patient_ = nullptr;
     QHash<int, int> typeMinutes_;                    ///< By the type's colour.
     std::vector<std::pair<QString, int>> services_;  ///< Code and name, and the minutes.
     QString searchedPatient_;                        ///< The id of the patient whose free time is listed.

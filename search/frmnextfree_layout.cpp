@@ -7,7 +7,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include "appointments/patientlookup.h"
+#include "appointments/patientbox.h"
 #include "data/minutetime.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
@@ -22,7 +22,6 @@
 
 namespace {
 
-constexpr int LongestName = 255;  // appointments.cappttext
 constexpr int LengthStep = 5;
 constexpr int FirstDay = 1;  // The row of days begins on Monday, as the week view does.
 
@@ -33,16 +32,12 @@ void frmnextfree::buildForm() {
     buildList();
     panel = new ProviderPanel(ProviderPanel::Columns::ProviderAndDiscipline, this);
     layOutForm();
-    patient_ = new PatientLookUp(*txtpatients, *this);
 }
 
 void frmnextfree::buildFields() {
-    auto* name = Named(new TextField(this), "txtpatients");
-    name->SetMost(LongestName);
-    name->setPlaceholderText(tr("Last name, first name"));
-    name->setAccessibleName(CaptionText(Session().WordUsage));
-    txtpatients = name;
-    cmdPatientList = FormButton(tr("Look &Up..."), "cmdPatientList", this);
+    patient_ = new PatientBox(*this);
+    txtpatients = patient_->txtpatients;
+    cmdPatientList = patient_->cmdPatientList;
     lblpatient = Named(new QLabel(this), "lblpatient");
     lblpatient->setTextFormat(Qt::PlainText);
     lblpatient->setForegroundRole(QPalette::PlaceholderText);
@@ -98,12 +93,8 @@ void frmnextfree::layOutWho(QFormLayout& fields) {
     length->addSpacing(Space(8));
     length->addWidget(FieldLabel(tr("T&ype:"), cboatypes));
     length->addWidget(cboatypes, 1);
-    auto* who = new QHBoxLayout;
-    who->setSpacing(Space(8));
-    who->addWidget(txtpatients, 1);
-    who->addWidget(cmdPatientList);
     const QString patient = CaptionText(Session().WordUsage);
-    fields.addRow(FieldLabel(QLatin1Char('&') + patient + QLatin1Char(':'), txtpatients), who);
+    fields.addRow(FieldLabel(QLatin1Char('&') + patient + QLatin1Char(':'), txtpatients), patient_);
     fields.addRow(QString(), lblpatient);
     fields.addRow(FieldLabel(tr("&Length:"), txtlength), length);
     fields.addRow(FieldLabel(tr("Pro&vider:"), cboproviders), cboproviders);

@@ -6,6 +6,7 @@
 
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/formparts.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/localefacts.h"
 #include "platform/text/plaintext.h"
 #include "platform/theme/theme.h"
@@ -13,6 +14,13 @@
 QString NamedDateText(QDate date) {
     static constexpr const char* formats[] = {"ddd, MMM d, yyyy", "ddd, d MMM yyyy", "yyyy MMM d, ddd"};
     return date.isValid() ? QLocale::c().toString(date, QLatin1String(formats[DateOrderOf(QLocale())])) : QString();
+}
+
+QString NamedDayText(QDate date) {
+    static constexpr const char* formats[] = {"ddd, MMM d", "ddd, d MMM", "MMM d, ddd"};
+    if (!date.isValid() || date.year() != Today().year())
+        return NamedDateText(date);
+    return QLocale::c().toString(date, QLatin1String(formats[DateOrderOf(QLocale())]));
 }
 
 FormHeading::FormHeading(QWidget* parent) : QLabel(parent) {

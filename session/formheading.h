@@ -9,6 +9,8 @@ class ctDEdit;
 /// Returns a date with short names: "Wed, Nov 18, 2026", with the day or the year first where the locale has it so. An
 /// invalid date gives "".
 [[nodiscard]] QString NamedDateText(QDate date);
+/// The same without the year where that is the present one: "Wed, Nov 18".
+[[nodiscard]] QString NamedDayText(QDate date);
 
 /// The first line of an editor: what is edited, on which day and with whom, as in "Unavailable Time · Wed, Nov 18, 2026
 /// · Reed". A part that is not known is left out. A long line is broken.

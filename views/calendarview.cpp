@@ -108,6 +108,10 @@ BookedProvider CalendarView::Provider() const {
     return {Session().ProviderId, Session().ProviderName};
 }
 
+QDate CalendarView::dateOf(const CalendarItem& item) const {
+    return item.ItemDay.isValid() ? item.ItemDay : ctMDay1->Date();
+}
+
 void CalendarView::DropSelection() {
     ctMDay1->clearSelection();
 }
@@ -128,6 +132,7 @@ void CalendarView::beginLoad(QDate date, const QString& provider) {
         keepHeldTimes();
     board_->BeginLoad(date, provider);
     callIcons_.clear();
+    seriesTips_.clear();
     facts_.clear();
     shelf_->Read();
 }

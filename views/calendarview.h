@@ -77,6 +77,8 @@ class CalendarView : public MenuView {
   protected:
     /// Returns the date of a column, counted from 1. The columns have different dates only when they are days.
     [[nodiscard]] virtual QDate dateOfColumn(int column) const;
+    /// Returns the date of an item: its own, or that of the view.
+    [[nodiscard]] QDate dateOf(const CalendarItem& item) const;
     /// Returns the provider of a column when the columns are providers, and nothing otherwise. An appointment that is
     /// dropped on the column becomes this provider's.
     [[nodiscard]] virtual std::optional<BookedProvider> providerOfColumn(int column) const;
@@ -240,6 +242,8 @@ class CalendarView : public MenuView {
     void bindSeries();
     void suitRest(int index);
     void changeRest();
+    /// "Series: 5 of 12" for the tip, read when the tip is first shown after a load.
+    [[nodiscard]] QString seriesTip(int index) const;
     // calendarview_next.cpp
     void bindNextFree();
     void findNextFree();
@@ -301,6 +305,7 @@ class CalendarView : public MenuView {
     QMenu* itemPopup_ = nullptr;
     QAction* waitForHour_ = nullptr;  ///< Stands in the popup of free time alone.
     std::vector<ShownAppointment> heldBefore_;
+    mutable QHash<QString, QString> seriesTips_;  ///< By the key of the item.
 
     mutable QHash<QString, int> callIcons_;  ///< The pictures by code, since the load began.
     QSet<QString> callCodes_;                ///< The courtesy-call codes of all loads.

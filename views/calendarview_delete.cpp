@@ -124,7 +124,7 @@ void CalendarView::deleteAppointment(const CalendarItem& item) {
     }
     if (row["repeating"].integer() != 0 && deleteFromSeries(key, static_cast<int>(row["repeating_ref"].integer())))
         return;
-    if (isDeleted(DeleteAppointment(row, auditedAs(item, item.ItemDay.isValid() ? item.ItemDay : ctMDay1->Date()))))
+    if (isDeleted(DeleteAppointment(row, auditedAs(item, dateOf(item)))))
         removeItemsOf(key);
 }
 
@@ -154,5 +154,6 @@ bool CalendarView::deleteFromSeries(int key, int ref) {
 void CalendarView::removeItemsOf(int key) {
     for (int index = 0; (index = ctMDay1->IndexOfKey(QString::number(key))) > 0;)
         ctMDay1->RemoveItem(index);
+    seriesTips_.clear();
     leaveShelf(key);
 }

@@ -150,6 +150,7 @@ void CalendarView::showRow(ShownAppointment row) {
     const ShownAppointment before = facts_.value(shown.ItemKey);
     shown.ItemColumn = item.ItemColumn;
     facts_[shown.ItemKey] = row;
+    seriesTips_.clear();
     // The picture that a status command chose stays until the view reads anew.
     if (item.ItemStatusIcon != before.stored.ItemStatusIcon)
         shown.ItemStatusIcon = item.ItemStatusIcon;

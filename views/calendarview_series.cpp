@@ -1,5 +1,6 @@
 #include "appointments/frmrecurappt.h"
 #include "appointments/frmrest.h"
+#include "appointments/seriesnumber.h"
 #include "data/codes.h"
 #include "followup/frmcheckedin.h"
 #include "platform/desktop/desktop.h"
@@ -22,7 +23,21 @@ void CalendarView::bindSeries() {
     });
     menus_.Bind(menu::mnuARest, [this] { changeRest(); });
     connect(ctMDay1, &ctMDay::ItemSelected, this, &CalendarView::suitRest);
+    ctMDay1->setSeriesText([this](int index) { return seriesTip(index); });
     suitRest(0);
+}
+
+// What cannot be read is not asked for again at each movement of the pointer.
+QString CalendarView::seriesTip(int index) const {
+    const CalendarItem& item = std::as_const(*ctMDay1).Item(index);
+    const auto known = seriesTips_.constFind(item.ItemKey);
+    if (known != seriesTips_.cend())
+        return *known;
+    QString number;
+    db::Ignoring([&] { number = SeriesNumberText(item.ItemKey.toInt(), dateOf(item), item.ItemStart); });
+    const QString tip = number.isEmpty() ? QString() : tr("Series: %1").arg(number);
+    seriesTips_.insert(item.ItemKey, tip);
+    return tip;
 }
 
 void CalendarView::suitRest(int index) {

@@ -1,6 +1,7 @@
 #include <QAction>
 
 #include "appointments/appointmentrows.h"
+#include "appointments/conflicts.h"
 #include "appointments/frmmove.h"
 #include "appointments/movement.h"
 #include "data/codes.h"
@@ -207,8 +208,11 @@ void CalendarView::land(const ShelvedAppointment& shelved, const ItemPlace& plac
     move(shelved.row, target, shelved.provider, RoomQuestion::Ask);
 }
 
-// The Activity Scheduler saves or is given up; only what it has moved leaves the shelf.
+// The user does not see the schedules of all who attend, and is asked about them first. The Activity Scheduler then
+// saves or is given up; only what it has moved leaves the shelf.
 void CalendarView::landActivity(const ShelvedAppointment& shelved, const SelectedSlot& slot) {
+    if (CheckAttendeeConflicts(shelved.key, slot.date, slot.start, slot.end))
+        return;
     scheduleActivity(shelved.key, slot);
     if (const std::optional<ShelvedAppointment> now = shelf_->Find(shelved.key); now && !now->row.StandsAs(shelved.row))
         shelf_->TakeOff(shelved.key);

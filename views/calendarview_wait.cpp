@@ -24,8 +24,7 @@ bool isCancelled(const CalendarItem& item) {
 
 // A cancelled appointment and a slot that waits for a patient hold no time.
 bool holdsTime(const ShownAppointment& row) {
-    return !isCancelled(row.stored) && row.apptType != ApptTypeSlot && row.stored.ItemStart < row.stored.ItemEnd &&
-           row.clinicianId != QLatin1String(EventClinicianId);
+    return !isCancelled(row.stored) && row.apptType != ApptTypeSlot && row.stored.ItemStart < row.stored.ItemEnd;
 }
 
 }  // namespace
@@ -98,7 +97,8 @@ void CalendarView::keepHeldTimes() {
             heldBefore_.push_back(*row);
 }
 
-// What another desk has cancelled, moved or deleted is seen when the same days are read again.
+// What another desk has cancelled, moved or deleted is seen when the same days are read again. An activity of several
+// stood in this schedule because its provider attends; who else did, is not known any more.
 void CalendarView::tellFreedTimes() {
     for (const ShownAppointment& before : std::exchange(heldBefore_, {})) {
         if (hasUnread())
@@ -106,8 +106,9 @@ void CalendarView::tellFreedTimes() {
         const auto now = facts_.constFind(before.stored.ItemKey);
         if (now != facts_.cend() && holdsTime(*now) && now->StandsAs(before))
             continue;
-        TellFreedTime({before.clinicianId,
-                       before.stored.ItemDay.isValid() ? before.stored.ItemDay : ctMDay1->Date(),
+        const bool shared = before.clinicianId == QLatin1String(EventClinicianId);
+        TellFreedTime({shared ? Provider().id : before.clinicianId,
+                       dateOf(before.stored),
                        {before.stored.ItemStart, before.stored.ItemEnd},
                        GetPipeField(before.stored.ItemNote, 3)});
     }

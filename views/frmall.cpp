@@ -9,6 +9,7 @@
 
 #include "appointments/appointmentitem.h"
 #include "appointments/conflicts.h"
+#include "appointments/workinghours.h"
 #include "data/codes.h"
 #include "data/holidays.h"
 #include "data/pipefields.h"
@@ -167,7 +168,11 @@ void frmall::showChosen() {
 
 QStringList frmall::dayStatements() const {
     const QDate date = main().Date();
-    return statementsOfLoad(date, {}) << appointmentsStatement(date) << HolidayStatement(date) << hoursStatement(date);
+    QStringList statements = statementsOfLoad(date, {})
+                             << appointmentsStatement(date) << HolidayStatement(date) << hoursStatement(date);
+    if (showsWorkingOnly())
+        statements << WorkingHours::Statement();
+    return statements;
 }
 
 void frmall::loadmdayview() {

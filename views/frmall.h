@@ -93,7 +93,7 @@ class frmall : public CalendarView {
     void bindSwitches();
     [[nodiscard]] static QStringList switchStatements();
     void readSwitches();
-    [[nodiscard]] bool showsWorkingOnly();
+    [[nodiscard]] bool showsWorkingOnly() const;
     [[nodiscard]] QSet<QString> whoWorks(QDate date) const;
     /// Takes the columns of those away who do not work on the day, while the user wants only who works.
     void leaveOutIdle(QDate date);

@@ -2,7 +2,7 @@
 #include <QAction>
 #include <QComboBox>
 
-#include "data/recurrence.h"
+#include "appointments/workinghours.h"
 #include "platform/controls/noticebar.h"
 #include "platform/database/recordset.h"
 #include "platform/database/sql.h"
@@ -55,16 +55,18 @@ void frmall::bindSwitches() {
     });
 }
 
-bool frmall::showsWorkingOnly() {
-    return menus().Command(menu::mnuVWorking).isChecked();
+bool frmall::showsWorkingOnly() const {
+    return menus_.Command(menu::mnuVWorking).isChecked();
 }
 
-/// Returns the ids, in small letters, of who has hours on the day or a row that this view shows. Throws DatabaseError.
+/// Returns the ids, in small letters, of the listed who work on the day or have a row that this view shows. Throws
+/// DatabaseError.
 QSet<QString> frmall::whoWorks(QDate date) const {
     QSet<QString> working{followed_};
-    for (Recordset hours(hoursStatement(date), Session().Connection); !hours.Eof(); hours.MoveNext())
-        if (hours["starttime"].integer() > 0)
-            working.insert(hours["providerid"].text().toLower());
+    const WorkingHours hours = WorkingHours::Read();
+    for (const ListedProvider& provider : panel_->Providers())
+        if (hours.On(provider.id, date))
+            working.insert(provider.id.toLower());
     for (Recordset rows(appointmentsStatement(date), Session().Connection); !rows.Eof(); rows.MoveNext())
         if (!rows["allday"].boolean())
             working.insert(rows["clinicianid"].text().toLower());

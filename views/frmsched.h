@@ -62,6 +62,7 @@ class frmsched : public CalendarView {
     [[nodiscard]] QStringList detailStatements(const CalendarItem& item) const override;
     void showNote(const QString& note, DetailsPane::About about);
     void addRoom(const QString& key);
+    void addSeries(const CalendarItem& item);
     void addContacts(const CalendarItem& item, const ShownAppointment& facts);
     void getgroumembers(const QString& key);
 

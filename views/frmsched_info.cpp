@@ -1,4 +1,5 @@
 #include "appointments/patientcontacts.h"
+#include "appointments/seriesnumber.h"
 #include "data/codes.h"
 #include "data/courtesycalls.h"
 #include "data/minutetime.h"
@@ -50,6 +51,8 @@ QStringList frmsched::detailStatements(const CalendarItem& item) const {
             statements << DetailStatement(GetPipeField(item.ItemNote, 3), QLatin1String(field));
         statements << CallTextStatement(facts.callStatus);
     }
+    if (item.ItemSeriesIcon > 0)
+        statements << SeriesNumberStatement(item.ItemKey.toInt(), dateOf(item), item.ItemStart);
     if (item.ItemColor == ncolor::Group)
         statements << membersStatement(item.ItemKey);
     return statements;
@@ -80,6 +83,8 @@ void frmsched::displayapptinfo(int index) {
     showNote(GetPipeField(item.ItemNote, 2), about);
     if (hasContacts(item, facts.apptType))
         addContacts(item, facts);
+    if (item.ItemSeriesIcon > 0)
+        Ignoring([&] { addSeries(item); });
     if (item.ItemColor == ncolor::Group)
         Ignoring([&] { getgroumembers(item.ItemKey); });
 }
@@ -92,6 +97,11 @@ void frmsched::showNote(const QString& note, About about) {
 void frmsched::addRoom(const QString& key) {
     const Recordset booked(roomStatement(key), Session().Connection);
     details_->AddRow(QStringLiteral("Room"), booked.Eof() ? QString() : booked["room"].text());
+}
+
+void frmsched::addSeries(const CalendarItem& item) {
+    if (const QString number = SeriesNumberText(item.ItemKey.toInt(), dateOf(item), item.ItemStart); !number.isEmpty())
+        details_->AddRow(QStringLiteral("Series"), number);
 }
 
 // Whose appointment it is stays untold while names are hidden; what else is told of it betrays nobody.

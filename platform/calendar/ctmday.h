@@ -147,6 +147,9 @@ class ctMDay : public QWidget {
     [[nodiscard]] std::vector<int> ItemsInReadingOrder() const;  ///< In the order of Tab.
     [[nodiscard]] QString AccessibleItemName(int index) const;   ///< "9:00 AM to 9:50 AM, Anna O'Brien, Kept"
     [[nodiscard]] QString ToolTipOf(int index) const;
+    /// Sets the routine that tells of an item of a series which one it is. It is asked when the tip is shown; without
+    /// an answer the tip says that the item repeats.
+    void setSeriesText(std::function<QString(int index)> text) { seriesText_ = std::move(text); }
     [[nodiscard]] QString SelectionText() const;  ///< The selected range in words; empty without a range.
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -309,6 +312,7 @@ class ctMDay : public QWidget {
     double zoom_ = 1;
     bool readOnly_ = false;
     std::function<QDateTime()> clock_;
+    std::function<QString(int)> seriesText_;
 
     // The results of arrange().
     mutable bool dirty_ = true;

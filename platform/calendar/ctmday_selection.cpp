@@ -165,8 +165,10 @@ QString ctMDay::ToolTipOf(int index) const {
         states << tr("Tentative");
     if (item.ItemSessionIcon > 0)
         states << tr("Session note");
-    if (item.ItemSeriesIcon > 0)
-        states << tr("Repeating");
+    if (item.ItemSeriesIcon > 0) {
+        const QString series = seriesText_ ? seriesText_(index) : QString();
+        states << (series.isEmpty() ? tr("Repeating") : series.toHtmlEscaped());
+    }
     if (item.ItemReminderIcon)
         states << tr("Reminder");
     if (item.ItemShelved)

@@ -60,48 +60,86 @@ CardColors colorsOf(const MonthScene& scene, const CalendarItem& item, bool inMo
     return colors;
 }
 
-// Paints one line: an edge in the item's colour, the time, the text, and the glyph of its status at the end.
-void paintItem(const MonthScene& scene, const MonthLine& line, bool inMonth) {
+/// What a line says besides the name, which comes first.
+struct Beside {
+    QString clock;
+    bool sign = false;
+};
+
+/// Returns what stands beside a name in a line of so much room. AM or PM gives way to the name first, then the sign of
+/// the status. Where the name is cut all the same, the sign keeps its side. `clocks` are the forms of the time, the
+/// longest first; `sign` is the width of the sign, 0 for none.
+Beside besideName(const QFontMetrics& metrics, const QString& name, int room, int sign, int gap,
+                  const QStringList& clocks) {
+    const auto fits = [&](const Beside& beside) {
+        const int before = beside.clock.isEmpty() ? 0 : metrics.horizontalAdvance(beside.clock) + gap;
+        const int left = room - before - (beside.sign ? sign : 0);
+        return left >= 0 && metrics.elidedText(name, Qt::ElideRight, left) == name;
+    };
+    for (const bool signShown : {sign > 0, false})
+        for (const QString& clock : clocks)
+            if (const Beside beside{clock, signShown}; fits(beside))
+                return beside;
+    return {clocks.back(), sign > 0};
+}
+
+/// Returns the forms of an item's time for a line of so many letters, the longest first.
+QStringList clocksOf(const MonthScene& scene, const CalendarItem& item, int letters) {
+    constexpr int LettersWithTime = 12;
+    constexpr int LettersWithWholeTime = 26;
+    if (item.ItemBanner || letters < LettersWithTime)
+        return {QString()};
+    const QString whole = ClockText(item.ItemStart, scene.twentyFourHour);
+    const QString brief = whole.section(QLatin1Char(' '), 0, 0);
+    return letters < LettersWithWholeTime ? QStringList{brief} : QStringList{whole, brief};
+}
+
+void paintBox(const MonthScene& scene, const MonthLine& line, const CardColors& colors, double edge) {
     QPainter& painter = scene.painter;
-    const CalendarItem& item = scene.item(line.index);
-    const CardColors colors = colorsOf(scene, item, inMonth);
     const QRectF rect(line.rect);
-    // A style without edges is for paper that is to have none.
-    const double edge = scene.style.edgeWidth > 0 ? std::max(scene.style.edgeWidth - 1, 3) : 0;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(line.index == scene.state.hoveredItem ? QPen(colors.edge, 1) : QPen(Qt::NoPen));
     painter.setBrush(colors.fill);
     painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), scene.style.radius / 2.0, scene.style.radius / 2.0);
     painter.fillRect(QRectF(rect.left(), rect.top() + 1, edge, rect.height() - 2), colors.edge);
+}
+
+// Paints one line: an edge in the item's colour, the time, the text, and the glyph of its status at the end.
+void paintItem(const MonthScene& scene, const MonthLine& line, bool inMonth) {
+    QPainter& painter = scene.painter;
+    const CalendarItem& item = scene.item(line.index);
+    const CardColors colors = colorsOf(scene, item, inMonth);
+    // A style without edges is for paper that is to have none.
+    const double edge = scene.style.edgeWidth > 0 ? std::max(scene.style.edgeWidth - 1, 3) : 0;
+    paintBox(scene, line, colors, edge);
 
     QRect text = line.rect.adjusted(static_cast<int>(edge) + scene.style.margin, 0, -scene.style.margin / 2, 0);
-    const std::vector<Glyph> glyphs = GlyphsOf(item);
-    const int side = std::min(scene.style.icon, line.rect.height() - 2);
-    if (!glyphs.empty() && text.width() > side * 4) {
-        PaintGlyph(painter, QRectF(text.right() - side, text.center().y() - side / 2.0 + 0.5, side, side),
-                   glyphs.front(), colors.text);
-        text.setRight(text.right() - side - scene.style.margin / 2);
-    }
     QFont font = scene.style.small;
     font.setStrikeOut(item.ItemStatusMark == StatusMark::Cancelled);
     painter.setFont(font);
+    const QFontMetrics metrics = painter.fontMetrics();
+    const std::vector<Glyph> glyphs = GlyphsOf(item);
+    const int side = std::min(scene.style.icon, line.rect.height() - 2);
+    const int sign = !glyphs.empty() && text.width() > side * 4 ? side + scene.style.margin / 2 : 0;
+    const int gap = std::max(scene.style.margin, scene.leastGap);
+    const QString name = item.ItemTextColor == TextColor::Normal ? PaintedLine(item.ItemText) : QString();
+    const int letters = (text.width() - sign) / std::max(metrics.averageCharWidth(), 1);
+    const Beside beside = besideName(metrics, name, text.width(), sign, gap, clocksOf(scene, item, letters));
+    if (beside.sign) {
+        PaintGlyph(painter, QRectF(text.right() - side, text.center().y() - side / 2.0 + 0.5, side, side),
+                   glyphs.front(), colors.text);
+        text.setRight(text.right() - sign);
+    }
     const auto say = [&](const QString& words, const QColor& color) {
-        const QString shown = painter.fontMetrics().elidedText(words, Qt::ElideRight, text.width());
+        const QString shown = metrics.elidedText(words, Qt::ElideRight, text.width());
         painter.setPen(color);
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
-        text.setLeft(text.left() + painter.fontMetrics().horizontalAdvance(shown) +
-                     std::max(scene.style.margin, scene.leastGap));
+        text.setLeft(text.left() + metrics.horizontalAdvance(shown) + gap);
     };
-    if (!item.ItemBanner) {
-        // Where room is short, AM or PM is left out first and then the time itself, because the order of the lines
-        // still tells it.
-        const int letters = text.width() / std::max(painter.fontMetrics().averageCharWidth(), 1);
-        const QString clock = ClockText(item.ItemStart, scene.twentyFourHour);
-        if (letters >= 12)
-            say(letters < 26 ? clock.section(QLatin1Char(' '), 0, 0) : clock, colors.dimText);
-    }
-    if (item.ItemTextColor == TextColor::Normal && text.width() > 0)
-        say(PaintedLine(item.ItemText), colors.text);
+    if (!beside.clock.isEmpty())
+        say(beside.clock, colors.dimText);
+    if (!name.isEmpty() && text.width() > 0)
+        say(name, colors.text);
 }
 
 void paintRest(const MonthScene& scene, const MonthCell& cell, const QRect& rect) {

@@ -73,6 +73,7 @@ class WaitListForm : public AppointmentFixture {
         form.activateWindow();
         form.pnlpatient->txtpatients->setFocus();
         QTest::keyClicks(form.pnlpatient->txtpatients, text);
+        QApplication::processEvents();  // Letters that come together are looked up together.
     }
     std::unique_ptr<frmwait> open(const WaitOpening& opening = {}) {
         auto form = std::make_unique<frmwait>(opening);
@@ -87,6 +88,7 @@ TEST_F(WaitListForm, AnEntryIsAddedByTypingAndEnter) {
     auto form = open();
     EXPECT_EQ(form->lblcount->text(), "Nobody waits.");
     desk.expectForm("frmwaitentry", [](QDialog& dialog) {
+        EXPECT_FALSE(entryForm(dialog).pnlpatient->txtpatients->accessibleName().isEmpty());
         strike(entryForm(dialog), QStringLiteral("o'b"));
         EXPECT_EQ(entryForm(dialog).pnlpatient->txtpatients->text(), "O'Brien, Anna");
         EXPECT_EQ(entryForm(dialog).ctlength->Value(), 45) << "the usual service of the patient";
@@ -159,6 +161,36 @@ TEST_F(WaitListForm, OneOfSeveralWhoFitIsChosenByTheArrowKeys) {
         EXPECT_EQ(entry.pnlpatient->txtpatients->text(), "Jordan, Ed");
         EXPECT_TRUE(dialog.isVisible()) << "The first Enter only chooses.";
         QTest::keyClick(entry.pnlpatient->txtpatients, Qt::Key_Return);
+    });
+    form->cmdadd->click();
+    EXPECT_EQ(stored("PatientId"), "2");
+}
+
+TEST_F(WaitListForm, WhoeverLeavesTheNameBeforeTheListOfThoseWhoFitCameSeesItFirst) {
+    auto form = open();
+    desk.expectForm("frmwaitentry", [](QDialog& dialog) {
+        frmwaitentry& entry = entryForm(dialog);
+        QLineEdit& box = *entry.pnlpatient->txtpatients;
+        strike(entry, QStringLiteral("jo"));
+        entry.ctlength->setFocus();
+        QApplication::processEvents();
+        EXPECT_TRUE(entry.pnlpatient->IsAsking());
+        EXPECT_TRUE(box.hasFocus());
+        QTest::keyClick(&box, Qt::Key_Down);
+        entry.ctlength->setFocus();
+        QApplication::processEvents();
+        EXPECT_FALSE(entry.pnlpatient->IsAsking());
+        EXPECT_EQ(box.text(), "Jordan, Ed");
+
+        box.setFocus();
+        box.selectAll();
+        strike(entry, QStringLiteral("jo"));
+        entry.cmdOk->click();
+        EXPECT_TRUE(dialog.isVisible()) << "OK asks too.";
+        EXPECT_TRUE(entry.pnlpatient->IsAsking());
+        QTest::keyClick(&box, Qt::Key_Down);
+        entry.cmdOk->click();
+        EXPECT_FALSE(dialog.isVisible());
     });
     form->cmdadd->click();
     EXPECT_EQ(stored("PatientId"), "2");

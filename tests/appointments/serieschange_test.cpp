@@ -44,6 +44,14 @@ class ChangeOfSeries : public RestOfSeries {
         bar.Clear();
         OfferCutOffSeries([this] { ++reloads; });
     }
+    /// The question about the last appointment of the series, at its new time.
+    void expectAsked(const char* inTheWay, Answer answer) {
+        desk.expectBox(
+            QStringLiteral(
+                "Something is booked in the way of the appointment on Wed 04/01/2026 at 10:00 AM:\n%1\nChange it anyway?")
+                .arg(QLatin1String(inTheWay)),
+            QStringLiteral("Appointment Conflict"), answer);
+    }
     void pressNotice() {
         auto* button = bar.findChild<QAbstractButton*>(QStringLiteral("cmdNotice"));
         ASSERT_NE(button, nullptr);
@@ -247,10 +255,55 @@ TEST_F(ChangeOfSeries, WhatWasBookedSinceAChangeWasCutOffIsAskedAbout) {
     beKilledAfter(3, anHourLater());
     appointment({.start = 600, .end = 630, .text = "Smith, Zed", .patient = "10020", .date = QDate(2026, 4, 1)});
     startAnew();
-    desk.expectForm("AppointmentConflict", [](QDialog& form) { form.reject(); });
+    expectAsked("Smith, Zed with Reed 10:00 AM - 10:30 AM", Answer::No);
     pressNotice();
     EXPECT_EQ(stored().back(), "04/01 540");
     EXPECT_EQ(bar.Texts(), QStringList{"3 of 4 appointments of the series are changed."});
+}
+
+TEST_F(ChangeOfSeries, WhatThePatientHasWithAnotherProviderSinceAChangeWasCutOffIsAskedAbout) {
+    beKilledAfter(3, anHourLater());
+    appointment({.start = 600, .end = 630, .provider = "LANE", .date = QDate(2026, 4, 1)});
+    startAnew();
+    expectAsked("Jones, Mary with Lane 10:00 AM - 10:30 AM", Answer::Yes);
+    pressNotice();
+    EXPECT_EQ(stored().back(), "04/01 600");
+}
+
+TEST_F(ChangeOfSeries, WhatAnAttendeeOfASharedActivityHasSinceAChangeWasCutOffIsAskedAbout) {
+    run(Sql("Update appointments Set clinicianid = '{}', patientid = '', ncolor = 8388863, cappttext = 'Meeting'",
+            QLatin1String(EventClinicianId)));
+    for (const int key : keys)
+        for (const char* attendee : {"REED", "LANE"})
+            run(Sql("Insert Into appointmentsevents (nkeyid, clinicianid) Values ({}, '{}')", key,
+                    QLatin1String(attendee)));
+    beKilledAfter(3, anHourLater());
+    appointment({.start = 600, .end = 630, .provider = "LANE", .date = QDate(2026, 4, 1)});
+    startAnew();
+    expectAsked("Jones, Mary with Lane 10:00 AM - 10:30 AM", Answer::No);
+    pressNotice();
+    EXPECT_EQ(stored().back(), "04/01 540");
+}
+
+TEST_F(ChangeOfSeries, AnAppointmentThatIsLeftWhereItWasIsAskedAboutForTheNextOne) {
+    const int later = join(appointment({.start = 600, .end = 660, .date = QDate(2026, 4, 1)}));
+    const SeriesPlace at10{QDate(2026, 4, 1), 600, 660, QStringLiteral("REED"), ncolor::Pending, 0};
+    SeriesPlace at11 = at10;
+    at11.start = 660;
+    at11.end = 720;
+    SeriesPlace at9 = at10;
+    at9.start = 540;
+    at9.end = 600;
+    appointment({.start = 660, .end = 720, .text = "Smith, Zed", .patient = "10020", .date = QDate(2026, 4, 1)});
+    beKilledAfter(0, {{later, at10, at11}, {keys[5], at9, at10}});
+    startAnew();
+    desk.expectBox(
+        QStringLiteral(
+            "Something is booked in the way of the appointment on Wed 04/01/2026 at 11:00 AM:\nSmith, Zed with Reed 11:00 AM - 12:00 Noon\nChange it anyway?"),
+        QStringLiteral("Appointment Conflict"), Answer::No);
+    expectAsked("Jones, Mary with Reed 10:00 AM - 11:00 AM", Answer::No);
+    pressNotice();
+    EXPECT_EQ(stored().mid(5), (QStringList{"04/01 540", "04/01 600"}));
 }
 
 TEST_F(ChangeOfSeries, FiveHundredAppointmentsAreListedTickedAndMoved) {

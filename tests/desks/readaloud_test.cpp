@@ -56,7 +56,7 @@ TEST_F(ReadAloud, TheNextFreeHourWithEachOpening) {
     person->press({QStringLiteral("Return")});
     EXPECT_TRUE(soon([&] { return desk->tell("focus") == QLatin1String("ctList1"); }));
     expectHeard(read("Next Free Hour"),
-                {"dialog: Next Free Hour", "text: Patient (Patient:)", "spin box: Length:", "(Type:)", "(Provider:)",
+                {"dialog: Next Free Hour", "text: Patient ()", "spin box: Length:", "(Type:)", "(Provider:)",
                  "check box: Wednesday", "(Time:)", "tree: Openings", "column header: Start Time", "tree item: Reed",
                  "push button: Book...", "label: The first 100 openings."});
 }

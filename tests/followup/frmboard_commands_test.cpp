@@ -76,7 +76,7 @@ TEST_P(BoardStatusKeys, SetsTheStatusOfTheSelectedVisitByOneKey) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(board_.get()));
     QTest::keyClick(&list, GetParam().key, GetParam().modifiers);
     EXPECT_EQ(statusOf(key), GetParam().code);
-    EXPECT_EQ(board().Count(BoardPlace::Due), 0);
+    EXPECT_EQ(board().Count(BoardPlace::Due), GetParam().code == ncolor::Pending ? 1 : 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, BoardStatusKeys,
@@ -85,8 +85,8 @@ INSTANTIATE_TEST_SUITE_P(Each, BoardStatusKeys,
                                          StatusKey{"PatientCancel", Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier,
                                                    ncolor::PatientCancelled},
                                          StatusKey{"TherapistCancel", Qt::Key_T,
-                                                   Qt::ControlModifier | Qt::ShiftModifier,
-                                                   ncolor::TherapistCancelled}),
+                                                   Qt::ControlModifier | Qt::ShiftModifier, ncolor::TherapistCancelled},
+                                         StatusKey{"Pending", Qt::Key_D, Qt::ControlModifier, ncolor::Pending}),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST_F(BoardCommands, OneClickOnACardsButtonWorksOnThatCardWhateverIsSelected) {
@@ -100,6 +100,50 @@ TEST_F(BoardCommands, OneClickOnACardsButtonWorksOnThatCardWhateverIsSelected) {
     missed->click();
     EXPECT_EQ(statusOf(bert), ncolor::Missed);
     EXPECT_EQ(names(BoardPlace::Due), QStringList{"Anna"});
+}
+
+TEST_F(BoardCommands, AStatusThatWasChosenByMistakeGoesBackToPendingByKeyAndByMouse) {
+    const int anna = put({.text = QStringLiteral("Anna"), .start = 600});
+    for (int i = 0; i < 2; ++i) {
+        select(BoardPlace::Due);
+        press(BoardCommand::Miss);
+        BoardList& list = select(BoardPlace::NotComing);
+        EXPECT_TRUE(board().Command(BoardCommand::Pend).isEnabled());
+        if (i == 0) {
+            press(BoardCommand::Pend);
+        } else {
+            QTest::mouseMove(list.viewport(), list.visualRect(list.model()->index(0, 0)).center());
+            auto* button = list.findChild<QToolButton*>(QStringLiteral("cardPending"));
+            ASSERT_TRUE(QTest::qWaitFor([&] { return button->isVisible(); }));
+            button->click();
+        }
+        EXPECT_EQ(statusOf(anna), ncolor::Pending);
+        EXPECT_EQ(names(BoardPlace::Due), QStringList{"Anna"});
+    }
+    select(BoardPlace::Due);
+    EXPECT_FALSE(board().Command(BoardCommand::Pend).isEnabled());
+    EXPECT_EQ(board().Command(BoardCommand::Pend).toolTip(), "The visit is pending.");
+}
+
+TEST_F(BoardCommands, GoingBackToPendingKeepsTheRefusalsOfTheOtherStatuses) {
+    const int key = put({.text = QStringLiteral("Anna"), .start = 600, .code = ncolor::Missed});
+    put({.text = QStringLiteral("Old"), .code = ncolor::Kept, .date = day.addDays(-2)});
+    select(BoardPlace::UnwrittenNote);
+    EXPECT_EQ(board().Command(BoardCommand::Pend).toolTip(), "The board sets the status of today's visits only.");
+    select(BoardPlace::NotComing);
+    run(db::Sql("Update appointments Set ncolor = 193 Where nkeyid = {}", key));
+    desk.expectBox(rowChanged(), QStringLiteral("Error"));
+    press(BoardCommand::Pend);
+    EXPECT_EQ(statusOf(key), ncolor::PatientCancelled);
+    select(BoardPlace::NotComing);
+    const QString reason = database.refuse(QStringLiteral("Update"), QStringLiteral("appointments"));
+    press(BoardCommand::Pend);
+    EXPECT_EQ(statusOf(key), ncolor::PatientCancelled);
+    EXPECT_EQ(board().lblstatus->text(), QStringLiteral("The status was not saved. ") + reason);
+    Session().ScreenAccess = 1;
+    board().Load();
+    select(BoardPlace::NotComing);
+    EXPECT_FALSE(board().Command(BoardCommand::Pend).isEnabled());
 }
 
 TEST_F(BoardCommands, TheButtonsOfACardGoWhenTheCardsChange) {

@@ -31,9 +31,10 @@ TEST(ColorLegend, TellsBesideTheColorsEverySignThatTheCalendarDraws) {
     QStringList texts;
     for (const QLabel* label : legend.findChildren<QLabel*>(QStringLiteral("lblmarktext")))
         texts << label->text();
-    EXPECT_EQ(texts.size(), 18);
+    EXPECT_EQ(texts.size(), 20);
     EXPECT_EQ(QSet<QString>(texts.begin(), texts.end()).size(), texts.size());
-    for (const char* sign : {"One of a series", "The time now", "Hours without work", "Place"})
+    for (const char* sign :
+         {"One of a series", "The time now", "Hours without work", "Place", "On the shelf", "Selected appointment"})
         EXPECT_TRUE(texts.contains(QLatin1String(sign))) << sign;
     const QList<QWidget*> swatches = legend.findChildren<QWidget*>(QStringLiteral("lblmark"));
     ASSERT_EQ(swatches.size(), texts.size());

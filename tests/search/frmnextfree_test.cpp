@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "appointments/frmspatnt.h"
+#include "appointments/matchlist.h"
 #include "people/typelengths.h"
 #include "platform/controls/ctdedit.h"
 #include "platform/controls/ctlist.h"
@@ -52,9 +53,10 @@ class NextFreeHour : public SearchFixture {
     }
     QString row(int index) { return form_->ctList1->Cells(index).join(u';'); }
     void type(const QString& text) { QTest::keyClicks(form_->txtpatients, text); }
-    void altB() {
+    void altB(const std::function<void()>& meanwhile = [] {}) {
         QSignalSpy clicked(form_->cmdbook, &QPushButton::clicked);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_B, Qt::AltModifier);
+        meanwhile();
         EXPECT_TRUE(clicked.count() > 0 || clicked.wait());
     }
     void enter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
@@ -73,6 +75,14 @@ TEST_F(NextFreeHour, ShowsTheOpeningsOfThisProviderAtOnce) {
     EXPECT_EQ(form_->ctList1->RowCount(), frmnextfree::MostRows);
     EXPECT_EQ(form_->lblcount->text(), QStringLiteral("The first 100 openings."));
     EXPECT_TRUE(form_->txtpatients->hasFocus());
+}
+
+TEST_F(NextFreeHour, TheDatesHaveTheOrderOfTheCountryInEnglishNames) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    open();
+    QLocale::setDefault(before);
+    EXPECT_TRUE(row(0).startsWith(QStringLiteral("Wed, 11 Mar 2026;"))) << row(0).toStdString();
 }
 
 TEST_F(NextFreeHour, ANameAndTwiceEnterChoosesTheNextOpening) {
@@ -398,7 +408,11 @@ TEST_F(NextFreeHour, AltBAsksWhoIsMeantWhereSeveralFit) {
     form_->txtpatients->setFocus();
     form_->txtpatients->selectAll();
     type(QStringLiteral("o'b"));
-    altB();
+    // The list comes while the button is still down, as on a slow machine.
+    altB([this] {
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(form_->findChild<MatchList*>()->Ask());
+    });
     settle();
     EXPECT_FALSE(form_->Found());
     EXPECT_TRUE(form_->findChild<QWidget*>(QStringLiteral("pnlmatches"))->isVisible());
@@ -407,6 +421,26 @@ TEST_F(NextFreeHour, AltBAsksWhoIsMeantWhereSeveralFit) {
     altB();
     ASSERT_TRUE(form_->Found());
     EXPECT_EQ(form_->Found()->patientId, QStringLiteral("10019"));
+}
+
+TEST_F(NextFreeHour, AMarkedNamesakeWhoWasDeletedLeavesNobodyElseChosen) {
+    patient("10019", "O'Brien", "Bert", "");
+    open();
+    type(QStringLiteral("o'b"));
+    enter();
+    QTest::keyClick(form_->txtpatients, Qt::Key_Down);
+    run(QStringLiteral("Delete from patient_info Where id = '10019'"));
+    for (int i = 0; i < 2; ++i) {
+        desk.expectBox(QStringLiteral("Patient not found. Another user may have deleted this patient."),
+                       QStringLiteral("Next Free Hour"));
+        enter();
+        EXPECT_TRUE(form_->findChild<MatchList*>()->isVisible());
+        EXPECT_TRUE(form_->txtpatients->hasFocus());
+    }
+    QTest::keyClick(form_->txtpatients, Qt::Key_Up);
+    enter();
+    EXPECT_EQ(form_->txtpatients->text(), QStringLiteral("O'Brien, Anna"));
+    EXPECT_TRUE(form_->ctList1->hasFocus());
 }
 
 TEST_F(NextFreeHour, AClickOnBookAsksWhoIsMeantWhereSeveralFit) {

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/controls/ctdedit.h"
+#include "tests/support/scripteddesk.h"
 
 namespace {
 
@@ -74,4 +75,16 @@ TEST_F(HeadedForm, TheDateHasTheOrderOfTheCountryInEnglishNames) {
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
     EXPECT_EQ(NamedDateText(QDate(2026, 11, 18)), QStringLiteral("2026 Nov 18, Wed"));
     EXPECT_EQ(NamedDateText({}), QString());
+    EXPECT_EQ(NamedDayText({}), QString());
+}
+
+TEST_F(HeadedForm, TheYearIsLeftOutWhereItIsThePresentOne) {
+    ScriptedDesk desk;
+    desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(9, 0)));
+    EXPECT_EQ(NamedDayText(QDate(2026, 11, 18)), QStringLiteral("Wed, Nov 18"));
+    EXPECT_EQ(NamedDayText(QDate(2027, 1, 4)), QStringLiteral("Mon, Jan 4, 2027"));
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(NamedDayText(QDate(2026, 11, 18)), QStringLiteral("Wed, 18 Nov"));
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    EXPECT_EQ(NamedDayText(QDate(2026, 11, 18)), QStringLiteral("Nov 18, Wed"));
 }

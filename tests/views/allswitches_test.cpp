@@ -70,6 +70,7 @@ TEST_F(AllSwitches, AsManyColumnsAsFitFollowTheWidthOfTheScreenAndAreKept) {
 
 TEST_F(AllSwitches, OnlyWhoWorksHasAColumnByHoursOrByARowOfTheDay) {
     hours("BAKER", "540", "1020");
+    hours("LANE", "0", "0");
     hours("REED", "0", "0");
     add(anAppointment("Anna").of("lane"));
     open();
@@ -78,14 +79,28 @@ TEST_F(AllSwitches, OnlyWhoWorksHasAColumnByHoursOrByARowOfTheDay) {
     EXPECT_EQ(columns(), "Baker Lane");
     EXPECT_EQ(columnOf("Anna"), 2);
     EXPECT_EQ(kept("AllWorking"), "1");
-    EXPECT_EQ(shaded(), (QStringList{"1: 480-539", "1: 1021-1079"}));
+    EXPECT_EQ(shaded(), (QStringList{"1: 480-539", "1: 1021-1079", "2: 480-1079"}));
 
     press("mnuVWorking");
     EXPECT_EQ(columns(), "Baker Lane Reed");
 }
 
+TEST_F(AllSwitches, WhoHasNoWorkingHoursStoredWorksEveryDay) {
+    hours("BAKER", "540", "1020");
+    hours("LANE", "0", "0");
+    open();
+    press("mnuVWorking");
+    EXPECT_EQ(columns(), "Baker Reed");
+
+    main.SetDate(QDate(2026, 3, 12));
+    view_->Reload();
+    EXPECT_EQ(columns(), "Reed") << "A weekday without a row is a day off.";
+}
+
 TEST_F(AllSwitches, AnotherDayHasOtherColumnsAndTheChosenProviderStays) {
     hours("LANE", "540", "1020");
+    hours("BAKER", "0", "0");
+    hours("REED", "0", "0");
     add(anAppointment("Anna").of("BAKER").on(QDate(2026, 3, 12)));
     add(anAppointment("Bert").of("LANE").on(QDate(2026, 3, 12)));
     open();
@@ -100,6 +115,8 @@ TEST_F(AllSwitches, AnotherDayHasOtherColumnsAndTheChosenProviderStays) {
 
 TEST_F(AllSwitches, ADayOnWhichNobodyWorksShowsEverybodyAndSaysSo) {
     add(anAppointment("Holiday").of("LANE").with("allday", "1"));
+    for (const char* provider : {"BAKER", "LANE", "REED"})
+        hours(provider, "0", "0");
     open();
     press("mnuVWorking");
     EXPECT_EQ(columns(), "Baker Lane Reed") << "What lasts all day is not shown here.";
@@ -115,6 +132,7 @@ TEST_F(AllSwitches, ADayOnWhichNobodyWorksShowsEverybodyAndSaysSo) {
 TEST_F(AllSwitches, TheFilterAndTheChecksGoOnWithinWhoWorks) {
     hours("BAKER", "540", "1020");
     hours("LANE", "540", "1020");
+    hours("REED", "0", "0");
     open();
     press("mnuVWorking");
     filter("Psychology");
@@ -129,6 +147,7 @@ TEST_F(AllSwitches, TheFilterAndTheChecksGoOnWithinWhoWorks) {
 
 TEST_F(AllSwitches, ASavedViewKeepsProvidersColumnsFilterAndSwitches) {
     hours("REED", "540", "1020");
+    hours("LANE", "0", "0");
     open();
     EXPECT_EQ(contents().Lines(), "column=BAKER\ncolumns=5");
     filter("Psychology");

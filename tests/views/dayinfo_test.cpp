@@ -1,6 +1,7 @@
 #include <QPlainTextEdit>
 
 #include "data/codes.h"
+#include "platform/database/sql.h"
 #include "session/session.h"
 #include "tests/views/dayfixture.h"
 
@@ -45,6 +46,38 @@ TEST_F(DayInfo, APatientsAppointmentShowsTimeServiceRoomAndContacts) {
                                    "Preferred Contact Method;E-Mail", "Courtesy Call Status;Confirmed by phone",
                                    "Status;Pending"}));
     EXPECT_EQ(note(), "Appointment Note\ncall first");
+}
+
+TEST_F(DayInfo, AnAppointmentOfASeriesSaysWhichOfThoseThatExistItIs) {
+    addPatient();
+    std::vector<qint64> keys;
+    for (const QDate date : {QDate(2026, 3, 4), QDate(2026, 3, 11), QDate(2026, 3, 18)})
+        keys.push_back(add(annas().on(date).at(9, 0).until(9, 50)));
+    const qint64 sameDay = add(anAppointment("Later").at(11, 0).until(11, 50));
+    const qint64 alone = add(anAppointment("Alone").at(13, 0).until(13, 50));
+    run(db::Sql("Update appointments Set repeating = 1, repeating_ref = {} Where nkeyid <> {}", keys[0], alone));
+    open();
+    const auto tip = [this](const char* text) {
+        return calendar().ToolTipOf(calendar().IndexOfKey(item(text).ItemKey));
+    };
+
+    select("O'Brien, Anna");
+    EXPECT_TRUE(info().contains("Series;2 of 4")) << info().join(u'\n').toStdString();
+    EXPECT_TRUE(tip("O'Brien, Anna").contains("Series: 2 of 4"));
+    EXPECT_TRUE(tip("Later").contains("Series: 3 of 4"));
+    select("Alone");
+    EXPECT_FALSE(info().join(u'\n').contains("Series"));
+    EXPECT_FALSE(tip("Alone").contains("Series"));
+
+    run(db::Sql("Delete from appointments Where nkeyid = {}", keys[0]));
+    view_->Reload();
+    select("O'Brien, Anna");
+    EXPECT_TRUE(info().contains("Series;1 of 3"));
+    EXPECT_TRUE(tip("Later").contains("Series: 2 of 3"));
+
+    run(db::Sql("Update appointments Set repeating = 0 Where nkeyid = {}", sameDay));
+    select("Later");
+    EXPECT_FALSE(info().join(u'\n').contains("Series")) << "Another desk has taken it out of the series.";
 }
 
 TEST_F(DayInfo, EveryStatusHasItsWordAndABlankOneHasNone) {

@@ -226,6 +226,43 @@ TEST_F(Move, AnActivityOfSeveralGoesOnInTheActivityScheduler) {
     EXPECT_EQ(place(staff), "2026-03-11 540-570 REED");
 }
 
+TEST_F(Move, WhatAnyOfThoseWhoAttendAnActivityHaveBookedIsInTheWay) {
+    const qint64 staff = add(anAppointment("Staff").of("~EVT").status(ncolor::Activity).at(9, 0).until(9, 30));
+    const qint64 rounds =
+        add(anAppointment("Rounds").of("~EVT").status(ncolor::Activity).on(Thursday).at(9, 0).until(9, 30));
+    const auto attends = [this](qint64 key, const char* who) {
+        run(db::Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, '{}')", key, who));
+    };
+    attends(staff, "REED");
+    attends(staff, "LANE");
+    attends(rounds, "LANE");
+    add(anAppointment("Anna").of("LANE").on(Thursday).at(9, 0).until(10, 0));
+    add(anAppointment("Bert").of("BAKER").on(Thursday).at(9, 0).until(10, 0));
+    run("Insert Into ProvSched (providerid, workdayvalue, starttime, endtime) Values('LANE', 5, 600, 1020)");
+    openByHand();
+
+    moveBy("Staff", [](frmmove& form) {
+        form.ctdate->setText("3/12/2026");
+        EXPECT_EQ(inTheWay(form), (QStringList{"10:00 AM;5:00 PM;Outside the working hours;Lane",
+                                               "9:00 AM;9:30 AM;Rounds;Lane", "9:00 AM;10:00 AM;Anna;Lane"}));
+        form.ctstart->setText("10:00 AM");
+        EXPECT_EQ(form.lblway->text(), "Nothing is in the way.");
+        form.reject();
+    });
+}
+
+TEST_F(Move, WhoHasNoWorkingHoursStoredWorksInThoseOfTheDay) {
+    add(anAppointment("Anna").at(9, 0).until(9, 50));
+    openByHand();
+    moveBy("Anna", [](frmmove& form) {
+        form.ctdate->setText("3/12/2026");
+        EXPECT_EQ(form.lblway->text(), "Nothing is in the way.");
+        form.ctstart->setText("5:30 PM");
+        EXPECT_EQ(inTheWay(form), QStringList{"8:00 AM;6:00 PM;Outside the working hours;Reed"});
+        form.reject();
+    });
+}
+
 TEST_F(Move, ShowGoesThereWithTheAppointmentSelected) {
     add(anAppointment("Anna").at(9, 0).until(9, 50));
     openByHand();

@@ -1,5 +1,8 @@
 #include <QDialog>
+#include <QPushButton>
 
+#include "appointments/appointmentconflict.h"
+#include "platform/controls/ctlist.h"
 #include "tests/platform/printing/pagereader.h"
 #include "tests/platform/printing/shownpaper.h"
 #include "tests/views/shelffixture.h"
@@ -431,6 +434,30 @@ TEST_F(Shelf, AnActivityOfSeveralLandsInTheActivityScheduler) {
 
     EXPECT_EQ(place(staff), "2026-03-11 540-570 REED");
     EXPECT_EQ(rows().size(), 1) << "The scheduler was given up.";
+}
+
+TEST_F(Shelf, AnActivityOfSeveralAsksWhetherSomethingOfAnyoneWhoAttendsIsInTheWay) {
+    const qint64 staff = add(anAppointment("Staff").status(ncolor::Activity).of("~EVT").at(9, 0).until(9, 30));
+    for (const char* who : {"REED", "LANE"})
+        run(db::Sql("Insert Into AppointmentsEvents (nkeyid, clinicianid) Values({}, '{}')", staff, who));
+    add(anAppointment("Anna").of("LANE").at(11, 0).until(12, 0));
+    openByHand();
+    shelve("Staff");
+    calendar().selectRange(1, 660, 675);
+    const auto answer = [this](bool accept) {
+        desk.expectForm("AppointmentConflict", [accept](QDialog& dialog) {
+            auto& form = dynamic_cast<AppointmentConflict&>(dialog);
+            EXPECT_EQ(form.ctList1->RowCount(), 1);
+            EXPECT_EQ(form.ctList1->Cell(0, AppointmentConflict::TextColumn), "Anna");
+            EXPECT_EQ(form.ctList1->Cell(0, AppointmentConflict::TextColumn + 1), "LANE");
+            (accept ? form.cmdaccept : form.cmdreschedule)->click();
+        });
+    };
+    answer(false);
+    trigger("mnuALand");
+    answer(true);
+    desk.expectForm("frmactsc", [](QDialog& form) { form.reject(); });
+    trigger("mnuALand");
 }
 
 TEST_F(Shelf, AnActivityOfSeveralIsGoneToInTheSchedulesOfItsAttendees) {

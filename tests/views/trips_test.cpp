@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include "appointments/frmnore.h"
 #include "data/codes.h"
@@ -96,6 +97,18 @@ TEST_F(Trips, ASelectedAppointmentIsOne) {
     EXPECT_TRUE(info().contains("Courtesy Call Status;No answer"));
     EXPECT_TRUE(TakesAtMost(1, [&] { select("Grief"); }));
     EXPECT_TRUE(info().contains("Members;Jones, Anna"));
+}
+
+TEST_F(Trips, WhichOneOfItsSeriesAnAppointmentIsIsReadWithItsDetailsAndForItsTipOnce) {
+    database_.connection().Execute("Update appointments Set repeating = 1, repeating_ref = 1");
+    EXPECT_TRUE(TakesAtMost(2, [&] { open(); }));
+    EXPECT_TRUE(TakesAtMost(1, [&] { select("Bert"); }));
+    EXPECT_TRUE(info().contains(QRegularExpression("^Series;[0-9] of [0-9]$")));
+    const int grief = calendar().IndexOfKey(item("Grief").ItemKey);
+    EXPECT_TRUE(TakesAtMost(1, [&] { EXPECT_TRUE(calendar().ToolTipOf(grief).contains("Series: ")); }));
+    EXPECT_TRUE(TakesAtMost(0, [&] { EXPECT_TRUE(calendar().ToolTipOf(grief).contains("Series: ")); }));
+    make<frmweekv>();
+    EXPECT_TRUE(TakesAtMost(1, [&] { EXPECT_TRUE(calendar().ToolTipOf(1).contains("Series: ")); }));
 }
 
 TEST_F(Trips, AReloadWithASelectedAppointmentIsOne) {

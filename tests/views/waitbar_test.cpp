@@ -19,91 +19,11 @@
 #include "platform/database/sql.h"
 #include "session/hiddennames.h"
 #include "tests/support/triplog.h"
-#include "tests/views/dayhand.h"
+#include "tests/views/waitfixture.h"
 #include "views/frmall.h"
 #include "views/frmweekv.h"
 
 namespace {
-
-/// Reed's Wednesday at eight, with Anna at ten, and the bar of the wait list above it.
-class WaitOffers : public DayHand {
-  protected:
-    WaitOffers() {
-        desk.setNow(QDateTime(QDate(2026, 3, 11), QTime(8, 0)));
-        run("Insert Into provider_info (id, prov_lastname, archive) Values('REED', 'Reed', 0)");
-        run("Insert Into provider_info (id, prov_lastname, archive) Values('LANE', 'Lane', 0)");
-        for (const char* name : {"Jones", "Miller", "Novak"})
-            person(name);
-        run("Insert Into incident_hx (patient_id, incident_nbr) Select id, 1 From patient_info");
-        anna = add(patientRow("Anna", "P9").at(10, 0).until(10, 50));
-    }
-
-    void person(const char* lastName) {
-        run(db::Sql("Insert Into patient_info (id, last_name, first_name, archive) Values('{}', '{}', 'Eva', 0)",
-                    QString::fromLatin1(lastName).left(1), lastName));
-    }
-    static AppointmentRow patientRow(const char* text, const char* id) {
-        return anAppointment(text)
-            .status(ncolor::Pending)
-            .with("patientid", QStringLiteral("'%1'").arg(QLatin1String(id)))
-            .with("CapptNote", QStringLiteral("'90834|'"));
-    }
-    /// Who waits, by the first letter of the name; `more` are further columns and values.
-    int waits(const char* id, int minutes, const QString& columns = {}, const QString& values = {}) {
-        run(QStringLiteral("Insert Into WaitList (PatientId, PatientName, Minutes, createddate%1) Values('%2', '%2', "
-                           "%3, '2026/03/0%4'%5)")
-                .arg(columns, QLatin1String(id))
-                .arg(minutes)
-                .arg(++waiting_)
-                .arg(values));
-        return static_cast<int>(database_.number("Select Max(WaitId) from WaitList"));
-    }
-    /// Opens the view, and the bar before it as the program does.
-    void start() {
-        bar_ = std::make_unique<WaitBar>(main);
-        openByHand();
-    }
-    void choose(const char* item, const char* name) {
-        select(item);
-        command(name).trigger();
-        look();
-    }
-    void look() {
-        settle();
-        settle();
-    }
-    /// The patients who are offered the hour, in their order; "-" without the bar.
-    [[nodiscard]] QString offered() {
-        look();
-        if (!bar_->isVisible())
-            return QStringLiteral("-");
-        QStringList names;
-        for (int row = 0; row < bar_->lstoffers->RowCount(); ++row)
-            names << bar_->lstoffers->Cell(row, 3).section(u',', 0, 0);
-        return names.join(u' ');
-    }
-    void press(Qt::Key key) {
-        QTest::keyClick(bar_->lstoffers, key);
-        look();
-    }
-    void remove(const char* item) {
-        desk.expectBox("Are you sure you want to delete this appointment?", "Delete Appointment", Answer::Yes);
-        select(item);
-        command("mnuADelete").trigger();
-        look();
-    }
-    frmnore& theEditor(QDialog& form) { return dynamic_cast<frmnore&>(form); }
-    [[nodiscard]] QString entry(int id) {
-        return database_.text(db::Sql("Select Closed From WaitList Where WaitId = {}", id)) + u' ' +
-               database_.text(db::Sql("Select nkeyid From WaitList Where WaitId = {}", id));
-    }
-
-    qint64 anna = 0;
-    std::unique_ptr<WaitBar> bar_;
-
-  private:
-    int waiting_ = 0;
-};
 
 class WaitOffersInWeek : public WaitOffers {
   protected:
@@ -275,6 +195,20 @@ TEST_F(WaitOffers, WhoHasAnotherVisitThenIsNotOffered) {
     EXPECT_EQ(offered(), "Novak");
 }
 
+TEST_F(WaitOffers, WhoseGroupSessionIsCancelledThenIsOffered) {
+    waits("J", 50);
+    waits("M", 50);
+    const auto inGroup = [this](const char* patient, int code) {
+        const qint64 group = add(anAppointment("Grief").at(10, 0).until(11, 0).of("LANE").status(code));
+        run(db::Sql("Insert Into AppointmentsGroup (nKeyId, PatientId) Values({}, '{}')", group, patient));
+    };
+    inGroup("J", ncolor::TherapistCancelled);
+    inGroup("M", ncolor::PatientCancelled);
+    start();
+    choose("Anna", "mnuAPCancel");
+    EXPECT_EQ(offered(), "Jones Miller");
+}
+
 TEST_F(WaitOffers, AnActivityThatTheProviderAttendsTakesItsTime) {
     waits("J", 50);
     const qint64 meeting = add(anAppointment("Meeting").at(10, 30).until(11, 0).of("~EVT").status(ncolor::Activity));
@@ -387,115 +321,6 @@ TEST_F(WaitOffers, AskingAboutAnotherHourKeepsTheOffersThatStand) {
     EXPECT_EQ(offered(), "Jones Miller");
     EXPECT_EQ(bar_->lstoffers->SelectedRow(), 0) << "Who is offered a time from the same minute fits this one.";
     EXPECT_EQ(notices.Texts(), QStringList());
-}
-
-TEST_F(WaitOffers, AnotherDesksCancellationIsSeenWhenTheViewIsReadAgain) {
-    waits("J", 50);
-    start();
-    otherDeskSets(anna, QStringLiteral("ncolor = 193"));
-    EXPECT_EQ(offered(), "-");
-    view_->Reload();
-    EXPECT_EQ(offered(), "Jones");
-}
-
-TEST_F(WaitOffers, AnHourThatAnotherDeskHasTakenIsOfferedNoMore) {
-    NoticeBar notices;
-    waits("J", 50);
-    start();
-    choose("Anna", "mnuAPCancel");
-    EXPECT_EQ(offered(), "Jones");
-    otherDesk(
-        "Insert Into appointments (dapptdate, nStartTime, nEndTime, cappttext, ncolor, clinicianid) Values('2026/03/11', 600, 650, 'Cora', 16711681, 'REED')");
-    press(Qt::Key_Return);
-    EXPECT_EQ(notices.Texts(),
-              QStringList("This time or this entry of the wait list is not free any more. Another user may have been "
-                          "quicker."));
-    EXPECT_EQ(offered(), "-");
-}
-
-TEST_F(WaitOffers, WhoWasBookedByAnotherDeskMeanwhileIsAskedAbout) {
-    const int jones = waits("J", 50);
-    start();
-    choose("Anna", "mnuAPCancel");
-    const QString question =
-        "Another user has booked or closed this entry of the wait list in the meantime. Book the appointment all the same?";
-    desk.expectForm("frmnore", [&](QDialog& form) {
-        otherDesk("Update WaitList Set Closed = 1, nkeyid = 77");
-        desk.expectBox(question, "New Appointment", Answer::No);
-        theEditor(form).cmdOk->click();
-        EXPECT_EQ(database_.number("Select Count(*) from appointments Where patientid = 'J'"), 0);
-        desk.expectBox(question, "New Appointment", Answer::Yes);
-        theEditor(form).cmdOk->click();
-    });
-    press(Qt::Key_Return);
-    EXPECT_EQ(database_.number("Select Count(*) from appointments Where patientid = 'J'"), 1);
-    EXPECT_EQ(entry(jones), "1 77");
-}
-
-TEST_F(WaitOffers, AnEntryStaysOpenWhenAnotherPatientIsBookedInstead) {
-    const int jones = waits("J", 50);
-    start();
-    choose("Anna", "mnuAPCancel");
-    desk.expectForm("frmnore", [&](QDialog& form) {
-        frmnore& editor = theEditor(form);
-        editor.txtpatients->setText(QStringLiteral("Miller, Eva"));
-        editor.SetPatientTag(QStringLiteral("M"));
-        otherDesk("Update WaitList Set Closed = 1");  // Which is nobody's concern any more, so that nothing is asked.
-        editor.cmdOk->click();
-    });
-    press(Qt::Key_Return);
-    EXPECT_EQ(database_.number("Select Count(*) from appointments Where patientid = 'M'"), 1);
-    EXPECT_EQ(entry(jones), "1 ") << "It is not closed with the other patient's appointment.";
-}
-
-TEST_F(WaitOffers, AnHourThatCouldNotBeReadIsOfferedWhenItCanBeReadAgain) {
-    NoticeBar notices;
-    waits("J", 50);
-    const qint64 meeting = add(anAppointment("Meeting").at(13, 0).until(14, 0).of("~EVT").status(ncolor::Activity));
-    run(db::Sql("Insert Into appointmentsevents (nkeyid, clinicianid) Values({}, 'REED')", meeting));
-    Session().ConnectionString = database_.connectionText();
-    start();
-    EXPECT_TRUE(SetApptStatus(static_cast<int>(anna), ncolor::PatientCancelled).IsDone());
-    EXPECT_TRUE(DeleteActivity(static_cast<int>(meeting)).IsDone());
-    Session().Connection.Close();
-    EXPECT_EQ(offered(), "-");
-    EXPECT_TRUE(notices.Texts().join(u' ').contains("The wait list could not be read.")) << "It is told.";
-
-    Session().Connection.Open(database_.connectionText());
-    RecheckOffers();
-    EXPECT_EQ(offered(), "Jones Jones");
-    EXPECT_EQ(notices.Texts(), QStringList());
-
-    Session().Connection.Close();
-    RecheckOffers();
-    EXPECT_EQ(offered(), "-");
-    Session().Connection.Open(database_.connectionText());
-    RecheckOffers();
-    EXPECT_EQ(offered(), "Jones Jones");
-}
-
-TEST_F(WaitOffers, AnotherDatabaseHasNothingOfTheTimesOfTheOneBefore) {
-    waits("J", 50);
-    Session().ConnectionString = QStringLiteral("the one before");
-    start();
-    EXPECT_TRUE(HasWaitList());
-    EXPECT_TRUE(SetApptStatus(static_cast<int>(anna), ncolor::PatientCancelled).IsDone());
-    bar_->Forget();
-    EXPECT_EQ(offered(), "-");
-    run("Drop Table WaitList");
-    bar_->Forget();
-    EXPECT_FALSE(HasWaitList());
-}
-
-TEST_F(WaitOffers, AnEntryThatCannotBeClosedBooksNothing) {
-    waits("J", 50);
-    start();
-    choose("Anna", "mnuAPCancel");
-    desk.expectForm("frmnore", [this](QDialog& form) { theEditor(form).cmdOk->click(); });
-    desk.expectBox("Error saving wait list. " + database_.refuse("Update", "WaitList"), "Error");
-    press(Qt::Key_Return);
-    EXPECT_EQ(database_.number("Select Count(*) from appointments Where patientid = 'J'"), 0);
-    EXPECT_EQ(database_.number("Select Count(*) from WaitList Where Closed = 0"), 1);
 }
 
 TEST_F(WaitOffers, NamesAndNotesAreHiddenWithTheNames) {

@@ -31,6 +31,15 @@ class MonthRoom : public testing::Test, public MonthUnderHand {
     [[nodiscard]] int edge() const { return std::max(style.edgeWidth - 1, 3); }
     [[nodiscard]] int small(const QString& text) const { return QFontMetrics(style.small).horizontalAdvance(text); }
 
+    /// The least width in which a text is shown whole.
+    [[nodiscard]] int wholeWidth(const QString& text) const {
+        const QFontMetrics metrics(style.small);
+        int width = metrics.horizontalAdvance(text) - 1;
+        while (metrics.elidedText(text, Qt::ElideRight, width) != text)
+            ++width;
+        return width;
+    }
+
     CalendarStyle style;
 };
 
@@ -50,15 +59,39 @@ TEST_F(MonthRoom, ATextEndsInDotsWhenOnePixelIsMissing) {
     EXPECT_TRUE(wordsOf(day).last().endsWith(QChar(0x2026)));
 }
 
-TEST_F(MonthRoom, APictureTakesItsSideFromTheText) {
+TEST_F(MonthRoom, APictureGivesWayToANameThatIsWholeWithoutItAndElseTakesItsSide) {
     CalendarItem banner = itemOn(day, 0, "Founders of the house");
     banner.ItemBanner = true;
     month.AddItem(banner);
     const int side = std::min(style.icon, cell(day).lines[0].rect.height() - 2);
-    const int room = small(banner.ItemText) + side + style.margin / 2;
-    makeWide(cellFor(room));
+    const auto endOfText = [&] { return WordWith(words(), wordsOf(day).last()).place.right(); };
+    const auto leftOfPicture = [&] { return cell(day).lines[0].rect.right() - style.margin / 2 - side; };
+    const int name = wholeWidth(banner.ItemText);
+    makeWide(cellFor(name + side + style.margin / 2));
     EXPECT_EQ(wordsOf(day), (QStringList{"11", banner.ItemText}));
-    makeWide(cellFor(room) - 1);
+    EXPECT_LE(endOfText(), leftOfPicture());
+    makeWide(cellFor(name));
+    EXPECT_EQ(wordsOf(day), (QStringList{"11", banner.ItemText})) << "in the place of the picture";
+    EXPECT_GT(endOfText(), leftOfPicture());
+    makeWide(cellFor(name) - 1);
+    EXPECT_TRUE(wordsOf(day).last().endsWith(QChar(0x2026)));
+    EXPECT_LE(endOfText(), leftOfPicture());
+}
+
+TEST_F(MonthRoom, TheHalfOfTheDayGivesWayToTheNameBeforeThePictureDoes) {
+    CalendarItem kept = itemOn(day, 780, "Wilhelmina O'Brien-Featherstonehaugh");
+    kept.ItemStatusMark = StatusMark::Kept;
+    month.AddItem(kept);
+    const int sign = std::min(style.icon, cell(day).lines[0].rect.height() - 2) + style.margin / 2;
+    const int name = wholeWidth(kept.ItemText) + style.margin;
+    const int whole = small(QStringLiteral("1:00 PM")) + name;
+    makeWide(cellFor(whole + sign));
+    EXPECT_EQ(wordsOf(day), (QStringList{"11", "1:00 PM", kept.ItemText}));
+    makeWide(cellFor(whole + sign) - 1);
+    EXPECT_EQ(wordsOf(day), (QStringList{"11", "1:00", kept.ItemText}));
+    makeWide(cellFor(small(QStringLiteral("1:00")) + name));
+    EXPECT_EQ(wordsOf(day), (QStringList{"11", "1:00", kept.ItemText})) << "without the picture";
+    makeWide(cellFor(small(QStringLiteral("1:00")) + name) - 1);
     EXPECT_TRUE(wordsOf(day).last().endsWith(QChar(0x2026)));
 }
 
