@@ -227,6 +227,14 @@ TEST_F(ScheduleOnPaper, AnActivityOfSeveralProvidersNamesThem) {
         (QStringList{"*Several Providers*", "3/11/2026|9:00 AM - 9:50 AM|Staff meeting|", "|Providers: Lane, Reed"}));
 }
 
+TEST_F(ScheduleOnPaper, TwoProvidersOfOneNameBothStandAtTheirActivity) {
+    run("Insert Into provider_info (id, prov_lastname) Values ('LANE2', 'Lane')");
+    const qint64 key = bookBare("Staff meeting", ncolor::Activity, EventClinicianId);
+    share(key, "LANE2");
+    share(key, "LANE");
+    EXPECT_EQ(report(march()), QStringList{"3/11/2026|9:00 AM - 9:50 AM|Staff meeting|Lane, Lane|"});
+}
+
 TEST_F(ScheduleOnPaper, AProviderOrPatientRemovedSinceLeavesTheRowReadable) {
     book({.patient = "GONE"});
     run("Delete from provider_info Where id = 'REED'");
