@@ -223,6 +223,18 @@ TEST_F(SignaturePad, CtrlZTakesBackOneStroke) {
     EXPECT_EQ(pad.PointCount(), 0);
 }
 
+TEST_F(SignaturePad, CtrlZInTheMiddleOfAStrokeLeavesItToTheHand) {
+    write();
+    const int points = pad.PointCount();
+    QTest::mousePress(&pad, Qt::LeftButton, {}, {20, 20});
+    QTest::keySequence(&pad, QKeySequence::Undo);
+    move({60, 30});
+    QTest::mouseRelease(&pad, Qt::LeftButton, {}, {90, 25});
+    EXPECT_GT(pad.PointCount(), points);
+    QTest::keySequence(&pad, QKeySequence::Undo);
+    EXPECT_EQ(pad.PointCount(), points);
+}
+
 TEST_F(SignaturePad, TheFormHearsOfEachStrokeOnce) {
     const QSignalSpy changed(&pad, &SigPlus::Changed);
     write();
