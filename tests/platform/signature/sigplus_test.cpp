@@ -177,6 +177,16 @@ TEST_F(SignaturePad, ATouchThatTheScreenTakesBackLeavesNothing) {
     QTest::touchEvent(&pad, screen()).release(1, {120, 30}, &pad);
 }
 
+TEST_F(SignaturePad, ATouchThatTheScreenTakesBackLeavesTheStrokeOfTheMouse) {
+    QTest::mousePress(&pad, Qt::LeftButton, {}, {50, 50});
+    move({100, 60});
+    QTouchEvent cancel(QEvent::TouchCancel, screen());
+    QApplication::sendEvent(&pad, &cancel);
+    move({150, 50});
+    QTest::mouseRelease(&pad, Qt::LeftButton, {}, {200, 40});
+    EXPECT_GE(pad.PointCount(), 4);
+}
+
 TEST_F(SignaturePad, APenWritesWithItsPressure) {
     pen(QEvent::TabletPress, {50, 30}, 0.25, Qt::LeftButton);
     EXPECT_TRUE(penWasTaken) << "Else the same stroke would come by the mouse again.";
