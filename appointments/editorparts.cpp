@@ -50,7 +50,7 @@ void TellAddedAgain() {
 CompletingCombo* EditorCombo(CompletingCombo::Entry entry, const char* name, const QString& accessibleName,
                              int characters, QWidget* parent) {
     auto* box = Named(new CompletingCombo(entry, parent), name);
-    box->setAccessibleName(accessibleName);
+    box->SetAccessibleName(accessibleName);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(characters);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

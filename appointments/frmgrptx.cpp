@@ -22,7 +22,6 @@
 #include "session/session.h"
 
 using db::Recordset;
-using db::Sql;
 
 namespace {
 

@@ -136,6 +136,8 @@ void frmnore::showFormats() {
 void frmnore::showCaptions() {
     const QString account = facesheetLabel(FacesheetAccountLabel);
     Label14->setText(CaptionText(account));
+    // A practice may have no word for it on paper; a screen reader needs one.
+    txtaccount->setAccessibleName(account.isEmpty() ? tr("Acct #") : account);
     if (!account.isEmpty())
         ctList1->SetHeader(AccountColumn, account);
     const QString patient = CaptionText(Session().WordUsage);

@@ -28,6 +28,7 @@ bool takesAway(const QKeyEvent& event) {
 PatientBox::PatientBox(QWidget& form) : QWidget(&form), form_(form) {
     txtpatients = Named(new TextField(this), "txtpatients");
     txtpatients->SetMost(LongestName);
+    txtpatients->setAccessibleName(tr("Patient"));
     txtpatients->setPlaceholderText(tr("Last name, first name"));
     cmdPatientList = FormButton(tr("Look &Up..."), "cmdPatientList", this);
     pnlmatches = new MatchList(*txtpatients, form);

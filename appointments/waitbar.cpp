@@ -301,11 +301,10 @@ void WaitBar::fitList() {
 }
 
 void WaitBar::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        Clear();
-    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && cmdbook->hasFocus())
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && cmdbook->hasFocus())
         take();
-    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && cmdcloseoffers->hasFocus())
+    else if (event->key() == Qt::Key_Escape || (isEnter && cmdcloseoffers->hasFocus()))
         Clear();
     else
         QFrame::keyPressEvent(event);

@@ -43,7 +43,7 @@ endfunction()
 
 # svs_test(NAME LIBRARIES ...): every source of the folder as one test program, each test a test of ctest. The headers that
 # most tests include are read once for all; OWN_HEADERS leaves out a program that they do not suit, for instance because
-# it defines more of Qt.
+# it defines more of Qt. Each test carries its folder below tests/ as its label (ctest -L '^views$').
 function(svs_test name)
   cmake_parse_arguments(TEST "OWN_HEADERS" "" "LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
@@ -53,6 +53,7 @@ function(svs_test name)
   if(NOT TEST_OWN_HEADERS)
     target_precompile_headers(${name} REUSE_FROM svs_test_support)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
+  file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR}/tests ${CMAKE_CURRENT_SOURCE_DIR})
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120 LABELS ${folder}
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_ACCESSIBILITY=1")
 endfunction()

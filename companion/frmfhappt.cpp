@@ -37,7 +37,7 @@ constexpr Status Statuses[] = {{"Not Seen", 1}, {"Cancelled", 2}, {"Missed", 3},
 
 CompletingCombo* statusBox(QWidget* parent) {
     auto* box = Named(new CompletingCombo(CompletingCombo::Entry::ListOnly, parent), "cbostatus");
-    box->setAccessibleName(QObject::tr("Appointment status"));
+    box->SetAccessibleName(QObject::tr("Appointment status"));
     box->setMinimumContentsLength(StatusCharacters);
     for (const Status& status : Statuses)
         box->AddItem(QString::fromLatin1(status.text), status.apptStatus);

@@ -110,7 +110,7 @@ void frmFHAppts::LoadProviders() {
     setmenuaccess();
     resetcols();
     if (providersRead_)
-        Reload();
+        frmFHAppts::Reload();
     else
         showTitles();
 }

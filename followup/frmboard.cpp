@@ -62,7 +62,7 @@ frmboard::frmboard(MainWindow& main, QWidget* parent)
     connect(&soon_, &QTimer::timeout, this, &frmboard::Load);
     buildForm();
     FollowHiddenNames(this, [this](bool) { refresh(); });
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    resize(frmboard::sizeHint().boundedTo(screen()->availableSize()));
     if (parent != nullptr)
         parent->installEventFilter(this);
 }
@@ -247,6 +247,7 @@ void frmboard::fillProviders() {
 // An open list is left alone where nothing has changed.
 void frmboard::setProviders(const std::vector<std::pair<QString, QString>>& items, const QString& chosen) {
     std::vector<std::pair<QString, QString>> before;
+    before.reserve(static_cast<std::size_t>(cboprovider->count()));
     for (int row = 0; row < cboprovider->count(); ++row)
         before.emplace_back(cboprovider->itemText(row), cboprovider->itemData(row).toString());
     if (before == items)

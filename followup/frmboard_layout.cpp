@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QToolBar>
@@ -66,17 +67,22 @@ QFrame* card(QWidget* parent) {
     return frame;
 }
 
-/// A picture that follows the palette.
-QWidget* pictureOf(const char* icon, QWidget* parent) {
-    auto* picture = new QToolButton(parent);
-    picture->setIcon(Icon(icon));
-    picture->setAutoRaise(true);
-    picture->setFocusPolicy(Qt::NoFocus);
-    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
-    picture->setIconSize({Space(16), Space(16)});
-    picture->setFixedSize(Space(16), Space(16));
-    return picture;
-}
+/// A picture that follows the palette. It is no button, which a screen reader would offer to press.
+class Picture : public QWidget {
+  public:
+    Picture(const char* icon, QWidget* parent) : QWidget(parent), icon_(Icon(icon)) {
+        setFixedSize(Space(16), Space(16));
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        icon_.paint(&painter, rect());
+    }
+
+  private:
+    QIcon icon_;
+};
 
 }  // namespace
 
@@ -157,7 +163,7 @@ QWidget* frmboard::buildHead() {
 
 QWidget* frmboard::buildProblem() {
     pnlproblem = Named(new QWidget(this), "pnlproblem");
-    QWidget* picture = pictureOf("warning", pnlproblem);
+    QWidget* picture = new Picture("warning", pnlproblem);
     lblproblem = Named(new QLabel(pnlproblem), "lblproblem");
     lblproblem->setTextFormat(Qt::PlainText);
     lblproblem->setWordWrap(true);
@@ -223,7 +229,7 @@ void frmboard::buildPlace(BoardPlace place) {
     Place& made = at(place);
     const PlaceLook& look = placeLooks[static_cast<std::size_t>(place)];
     made.panel = card(grid_->parentWidget());
-    QWidget* picture = pictureOf(look.icon, made.panel);
+    QWidget* picture = new Picture(look.icon, made.panel);
     made.title = new QLabel(made.panel);
     made.title->setFont(HeadingFont());
     made.title->setToolTip(MeaningOf(place));

@@ -13,6 +13,7 @@ namespace {
 /// Returns how long the room is booked: "Bookings: 3, 2:30 hours". Time that is booked twice counts once.
 QString bookedTime(const std::vector<CalendarItem>& bookings) {
     std::vector<std::pair<int, int>> times;
+    times.reserve(bookings.size());
     for (const CalendarItem& booking : bookings)
         times.emplace_back(booking.ItemStart, booking.ItemEnd);
     std::ranges::sort(times);

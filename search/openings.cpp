@@ -109,7 +109,8 @@ MinuteSpan OpeningSearch::windowOf(const QString& provider, QDate date) const {
                       std::min({double(MinutesPerDay), double(work.end), wish_.hours.end})};
     if (date == now_.date()) {
         const int second = now_.time().msecsSinceStartOfDay() / 1000;
-        window.start = std::max(window.start, double((second + 59) / 60));
+        const int nextMinute = (second + 59) / 60;
+        window.start = std::max(window.start, double(nextMinute));
     }
     return window;
 }

@@ -23,9 +23,6 @@
 #include "session/session.h"
 #include "views/calendarview.h"
 
-using db::Recordset;
-using db::Sql;
-
 namespace {
 
 struct NewCommand {

@@ -111,7 +111,7 @@ void frmweekv::ShowNow() {
 }
 
 QDate frmweekv::Stepped(QDate from, int direction) const {
-    return mondayOf(from).addDays(DaysOfWeek * direction);
+    return mondayOf(from).addDays(qint64{DaysOfWeek} * direction);
 }
 
 QDate frmweekv::dateOfColumn(int column) const {

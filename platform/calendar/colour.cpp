@@ -166,9 +166,10 @@ QColor AtLightness(const QColor& color, double lightness, double mostStrength) {
     const double strength = std::hypot(wanted.a, wanted.b);
     double share = strength > mostStrength ? mostStrength / strength : 1.0;
     // A strong colour of some hues is only there at other lightnesses, so it becomes greyer until it is there.
-    for (; share > 0.01; share *= 0.94) {
+    while (share > 0.01) {
         if (const std::optional<QColor> shown = Shown({lightness, wanted.a * share, wanted.b * share}))
             return *shown;
+        share *= 0.94;
     }
     return Shown({lightness, 0, 0}).value_or(color);
 }

@@ -65,6 +65,11 @@ void CompletingCombo::SetListIndex(int index) {
     told_ = currentIndex();
 }
 
+void CompletingCombo::SetAccessibleName(const QString& name) {
+    setAccessibleName(name);
+    lineEdit()->setAccessibleName(name);
+}
+
 void CompletingCombo::SetMaxLength(int characters) {
     fieldOf(*this).SetMost(characters);
 }

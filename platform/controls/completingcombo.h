@@ -27,6 +27,8 @@ class CompletingCombo : public QComboBox {
     /// Does what leaving the box does: in a ListOnly box it completes the beginning of an item, and it raises Click for
     /// an item that was typed or stepped to. A form that saves while the box still has the focus calls it.
     void Settle();
+    /// Names the box and the field in it, because a screen reader is told of the field as a widget of its own.
+    void SetAccessibleName(const QString& name);
     /// Limits how many characters the user may type.
     void SetMaxLength(int characters);
     /// Sets the characters that are removed from typed or pasted text.

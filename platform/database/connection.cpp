@@ -30,7 +30,7 @@ void countTrip(const QString& sent) {
 
 /// A statement without what stands in quotes, which may be the name of a patient or a secret. Behind a quote that is
 /// never closed, nothing is told.
-QString withoutValues(QString statement) {
+QString withoutValues(const QString& statement) {
     static const QRegularExpression quoted(QStringLiteral("'(?:[^']|'')*'|\"[^\"]*\""));
     static const QRegularExpression unclosed(QStringLiteral("(?<!\\.)'(?!\\.).*$"));
     return statement.simplified().replace(quoted, QStringLiteral("'...'")).remove(unclosed);
