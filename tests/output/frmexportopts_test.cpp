@@ -249,6 +249,10 @@ TEST_F(ExportOptions, TheChosenPathStandsInItsField) {
     desk.chosenFile.clear();
     form->cmdCmdDlg->click();
     EXPECT_EQ(form->txtFilePath->text(), file("april.ics"));
+    PutFile(file("calendar"), "before");
+    desk.chosenFile = file("calendar");
+    form->cmdCmdDlg->click();
+    EXPECT_EQ(form->txtFilePath->text(), file("calendar")) << "The file that is there is meant.";
 }
 
 TEST_F(ExportOptions, APathThatIsNotWholeIsInTheUsersDocumentsOrAtHome) {

@@ -90,6 +90,15 @@ TEST_F(ScheduleOnPaper, ABookedRowTellsHowThePatientIsReached) {
                            "mary@example.org\nLocation: Main Office\nService: 90834\nNote: call first"}));
 }
 
+TEST_F(ScheduleOnPaper, APatientIsReachedHoweverTheIdIsWrittenInTheAppointment) {
+    addPatient("K7", "King", "Ada", "5550001111");
+    for (const char* id : {"K7", "k7", "K7 "}) {
+        run("Delete From appointments");
+        book({.note = "", .patient = id});
+        EXPECT_TRUE(report(march()).at(1).startsWith("|Home Phone: (555) 000-1111")) << id;
+    }
+}
+
 TEST_F(ScheduleOnPaper, ThreeHundredTwipsStandBetweenARowAndWhatStandsUnderIt) {
     book({});
     report(march());

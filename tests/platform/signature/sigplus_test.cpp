@@ -353,6 +353,13 @@ TEST_F(SignaturePad, AFileOfTheWebServiceIsImported) {
     }
 }
 
+TEST_F(SignaturePad, AFileOfTheLongestSignatureIsImported) {
+    const QString path = folder.filePath(QStringLiteral("my.sig"));
+    PutFile(path, WriteSignature(theLargestSignature(), SignaturePacking::Numbers, {}).toLatin1());
+    EXPECT_TRUE(pad.ImportFile(path));
+    EXPECT_EQ(pad.PointCount(), MostPoints);
+}
+
 TEST_F(SignaturePad, AFileUnderThePresentKeyIsImported) {
     const QString path = folder.filePath(QStringLiteral("my.sig"));
     PutFile(path, WriteSignature(aSignature(), SignaturePacking::Differences, SealingKey(ModifiedText)).toLatin1());
