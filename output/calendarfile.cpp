@@ -8,6 +8,7 @@
 
 namespace {
 
+// To append, the file would be told to go to its end, of which a device complains in the log.
 void append(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     const bool isDevice = QFileInfo::exists(path) && !QFileInfo(path).isFile();

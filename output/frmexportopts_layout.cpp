@@ -8,6 +8,7 @@
 
 #include "output/frmexportopts.h"
 #include "platform/controls/ctdedit.h"
+#include "platform/controls/formarea.h"
 #include "platform/controls/formparts.h"
 #include "platform/controls/textfield.h"
 #include "platform/desktop/desktop.h"
@@ -41,19 +42,23 @@ ctDEdit* dateField(const char* name, QWidget* parent) {
 }  // namespace
 
 void frmExportOpts::buildForm() {
-    QWidget* selection = buildSelection();
-    QWidget* file = buildFile();
+    auto* fields = new QWidget(this);
+    auto* boxes = new QVBoxLayout(fields);
+    boxes->setContentsMargins(0, 0, 0, 0);
+    boxes->setSpacing(Space(12));
+    boxes->addWidget(buildSelection());
+    boxes->addWidget(buildFile());
+    boxes->addStretch(1);
     cmdok = FormButton(QStringLiteral("&Export"), "cmdok", this);
     cmdok->setDefault(true);
     cmdcancel = FormButton(QStringLiteral("&Cancel"), "cmdcancel", this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Space(16), Space(16), Space(16), Space(16));
     column->setSpacing(Space(12));
-    column->addWidget(selection);
-    column->addWidget(file);
-    column->addStretch(1);
+    column->addWidget(new FormArea(fields, this), 1);
     column->addLayout(ButtonRow({cmdok, cmdcancel}));
     buildPanel();
+    FitToScreen(*this);
 }
 
 QWidget* frmExportOpts::buildSelection() {

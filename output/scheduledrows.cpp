@@ -98,10 +98,8 @@ void ScheduleFacts::readAttendees(const QStringList& activities) {
              Session().Connection);
          !row.Eof(); row.MoveNext())
         attendees_[row[0].integer()] << getprovname(row[1].text());
-    for (QStringList& names : attendees_) {
+    for (QStringList& names : attendees_)
         names.sort(Qt::CaseInsensitive);
-        names.removeDuplicates();
-    }
 }
 
 void ScheduleFacts::readContacts(const QStringList& patients) {

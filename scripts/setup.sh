@@ -6,8 +6,8 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config qt6-base-dev
 libqt6svg6 libsqlite3-dev libsodium-dev unixodbc-dev unixodbc tdsodbc libhunspell-dev hunspell-en-us libcurl4-openssl-dev
 ca-certificates libcmark-gfm-dev libcmark-gfm-extensions-dev fonts-dejavu-core)
 # Only the tests use these, and only the benchmarks that one.
-TEST_PACKAGES=(libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev python3-icalendar tidy qt6-webengine-dev
-python3-aiosmtpd openssl at-spi2-core)
+TEST_PACKAGES=(libgtest-dev libsqliteodbc xvfb xdotool dbus-daemon libical-dev python3-icalendar tidy chromium
+qt6-webengine-dev python3-aiosmtpd openssl at-spi2-core)
 BENCH_PACKAGES=(libbenchmark-dev)
 # What scripts/package makes and checks packages with.
 PACKAGE_PACKAGES=(debhelper qt6-webengine-dev lintian desktop-file-utils appstream man-db)

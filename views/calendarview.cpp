@@ -154,8 +154,9 @@ QStringList CalendarView::statementsOfLoad(QDate date, const QString& provider) 
 void CalendarView::endLoad() {
     displayapptinfo(0);
     board_->EndLoad();
-    allowExports(exports_);
-    allowReports(true);
+    const bool wasRead = !hasUnread();
+    allowExports(exports_ && wasRead);
+    allowReports(wasRead);
     tellFreedTimes();
 }
 

@@ -29,7 +29,15 @@ QSize NoteField::sizeHint() const {
     return {fontMetrics().averageCharWidth() * 40, lines_ * fontMetrics().lineSpacing() + around};
 }
 
+// A letter with Alt that no button answers to at the moment would otherwise be typed, and change a note that nobody
+// meant to change.
 void NoteField::keyPressEvent(QKeyEvent* event) {
+    const bool isAltLetter =
+        event->modifiers() == Qt::AltModifier && !event->text().isEmpty() && event->text()[0].isPrint();
+    if (isAltLetter) {
+        event->ignore();
+        return;
+    }
     if (!event->text().isEmpty() && accepted(event->text()).isEmpty())
         return;
     QPlainTextEdit::keyPressEvent(event);

@@ -32,18 +32,26 @@ QString text(const char* english) {
     return QCoreApplication::translate("Printing", english);
 }
 
-/// Prints the pages in this order. They count from 0. Returns whether that succeeded.
+enum class End { Whole, Ended, Failed };
+
+End endOf(bool succeeded) {
+    return succeeded ? End::Whole : End::Failed;
+}
+
+/// Prints the pages in this order. They count from 0.
 template <class Device>
-bool paintPages(Device& device, const PageLayout& layout, const std::vector<int>& pages) {
+End paintPages(Device& device, const PageLayout& layout, const std::vector<int>& pages, const PageStep& step = {}) {
     QPainter painter;
     if (!painter.begin(&device))
-        return false;
+        return End::Failed;
     for (std::size_t i = 0; i < pages.size(); ++i) {
         if (i > 0 && !device.newPage())
-            return false;
+            return End::Failed;
         layout.paintPage(painter, pages[i], QRectF(0, 0, device.width(), device.height()));
+        if (step && !step(static_cast<int>(i) + 1, static_cast<int>(pages.size())))
+            return End::Ended;
     }
-    return painter.end();
+    return endOf(painter.end());
 }
 
 std::vector<int> allPages(const PageLayout& layout) {
@@ -85,14 +93,20 @@ std::vector<int> withCopies(const QPrinter& printer, std::vector<int> pages) {
     return all;
 }
 
-/// Writes a file through `write`, which returns whether it succeeded. Throws PrintError where it did not.
+/// Writes a file through `write`. Returns false where that was ended, and throws PrintError where it failed.
 template <class Write>
-void saveFile(const QString& path, Write write) {
+bool saveFile(const QString& path, Write write) {
     QSaveFile file(path);
+    const End end = file.open(QIODevice::WriteOnly) ? write(file) : End::Failed;
+    if (end == End::Ended) {
+        file.cancelWriting();
+        return false;
+    }
     // What is left in the buffer may not fit on the disk, which commit would not see.
-    if (!file.open(QIODevice::WriteOnly) || !write(file) || !file.flush() || !file.commit())
+    if (end == End::Failed || !file.flush() || !file.commit())
         throw PrintError(
             text("The file %1 could not be written: %2.").arg(QDir::toNativeSeparators(path), file.errorString()));
+    return true;
 }
 
 }  // namespace
@@ -111,24 +125,24 @@ void PrintOn(QPrinter& printer, const Document& document, int currentPage) {
     printer.setFullPage(true);
     const PageLayout layout(document, SetupOf(printer, document.setup.margins));
     const std::vector<int> pages = withCopies(printer, chosenPages(printer, layout, currentPage));
-    if (!paintPages(printer, layout, pages) || printer.printerState() == QPrinter::Error)
+    if (paintPages(printer, layout, pages) == End::Failed || printer.printerState() == QPrinter::Error)
         throw PrintError(text("The printer could not be reached, or refused the document."));
 }
 
-void SavePdf(const Document& document, const QString& path) {
+bool SavePdf(const Document& document, const QString& path, const PageStep& step) {
     const PageLayout layout(document);
-    saveFile(path, [&](QSaveFile& file) {
+    return saveFile(path, [&](QSaveFile& file) {
         QPdfWriter writer(&file);
         writer.setResolution(PdfDotsPerInch);
         writer.setPageLayout(qtLayout(document.setup));
         writer.setTitle(document.title);
         writer.setCreator(QCoreApplication::applicationName());
-        return paintPages(writer, layout, allPages(layout));
+        return paintPages(writer, layout, allPages(layout), step);
     });
 }
 
 void SaveHtml(const Document& document, const QString& path) {
-    saveFile(path, [&](QSaveFile& file) { return files::WriteAll(file, HtmlText(document).toUtf8()); });
+    saveFile(path, [&](QSaveFile& file) { return endOf(files::WriteAll(file, HtmlText(document).toUtf8())); });
 }
 
 }  // namespace printing

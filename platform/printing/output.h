@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/printing/printdocument.h"
 
 class QPrinter;
@@ -16,8 +18,12 @@ void PrintOn(QPrinter& printer, const Document& document, int currentPage = 1);
 /// Gives the printer the document's paper and title.
 void GiveSetup(QPrinter& printer, const Document& document);
 
+/// Hears of each page that is done, from 1, and of how many there are. Returns whether to go on.
+using PageStep = std::function<bool(int page, int pages)>;
+
 /// These routines write a file whole or not at all. They throw PrintError when it cannot be written.
-void SavePdf(const Document& document, const QString& path);
+/// Returns false where `step` has ended it.
+bool SavePdf(const Document& document, const QString& path, const PageStep& step = {});
 void SaveHtml(const Document& document, const QString& path);
 /// Returns the document as one HTML page, without its header, footer and pictures.
 [[nodiscard]] QString HtmlText(const Document& document);

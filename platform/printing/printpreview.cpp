@@ -2,10 +2,15 @@
 
 #include <algorithm>
 #include <QAction>
+#include <QCoreApplication>
 #include <QDir>
 #include <QLabel>
+#include <QPointer>
 #include <QPrinter>
+#include <QProgressBar>
+#include <QProgressDialog>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QToolBar>
@@ -25,6 +30,7 @@ namespace {
 
 constexpr double ZoomStep = 1.25;
 constexpr int MostPagesForSure = 9999;
+constexpr int PagesOfALongSave = 200;  // Nobody waits for fewer.
 
 /// Returns a path for the document's title in the user's documents. Characters that a file name cannot hold become
 /// blanks.
@@ -198,15 +204,36 @@ bool PrintPreview::Print() {
     }
 }
 
+// What the user does in a step may take this widget away, and the document is another by then.
+bool PrintPreview::save(const QString& path) {
+    if (PageCount() < PagesOfALongSave) {
+        const BusyPointer busy;
+        return printing::SavePdf(document_, path);
+    }
+    const printing::Document document = document_;
+    const QPointer<QProgressDialog> progress(
+        new QProgressDialog(tr("Saving the document ..."), tr("Cancel"), 0, PageCount(), this));
+    const auto taken = qScopeGuard([&progress] { delete progress; });
+    progress->setWindowTitle(tr("Save as PDF"));
+    progress->setWindowModality(Qt::WindowModal);
+    auto* bar = new QProgressBar;
+    bar->setRange(0, PageCount());
+    progress->setBar(bar);
+    progress->show();
+    return printing::SavePdf(document, path, [&progress, bar](int page, int) {
+        bar->setValue(page);
+        QCoreApplication::processEvents();
+        return progress != nullptr && !progress->wasCanceled();
+    });
+}
+
 QString PrintPreview::SaveAsPdf() {
     QString path =
         ChooseSaveFile(tr("Save as PDF"), proposedFile(document_.title), tr("PDF files (*.pdf);;All files (*)"));
     if (path.isEmpty())
         return {};
     try {
-        const BusyPointer busy;
-        printing::SavePdf(document_, path);
-        return path;
+        return save(path) ? path : QString();
     } catch (const PrintError& error) {
         MsgBox(error.description(), ErrorBox, tr("Save as PDF"));
         return {};

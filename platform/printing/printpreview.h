@@ -59,6 +59,8 @@ class PrintPreview : public QWidget {
     void followPage();
     void goTo(int page);
     void zoomBy(double factor);
+    /// Writes the PDF. A long one tells how far it is, and can be cancelled. Returns whether it is there.
+    bool save(const QString& path);
 
     printing::Document document_;
     QToolBar* toolBar_ = nullptr;

@@ -159,6 +159,16 @@ TEST_F(MissedNoteLoad, AReadOnlyNoteCanBeReadAndPrintedOnly) {
     }
 }
 
+TEST_F(MissedNoteLoad, ANoteThatIsToBeWrittenCannotBeBegunByWhoMayOnlyRead) {
+    request.ReadOnly = true;
+    open();
+    EXPECT_TRUE(form->txtreason->isReadOnly());
+    EXPECT_FALSE(form->cboprovider->isEnabled());
+    EXPECT_FALSE(maySign());
+    ok();
+    EXPECT_EQ(rowCount("sessions"), 0);
+}
+
 TEST_F(MissedNoteLoad, OfAReadOnlyNoteWithoutATextNothingIsAsked) {
     addNote(QString());
     request.ReadOnly = true;

@@ -173,6 +173,17 @@ TEST_F(MissedNoteSign, TheNewestSignatureCountsAndNotTheColumnOfTheSession) {
     EXPECT_EQ(shown(form->lblsignstatus), Nothing);
 }
 
+TEST_F(MissedNoteSign, OfTwoSignaturesOfTheSameMomentTheOneThatWasAddedLastCounts) {
+    const int note = addNote();
+    storeSignature(note, QStringLiteral("of another key"));
+    signOnPad(note);
+    open();
+    EXPECT_EQ(shown(form->lblsignstatus), Line);
+    storeSignature(note, QStringLiteral("of another key"));
+    open();
+    expectTakenAway();
+}
+
 TEST_F(MissedNoteSign, ANewestSignatureThatDoesNotFitVoidsTheOthersToo) {
     const int note = addNote();
     signOnPad(note);

@@ -146,7 +146,7 @@ TEST_F(NewNote, WritesMidnightAndNoonInItsOwnWay) {
     const Times times[]{{0, 30, "12:00 am", "12:30 AM", "30"},     {690, 720, "11:30 AM", "12:00 pm", "30"},
                         {720, 779, "12:00 pm", "0:59 PM", "59"},   {1380, 1440, "11:00 PM", "12:00 Mid", "60"},
                         {600, 540, "10:00 AM", "9:00 AM", "Null"}, {600, 600, "10:00 AM", "10:00 AM", "Null"},
-                        {7, 8, "12:07 AM", "12:08 AM", "1"}};
+                        {7, 8, "12:07 AM", "12:08 AM", "1"},       {1410, 1470, "11:30 PM", "12:30 AM", "60"}};
     for (const Times& each : times) {
         CreateSessionFromAppointment(shown(add({.start = each.start, .end = each.end})), 1, calendar);
         EXPECT_EQ(session("StartTime"), each.startText) << each.start;

@@ -57,6 +57,17 @@ TEST_F(CalendarFile, ANewOneIsReadByItsOwnerAlone) {
     }
 }
 
+TEST_F(CalendarFile, InAFolderThatAGroupSharesItIsTheGroupsToo) {
+    const auto group = QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+    QFile::setPermissions(folder.path(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner |
+                                             group | QFileDevice::ExeGroup);
+    for (const auto write : {WriteAnew, WriteWhole}) {
+        write(path(), "names");
+        EXPECT_EQ(QFileInfo(path()).permissions() & (group | QFileDevice::ReadOther), group);
+        QFile::remove(path());
+    }
+}
+
 TEST_F(CalendarFile, AFolderThatIsNotThereIsTold) {
     EXPECT_TRUE(failure(WriteAnew, path("gone/march.ics")).contains("No such file"));
     EXPECT_TRUE(failure(WriteWhole, path("gone/march.ics")).contains("No such file"));

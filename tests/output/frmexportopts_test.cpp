@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QStandardPaths>
 #include <QTest>
 
@@ -248,6 +249,10 @@ TEST_F(ExportOptions, TheChosenPathStandsInItsField) {
     desk.chosenFile.clear();
     form->cmdCmdDlg->click();
     EXPECT_EQ(form->txtFilePath->text(), file("april.ics"));
+    PutFile(file("calendar"), "before");
+    desk.chosenFile = file("calendar");
+    form->cmdCmdDlg->click();
+    EXPECT_EQ(form->txtFilePath->text(), file("calendar")) << "The file that is there is meant.";
 }
 
 TEST_F(ExportOptions, APathThatIsNotWholeIsInTheUsersDocumentsOrAtHome) {
@@ -487,4 +492,18 @@ TEST_F(ExportOptions, TheChosenOptionHasTheFocusAtFirst) {
     EXPECT_EQ(form->focusWidget(), form->optSelect[1]);
     open({});
     EXPECT_EQ(form->focusWidget(), form->optSelect[0]);
+}
+
+TEST_F(ExportOptions, OnASmallScreenEveryFieldStaysWholeAndTheButtonsStayInSight) {
+    open().resize(640 - 16, 400 - 56);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form->size(), QSize(624, 344));
+    for (const QWidget* field : std::initializer_list<QWidget*>{form->optSelect[2], form->txtfrom, form->txtto})
+        EXPECT_GE(field->width(), field->minimumSizeHint().width()) << field->objectName().toStdString();
+    EXPECT_LT(form->txtFilePath->geometry().right(), form->cmdCmdDlg->geometry().left());
+    const auto* area = form->findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    EXPECT_LE(area->widget()->width(), area->viewport()->width()) << "Only the height is scrolled.";
+    EXPECT_TRUE(form->rect().contains(form->cmdok->geometry()));
+    EXPECT_TRUE(form->rect().contains(form->cmdcancel->geometry()));
 }

@@ -1,9 +1,13 @@
 #include "output/htmlexport.h"
 
+#include <functional>
 #include <QFileInfo>
+#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTextDocument>
+#include <QUrl>
 #include <QXmlStreamReader>
 
 #include "output/patientnaming.h"
@@ -65,6 +69,27 @@ class HtmlExport : public ExportFixture {
         tidy.start("tidy", {"-q", "-e", "--show-info", "yes", path});
         EXPECT_TRUE(tidy.waitForFinished(60000));
         return QString::fromUtf8(tidy.readAllStandardError());
+    }
+    /// The picture of a page in a window of 800 by 600 pixels.
+    QImage pictureBy(const QString& chromium, const QString& path) {
+        const QString picture = file("page.png");
+        QProcess browser;
+        browser.start(chromium,
+                      {"--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars", "--force-color-profile=srgb",
+                       "--window-size=800,600", "--user-data-dir=" + file("browser"), "--screenshot=" + picture,
+                       QUrl::fromLocalFile(path).toString()});
+        EXPECT_TRUE(browser.waitForFinished(60000));
+        EXPECT_EQ(browser.exitCode(), 0) << browser.readAllStandardError().constData();
+        return QImage(picture);
+    }
+    /// The least rectangle that holds every pixel of these colours.
+    static QRect placeOf(const QImage& picture, const std::function<bool(QColor)>& is) {
+        QRect place;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (is(picture.pixelColor(x, y)))
+                    place |= QRect(x, y, 1, 1);
+        return place;
     }
 
     const QDate monday{2026, 3, 9};
@@ -278,6 +303,27 @@ TEST_F(HtmlExport, TheTitleTellsWhoseScheduleItIsAndWhen) {
     Session().ProviderName = QStringLiteral("Reed & <Sons>");
     EXPECT_TRUE(exportDay().contains("<title>Schedule for: Reed &amp; &lt;Sons&gt;, March 11, 2026</title>"));
     EXPECT_TRUE(exportWeek().contains("<title>Schedule for: Reed &amp; &lt;Sons&gt;, Week of March 9, 2026</title>"));
+}
+
+TEST_F(HtmlExport, ABrowserShowsThePageInItsWidthAndItsColours) {
+    const QString chromium = QStandardPaths::findExecutable("chromium");
+    if (chromium.isEmpty())
+        GTEST_SKIP() << "The browser is not installed.";
+    book({.text = "Doe, <b>John</b> & \xD7\x93\xD7\x95\xD7\x93"});
+    book({.start = 600, .end = 650});
+    exportWeek();
+    const QImage picture = pictureBy(chromium, WeekHtmlPath(monday));
+    ASSERT_EQ(picture.size(), QSize(800, 600));
+    const QRect shaded = placeOf(picture, [](QColor colour) { return colour == QColor(0xC0, 0xC0, 0xFF); });
+    const QRect drawn = placeOf(picture, [](QColor colour) { return colour != QColor(Qt::white); });
+    constexpr int PixelsOfHeading = 8500 / 15;  // Of twips, at 96 pixels an inch.
+    EXPECT_NEAR(shaded.width(), PixelsOfHeading, 2);
+    EXPECT_NEAR(drawn.width(), PixelsOfHeading, 4) << "Nothing stands beside the table.";
+    EXPECT_LT(shaded.top(), 40) << "The page begins with its heading.";
+    EXPECT_GT(drawn.height(), 150);
+    const QRect ink = placeOf(picture.copy(shaded), [](QColor colour) { return colour.lightness() < 80; });
+    EXPECT_LT(ink.left(), 20);
+    EXPECT_GT(ink.right(), PixelsOfHeading * 4000 / 8500) << "The names stand in the third column.";
 }
 
 TEST_F(HtmlExport, ALongWeekIsPrintedOnAsManyPagesAsItNeeds) {

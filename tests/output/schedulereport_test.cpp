@@ -90,6 +90,15 @@ TEST_F(ScheduleOnPaper, ABookedRowTellsHowThePatientIsReached) {
                            "mary@example.org\nLocation: Main Office\nService: 90834\nNote: call first"}));
 }
 
+TEST_F(ScheduleOnPaper, APatientIsReachedHoweverTheIdIsWrittenInTheAppointment) {
+    addPatient("K7", "King", "Ada", "5550001111");
+    for (const char* id : {"K7", "k7", "K7 "}) {
+        run("Delete From appointments");
+        book({.note = "", .patient = id});
+        EXPECT_TRUE(report(march()).at(1).startsWith("|Home Phone: (555) 000-1111")) << id;
+    }
+}
+
 TEST_F(ScheduleOnPaper, ThreeHundredTwipsStandBetweenARowAndWhatStandsUnderIt) {
     book({});
     report(march());
@@ -225,6 +234,14 @@ TEST_F(ScheduleOnPaper, AnActivityOfSeveralProvidersNamesThem) {
     EXPECT_EQ(
         report(march(), DoSchedule2),
         (QStringList{"*Several Providers*", "3/11/2026|9:00 AM - 9:50 AM|Staff meeting|", "|Providers: Lane, Reed"}));
+}
+
+TEST_F(ScheduleOnPaper, TwoProvidersOfOneNameBothStandAtTheirActivity) {
+    run("Insert Into provider_info (id, prov_lastname) Values ('LANE2', 'Lane')");
+    const qint64 key = bookBare("Staff meeting", ncolor::Activity, EventClinicianId);
+    share(key, "LANE2");
+    share(key, "LANE");
+    EXPECT_EQ(report(march()), QStringList{"3/11/2026|9:00 AM - 9:50 AM|Staff meeting|Lane, Lane|"});
 }
 
 TEST_F(ScheduleOnPaper, AProviderOrPatientRemovedSinceLeavesTheRowReadable) {

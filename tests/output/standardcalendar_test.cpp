@@ -144,6 +144,18 @@ TEST(StandardCalendarFile, TellsTheClocksOfItsDatesAlone) {
     EXPECT_EQ(StandardCalendar({visit()}, QTimeZone::utc(), Stamp).count("BEGIN:STANDARD"), 1);
 }
 
+// In the summers of the war the clocks of London went on by a second hour, from one daylight time into another.
+TEST(StandardCalendarFile, BeginsWithStandardTimeAlsoWhereOneDaylightTimeFollowedAnother) {
+    const QTimeZone london("Europe/London");
+    const QByteArray file = StandardCalendar({visit(1, QDate(1944, 7, 3), 600, 660)}, london, Stamp);
+    EXPECT_LT(file.indexOf("BEGIN:STANDARD"), file.indexOf("BEGIN:DAYLIGHT")) << file.constData();
+    EXPECT_TRUE(file.contains("TZOFFSETFROM:+0100\r\nTZOFFSETTO:+0200")) << file.constData();
+    const std::vector<ReadEvent> events = ReadByLibical(file);
+    ASSERT_EQ(events.size(), 1U);
+    EXPECT_EQ(events.front().startUtc, "1944-07-03T08:00:00");
+    EXPECT_EQ(events, ReadByPython(file));
+}
+
 TEST(StandardCalendarFile, ATextComesBackAsItStandsWhateverIsInIt) {
     for (const QString& text :
          {QStringLiteral("Jones; Mary, \\ \"quoted\" <b>&amp;</b> | bar: 'x'"), QStringLiteral("BEGIN:VEVENT"),
@@ -197,6 +209,7 @@ TEST(StandardCalendarFile, TheStatusIsTold) {
     };
     EXPECT_EQ(status(ncolor::Blank), "CONFIRMED ");
     EXPECT_EQ(status(ncolor::Tentative), "TENTATIVE Tentative");
+    EXPECT_TRUE(status(ncolor::LegendTentative).startsWith("TENTATIVE"));
     EXPECT_EQ(status(ncolor::Kept), "CONFIRMED Kept");
     EXPECT_EQ(status(ncolor::Missed), "CONFIRMED Missed");
     EXPECT_EQ(status(ncolor::PatientCancelled), "CANCELLED Patient Cancelled");

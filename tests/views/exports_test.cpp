@@ -49,6 +49,10 @@ class Exports : public EachView {
         desk.opened.clear();
         return QString::fromUtf8(FileBytes(path));
     }
+    /// Hears of each time that the command is switched on or off, as long as the view stands.
+    void connectTo(QAction& action, const std::function<void(bool)>& heard) {
+        QObject::connect(&action, &QAction::enabledChanged, view_.get(), heard);
+    }
     [[nodiscard]] bool canExport() {
         return command("mnuFExport").isEnabled() && command("mnuFExportiCal").isEnabled() &&
                command("mnuFExportHTML").isEnabled();
@@ -64,6 +68,30 @@ TEST_F(Exports, AreOfferedByTheDayAndTheWeekOnceTheyAreRead) {
     EXPECT_TRUE(canExport());
     openAs(Which::All);
     EXPECT_FALSE(canExport());
+}
+
+TEST_F(Exports, AndReportsAreOffFromTheBeginningOfALoadUntilTheRowsAreThere) {
+    Session().AllProviders = true;
+    run("Insert Into provider_info (id, prov_lastname, archive) Values('REED', 'Reed', 0)");
+    add(anAppointment("Anna"));
+    for (const Which view : {Which::Day, Which::Week, Which::All}) {
+        openAs(view);
+        const int before = calendar().ItemCount();
+        QStringList changes;
+        for (const char* name : {"mnuFExport", "mnuFReport"})
+            connectTo(command(name), [this, &changes, name, before](bool isEnabled) {
+                changes << QStringLiteral("%1 %2 at %3")
+                               .arg(name, isEnabled ? "on" : "off")
+                               .arg(calendar().ItemCount() - before);
+            });
+        add(anAppointment("Ben").at(11 + static_cast<int>(view), 0));
+        view_->Reload();
+        settle();
+        changes.sort();
+        const QStringList reports{"mnuFReport off at 0", "mnuFReport on at 1"};
+        EXPECT_EQ(changes,
+                  (view == Which::All ? reports : QStringList{"mnuFExport off at 0", "mnuFExport on at 1"} + reports));
+    }
 }
 
 TEST_F(Exports, AreOfferedToAReaderToo) {

@@ -75,11 +75,25 @@ class UnreadView : public PracticeFixture, public testing::WithParamInterface<Op
         EXPECT_EQ(notice()->mapToGlobal(QPoint()), place().mapToGlobal(QPoint()));
         EXPECT_EQ(notice()->size(), place().size());
         EXPECT_FALSE(place().isEnabled()) << "Nobody can book into what was not read.";
+        for (QAction* leaving : leavingCommands())
+            EXPECT_TRUE(!leaving->isEnabled() && !leaving->toolTip().isEmpty()) << leaving->objectName().toStdString();
     }
     void expectRead() {
         EXPECT_TRUE(notice() == nullptr || !notice()->isVisible());
         EXPECT_TRUE(place().isEnabled());
         EXPECT_EQ(shownItems(), 1);
+        for (const QAction* leaving : leavingCommands())
+            EXPECT_TRUE(leaving->isEnabled()) << leaving->objectName().toStdString();
+    }
+    /// What of the view would carry the schedule out of the program, where the view has it.
+    [[nodiscard]] QList<QAction*> leavingCommands() {
+        QList<QAction*> found;
+        for (const char* name : {"mnuFExport", "mnuFRSched", "mnuFRCancel", "mnuFRCalls"})
+            if (auto* action = view_->findChild<QAction*>(QLatin1String(name)))
+                if (dynamic_cast<frmall*>(view_.get()) == nullptr ||
+                    action->objectName() != QLatin1String("mnuFExport"))
+                    found << action;
+        return found;
     }
 
     std::unique_ptr<ViewWindow> view_;

@@ -38,6 +38,19 @@ TEST(NoteFieldTest, AFieldThatKeepsSeparatorsKeepsThemHoweverTheyCome) {
     EXPECT_EQ(note.toPlainText(), QStringLiteral("a;b|c; d|e\nf;é|"));
 }
 
+TEST(NoteFieldTest, AnAltLetterThatNothingAnswersToIsNotTyped) {
+    NoteField note;
+    note.show();
+    QTest::keyClicks(&note, QStringLiteral("Ill."));
+    QTest::keyClick(&note, 'w', Qt::AltModifier);
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("Ill."));
+    QTest::keyClick(&note, Qt::Key_Backspace);
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("Ill"));
+    // Some keyboards have signs behind both keys together.
+    QTest::keyClick(&note, '@', Qt::AltModifier | Qt::ControlModifier);
+    EXPECT_EQ(note.toPlainText(), QStringLiteral("Ill@"));
+}
+
 TEST(NoteFieldTest, AStoredNoteIsShownAsItIs) {
     NoteField note;
     note.setPlainText(QStringLiteral("old; note"));

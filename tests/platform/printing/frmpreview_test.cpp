@@ -5,10 +5,12 @@
 #include <QAction>
 #include <QLabel>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "platform/printing/printers.h"
 #include "platform/printing/printpreview.h"
@@ -41,6 +43,23 @@ class PreviewOfADocument : public testing::Test {
         form->show();
         QTest::qWait(0);
         return *form;
+    }
+    /// Opens a document of many pages, and plays the user on what tells how far its saving is.
+    void saveLong(const std::function<void(QProgressDialog&)>& act) {
+        for (int page = 0; page < 250; ++page) {
+            vp.NewPage();
+            vp.AddParagraph(QStringLiteral("Page"));
+        }
+        desk.chosenFile = folder.filePath(QStringLiteral("long.pdf"));
+        open();
+        QTimer::singleShot(0, form.get(), [this, act] {
+            auto* progress = form->findChild<QProgressDialog*>();
+            ASSERT_NE(progress, nullptr) << "The window is blocked while the file is written.";
+            EXPECT_TRUE(progress->isVisible());
+            EXPECT_LT(progress->value(), progress->maximum());
+            act(*progress);
+        });
+        form->cmdsave->click();
     }
     [[nodiscard]] QAction& command(const char* name) const { return *form->findChild<QAction*>(QLatin1String(name)); }
     [[nodiscard]] QString shownPage() const {
@@ -178,6 +197,34 @@ TEST_F(PreviewOfADocument, WhatIsSavedAndPrintedIsTurnedAsTheUserTurnedIt) {
     form->cmdprint->click();
     for (const QString& file : {desk.chosenFile, printed})
         EXPECT_TRUE(FileBytes(file).contains("/MediaBox [0 0 792.000000 612.000000]")) << file.toStdString();
+}
+
+TEST_F(PreviewOfADocument, ALongSaveShowsHowFarItIsWhileTheWindowLives) {
+    bool wasSeen = false;
+    saveLong([&wasSeen](QProgressDialog&) { wasSeen = true; });
+    EXPECT_TRUE(wasSeen);
+    EXPECT_TRUE(FileBytes(desk.chosenFile).startsWith("%PDF-"));
+    EXPECT_EQ(form->lblstatus->text(), QStringLiteral("Saved as ") + desk.chosenFile);
+    EXPECT_EQ(form->findChild<QProgressDialog*>(), nullptr);
+    const qint64 size = QFileInfo(desk.chosenFile).size();
+    form->cmdsave->click();
+    EXPECT_EQ(QFileInfo(desk.chosenFile).size(), size);
+}
+
+TEST_F(PreviewOfADocument, ALongSaveThatIsCancelledLeavesTheFileAsItWas) {
+    PutFile(folder.filePath(QStringLiteral("long.pdf")), "before");
+    saveLong([](QProgressDialog& progress) { QTest::mouseClick(progress.findChild<QPushButton*>(), Qt::LeftButton); });
+    EXPECT_EQ(FileBytes(desk.chosenFile), "before");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"long.pdf"});
+    EXPECT_TRUE(form->lblstatus->text().isEmpty());
+    form->cmdsave->click();
+    EXPECT_TRUE(FileBytes(desk.chosenFile).startsWith("%PDF-")) << "It can be saved again.";
+}
+
+TEST_F(PreviewOfADocument, AWindowThatGoesInTheMiddleOfALongSaveEndsIt) {
+    saveLong([this](QProgressDialog&) { form.reset(); });
+    EXPECT_EQ(form, nullptr);
+    EXPECT_FALSE(QFileInfo::exists(desk.chosenFile));
 }
 
 TEST_F(PreviewOfADocument, ASaveThatIsGivenUpWritesNothing) {

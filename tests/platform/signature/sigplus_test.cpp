@@ -177,6 +177,16 @@ TEST_F(SignaturePad, ATouchThatTheScreenTakesBackLeavesNothing) {
     QTest::touchEvent(&pad, screen()).release(1, {120, 30}, &pad);
 }
 
+TEST_F(SignaturePad, ATouchThatTheScreenTakesBackLeavesTheStrokeOfTheMouse) {
+    QTest::mousePress(&pad, Qt::LeftButton, {}, {50, 50});
+    move({100, 60});
+    QTouchEvent cancel(QEvent::TouchCancel, screen());
+    QApplication::sendEvent(&pad, &cancel);
+    move({150, 50});
+    QTest::mouseRelease(&pad, Qt::LeftButton, {}, {200, 40});
+    EXPECT_GE(pad.PointCount(), 4);
+}
+
 TEST_F(SignaturePad, APenWritesWithItsPressure) {
     pen(QEvent::TabletPress, {50, 30}, 0.25, Qt::LeftButton);
     EXPECT_TRUE(penWasTaken) << "Else the same stroke would come by the mouse again.";
@@ -221,6 +231,18 @@ TEST_F(SignaturePad, CtrlZTakesBackOneStroke) {
     QTest::keySequence(&pad, QKeySequence::Undo);
     QTest::keySequence(&pad, QKeySequence::Undo);
     EXPECT_EQ(pad.PointCount(), 0);
+}
+
+TEST_F(SignaturePad, CtrlZInTheMiddleOfAStrokeLeavesItToTheHand) {
+    write();
+    const int points = pad.PointCount();
+    QTest::mousePress(&pad, Qt::LeftButton, {}, {20, 20});
+    QTest::keySequence(&pad, QKeySequence::Undo);
+    move({60, 30});
+    QTest::mouseRelease(&pad, Qt::LeftButton, {}, {90, 25});
+    EXPECT_GT(pad.PointCount(), points);
+    QTest::keySequence(&pad, QKeySequence::Undo);
+    EXPECT_EQ(pad.PointCount(), points);
 }
 
 TEST_F(SignaturePad, TheFormHearsOfEachStrokeOnce) {
@@ -329,6 +351,13 @@ TEST_F(SignaturePad, AFileOfTheWebServiceIsImported) {
         EXPECT_EQ(signature(), aSignature());
         pad.SetEncryptionMode(2);
     }
+}
+
+TEST_F(SignaturePad, AFileOfTheLongestSignatureIsImported) {
+    const QString path = folder.filePath(QStringLiteral("my.sig"));
+    PutFile(path, WriteSignature(theLargestSignature(), SignaturePacking::Numbers, {}).toLatin1());
+    EXPECT_TRUE(pad.ImportFile(path));
+    EXPECT_EQ(pad.PointCount(), MostPoints);
 }
 
 TEST_F(SignaturePad, AFileUnderThePresentKeyIsImported) {
