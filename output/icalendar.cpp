@@ -109,7 +109,7 @@ QStringList timeLines(const ExportedAppointment& appointment, const QString& zon
     const QDateTime midnight(date, QTime(0, 0), Qt::UTC);
     const auto line = [&](const char* name, int minutes) {
         return QStringLiteral("%1;TZID=%2:%3")
-            .arg(QLatin1String(name), zone, midnight.addSecs(minutes * 60).toString(MomentForm));
+            .arg(QLatin1String(name), zone, midnight.addSecs(qint64{minutes} * 60).toString(MomentForm));
     };
     QStringList lines{line("DTSTART", appointment.nStartTime)};
     // An event without an end ends where it starts; an end that is no later than the start is not allowed.
@@ -153,8 +153,10 @@ void sortOnce(std::vector<ExportedAppointment>& appointments) {
     };
     std::erase_if(appointments, [](const ExportedAppointment& one) { return !one.DApptDate.isValid(); });
     std::ranges::sort(appointments, {}, place);
-    const auto surplus = std::ranges::unique(appointments, {}, &ExportedAppointment::nkeyid);
-    appointments.erase(surplus.begin(), surplus.end());
+    const auto surplus = std::unique(
+        appointments.begin(), appointments.end(),
+        [](const ExportedAppointment& one, const ExportedAppointment& next) { return one.nkeyid == next.nkeyid; });
+    appointments.erase(surplus, appointments.end());
 }
 
 }  // namespace

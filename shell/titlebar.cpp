@@ -40,8 +40,10 @@ class TitleBar::WhoseButton : public QToolButton {
     void paintEvent(QPaintEvent* /*event*/) override {
         QStyleOptionToolButton option;
         initStyleOption(&option);
+        // A name that has its room is drawn as it is: measured in whole pixels, it would seem a part of one too wide.
         const int room = width() - (sizeHint().width() - fontMetrics().horizontalAdvance(name_));
-        option.text = CaptionText(fontMetrics().elidedText(name_, Qt::ElideRight, room)) + mark();
+        if (width() < sizeHint().width())
+            option.text = CaptionText(fontMetrics().elidedText(name_, Qt::ElideRight, room)) + mark();
         QStylePainter(this).drawComplexControl(QStyle::CC_ToolButton, option);
     }
     void resizeEvent(QResizeEvent* event) override {

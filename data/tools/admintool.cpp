@@ -348,7 +348,7 @@ int users(const QCommandLineParser& parser, const QStringList& arguments) {
         return listUsers(main);
     if (arguments.size() != 2)
         throw UsageError("users takes list, add ID, password ID, lock ID or unlock ID.");
-    const QString id = arguments[1];
+    const QString& id = arguments[1];
     const int key = InstallationScrambleKey(InstallationFile(), DefaultScrambleKey);
     QString why;
     if (what == QLatin1String("add"))

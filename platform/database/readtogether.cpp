@@ -32,7 +32,7 @@ ReadTogether::ReadTogether(Connection& connection, const QStringList& statements
     std::vector<ResultTable> tables;
     Ignoring([&] { tables = connection.queryTogether(wanted); });
     for (std::size_t i = 0; i < tables.size(); ++i)
-        read_.insert(wanted[static_cast<qsizetype>(i)], std::move(tables[i]));
+        read_[wanted[static_cast<qsizetype>(i)]] = std::move(tables[i]);
     connection.together_.push_back(this);
     living().push_back(this);
 }

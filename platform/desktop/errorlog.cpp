@@ -131,7 +131,7 @@ void noteCrash(int number) {
 
 /// The note is written on a stack of its own, since the program's may be what ran out.
 void catchSignals() {
-    static std::array<char, 64 * 1024> spare{};
+    static std::array<char, std::size_t{64} * 1024> spare{};
     stack_t stack{};
     stack.ss_sp = spare.data();
     stack.ss_size = spare.size();

@@ -69,7 +69,7 @@ QString reason(CURLcode error, const QString& detail, const Server& server) {
 
 Outcome FailureOf(CURLcode error, const QString& detail, const Server& server, const Transcript& transcript,
                   bool handedOver) {
-    if (const auto refusal = transcript.refusal(); refusal && comesFromReply(error))
+    if (const std::optional<Transcript::Refusal>& refusal = transcript.refusal(); refusal && comesFromReply(error))
         return {refusal->code, refusalText(error, *refusal) + NotSent};
     return {static_cast<int>(error), reason(error, detail, server) + (handedOver ? MaybeSent : NotSent)};
 }

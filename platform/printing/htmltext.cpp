@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <numeric>
 
 #include "platform/printing/output.h"
@@ -52,8 +53,7 @@ QString row(const QStringList& cells, std::size_t columns, const QStringList& ta
     for (qsizetype column = 0; column < static_cast<qsizetype>(columns); ++column) {
         const bool isLast = column == static_cast<qsizetype>(columns) - 1;
         QString cell = escaped(isLast ? QStringList(cells.mid(column)).join(u' ') : cells.value(column));
-        for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag)
-            cell = between(*tag, cell);
+        std::for_each(tags.rbegin(), tags.rend(), [&](const auto& tag) { cell = between(tag, cell); });
         html += cell;
     }
     return html + QStringLiteral("</tr>\n");

@@ -1,5 +1,7 @@
 #include "platform/printing/paperfont.h"
 
+#include <QStringList>
+
 namespace printing {
 
 QFont PaperFont(const QString& family, double points) {

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "tests/support/files.h"
+#include "tests/support/testdatabase.h"
 
 namespace {
 

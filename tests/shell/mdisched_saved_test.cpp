@@ -481,3 +481,22 @@ TEST_F(SavedInTheWindow, ALongNameIsCutInTheTitleAndWholeInItsTip) {
     EXPECT_LT(whose.geometry().right(), 500);
     EXPECT_TRUE(whose.toolTip().contains(QString(200, u'W'))) << whose.toolTip().toStdString();
 }
+
+TEST_F(SavedInTheWindow, ANameThatHasItsRoomIsWholeInTheTitle) {
+    for (const char* name : {"Avellaneda", "Castellanos", "Lindqvist-Moreau", "Reed", "Dufresne"}) {
+        TitleBar bar;
+        bar.ShowTitle(QStringLiteral("March 11, 2026"));
+        bar.ShowWhose(QLatin1String(name));
+        bar.resize(900, 40);
+        bar.show();
+        QApplication::processEvents();
+        auto& whose = *bar.findChild<QToolButton*>(QStringLiteral("cmdwhose"));
+        QToolButton plain(whose.parentWidget());
+        plain.setAutoRaise(true);
+        plain.setToolButtonStyle(Qt::ToolButtonTextOnly);
+        plain.setFont(whose.font());
+        plain.setText(whose.text());
+        plain.setGeometry(whose.geometry());
+        EXPECT_EQ(whose.grab().toImage(), plain.grab().toImage()) << name << " is cut.";
+    }
+}

@@ -514,7 +514,7 @@ TEST_F(HelpTest, F1OpensThePageOfTheWindowAndOfTheFormInFront) {
     start();
     QAction& help = *window->findChild<QAction*>(QStringLiteral("help"));
     help.trigger();
-    EXPECT_EQ(desk.opened, QStringList(page("index.html"))) << "No view is open, and the manual knows none.";
+    EXPECT_EQ(desk.opened, QStringList(page("window.html"))) << "The view that is open has no page of its own.";
     QDialog stranger(window.get());
     QLineEdit field(&stranger);
     stranger.setModal(true);
@@ -529,7 +529,7 @@ TEST_F(HelpTest, AMissingBrowserIsToldWithThePage) {
     start();
     Desktop().openWithShell = [](const QString&) { return false; };
     desk.expectBox(
-        QStringLiteral("No browser could be started for the manual. Its page is %1.").arg(page("index.html")),
+        QStringLiteral("No browser could be started for the manual. Its page is %1.").arg(page("window.html")),
         QStringLiteral("Solvane Scheduler"));
     window->findChild<QAction*>(QStringLiteral("help"))->trigger();
 }
