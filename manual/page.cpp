@@ -172,7 +172,7 @@ QString withDarkPictures(QString html) {
     return html.replace(
         image,
         QStringLiteral(
-            "<picture><source media=\"(prefers-color-scheme: dark)\" srcset=\"\\1-dark.png 2x\" /><img src=\"\\1.png\" srcset=\"\\1.png 2x\" \\2 loading=\"lazy\" /></picture>"));
+            "<picture><source media=\"(prefers-color-scheme: dark)\" srcset=\"\\1-dark.png 2x\" /><source srcset=\"\\1.png 2x\" /><img src=\"\\1.png\" \\2 loading=\"lazy\" /></picture>"));
 }
 
 }  // namespace
