@@ -165,13 +165,14 @@ QString withAnchors(QString html, const std::vector<Heading>& headings) {
     return html;
 }
 
-/// A picture has two forms, of which the browser shows the one of the reader's colour scheme.
+/// A picture has two forms, of which the browser shows the one of the reader's colour scheme. Both were taken at twice
+/// the size in which the program shows itself.
 QString withDarkPictures(QString html) {
     static const QRegularExpression image(QStringLiteral("<img src=\"(pictures/[^\"]+)\\.png\" (alt=\"[^\"]*\") />"));
     return html.replace(
         image,
         QStringLiteral(
-            "<picture><source media=\"(prefers-color-scheme: dark)\" srcset=\"\\1-dark.png\" /><img src=\"\\1.png\" \\2 loading=\"lazy\" /></picture>"));
+            "<picture><source media=\"(prefers-color-scheme: dark)\" srcset=\"\\1-dark.png 2x\" /><source srcset=\"\\1.png 2x\" /><img src=\"\\1.png\" \\2 loading=\"lazy\" /></picture>"));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
@@ -14,6 +15,7 @@
 #include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -398,6 +400,19 @@ void mdisched::cyclePanes(int direction) {
     targets[static_cast<std::size_t>((at + direction + count) % count)]->setFocus(Qt::TabFocusReason);
 }
 
+namespace {
+
+// The heading in a page has to stay apart from the page's file.
+QString addressOf(const QString& page) {
+    if (!page.contains(QLatin1Char('#')))
+        return page;
+    QUrl address = QUrl::fromLocalFile(page.section(QLatin1Char('#'), 0, 0));
+    address.setFragment(page.section(QLatin1Char('#'), 1));
+    return address.toString(QUrl::FullyEncoded);
+}
+
+}  // namespace
+
 // The manual takes the place of the help file, which stays as what is opened where no manual is installed.
 void mdisched::ShowHelp() {
     const QWidget* from = QApplication::activeModalWidget();
@@ -405,12 +420,13 @@ void mdisched::ShowHelp() {
         from = QApplication::activeWindow();
     const QString page = ManualPageOf(from == nullptr || from == this ? view_ : from);
     if (!page.isEmpty()) {
-        if (!OpenWithShell(page))
+        if (!OpenWithShell(addressOf(page)))
             MsgBox(tr("No browser could be started for the manual. Its page is %1.").arg(page), InformationBox,
                    windowTitle());
     } else if (!QFileInfo::exists(helpFile_) || !OpenWithShell(helpFile_)) {
-        MsgBox(tr("The help file %1 could not be opened.").arg(QFileInfo(helpFile_).fileName()), InformationBox,
-               windowTitle());
+        MsgBox(tr("The manual is not installed on this computer. Its first page would be %1.")
+                   .arg(QDir::cleanPath(ManualFolder() + QStringLiteral("/index.html"))),
+               InformationBox, windowTitle());
     }
 }
 

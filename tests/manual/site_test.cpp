@@ -79,7 +79,8 @@ TEST_F(ManualSources, ShowEachPictureInLightAndDark) {
     const manual::Sources sources = read();
     EXPECT_EQ(manual::PicturesOf(sources), QStringList("frmnore"));
     const QByteArray html = manual::FilesOf(sources, QStringLiteral("{page}"))["book.html"];
-    EXPECT_TRUE(html.contains("srcset=\"pictures/frmnore-dark.png\"")) << html.toStdString();
+    EXPECT_TRUE(html.contains("srcset=\"pictures/frmnore-dark.png 2x\"")) << html.toStdString();
+    EXPECT_TRUE(html.contains("srcset=\"pictures/frmnore.png 2x\""));
     EXPECT_TRUE(html.contains("<img src=\"pictures/frmnore.png\" alt=\"The form\" loading=\"lazy\" />"));
 }
 

@@ -525,6 +525,16 @@ TEST_F(HelpTest, F1OpensThePageOfTheWindowAndOfTheFormInFront) {
     EXPECT_EQ(desk.opened.size(), 3) << "Twice is no more than twice.";
 }
 
+TEST_F(HelpTest, F1OpensAPartOfAPageAtItsHeading) {
+    PutFile(manual.filePath(QStringLiteral("forms.txt")), "mdisched window.html#the-panes\n");
+    start();
+    QDialog stranger(window.get());
+    stranger.setModal(true);
+    stranger.show();
+    QTest::keyClick(&stranger, Qt::Key_F1);
+    EXPECT_EQ(desk.opened, QStringList(QStringLiteral("file://") + page("window.html#the-panes")));
+}
+
 TEST_F(HelpTest, AMissingBrowserIsToldWithThePage) {
     start();
     Desktop().openWithShell = [](const QString&) { return false; };
@@ -534,12 +544,13 @@ TEST_F(HelpTest, AMissingBrowserIsToldWithThePage) {
     window->findChild<QAction*>(QStringLiteral("help"))->trigger();
 }
 
-TEST_F(MainWindowTest, AMissingHelpFileIsTold) {
+TEST_F(MainWindowTest, AMissingManualIsToldWithThePathOfItsFirstPage) {
     const QString manual = std::exchange(ManualFolder(), QStringLiteral("/nowhere"));
     start();
     window->SetHelpFile(folder.filePath(QStringLiteral("Solvane.chm")));
-    desk.expectBox(QStringLiteral("The help file Solvane.chm could not be opened."),
-                   QStringLiteral("Solvane Scheduler"));
+    desk.expectBox(
+        QStringLiteral("The manual is not installed on this computer. Its first page would be /nowhere/index.html."),
+        QStringLiteral("Solvane Scheduler"));
     window->findChild<QAction*>(QStringLiteral("help"))->trigger();
     EXPECT_EQ(desk.opened, QStringList());
     ManualFolder() = manual;
