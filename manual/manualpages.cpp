@@ -36,10 +36,14 @@ void build(const QString& from, const QDir& look, const QDir& to) {
     for (const char* name : {"manual.css", "manual.js"})
         files.insert(QLatin1String(name), contentOf(look.filePath(QLatin1String(name))));
     to.mkpath(QStringLiteral("pictures"));
-    // A page that is no more must not be found any more.
+    // A page or a picture that is no more must not be found any more.
     for (const QString& name : to.entryList({QStringLiteral("*.html")}, QDir::Files))
         if (!files.contains(name))
             QFile::remove(to.filePath(name));
+    const QDir taken(to.filePath(QStringLiteral("pictures")));
+    for (const QString& name : taken.entryList({QStringLiteral("*.png")}, QDir::Files))
+        if (!pictures.contains(name.chopped(4).remove(QStringLiteral("-dark"))))
+            QFile::remove(taken.filePath(name));
     for (auto file = files.cbegin(); file != files.cend(); ++file)
         write(to.filePath(file.key()), file.value());
     write(to.filePath(QStringLiteral("pictures/wanted.txt")), pictures.join(QLatin1Char('\n')).toUtf8() + '\n');
