@@ -23,7 +23,7 @@ namespace {
 
 constexpr int MostMinutes = 1439;
 constexpr int ComboCharacters = 16;
-constexpr int DateCharacters = 21;
+constexpr int DateCharacters = 25;  ///< With the box that chooses the date.
 constexpr int TimeCharacters = 24;
 constexpr int ThenCharacters = 38;
 constexpr int Lines = 5;

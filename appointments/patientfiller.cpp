@@ -18,6 +18,7 @@ constexpr int BesideTheName = 2;
 void SetPatientColumns(ctList& list, const QStringList& headings) {
     static constexpr int widths[] = {38, 13, 19, 22, 8, 19, 22};
     std::vector<ListColumn> columns;
+    columns.reserve(static_cast<std::size_t>(headings.size()) + 1);
     for (int column = 0; column < headings.size(); ++column)
         columns.push_back({headings[column], ListColumn::Kind::Text, widths[column]});
     columns.push_back({QObject::tr("Birth Date"), ListColumn::Kind::Text, 16});
