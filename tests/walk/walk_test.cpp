@@ -134,7 +134,7 @@ TEST_F(Walk, ThroughEverythingThatCanBeOpened) {
 }
 
 TEST_F(Walk, ThroughTheFernhallCalendar) {
-    walk("3", "60", "2", "6", {QStringLiteral("--view"), QStringLiteral("companion"), QStringLiteral("1|REED")});
+    walk("3", "90", "2", "6", {QStringLiteral("--view"), QStringLiteral("companion"), QStringLiteral("1|REED")});
     EXPECT_TRUE(hasSeen("mdisched/frmFHAppts"));
     if (!qEnvironmentVariableIsEmpty("SVS_WALK_TOOL"))
         return;  // A tool makes it so slow that it may not come far.
