@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 /// Reads into the session's ALEnabled whether the practice keeps an audit log. A failing read is told to the user and
