@@ -59,7 +59,9 @@ class BenchBoard {
 void bareBoard(benchmark::State& state, const Practice& practice) {
     const BenchBoard board(practice);
     BareDatabase bare(board.file().toStdString());
-    const QStringList statements = BoardStatements(QDate::currentDate(), {});
+    // The bare engine has another word for it.
+    const QStringList statements = BoardStatements(QDate::currentDate(), {})
+                                       .replaceInStrings(QStringLiteral("IsNull("), QStringLiteral("IfNull("));
     for (auto _ : state)
         for (const QString& statement : statements)
             bare.read(statement.toStdString());
