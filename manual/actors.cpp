@@ -28,46 +28,34 @@ void typeInto(QWidget& field, const QString& text) {
         inside->setText(text);
 }
 
+/// Does something with the widget of this name; the form is left as it is, and told, where it has none.
+template <class Widget, class Act>
+Actor with(const char* name, Act act) {
+    return [name, act](QDialog& form) {
+        if (auto* widget = form.findChild<Widget*>(QLatin1String(name)))
+            act(*widget);
+        else
+            tellMissing(form, name);
+        Stage::Settle();
+    };
+}
+
 }  // namespace
 
 Actor click(const char* name) {
-    return [name](QDialog& form) {
-        if (auto* button = form.findChild<QAbstractButton*>(QLatin1String(name)))
-            button->click();
-        else
-            tellMissing(form, name);
-        Stage::Settle();
-    };
+    return with<QAbstractButton>(name, [](QAbstractButton& button) { button.click(); });
 }
 
 Actor type(const char* name, const char* text) {
-    return [name, text](QDialog& form) {
-        if (auto* field = form.findChild<QWidget*>(QLatin1String(name)))
-            typeInto(*field, QLatin1String(text));
-        else
-            tellMissing(form, name);
-        Stage::Settle();
-    };
+    return with<QWidget>(name, [text](QWidget& field) { typeInto(field, QLatin1String(text)); });
 }
 
 Actor choose(const char* name, int index) {
-    return [name, index](QDialog& form) {
-        if (auto* box = form.findChild<QComboBox*>(QLatin1String(name)))
-            box->setCurrentIndex(index);
-        else
-            tellMissing(form, name);
-        Stage::Settle();
-    };
+    return with<QComboBox>(name, [index](QComboBox& box) { box.setCurrentIndex(index); });
 }
 
 Actor mark(const char* name, int row) {
-    return [name, row](QDialog& form) {
-        if (auto* list = form.findChild<ctList*>(QLatin1String(name)))
-            list->SelectRow(row);
-        else
-            tellMissing(form, name);
-        Stage::Settle();
-    };
+    return with<ctList>(name, [row](ctList& list) { list.SelectRow(row); });
 }
 
 Actor inTurn(std::vector<Actor> actors) {

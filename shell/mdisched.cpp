@@ -323,13 +323,16 @@ bool mdisched::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType() || inFront ||
         QApplication::activePopupWidget() != nullptr)
         return QMainWindow::eventFilter(watched, event);
-    const QKeySequence pressed(static_cast<QKeyEvent*>(event)->keyCombination());
-    if (pressed == QKeySequence(Qt::Key_F1))
-        ShowHelp();
-    else if (pressed == keys_[hideNames_] && hideNames_->isEnabled())
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const QKeySequence pressed(key->keyCombination());
+    if (pressed == QKeySequence(Qt::Key_F1)) {
+        if (!key->isAutoRepeat())
+            ShowHelp();
+    } else if (pressed == keys_[hideNames_] && hideNames_->isEnabled()) {
         ToggleHidePatientNames();
-    else
+    } else {
         return QMainWindow::eventFilter(watched, event);
+    }
     return true;
 }
 

@@ -110,7 +110,8 @@ void mdisched::buildActions() {
     command("taskpane", tr("Task Pane"), "pane", QKeySequence(Qt::Key_F9), [this] { ToggleTaskPane(); });
     command("nextpane", tr("Next Pane"), "", QKeySequence(Qt::Key_F6), [this] { cyclePanes(1); });
     command("previouspane", tr("Previous Pane"), "", tr("Shift+F6"), [this] { cyclePanes(-1); });
-    command("help", tr("Help"), "help", QKeySequence(Qt::Key_F1), [this] { ShowHelp(); });
+    // A key that is held down must not open a browser again and again.
+    command("help", tr("Help"), "help", QKeySequence(Qt::Key_F1), [this] { ShowHelp(); })->setAutoRepeat(false);
     command("leave", tr("Exit"), "exit", tr("Ctrl+Q"), [this] { Leave(); });
 }
 

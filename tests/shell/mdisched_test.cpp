@@ -535,6 +535,19 @@ TEST_F(HelpTest, F1OpensAPartOfAPageAtItsHeading) {
     EXPECT_EQ(desk.opened, QStringList(QStringLiteral("file://") + page("window.html#the-panes")));
 }
 
+TEST_F(HelpTest, F1HeldDownOpensOnePage) {
+    start();
+    EXPECT_FALSE(window->findChild<QAction*>(QStringLiteral("help"))->autoRepeat());
+    QDialog stranger(window.get());
+    stranger.setModal(true);
+    stranger.show();
+    for (const bool isRepeated : {false, true, true}) {
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, {}, isRepeated);
+        QApplication::sendEvent(&stranger, &held);
+    }
+    EXPECT_EQ(desk.opened, QStringList(page("window.html")));
+}
+
 TEST_F(HelpTest, AMissingBrowserIsToldWithThePage) {
     start();
     Desktop().openWithShell = [](const QString&) { return false; };
